@@ -1,0 +1,38 @@
+// The settings that live between runs, in "Corvane.ini". Their section and key names are messages
+// of the catalogue.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace corvane {
+
+struct ShellSettings {
+    std::wstring DataDirectory;  // the suite's programs and shared data; ends with "\"
+    std::wstring
+        WorkDirectory;  // current directory after start-up and after opening; ends with "\"
+    std::wstring BrowseDirectory;  // where file dialogs for databases start; ends with "\"
+    std::wstring DatabasePath;     // the open database; empty: none
+    float FirstLimit = 0;          // the three limits and the integer are carried for the suite's
+    int32_t IntegerSetting = 0;    // other programs; IntegerSetting not 0 also means that Delete
+    float SecondLimit = 0;         // keeps a backup
+    float ThirdLimit = 0;
+    bool KeepDatabasePath = false;  // true: DatabasePath is not written back
+};
+
+// Longest value that is read, in characters.
+inline constexpr int kLongestSetting = 400;
+
+// Fills the record in. What the file does not have, or what names nothing that exists, gets its
+// default; nothing is reported.
+void ReadSettings(const std::wstring& file, ShellSettings& settings);
+
+// Writes the record back; DataDirectory is never written. At the first failure status message 619
+// is shown, the rest is not written, and the result is false.
+bool WriteSettings(const std::wstring& file, const ShellSettings& settings);
+
+// One value, cut at its first NUL.
+std::wstring GetIniString(const std::wstring& section, const std::wstring& key,
+                          const std::wstring& fallback, const std::wstring& file);
+
+}  // namespace corvane

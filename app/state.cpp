@@ -1,0 +1,7 @@
+#include "app/state.h"
+
+namespace corvane {
+
+ShellState shell;
+
+}  // namespace corvane

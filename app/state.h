@@ -1,0 +1,43 @@
+// The state of the process: one record, and nothing else in the program is global.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "app/screen.h"
+#include "app/settings.h"
+#include "bsd/basic_ship_data.h"
+
+namespace corvane {
+
+struct MainWindow;  // ui/commands/main_window.h
+
+// Name of the settings file; the profile functions place it in the Windows folder.
+inline constexpr wchar_t kSettingsFile[] = L"Corvane.ini";
+
+struct ShellState {
+    bool debugMode = false;  // switch "/d"
+    bool milMode = false;    // switch "/mil", rule set "QUOR MIL"
+    bool jbpMode = false;    // switch "/JBP", rule set "CSR for BC"
+    bool childRunning = false;
+
+    // The application's title, with the rule set's suffix " JBP" or " MIL".
+    std::wstring title = L"Corvane";
+    // The current directory when Main began, restored at shutdown.
+    std::wstring startDirectory;
+
+    ShellSettings settings;
+    // The Basic Ship Data of the open database.
+    BasicShipData bsd;
+    // Number of the selected model, 1 the first; 0 none; -1 and -2 while a bulkhead arrangement or
+    // a torsion model is being created.
+    int16_t currentModel = 0;
+
+    Screen screen;
+    // What the main window can do; null while there is none.
+    const MainWindow* mainWindow = nullptr;
+};
+
+extern ShellState shell;
+
+}  // namespace corvane

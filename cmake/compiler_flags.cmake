@@ -1,0 +1,42 @@
+# Flags of every target: C++20, strict warnings as errors, assertions in every build, hardening.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+# Assertions stay in the program that ships: an assertion that fails is a bug of ours.
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -g1")
+set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g")
+
+# Flags for our own sources; third-party code (GoogleTest) compiles without them.
+add_library(corvane_flags INTERFACE)
+target_include_directories(corvane_flags INTERFACE ${CMAKE_SOURCE_DIR})
+target_compile_options(corvane_flags INTERFACE
+    -Wall -Wextra -Werror -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wcast-qual
+    -Wformat=2 -Wnon-virtual-dtor -Wold-style-cast -Wundef -Wunused)
+target_compile_definitions(corvane_flags INTERFACE _GLIBCXX_ASSERTIONS)
+
+if(CORVANE_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
+                        -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+elseif(CORVANE_FUZZ)
+    add_compile_options(-fsanitize=address,undefined,fuzzer-no-link -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=address,undefined)
+else()
+    add_compile_options(-fstack-protector-strong)
+    add_compile_definitions(_FORTIFY_SOURCE=2)
+endif()
+
+if(WIN32)
+    add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601
+                            WINVER=0x0601 _WIN32_IE=0x0900)
+    # -static: the program needs no library of the compiler. The rest is the linker's hardening.
+    add_link_options(-static -Wl,--dynamicbase -Wl,--nxcompat)
+    if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
+        add_link_options(-Wl,--high-entropy-va)
+    else()
+        # The companion libraries export undecorated names of stdcall functions.
+        add_compile_options(-msse2 -mstackrealign)
+        add_link_options(-Wl,--kill-at)
+    endif()
+endif()

@@ -1,0 +1,79 @@
+// The model database: a text file with a head (signature, stamps, Basic Ship Data) and numbered
+// model blocks behind it. docs/database-file.md gives the layout.
+//
+// A model is found by the number in its block's head. Every procedure opens the files it needs and
+// closes them before it returns; nothing is kept between calls.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "bsd/basic_ship_data.h"
+#include "database/model_kind.h"
+#include "util/text_file.h"
+
+namespace corvane {
+
+// Layout versions, written into block heads and stamps.
+inline constexpr float kSectionFormatVersion = 2.002f;
+inline constexpr float kBulkheadFormatVersion = 0.443f;
+
+// The structural lines that are texts of the catalogue, as ANSI bytes.
+struct StructuralLines {
+    std::string commentRule;   // 3001, begins with "*"
+    std::string modelMarker;   // 3002
+    std::string versionLabel;  // 3003
+    std::string nameLabel;     // 3004
+    std::string signature;     // 3016, upper case
+    std::string headLabel;     // 3017
+};
+StructuralLines FetchStructuralLines();
+
+// Whether the file's first significant line, trimmed and in upper case, is the signature. False
+// for a file that can't be read.
+bool IsDatabaseFile(const std::wstring& path);
+
+// ---- Finding and listing -----------------------------------------------------------------------
+
+// From the reader's place on, the first block with this number and, when `keyword` is not empty,
+// this keyword. On success `keyword` is the block's, and the reader stands where the lines before
+// the marker begin that belong to it: comment lines directly before it included.
+bool FindModel(TextReader& reader, int32_t number, std::string& keyword);
+
+// Number of model blocks.
+int CountModels(const std::wstring& path);
+
+// One model of a list, in file order.
+struct ModelEntry {
+    std::wstring name;  // trimmed
+    ModelKind kind = ModelKind::kSection;
+    float x = -1;  // [m] position; -1 for a torsion model, 0 where the block has no position row
+};
+
+// The models of a file, as far as it can be read; empty for a file that can't be opened.
+// ListModels leaves x at -1.
+std::vector<ModelEntry> ListModels(const std::wstring& path);
+std::vector<ModelEntry> ListModelsWithPositions(const std::wstring& path);
+
+// Position [m] of one model; -1 when the file has no model of this number. The row behind a
+// torsion model's name is read like any other.
+float ModelPosition(const std::wstring& path, int32_t number);
+
+// ---- Copying and creating ----------------------------------------------------------------------
+
+// Copies all bytes from the reader's place to the first model marker (to the end of a file without
+// models); the reader then stands at the marker.
+void CopyFileHead(TextReader& from, TextWriter& to);
+
+// Copies the models numbered `first` to `last` (-1: to the end of the file), adding `shift` to
+// their numbers. Comment lines between a marker and its number become one comment rule; all other
+// lines pass unchanged. Nothing is copied when there is no model `first`.
+void CopyModels(TextReader& from, TextWriter& to, int32_t first, int32_t last, int32_t shift);
+
+// Writes a new database that holds only the ship's data; an old file of that name is replaced. An
+// empty path does nothing; a read-only file is reported (message 1086) and stays. MainData(4) may
+// change as in WriteBasicShipData. True when the file was written.
+bool CreateDatabaseFile(const std::wstring& path, BasicShipData& bsd);
+
+}  // namespace corvane

@@ -1,0 +1,56 @@
+// What the headers of the companion libraries share: the calling convention, and the object
+// through which the shell calls a library function that is bound late.
+#pragma once
+
+#include <cstdint>
+
+#if defined(_WIN32)
+#define CORVANE_STDCALL __stdcall
+#define CORVANE_EXPORT extern "C" __declspec(dllexport)
+#else
+#define CORVANE_STDCALL
+#define CORVANE_EXPORT extern "C" __attribute__((visibility("default")))
+#endif
+
+namespace corvane {
+
+// The address of a function of a companion library, or null. The library is looked for in the
+// program's own folder and in the system folder, nowhere else; once loaded it stays loaded.
+// `error` gets the system's error number, 0 on success.
+void* FindLibraryFunction(const char* library, const char* function, uint32_t& error);
+
+// A function of a companion library, called like the function itself. It is resolved at the first
+// call. While library or function is missing every call tries again and gives the neutral result
+// (zero), and `error` holds the system's error number.
+template <class Signature>
+struct LibraryFunction;
+
+template <class Result, class... Arguments>
+struct LibraryFunction<Result CORVANE_STDCALL(Arguments...)> {
+    using Pointer = Result(CORVANE_STDCALL*)(Arguments...);
+
+    const char* library;
+    const char* function;
+    Pointer pointer = nullptr;
+    uint32_t error = 0;
+
+    bool Resolve() {
+        if (pointer == nullptr) {
+            pointer = reinterpret_cast<Pointer>(FindLibraryFunction(library, function, error));
+        }
+        return pointer != nullptr;
+    }
+
+    Result operator()(Arguments... arguments) {
+        if (!Resolve()) return Result();
+        return pointer(arguments...);
+    }
+};
+
+}  // namespace corvane
+
+// Declares the late-bound twin, in namespace corvane, of a library function declared above it.
+#define CORVANE_LATE_BOUND(libraryName, functionName)                                          \
+    namespace corvane {                                                                        \
+    inline LibraryFunction<decltype(::functionName)> functionName{libraryName, #functionName}; \
+    }

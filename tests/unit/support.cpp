@@ -1,0 +1,170 @@
+#include "tests/unit/support.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "app/state.h"
+#include "platform/system.h"
+
+namespace corvane::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The tests' own view of a Windows path: on the host the drives are the root of the file system.
+fs::path NativePath(const std::wstring& path) {
+#if defined(_WIN32)
+    return fs::path(path);
+#else
+    std::wstring native = path;
+    std::replace(native.begin(), native.end(), L'\\', L'/');
+    if (native.size() > 1 && native[1] == L':') native.erase(0, 2);
+    return fs::path(Narrow(native));
+#endif
+}
+
+ShellState* savedState = nullptr;
+
+void Record(std::string event) {
+    RecordingScreen::events.push_back(std::move(event));
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder() {
+    static int counter = 0;
+    const auto* info = testing::UnitTest::GetInstance()->current_test_info();
+    const std::string name = std::string("corvane_") + (info ? info->name() : "test") + "_" +
+                             std::to_string(system::Milliseconds()) + "_" +
+                             std::to_string(++counter);
+    path = system::TemporaryDirectory() + std::wstring(name.begin(), name.end()) + L"\\";
+    fs::create_directories(NativePath(path));
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code ignored;
+    for (const auto& entry : fs::recursive_directory_iterator(NativePath(path), ignored)) {
+        fs::permissions(entry.path(), fs::perms::owner_write, fs::perm_options::add, ignored);
+    }
+    fs::remove_all(NativePath(path), ignored);
+}
+
+void WriteFileBytes(const std::wstring& path, std::string_view bytes) {
+    std::ofstream file(NativePath(path), std::ios::binary | std::ios::trunc);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    ASSERT_TRUE(file.good()) << Narrow(path);
+}
+
+std::string ReadFileBytes(const std::wstring& path) {
+    std::ifstream file(NativePath(path), std::ios::binary);
+    EXPECT_TRUE(file.good()) << Narrow(path);
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    return bytes.str();
+}
+
+std::vector<std::wstring> FilesIn(const std::wstring& folder) {
+    std::vector<std::wstring> names;
+    for (const auto& entry : fs::directory_iterator(NativePath(folder))) {
+        names.push_back(entry.path().filename().wstring());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::wstring DataPath(std::string_view name) {
+    const char* folder = std::getenv("CORVANE_TEST_DATA");
+    std::string path =
+        std::string(folder != nullptr ? folder : CORVANE_TESTS_FOLDER) + "/" + std::string(name);
+    std::replace(path.begin(), path.end(), '/', '\\');
+    if (path.size() > 1 && path[1] != ':') path.insert(0, "Z:");
+    return std::wstring(path.begin(), path.end());
+}
+
+std::string Narrow(std::wstring_view text) {
+    std::string utf8;
+    for (const wchar_t character : text) {
+        const auto code = static_cast<unsigned long>(character);
+        if (code < 0x80) {
+            utf8 += static_cast<char>(code);
+        } else if (code < 0x800) {
+            utf8 += static_cast<char>(0xC0 | (code >> 6));
+            utf8 += static_cast<char>(0x80 | (code & 0x3F));
+        } else {
+            utf8 += static_cast<char>(0xE0 | ((code >> 12) & 0x0F));
+            utf8 += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
+            utf8 += static_cast<char>(0x80 | (code & 0x3F));
+        }
+    }
+    return utf8;
+}
+
+std::vector<std::string> RecordingScreen::events;
+std::wstring RecordingScreen::caption;
+std::wstring RecordingScreen::tag;
+bool RecordingScreen::answerYes = false;
+
+RecordingScreen::RecordingScreen() {
+    EXPECT_EQ(savedState, nullptr);
+    savedState = new ShellState(shell);
+    shell = ShellState();
+    events.clear();
+    caption.clear();
+    tag = L"-1";
+    answerYes = false;
+
+    Screen& screen = shell.screen;
+    screen.statusCaption = [] { return caption; };
+    screen.setStatusCaption = [](const std::wstring& text) {
+        caption = text;
+        Record("caption " + Narrow(text));
+    };
+    screen.setStatusColour = [](StatusColour colour) {
+        Record(colour == StatusColour::kRed ? "colour red" : "colour text");
+    };
+    screen.statusTag = [] { return tag; };
+    screen.setStatusTag = [](const std::wstring& text) { tag = text; };
+    screen.showWarningBox = [](const std::wstring& text) { Record("warning " + Narrow(text)); };
+    screen.showPlainBox = [](const std::wstring& text) { Record("plain " + Narrow(text)); };
+    screen.askYesNo = [](const std::wstring& text) {
+        Record("ask " + Narrow(text));
+        return answerYes;
+    };
+    screen.setBusyPointer = [] { Record("pointer busy"); };
+    screen.resetPointer = [] { Record("pointer reset"); };
+    screen.processPendingMessages = [] { Record("pending"); };
+    screen.loadMainWindow = [] { Record("main load"); };
+    screen.showMainWindow = [] { Record("main show"); };
+    screen.setMainCaption = [](const std::wstring& text) { Record("title " + Narrow(text)); };
+    screen.refreshMainWindow = [] { Record("main refresh"); };
+    screen.showSplash = [](const std::wstring& text) { Record("splash show " + Narrow(text)); };
+    screen.unloadSplash = [] { Record("splash unload"); };
+    screen.activateRunningInstance = [](const std::wstring& text) {
+        Record("activate " + Narrow(text));
+    };
+    screen.openLegacyDatabase = [](const std::wstring& path) { Record("legacy " + Narrow(path)); };
+}
+
+RecordingScreen::~RecordingScreen() {
+    shell = *savedState;
+    delete savedState;
+    savedState = nullptr;
+}
+
+std::vector<std::string> RecordingScreen::Of(std::string_view word) {
+    std::vector<std::string> found;
+    for (const std::string& event : events) {
+        if (event.compare(0, word.size(), word) == 0 && event.size() > word.size() &&
+            event[word.size()] == ' ') {
+            found.push_back(event.substr(word.size() + 1));
+        }
+    }
+    return found;
+}
+
+}  // namespace corvane::test

@@ -1,0 +1,61 @@
+// What the main window shows, decided without a window: the rows of the list, the captions, the
+// enabling. ui/windows/ shows it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "database/model_kind.h"
+#include "ui/commands/commands.h"
+
+namespace corvane {
+
+// One row of LI_Sections.
+struct ModelRow {
+    std::wstring name;
+    std::wstring x;     // "#0.000", empty for a negative position
+    std::wstring id;    // the number, a single digit with a blank in front
+    std::wstring type;  // kind name
+    int icon = 1;       // 1-based place in IML_Small
+    int16_t tag = 0;    // model number in the list, 1 the first
+    ModelKind kind = ModelKind::kSection;
+};
+
+// What the window can do for RefreshMainWindow; filled in by ui/windows/ and by tests. The state
+// record points to it (ShellState::mainWindow).
+struct MainWindow {
+    void (*setDatabaseText)(const std::wstring& text);   // TX_DataBase
+    void (*setRows)(const std::vector<ModelRow>& rows);  // LI_Sections, all rows anew
+    void (*selectRow)(int index);                        // 0-based; -1 none
+    int (*selectedRow)();
+    void (*clearPreview)();                             // PIC_Section
+    void (*setPositionText)(const std::wstring& text);  // LB_X
+    void (*setFrameText)(const std::wstring& text);     // LB_Frame
+    void (*setSectionMenuCaption)(const std::wstring& text);
+    void (*updateEnabling)();  // asks IsEnabled for every command
+    void (*focusList)();
+};
+
+// Reads the models of a database, with status message 621 meanwhile.
+std::vector<ModelRow> FillModelList(const std::wstring& path);
+
+// Rebuilds everything that the window shows from the file and the state of the process.
+void RefreshMainWindow();
+
+// A row was clicked or reached by the keyboard: it becomes the current model, and the labels and
+// the Section menu follow it.
+void SelectModel(const ModelRow& row);
+
+// Title - file name - ship name; the title alone without a database.
+std::wstring MainWindowCaption();
+
+// The text of LB_Frame for a position [m].
+std::wstring FrameText(float x);
+
+// Icon of a model kind, a 1-based place in IML_Small.
+int KindIcon(ModelKind kind);
+
+bool IsEnabled(const Command& command, bool rowSelected);
+
+}  // namespace corvane

@@ -1,0 +1,24 @@
+// Texts that are paths; only DirectoryOf may ask the system (for the current directory).
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace corvane {
+
+// "" for an empty path; otherwise trimmed and ending in exactly one "\" (one that is there already
+// is not doubled).
+std::wstring WithTrailingBackslash(std::wstring_view path);
+// Trimmed, and without its last "\": only one is taken off.
+std::wstring StripTrailingBackslash(std::wstring_view path);
+// The trimmed path up to and with its last "\"; the current directory, without trailing "\", when
+// the path holds none.
+std::wstring DirectoryOf(std::wstring_view path);
+// The text behind the last "\", not trimmed; the whole text when it holds none.
+std::wstring FileNameOf(std::wstring_view path);
+// The trimmed name up to its last ".", wherever that stands: also one in a folder's name.
+std::wstring StripExtension(std::wstring_view name);
+// The text behind the last "." of the trimmed name, in lower case; "" without a ".".
+std::wstring FileExtension(std::wstring_view name);
+
+}  // namespace corvane

@@ -1,0 +1,34 @@
+// Running another program, the busy pointer, and the file prompt.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace corvane {
+
+// The screen's pointer: the hourglass, and back to the default.
+void SetBusyPointer();
+void ResetMousePointer();
+
+// True exactly while RunAndWait's program runs.
+bool ChildRunning();
+
+// Runs a program and returns when it has ended, with the hourglass meanwhile. `workDir`, when not
+// empty, is the current directory during the run. False when nothing was started; the debug report
+// then gets the context "ExShell (" commandLine ")".
+bool RunAndWait(const std::wstring& commandLine, int16_t windowStyle,
+                const std::wstring& workDir = {});
+
+// The texts of the file prompt; the library may change them all.
+struct FilePrompt {
+    std::wstring defaultExtension;
+    std::wstring fileName;  // proposed
+    std::wstring caption;
+    std::wstring title;  // file types: see ZTUtilPromptForName
+    int32_t flags = 0;   // -1: to save, asks before it overwrites; 0: an existing file
+};
+
+// The chosen file's name, "" when the user cancelled.
+std::wstring PromptForFileName(FilePrompt& prompt);
+
+}  // namespace corvane

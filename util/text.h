@@ -1,0 +1,42 @@
+// Texts: trimming, case, and the rules for captions, file names and messages.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace corvane {
+
+// Without the blanks (only blanks) at both ends.
+std::wstring Trim(std::wstring_view text);
+std::string_view Trim(std::string_view text);
+
+// Letters of the ANSI range, accented ones included, in the other case. Bytes are ANSI text.
+std::wstring LowerCase(std::wstring_view text);
+std::wstring UpperCase(std::wstring_view text);
+std::string UpperCase(std::string_view bytes);
+bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b);
+
+// The text before the first NUL character. Used on every buffer that a system call fills.
+std::wstring CutAtNul(std::wstring_view text);
+
+// The text without any character that a file name of the suite may not hold: the blank and
+// ~ * ? ^ } { | > < ; , : / \ ¤ ¨ . § ! % µ ç ` @ = + " [ ]
+// Drive colon and backslashes go too, so that a folder's path becomes one word.
+std::wstring CleanFileName(std::wstring_view text);
+
+// A text longer than `maxLen` becomes its first and last characters with ".." between them;
+// unchanged when maxLen leaves no room for that.
+std::wstring ShortenText(std::wstring_view text, int16_t maxLen);
+
+// A menu caption as a dialog title: without "&" ("&&" gives one), and cut at "...".
+std::wstring MenuCaptionText(std::wstring_view caption);
+
+// Every "²" becomes a carriage return, the line break of message texts.
+std::wstring ExpandLineBreaks(std::wstring_view message);
+
+// Between the DOS (OEM) and the Windows (ANSI) character set, cut at the first NUL and trimmed.
+std::wstring OemToAnsiText(std::string_view oem);
+std::string AnsiToOemText(std::wstring_view text);
+
+}  // namespace corvane

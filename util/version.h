@@ -1,0 +1,28 @@
+// The program's version and the texts of versions and dates.
+#pragma once
+
+#include <string>
+
+#include "platform/system.h"
+
+namespace corvane {
+
+struct ProgramVersion {
+    int major = 0;
+    int minor = 0;
+    int revision = 0;
+};
+
+// 1.0, revision 0.
+inline constexpr ProgramVersion kProgramVersion{1, 0, 0};
+
+// A version number as text, "2.5" or "1.2346"; 0 is "Unknown ver.".
+std::wstring VersionText(float version);
+// The program's own version: "3.2", a letter or " t4" from the revision, and " (r215)" in debug
+// mode or before version 1.
+std::wstring VersionText(const ProgramVersion& version = kProgramVersion);
+
+// "dd/mm/yyyy", or the user's short date format.
+std::wstring DateText(const system::LocalTime& date, bool useLocale = false);
+
+}  // namespace corvane
