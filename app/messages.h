@@ -7,6 +7,7 @@
 // A reporter computes; what it does to the screen goes through the procedures of app/screen.h.
 #pragma once
 
+#include <cstdint>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -65,7 +66,15 @@ void StatusLinesOn();
 // debug mode.
 void ReportDebugError(std::wstring_view context, uint32_t errorNumber);
 
+// ---- Of the state of the process, what the folders below need ----------------------------------
+
 // Whether the switch "/d" was given.
 bool IsDebugMode();
+// Whether a program that RunAndWait started is running.
+bool IsChildRunning();
+void SetChildRunning(bool running);
+// The screen's pointer: the hourglass, and the default.
+void ShowBusyPointer();
+void ShowDefaultPointer();
 
 }  // namespace corvane
