@@ -1,0 +1,84 @@
+#include "util/processes.h"
+
+#include <algorithm>
+
+#include "app/messages.h"
+#include "platform/system.h"
+#include "platform/ztutil32.h"
+#include "util/files.h"
+#include "util/text.h"
+
+namespace corvane {
+namespace {
+
+// Size of the buffer for the name in the file prompt.
+constexpr size_t kPromptBufferSize = 400;
+
+// A text as a buffer that the library may write into. The contract gives only the file name's
+// buffer a size; the others get at least as much room.
+std::string LibraryBuffer(const std::wstring& text) {
+    std::string bytes = system::AnsiFromWide(text);
+    bytes.resize(std::max(bytes.size() + 1, kPromptBufferSize), '\0');
+    return bytes;
+}
+
+std::wstring FromLibraryBuffer(const std::string& bytes) {
+    return CutAtNul(system::WideFromAnsi(bytes));
+}
+
+system::ErrorNumber RunToItsEnd(const std::wstring& commandLine, int16_t windowStyle) {
+    SetChildRunning(true);
+    const bool hasRun = ShellAndWait(system::AnsiFromWide(commandLine).c_str(), windowStyle) != 0;
+    SetChildRunning(false);
+    if (hasRun) return system::kErrorNone;
+    // The library itself does not say why; mostly there is no such program.
+    return ShellAndWait.error != 0 ? ShellAndWait.error : system::kErrorFileNotFound;
+}
+
+}  // namespace
+
+void SetBusyPointer() {
+    ShowBusyPointer();
+}
+
+void ResetMousePointer() {
+    ShowDefaultPointer();
+}
+
+bool ChildRunning() {
+    return IsChildRunning();
+}
+
+bool RunAndWait(const std::wstring& commandLine, int16_t windowStyle, const std::wstring& workDir) {
+    SetChildRunning(false);
+    SetBusyPointer();
+    std::wstring remembered;
+    if (!workDir.empty()) {
+        remembered = system::CurrentDirectory();
+        ChangeToDirectory(workDir);
+    }
+    const system::ErrorNumber error = RunToItsEnd(commandLine, windowStyle);
+    if (!workDir.empty()) ChangeToDirectory(remembered);
+    ResetMousePointer();
+    if (error != system::kErrorNone) ReportDebugError(L"ExShell (" + commandLine + L")", error);
+    return error == system::kErrorNone;
+}
+
+std::wstring PromptForFileName(FilePrompt& prompt) {
+    std::string extension = LibraryBuffer(prompt.defaultExtension);
+    std::string title = LibraryBuffer(prompt.title);
+    std::string caption = LibraryBuffer(prompt.caption);
+    std::string name = system::AnsiFromWide(prompt.fileName);
+    name.resize(kPromptBufferSize - 1);
+    name.resize(kPromptBufferSize, '\0');
+    const bool chosen = ZTUtilPromptForName(extension.data(), title.data(), name.data(),
+                                            static_cast<int32_t>(kPromptBufferSize), prompt.flags,
+                                            caption.data()) != 0;
+    prompt.defaultExtension = FromLibraryBuffer(extension);
+    prompt.title = FromLibraryBuffer(title);
+    prompt.caption = FromLibraryBuffer(caption);
+    prompt.fileName = FromLibraryBuffer(name);
+    return chosen ? prompt.fileName : std::wstring();
+}
+
+}  // namespace corvane
