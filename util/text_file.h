@@ -32,9 +32,12 @@ bool IsHeaderLine(std::string_view line);
 struct TextReader {
     system::File file;
     std::unique_ptr<char[]> buffer;
-    size_t next = 0;  // unread bytes are buffer[next, end)
+    // buffer[first, end) holds the file's bytes from place bufferOffset + first on; those from
+    // `next` on are unread.
+    size_t first = 0;
+    size_t next = 0;
     size_t end = 0;
-    int64_t bufferOffset = 0;                        // place in the file of buffer[0], in bytes
+    int64_t bufferOffset = 0;
     bool atEnd = false;                              // the file has no bytes behind `end`
     system::ErrorNumber error = system::kErrorNone;  // of the first read that failed
 
