@@ -11,7 +11,8 @@ struct ShellSettings {
     std::wstring DataDirectory;  // the suite's programs and shared data; ends with "\"
     std::wstring
         WorkDirectory;  // current directory after start-up and after opening; ends with "\"
-    std::wstring BrowseDirectory;  // where file dialogs for databases start; ends with "\"
+    std::wstring BrowseDirectory;  // where file dialogs for databases start; after a dialog it ends
+                                   // with "\"
     std::wstring DatabasePath;     // the open database; empty: none
     float FirstLimit = 0;          // the three limits and the integer are carried for the suite's
     int32_t IntegerSetting = 0;    // other programs; IntegerSetting not 0 also means that Delete
@@ -24,14 +25,15 @@ struct ShellSettings {
 inline constexpr int kLongestSetting = 400;
 
 // Fills the record in. What the file does not have, or what names nothing that exists, gets its
-// default; nothing is reported.
+// default; nothing is reported. A limit beyond the range of its type ends the reading: it and the
+// fields behind it keep what they hold.
 void ReadSettings(const std::wstring& file, ShellSettings& settings);
 
-// Writes the record back; DataDirectory is never written. At the first failure status message 619
-// is shown, the rest is not written, and the result is false.
+// Writes the record back, and the user's login name with it; DataDirectory is never written. At the
+// first failure status message 619 is shown, the rest is not written, and the result is false.
 bool WriteSettings(const std::wstring& file, const ShellSettings& settings);
 
-// One value, cut at its first NUL.
+// One value, cut at kLongestSetting characters and at its first NUL.
 std::wstring GetIniString(const std::wstring& section, const std::wstring& key,
                           const std::wstring& fallback, const std::wstring& file);
 

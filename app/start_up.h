@@ -10,9 +10,9 @@ namespace corvane {
 // library that does not fit, regional settings refused).
 bool Main(const std::wstring& commandLine);
 
-// Compares the versions of the companion libraries with what the program needs; the first that
-// does not fit is reported (message 1052), and the result is false.
-bool CheckLibraryVersions();
+// Main's two ways: brings the instance that runs already to the front, or starts this one.
+void GiveWayToRunningInstance();
+bool StartUp(const std::wstring& commandLine);
 
 // Whether numbers are written with "." in the user's regional settings; offers to change them.
 bool CheckRegionalSettings();
