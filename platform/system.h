@@ -145,8 +145,9 @@ std::wstring LongTimeText(const LocalTime& time);
 
 // What follows the program's own name on the command line, untouched.
 std::wstring RawCommandLine();
-// Claims the machine-wide name of the running instance; false when another process holds it. The
-// name is made from the program's path, so that a copy elsewhere is another program.
+// Claims, for as long as the process lives, the name of the running instance; false when another
+// process of the user's session holds it. The name is made from the program's path, so that a copy
+// elsewhere is another program.
 bool ClaimSingleInstance();
 // Milliseconds since some moment in the past.
 int64_t Milliseconds();

@@ -1,0 +1,247 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <vector>
+
+#include "platform/host/native.h"
+#include "platform/system.h"
+
+namespace corvane::system {
+namespace {
+
+constexpr mode_t kWriteBits = S_IWUSR | S_IWGRP | S_IWOTH;
+constexpr size_t kCopyBufferSize = size_t{64} * 1024;
+
+int HandleOf(File file) {
+    return static_cast<int>(file.handle);
+}
+
+bool IsReadOnly(const std::string& native) {
+    struct stat status;
+    return stat(native.c_str(), &status) == 0 && (status.st_mode & kWriteBits) == 0;
+}
+
+bool IsDirectory(int handle) {
+    struct stat status;
+    return fstat(handle, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+// A read-only file is refused here as well, since root could write to it.
+ErrorNumber Open(const std::wstring& path, int flags, File& file) {
+    std::string native;
+    const ErrorNumber error = NativePath(path, native);
+    if (error != kErrorNone) return error;
+    const bool mayExist = (flags & O_EXCL) == 0;
+    if ((flags & O_WRONLY) != 0 && mayExist && IsReadOnly(native)) return kErrorAccessDenied;
+    file.handle = open(native.c_str(), flags | O_CLOEXEC, 0666);
+    if (!file.IsOpen()) return ErrorOfPath(-1, native);
+    if (!IsDirectory(HandleOf(file))) return kErrorNone;
+    CloseFile(file);
+    return kErrorAccessDenied;
+}
+
+// Both names of a procedure that takes two.
+ErrorNumber NativePaths(const std::wstring& from, const std::wstring& to, std::string& nativeFrom,
+                        std::string& nativeTo) {
+    const ErrorNumber error = NativePath(from, nativeFrom);
+    return error != kErrorNone ? error : NativePath(to, nativeTo);
+}
+
+// A rename is on the disk only when its folder is.
+ErrorNumber FlushFolderOf(const std::string& native) {
+    const size_t slash = native.rfind('/');
+    const std::string folder = slash == std::string::npos ? "." : native.substr(0, slash + 1);
+    const int handle = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle == -1) return ErrorOf(-1);
+    const ErrorNumber error = ErrorOf(fsync(handle));
+    close(handle);
+    return error;
+}
+
+ErrorNumber CopyAll(File from, File to) {
+    std::vector<char> buffer(kCopyBufferSize);
+    for (;;) {
+        size_t count = 0;
+        ErrorNumber error = ReadBytes(from, buffer.data(), buffer.size(), count);
+        if (error != kErrorNone || count == 0) return error;
+        error = WriteBytes(to, buffer.data(), count);
+        if (error != kErrorNone) return error;
+    }
+}
+
+bool IsSameFile(File file, const std::wstring& path) {
+    struct stat first;
+    struct stat second;
+    std::string native;
+    return NativePath(path, native) == kErrorNone && stat(native.c_str(), &second) == 0 &&
+           fstat(HandleOf(file), &first) == 0 && first.st_dev == second.st_dev &&
+           first.st_ino == second.st_ino;
+}
+
+}  // namespace
+
+ErrorNumber OpenForReading(const std::wstring& path, File& file) {
+    return Open(path, O_RDONLY, file);
+}
+
+ErrorNumber CreateForWriting(const std::wstring& path, File& file) {
+    return Open(path, O_WRONLY | O_CREAT | O_TRUNC, file);
+}
+
+ErrorNumber CreateNewForWriting(const std::wstring& path, File& file) {
+    return Open(path, O_WRONLY | O_CREAT | O_EXCL, file);
+}
+
+ErrorNumber ReadBytes(File file, void* bytes, size_t most, size_t& count) {
+    ssize_t result = -1;
+    do {
+        result = read(HandleOf(file), bytes, most);
+    } while (result == -1 && errno == EINTR);
+    count = result == -1 ? 0 : static_cast<size_t>(result);
+    return ErrorOf(result);
+}
+
+ErrorNumber WriteBytes(File file, const void* bytes, size_t count) {
+    const auto* next = static_cast<const char*>(bytes);
+    while (count > 0) {
+        const ssize_t written = write(HandleOf(file), next, count);
+        if (written == -1 && errno == EINTR) continue;
+        if (written == -1) return ErrorOf(-1);
+        next += written;
+        count -= static_cast<size_t>(written);
+    }
+    return kErrorNone;
+}
+
+ErrorNumber SetPosition(File file, int64_t position) {
+    return ErrorOf(lseek(HandleOf(file), position, SEEK_SET));
+}
+
+ErrorNumber FlushToDisk(File file) {
+    return ErrorOf(fsync(HandleOf(file)));
+}
+
+ErrorNumber CloseFile(File& file) {
+    if (!file.IsOpen()) return kErrorNone;
+    const int result = close(HandleOf(file));
+    file = File();
+    // An interrupted close has closed the file all the same.
+    return result == -1 && errno == EINTR ? kErrorNone : ErrorOf(result);
+}
+
+ErrorNumber GetFileStatus(const std::wstring& path, FileStatus& status) {
+    status = FileStatus();
+    std::string native;
+    ErrorNumber error = NativePath(path, native);
+    struct stat data;
+    if (error == kErrorNone) error = ErrorOf(stat(native.c_str(), &data));
+    if (error == kErrorFileNotFound || error == kErrorPathNotFound) return kErrorNone;
+    if (error != kErrorNone) return error;
+    status.exists = true;
+    status.isDirectory = S_ISDIR(data.st_mode);
+    status.isReadOnly = (data.st_mode & kWriteBits) == 0;
+    status.size = data.st_size;
+    status.modified = int64_t{data.st_mtim.tv_sec} * 1'000'000'000 + data.st_mtim.tv_nsec;
+    return kErrorNone;
+}
+
+ErrorNumber SetReadOnly(const std::wstring& path, bool readOnly) {
+    std::string native;
+    const ErrorNumber error = NativePath(path, native);
+    if (error != kErrorNone) return error;
+    struct stat status;
+    if (stat(native.c_str(), &status) == -1) return ErrorOfPath(-1, native);
+    const mode_t others = status.st_mode & 07777 & ~kWriteBits;
+    const mode_t mode = readOnly ? others : (status.st_mode & 07777) | S_IWUSR;
+    return ErrorOfPath(chmod(native.c_str(), mode), native);
+}
+
+ErrorNumber CopyAttributes(const std::wstring& from, const std::wstring& to) {
+    std::string nativeFrom;
+    std::string nativeTo;
+    const ErrorNumber error = NativePaths(from, to, nativeFrom, nativeTo);
+    if (error != kErrorNone) return error;
+    struct stat status;
+    if (stat(nativeFrom.c_str(), &status) == -1) return ErrorOfPath(-1, nativeFrom);
+    return ErrorOfPath(chmod(nativeTo.c_str(), status.st_mode & 0777), nativeTo);
+}
+
+ErrorNumber RemoveFile(const std::wstring& path) {
+    std::string native;
+    const ErrorNumber error = NativePath(path, native);
+    if (error != kErrorNone) return error;
+    if (IsReadOnly(native)) return kErrorAccessDenied;
+    return ErrorOfPath(unlink(native.c_str()), native);
+}
+
+ErrorNumber CopyBytes(const std::wstring& from, const std::wstring& to, bool overwrite) {
+    File source;
+    ErrorNumber error = OpenForReading(from, source);
+    if (error != kErrorNone) return error;
+    File copy;
+    if (overwrite && IsSameFile(source, to)) {
+        error = kErrorSharingViolation;
+    } else {
+        error = overwrite ? CreateForWriting(to, copy) : CreateNewForWriting(to, copy);
+    }
+    if (copy.IsOpen()) {
+        error = CopyAll(source, copy);
+        const ErrorNumber closeError = CloseFile(copy);
+        if (error == kErrorNone) error = closeError;
+        if (error != kErrorNone) RemoveFile(to);
+    }
+    CloseFile(source);
+    return error;
+}
+
+ErrorNumber RenameOver(const std::wstring& from, const std::wstring& to) {
+    std::string nativeFrom;
+    std::string nativeTo;
+    const ErrorNumber error = NativePaths(from, to, nativeFrom, nativeTo);
+    if (error != kErrorNone) return error;
+    if (IsReadOnly(nativeTo)) return kErrorAccessDenied;
+    if (rename(nativeFrom.c_str(), nativeTo.c_str()) == -1) return ErrorOfPath(-1, nativeTo);
+    return FlushFolderOf(nativeTo);
+}
+
+ErrorNumber SwapIn(const std::wstring& target, const std::wstring& replacement,
+                   const std::wstring& backup) {
+    std::string nativeTarget;
+    std::string nativeBackup;
+    const ErrorNumber error = NativePaths(target, backup, nativeTarget, nativeBackup);
+    if (error != kErrorNone) return error;
+    if (IsReadOnly(nativeTarget)) return kErrorAccessDenied;
+    FileStatus status;
+    GetFileStatus(replacement, status);
+    if (!status.exists) return kErrorFileNotFound;
+    GetFileStatus(target, status);
+    if (!status.exists) return kErrorFileNotFound;
+    unlink(nativeBackup.c_str());
+    if (link(nativeTarget.c_str(), nativeBackup.c_str()) == -1) {
+        return ErrorOfPath(-1, nativeBackup);
+    }
+    return RenameOver(replacement, target);
+}
+
+ErrorNumber MakeDirectory(const std::wstring& path) {
+    constexpr ErrorNumber kAlreadyExists = 183;
+    std::string native;
+    const ErrorNumber error = NativePath(path, native);
+    if (error != kErrorNone) return error;
+    if (mkdir(native.c_str(), 0777) == 0) return kErrorNone;
+    return errno == EEXIST ? kAlreadyExists : ErrorOfPath(-1, native);
+}
+
+ErrorNumber RemoveEmptyDirectory(const std::wstring& path) {
+    constexpr ErrorNumber kNoDirectory = 267;
+    std::string native;
+    const ErrorNumber error = NativePath(path, native);
+    if (error != kErrorNone) return error;
+    if (rmdir(native.c_str()) == 0) return kErrorNone;
+    return errno == ENOTDIR ? kNoDirectory : ErrorOfPath(-1, native);
+}
+
+}  // namespace corvane::system

@@ -1,0 +1,39 @@
+// Conversion between wide text and the bytes of a single-byte code page, shared by the twins of
+// code_pages.cpp: they differ only in where the table of a page comes from.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace corvane::system {
+
+// The wide character of each byte. Every page of Windows has ASCII in its lower half.
+using SingleBytePage = std::array<wchar_t, 256>;
+
+inline std::wstring WideFromBytes(std::string_view bytes, const SingleBytePage& page) {
+    std::wstring text(bytes.size(), L'\0');
+    std::transform(bytes.begin(), bytes.end(), text.begin(),
+                   [&page](char byte) { return page[static_cast<unsigned char>(byte)]; });
+    return text;
+}
+
+// The byte of a character, "?" when the page lacks it. Look-alikes are not taken.
+inline char ByteFromWide(wchar_t character, const SingleBytePage& page) {
+    const auto code = static_cast<unsigned long>(character);
+    if (code < 0x80) return static_cast<char>(code);
+    const auto* upperHalf = page.data() + 0x80;
+    const auto* end = page.data() + page.size();
+    const auto* found = std::find(upperHalf, end, character);
+    return found == end ? '?' : static_cast<char>(found - page.data());
+}
+
+inline std::string BytesFromWide(std::wstring_view text, const SingleBytePage& page) {
+    std::string bytes(text.size(), '\0');
+    std::transform(text.begin(), text.end(), bytes.begin(),
+                   [&page](wchar_t character) { return ByteFromWide(character, page); });
+    return bytes;
+}
+
+}  // namespace corvane::system

@@ -1,0 +1,179 @@
+#include <algorithm>
+
+#include "platform/system.h"
+#include "platform/win32/native.h"
+#include "platform/win32/win32.h"
+
+namespace corvane::system {
+namespace {
+
+// One call of Windows transfers at most this many bytes; its count has 32 bits.
+constexpr size_t kLargestTransfer = size_t{1} << 30;
+
+constexpr DWORD kCopiedAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN |
+                                    FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
+
+HANDLE HandleOf(File file) {
+    return reinterpret_cast<HANDLE>(file.handle);
+}
+
+struct OpenMode {
+    DWORD access;
+    DWORD sharing;
+    DWORD disposition;
+    DWORD flags;
+};
+
+ErrorNumber Open(const std::wstring& path, const OpenMode& mode, File& file) {
+    const HANDLE handle = CreateFileW(NativePath(path).c_str(), mode.access, mode.sharing, nullptr,
+                                      mode.disposition, mode.flags, nullptr);
+    const ErrorNumber error = ErrorOf(handle != INVALID_HANDLE_VALUE);
+    file.handle = reinterpret_cast<intptr_t>(handle);
+    return error;
+}
+
+ErrorNumber SetAttributes(const std::wstring& path, DWORD attributes) {
+    if (attributes == 0) attributes = FILE_ATTRIBUTE_NORMAL;
+    return ErrorOf(SetFileAttributesW(NativePath(path).c_str(), attributes) != 0);
+}
+
+bool IsReadOnly(const std::wstring& path) {
+    FileStatus status;
+    return GetFileStatus(path, status) == kErrorNone && status.isReadOnly;
+}
+
+}  // namespace
+
+ErrorNumber OpenForReading(const std::wstring& path, File& file) {
+    const OpenMode mode{GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN};
+    return Open(path, mode, file);
+}
+
+// CREATE_ALWAYS would fail on a hidden file and reset the attributes of any other.
+ErrorNumber CreateForWriting(const std::wstring& path, File& file) {
+    const OpenMode mode{GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL};
+    const ErrorNumber error = Open(path, mode, file);
+    if (error != kErrorNone) return error;
+    const ErrorNumber emptied = ErrorOf(SetEndOfFile(HandleOf(file)) != 0);
+    if (emptied != kErrorNone) CloseFile(file);
+    return emptied;
+}
+
+ErrorNumber CreateNewForWriting(const std::wstring& path, File& file) {
+    const OpenMode mode{GENERIC_WRITE, FILE_SHARE_READ, CREATE_NEW, FILE_ATTRIBUTE_NORMAL};
+    return Open(path, mode, file);
+}
+
+ErrorNumber ReadBytes(File file, void* bytes, size_t most, size_t& count) {
+    DWORD read = 0;
+    const auto wanted = static_cast<DWORD>(std::min(most, kLargestTransfer));
+    const ErrorNumber error = ErrorOf(ReadFile(HandleOf(file), bytes, wanted, &read, nullptr) != 0);
+    count = read;
+    return error;
+}
+
+ErrorNumber WriteBytes(File file, const void* bytes, size_t count) {
+    const auto* next = static_cast<const char*>(bytes);
+    while (count > 0) {
+        const auto wanted = static_cast<DWORD>(std::min(count, kLargestTransfer));
+        DWORD written = 0;
+        const ErrorNumber error =
+            ErrorOf(WriteFile(HandleOf(file), next, wanted, &written, nullptr) != 0);
+        if (error != kErrorNone) return error;
+        if (written != wanted) return kErrorDiskFull;
+        next += written;
+        count -= written;
+    }
+    return kErrorNone;
+}
+
+ErrorNumber SetPosition(File file, int64_t position) {
+    LARGE_INTEGER distance;
+    distance.QuadPart = position;
+    return ErrorOf(SetFilePointerEx(HandleOf(file), distance, nullptr, FILE_BEGIN) != 0);
+}
+
+ErrorNumber FlushToDisk(File file) {
+    return ErrorOf(FlushFileBuffers(HandleOf(file)) != 0);
+}
+
+ErrorNumber CloseFile(File& file) {
+    if (!file.IsOpen()) return kErrorNone;
+    const ErrorNumber error = ErrorOf(CloseHandle(HandleOf(file)) != 0);
+    file = File();
+    return error;
+}
+
+ErrorNumber GetFileStatus(const std::wstring& path, FileStatus& status) {
+    status = FileStatus();
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    const ErrorNumber error =
+        ErrorOf(GetFileAttributesExW(NativePath(path).c_str(), GetFileExInfoStandard, &data) != 0);
+    if (error == kErrorFileNotFound || error == kErrorPathNotFound) return kErrorNone;
+    if (error != kErrorNone) return error;
+    status.exists = true;
+    status.attributes = data.dwFileAttributes;
+    status.isDirectory = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    status.isReadOnly = (data.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
+    status.size = static_cast<int64_t>(data.nFileSizeHigh) << 32 | data.nFileSizeLow;
+    status.modified = static_cast<int64_t>(data.ftLastWriteTime.dwHighDateTime) << 32 |
+                      data.ftLastWriteTime.dwLowDateTime;
+    return kErrorNone;
+}
+
+ErrorNumber SetReadOnly(const std::wstring& path, bool readOnly) {
+    const DWORD attributes = GetFileAttributesW(NativePath(path).c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) return GetLastError();
+    const DWORD others = attributes & kCopiedAttributes & ~DWORD{FILE_ATTRIBUTE_READONLY};
+    return SetAttributes(path, others | (readOnly ? DWORD{FILE_ATTRIBUTE_READONLY} : 0));
+}
+
+ErrorNumber CopyAttributes(const std::wstring& from, const std::wstring& to) {
+    const DWORD attributes = GetFileAttributesW(NativePath(from).c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) return GetLastError();
+    return SetAttributes(to, attributes & kCopiedAttributes);
+}
+
+ErrorNumber RemoveFile(const std::wstring& path) {
+    return ErrorOf(DeleteFileW(NativePath(path).c_str()) != 0);
+}
+
+// Windows copies the attributes too: a copy of a read-only file is made writable.
+ErrorNumber CopyBytes(const std::wstring& from, const std::wstring& to, bool overwrite) {
+    const ErrorNumber error =
+        ErrorOf(CopyFileW(NativePath(from).c_str(), NativePath(to).c_str(), !overwrite) != 0);
+    if (error != kErrorNone || !IsReadOnly(to)) return error;
+    return SetReadOnly(to, false);
+}
+
+// Not every system refuses to rename over a read-only file by itself.
+ErrorNumber RenameOver(const std::wstring& from, const std::wstring& to) {
+    if (IsReadOnly(to)) return kErrorAccessDenied;
+    return ErrorOf(MoveFileExW(NativePath(from).c_str(), NativePath(to).c_str(),
+                               MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0);
+}
+
+ErrorNumber SwapIn(const std::wstring& target, const std::wstring& replacement,
+                   const std::wstring& backup) {
+    const std::wstring nativeTarget = NativePath(target);
+    const std::wstring nativeBackup = NativePath(backup);
+    const ErrorNumber error = ErrorOf(
+        ReplaceFileW(nativeTarget.c_str(), NativePath(replacement).c_str(), nativeBackup.c_str(),
+                     REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0);
+    // With this error the target has already become the backup: it goes back to its place.
+    if (error == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2) {
+        MoveFileExW(nativeBackup.c_str(), nativeTarget.c_str(), MOVEFILE_WRITE_THROUGH);
+    }
+    return error;
+}
+
+ErrorNumber MakeDirectory(const std::wstring& path) {
+    return ErrorOf(CreateDirectoryW(NativePath(path).c_str(), nullptr) != 0);
+}
+
+ErrorNumber RemoveEmptyDirectory(const std::wstring& path) {
+    return ErrorOf(RemoveDirectoryW(NativePath(path).c_str()) != 0);
+}
+
+}  // namespace corvane::system

@@ -1,0 +1,78 @@
+#include <cwchar>
+
+#include "platform/system.h"
+#include "platform/win32/native.h"
+#include "platform/win32/win32.h"
+
+namespace corvane::system {
+namespace {
+
+// The text of a Windows call that fills a buffer and returns the length, or the size it wants.
+template <class Call>
+std::wstring TextOf(Call call) {
+    std::wstring text(MAX_PATH, L'\0');
+    DWORD length = call(static_cast<DWORD>(text.size()), text.data());
+    if (length > text.size()) {
+        text.resize(length);
+        length = call(static_cast<DWORD>(text.size()), text.data());
+    }
+    text.resize(length < text.size() ? length : 0);
+    return text;
+}
+
+constexpr unsigned kTemporaryNumbers = 0x10000;
+
+}  // namespace
+
+std::wstring CurrentDirectory() {
+    return TextOf([](DWORD size, wchar_t* buffer) { return GetCurrentDirectoryW(size, buffer); });
+}
+
+ErrorNumber SetCurrentTo(const std::wstring& path) {
+    return ErrorOf(SetCurrentDirectoryW(path.c_str()) != 0);
+}
+
+std::wstring AbsolutePath(const std::wstring& path) {
+    return TextOf([&path](DWORD size, wchar_t* buffer) {
+        return GetFullPathNameW(path.c_str(), size, buffer, nullptr);
+    });
+}
+
+std::wstring TemporaryDirectory() {
+    return TextOf([](DWORD size, wchar_t* buffer) { return GetTempPathW(size, buffer); });
+}
+
+// GetTempFileNameW does the same, but not in a folder whose name is long.
+ErrorNumber NewTemporaryName(const std::wstring& directory, const std::wstring& prefix,
+                             std::wstring& name) {
+    std::wstring folder = directory;
+    if (!folder.empty() && folder.back() != L'\\') folder += L'\\';
+    LARGE_INTEGER start;
+    QueryPerformanceCounter(&start);
+    for (unsigned i = 0; i < kTemporaryNumbers; ++i) {
+        wchar_t digits[8];
+        const unsigned number = (static_cast<unsigned>(start.QuadPart) + i) % kTemporaryNumbers;
+        swprintf(digits, 8, L"%04X", number);
+        name = folder + prefix.substr(0, 3) + digits + L".tmp";
+        File file;
+        const ErrorNumber error = CreateNewForWriting(name, file);
+        if (error == kErrorNone) return CloseFile(file);
+        if (error != kErrorFileExists) return error;
+    }
+    return kErrorFileExists;
+}
+
+std::wstring ProgramPath() {
+    std::wstring path(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length =
+            GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+        if (length < path.size()) {
+            path.resize(length);
+            return path;
+        }
+        path.resize(path.size() * 2);
+    }
+}
+
+}  // namespace corvane::system

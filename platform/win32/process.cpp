@@ -1,0 +1,35 @@
+#include "platform/single_instance.h"
+#include "platform/system.h"
+#include "platform/win32/win32.h"
+
+namespace corvane::system {
+namespace {
+
+// The mutex lives as long as the process: its handle is never closed.
+bool ClaimMutex() {
+    std::wstring path = ProgramPath();
+    CharLowerBuffW(path.data(), static_cast<DWORD>(path.size()));
+    const std::wstring name = L"Local\\" + InstanceName(path);
+    const HANDLE mutex = CreateMutexW(nullptr, FALSE, name.c_str());
+    const DWORD error = GetLastError();
+    return mutex != nullptr && error != ERROR_ALREADY_EXISTS;
+}
+
+}  // namespace
+
+std::wstring RawCommandLine() {
+    const wchar_t* next = GetCommandLineW();
+    bool quoted = false;
+    for (; *next != L'\0' && (quoted || (*next != L' ' && *next != L'\t')); ++next) {
+        if (*next == L'"') quoted = !quoted;
+    }
+    while (*next == L' ' || *next == L'\t') ++next;
+    return next;
+}
+
+bool ClaimSingleInstance() {
+    static const bool claimed = ClaimMutex();
+    return claimed;
+}
+
+}  // namespace corvane::system
