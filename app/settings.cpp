@@ -28,8 +28,8 @@ bool ReadLimit(const std::wstring& file, MessageNumber key, const wchar_t* fallb
     return true;
 }
 
-void ReadDirectories(const std::wstring& file, ShellSettings& settings) {
-    const std::wstring programDirectory = WithTrailingBackslash(DirectoryOf(system::ProgramPath()));
+void ReadDirectories(const std::wstring& file, const std::wstring& programDirectory,
+                     ShellSettings& settings) {
     settings.DataDirectory = programDirectory;
     // A folder that holds this file is the suite's data folder, whatever the key says.
     if (!FileExists(programDirectory + L"Bulafn.dat")) {
@@ -79,7 +79,12 @@ std::wstring GetIniString(const std::wstring& section, const std::wstring& key,
 }
 
 void ReadSettings(const std::wstring& file, ShellSettings& settings) {
-    ReadDirectories(file, settings);
+    ReadSettings(file, WithTrailingBackslash(DirectoryOf(system::ProgramPath())), settings);
+}
+
+void ReadSettings(const std::wstring& file, const std::wstring& programDirectory,
+                  ShellSettings& settings) {
+    ReadDirectories(file, programDirectory, settings);
     settings.DatabasePath = ReadKey(file, kMsgDatabasePathKey, L"");
     if (!FileExists(settings.DatabasePath)) settings.DatabasePath.clear();
     // A number out of range ends the reading; the fields behind it stay as they were.

@@ -28,6 +28,9 @@ inline constexpr int kLongestSetting = 400;
 // default; nothing is reported. A limit beyond the range of its type ends the reading: it and the
 // fields behind it keep what they hold.
 void ReadSettings(const std::wstring& file, ShellSettings& settings);
+// The same for a program that lies in `programDirectory`, a path with a trailing "\".
+void ReadSettings(const std::wstring& file, const std::wstring& programDirectory,
+                  ShellSettings& settings);
 
 // Writes the record back, and the user's login name with it; DataDirectory is never written. At the
 // first failure status message 619 is shown, the rest is not written, and the result is false.

@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "app/state.h"
+#include "platform/grvelk.h"
 #include "platform/system.h"
 
 namespace corvane::test {
@@ -27,6 +28,11 @@ fs::path NativePath(const std::wstring& path) {
     return fs::path(Narrow(native));
 #endif
 }
+
+#if !defined(_WIN32)
+// Names the folder of settings files on the host.
+constexpr char kFolderVariable[] = "CORVANE_WINDOWS_DIRECTORY";
+#endif
 
 ShellState* savedState = nullptr;
 
@@ -84,6 +90,76 @@ std::wstring DataPath(std::string_view name) {
     std::replace(path.begin(), path.end(), '/', '\\');
     if (path.size() > 1 && path[1] != ':') path.insert(0, "Z:");
     return std::wstring(path.begin(), path.end());
+}
+
+bool ReadOnlyHasEffect() {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.File(L"read_only");
+    WriteFileBytes(path, "");
+    EXPECT_EQ(system::SetReadOnly(path, true), system::kErrorNone);
+    return !std::ofstream(NativePath(path), std::ios::binary | std::ios::app).is_open();
+}
+
+KeepCurrentDirectory::KeepCurrentDirectory() : path(system::CurrentDirectory()) {}
+
+KeepCurrentDirectory::~KeepCurrentDirectory() {
+    EXPECT_EQ(system::SetCurrentTo(path), system::kErrorNone);
+}
+
+#if defined(_WIN32)
+
+// The profile functions look nowhere but in the Windows folder: the file there makes room.
+FreshSettingsFile::FreshSettingsFile() {
+    path = fs::path(std::getenv("SystemRoot")).wstring() + L"\\" + kSettingsFile;
+    wasThere = fs::exists(path);
+    if (wasThere) before = ReadFileBytes(path);
+    fs::remove(path);
+}
+
+FreshSettingsFile::~FreshSettingsFile() {
+    if (wasThere) {
+        WriteFileBytes(path, before);
+    } else {
+        fs::remove(path);
+    }
+}
+
+#else
+
+FreshSettingsFile::FreshSettingsFile() : path(folder.File(kSettingsFile)) {
+    const char* old = std::getenv(kFolderVariable);
+    wasThere = old != nullptr;
+    if (wasThere) before = old;
+    setenv(kFolderVariable, NativePath(folder.path).c_str(), 1);
+}
+
+FreshSettingsFile::~FreshSettingsFile() {
+    if (wasThere) {
+        setenv(kFolderVariable, before.c_str(), 1);
+    } else {
+        unsetenv(kFolderVariable);
+    }
+}
+
+#endif
+
+std::map<int32_t, std::string> FakeCatalogue::texts;
+std::vector<int32_t> FakeCatalogue::asked;
+
+FakeCatalogue::FakeCatalogue(std::map<int32_t, std::string> newTexts) {
+    texts = std::move(newTexts);
+    asked.clear();
+    ZTGrVel32_LoadVelkinString.pointer = [](int32_t number, char* buffer, int32_t size) {
+        asked.push_back(number);
+        const auto found = texts.find(number);
+        if (found == texts.end()) return int32_t{0};
+        return static_cast<int32_t>(found->second.copy(buffer, static_cast<size_t>(size)));
+    };
+}
+
+FakeCatalogue::~FakeCatalogue() {
+    // The next call finds the library's own function.
+    ZTGrVel32_LoadVelkinString.pointer = nullptr;
 }
 
 std::string Narrow(std::wstring_view text) {

@@ -1,6 +1,8 @@
 // What several unit tests share: folders of their own, whole files, and a screen that records.
 #pragma once
 
+#include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +27,64 @@ std::vector<std::wstring> FilesIn(const std::wstring& folder);
 
 // Path of a file below tests/, "golden/head.ve2".
 std::wstring DataPath(std::string_view name);
+
+// Whether this user is kept from writing a file that is marked read-only: an administrator of the
+// host is not.
+bool ReadOnlyHasEffect();
+
+// Keeps the process's current directory: what a test makes of it is undone at its end.
+struct KeepCurrentDirectory {
+    std::wstring path;
+    KeepCurrentDirectory();
+    ~KeepCurrentDirectory();
+    KeepCurrentDirectory(const KeepCurrentDirectory&) = delete;
+    KeepCurrentDirectory& operator=(const KeepCurrentDirectory&) = delete;
+};
+
+// There is no "Corvane.ini" when the test begins; what it then writes lies at `path`. The file that
+// was there before comes back at the end.
+struct FreshSettingsFile {
+    TemporaryFolder folder;
+    std::wstring path;
+    FreshSettingsFile();
+    ~FreshSettingsFile();
+    FreshSettingsFile(const FreshSettingsFile&) = delete;
+    FreshSettingsFile& operator=(const FreshSettingsFile&) = delete;
+
+private:
+    std::string before;  // the old file's bytes, or the old place of the file
+    bool wasThere = false;
+};
+
+// Puts a procedure in the place of a companion library's function:
+//     FakeFunction fake(corvane::IsRegionalOK, [] { return int16_t{0}; });
+template <class Function>
+struct FakeFunction {
+    using Pointer = typename Function::Pointer;
+
+    Function& function;
+    Function saved;
+    FakeFunction(Function& replaced, Pointer fake) : function(replaced), saved(replaced) {
+        function.pointer = fake;
+    }
+    ~FakeFunction() { function = saved; }
+    FakeFunction(const FakeFunction&) = delete;
+    FakeFunction& operator=(const FakeFunction&) = delete;
+};
+template <class Function, class Fake>
+FakeFunction(Function&, Fake) -> FakeFunction<Function>;
+
+// A catalogue that has these messages (ANSI bytes) and no others. `asked` holds the numbers that
+// were fetched, in order.
+struct FakeCatalogue {
+    explicit FakeCatalogue(std::map<int32_t, std::string> texts);
+    ~FakeCatalogue();
+    FakeCatalogue(const FakeCatalogue&) = delete;
+    FakeCatalogue& operator=(const FakeCatalogue&) = delete;
+
+    static std::map<int32_t, std::string> texts;
+    static std::vector<int32_t> asked;
+};
 
 // Replaces the process's state by a fresh one whose screen writes what happens into `events`, such
 // as "caption text", "colour red", "warning text", "pointer reset", "pending", and puts the old
