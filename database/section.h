@@ -1,0 +1,240 @@
+// One transverse section of the hull, as a SECTION block of the database holds it.
+// docs/section-block.md tells table by table what each column is and how it is written.
+//
+// A panel is a strake of the section: its line through the nodes, its plates, its stiffeners. The
+// nodes and stiffeners that the geometry library works on are the library's own records
+// (platform/grvelk.h); LibraryView hands them over in place.
+//
+// Numbers are those of the file, in file order. Integers of 16 bits are int16_t, of 32 bits
+// int32_t; a boolean is -1 or 0. Lengths are in m, scantlings in mm, angles in degrees.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/grvelk.h"
+#include "util/array.h"
+
+namespace corvane {
+
+// Profile of a stiffener, a bracket or a web: the group typ, h1, e1, h2, e2.
+struct Scantlings {
+    int32_t type = kProfileFlat;  // kProfile...
+    float webHeight_mm = 0;
+    float webThickness_mm = 0;
+    float flangeBreadth_mm = 0;
+    float flangeThickness_mm = 0;
+    float webGap_mm = 0;  // between the two webs of a doubled profile; not written
+    bool operator==(const Scantlings&) const = default;
+};
+
+// Table 3: a plate of the strake, from where the one before it ends.
+struct Plate {
+    float end_m = 0;  // abscissa on the strake
+    float thickness_mm = 0;
+    int32_t material = 0;
+    float spacing_m = 0;  // of the stiffeners on it
+    float span_m = 0;     // of the stiffeners on it
+    int16_t corrosionSide = 0;
+    bool operator==(const Plate&) const = default;
+};
+
+// Table 11: stresses at the nine points of a span where fatigue is checked.
+struct FatigueTable {
+    bool present = false;
+    float length_m = 0;
+    int16_t detail = 0;
+    int32_t weld = 0;
+    int32_t environment = 0;
+    float gap_mm = 0;
+    int16_t grade = 0;
+    Array<float, 1, 9> stress_MPa;
+    bool operator==(const FatigueTable&) const = default;
+};
+
+struct SpanBracket {
+    bool present = false;
+    int32_t kind = 0;
+    float length_m = 0;
+    Scantlings scantlings;
+    int16_t material = 0;
+    bool operator==(const SpanBracket&) const = default;
+};
+
+// Table 5: a span of a stiffener, between two supports along the ship.
+struct Span {
+    Scantlings scantlings;
+    float length_m = 0;
+    int16_t material = 0;
+    float aftLength_m = 0;  // taken off at the aft end by the connection there
+    int16_t aftConnection = 0;
+    float foreLength_m = 0;
+    int16_t foreConnection = 0;
+    float reduction_m = 0;
+    float spacing_m = 0;
+    SpanBracket bracket;
+    int32_t position = 0;
+    FatigueTable fatigue;
+    bool operator==(const Span&) const = default;
+};
+
+// What a stiffener row has besides its place (table 4; the place is the library's Stiffener).
+struct StiffenerDetail {
+    int32_t connection = 0;  // type of the end connections
+    int32_t mirrored = 0;    // boolean: flanges turned the other way
+    std::vector<Span> spans;
+    bool operator==(const StiffenerDetail&) const = default;
+};
+
+// Table 8: a primary bracket or web between a node of the panel and another one.
+struct PrimaryBracket {
+    int16_t item = 0;
+    NodeReference from{};
+    NodeReference to{};
+    int16_t aftFrame = 0;
+    int16_t foreFrame = 0;
+    int16_t side = 0;
+    float armLength_m = 0;
+    int32_t kind = 0;
+    int16_t material = 0;
+    int32_t endType = 0;
+    Array<Scantlings, 1, 3> scantlings;  // at the root, in the middle, at the toe
+    float middleLength_m = 0;
+    float toeLength_m = 0;
+};
+
+// Table 9: an opening in the panel's plating.
+struct Opening {
+    int16_t item = 0;
+    NodeReference at{};
+    int16_t shape = 0;
+    int16_t count = 0;
+    int16_t reinforced = 0;
+    int16_t aftFrame = 0;
+    int16_t foreFrame = 0;
+    float length_m = 0;
+    float breadth_m = 0;
+};
+
+// Table 10: a pillar or cross tie from the panel to another one. Two lines.
+struct Pillar {
+    int16_t item = 0;
+    NodeReference to{};
+    int16_t count = 0;
+    int32_t kind = 0;
+    float length_m = 0;
+    float offset_m = 0;
+    int16_t material = 0;
+    int32_t profile = kProfileFlat;
+    float area_cm2 = 0;
+    int16_t lowerConnection = 0;
+    int32_t upperConnection = 0;
+    float webHeight_mm = 0;
+    int32_t slenderness = 0;
+    float webThickness_mm = 0;
+    int16_t corrosion = 0;
+};
+
+// Tables 1 to 4 and 8 to 10: one panel.
+struct Panel {
+    std::wstring name;  // at most 40 characters
+    float spacing_m = 0;
+    float span_m = 0;
+    float thickness_mm = 0;
+    int16_t kind = 0;  // bottom, side, deck, longitudinal bulkhead ...
+    int16_t material = 0;
+    std::vector<Node> nodes;
+    std::vector<Plate> plates;
+    std::vector<Stiffener> stiffeners;
+    std::vector<StiffenerDetail> stiffenerDetails;  // as many as stiffeners
+    std::vector<PrimaryBracket> brackets;
+    std::vector<Opening> openings;
+    std::vector<Pillar> pillars;
+    // Room for the library, not in the file.
+    std::vector<StrakeItem> items;
+    std::vector<float> plateEnds;
+};
+
+struct FillingLevel {
+    float level_m = 0;
+    float surfaceLength_m = 0;
+    float surfaceBreadth_m = 0;
+    bool operator==(const FillingLevel&) const = default;
+};
+
+// Table 7: a compartment.
+struct Compartment {
+    std::wstring name;
+    std::vector<NodeReference> outline;  // without the closing pair whose node is 0
+    int32_t contents = 0;
+    int32_t kind = 0;
+    int16_t symmetric = 0;
+    int16_t hold = 0;
+    Array<float, 1, 20> designValues;  // density [t/m3], air pipe height [m], ...: see the docs
+    int32_t loadCase = 0;
+    Array<float, 1, 10> stillWaterPressure_kPa;
+    Array<float, 1, 10> wavePressure_kPa;
+    std::vector<FillingLevel> levels;
+    Array<int16_t, 1, 3> flags;
+    Array<int16_t, 1, 2> ends;  // aft and fore frame
+    int16_t closing = 0;
+};
+
+struct SectionModel {
+    std::wstring name;
+    std::string identifier;
+    double formatVersion = 0;  // of the block that was read
+
+    // The head's lines, in order.
+    float x_m = 0;
+    float breadth_m = 0;
+    float depth_m = 0;
+    float draught_m = 0;
+    int16_t shipType = 0;
+    int16_t classCode = 0;
+    int16_t navigationCode = 0;
+    float frameSpacing_m = 0;
+    float webSpacing_m = 0;
+    // Hogging, sagging, harbour. The writer stores magnitudes.
+    Array<float, 1, 3> stillWaterMoment_kNm;
+    Array<float, 1, 3> waveMoment_kNm;
+    Array<float, 1, 3> shearForce_kN;
+    float deckModulus_m3 = 0;
+    float bottomModulus_m3 = 0;
+    float bottomSlope_deg = 0;
+    float sideSlope_deg = 0;
+    int32_t stressRule = 0;
+    int32_t bucklingRule = 0;
+    int32_t momentsAbsent = 0;  // boolean
+    int16_t moduliAbsent = 0;   // boolean
+    float tolerance_m = 0.001f;
+    float ballastDraught_m = 0;
+    float cargoHeight_m = 0;
+    int32_t symmetryMode = 0;  // 0 and 2: one side is drawn; 1: both
+    int16_t materialGroup = 0;
+    int16_t corrosionRule = 0;
+    float holdLength_m = 0;
+    float holdAft_m = 0;
+    // The head's last line.
+    float neutralAxis_m = 0;
+    float area_m2 = 0;
+    float inertiaY_m4 = 0;
+    float inertiaZ_m4 = 0;
+    Array<int16_t, 1, 4> resultCodes;
+    int16_t resultsValid = 0;  // boolean
+
+    std::vector<Panel> panels;
+    std::vector<Compartment> compartments;
+};
+
+// A section in the library's form: addresses into the model, and the arrays that the model has in
+// another shape. Valid while the model lives and none of its vectors changes.
+struct LibraryView {
+    Section section{};
+    std::vector<Strake> strakes;
+    std::vector<CompartmentOutline> outlines;
+};
+void MakeLibraryView(SectionModel& model, LibraryView& view);
+
+}  // namespace corvane

@@ -1,0 +1,23 @@
+// SECTION blocks of the model database, read and written.
+#pragma once
+
+#include <string>
+
+#include "database/section.h"
+#include "util/text_file.h"
+
+namespace corvane {
+
+// Writes the whole block, head and all, at the writer's place, with this model number. A record
+// without an identifier gets a new one and keeps it.
+void WriteSectionBlock(TextWriter& writer, SectionModel& section, int32_t number);
+
+// Reads model `number`. Reports a file that is no database (message 1083), a number that no block
+// has (1011), and a bulkhead arrangement unless `allowBulkhead`; a torsion model is passed over in
+// silence. False in all these cases; the record is untouched then.
+// A table that is missing stays empty. What rows say counts more than what counts say, and a row
+// that belongs to no panel is left out; a damaged block gives what could be read, and true.
+bool ReadSectionBlock(const std::wstring& path, int32_t number, bool allowBulkhead,
+                      SectionModel& section);
+
+}  // namespace corvane
