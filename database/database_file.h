@@ -11,6 +11,7 @@
 
 #include "bsd/basic_ship_data.h"
 #include "database/model_kind.h"
+#include "database/stamps.h"
 #include "util/text_file.h"
 
 namespace corvane {
@@ -36,15 +37,21 @@ bool IsDatabaseFile(const std::wstring& path);
 
 // ---- Finding and listing -----------------------------------------------------------------------
 
+// The next significant line inside the current block. False at the end of the file and at the next
+// model marker, which stays unread: a block that lacks lines never swallows the one behind it.
+bool ReadBlockLine(TextReader& reader, std::string_view modelMarker, std::string_view& line);
+
 // From the reader's place on, the first block with this number and, when `keyword` is not empty,
-// this keyword. On success `keyword` is the block's, and the reader stands where the lines before
-// the marker begin that belong to it: comment lines directly before it included.
+// this keyword. On success `keyword` is the block's (empty where the block has lost it), and the
+// reader stands where the lines before the marker begin that belong to it: comment lines directly
+// before it included. On failure `keyword` keeps its value, and the reader is at the end.
 bool FindModel(TextReader& reader, int32_t number, std::string& keyword);
 
-// Number of model blocks.
+// Number of model blocks; 0 for a file that can't be opened.
 int CountModels(const std::wstring& path);
 
-// One model of a list, in file order.
+// One model of a list, in file order. A damaged block has an entry too, with what could be read of
+// it, so a list is always as long as CountModels tells.
 struct ModelEntry {
     std::wstring name;  // trimmed
     ModelKind kind = ModelKind::kSection;
@@ -56,8 +63,8 @@ struct ModelEntry {
 std::vector<ModelEntry> ListModels(const std::wstring& path);
 std::vector<ModelEntry> ListModelsWithPositions(const std::wstring& path);
 
-// Position [m] of one model; -1 when the file has no model of this number. The row behind a
-// torsion model's name is read like any other.
+// Position [m] of one model; -1 when the file has no model of this number, 0 when its block has no
+// position row. The row behind a torsion model's name is read like any other.
 float ModelPosition(const std::wstring& path, int32_t number);
 
 // ---- Copying and creating ----------------------------------------------------------------------
@@ -70,6 +77,26 @@ void CopyFileHead(TextReader& from, TextWriter& to);
 // their numbers. Comment lines between a marker and its number become one comment rule; all other
 // lines pass unchanged. Nothing is copied when there is no model `first`.
 void CopyModels(TextReader& from, TextWriter& to, int32_t first, int32_t last, int32_t shift);
+
+// A run of blocks as they stand in the file, whatever their numbers are.
+struct BlockRun {
+    static constexpr int64_t kToTheEnd = INT64_MIN;
+
+    int64_t stopBefore = kToTheEnd;  // the number of the first block that is not copied any more
+    int32_t shift = 0;               // added to the numbers ...
+    int64_t shiftAbove = INT64_MIN;  // ... that are larger than this one
+};
+
+// Copies from the reader's place to the marker of the block `stopBefore`, where the reader then
+// stands, or to the end of the file; lines as in CopyModels.
+void CopyBlocks(TextReader& from, TextWriter& to, const BlockRun& run);
+
+// From a place at a block's marker, or at the comment lines before it, to the comment lines before
+// the next block's marker; to the end of the file behind the last block.
+void SkipBlock(TextReader& reader);
+
+// Writes the lines that open every block, from the marker to the name label.
+void WriteBlockHead(TextWriter& writer, int32_t number, ModelKind kind, const Stamp& stamp);
 
 // Writes a new database that holds only the ship's data; an old file of that name is replaced. An
 // empty path does nothing; a read-only file is reported (message 1086) and stays. MainData(4) may

@@ -1,0 +1,97 @@
+// Copying heads and blocks from one file to another: as spans of bytes, so that only the few lines
+// that may change are looked at.
+#include <algorithm>
+
+#include "app/messages.h"
+#include "database/database_file.h"
+#include "util/numbers.h"
+
+namespace corvane {
+namespace {
+
+// The lines between a marker and the block's body.
+struct NumberLine {
+    bool found = false;  // false: the block ends before it has a number
+    int32_t number = 0;
+    int64_t begin = 0;
+    int64_t end = 0;
+};
+
+// From behind a marker.
+NumberLine ReadNumberLine(TextReader& reader, std::string_view marker) {
+    NumberLine result;
+    std::string_view line;
+    do {
+        result.begin = LinePosition(reader);
+        if (!ReadLine(reader, line)) return result;
+    } while (IsCommentLine(line));
+    result.found = line != marker;
+    result.number = LeadingInteger(line);
+    result.end = LinePosition(reader);
+    return result;
+}
+
+int32_t Shifted(int32_t number, const BlockRun& run) {
+    if (number <= run.shiftAbove) return number;
+    const int64_t shifted = int64_t{number} + run.shift;
+    return static_cast<int32_t>(std::clamp<int64_t>(shifted, INT32_MIN, INT32_MAX));
+}
+
+}  // namespace
+
+void CopyFileHead(TextReader& from, TextWriter& to) {
+    const int64_t start = LinePosition(from);
+    const bool found = FindLine(from, GetMessageBytes(kMsgModelMarker));
+    const int64_t end = found ? LinePosition(from) : -1;
+    SeekLine(from, start);
+    CopySpan(from, end, to);
+}
+
+void CopyModels(TextReader& from, TextWriter& to, int32_t first, int32_t last, int32_t shift) {
+    std::string keyword;
+    if (!FindModel(from, first, keyword)) return;
+    BlockRun run;
+    if (last != -1) run.stopBefore = int64_t{last} + 1;
+    run.shift = shift;
+    CopyBlocks(from, to, run);
+}
+
+void CopyBlocks(TextReader& from, TextWriter& to, const BlockRun& run) {
+    const std::string marker = GetMessageBytes(kMsgModelMarker);
+    const std::string commentRule = GetMessageBytes(kMsgCommentRule);
+    int64_t copied = LinePosition(from);  // all before it is done
+    while (FindLine(from, marker)) {
+        const int64_t markerPlace = LinePosition(from);
+        std::string_view line;
+        ReadLine(from, line);
+        const int64_t behindMarker = LinePosition(from);
+        const NumberLine numberLine = ReadNumberLine(from, marker);
+        const bool last = numberLine.found && numberLine.number == run.stopBefore;
+        SeekLine(from, copied);
+        CopySpan(from, last ? markerPlace : behindMarker, to);
+        if (last) return;
+        copied = behindMarker;
+        if (!numberLine.found) continue;
+
+        WriteLine(to, commentRule);
+        const int32_t number = Shifted(numberLine.number, run);
+        const bool renumbered = number != numberLine.number;
+        if (renumbered) WriteLine(to, PrintForm(number));
+        copied = renumbered ? numberLine.end : numberLine.begin;
+        SeekLine(from, numberLine.end);
+    }
+    SeekLine(from, copied);
+    CopySpan(from, -1, to);
+}
+
+void SkipBlock(TextReader& reader) {
+    const std::string marker = GetMessageBytes(kMsgModelMarker);
+    std::string_view line;
+    if (!FindLine(reader, marker)) return;
+    ReadLine(reader, line);
+    int64_t behindBlock = LinePosition(reader);
+    while (ReadBlockLine(reader, marker, line)) behindBlock = LinePosition(reader);
+    if (FindLine(reader, marker)) SeekLine(reader, behindBlock);
+}
+
+}  // namespace corvane

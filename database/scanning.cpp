@@ -1,0 +1,80 @@
+// Recognising a database and finding the blocks in it.
+#include "app/messages.h"
+#include "database/database_file.h"
+#include "util/numbers.h"
+#include "util/text.h"
+
+namespace corvane {
+namespace {
+
+// From a place before the marker at `marker` to the comment lines directly in front of it.
+void StandBeforeMarker(TextReader& reader, int64_t from, int64_t marker) {
+    SeekLine(reader, from);
+    std::string_view line;
+    int64_t place = from;
+    while (ReadSignificantLine(reader, line) && LinePosition(reader) <= marker) {
+        place = LinePosition(reader);
+    }
+    SeekLine(reader, place);
+}
+
+}  // namespace
+
+StructuralLines FetchStructuralLines() {
+    StructuralLines lines;
+    lines.commentRule = GetMessageBytes(kMsgCommentRule);
+    lines.modelMarker = GetMessageBytes(kMsgModelMarker);
+    lines.versionLabel = GetMessageBytes(kMsgFormatVersionLabel);
+    lines.nameLabel = GetMessageBytes(kMsgNameLabel);
+    lines.signature = GetMessageBytes(kMsgSignature);
+    lines.headLabel = GetMessageBytes(kMsgFileHeadLabel);
+    return lines;
+}
+
+bool IsDatabaseFile(const std::wstring& path) {
+    TextReader reader;
+    std::string_view line;
+    if (!OpenText(reader, path) || !ReadSignificantLine(reader, line)) return false;
+    return UpperCase(Trim(line)) == GetMessageBytes(kMsgSignature);
+}
+
+bool ReadBlockLine(TextReader& reader, std::string_view modelMarker, std::string_view& line) {
+    const int64_t place = LinePosition(reader);
+    if (!ReadSignificantLine(reader, line)) return false;
+    if (line != modelMarker) return true;
+    SeekLine(reader, place);
+    return false;
+}
+
+bool FindModel(TextReader& reader, int32_t number, std::string& keyword) {
+    const std::string marker = GetMessageBytes(kMsgModelMarker);
+    int64_t from = LinePosition(reader);
+    while (FindLine(reader, marker)) {
+        const int64_t place = LinePosition(reader);
+        std::string_view line;
+        ReadLine(reader, line);
+        if (ReadBlockLine(reader, marker, line) && LeadingInteger(line) == number) {
+            // A block that has lost its keyword is still the one of its number.
+            if (!ReadBlockLine(reader, marker, line)) line = {};
+            if (keyword.empty() || keyword == line) {
+                keyword = line;
+                StandBeforeMarker(reader, from, place);
+                return true;
+            }
+        }
+        from = LinePosition(reader);
+    }
+    return false;
+}
+
+int CountModels(const std::wstring& path) {
+    TextReader reader;
+    if (!OpenText(reader, path)) return 0;
+    const std::string marker = GetMessageBytes(kMsgModelMarker);
+    std::string_view line;
+    int count = 0;
+    for (; FindLine(reader, marker); ++count) ReadLine(reader, line);
+    return count;
+}
+
+}  // namespace corvane
