@@ -16,6 +16,9 @@
 
 namespace corvane {
 
+// Name of the settings file; the profile functions place it in the Windows folder.
+inline constexpr wchar_t kSettingsFile[] = L"Corvane.ini";
+
 // An argument of a message, as text: numbers in their general form.
 struct MessageArgument {
     std::wstring text;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "app/messages.h"
 #include "app/screen.h"
 #include "app/settings.h"
 #include "bsd/basic_ship_data.h"
@@ -11,9 +12,6 @@
 namespace corvane {
 
 struct MainWindow;  // ui/commands/main_window.h
-
-// Name of the settings file; the profile functions place it in the Windows folder.
-inline constexpr wchar_t kSettingsFile[] = L"Corvane.ini";
 
 struct ShellState {
     bool debugMode = false;  // switch "/d"

@@ -68,6 +68,8 @@ std::vector<ModelEntry> ListModelsWithPositions(const std::wstring& path);
 float ModelPosition(const std::wstring& path, int32_t number);
 
 // ---- Copying and creating ----------------------------------------------------------------------
+// A read that fails ends a copy like the end of the file; the reader's `error` tells. Whoever puts
+// the copy in the place of the database looks at it, and at the writer's, first.
 
 // Copies all bytes from the reader's place to the first model marker (to the end of a file without
 // models); the reader then stands at the marker.

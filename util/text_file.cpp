@@ -214,7 +214,9 @@ void SeekLine(TextReader& reader, int64_t position) {
         reader.next = static_cast<size_t>(position - reader.bufferOffset);
         return;
     }
-    reader.error = system::SetPosition(reader.file, position);
+    // An earlier failure stays: whoever copies must learn of it at the end.
+    const system::ErrorNumber error = system::SetPosition(reader.file, position);
+    if (reader.error == system::kErrorNone) reader.error = error;
     reader.first = reader.next = reader.end = 0;
     reader.bufferOffset = position;
     reader.atEnd = reader.error != system::kErrorNone;
