@@ -31,12 +31,13 @@ if(WIN32)
     add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601
                             WINVER=0x0601 _WIN32_IE=0x0900)
     # -static: the program needs no library of the compiler. The rest is the linker's hardening.
-    add_link_options(-static -Wl,--dynamicbase -Wl,--nxcompat)
+    # The stack protector's own option brings in its library.
+    add_link_options(-static -fstack-protector-strong -Wl,--dynamicbase -Wl,--nxcompat)
     if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
         add_link_options(-Wl,--high-entropy-va)
     else()
         # The companion libraries export undecorated names of stdcall functions.
-        add_compile_options(-msse2 -mstackrealign)
+        add_compile_options(-msse2 -mfpmath=sse -mstackrealign)
         add_link_options(-Wl,--kill-at)
     endif()
 endif()
