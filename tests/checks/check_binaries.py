@@ -1,0 +1,83 @@
+"""check_binaries.py ROOT OBJDUMP FOLDER: the programs and libraries for Windows in FOLDER are
+hardened, need nothing that Windows does not have, and the companion libraries export exactly the
+functions that the contracts in platform/ name, undecorated."""
+
+import os
+import re
+import subprocess
+import sys
+
+from sources import Findings, all_files, read_bytes
+
+SYSTEM_LIBRARIES = {
+    "advapi32.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll",
+    "ole32.dll", "oleaut32.dll", "rpcrt4.dll", "shell32.dll", "shlwapi.dll", "user32.dll",
+    "uxtheme.dll", "version.dll",
+}
+LATE_BOUND = re.compile(r'^CORVANE_LATE_BOUND\("([^"]+)",\s*(\w+)\)', re.MULTILINE)
+
+
+def contracts(root):
+    """The functions of every companion library, by library."""
+    functions = {}
+    for path in all_files(root):
+        if path.startswith("platform/") and path.endswith(".h"):
+            text = read_bytes(root, path).decode("utf-8")
+            for library, function in LATE_BOUND.findall(text):
+                functions.setdefault(library, set()).add(function)
+    return functions
+
+
+def describe(objdump, path):
+    return subprocess.run([objdump, "-p", path], check=True, capture_output=True, text=True).stdout
+
+
+def exports(description):
+    table = description.partition("[Ordinal/Name Pointer] Table")[2].partition("\n\n")[0]
+    row = r"^\s+\[\s*\d+\] (?:\+base\[\s*\d+\]\s+\w+ )?(\S+)$"
+    return set(re.findall(row, table, re.MULTILINE))
+
+
+def check_hardening(name, description, findings):
+    wanted = ["DYNAMIC_BASE", "NX_COMPAT"]
+    if "pei-x86-64" in description:
+        wanted.append("HIGH_ENTROPY_VA")
+    for flag in wanted:
+        if not re.search(rf"^\s+{flag}$", description, re.MULTILINE):
+            findings.add(name, 0, f"lacks {flag}")
+
+
+def check_imports(name, description, findings):
+    for library in re.findall(r"DLL Name: (\S+)", description):
+        if library.lower() not in SYSTEM_LIBRARIES:
+            findings.add(name, 0, f"imports {library}, which Windows does not have")
+
+
+def check_exports(name, description, wanted, findings):
+    found = exports(description)
+    for function in sorted(wanted - found):
+        findings.add(name, 0, f"does not export {function}")
+    for function in sorted(found - wanted):
+        findings.add(name, 0, f"exports {function}, which no contract names")
+
+
+def main(root, objdump, folder):
+    findings = Findings()
+    wanted = contracts(root)
+    if len(wanted) < 4:
+        findings.add("platform", 0, f"contracts of {len(wanted)} libraries, not of 4")
+    programs = ["Corvane.exe"] if os.path.isdir(os.path.join(root, "ui/windows")) else []
+    for name in sorted(wanted) + programs:
+        path = os.path.join(folder, name)
+        if not os.path.isfile(path):
+            findings.add(path, 0, "missing")
+            continue
+        description = describe(objdump, path)
+        check_hardening(name, description, findings)
+        check_imports(name, description, findings)
+        if name in wanted:
+            check_exports(name, description, wanted[name], findings)
+    findings.finish()
+
+
+main(*sys.argv[1:])
