@@ -55,8 +55,9 @@ def may_include(path, included):
     source, target = folder_of(path), folder_of(included)
     if source in FREE or source == target:
         return True
-    if source.startswith("companions/"):
-        return target == "platform"
+    if source.startswith("companions"):
+        # Headers directly in companions/ are what several of them share.
+        return target in ("platform", "companions")
     if included in LEAF and source != "platform":
         return True
     return target in BELOW.get(source, [])
