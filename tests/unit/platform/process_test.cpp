@@ -1,0 +1,27 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "platform/single_instance.h"
+#include "platform/system.h"
+
+namespace corvane::system {
+namespace {
+
+TEST(Process, SecondProcessOfTheSameProgramIsRefused) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const bool first = ClaimSingleInstance();
+    EXPECT_EXIT(std::exit(ClaimSingleInstance() ? 4 : 7), testing::ExitedWithCode(7), "");
+    EXPECT_TRUE(first);
+    EXPECT_TRUE(ClaimSingleInstance());
+}
+
+TEST(Process, InstanceNameTellsProgramsApart) {
+    EXPECT_EQ(InstanceName(L"c:\\a\\corvane.exe"), InstanceName(L"c:\\a\\corvane.exe"));
+    EXPECT_NE(InstanceName(L"c:\\a\\corvane.exe"), InstanceName(L"c:\\b\\corvane.exe"));
+    EXPECT_EQ(InstanceName(std::wstring(400, L'x')).find(L'\\'), std::wstring::npos);
+    EXPECT_LT(InstanceName(std::wstring(400, L'x')).size(), 60U);
+}
+
+}  // namespace
+}  // namespace corvane::system
