@@ -77,7 +77,9 @@ std::string ReadFileBytes(const std::wstring& path) {
 std::vector<std::wstring> FilesIn(const std::wstring& folder) {
     std::vector<std::wstring> names;
     for (const auto& entry : fs::directory_iterator(NativePath(folder))) {
-        names.push_back(entry.path().filename().wstring());
+        // wstring() would ask the C locale, which may know no letter but English ones.
+        const std::u32string name = entry.path().filename().u32string();
+        names.emplace_back(name.begin(), name.end());
     }
     std::sort(names.begin(), names.end());
     return names;

@@ -36,8 +36,8 @@ TEST(CodePages, AsciiIsTheSameEverywhere) {
 }
 
 TEST(CodePages, WesternLetters) {
-    EXPECT_EQ(WideFromAnsi("\xE9\xE7\xF8\x80\x99"), L"\x00E9\x00E7\x00F8\x20AC\x2019");
-    EXPECT_EQ(AnsiFromWide(L"\x00E9\x00E7\x00F8\x20AC\x2019"), "\xE9\xE7\xF8\x80\x99");
+    EXPECT_EQ(WideFromAnsi("\xE9\xE7\xF8\x80\x92"), L"\x00E9\x00E7\x00F8\x20AC\x2019");
+    EXPECT_EQ(AnsiFromWide(L"\x00E9\x00E7\x00F8\x20AC\x2019"), "\xE9\xE7\xF8\x80\x92");
 }
 
 TEST(CodePages, CharacterThatThePageLacksBecomesAQuestionMark) {
