@@ -21,8 +21,7 @@ inline std::wstring WideFromBytes(std::string_view bytes, const SingleBytePage& 
 
 // The byte of a character, "?" when the page lacks it. Look-alikes are not taken.
 inline char ByteFromWide(wchar_t character, const SingleBytePage& page) {
-    const auto code = static_cast<unsigned long>(character);
-    if (code < 0x80) return static_cast<char>(code);
+    if (static_cast<unsigned long>(character) < 0x80) return static_cast<char>(character);
     const auto* upperHalf = page.data() + 0x80;
     const auto* end = page.data() + page.size();
     const auto* found = std::find(upperHalf, end, character);

@@ -86,8 +86,7 @@ bool FolderOfExists(std::string native) {
 
 std::string Utf8FromWide(std::wstring_view text) {
     std::string bytes;
-    for (const wchar_t character : text) {
-        const auto code = static_cast<uint32_t>(character);
+    for (const char32_t code : text) {
         const auto tail = [code](int shift) {
             return static_cast<char>(0x80 | ((code >> shift) & 0x3F));
         };
