@@ -15,7 +15,7 @@ struct FileType {
 // Takes the text up to the next bar off the front of `list`.
 inline std::wstring TakePiece(std::wstring_view& list) {
     const size_t bar = list.find(L'|');
-    const std::wstring piece(list.substr(0, bar));
+    std::wstring piece(list.substr(0, bar));
     list.remove_prefix(bar == std::wstring_view::npos ? list.size() : bar + 1);
     return piece;
 }

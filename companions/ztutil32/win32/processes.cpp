@@ -45,10 +45,11 @@ void WaitForEnd(HANDLE process) {
     constexpr DWORD kMilliseconds = 1000;
     constexpr DWORD kWakeUp = QS_PAINT | QS_SENDMESSAGE | QS_KEY | QS_MOUSE;
     QuitRequest quit;
-    while (true) {
-        const DWORD result =
+    DWORD result = WAIT_TIMEOUT;
+    while (result != WAIT_OBJECT_0 && result != WAIT_FAILED) {
+        result =
             MsgWaitForMultipleObjectsEx(1, &process, kMilliseconds, kWakeUp, MWMO_INPUTAVAILABLE);
-        if (result == WAIT_OBJECT_0 || result == WAIT_FAILED) break;
+        // Once more after the end, for what came since the last time.
         ServeWindows(quit);
     }
     if (quit.isPending) PostQuitMessage(quit.exitCode);
