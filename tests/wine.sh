@@ -88,7 +88,7 @@ StageFiles() {
         "$checkout"/*) folder=$(dirname "${program#"$checkout"/}") ;;
         *) WineFail "$program lies outside $checkout" ;;
     esac
-    for item in tests/golden tests/data fuzz/corpus samples; do
+    for item in docs tests/golden tests/data fuzz/corpus samples; do
         [ -d "$checkout/$item" ] && present+=("./$item")
     done
     (cd "$checkout" &&
