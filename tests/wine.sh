@@ -46,10 +46,10 @@ wineEnvironment=(env "WINEPREFIX=$prefix" "WINEDLLOVERRIDES=winedbg.exe=d;mscore
 StartScreen() {
     local ready=$stage/display tries
     screenPids=()
-    "${asUser[@]}" rm -f "$ready"
-    "${asUser[@]}" touch "$ready"
+    "${asUser[@]}" rm -f "$ready" "$stage/screen.log"
+    "${asUser[@]}" touch "$ready" "$stage/screen.log"
     "${asUser[@]}" Xvfb -displayfd 3 -screen 0 1920x1200x24 -nolisten tcp -noreset \
-        3>>"$ready" >"$stage/screen.log" 2>&1 </dev/null &
+        3>>"$ready" >>"$stage/screen.log" 2>&1 </dev/null &
     screenPids+=($!)
     for ((tries = 0; tries < 200; ++tries)); do
         [ -s "$ready" ] && break
