@@ -14,6 +14,7 @@ constexpr DWORD kCopiedAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HID
                                     FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
 
 HANDLE HandleOf(File file) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a handle is a number that Windows types so.
     return reinterpret_cast<HANDLE>(file.handle);
 }
 
