@@ -79,15 +79,7 @@ ErrorNumber SwapWithBackup(const std::wstring& copy, const std::wstring& target)
     if (error != kErrorNone) return error;
     KillFile(backup);  // only its name is wanted
     error = system::SwapIn(target, copy, backup);
-    if (error == kErrorNone) {
-        KillFile(backup);
-        return error;
-    }
-    // The swap can fail half way, with the old text moved away: back with it.
-    system::FileStatus status;
-    if (system::GetFileStatus(target, status) == kErrorNone && !status.exists) {
-        system::RenameOver(backup, target);
-    }
+    if (error == kErrorNone) KillFile(backup);
     return error;
 }
 
