@@ -32,12 +32,12 @@ void TakeQuotedArguments(std::wstring& line, std::vector<std::wstring>& argument
     }
 }
 
-void TakeWords(std::wstring& line, std::vector<std::wstring>& arguments) {
-    line = Trim(line);
-    while (!line.empty()) {
-        const size_t end = std::min(line.find(L' '), line.size());
-        arguments.push_back(line.substr(0, end));
-        BlankOut(line, 0, end);
+void TakeWords(const std::wstring& line, std::vector<std::wstring>& arguments) {
+    size_t begin = line.find_first_not_of(L' ');
+    while (begin != kNone) {
+        const size_t end = std::min(line.find(L' ', begin), line.size());
+        arguments.push_back(line.substr(begin, end - begin));
+        begin = line.find_first_not_of(L' ', end);
     }
 }
 

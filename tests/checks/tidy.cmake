@@ -4,12 +4,15 @@
 function(corvane_tidy target root)
     set(script ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/tidy_file)
     set(extra)
-    foreach(folder ${CMAKE_CXX_IMPLICIT_INCLUDE_DIRECTORIES})
-        if(CMAKE_CROSSCOMPILING)
-            # clang does not find the headers of the cross compiler by itself.
-            list(APPEND extra --extra-arg=-isystem${folder})
-        endif()
-    endforeach()
+    if(CMAKE_CROSSCOMPILING)
+        # clang does not find the cross compiler's headers by itself. Of the intrinsics it has its
+        # own, which lie in the folder .../include of the compiler.
+        foreach(folder ${CMAKE_CXX_IMPLICIT_INCLUDE_DIRECTORIES})
+            if(NOT folder MATCHES "^/usr/lib/gcc/.*/include(-fixed)?$")
+                list(APPEND extra --extra-arg=-isystem${folder})
+            endif()
+        endforeach()
+    endif()
     set(stamps)
     foreach(source ${ARGN})
         set(stamp ${CMAKE_CURRENT_BINARY_DIR}/tidy/${source}.stamp)
