@@ -1,0 +1,118 @@
+#include "app/messages.h"
+#include "bsd/bsd_file.h"
+#include "bsd/bsd_layout.h"
+#include "bsd/labels.h"
+#include "util/files.h"
+#include "util/numbers.h"
+
+namespace corvane {
+namespace {
+
+void WarnOfForeignFile(const std::wstring& path) {
+    ShowWarning(path + L" : not a valid Corvane file");
+}
+
+// Passes over the comment lines that follow.
+void PassCommentLines(TextReader& reader) {
+    std::string_view line;
+    int64_t position = LinePosition(reader);
+    while (ReadLine(reader, line) && IsCommentLine(line)) position = LinePosition(reader);
+    SeekLine(reader, position);
+}
+
+// From the block's header line, goes to what is kept of the text behind the header: the line that
+// opens the next block or the first model, or the block's last line when there is none.
+void PassOldBlock(TextReader& reader) {
+    const std::string modelMarker = GetMessageBytes(kMsgModelMarker);
+    std::string_view line;
+    ReadLine(reader, line);
+    int64_t position = LinePosition(reader);
+    int64_t next = position;
+    while (ReadLine(reader, line)) {
+        position = next;
+        if (OpensBlock(line, modelMarker)) break;
+        next = LinePosition(reader);
+    }
+    SeekLine(reader, position);
+}
+
+// Writes the database's text with the new block to a new file. The reader stands at the block's
+// header line.
+system::ErrorNumber WriteWithNewBlock(TextReader& reader, const std::wstring& path,
+                                      BasicShipData& bsd) {
+    TextWriter writer;
+    if (!CreateText(writer, path)) return writer.error;
+    const int64_t header = LinePosition(reader);
+    SeekLine(reader, 0);
+    CopySpan(reader, header, writer);
+    WriteLine(writer, kBsdHeaderLine);
+    WriteLine(writer, "*");
+    WriteBasicShipData(writer, bsd);
+    PassOldBlock(reader);
+    CopySpan(reader, -1, writer);
+    CloseText(writer);
+    return reader.error != system::kErrorNone ? reader.error : writer.error;
+}
+
+}  // namespace
+
+bool LoadBsdFromDatabase(const std::wstring& path, BasicShipData& bsd) {
+    TextReader reader;
+    if (!FileExists(path) || !OpenText(reader, path)) return false;
+    if (!FindLine(reader, kBsdHeaderLine)) {
+        if (reader.error == system::kErrorNone) WarnOfForeignFile(path);
+        return false;
+    }
+    std::string_view header;
+    ReadLine(reader, header);
+    PassCommentLines(reader);
+    ReadBasicShipData(reader, bsd);
+
+    const std::wstring name = bsd.Titles(1).Trimmed();
+    bsd.Titles(1).Assign(name.empty() ? BsdLabel(kLabelNoName) : name);
+    return true;
+}
+
+bool SaveBsdToDatabase(const std::wstring& path, BasicShipData& bsd) {
+    if (!FileExists(path)) return false;
+    if (IsReadOnlyFile(path)) {
+        ShowWarning(path + L" is read only!");
+        return false;
+    }
+    TextReader reader;
+    if (OpenText(reader, path) && !FindLine(reader, kBsdHeaderLine) &&
+        reader.error == system::kErrorNone) {
+        WarnOfForeignFile(path);
+        return false;
+    }
+    std::wstring temporary;
+    system::ErrorNumber error = reader.error;
+    if (error == system::kErrorNone) {
+        temporary = TempFileName();
+        error = WriteWithNewBlock(reader, temporary, bsd);
+    }
+    // Some systems let nobody rename over a file that is open.
+    system::CloseFile(reader.file);
+    if (error == system::kErrorNone) error = ReplaceFile(temporary, path).error;
+    if (error == system::kErrorNone) return true;
+    ReportMessage(kMsgFileNotWritten, {path, system::ErrorText(error), temporary});
+    return false;
+}
+
+bool ImportBsdFile(const std::wstring& path, BasicShipData& bsd) {
+    TextReader reader;
+    if (!FileExists(path) || !OpenText(reader, path)) return false;
+    BasicShipData imported = bsd;
+    imported.FormatVersion.Assign(L"");
+    const int numberCount = ReadBasicShipData(reader, imported);
+    if (reader.error != system::kErrorNone) return false;
+    const double version = LeadingNumber(imported.FormatVersion.Whole());
+    if (numberCount == 0 && !(version >= 1 && version <= 5)) {
+        WarnOfForeignFile(path);
+        return false;
+    }
+    bsd = imported;
+    return true;
+}
+
+}  // namespace corvane

@@ -1,0 +1,52 @@
+#include <algorithm>
+#include <array>
+
+#include "app/messages.h"
+#include "bsd/bsd_file.h"
+#include "bsd/bsd_layout.h"
+#include "util/numbers.h"
+
+namespace corvane {
+namespace {
+
+constexpr std::string_view kWrittenVersion = "5";
+
+template <class Number>
+void WriteNumber(TextWriter& writer, Number value) {
+    std::array<char, kLongestNumber> text;
+    const char* const end = AppendGeneral(text.data(), value);
+    WriteText(writer, {text.data(), static_cast<size_t>(end - text.data())});
+}
+
+// A text on a line of its own, blanks at its end included. A line break in the text becomes a
+// blank, and a text that readers would take for the head of another block gets another first
+// character: either would cut the records short.
+void WriteTextLine(TextWriter& writer, std::wstring_view text, std::string_view modelMarker) {
+    std::string line = system::AnsiFromWide(text);
+    std::replace(line.begin(), line.end(), '\r', ' ');
+    std::replace(line.begin(), line.end(), '\n', ' ');
+    if (OpensBlock(line, modelMarker)) {
+        line[std::min(line.find_first_not_of(' '), line.size() - 1)] = '=';
+    }
+    WriteLine(writer, line);
+}
+
+}  // namespace
+
+void WriteBasicShipData(TextWriter& writer, BasicShipData& bsd) {
+    const std::string modelMarker = GetMessageBytes(kMsgModelMarker);
+    const auto write = [&writer](auto& value, std::string_view behind) {
+        WriteNumber(writer, value);
+        WriteText(writer, behind);
+    };
+    if (IsNearZero(bsd.MainData(4))) bsd.MainData(4) = bsd.MainData(3);
+    WriteLine(writer, kWrittenVersion);
+    for (const FixedText<30>& title : bsd.Titles.elements)
+        WriteTextLine(writer, title.Whole(), modelMarker);
+    VisitNumbers(bsd, write);
+    WriteTextLine(writer, bsd.Remark.Whole(), modelMarker);
+    VisitReductionFactor(bsd, write);
+    VisitExtraData(bsd, write);
+}
+
+}  // namespace corvane
