@@ -14,11 +14,18 @@ bool IsIcon(HICON icon) {
     return reinterpret_cast<UINT_PTR>(icon) > 1;
 }
 
+// What a window answers with when it is asked for a drawing object.
+template <class Handle>
+Handle HandleIn(LRESULT answer) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): messages carry handles as numbers.
+    return reinterpret_cast<Handle>(answer);
+}
+
 HBRUSH BackgroundOf(HWND picture, HDC dc) {
     const LRESULT brush =
         SendMessageW(GetParent(picture), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc),
                      reinterpret_cast<LPARAM>(picture));
-    return brush != 0 ? reinterpret_cast<HBRUSH>(brush) : GetSysColorBrush(COLOR_BTNFACE);
+    return brush != 0 ? HandleIn<HBRUSH>(brush) : GetSysColorBrush(COLOR_BTNFACE);
 }
 
 // A bitmap of the control's size with the icon at (0, 0); the caller owns it.
@@ -42,7 +49,7 @@ HBITMAP DrawnIcon(HWND picture, HICON icon) {
 void SetPicture(HWND picture, HBITMAP bitmap) {
     const LRESULT before =
         SendMessageW(picture, STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(bitmap));
-    if (before != 0) DeleteObject(reinterpret_cast<HGDIOBJ>(before));
+    if (before != 0) DeleteObject(HandleIn<HGDIOBJ>(before));
     // A themed control may keep a copy; then ours is of no more use.
     const LRESULT kept = SendMessageW(picture, STM_GETIMAGE, IMAGE_BITMAP, 0);
     if (bitmap != nullptr && kept != reinterpret_cast<LRESULT>(bitmap)) DeleteObject(bitmap);
