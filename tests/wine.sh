@@ -76,6 +76,11 @@ EndScreen() {
     screenPids=()
 }
 
+# Starts the server of our prefix, which then stays.
+StartWine() {
+    (cd / && "${asUser[@]}" "${wineEnvironment[@]}" wineserver -p >/dev/null 2>&1)
+}
+
 # Ends every program of our own prefix and its server.
 EndWine() {
     "${asUser[@]}" "${wineEnvironment[@]}" wineserver -k -w 2>/dev/null || true
