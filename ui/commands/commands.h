@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <span>
 
+#include "database/model_kind.h"
+
 namespace corvane {
 
 // What the enabling of a command asks of the program's state.
@@ -16,7 +18,9 @@ enum class EnabledWhen {
     kNotYet          // the command does not exist yet
 };
 
+// The top menus, from left to right.
 enum class Menu { kFile, kBsd, kCreate, kSection, kHelp };
+inline constexpr int kMenuCount = 5;
 
 struct Command {
     uint16_t id;  // 0: a separator
@@ -51,7 +55,9 @@ enum CommandId : uint16_t {
 std::span<const Command> Commands();
 const Command* FindCommand(uint16_t id);
 
-// Captions of the top menus; that of the Section menu follows the selected model's kind.
+// Captions of the top menus; that of the Section menu follows the selected model's kind: its name,
+// with a keyboard letter that no other top menu has.
 const wchar_t* MenuCaption(Menu menu);
+const wchar_t* SectionMenuCaption(ModelKind kind);
 
 }  // namespace corvane

@@ -33,8 +33,11 @@ struct MainWindow {
     void (*setPositionText)(const std::wstring& text);  // LB_X
     void (*setFrameText)(const std::wstring& text);     // LB_Frame
     void (*setSectionMenuCaption)(const std::wstring& text);
-    void (*updateEnabling)();  // asks IsEnabled for every command
+    // Asks IsEnabled for every command, IsMenuEnabled for every menu, IsDatabaseOpen for the list.
+    void (*updateEnabling)();
     void (*focusList)();
+    // Closes the window as the user does; it then shuts the program down.
+    void (*close)();
 };
 
 // Reads the models of a database, with status message 621 meanwhile.
@@ -47,7 +50,12 @@ void RefreshMainWindow();
 // the Section menu follow it.
 void SelectModel(const ModelRow& row);
 
-// Title - file name - ship name; the title alone without a database.
+// No row is selected: preview and labels are empty and the Section menu has its own name again. The
+// current model's number stays.
+void DeselectModel();
+
+// Title - file name - ship name; the title alone without a database. The ship's name is stored back
+// trimmed.
 std::wstring MainWindowCaption();
 
 // The text of LB_Frame for a position [m].
@@ -56,6 +64,9 @@ std::wstring FrameText(float x);
 // Icon of a model kind, a 1-based place in IML_Small.
 int KindIcon(ModelKind kind);
 
+bool IsDatabaseOpen();
 bool IsEnabled(const Command& command, bool rowSelected);
+// Whether a top menu opens at all.
+bool IsMenuEnabled(Menu menu);
 
 }  // namespace corvane

@@ -1,0 +1,91 @@
+#include "ui/commands/commands.h"
+
+#include <algorithm>
+#include <array>
+
+#include "app/state.h"
+#include "ui/commands/main_window.h"
+
+namespace corvane {
+namespace {
+
+void Quit() {
+    shell.mainWindow->close();
+}
+
+constexpr Command Separator(Menu menu) {
+    return {0, menu, "", L"", EnabledWhen::kAlways, nullptr};
+}
+
+constexpr Command NotYet(uint16_t id, Menu menu, const char* name, const wchar_t* caption) {
+    return {id, menu, name, caption, EnabledWhen::kNotYet, nullptr};
+}
+
+constexpr std::array kCommands = {
+    NotYet(ME_FileNew, Menu::kFile, "ME_FileNew", L"&New database..."),
+    NotYet(ME_FileOpen, Menu::kFile, "ME_FileOpen", L"&Open database..."),
+    NotYet(ME_FileSaveAs, Menu::kFile, "ME_FileSaveAs", L"&Save database as..."),
+    NotYet(ME_FileSaveLegacy, Menu::kFile, "ME_FileSaveLegacy", L"Save as &Velk Dos..."),
+    Separator(Menu::kFile),
+    Command{ME_FileQuit, Menu::kFile, "ME_FileQuit", L"&Quit", EnabledWhen::kAlways, Quit},
+
+    NotYet(ME_FileBSD, Menu::kBsd, "ME_FileBSD", L"&Open..."),
+    NotYet(ME_FileImportBSD, Menu::kBsd, "ME_FileImportBSD", L"&Import..."),
+
+    NotYet(ME_SectionNew, Menu::kCreate, "ME_SectionNew", L"&Section..."),
+    NotYet(ME_NewBulkhead, Menu::kCreate, "ME_NewBulkhead", L"&Bulkhead Arrangement"),
+    NotYet(ME_NewTorsion, Menu::kCreate, "ME_NewTorsion", L"&Model for Torsion"),
+
+    NotYet(ME_SectionInput, Menu::kSection, "ME_SectionInput", L"&Edit..."),
+    NotYet(ME_SectionVelkRule, Menu::kSection, "ME_SectionVelkRule", L"&Rule..."),
+    Separator(Menu::kSection),
+    NotYet(ME_SectionCopy, Menu::kSection, "ME_SectionCopy", L"&Copy..."),
+    NotYet(ME_SectionRemove, Menu::kSection, "ME_SectionRemove", L"&Delete..."),
+    Separator(Menu::kSection),
+    NotYet(ME_SectionImport, Menu::kSection, "ME_SectionImport", L"&Import..."),
+    NotYet(ME_SectionExport, Menu::kSection, "ME_SectionExport", L"E&xport to Velk Dos..."),
+
+    NotYet(ME_HelpAbout, Menu::kHelp, "ME_HelpAbout", L"&About..."),
+};
+
+}  // namespace
+
+std::span<const Command> Commands() {
+    return kCommands;
+}
+
+const Command* FindCommand(uint16_t id) {
+    const auto found = std::find_if(kCommands.begin(), kCommands.end(),
+                                    [&](const Command& command) { return command.id == id; });
+    return id == 0 || found == kCommands.end() ? nullptr : &*found;
+}
+
+const wchar_t* MenuCaption(Menu menu) {
+    switch (menu) {
+        case Menu::kFile:
+            return L"&File";
+        case Menu::kBsd:
+            return L"&BSD";
+        case Menu::kCreate:
+            return L"&Create";
+        case Menu::kSection:
+            return SectionMenuCaption(ModelKind::kSection);
+        case Menu::kHelp:
+            break;
+    }
+    return L"&Help";
+}
+
+const wchar_t* SectionMenuCaption(ModelKind kind) {
+    switch (kind) {
+        case ModelKind::kBulkhead:
+            return L"Bul&khead";
+        case ModelKind::kTorsion:
+            return L"&Torsion";
+        case ModelKind::kSection:
+            break;
+    }
+    return L"&Section";
+}
+
+}  // namespace corvane

@@ -1,0 +1,177 @@
+#include "ui/commands/main_window.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "app/messages.h"
+#include "app/state.h"
+#include "bsd/frames.h"
+#include "database/database_file.h"
+#include "util/numbers.h"
+#include "util/paths.h"
+#include "util/processes.h"
+
+namespace corvane {
+namespace {
+
+// A ship's frame and a model stand together when they are no farther apart than this [m].
+constexpr double kSamePlace_m = 0.001;
+
+std::wstring IdText(int number) {
+    return number < 10 ? L' ' + std::to_wstring(number) : std::to_wstring(number);
+}
+
+ModelRow RowOf(const ModelEntry& model, int number) {
+    ModelRow row;
+    row.name = model.name;
+    // The sum makes a negative zero a plain one.
+    if (model.x >= 0) row.x = DecimalText(double{model.x} + 0.0, 3, 3);
+    row.id = IdText(number);
+    row.type = KindName(model.kind);
+    row.icon = KindIcon(model.kind);
+    row.tag = static_cast<int16_t>(number);
+    row.kind = model.kind;
+    return row;
+}
+
+// A number in a format such as "#0.000" or "0.0##".
+std::wstring FormattedNumber(double value, std::wstring_view format) {
+    const size_t point = format.find(L'.');
+    if (point == std::wstring_view::npos) return DecimalText(value, 0, 0);
+    const std::wstring_view decimals = format.substr(point + 1);
+    const auto least = static_cast<int>(std::count(decimals.begin(), decimals.end(), L'0'));
+    const auto optional = static_cast<int>(std::count(decimals.begin(), decimals.end(), L'#'));
+    return DecimalText(value, least, least + optional);
+}
+
+// Lists the models and selects the current one, when there is such a row.
+void ShowDatabase(const MainWindow& window) {
+    if (shell.currentModel == 0) shell.currentModel = 1;
+    window.setDatabaseText(shell.settings.DatabasePath);
+    const std::vector<ModelRow> rows = FillModelList(shell.settings.DatabasePath);
+    window.setRows(rows);
+    const auto current = std::find_if(rows.begin(), rows.end(), [](const ModelRow& row) {
+        return row.tag == shell.currentModel;
+    });
+    if (current == rows.end()) {
+        window.selectRow(-1);
+        DeselectModel();
+        return;
+    }
+    window.selectRow(static_cast<int>(current - rows.begin()));
+    SelectModel(*current);
+}
+
+void ShowNoDatabase(const MainWindow& window) {
+    window.setDatabaseText(L"No database selected");
+    window.setRows({});
+    window.selectRow(-1);
+    DeselectModel();
+}
+
+}  // namespace
+
+int KindIcon(ModelKind kind) {
+    switch (kind) {
+        case ModelKind::kBulkhead:
+            return 2;
+        case ModelKind::kTorsion:
+            return 3;
+        case ModelKind::kSection:
+            break;
+    }
+    return 1;
+}
+
+std::vector<ModelRow> FillModelList(const std::wstring& path) {
+    ReportStatus(kMsgReadingModels, {path});
+    std::vector<ModelRow> rows;
+    for (const ModelEntry& model : ListModelsWithPositions(path)) {
+        // Model numbers are 16-bit.
+        if (rows.size() == std::numeric_limits<int16_t>::max()) break;
+        rows.push_back(RowOf(model, static_cast<int>(rows.size()) + 1));
+    }
+    ShowStatus(L"");
+    return rows;
+}
+
+void RefreshMainWindow() {
+    if (shell.mainWindow == nullptr) return;
+    const MainWindow& window = *shell.mainWindow;
+    if (IsDatabaseOpen()) {
+        ShowDatabase(window);
+    } else {
+        ShowNoDatabase(window);
+    }
+    shell.screen.setMainCaption(MainWindowCaption());
+    window.updateEnabling();
+    ShowStatus(L"");
+    if (!IsBsdDefined(shell.bsd)) ReportStatus(kMsgInputBsdFirst);
+    if (window.selectedRow() >= 0) window.focusList();
+    ResetMousePointer();
+}
+
+void SelectModel(const ModelRow& row) {
+    const MainWindow& window = *shell.mainWindow;
+    shell.currentModel = row.tag;
+    window.clearPreview();
+    const float x = ModelPosition(shell.settings.DatabasePath, shell.currentModel);
+    window.setPositionText(FormatMessage(kMsgPosition, {x}));
+    window.setFrameText(FrameText(x));
+    window.setSectionMenuCaption(SectionMenuCaption(row.kind));
+    window.updateEnabling();
+}
+
+void DeselectModel() {
+    const MainWindow& window = *shell.mainWindow;
+    window.clearPreview();
+    window.setPositionText(L"");
+    window.setFrameText(L"");
+    window.setSectionMenuCaption(MenuCaption(Menu::kSection));
+    window.updateEnabling();
+}
+
+std::wstring MainWindowCaption() {
+    if (!IsDatabaseOpen()) return shell.title;
+    FixedText<30>& shipName = shell.bsd.Titles(5);
+    shipName.Assign(shipName.Trimmed());
+    return shell.title + L" - " + FileNameOf(shell.settings.DatabasePath) + L" - " +
+           shipName.Trimmed();
+}
+
+std::wstring FrameText(float x) {
+    const NearestFrameResult nearest = NearestFrame(shell.bsd, x);
+    if (!nearest.found) return L"No frame in BSD";
+    const std::wstring frame = std::to_wstring(nearest.frame);
+    if (nearest.distance < kSamePlace_m) return L"Frame : " + frame;
+    return L"Closer Frame : " + frame + L" (" +
+           FormattedNumber(nearest.distance, GetMessage(kMsgFrameDistanceFormat)) + L" m)";
+}
+
+bool IsDatabaseOpen() {
+    return !shell.settings.DatabasePath.empty();
+}
+
+bool IsEnabled(const Command& command, bool rowSelected) {
+    switch (command.enabledWhen) {
+        case EnabledWhen::kAlways:
+            return true;
+        case EnabledWhen::kDatabaseOpen:
+            return IsDatabaseOpen();
+        case EnabledWhen::kBsdDefined:
+            return IsDatabaseOpen() && IsBsdDefined(shell.bsd);
+        case EnabledWhen::kModelSelected:
+            return rowSelected;
+        case EnabledWhen::kNotYet:
+            break;
+    }
+    return false;
+}
+
+bool IsMenuEnabled(Menu menu) {
+    if (menu == Menu::kBsd) return IsDatabaseOpen();
+    if (menu == Menu::kCreate) return IsDatabaseOpen() && IsBsdDefined(shell.bsd);
+    return true;
+}
+
+}  // namespace corvane
