@@ -1,0 +1,24 @@
+// Identifiers of the main window's controls; tests and screen readers find them by these. Menu
+// items have theirs in ui/commands/commands.h.
+#pragma once
+
+namespace corvane {
+
+enum ControlId : int {
+    TX_DataBase = 1000,
+    Command1,
+    LI_Sections,
+    LB_X,
+    LB_Frame,
+    PAN_Help,
+    LB_DataBase,  // names TX_DataBase
+    LN_Status,    // the line above PAN_Help
+    LB_Title = 1100,
+    LB_Version,
+};
+
+// Window classes.
+inline constexpr wchar_t kMainWindowClass[] = L"FM_Main";
+inline constexpr wchar_t kSplashClass[] = L"FM_Load";
+
+}  // namespace corvane

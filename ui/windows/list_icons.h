@@ -1,0 +1,13 @@
+// The pictures of the model kinds, IML_Small, drawn at the size that the screen's resolution asks
+// for.
+#pragma once
+
+#include "platform/win32/win32.h"
+
+namespace corvane {
+
+// Small icons in the order of KindIcon: section, bulkhead arrangement, torsion model. The caller
+// destroys the list.
+HIMAGELIST CreateKindIcons(UINT dpi);
+
+}  // namespace corvane

@@ -1,0 +1,119 @@
+#include "ui/windows/screen.h"
+
+#include <exception>
+
+#include "app/messages.h"
+#include "app/state.h"
+#include "ui/windows/control_ids.h"
+#include "ui/windows/main_window.h"
+#include "ui/windows/splash.h"
+
+namespace corvane {
+namespace {
+
+// A window that is looked for, and what was found.
+struct Search {
+    std::wstring text;
+    HWND exact = nullptr;
+    HWND beginning = nullptr;
+};
+
+BOOL CALLBACK CompareClass(HWND window, LPARAM parameter) {
+    auto& search = *reinterpret_cast<Search*>(parameter);
+    wchar_t name[64] = L"";
+    GetClassNameW(window, name, 64);
+    if (search.text != name) return TRUE;
+    search.exact = window;
+    return FALSE;
+}
+
+BOOL CALLBACK CompareTitle(HWND window, LPARAM parameter) {
+    auto& search = *reinterpret_cast<Search*>(parameter);
+    if (!IsWindowVisible(window)) return TRUE;
+    wchar_t buffer[512] = L"";
+    const int length = GetWindowTextW(window, buffer, 512);
+    const std::wstring_view title(buffer, static_cast<size_t>(length));
+    if (title == search.text) {
+        search.exact = window;
+        return FALSE;
+    }
+    if (search.beginning == nullptr && title.starts_with(search.text)) search.beginning = window;
+    return TRUE;
+}
+
+int ShowBox(const std::wstring& text, UINT style) {
+    const HWND main = OwnWindow(kMainWindowClass);
+    const HWND owner = main != nullptr && IsWindowVisible(main) ? main : nullptr;
+    return MessageBoxW(owner, text.c_str(), shell.title.c_str(), style);
+}
+
+void ShowWarningBox(const std::wstring& text) {
+    ShowBox(text, MB_OK | MB_ICONEXCLAMATION);
+}
+
+void ShowPlainBox(const std::wstring& text) {
+    ShowBox(text, MB_OK);
+}
+
+bool AskYesNo(const std::wstring& text) {
+    return ShowBox(text, MB_YESNO | MB_ICONQUESTION) == IDYES;
+}
+
+// Repaints, and answers other programs; input stays waiting, so that no command begins inside of
+// another one.
+void ProcessPendingMessages() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE | PM_QS_PAINT | PM_QS_SENDMESSAGE)) {
+        DispatchMessageW(&message);
+    }
+}
+
+void ActivateRunningInstance(const std::wstring& title) {
+    Search search;
+    search.text = title;
+    EnumWindows(CompareTitle, reinterpret_cast<LPARAM>(&search));
+    const HWND found = search.exact != nullptr ? search.exact : search.beginning;
+    if (found == nullptr) return;
+    if (IsIconic(found)) ShowWindow(found, SW_RESTORE);
+    SetForegroundWindow(found);
+}
+
+}  // namespace
+
+HWND OwnWindow(const wchar_t* className) {
+    Search search;
+    search.text = className;
+    EnumThreadWindows(GetCurrentThreadId(), CompareClass, reinterpret_cast<LPARAM>(&search));
+    return search.exact;
+}
+
+void ReportFault() noexcept {
+    try {
+        try {
+            throw;
+        } catch (const std::exception& fault) {
+            const std::string text = fault.what();
+            ReportMessage(kMsgUnexpectedFault, {std::wstring(text.begin(), text.end())});
+        } catch (...) {
+            ReportMessage(kMsgUnexpectedFault);
+        }
+    } catch (...) {
+        // Not even the report could be made: what is left needs no memory of ours.
+        MessageBoxW(nullptr, L"Out of memory", L"Corvane", MB_OK | MB_ICONEXCLAMATION);
+    }
+}
+
+Screen WindowsScreen() {
+    Screen screen;
+    screen.showWarningBox = ShowWarningBox;
+    screen.showPlainBox = ShowPlainBox;
+    screen.askYesNo = AskYesNo;
+    screen.processPendingMessages = ProcessPendingMessages;
+    screen.showSplash = ShowSplash;
+    screen.unloadSplash = UnloadSplash;
+    screen.activateRunningInstance = ActivateRunningInstance;
+    FillMainWindowProcedures(screen);
+    return screen;
+}
+
+}  // namespace corvane
