@@ -37,8 +37,7 @@ void PlaceDatabaseRow(Divider& divider, RECT& area, SIZE label) {
     const int labelTop = area.top + (height - label.cy) / 2;
     const int fieldLeft = area.left + label.cx + divider.Length(kGap);
     divider.Place(LB_DataBase, {area.left, labelTop, area.left + label.cx, labelTop + label.cy});
-    divider.Place(TX_DataBase,
-                  {fieldLeft, area.top, buttonLeft - divider.Length(kGap), bottom});
+    divider.Place(TX_DataBase, {fieldLeft, area.top, buttonLeft - divider.Length(kGap), bottom});
     divider.Place(Command1, {buttonLeft, area.top, area.right, bottom});
     area.top = bottom + divider.Length(kGap);
 }
@@ -49,8 +48,8 @@ void PlaceStatusLine(Divider& divider, RECT& area, int textHeight) {
     divider.Place(LN_Status, {area.left, top, area.right, top + 2});
     const int margin = divider.Length(kMargin);
     const int textTop = top + divider.Length(kStatusPadding) + 1;
-    divider.Place(PAN_Help, {area.left + margin, textTop, area.right - margin,
-                             textTop + textHeight});
+    divider.Place(PAN_Help,
+                  {area.left + margin, textTop, area.right - margin, textTop + textHeight});
     area.bottom = top;
 }
 

@@ -7,7 +7,6 @@
 #include <span>
 #include <vector>
 
-#include "platform/win32/win32.h"
 #include "ui/windows/dpi.h"
 
 namespace corvane {
@@ -77,10 +76,10 @@ void StrokeTurn(Coverage& picture, double from, double to) {
 // Shell and inner skin of a midship section.
 Coverage SectionPicture(int size) {
     Coverage picture{size, std::vector<float>(static_cast<size_t>(size) * size)};
-    const Point shell[] = {{1.5, 2.5}, {1.5, 11.5}, {3.5, 13.5}, {12.5, 13.5}, {14.5, 11.5},
-                           {14.5, 2.5}};
-    const Point innerSkin[] = {{1.5, 2.5}, {4.5, 2.5}, {4.5, 8.5}, {6.5, 10.5}, {9.5, 10.5},
-                               {11.5, 8.5}, {11.5, 2.5}, {14.5, 2.5}};
+    const Point shell[] = {{1.5, 2.5},   {1.5, 11.5},  {3.5, 13.5},
+                           {12.5, 13.5}, {14.5, 11.5}, {14.5, 2.5}};
+    const Point innerSkin[] = {{1.5, 2.5},  {4.5, 2.5},  {4.5, 8.5},  {6.5, 10.5},
+                               {9.5, 10.5}, {11.5, 8.5}, {11.5, 2.5}, {14.5, 2.5}};
     Stroke(picture, shell, 1.5);
     Stroke(picture, innerSkin, 1.0);
     return picture;

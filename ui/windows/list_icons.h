@@ -2,7 +2,7 @@
 // for.
 #pragma once
 
-#include "platform/win32/win32.h"
+#include "ui/windows/controls.h"
 
 namespace corvane {
 

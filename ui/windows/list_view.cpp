@@ -72,9 +72,9 @@ void SetItemState(HWND list, int index, UINT state) {
 HWND CreateModelList(HWND parent) {
     const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL |
                         LVS_SHOWSELALWAYS | LVS_NOSORTHEADER;
-    const HWND list = CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, kAccessibleName, style, 0, 0,
-                                      0, 0, parent, reinterpret_cast<HMENU>(INT_PTR{LI_Sections}),
-                                      nullptr, nullptr);
+    const HWND list =
+        CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, kAccessibleName, style, 0, 0, 0, 0, parent,
+                        reinterpret_cast<HMENU>(INT_PTR{LI_Sections}), nullptr, nullptr);
     const DWORD extended =
         LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP | LVS_EX_INFOTIP;
     SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, extended, extended);

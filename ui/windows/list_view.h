@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "platform/win32/win32.h"
 #include "ui/commands/main_window.h"
+#include "ui/windows/controls.h"
 
 namespace corvane {
 

@@ -2,8 +2,8 @@
 #include "app/start_up.h"
 #include "app/state.h"
 #include "platform/system.h"
-#include "platform/win32/win32.h"
 #include "ui/windows/control_ids.h"
+#include "ui/windows/controls.h"
 #include "ui/windows/screen.h"
 
 namespace corvane {

@@ -29,7 +29,7 @@ struct MainWindowState {
     HFONT font = nullptr;
     HWND toolTips = nullptr;
     std::wstring toolTipText;  // what the tool tip shows
-    HWND focus = nullptr;  // the control that gets the focus with the window's activation
+    HWND focus = nullptr;      // the control that gets the focus with the window's activation
     std::vector<ModelRow> rows;
     bool filling = false;  // the program, not the user, changes the list
     bool busy = false;     // the pointer is the hourglass
@@ -223,8 +223,8 @@ LRESULT OnNotify(HWND window, LPARAM lParam) {
 
 // A status line in red tells that the work stopped there.
 LRESULT OnColourStatic(HWND window, HDC dc, HWND control) {
-    const bool red = GetDlgCtrlID(control) == PAN_Help &&
-                     StateOf(window)->statusColour == StatusColour::kRed;
+    const bool red =
+        GetDlgCtrlID(control) == PAN_Help && StateOf(window)->statusColour == StatusColour::kRed;
     SetTextColor(dc, red ? RGB(255, 0, 0) : GetSysColor(COLOR_BTNTEXT));
     SetBkColor(dc, GetSysColor(COLOR_BTNFACE));
     return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
@@ -348,11 +348,10 @@ void LoadMainWindow() {
     windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
     windowClass.lpszClassName = kMainWindowClass;
     RegisterClassExW(&windowClass);
-    const HWND window =
-        CreateWindowExW(WS_EX_CONTROLPARENT, kMainWindowClass, shell.title.c_str(),
-                        WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT,
-                        CW_USEDEFAULT, CW_USEDEFAULT, nullptr, CreateMenuBar(),
-                        windowClass.hInstance, nullptr);
+    const HWND window = CreateWindowExW(WS_EX_CONTROLPARENT, kMainWindowClass, shell.title.c_str(),
+                                        WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
+                                        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr,
+                                        CreateMenuBar(), windowClass.hInstance, nullptr);
     if (window != nullptr) shell.mainWindow = &kProcedures;
 }
 

@@ -1,6 +1,7 @@
 #include "ui/windows/splash.h"
 
 #include "ui/windows/control_ids.h"
+#include "ui/windows/controls.h"
 #include "ui/windows/dpi.h"
 #include "ui/windows/screen.h"
 #include "util/version.h"
@@ -44,18 +45,18 @@ void AddLine(HWND window, ControlId id, const std::wstring& text, HFONT font) {
     const UINT dpi = DpiOf(window);
     const int top = Scaled(id == LB_Title ? kTitleTop : kVersionTop, dpi);
     const int height = TextSize(window, font, text).cy;
-    const HWND label = CreateWindowExW(
-        0, WC_STATICW, text.c_str(), WS_CHILD | WS_VISIBLE | SS_CENTER | SS_NOPREFIX, 0, top,
-        Scaled(kClientSize.cx, dpi), height, window, reinterpret_cast<HMENU>(INT_PTR{id}), nullptr,
-        nullptr);
+    const HWND label = CreateWindowExW(0, WC_STATICW, text.c_str(),
+                                       WS_CHILD | WS_VISIBLE | SS_CENTER | SS_NOPREFIX, 0, top,
+                                       Scaled(kClientSize.cx, dpi), height, window,
+                                       reinterpret_cast<HMENU>(INT_PTR{id}), nullptr, nullptr);
     SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
 }
 
 // Gives the window its size, in the middle of the main screen.
 void Centre(HWND window) {
     const UINT dpi = DpiOf(window);
-    const SIZE size = WindowSize(
-        window, {Scaled(kClientSize.cx, dpi), Scaled(kClientSize.cy, dpi)}, false, dpi);
+    const SIZE size =
+        WindowSize(window, {Scaled(kClientSize.cx, dpi), Scaled(kClientSize.cy, dpi)}, false, dpi);
     RECT area{};
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
     SetWindowPos(window, HWND_TOPMOST, area.left + (area.right - area.left - size.cx) / 2,

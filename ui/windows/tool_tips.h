@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/win32/win32.h"
+#include "ui/windows/controls.h"
 
 namespace corvane {
 
