@@ -102,7 +102,8 @@ TEST(Commands, IdentifiersAndNamesAreUnique) {
 
 TEST(Commands, EveryCommandIsFoundByItsIdentifier) {
     for (const Command& command : Commands()) {
-        if (command.id != 0) EXPECT_EQ(FindCommand(command.id), &command);
+        if (command.id == 0) continue;
+        EXPECT_EQ(FindCommand(command.id), &command) << command.name;
     }
 }
 

@@ -180,9 +180,7 @@ TEST(MainWindow, StatusTellsThePathWhileTheListIsFilledAndIsThenCleared) {
     window.Open(Database(1));
     FillModelList(shell.settings.DatabasePath);
     EXPECT_EQ(test::RecordingScreen::Of("caption"),
-              (Events{"Reading " + Narrow(shell.settings.DatabasePath) + "..."}));
-    EXPECT_TRUE(Happened("caption "));
-    EXPECT_EQ(test::RecordingScreen::caption, L"");
+              (Events{"Reading " + Narrow(shell.settings.DatabasePath) + "...", ""}));
 }
 
 TEST(MainWindow, ListOfAFileThatIsMissingIsEmpty) {
