@@ -1,5 +1,7 @@
 #include "ui/windows/layout.h"
 
+#include <string>
+
 #include "ui/windows/control_ids.h"
 #include "ui/windows/dpi.h"
 #include "ui/windows/list_view.h"
@@ -11,7 +13,9 @@ namespace {
 constexpr int kMargin = 11;
 constexpr int kGap = 7;
 constexpr int kButtonWidth = 80;
-constexpr int kFieldHeight = 23;
+constexpr int kFieldPadding = 4;
+// What a text field has above its text at any resolution: its edge and a pixel [pixels].
+constexpr int kFieldTextTop = 3;
 constexpr int kStatusPadding = 5;
 constexpr int kPositionWidth = 200;
 
@@ -31,10 +35,10 @@ struct Divider {
 
 // The row with the path and the button; `area` becomes what is left below it.
 void PlaceDatabaseRow(Divider& divider, RECT& area, SIZE label) {
-    const int height = divider.Length(kFieldHeight);
+    const int height = label.cy + divider.Length(kFieldPadding) + kFieldTextTop + 1;
     const int bottom = area.top + height;
     const int buttonLeft = area.right - divider.Length(kButtonWidth);
-    const int labelTop = area.top + (height - label.cy) / 2;
+    const int labelTop = area.top + kFieldTextTop;
     const int fieldLeft = area.left + label.cx + divider.Length(kGap);
     divider.Place(LB_DataBase, {area.left, labelTop, area.left + label.cx, labelTop + label.cy});
     divider.Place(TX_DataBase, {fieldLeft, area.top, buttonLeft - divider.Length(kGap), bottom});
@@ -65,7 +69,9 @@ void PlaceModelLabels(Divider& divider, RECT& area, int textHeight) {
 }  // namespace
 
 void LayOutMainWindow(HWND window, HFONT font, UINT dpi) {
-    const SIZE label = TextSize(window, font, WindowText(GetDlgItem(window, LB_DataBase)));
+    std::wstring labelText = WindowText(GetDlgItem(window, LB_DataBase));
+    std::erase(labelText, L'&');
+    const SIZE label = TextSize(window, font, labelText);
     Divider divider{window, BeginDeferWindowPos(8), dpi};
     RECT area{};
     GetClientRect(window, &area);

@@ -58,15 +58,15 @@ void Stroke(Coverage& picture, std::span<const Point> points, double width) {
 }
 
 // Half of the ring in the middle, from one angle to the other [degrees], and its arrow head.
-void StrokeTurn(Coverage& picture, double from, double to) {
+void StrokeTurn(Coverage& picture, int from, int to) {
     constexpr double kRadius = 5.2;
-    const auto onRing = [](double degrees, double radius) {
+    const auto onRing = [](int degrees, double radius) {
         const double angle = degrees * std::numbers::pi / 180;
         return Point{kUnits / 2.0 + radius * std::cos(angle),
                      kUnits / 2.0 + radius * std::sin(angle)};
     };
     std::vector<Point> ring;
-    for (double angle = from; angle <= to; angle += 10) ring.push_back(onRing(angle, kRadius));
+    for (int angle = from; angle <= to; angle += 10) ring.push_back(onRing(angle, kRadius));
     Stroke(picture, ring, 1.5);
     const Point head[] = {onRing(to - 28, kRadius + 2.6), onRing(to, kRadius),
                           onRing(to - 36, kRadius - 2.0)};

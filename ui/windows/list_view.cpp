@@ -1,5 +1,7 @@
 #include "ui/windows/list_view.h"
 
+#include <uxtheme.h>
+
 #include <algorithm>
 
 #include "ui/windows/control_ids.h"
@@ -78,6 +80,8 @@ HWND CreateModelList(HWND parent) {
     const DWORD extended =
         LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP | LVS_EX_INFOTIP;
     SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, extended, extended);
+    // Rows light up as in the system's own lists, where the theme knows that.
+    SetWindowTheme(list, L"Explorer", nullptr);
     AddColumn(list, kName, L"Name", LVCFMT_LEFT);
     AddColumn(list, kX, L"X", LVCFMT_RIGHT);
     AddColumn(list, kId, L"Id", LVCFMT_RIGHT);

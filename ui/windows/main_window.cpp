@@ -24,6 +24,7 @@ namespace {
 // row got it.
 constexpr UINT kSelectionLost = WM_APP;
 
+// Belongs to the window from its creation on, and goes with it.
 struct MainWindowState {
     UINT dpi = USER_DEFAULT_SCREEN_DPI;
     HFONT font = nullptr;
@@ -168,9 +169,7 @@ void TakeFirstSize(HWND window, UINT dpi) {
 }
 
 void OnCreate(HWND window) {
-    auto state = std::make_unique<MainWindowState>();
-    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(state.get()));
-    AddControls(window, *state.release());
+    AddControls(window, *StateOf(window));
     const UINT dpi = DpiOf(window);
     TakeFirstSize(window, dpi);
     TakeResolution(window, dpi);
@@ -324,10 +323,13 @@ LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    // Before the state is there, and after it has gone, the window needs nothing of ours.
-    if (StateOf(window) == nullptr && message != WM_CREATE) {
-        return DefWindowProcW(window, message, wParam, lParam);
+    if (message == WM_NCCREATE) {
+        const auto& creation = *reinterpret_cast<const CREATESTRUCTW*>(lParam);
+        SetWindowLongPtrW(window, GWLP_USERDATA,
+                          reinterpret_cast<LONG_PTR>(creation.lpCreateParams));
     }
+    // Before the state is there, and after it has gone, the window needs nothing of ours.
+    if (StateOf(window) == nullptr) return DefWindowProcW(window, message, wParam, lParam);
     try {
         return HandleMessage(window, message, wParam, lParam);
     } catch (...) {
@@ -348,10 +350,11 @@ void LoadMainWindow() {
     windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
     windowClass.lpszClassName = kMainWindowClass;
     RegisterClassExW(&windowClass);
-    const HWND window = CreateWindowExW(WS_EX_CONTROLPARENT, kMainWindowClass, shell.title.c_str(),
-                                        WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
-                                        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr,
-                                        CreateMenuBar(), windowClass.hInstance, nullptr);
+    const HWND window =
+        CreateWindowExW(WS_EX_CONTROLPARENT, kMainWindowClass, shell.title.c_str(),
+                        WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT,
+                        CW_USEDEFAULT, CW_USEDEFAULT, nullptr, CreateMenuBar(),
+                        windowClass.hInstance, std::make_unique<MainWindowState>().release());
     if (window != nullptr) shell.mainWindow = &kProcedures;
 }
 

@@ -14,27 +14,22 @@ constexpr SIZE kClientSize{360, 160};
 constexpr int kTitleTop = 48;
 constexpr int kVersionTop = 96;
 
-// The resources of one splash window.
-struct Splash {
-    HFONT titleFont;
-    HFONT font;
-};
+// Each label owns its font.
+void DeleteFonts(HWND window) {
+    for (const ControlId id : {LB_Title, LB_Version}) {
+        DeleteObject(
+            reinterpret_cast<HFONT>(SendMessageW(GetDlgItem(window, id), WM_GETFONT, 0, 0)));
+    }
+}
 
 LRESULT CALLBACK SplashProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_CTLCOLORSTATIC:
             SetBkMode(reinterpret_cast<HDC>(wParam), TRANSPARENT);
             return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
-        case WM_NCDESTROY: {
-            const auto* splash =
-                reinterpret_cast<const Splash*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-            if (splash != nullptr) {
-                DeleteObject(splash->titleFont);
-                DeleteObject(splash->font);
-                delete splash;
-            }
+        case WM_DESTROY:
+            DeleteFonts(window);
             break;
-        }
         default:
             break;
     }
@@ -86,10 +81,8 @@ void ShowSplash(const std::wstring& title) {
     if (window == nullptr) return;
     Centre(window);
     const UINT dpi = DpiOf(window);
-    auto* splash = new Splash{CreateMessageFont(dpi, 220, FW_SEMIBOLD), CreateMessageFont(dpi)};
-    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(splash));
-    AddLine(window, LB_Title, title, splash->titleFont);
-    AddLine(window, LB_Version, L"Version " + VersionText(), splash->font);
+    AddLine(window, LB_Title, title, CreateMessageFont(dpi, 220, FW_SEMIBOLD));
+    AddLine(window, LB_Version, L"Version " + VersionText(), CreateMessageFont(dpi));
     ShowWindow(window, SW_SHOWNOACTIVATE);
     UpdateWindow(window);
 }
