@@ -27,13 +27,16 @@ struct Coverage {
     std::vector<float> pixels;
 };
 
-double DistanceToSegment(Point p, Point a, Point b) {
+// Of a point from a straight segment.
+double SquaredDistance(Point p, Point a, Point b) {
     const double dx = b.x - a.x;
     const double dy = b.y - a.y;
     const double length = dx * dx + dy * dy;
     const double t =
         length == 0 ? 0 : std::clamp(((p.x - a.x) * dx + (p.y - a.y) * dy) / length, 0.0, 1.0);
-    return std::hypot(p.x - a.x - t * dx, p.y - a.y - t * dy);
+    const double offX = p.x - a.x - t * dx;
+    const double offY = p.y - a.y - t * dy;
+    return offX * offX + offY * offY;
 }
 
 // Draws a line of `width` units through the points.
@@ -45,7 +48,7 @@ void Stroke(Coverage& picture, std::span<const Point> points, double width) {
         for (int x = 0; x < fine; ++x) {
             const Point p{(x + 0.5) * unit, (y + 0.5) * unit};
             for (size_t i = 0; i + 1 < points.size(); ++i) {
-                if (DistanceToSegment(p, points[i], points[i + 1]) > width / 2) continue;
+                if (SquaredDistance(p, points[i], points[i + 1]) > width * width / 4) continue;
                 const int place = (y / kFiner) * picture.size + x / kFiner;
                 added[static_cast<size_t>(place)] += 1.0F / (kFiner * kFiner);
                 break;
