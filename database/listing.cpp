@@ -26,7 +26,13 @@ struct Listing {
     ValueRow row;
 };
 
-// From inside a block's head to the line behind the name label.
+// From behind a marker over the number to the keyword.
+bool ReadKeyword(TextReader& reader, const Listing& listing, std::string_view& keyword) {
+    return ReadBlockLine(reader, listing.modelMarker, keyword) &&  // the number
+           ReadBlockLine(reader, listing.modelMarker, keyword);
+}
+
+// From behind the keyword to the line behind the name label.
 bool PassNameLabel(TextReader& reader, const Listing& listing) {
     std::string_view line;
     while (ReadBlockLine(reader, listing.modelMarker, line)) {
@@ -46,8 +52,7 @@ float ReadPosition(TextReader& reader, Listing& listing) {
 void ReadEntry(TextReader& reader, Listing& listing, Detail detail, ModelEntry& entry) {
     if (detail == Detail::kPositions) entry.x = 0;
     std::string_view line;
-    if (!ReadBlockLine(reader, listing.modelMarker, line)) return;  // the number
-    if (!ReadBlockLine(reader, listing.modelMarker, line)) return;
+    if (!ReadKeyword(reader, listing, line)) return;
     entry.kind = KindOfKeyword(line);
     const bool hasPosition = detail == Detail::kPositions && entry.kind != ModelKind::kTorsion;
     if (!hasPosition) entry.x = -1;
@@ -88,7 +93,7 @@ float ModelPosition(const std::wstring& path, int32_t number) {
     std::string_view line;
     FindLine(reader, listing.modelMarker);
     ReadLine(reader, line);
-    if (!PassNameLabel(reader, listing)) return 0;
+    if (!ReadKeyword(reader, listing, line) || !PassNameLabel(reader, listing)) return 0;
     if (!ReadBlockLine(reader, listing.modelMarker, line)) return 0;  // the name
     return ReadPosition(reader, listing);
 }
