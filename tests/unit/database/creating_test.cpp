@@ -1,7 +1,6 @@
 // CreateDatabaseFile and WriteBlockHead.
 #include <gtest/gtest.h>
 
-#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -35,6 +34,19 @@ std::vector<std::string> LinesOf(const std::string& text) {
     return lines;
 }
 
+// Whether the line is these parts in their order with any text between them, but none before the
+// first and none behind the last.
+bool HasParts(const std::string& line, const std::vector<std::string>& parts) {
+    size_t at = 0;
+    for (const std::string& part : parts) {
+        const size_t found = line.find(part, at);
+        if (found == std::string::npos || (at == 0 && found != 0)) return false;
+        at = found + part.size();
+    }
+    return line.size() >= parts.back().size() &&
+           line.compare(line.size() - parts.back().size(), std::string::npos, parts.back()) == 0;
+}
+
 struct CreatingTest : testing::Test {
     test::TemporaryFolder folder;
     std::wstring path = folder.File(L"ship.ve2");
@@ -49,17 +61,18 @@ TEST_F(CreatingTest, FileHeadIsTheGoldenOneButForItsStamps) {
     ASSERT_TRUE(CreateDatabaseFile(path, bsd));
     std::vector<std::string> written = LinesOf(test::ReadFileBytes(path));
 
-    const std::vector<std::regex> stamps = {
-        std::regex(R"(\* Program : Corvane \d+\.\d+ R\d+ 32bit\r)"),
-        std::regex(R"(\* Format version :  2\.002 \r)"),
-        std::regex(R"(\* Written by : .*, .*\d.*,  .*\d+.*\r)"), std::regex(R"(\* User : .+\r)")};
+    const std::vector<std::vector<std::string>> stamps = {
+        {"* Program : Corvane ", ".", " R", " 32bit\r"},
+        {"* Format version :  2.002 \r"},
+        {"* Written by : ", ", ", ",  ", "\r"},
+        {"* User : ", "\r"}};
     ASSERT_GE(written.size(), 7u);
     for (size_t i = 0; i < stamps.size(); ++i) {
-        EXPECT_TRUE(std::regex_match(golden[3 + i], stamps[i])) << golden[3 + i];
+        EXPECT_TRUE(HasParts(golden[3 + i], stamps[i])) << golden[3 + i];
         if (i == 3 && CurrentStamp().userName.empty()) {
             written.insert(written.begin() + 6, golden[6]);
         }
-        EXPECT_TRUE(std::regex_match(written[3 + i], stamps[i])) << written[3 + i];
+        EXPECT_TRUE(HasParts(written[3 + i], stamps[i])) << written[3 + i];
         written[3 + i] = golden[3 + i];
     }
     EXPECT_EQ(written, golden);
