@@ -1,0 +1,109 @@
+// Databases that are locked, empty, cut off or no databases: the program tells so or shows what can
+// be read, goes on, and leaves the file as it was.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/ui/driver.h"
+#include "tests/unit/support.h"
+#include "ui/commands/commands.h"
+#include "ui/windows/control_ids.h"
+
+namespace corvane::ui {
+namespace {
+
+using test::Narrow;
+
+struct Damage {
+    const char* name;
+    bool isReported;  // "... : not a valid Corvane file"
+    size_t rows;
+    std::string (*bytes)(const std::string& sample);
+};
+
+const Damage kDamages[] = {
+    {"Empty", true, 0, [](const std::string&) { return std::string(); }},
+    {"OneByte", true, 0, [](const std::string&) { return std::string("x"); }},
+    {"Binary", true, 0,
+     [](const std::string&) {
+         std::string bytes;
+         for (int i = 0; i < 300000; ++i) bytes += static_cast<char>(i * i >> 5);
+         return bytes;
+     }},
+    {"OneEndlessLine", true, 0, [](const std::string&) { return std::string(5000000, '-'); }},
+    {"CutOffInTheBasicShipData", false, 0,
+     [](const std::string& sample) {
+         return sample.substr(0, sample.find("BSD ------------------") + 200);
+     }},
+    {"CutOffBehindTheThirdMarker", false, 3,
+     [](const std::string& sample) {
+         const std::string marker = "====== CORVANE MODEL ======";
+         size_t at = 0;
+         for (int i = 0; i < 3; ++i) at = sample.find(marker, at) + marker.size();
+         return sample.substr(0, at);
+     }},
+    {"LineFeedsOnly", false, 14,
+     [](const std::string& sample) {
+         std::string bytes;
+         for (const char byte : sample) {
+             if (byte != '\r') bytes += byte;
+         }
+         return bytes;
+     }},
+};
+
+struct DamageTest : testing::TestWithParam<Damage> {
+    Settings settings;
+    Installation installation;
+    std::wstring database = installation.File(L"damaged.ve2");
+    std::string sample = test::ReadFileBytes(test::DataPath("../samples/aurora_bay.ve2"));
+};
+
+TEST_P(DamageTest, IsToldAndTheFileStaysAsItIs) {
+    const Damage& damage = GetParam();
+    const std::string bytes = damage.bytes(sample);
+    test::WriteFileBytes(database, bytes);
+    {
+        const Program program(installation, L"damaged.ve2");
+        if (damage.isReported) {
+            const Box box = WaitForBox(program);
+            ASSERT_NE(box.window, nullptr);
+            EXPECT_EQ(Narrow(box.text), Narrow(database) + " : not a valid Corvane file");
+            ASSERT_TRUE(Press(box, IDOK));
+        }
+        const HWND main = program.Main();
+        ASSERT_NE(main, nullptr);
+        EXPECT_EQ(Rows(program, GetDlgItem(main, LI_Sections)).size(), damage.rows);
+        Choose(main, ME_FileQuit);
+        EXPECT_TRUE(program.HasEnded());
+        EXPECT_EQ(program.ExitCode(), 0U);
+    }
+    EXPECT_EQ(test::ReadFileBytes(database), bytes);
+}
+
+INSTANTIATE_TEST_SUITE_P(Databases, DamageTest, testing::ValuesIn(kDamages),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST(LockedDatabase, IsReported) {
+    const Settings settings;
+    const Installation installation;
+    const std::wstring path = installation.File(L"locked.ve2");
+    test::WriteFileBytes(path, "held by another program");
+    const HANDLE held = CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(held, INVALID_HANDLE_VALUE);
+    {
+        const Program program(installation, L"locked.ve2");
+        const Box box = WaitForBox(program);
+        EXPECT_NE(box.window, nullptr);
+        EXPECT_NE(Narrow(box.text).find(Narrow(path)), std::string::npos) << Narrow(box.text);
+        EXPECT_TRUE(Press(box, IDOK));
+        const HWND main = program.Main();
+        EXPECT_NE(main, nullptr);
+        EXPECT_EQ(Narrow(TextOf(GetDlgItem(main, TX_DataBase))), "No database selected");
+    }
+    CloseHandle(held);
+}
+
+}  // namespace
+}  // namespace corvane::ui

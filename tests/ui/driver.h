@@ -1,0 +1,91 @@
+// Drives the real Corvane.exe from another process, through its windows: what a user sees and
+// presses. Everything waits for a condition, nothing sleeps for a time.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/win32/win32.h"
+// windows.h must come first.
+#include <commctrl.h>
+
+namespace corvane::ui {
+
+// The longest that anything is waited for, in milliseconds.
+inline constexpr DWORD kPatience = 20000;
+
+// A folder that holds a copy of the program and its libraries, so that each test has a program of
+// its own; removed at the end. The folder's name has blanks in it.
+struct Installation {
+    std::wstring folder;  // with a trailing "\"
+    Installation();
+    ~Installation();
+    Installation(const Installation&) = delete;
+    Installation& operator=(const Installation&) = delete;
+    std::wstring File(std::wstring_view name) const { return folder + std::wstring(name); }
+};
+
+// The settings file of all copies, empty at the start of a test and at its end.
+struct Settings {
+    Settings() { Remove(); }
+    ~Settings() { Remove(); }
+    Settings(const Settings&) = delete;
+    Settings& operator=(const Settings&) = delete;
+    static std::wstring Path();
+    static void Remove();
+    static void Write(const wchar_t* key, const std::wstring& value);
+    static std::wstring Read(const wchar_t* key);
+};
+
+// A running program. It is ended, whatever it does, at the end of the test; when the test has
+// failed by then, the screen is kept as a picture (see the message).
+struct Program {
+    HANDLE process = nullptr;
+    HANDLE job = nullptr;
+    DWORD id = 0;
+
+    // Starts Corvane.exe of the installation. `arguments` is what follows the program's name.
+    explicit Program(const Installation& installation, const std::wstring& arguments = L"");
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    // Waits until the process has ended; false when it does not.
+    bool HasEnded(DWORD milliseconds = kPatience) const;
+    DWORD ExitCode() const;
+
+    // Waits for a visible top-level window; null when it does not come.
+    HWND Window(const wchar_t* className) const;
+    // The main window, visible and ready for input.
+    HWND Main() const;
+    // The window as it is now, or null.
+    HWND FindNow(const wchar_t* className) const;
+};
+
+// A message box: waits for it, reads it, presses a button and waits until it has gone.
+struct Box {
+    HWND window = nullptr;
+    std::wstring title;
+    std::wstring text;
+};
+Box WaitForBox(const Program& program);
+bool Press(const Box& box, int button);
+
+std::wstring TextOf(HWND window);
+// Waits until the window's text is `text`.
+bool TextBecomes(HWND window, std::wstring_view text);
+
+// A row of the list: the texts of its four columns, its icon (0-based) and its tag.
+struct Row {
+    std::vector<std::wstring> cells;
+    int icon = -1;
+    bool selected = false;
+};
+std::vector<Row> Rows(const Program& program, HWND list);
+std::vector<std::wstring> ColumnTitles(const Program& program, HWND list);
+
+// Chooses a menu item without waiting for what it does.
+void Choose(HWND main, int command);
+
+}  // namespace corvane::ui

@@ -1,0 +1,75 @@
+#include "tests/ui/screenshot.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <fstream>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "platform/win32/win32.h"
+
+namespace corvane::ui {
+namespace {
+
+// Bytes of a picture: 32 bits a pixel, rows from the top.
+struct Picture {
+    int width = 0;
+    int height = 0;
+    std::vector<uint32_t> pixels;
+};
+
+BITMAPINFOHEADER HeaderOf(const Picture& picture) {
+    BITMAPINFOHEADER header{};
+    header.biSize = sizeof header;
+    header.biWidth = picture.width;
+    header.biHeight = -picture.height;
+    header.biPlanes = 1;
+    header.biBitCount = 32;
+    header.biCompression = BI_RGB;
+    return header;
+}
+
+Picture CopyScreen() {
+    Picture picture;
+    picture.width = GetSystemMetrics(SM_CXSCREEN);
+    picture.height = GetSystemMetrics(SM_CYSCREEN);
+    picture.pixels.resize(static_cast<size_t>(picture.width) * static_cast<size_t>(picture.height));
+    const HDC screen = GetDC(nullptr);
+    const HDC memory = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, picture.width, picture.height);
+    const HGDIOBJ old = SelectObject(memory, bitmap);
+    BitBlt(memory, 0, 0, picture.width, picture.height, screen, 0, 0, SRCCOPY);
+    SelectObject(memory, old);
+    BITMAPINFO information{};
+    information.bmiHeader = HeaderOf(picture);
+    GetDIBits(memory, bitmap, 0, static_cast<UINT>(picture.height), picture.pixels.data(),
+              &information, DIB_RGB_COLORS);
+    DeleteObject(bitmap);
+    DeleteDC(memory);
+    ReleaseDC(nullptr, screen);
+    return picture;
+}
+
+}  // namespace
+
+void KeepScreenshot() {
+    const Picture picture = CopyScreen();
+    const auto bytes = static_cast<DWORD>(picture.pixels.size() * 4);
+    const BITMAPINFOHEADER header = HeaderOf(picture);
+    BITMAPFILEHEADER file{};
+    file.bfType = 0x4D42;
+    file.bfOffBits = sizeof file + sizeof header;
+    file.bfSize = file.bfOffBits + bytes;
+    const std::string name = std::string("failure_") +
+                             testing::UnitTest::GetInstance()->current_test_info()->name() + ".bmp";
+    std::ofstream out(name, std::ios::binary);
+    out.write(reinterpret_cast<const char*>(&file), sizeof file);
+    out.write(reinterpret_cast<const char*>(&header), sizeof header);
+    out.write(reinterpret_cast<const char*>(picture.pixels.data()),
+              static_cast<std::streamsize>(bytes));
+    std::cout << "The screen at the failure: " << name << "\n";
+}
+
+}  // namespace corvane::ui
