@@ -82,7 +82,7 @@ TEST_P(DamageTest, IsToldAndTheFileStaysAsItIs) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Databases, DamageTest, testing::ValuesIn(kDamages),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& instance) { return std::string(instance.param.name); });
 
 TEST(LockedDatabase, IsReported) {
     const Settings settings;

@@ -90,7 +90,7 @@ TEST_P(LibraryTest, IsNamedAndEndsTheProgram) {
 }
 
 INSTANTIATE_TEST_SUITE_P(FiveChecks, LibraryTest, testing::ValuesIn(kCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& instance) { return std::string(instance.param.name); });
 
 using GarbageLibraryTest = LibraryTest;
 
@@ -105,7 +105,7 @@ INSTANTIATE_TEST_SUITE_P(Garbage, GarbageLibraryTest,
                              "The library BsdVelk does not suit this program.\r\r"
                              "Version found: Unknown ver.\rVersion needed: 5.0\r\r"
                              "The program will be closed. Error number of the system:\r193"}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& instance) { return std::string(instance.param.name); });
 
 TEST(LibrarySearch, LibraryOnTheSearchPathIsNotTaken) {
     const Settings settings;
