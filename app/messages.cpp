@@ -26,7 +26,8 @@ void ReportText(const std::wstring& message, MessageArguments arguments) {
     shell.screen.processPendingMessages();
     FlagStatusFailed(text);
     shell.screen.unloadSplash();
-    ShowWarning(text);
+    // In a box every "²" is a line break, so a doubled one leaves a line empty.
+    ShowWarning(SubstituteArguments(ExpandLineBreaks(message), arguments));
 }
 
 }  // namespace

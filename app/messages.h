@@ -2,7 +2,8 @@
 // something happened. Every other folder may use this header.
 //
 // Texts of messages are those of the catalogue in GrVelk.dll. In them "¤" is the place of the next
-// argument, "²" a line break and "§" a tab; a doubled "²" or "§" is the character itself.
+// argument, "²" a line break and "§" a tab; a doubled "²" or "§" is the character itself, but in a
+// warning box a doubled "²" is two line breaks.
 //
 // A reporter computes; what it does to the screen goes through the procedures of app/screen.h.
 #pragma once

@@ -184,12 +184,12 @@ TEST_F(MessagesTest, ADoubledLineBreakSignIsOneSignInAStatusLine) {
     EXPECT_EQ(RecordingScreen::caption, L"a²z...");
 }
 
-// What the substitution leaves of a sign, the box makes a line break: it knows no doubling.
-TEST_F(MessagesTest, NoLineBreakSignReachesTheBox) {
+// The box knows no doubling: a doubled sign leaves a line empty.
+TEST_F(MessagesTest, ADoubledLineBreakSignIsTwoLineBreaksInABox) {
     ReportMessage(14);
     ShowWarning(L"a²²z");
     ReportMessage(L"a²²²z");
-    EXPECT_EQ(RecordingScreen::Of("warning"), (Events{"a\rz", "a\r\rz", "a\r\rz"}));
+    EXPECT_EQ(RecordingScreen::Of("warning"), (Events{"a\r\rz", "a\r\rz", "a\r\r\rz"}));
 }
 
 TEST_F(MessagesTest, ShowWarningResetsThePointerAndShowsTheBox) {
