@@ -1,0 +1,97 @@
+// Stiffeners: each one of a row with its web and flange, to scale where that can be seen.
+#include <algorithm>
+#include <cmath>
+
+#include "companions/grvelk/sketch.h"
+
+namespace corvane::grvelk {
+namespace {
+
+constexpr double kStiffenerWidth_px = 1;
+constexpr double kLeastWeb_px = 4;
+constexpr double kLeastFlange_px = 2;  // on one side of the web
+// More are not drawn, in a row or in the whole section: such counts come from damaged data.
+constexpr int kMostInRow = 2000;
+constexpr int kMostStiffeners = 20000;
+
+// Lengths of a profile in the picture [m]: of the web, and of the flange on each side of it.
+struct Profile {
+    double web;
+    double flangeAlong;    // towards the strake's end
+    double flangeAgainst;  // towards its start
+};
+
+double Visible(const Sketch& sketch, double length_mm, double least_px) {
+    const double least = ScaledToDevice(sketch, least_px) / sketch.mapping.pixelsPerMetre;
+    // What is no number is drawn as the least that can be seen.
+    return length_mm / 1000 > least ? length_mm / 1000 : least;
+}
+
+Profile ProfileOf(const Sketch& sketch, const Stiffener& stiffener) {
+    // A bulb is a fifth of its web, unless it is told.
+    const double breadth_mm = stiffener.profile == kProfileBulb && !(stiffener.flangeBreadth_mm > 0)
+                                  ? stiffener.webHeight_mm / 5
+                                  : stiffener.flangeBreadth_mm;
+    Profile profile{Visible(sketch, stiffener.webHeight_mm, kLeastWeb_px), 0, 0};
+    if (stiffener.profile == kProfileBulb || stiffener.profile == kProfileAngle) {
+        profile.flangeAlong = Visible(sketch, breadth_mm, kLeastFlange_px);
+    } else if (stiffener.profile == kProfileTee) {
+        profile.flangeAlong = Visible(sketch, breadth_mm / 2, kLeastFlange_px);
+        profile.flangeAgainst = profile.flangeAlong;
+    }
+    return profile;
+}
+
+void AddProfile(const Sketch& sketch, const Spot& foot, PlanePoint normal, const Profile& profile,
+                LineGroup& lines) {
+    const PlanePoint top{foot.at.y + normal.y * profile.web, foot.at.z + normal.z * profile.web};
+    const auto onFlange = [&](double along) {
+        return PlanePoint{top.y + foot.direction.y * along, top.z + foot.direction.z * along};
+    };
+    ForEachSide(sketch, [&](double side) {
+        const FramePoint webTop = MappedSide(sketch, side, top);
+        std::vector<FramePoint> line{MappedSide(sketch, side, foot.at), webTop};
+        if (profile.flangeAgainst > 0) {
+            AddPolyline(lines, line);
+            line = {MappedSide(sketch, side, onFlange(-profile.flangeAgainst)), webTop};
+        }
+        if (profile.flangeAlong > 0) {
+            line.push_back(MappedSide(sketch, side, onFlange(profile.flangeAlong)));
+        }
+        AddPolyline(lines, line);
+    });
+}
+
+// Every stiffener of the row, until one lies beyond the strake's end. Returns how many.
+int AddRow(const Sketch& sketch, const Strake& strake, const Stiffener& row, LineGroup& lines) {
+    Spot foot{};
+    const double normalLength = std::hypot(row.normalY, row.normalZ);
+    // The normal of a row that was not computed has no length.
+    if (!(normalLength > 0.5 && normalLength < 2) || !FindSpot(strake, row.s, foot)) return 0;
+    const Profile profile = ProfileOf(sketch, row);
+    const double left = foot.direction.y * row.normalZ - foot.direction.z * row.normalY;
+    const double toLeft = left >= 0 ? 1 : -1;
+    const int count = std::min<int>(row.count, row.spacing > 0 ? kMostInRow : 1);
+    for (int i = 0; i < count; ++i) {
+        if (i > 0 && !FindSpot(strake, row.s + i * double{row.spacing}, foot)) return i;
+        const PlanePoint normal{-foot.direction.z * toLeft, foot.direction.y * toLeft};
+        AddProfile(sketch, foot, normal, profile, lines);
+    }
+    return std::max(count, 0);
+}
+
+}  // namespace
+
+void DrawStiffeners(const Sketch& sketch) {
+    LineGroup lines{sketch.mapping, {}, {}};
+    int drawn = 0;
+    for (const Strake& strake : StrakesIn(sketch.section)) {
+        for (const Stiffener& row : StiffenersIn(strake)) {
+            if (drawn >= kMostStiffeners) break;
+            drawn += AddRow(sketch, strake, row, lines);
+        }
+    }
+    Stroke(lines, sketch.drawing, PenOf(sketch, kColourStiffener, kStiffenerWidth_px));
+}
+
+}  // namespace corvane::grvelk
