@@ -30,25 +30,68 @@
     X(kMsgSecondIdentificationKey, 429) \
     X(kMsgThirdLimitKey, 430)           \
     X(kMsgLoginNameKey, 431)            \
+    X(kMsgReadingModel, 601)            \
     X(kMsgSettingsNotWritten, 619)      \
     X(kMsgReadingModels, 621)           \
     X(kMsgFrameDistanceFormat, 801)     \
+    X(kMsgModelMissing, 1011)           \
     X(kMsgFileMissing, 1020)            \
     X(kMsgLibraryVersion, 1052)         \
     X(kMsgInputBsdFirst, 1066)          \
+    X(kMsgNoDatabase, 1083)             \
     X(kMsgReadOnly, 1086)               \
     X(kMsgCommentRule, 3001)            \
     X(kMsgModelMarker, 3002)            \
     X(kMsgFormatVersionLabel, 3003)     \
     X(kMsgNameLabel, 3004)              \
+    X(kMsgPanelTable, 3005)             \
+    X(kMsgNodeTable, 3006)              \
+    X(kMsgPlateTable, 3007)             \
+    X(kMsgStiffenerTable, 3008)         \
+    X(kMsgSpanTable, 3009)              \
+    X(kMsgCompartmentTable, 3010)       \
+    X(kMsgCompartmentSizeTable, 3011)   \
+    X(kMsgOpeningTable, 3013)           \
+    X(kMsgPillarTable, 3014)            \
+    X(kMsgFatigueTable, 3015)           \
     X(kMsgSignature, 3016)              \
     X(kMsgFileHeadLabel, 3017)          \
+    X(kMsgBracketTable, 3021)           \
+    X(kMsgNameLegend, 3101)             \
+    X(kMsgGeneralLegend, 3102)          \
+    X(kMsgLoadLegend, 3103)             \
+    X(kMsgModulusLegend, 3104)          \
+    X(kMsgSlopeLegend, 3105)            \
+    X(kMsgAbsentLegend, 3106)           \
+    X(kMsgToleranceLegend, 3107)        \
+    X(kMsgSymmetryLegend, 3108)         \
+    X(kMsgPanelLegend, 3109)            \
+    X(kMsgPanelCountLegend, 3110)       \
+    X(kMsgNodeLegend, 3111)             \
+    X(kMsgExtensionLegend, 3112)        \
+    X(kMsgPlateLegend, 3113)            \
+    X(kMsgStiffenerLegend, 3114)        \
+    X(kMsgSpanLegend, 3115)             \
+    X(kMsgCompartmentSizeLegend, 3116)  \
+    X(kMsgOutlineLegend, 3117)          \
+    X(kMsgCompartmentKindLegend, 3118)  \
+    X(kMsgDesignValueLegend, 3119)      \
+    X(kMsgLoadCaseLegend, 3120)         \
+    X(kMsgPressureLegend, 3121)         \
+    X(kMsgBracketLegend, 3122)          \
+    X(kMsgOpeningLegend, 3123)          \
+    X(kMsgPillarLegend, 3124)           \
+    X(kMsgFatigueLegend, 3125)          \
+    X(kMsgIdentifierLegend, 3126)       \
+    X(kMsgReservedLegend, 3127)         \
     X(kMsgStampProgram, 3128)           \
     X(kMsgStampFormat, 3129)            \
     X(kMsgStampUser, 3130)              \
+    X(kMsgBracketScantlingLegend, 3131) \
     X(kMsgFileNotWritten, 3500)         \
     X(kMsgDebugError, 3501)             \
-    X(kMsgUnexpectedFault, 3502)
+    X(kMsgUnexpectedFault, 3502)        \
+    X(kMsgResultLegend, 3503)
 
 namespace corvane {
 

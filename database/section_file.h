@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "database/model_kind.h"
 #include "database/section.h"
 #include "util/text_file.h"
 
@@ -19,5 +20,14 @@ void WriteSectionBlock(TextWriter& writer, SectionModel& section, int32_t number
 // that belongs to no panel is left out; a damaged block gives what could be read, and true.
 bool ReadSectionBlock(const std::wstring& path, int32_t number, bool allowBulkhead,
                       SectionModel& section);
+
+// ---- The same, from place to place -------------------------------------------------------------
+
+// The block's lines behind the name label.
+void WriteSectionBody(TextWriter& writer, SectionModel& section);
+// Reads the block at whose lines before the marker the reader stands, as FindModel leaves it, into
+// a new record. Of a bulkhead arrangement the head, the bulkheads' names, their nodes and the
+// holds are read.
+void ReadSectionLines(TextReader& reader, ModelKind kind, SectionModel& section);
 
 }  // namespace corvane

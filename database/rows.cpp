@@ -1,0 +1,238 @@
+#include "database/rows.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+#include "app/messages.h"
+#include "platform/system.h"
+#include "util/text.h"
+
+namespace corvane {
+namespace {
+
+// The longest name of a model or a compartment that is written.
+constexpr size_t kLongestName = 1000;
+
+double Nearest(double value, double least, double most) {
+    return std::nearbyint(std::clamp(value, least, most));
+}
+
+// ---- Writing -----------------------------------------------------------------------------------
+
+void WriteOutRow(RowWriter& row) {
+    WriteText(row.writer, {row.text.data(), row.used});
+    row.used = 0;
+}
+
+// Where the next field goes, its tab written; there is room for any number and a line end.
+char* NextField(RowWriter& row) {
+    constexpr size_t kRoom = kLongestNumber + kNameWidth;
+    if (row.used + kRoom > row.text.size()) WriteOutRow(row);
+    if (row.separate) row.text[row.used++] = '\t';
+    row.separate = true;
+    return row.text.data() + row.used;
+}
+
+void EndField(RowWriter& row, const char* end) {
+    row.used = static_cast<size_t>(end - row.text.data());
+}
+
+// The text as it can stand in a line and be read back: trimmed, no control characters, neither a
+// comment nor a header line nor the model marker.
+std::string LineText(std::string_view bytes, std::string_view modelMarker) {
+    std::string text(bytes.substr(0, kLongestName));
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
+    text = Trim(std::string_view(text));
+    if (IsHeaderLine(text)) text.front() = '_';
+    if (IsCommentLine(text) || text == modelMarker) text.insert(text.begin(), ' ');
+    return text;
+}
+
+// ---- Reading -----------------------------------------------------------------------------------
+
+void ParseLine(RowReader& row) {
+    if (row.parsed) return;
+    row.parsed = true;
+    row.next = 1;
+    row.row.count = 0;
+    if (AtRow(row)) ParseValues(row.line, row.row);
+}
+
+}  // namespace
+
+int16_t HeldCount(size_t count) {
+    return static_cast<int16_t>(std::min<size_t>(count, kMostItems));
+}
+
+int16_t HeldInt16(double value) {
+    return static_cast<int16_t>(Nearest(value, INT16_MIN, INT16_MAX));
+}
+
+int32_t HeldInt32(double value) {
+    return static_cast<int32_t>(Nearest(value, INT32_MIN, INT32_MAX));
+}
+
+float HeldSingle(double value) {
+    constexpr double kLargest = std::numeric_limits<float>::max();
+    return static_cast<float>(std::clamp(value, -kLargest, kLargest));
+}
+
+void Value(RowWriter& row, float value) {
+    EndField(row, AppendPrintForm(NextField(row), value));
+}
+
+void Value(RowWriter& row, int16_t value) {
+    Value(row, int32_t{value});
+}
+
+void Value(RowWriter& row, int32_t value) {
+    EndField(row, AppendPrintForm(NextField(row), value));
+}
+
+void Value(RowWriter& row, General field) {
+    EndField(row, AppendGeneral(NextField(row), field.value));
+}
+
+void Value(RowWriter& row, Magnitude field) {
+    EndField(row, AppendGeneral(NextField(row), std::fabs(field.value)));
+}
+
+void Value(RowWriter& row, Flag field) {
+    Value(row, int32_t{field.value != 0 ? -1 : 0});
+}
+
+void Value(RowWriter& row, PaddedName field) {
+    const std::string text =
+        LineText(system::AnsiFromWide(field.text), row.lines.modelMarker).substr(0, kNameWidth);
+    char* to = NextField(row);
+    std::memcpy(to, text.data(), text.size());
+    std::memset(to + text.size(), ' ', kNameWidth - text.size());
+    EndField(row, to + kNameWidth);
+}
+
+void EndLine(RowWriter& row) {
+    Abut(row);
+    char* to = NextField(row);
+    *to++ = '\r';
+    *to++ = '\n';
+    EndField(row, to);
+    WriteOutRow(row);
+    row.separate = false;
+}
+
+void ClosingTab(RowWriter& row) {
+    char* to = NextField(row);
+    EndField(row, to);
+}
+
+void Abut(RowWriter& row) {
+    row.separate = false;
+}
+
+void CommentRule(RowWriter& row) {
+    WriteLine(row.writer, row.lines.commentRule);
+}
+
+void EmptyLine(RowWriter& row) {
+    WriteLine(row.writer, "");
+}
+
+void TextLine(RowWriter& row, const std::wstring& text) {
+    TextLine(row, system::AnsiFromWide(text));
+}
+
+void TextLine(RowWriter& row, const std::string& text) {
+    WriteLine(row.writer, LineText(text, row.lines.modelMarker));
+}
+
+RowReader::RowReader(TextReader& file)
+    : reader(file), modelMarker(GetMessageBytes(kMsgModelMarker)) {}
+
+bool IsBlank(std::string_view line) {
+    return line.find_first_not_of(" \t") == std::string_view::npos;
+}
+
+void LoadLine(RowReader& row) {
+    row.parsed = false;
+    do {
+        if (!ReadBlockLine(row.reader, row.modelMarker, row.line)) {
+            row.line = {};
+            row.place = RowReader::Place::kEnd;
+            return;
+        }
+    } while (row.passBlankLines && IsBlank(row.line));
+    row.place = IsHeaderLine(row.line) ? RowReader::Place::kHeader : RowReader::Place::kRow;
+}
+
+bool TakeNumber(RowReader& row, double& value) {
+    ParseLine(row);
+    if (row.next > row.row.count) return false;
+    value = row.row.values(row.next++);
+    return true;
+}
+
+int NumbersLeft(RowReader& row) {
+    ParseLine(row);
+    return row.row.count - row.next + 1;
+}
+
+void Value(RowReader& row, float& value) {
+    double number = 0;
+    if (TakeNumber(row, number)) value = HeldSingle(number);
+}
+
+void Value(RowReader& row, int16_t& value) {
+    double number = 0;
+    if (TakeNumber(row, number)) value = HeldInt16(number);
+}
+
+void Value(RowReader& row, int32_t& value) {
+    double number = 0;
+    if (TakeNumber(row, number)) value = HeldInt32(number);
+}
+
+void Value(RowReader& row, General field) {
+    Value(row, field.value);
+}
+
+void Value(RowReader& row, Magnitude field) {
+    Value(row, field.value);
+}
+
+void Value(RowReader& row, Flag field) {
+    double number = 0;
+    if (TakeNumber(row, number)) field.value = static_cast<int16_t>(number != 0 ? -1 : 0);
+}
+
+// The name ends at the first tab, or where its columns do.
+void Value(RowReader& row, PaddedName field) {
+    if (!AtRow(row)) return;
+    const size_t width = std::min({row.line.find('\t'), kNameWidth, row.line.size()});
+    field.text = system::WideFromAnsi(Trim(row.line.substr(0, width)));
+    row.line.remove_prefix(width);
+}
+
+void EndLine(RowReader& row) {
+    if (AtRow(row)) LoadLine(row);
+}
+
+void EmptyLine(RowReader& row) {
+    while (AtRow(row) && IsBlank(row.line)) LoadLine(row);
+}
+
+void TextLine(RowReader& row, std::wstring& text) {
+    if (!AtRow(row)) return;
+    text = system::WideFromAnsi(Trim(row.line));
+    LoadLine(row);
+}
+
+void TextLine(RowReader& row, std::string& text) {
+    if (!AtRow(row)) return;
+    text = Trim(row.line);
+    LoadLine(row);
+}
+
+}  // namespace corvane

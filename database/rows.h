@@ -1,0 +1,154 @@
+// The rows of a model block, for writing and for reading alike. The lines of a table are declared
+// once, as a procedure over a Row, which is a RowWriter or a RowReader:
+//
+//     template <class Row>
+//     void ItemLines(Row& row, Plate& plate) {
+//         Values(row, General{plate.end_m}, plate.thickness_mm, plate.material);
+//         EndLine(row);
+//     }
+//
+// A writer puts the fields into the file, a tab between them; a reader takes them from it, and a
+// field that its line does not have keeps its value.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "database/database_file.h"
+#include "util/array.h"
+#include "util/numbers.h"
+#include "util/text_file.h"
+
+namespace corvane {
+
+// Rows of a table, items of a panel, nodes of a compartment: counted with 16 bits.
+inline constexpr int kMostItems = INT16_MAX;
+int16_t HeldCount(size_t count);
+// A number of a file as an integer: rounded to the nearest, held to the range of the type.
+int16_t HeldInt16(double value);
+int32_t HeldInt32(double value);
+// Held to the range of singles.
+float HeldSingle(double value);
+
+// ---- Fields ------------------------------------------------------------------------------------
+// A float, int16_t or int32_t by itself stands in print form.
+
+struct General {  // in general form, as text
+    float& value;
+};
+struct Magnitude {  // in general form, without its sign
+    float& value;
+};
+struct Flag {  // -1 true, 0 false
+    int16_t& value;
+};
+struct PaddedName {  // padded with blanks to 40 characters
+    std::wstring& text;
+};
+inline constexpr size_t kNameWidth = 40;
+
+// ---- Writing -----------------------------------------------------------------------------------
+
+struct RowWriter {
+    TextWriter& writer;
+    StructuralLines lines = FetchStructuralLines();
+    bool separate = false;  // a tab comes before the next field
+    size_t used = 0;        // of `text`
+    std::array<char, 4096> text;
+
+    explicit RowWriter(TextWriter& file) : writer(file) {}
+};
+
+void Value(RowWriter& row, float value);
+void Value(RowWriter& row, int16_t value);
+void Value(RowWriter& row, int32_t value);
+void Value(RowWriter& row, General field);
+void Value(RowWriter& row, Magnitude field);
+void Value(RowWriter& row, Flag field);
+void Value(RowWriter& row, PaddedName field);
+
+void EndLine(RowWriter& row);
+// A tab at the end of a line.
+void ClosingTab(RowWriter& row);
+// Nothing between the field before and the next one.
+void Abut(RowWriter& row);
+void CommentRule(RowWriter& row);
+void EmptyLine(RowWriter& row);
+// A whole line of text. Characters that would make another kind of line of it are replaced.
+void TextLine(RowWriter& row, const std::wstring& text);
+void TextLine(RowWriter& row, const std::string& text);
+// Whether fields that not every row has are there.
+inline bool HasFields(RowWriter&, bool present, int) {
+    return present;
+}
+
+// ---- Reading -----------------------------------------------------------------------------------
+
+// The lines of one block, table by table. A reader stands on a line of data, or on the header line
+// or the end of the block that follows the last one; comment lines are passed over.
+struct RowReader {
+    enum class Place { kRow, kHeader, kEnd };
+
+    TextReader& reader;
+    std::string modelMarker;
+    bool passBlankLines = false;
+    Place place = Place::kEnd;
+    std::string_view line;  // what is left of it, as long as it is text
+    bool parsed = false;
+    int next = 1;  // place in `row` of the next field
+    ValueRow row;
+
+    explicit RowReader(TextReader& file);
+};
+
+inline bool AtRow(const RowReader& row) {
+    return row.place == RowReader::Place::kRow;
+}
+bool IsBlank(std::string_view line);
+// Goes to the next line whatever it is.
+void LoadLine(RowReader& row);
+
+// The next number of the line; false when it has no more.
+bool TakeNumber(RowReader& row, double& value);
+int NumbersLeft(RowReader& row);
+
+void Value(RowReader& row, float& value);
+void Value(RowReader& row, int16_t& value);
+void Value(RowReader& row, int32_t& value);
+void Value(RowReader& row, General field);
+void Value(RowReader& row, Magnitude field);
+void Value(RowReader& row, Flag field);
+void Value(RowReader& row, PaddedName field);
+
+// Goes to the next line unless this one is none of data.
+void EndLine(RowReader& row);
+inline void ClosingTab(RowReader&) {}
+inline void Abut(RowReader&) {}
+inline void CommentRule(RowReader&) {}
+// Passes over blank lines.
+void EmptyLine(RowReader& row);
+void TextLine(RowReader& row, std::wstring& text);
+void TextLine(RowReader& row, std::string& text);
+inline bool HasFields(RowReader& row, bool, int numbers) {
+    return NumbersLeft(row) >= numbers;
+}
+
+// ---- Both --------------------------------------------------------------------------------------
+
+template <class Row, class T, int first, int last>
+void Value(Row& row, Array<T, first, last>& array) {
+    for (T& element : array.elements) Value(row, element);
+}
+template <class Row, int first, int last>
+void GeneralValues(Row& row, Array<float, first, last>& array) {
+    for (float& element : array.elements) Value(row, General{element});
+}
+
+template <class Row, class... Fields>
+void Values(Row& row, Fields&&... fields) {
+    (Value(row, fields), ...);
+}
+
+}  // namespace corvane

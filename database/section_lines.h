@@ -1,0 +1,223 @@
+// The lines of a section block, each declared once for the writer and the reader (database/rows.h).
+// The nodes, the scantlings and the compartments are those of a bulkhead arrangement too.
+//
+// What an ItemLines declares is the item's lines from behind the panel's number to the end of the
+// last one.
+#pragma once
+
+#include <algorithm>
+
+#include "database/rows.h"
+#include "database/section.h"
+
+namespace corvane {
+
+template <class Row>
+void Value(Row& row, NodeReference& reference) {
+    Values(row, reference.strake, reference.node);
+}
+
+// The group typ, h1, e1, h2, e2.
+template <class Row>
+void Value(Row& row, Scantlings& scantlings) {
+    Values(row, scantlings.type, scantlings.webHeight_mm, scantlings.webThickness_mm,
+           scantlings.flangeBreadth_mm, scantlings.flangeThickness_mm);
+}
+
+// ---- Head --------------------------------------------------------------------------------------
+
+// The lines behind the name.
+template <class Row>
+void HeadLines(Row& row, SectionModel& section) {
+    Values(row, section.x_m, section.breadth_m, section.depth_m, section.draught_m,
+           section.shipType, section.classCode, section.navigationCode, section.frameSpacing_m,
+           section.webSpacing_m);
+    EndLine(row);
+    for (int k = 1; k <= 3; ++k) {
+        Values(row, Magnitude{section.stillWaterMoment_kNm(k)},
+               Magnitude{section.waveMoment_kNm(k)}, Magnitude{section.shearForce_kN(k)});
+        EndLine(row);
+    }
+    Values(row, section.deckModulus_m3, section.bottomModulus_m3);
+    EndLine(row);
+    Values(row, section.bottomSlope_deg, section.sideSlope_deg, section.stressRule,
+           section.bucklingRule);
+    EndLine(row);
+    Values(row, section.momentsAbsent, section.moduliAbsent);
+    EndLine(row);
+    Values(row, section.tolerance_m, section.ballastDraught_m, section.cargoHeight_m);
+    EndLine(row);
+    Values(row, section.symmetryMode, section.materialGroup, section.corrosionRule,
+           section.holdLength_m, section.holdAft_m);
+    EndLine(row);
+    TextLine(row, section.identifier);
+    EmptyLine(row);
+    int16_t reserved = 0;
+    for (int k = 1; k <= 2; ++k) {
+        Values(row, reserved, reserved);
+        EndLine(row);
+    }
+    Values(row, section.neutralAxis_m, section.area_m2, section.inertiaY_m4, section.inertiaZ_m4);
+    for (int16_t& code : section.resultCodes.elements) {
+        Abut(row);
+        Value(row, code);
+    }
+    Abut(row);
+    Value(row, Flag{section.resultsValid});
+    EndLine(row);
+}
+
+// ---- Panels and what stands on them ------------------------------------------------------------
+
+// The panel's number and its counts are for the human reader: rows count.
+template <class Row>
+void PanelLine(Row& row, Panel& panel, int16_t number) {
+    int16_t nodes = HeldCount(panel.nodes.size());
+    int16_t plates = HeldCount(panel.plates.size());
+    int16_t stiffeners = HeldCount(panel.stiffeners.size());
+    int16_t brackets = HeldCount(panel.brackets.size());
+    Values(row, PaddedName{panel.name}, panel.spacing_m, panel.span_m, panel.thickness_mm,
+           panel.kind, panel.material, number, nodes, plates, stiffeners, brackets);
+    EndLine(row);
+}
+
+template <class Row>
+void ItemLines(Row& row, Node& node) {
+    int16_t absolute = node.relative == 0 ? 1 : 0;
+    Values(row, General{node.givenY}, General{node.givenZ}, absolute, node.inter, node.onStrake,
+           node.onNode, node.shape, node.tangentY, node.tangentZ, node.radius, node.kind,
+           node.number);
+    node.relative = absolute == 0 ? -1 : 0;
+    if (node.kind == kNodeIntersection) {
+        for (float& value : node.extension) Value(row, value);
+        Value(row, node.extensionStrake);
+    }
+    EndLine(row);
+}
+
+template <class Row>
+void ItemLines(Row& row, Plate& plate) {
+    Values(row, General{plate.end_m}, plate.thickness_mm, plate.material, plate.spacing_m,
+           plate.span_m, plate.corrosionSide);
+    EndLine(row);
+}
+
+// One stiffener; its spans are a table of their own.
+struct StiffenerRow {
+    Stiffener& stiffener;
+    StiffenerDetail& detail;
+    int32_t& spanCount;
+};
+
+template <class Row>
+void ItemLines(Row& row, StiffenerRow item) {
+    Stiffener& stiffener = item.stiffener;
+    int32_t side = stiffener.side;
+    Values(row, stiffener.onStrake, stiffener.onNode, stiffener.count, stiffener.offset, side,
+           stiffener.spacing, item.spanCount, item.detail.connection, item.detail.mirrored);
+    stiffener.side = HeldInt16(side);
+    EndLine(row);
+}
+
+// A span with a bracket is told by the length of its line.
+template <class Row>
+void ItemLines(Row& row, Span& span) {
+    Values(row, span.scantlings, General{span.length_m}, span.material, General{span.aftLength_m},
+           span.aftConnection, General{span.foreLength_m}, span.foreConnection,
+           General{span.reduction_m}, span.spacing_m);
+    constexpr int kBracketAndPosition = 9;
+    SpanBracket& bracket = span.bracket;
+    bracket.present = HasFields(row, bracket.present, kBracketAndPosition);
+    if (bracket.present) {
+        Values(row, bracket.kind, bracket.length_m, bracket.scantlings, bracket.material);
+    }
+    Value(row, span.position);
+    EndLine(row);
+    EmptyLine(row);
+}
+
+template <class Row>
+void ItemLines(Row& row, FatigueTable& fatigue) {
+    EndLine(row);  // panel, stiffener, span
+    int16_t reserved = 0;
+    Values(row, fatigue.length_m, fatigue.detail, fatigue.weld, fatigue.environment, fatigue.gap_mm,
+           fatigue.grade, reserved);
+    EndLine(row);
+    int16_t size = fatigue.stress_MPa.kCount;
+    Value(row, size);
+    EndLine(row);
+    Value(row, fatigue.stress_MPa);
+    EndLine(row);
+}
+
+template <class Row>
+void ItemLines(Row& row, PrimaryBracket& bracket) {
+    Values(row, bracket.item, bracket.from, bracket.to, bracket.aftFrame, bracket.foreFrame,
+           bracket.side, bracket.armLength_m, bracket.kind, bracket.material, bracket.endType);
+    ClosingTab(row);
+    EndLine(row);
+    Value(row, bracket.scantlings(1));
+    ClosingTab(row);
+    EndLine(row);
+    Values(row, bracket.scantlings(2), bracket.middleLength_m);
+    EndLine(row);
+    Values(row, bracket.scantlings(3), bracket.toeLength_m);
+    EndLine(row);
+    CommentRule(row);
+}
+
+template <class Row>
+void ItemLines(Row& row, Opening& opening) {
+    Values(row, opening.item, opening.at, opening.shape, opening.count, opening.reinforced,
+           opening.aftFrame, opening.foreFrame, opening.length_m, opening.breadth_m);
+    EndLine(row);
+}
+
+template <class Row>
+void ItemLines(Row& row, Pillar& pillar) {
+    Values(row, pillar.item, pillar.to, pillar.count, pillar.kind, pillar.length_m);
+    EndLine(row);
+    Values(row, General{pillar.offset_m}, pillar.material, pillar.profile, pillar.area_cm2,
+           pillar.lowerConnection, pillar.upperConnection, pillar.webHeight_mm, pillar.slenderness,
+           pillar.webThickness_mm, pillar.corrosion);
+    EndLine(row);
+}
+
+// ---- Compartments ------------------------------------------------------------------------------
+
+// Behind them stands the pair with node 0 that ends the line.
+inline constexpr size_t kMostOutlineNodes = 199;
+inline constexpr size_t kMostFillingLevels = 133;
+static_assert(2 * (kMostOutlineNodes + 1) <= 400 && 1 + 3 * kMostFillingLevels <= 400,
+              "a row has at most 400 numbers");
+
+void OutlineLine(RowWriter& row, std::vector<NodeReference>& outline);
+void OutlineLine(RowReader& row, std::vector<NodeReference>& outline);
+void FillingLevelLine(RowWriter& row, std::vector<FillingLevel>& levels);
+void FillingLevelLine(RowReader& row, std::vector<FillingLevel>& levels);
+
+// The lines between the nodes and the last line.
+template <class Row>
+void CompartmentValueLines(Row& row, Compartment& compartment) {
+    Values(row, compartment.contents, compartment.kind, compartment.symmetric, compartment.hold);
+    EndLine(row);
+    GeneralValues(row, compartment.designValues);
+    EndLine(row);
+    Value(row, compartment.loadCase);
+    EndLine(row);
+    GeneralValues(row, compartment.stillWaterPressure_kPa);
+    GeneralValues(row, compartment.wavePressure_kPa);
+    EndLine(row);
+    FillingLevelLine(row, compartment.levels);
+}
+
+// The lines behind the name.
+template <class Row>
+void CompartmentLines(Row& row, Compartment& compartment) {
+    OutlineLine(row, compartment.outline);
+    CompartmentValueLines(row, compartment);
+    Values(row, compartment.flags, compartment.ends, compartment.closing);
+    EndLine(row);
+}
+
+}  // namespace corvane

@@ -1,0 +1,202 @@
+#include <array>
+#include <initializer_list>
+
+#include "app/messages.h"
+#include "database/section_file.h"
+#include "database/section_lines.h"
+#include "platform/ztutil32.h"
+
+namespace corvane {
+namespace {
+
+constexpr char kFillingLevelLegend[] =
+    "Filling level number, Filling level(), Free surface length(), Free surface breadth()";
+// Fixed by the layout; what the compartments have counts.
+constexpr int16_t kCompartmentTableSize = 8;
+
+void Legend(RowWriter& row, std::string_view text) {
+    WriteText(row.writer, row.lines.commentRule);
+    WriteLine(row.writer, text);
+}
+
+void Legends(RowWriter& row, std::initializer_list<MessageNumber> legends) {
+    for (const MessageNumber legend : legends) Legend(row, GetMessageBytes(legend));
+}
+
+void OpenTable(RowWriter& row, MessageNumber label, std::initializer_list<MessageNumber> legends) {
+    CommentRule(row);
+    WriteLine(row.writer, GetMessageBytes(label));
+    Legends(row, legends);
+}
+
+// What is done for every item of every panel gets the panel's number.
+template <class Item, class Action>
+void ForEachItem(SectionModel& section, std::vector<Item> Panel::*items, Action action) {
+    int16_t number = 0;
+    for (Panel& panel : section.panels) {
+        ++number;
+        for (Item& item : panel.*items) action(number, item);
+    }
+}
+
+template <class Item>
+bool HasItems(const SectionModel& section, std::vector<Item> Panel::*items) {
+    return std::ranges::any_of(section.panels,
+                               [items](const Panel& panel) { return !(panel.*items).empty(); });
+}
+
+template <class Item>
+void WriteItems(RowWriter& row, SectionModel& section, std::vector<Item> Panel::*items) {
+    ForEachItem(section, items, [&row](int16_t number, Item& item) {
+        Value(row, number);
+        ItemLines(row, item);
+    });
+}
+
+void WritePanels(RowWriter& row, SectionModel& section) {
+    OpenTable(row, kMsgPanelTable, {});
+    std::string legend = GetMessageBytes(kMsgNameLegend);
+    legend.resize(std::max(legend.size(), kNameWidth), ' ');
+    Legend(row, legend + GetMessageBytes(kMsgPanelLegend));
+    Legends(row, {kMsgPanelCountLegend});
+    int16_t number = 0;
+    for (Panel& panel : section.panels) PanelLine(row, panel, ++number);
+}
+
+void WriteStiffeners(RowWriter& row, SectionModel& section) {
+    if (!HasItems(section, &Panel::stiffeners)) return;
+    OpenTable(row, kMsgStiffenerTable, {kMsgStiffenerLegend});
+    int16_t number = 0;
+    for (Panel& panel : section.panels) {
+        ++number;
+        panel.stiffenerDetails.resize(panel.stiffeners.size());
+        for (size_t i = 0; i < panel.stiffeners.size(); ++i) {
+            StiffenerDetail& detail = panel.stiffenerDetails[i];
+            int32_t spanCount = HeldCount(detail.spans.size());
+            Value(row, number);
+            ItemLines(row, StiffenerRow{panel.stiffeners[i], detail, spanCount});
+        }
+    }
+
+    OpenTable(row, kMsgSpanTable, {kMsgSpanLegend});
+    ForEachItem(section, &Panel::stiffenerDetails, [&row](int16_t panel, StiffenerDetail& detail) {
+        for (Span& span : detail.spans) {
+            Value(row, panel);
+            ItemLines(row, span);
+        }
+    });
+}
+
+void WriteCompartments(RowWriter& row, SectionModel& section) {
+    if (section.compartments.empty()) return;
+    OpenTable(row, kMsgCompartmentSizeTable, {kMsgCompartmentSizeLegend});
+    Value(row, kCompartmentTableSize);
+    EndLine(row);
+
+    OpenTable(row, kMsgCompartmentTable,
+              {kMsgNameLegend, kMsgOutlineLegend, kMsgCompartmentKindLegend, kMsgDesignValueLegend,
+               kMsgLoadCaseLegend, kMsgPressureLegend});
+    Legend(row, kFillingLevelLegend);
+    for (Compartment& compartment : section.compartments) {
+        if (&compartment != &section.compartments.front()) CommentRule(row);
+        TextLine(row, compartment.name);
+        CompartmentLines(row, compartment);
+    }
+}
+
+void WriteFatigue(RowWriter& row, SectionModel& section) {
+    bool opened = false;
+    int16_t panel = 0;
+    for (Panel& each : section.panels) {
+        ++panel;
+        int16_t stiffener = 0;
+        for (StiffenerDetail& detail : each.stiffenerDetails) {
+            ++stiffener;
+            int16_t number = 0;
+            for (Span& span : detail.spans) {
+                ++number;
+                if (!span.fatigue.present) continue;
+                if (!opened) OpenTable(row, kMsgFatigueTable, {kMsgFatigueLegend});
+                opened = true;
+                Values(row, panel, stiffener, number);
+                ItemLines(row, span.fatigue);
+            }
+        }
+    }
+}
+
+// The tables of structures that not every section has.
+void WriteFurtherItems(RowWriter& row, SectionModel& section) {
+    if (HasItems(section, &Panel::brackets)) {
+        OpenTable(row, kMsgBracketTable, {kMsgBracketLegend, kMsgBracketScantlingLegend});
+        WriteItems(row, section, &Panel::brackets);
+    }
+    if (HasItems(section, &Panel::openings)) {
+        OpenTable(row, kMsgOpeningTable, {kMsgOpeningLegend});
+        WriteItems(row, section, &Panel::openings);
+    }
+    if (HasItems(section, &Panel::pillars)) {
+        OpenTable(row, kMsgPillarTable, {kMsgPillarLegend});
+        WriteItems(row, section, &Panel::pillars);
+    }
+}
+
+std::string NewIdentifier() {
+    std::array<char, 256> buffer{};
+    GenerateID(buffer.data(), static_cast<int32_t>(buffer.size()) - 1);
+    return buffer.data();
+}
+
+}  // namespace
+
+void OutlineLine(RowWriter& row, std::vector<NodeReference>& outline) {
+    const size_t count = std::min(outline.size(), kMostOutlineNodes);
+    NodeReference closing{};
+    for (size_t i = 0; i < count; ++i) {
+        if (outline[i].node == 0) {
+            closing = outline[i];
+            break;
+        }
+        Value(row, outline[i]);
+    }
+    Value(row, closing);
+    EndLine(row);
+}
+
+void FillingLevelLine(RowWriter& row, std::vector<FillingLevel>& levels) {
+    const size_t count = std::min(levels.size(), kMostFillingLevels);
+    Value(row, static_cast<int32_t>(count));
+    for (size_t i = 0; i < count; ++i) {
+        Values(row, General{levels[i].level_m}, General{levels[i].surfaceLength_m},
+               General{levels[i].surfaceBreadth_m});
+    }
+    EndLine(row);
+}
+
+void WriteSectionBody(TextWriter& writer, SectionModel& section) {
+    if (section.identifier.empty()) section.identifier = NewIdentifier();
+    RowWriter row(writer);
+    Legends(row, {kMsgNameLegend, kMsgGeneralLegend, kMsgLoadLegend, kMsgModulusLegend,
+                  kMsgSlopeLegend, kMsgAbsentLegend, kMsgToleranceLegend, kMsgSymmetryLegend,
+                  kMsgIdentifierLegend, kMsgReservedLegend, kMsgResultLegend});
+    TextLine(row, section.name);
+    HeadLines(row, section);
+    CommentRule(row);
+
+    WritePanels(row, section);
+    OpenTable(row, kMsgNodeTable, {kMsgNodeLegend, kMsgExtensionLegend});
+    WriteItems(row, section, &Panel::nodes);
+    OpenTable(row, kMsgPlateTable, {kMsgPlateLegend});
+    WriteItems(row, section, &Panel::plates);
+    WriteStiffeners(row, section);
+    WriteCompartments(row, section);
+    WriteFurtherItems(row, section);
+    WriteFatigue(row, section);
+}
+
+void WriteSectionBlock(TextWriter& writer, SectionModel& section, int32_t number) {
+    WriteBlockHead(writer, number, ModelKind::kSection, CurrentStamp());
+    WriteSectionBody(writer, section);
+}
+
+}  // namespace corvane

@@ -1,0 +1,29 @@
+// Sections for the tests: the one of tests/golden/section_full.ve2, and random ones.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "database/section_file.h"
+
+namespace corvane::test {
+
+// What the golden file says, written down a second time.
+SectionModel FullSection();
+// Every field set at random, and every list of a random length.
+SectionModel RandomSection(uint32_t seed);
+
+// The text of the block behind the name label.
+std::string BodyText(SectionModel& section);
+// The whole block.
+std::string BlockText(SectionModel& section, int32_t number);
+// A block or a file as far as the section reader takes it, from memory.
+SectionModel ReadText(std::string_view text, ModelKind kind = ModelKind::kSection);
+
+// The text from the line behind the name label on.
+std::string BodyOf(std::string_view text);
+// The text with the first `from` replaced; a test fails when it has none.
+std::string Replaced(std::string_view text, std::string_view from, std::string_view to);
+
+}  // namespace corvane::test
