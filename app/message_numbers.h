@@ -89,9 +89,9 @@
     X(kMsgStampUser, 3130)              \
     X(kMsgBracketScantlingLegend, 3131) \
     X(kMsgFileNotWritten, 3500)         \
-    X(kMsgDebugError, 3501)             \
     X(kMsgUnexpectedFault, 3502)        \
-    X(kMsgResultLegend, 3503)
+    X(kMsgResultLegend, 3503)           \
+    X(kMsgTextNotWritten, 3504)
 
 namespace corvane {
 

@@ -4,6 +4,7 @@
 #include "bsd/labels.h"
 #include "util/files.h"
 #include "util/numbers.h"
+#include "util/rewrite.h"
 
 namespace corvane {
 namespace {
@@ -36,12 +37,8 @@ void PassOldBlock(TextReader& reader) {
     SeekLine(reader, position);
 }
 
-// Writes the database's text with the new block to a new file. The reader stands at the block's
-// header line.
-system::ErrorNumber WriteWithNewBlock(TextReader& reader, const std::wstring& path,
-                                      BasicShipData& bsd) {
-    TextWriter writer;
-    if (!CreateText(writer, path)) return writer.error;
+// Writes the database's text with the new block. The reader stands at the old block's header line.
+void WriteWithNewBlock(TextReader& reader, TextWriter& writer, BasicShipData& bsd) {
     const int64_t header = LinePosition(reader);
     SeekLine(reader, 0);
     CopySpan(reader, header, writer);
@@ -50,8 +47,6 @@ system::ErrorNumber WriteWithNewBlock(TextReader& reader, const std::wstring& pa
     WriteBasicShipData(writer, bsd);
     PassOldBlock(reader);
     CopySpan(reader, -1, writer);
-    CloseText(writer);
-    return reader.error != system::kErrorNone ? reader.error : writer.error;
 }
 
 }  // namespace
@@ -85,18 +80,12 @@ bool SaveBsdToDatabase(const std::wstring& path, BasicShipData& bsd) {
         WarnOfForeignFile(path);
         return false;
     }
-    std::wstring temporary;
-    system::ErrorNumber error = reader.error;
-    if (error == system::kErrorNone) {
-        temporary = TempFileName();
-        error = WriteWithNewBlock(reader, temporary, bsd);
-    }
+    Rewrite rewrite;
+    BeginRewrite(rewrite, path);
+    if (reader.error == system::kErrorNone) WriteWithNewBlock(reader, rewrite.writer, bsd);
     // Some systems let nobody rename over a file that is open.
     system::CloseFile(reader.file);
-    if (error == system::kErrorNone) error = ReplaceFile(temporary, path).error;
-    if (error == system::kErrorNone) return true;
-    ReportMessage(kMsgFileNotWritten, {path, system::ErrorText(error), temporary});
-    return false;
+    return FinishRewrite(rewrite, reader.error);
 }
 
 bool ImportBsdFile(const std::wstring& path, BasicShipData& bsd) {

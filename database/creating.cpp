@@ -4,6 +4,7 @@
 #include "database/database_file.h"
 #include "util/files.h"
 #include "util/numbers.h"
+#include "util/rewrite.h"
 
 namespace corvane {
 namespace {
@@ -21,16 +22,6 @@ void WriteFileHead(TextWriter& writer, BasicShipData& bsd) {
     WriteLine(writer, kBsdHeaderLine);
     WriteLine(writer, "*");
     WriteBasicShipData(writer, bsd);
-}
-
-// Writes the head to the temporary file and puts that in place.
-system::ErrorNumber WriteAndReplace(const std::wstring& path, const std::wstring& temporary,
-                                    BasicShipData& bsd) {
-    TextWriter writer;
-    if (!CreateText(writer, temporary)) return writer.error;
-    WriteFileHead(writer, bsd);
-    if (!CloseText(writer)) return writer.error;
-    return ReplaceFile(temporary, path).error;
 }
 
 }  // namespace
@@ -57,12 +48,10 @@ bool CreateDatabaseFile(const std::wstring& path, BasicShipData& bsd) {
         ReportMessage(kMsgReadOnly, {path});
         return false;
     }
-    const std::wstring temporary = TempFileName();
-    const system::ErrorNumber error =
-        temporary.empty() ? system::kErrorPathNotFound : WriteAndReplace(path, temporary, bsd);
-    if (error == system::kErrorNone) return true;
-    ReportMessage(kMsgFileNotWritten, {path, system::ErrorText(error), temporary});
-    return false;
+    Rewrite rewrite;
+    BeginRewrite(rewrite, path);
+    WriteFileHead(rewrite.writer, bsd);
+    return FinishRewrite(rewrite);
 }
 
 }  // namespace corvane

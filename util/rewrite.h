@@ -1,0 +1,26 @@
+// Writing a file anew: the new text goes to a temporary file, and only when it is whole does it
+// take the place of the old one. Every rewrite of the program goes this way.
+#pragma once
+
+#include <string>
+
+#include "util/text_file.h"
+
+namespace corvane {
+
+struct Rewrite {
+    std::wstring target;
+    std::wstring temporary;
+    TextWriter writer;
+};
+
+// Opens the temporary file; what is to be written goes to `writer`. A failure is kept in the
+// writer, so that only FinishRewrite need be asked.
+void BeginRewrite(Rewrite& rewrite, const std::wstring& target);
+
+// Puts the new text in the target's place; no reader of ours may hold the target open. `readError`
+// is that of the text that was copied from, if any. On failure the target is as it was, and the
+// user is told: the new text is kept (message 3500) when it is whole, and removed (3504) when not.
+bool FinishRewrite(Rewrite& rewrite, system::ErrorNumber readError = system::kErrorNone);
+
+}  // namespace corvane
