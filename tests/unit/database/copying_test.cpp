@@ -252,6 +252,25 @@ TEST_F(CopyingTest, BodyOfAnyLengthIsCopied) {
     }
 }
 
+TEST_F(CopyingTest, ReadThatFailsOnTheWayIsToldByTheReader) {
+    std::vector<SampleBlock> blocks = FiveBlocks();
+    for (SampleBlock& block : blocks) {
+        while (block.body.size() < kTextBufferSize) block.body += " 1 \t 2 \t 3 \r\n";
+    }
+    test::WriteFileBytes(path, DatabaseText(blocks));
+    TextReader from;
+    TextWriter to;
+    ASSERT_TRUE(OpenText(from, path));
+    ASSERT_TRUE(CreateText(to, copy));
+    CopyFileHead(from, to);
+    system::CloseFile(from.file);  // from here on nothing more can be read
+    CopyModels(from, to, 1, -1, 1);
+    EXPECT_TRUE(CloseText(to));
+    EXPECT_NE(from.error, system::kErrorNone);
+    SeekLine(from, 0);
+    EXPECT_NE(from.error, system::kErrorNone);
+}
+
 // ---- Blocks as they stand ----------------------------------------------------------------------
 
 TEST_F(CopyingTest, BlocksAreCopiedUpToTheFirstOfTheNumberWhateverTheirNumbersAre) {

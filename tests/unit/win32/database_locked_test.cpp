@@ -59,13 +59,16 @@ TEST_F(DatabaseLockedTest, LockedBytesEndTheScanAndAreTold) {
     ASSERT_TRUE(LockFile(other, half, 0, half, 0));
     TextReader reader;
     ASSERT_TRUE(OpenText(reader, path));
+    std::string_view line;
+    if (ReadLine(reader, line)) GTEST_SKIP() << "locks of bytes keep no reader off here";
+    SeekLine(reader, 0);
     TextWriter writer;
     ASSERT_TRUE(CreateText(writer, folder.File(L"copy")));
     CopyFileHead(reader, writer);
     CopyModels(reader, writer, 1, -1, 0);
     EXPECT_TRUE(CloseText(writer));
     EXPECT_NE(reader.error, system::kErrorNone);
-    EXPECT_LE(ListModelsWithPositions(path).size(), 5u);
+    EXPECT_TRUE(ListModelsWithPositions(path).empty());
 }
 
 TEST_F(DatabaseLockedTest, HeldDatabaseIsNotReplacedByANewOne) {
