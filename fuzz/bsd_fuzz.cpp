@@ -58,11 +58,16 @@ void RequireSameNumbers(BasicShipData& a, BasicShipData& b) {
     }
 }
 
-// A line break in a title is written as a blank.
+// What the writer must change in a title: a line break, and the look of a header line, which a
+// title has when it stands behind the version on one line.
+bool IsWrittenOtherwise(std::wstring_view title) {
+    return title.find(L'\r') != std::wstring_view::npos ||
+           IsHeaderLine(system::AnsiFromWide(title));
+}
+
 void RequireSameTitles(const BasicShipData& a, const BasicShipData& b) {
     for (int i = 1; i <= 5; ++i) {
-        const bool hasBreak = a.Titles(i).Whole().find(L'\r') != std::wstring_view::npos;
-        Require(hasBreak || a.Titles(i) == b.Titles(i));
+        Require(IsWrittenOtherwise(a.Titles(i).Whole()) || a.Titles(i) == b.Titles(i));
     }
 }
 
