@@ -43,7 +43,8 @@ struct Table {
 private:
     static size_t Place(int i, int j) {
         assert(i >= 1 && i <= firstIndexes && j >= 1 && j <= secondIndexes);
-        return static_cast<size_t>((j - 1) * firstIndexes + (i - 1));
+        const int place = (j - 1) * firstIndexes + (i - 1);
+        return static_cast<size_t>(place);
     }
 };
 
