@@ -100,7 +100,8 @@ struct Strake {
     int16_t itemCount;  // nodeCount - 1, or 0
     int16_t stiffenerCount;
     int16_t plateCount;
-    int16_t unused[3];
+    int16_t strakeCount;  // strakes in the array; ComputeAbsNodes sets it for ComputeNode
+    int16_t unused[2];
     alignas(8) Node* nodes;
     alignas(8) StrakeItem* items;
     alignas(8) Stiffener* stiffeners;
@@ -108,7 +109,8 @@ struct Strake {
 };
 static_assert(offsetof(Strake, length) == 12 && offsetof(Strake, number) == 16);
 static_assert(offsetof(Strake, nodeCount) == 18 && offsetof(Strake, stiffenerCount) == 22);
-static_assert(offsetof(Strake, plateCount) == 24 && offsetof(Strake, nodes) == 32);
+static_assert(offsetof(Strake, plateCount) == 24 && offsetof(Strake, strakeCount) == 26);
+static_assert(offsetof(Strake, nodes) == 32);
 static_assert(offsetof(Strake, items) == 40 && offsetof(Strake, stiffeners) == 48);
 static_assert(offsetof(Strake, plateEnds) == 56 && sizeof(Strake) == 64);
 
@@ -205,7 +207,7 @@ extern "C" {
 
 // Abscissa of a point on a strake. `flag` gets the number of the item that holds it. Status 0: the
 // point lies on the strake within `tolerance`; 1: it does not, `s` is that of the nearest point;
-// any other value: the strake has no computed line.
+// any other value: the strake has no computed line, or a coordinate is no number.
 int16_t CORVANE_STDCALL YZToS(corvane::Strake* strake, float y, float z, float* s, int16_t* flag,
                               float tolerance);
 // Point at an abscissa. Status 0: it lies on the strake; 1: `s` is outside of 0..length by more
@@ -214,7 +216,7 @@ int16_t CORVANE_STDCALL SToYZ(corvane::Strake* strake, float s, float* y, float*
                               float tolerance);
 
 // Whether the node of strake `strake` has coordinates of its own: 1; 0 when it is defined on
-// another node or does not exist.
+// another node or on a strake, or does not exist.
 int16_t CORVANE_STDCALL Absnode(corvane::Strake* strakes, int16_t count, int16_t strake,
                                 int16_t node);
 // The node on which the first node of strake `k` is defined; (0, 0) when it stands by itself. The
@@ -224,18 +226,21 @@ int16_t CORVANE_STDCALL RelNode(corvane::Strake* strakes, int16_t count, int16_t
 
 // Computes place, normal and abscissa of a stiffener from its offset (AbsStiff), or its offset
 // from its reference node from its abscissa (RelStiff). Status 0 on success, 1 when the place lies
-// outside of the strake, a kCode... otherwise.
+// outside of the strake by more than 1 mm (AbsStiff gives the end's place), a kCode... otherwise:
+// nothing is changed then. A reference node on another strake stands for the point nearest to it.
 int16_t CORVANE_STDCALL AbsStiff(corvane::Strake* strakes, int16_t count, int16_t strake,
                                  corvane::Stiffener* stiffener);
 int16_t CORVANE_STDCALL RelStiff(corvane::Strake* strakes, int16_t count, int16_t strake,
                                  corvane::Stiffener* stiffener);
 
 // Computes y and z of node `node` of `strake`, which is number `number` of `strakes`; the node or
-// the strake that it is defined on must have been computed. Then sets up the item that ends at this
-// node (number node - 1), when the node before it is computed. Status 0 or a kCode.
+// the strake that it is defined on must have been computed: kCodeCircularReference when it has not.
+// Then sets up the item that ends at this node (number node - 1), when the node before it is
+// computed. Status 0 or a kCode.
 int16_t CORVANE_STDCALL ComputeNode(corvane::Strake* strake, int16_t number,
                                     corvane::Strake* strakes, int16_t node, float tolerance);
-// Computes item `k` (from 1) of a list: arc and length. 0 or a kCode.
+// Computes item `k` (from 1) of a list: arc and length, and its abscissa from the item before it.
+// 0 or a kCode; the length is 0 then.
 int16_t CORVANE_STDCALL ComputeStrake(corvane::StrakeItem* items, int16_t k, float tolerance);
 
 // Prepares all nodes: those given by their own coordinates are computed, all others are marked as
