@@ -31,11 +31,13 @@
     X(kMsgThirdLimitKey, 430)           \
     X(kMsgLoginNameKey, 431)            \
     X(kMsgReadingModel, 601)            \
+    X(kMsgComputingGeometry, 616)       \
     X(kMsgSettingsNotWritten, 619)      \
     X(kMsgReadingModels, 621)           \
     X(kMsgFrameDistanceFormat, 801)     \
     X(kMsgModelMissing, 1011)           \
     X(kMsgFileMissing, 1020)            \
+    X(kMsgStrakeCoincidentNodes, 1042)  \
     X(kMsgLibraryVersion, 1052)         \
     X(kMsgInputBsdFirst, 1066)          \
     X(kMsgNoDatabase, 1083)             \
