@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "database/section.h"
 #include "platform/ztutil32.h"
 #include "tests/unit/companions/section_builder.h"
 #include "tests/unit/support.h"
@@ -452,6 +453,22 @@ TEST_F(GeometryTest, SameResultAsQuickCompute) {
             }
         }
     }
+    EXPECT_TRUE(RecordingScreen::Of("warning").empty());
+}
+
+TEST_F(GeometryTest, ModelIsComputedInPlaceThroughItsView) {
+    SectionModel model;
+    model.panels.resize(2);
+    model.panels[0].nodes = {OffsetNode({2, 2}, 2, 0), GivenNode(9, 5)};
+    model.panels[0].stiffeners = {StiffenerAt(1)};
+    model.panels[1].nodes = {GivenNode(0, 0), RadiusNode(3, 0, 5), GivenNode(3, 5)};
+    LibraryView view;
+    MakeLibraryView(model, view);
+    EXPECT_EQ(ComputeAbsoluteGeometry(view.section, model.name).size(), 0U);
+    EXPECT_EQ(model.panels[0].nodes[0].y, 5);
+    EXPECT_FLOAT_EQ(view.strakes[0].length, std::sqrt(41.0F));
+    EXPECT_FLOAT_EQ(model.panels[0].stiffeners[0].s, 1);
+    EXPECT_FLOAT_EQ(model.panels[1].nodes[2].s, 3 + 5 * 3.14159265F / 3);
     EXPECT_TRUE(RecordingScreen::Of("warning").empty());
 }
 
