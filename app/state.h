@@ -8,6 +8,7 @@
 #include "app/screen.h"
 #include "app/settings.h"
 #include "bsd/basic_ship_data.h"
+#include "database/section.h"
 
 namespace corvane {
 
@@ -30,6 +31,10 @@ struct ShellState {
     // Number of the selected model, 1 the first; 0 none; -1 and -2 while a bulkhead arrangement or
     // a torsion model is being created.
     int16_t currentModel = 0;
+
+    // The section in the preview, as it was read when its row was selected.
+    SectionModel previewSection;
+    bool previewShown = false;
 
     Screen screen;
     // What the main window can do; null while there is none.

@@ -7,6 +7,7 @@
 #include "app/state.h"
 #include "bsd/frames.h"
 #include "database/database_file.h"
+#include "database/section_file.h"
 #include "util/numbers.h"
 #include "util/paths.h"
 #include "util/processes.h"
@@ -62,6 +63,28 @@ void ShowDatabase(const MainWindow& window) {
     SelectModel(*current);
 }
 
+bool ReadForPreview(const ModelRow& row) {
+    return row.kind == ModelKind::kSection && shell.mainWindow->isPreviewOn() &&
+           ReadSectionBlock(shell.settings.DatabasePath, row.tag, false, shell.previewSection);
+}
+
+void ClearPreview() {
+    shell.previewShown = false;
+    shell.mainWindow->clearPreview();
+}
+
+// Shows the model in the preview, as far as it can be shown there, and returns its position.
+float ShowInPreview(const ModelRow& row) {
+    if (!ReadForPreview(row)) {
+        ClearPreview();
+        return ModelPosition(shell.settings.DatabasePath, row.tag);
+    }
+    shell.previewShown = true;
+    shell.mainWindow->redrawPreview();
+    ResetMousePointer();
+    return shell.previewSection.x_m;
+}
+
 void ShowNoDatabase(const MainWindow& window) {
     window.setDatabaseText(L"No database selected");
     window.setRows({});
@@ -114,8 +137,7 @@ void RefreshMainWindow() {
 void SelectModel(const ModelRow& row) {
     const MainWindow& window = *shell.mainWindow;
     shell.currentModel = row.tag;
-    window.clearPreview();
-    const float x = ModelPosition(shell.settings.DatabasePath, shell.currentModel);
+    const float x = ShowInPreview(row);
     window.setPositionText(FormatMessage(kMsgPosition, {x}));
     window.setFrameText(FrameText(x));
     window.setSectionMenuCaption(SectionMenuCaption(row.kind));
@@ -124,11 +146,18 @@ void SelectModel(const ModelRow& row) {
 
 void DeselectModel() {
     const MainWindow& window = *shell.mainWindow;
-    window.clearPreview();
+    ClearPreview();
     window.setPositionText(L"");
     window.setFrameText(L"");
     window.setSectionMenuCaption(MenuCaption(Menu::kSection));
     window.updateEnabling();
+}
+
+void DrawPreview(Picture& picture) {
+    if (!shell.previewShown) return;
+    LibraryView view;
+    MakeLibraryView(shell.previewSection, view);
+    DrawSectionPreview(view.section, shell.bsd, picture);
 }
 
 std::wstring MainWindowCaption() {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "database/model_kind.h"
+#include "preview/section_preview.h"
 #include "ui/commands/commands.h"
 
 namespace corvane {
@@ -29,7 +30,9 @@ struct MainWindow {
     void (*setRows)(const std::vector<ModelRow>& rows);  // LI_Sections, all rows anew
     void (*selectRow)(int index);                        // 0-based; -1 none
     int (*selectedRow)();
-    void (*clearPreview)();                             // PIC_Section
+    bool (*isPreviewOn)();    // OP_Preview
+    void (*redrawPreview)();  // PIC_Section, through DrawPreview
+    void (*clearPreview)();
     void (*setPositionText)(const std::wstring& text);  // LB_X
     void (*setFrameText)(const std::wstring& text);     // LB_Frame
     void (*setSectionMenuCaption)(const std::wstring& text);
@@ -46,9 +49,14 @@ std::vector<ModelRow> FillModelList(const std::wstring& path);
 // Rebuilds everything that the window shows from the file and the state of the process.
 void RefreshMainWindow();
 
-// A row was clicked or reached by the keyboard: it becomes the current model, and the labels and
-// the Section menu follow it.
+// A row was clicked or reached by the keyboard: it becomes the current model, and the preview, the
+// labels and the Section menu follow it. A section is read for the preview, when that is on; of any
+// other model, and of one that could not be read, the position alone is read.
 void SelectModel(const ModelRow& row);
+
+// Draws the selected section as it was read at its selection; the file is not read again. Leaves
+// the picture as it is when there is none.
+void DrawPreview(Picture& picture);
 
 // No row is selected: preview and labels are empty and the Section menu has its own name again. The
 // current model's number stays.

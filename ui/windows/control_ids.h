@@ -13,12 +13,15 @@ enum ControlId : int {
     PAN_Help,
     LB_DataBase,  // names TX_DataBase
     LN_Status,    // the line above PAN_Help
+    PIC_Section,
+    OP_Preview,
     LB_Title = 1100,
     LB_Version,
 };
 
 // Window classes.
 inline constexpr wchar_t kMainWindowClass[] = L"FM_Main";
+inline constexpr wchar_t kSectionPictureClass[] = L"PIC_Section";
 inline constexpr wchar_t kSplashClass[] = L"FM_Load";
 
 }  // namespace corvane

@@ -18,6 +18,7 @@ constexpr int kFieldPadding = 4;
 constexpr int kFieldTextTop = 3;
 constexpr int kStatusPadding = 5;
 constexpr int kPositionWidth = 200;
+constexpr int kPreviewButtonWidth = 90;
 
 // The window's client area as it is divided, from the top and from the bottom.
 struct Divider {
@@ -66,13 +67,24 @@ void PlaceModelLabels(Divider& divider, RECT& area, int textHeight) {
     area.bottom = top - divider.Length(kGap);
 }
 
+// The picture of the section in the right half, with its check box above; `area` becomes what is
+// left of it.
+void PlacePreview(Divider& divider, RECT& area, int textHeight) {
+    const int left = area.left + (area.right - area.left) / 2 + divider.Length(kGap);
+    const int top = area.top + textHeight + divider.Length(kGap);
+    divider.Place(OP_Preview, {left, area.top, left + divider.Length(kPreviewButtonWidth),
+                               area.top + textHeight + divider.Length(kFieldPadding)});
+    divider.Place(PIC_Section, {left, top, area.right, area.bottom});
+    area.right = left - divider.Length(kGap);
+}
+
 }  // namespace
 
 void LayOutMainWindow(HWND window, HFONT font, UINT dpi) {
     std::wstring labelText = WindowText(GetDlgItem(window, LB_DataBase));
     std::erase(labelText, L'&');
     const SIZE label = TextSize(window, font, labelText);
-    Divider divider{window, BeginDeferWindowPos(8), dpi};
+    Divider divider{window, BeginDeferWindowPos(10), dpi};
     RECT area{};
     GetClientRect(window, &area);
     PlaceStatusLine(divider, area, label.cy);
@@ -80,6 +92,7 @@ void LayOutMainWindow(HWND window, HFONT font, UINT dpi) {
     InflateRect(&area, -margin, -margin);
     PlaceDatabaseRow(divider, area, label);
     PlaceModelLabels(divider, area, label.cy);
+    PlacePreview(divider, area, label.cy);
     divider.Place(LI_Sections, area);
     EndDeferWindowPos(divider.moves);
     FitNameColumn(GetDlgItem(window, LI_Sections));

@@ -15,6 +15,7 @@
 #include "ui/windows/list_view.h"
 #include "ui/windows/menus.h"
 #include "ui/windows/screen.h"
+#include "ui/windows/section_picture.h"
 #include "ui/windows/tool_tips.h"
 
 namespace corvane {
@@ -100,7 +101,10 @@ constexpr MainWindow kProcedures{
     .setRows = SetRows,
     .selectRow = SelectRow,
     .selectedRow = SelectedRow,
-    .clearPreview = [] {},
+    .isPreviewOn =
+        [] { return SendMessageW(Control(OP_Preview), BM_GETCHECK, 0, 0) == BST_CHECKED; },
+    .redrawPreview = [] { RedrawSectionPicture(Control(PIC_Section)); },
+    .clearPreview = [] { ClearSectionPicture(Control(PIC_Section)); },
     .setPositionText = [](const std::wstring& text) { SetText(Control(LB_X), text); },
     .setFrameText = [](const std::wstring& text) { SetText(Control(LB_Frame), text); },
     .setSectionMenuCaption =
@@ -128,6 +132,9 @@ void AddControls(HWND window, MainWindowState& state) {
                WS_TABSTOP | ES_READONLY | ES_AUTOHSCROLL | ES_LEFT);
     AddControl(window, Command1, WC_BUTTONW, L"&Open...", WS_TABSTOP | BS_PUSHBUTTON);
     CreateModelList(window);
+    AddControl(window, OP_Preview, WC_BUTTONW, L"&Preview", WS_TABSTOP | BS_AUTOCHECKBOX);
+    SendMessageW(GetDlgItem(window, OP_Preview), BM_SETCHECK, BST_CHECKED, 0);
+    CreateSectionPicture(window);
     AddControl(window, LB_X, WC_STATICW, L"", label);
     AddControl(window, LB_Frame, WC_STATICW, L"", label);
     AddControl(window, LN_Status, WC_STATICW, L"", SS_ETCHEDHORZ);
@@ -144,7 +151,7 @@ void TakeResolution(HWND window, UINT dpi) {
     state.dpi = dpi;
     state.font = CreateMessageFont(dpi);
     for (const ControlId id :
-         {LB_DataBase, TX_DataBase, Command1, LB_X, LB_Frame, LN_Status, PAN_Help}) {
+         {LB_DataBase, TX_DataBase, Command1, OP_Preview, LB_X, LB_Frame, LN_Status, PAN_Help}) {
         SendMessageW(GetDlgItem(window, id), WM_SETFONT, reinterpret_cast<WPARAM>(state.font),
                      TRUE);
     }
@@ -199,6 +206,17 @@ void RunCommand(uint16_t id) {
     const Command* command = FindCommand(id);
     if (command == nullptr || command->run == nullptr) return;
     if (IsEnabled(*command, SelectedRow() >= 0)) command->run();
+}
+
+// The selected row is shown anew, with the preview or without.
+void OnPreviewClick(HWND window) {
+    const int row = SelectedRow();
+    if (row >= 0) SelectModel(StateOf(window)->rows.at(static_cast<size_t>(row)));
+}
+
+void OnCommand(HWND window, uint16_t id) {
+    if (id == OP_Preview) return OnPreviewClick(window);
+    RunCommand(id == Command1 ? uint16_t{ME_FileOpen} : id);
 }
 
 void OnListChanged(HWND window, const NMLISTVIEW& change) {
@@ -277,6 +295,7 @@ LRESULT HandleLife(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_SYSCOLORCHANGE:
             SendMessageW(GetDlgItem(window, LI_Sections), message, wParam, lParam);
+            SendMessageW(GetDlgItem(window, PIC_Section), message, wParam, lParam);
             break;
         case WM_SETTINGCHANGE:
             TakeResolution(window, StateOf(window)->dpi);
@@ -302,7 +321,7 @@ LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
             OnMinMaxInfo(window, *reinterpret_cast<MINMAXINFO*>(lParam));
             return 0;
         case WM_COMMAND:
-            RunCommand(LOWORD(wParam) == Command1 ? uint16_t{ME_FileOpen} : LOWORD(wParam));
+            OnCommand(window, LOWORD(wParam));
             return 0;
         case WM_NOTIFY:
             return OnNotify(window, lParam);

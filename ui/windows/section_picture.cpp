@@ -1,0 +1,201 @@
+#include "ui/windows/section_picture.h"
+
+#include <memory>
+
+#include "preview/section_preview.h"
+#include "ui/commands/main_window.h"
+#include "ui/windows/control_ids.h"
+#include "ui/windows/dpi.h"
+#include "ui/windows/screen.h"
+
+namespace corvane {
+namespace {
+
+// Belongs to the window from its creation on, and goes with it.
+struct PictureState {
+    HBITMAP contents = nullptr;  // what the window shows; all drawing goes here
+    SIZE size{};                 // [px]
+    Picture scale;               // the user scale, kept from one drawing to the next
+};
+
+// Drawing on a bitmap, for as long as this lives.
+struct BitmapDevice {
+    HDC dc;
+    HGDIOBJ before;
+    HFONT font = nullptr;
+
+    BitmapDevice(HWND window, HBITMAP bitmap) {
+        const HDC screen = GetDC(window);
+        dc = CreateCompatibleDC(screen);
+        ReleaseDC(window, screen);
+        before = SelectObject(dc, bitmap);
+    }
+    ~BitmapDevice() {
+        SelectObject(dc, GetStockObject(SYSTEM_FONT));
+        SelectObject(dc, before);
+        if (font != nullptr) DeleteObject(font);
+        DeleteDC(dc);
+    }
+    BitmapDevice(const BitmapDevice&) = delete;
+    BitmapDevice& operator=(const BitmapDevice&) = delete;
+};
+
+PictureState* StateOf(HWND window) {
+    return reinterpret_cast<PictureState*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+}
+
+void FillBackground(HDC dc, SIZE size) {
+    const RECT all{0, 0, size.cx, size.cy};
+    FillRect(dc, &all, GetSysColorBrush(COLOR_WINDOW));
+}
+
+void ClearPicture(Picture& picture) {
+    RECT client{};
+    GetClientRect(static_cast<HWND>(picture.window), &client);
+    FillBackground(static_cast<HDC>(picture.dc), {client.right, client.bottom});
+}
+
+// A broad ship has more strakes in the same room, and smaller numbers on them.
+void SetPictureFont(Picture& picture, float breadth) {
+    constexpr float kBroad_m = 20;
+    auto& device = *static_cast<BitmapDevice*>(picture.context);
+    const HWND window = static_cast<HWND>(picture.window);
+    const HFONT font = CreateMessageFont(DpiOf(window), breadth < kBroad_m ? 90 : 75);
+    SelectObject(device.dc, font);
+    if (device.font != nullptr) DeleteObject(device.font);
+    device.font = font;
+}
+
+float Twips(LONG pixels, UINT dpi) {
+    constexpr float kTwipsPerInch = 1440;
+    return static_cast<float>(pixels) * kTwipsPerInch / static_cast<float>(dpi);
+}
+
+// Draws on the kept bitmap and shows it.
+void DrawOn(HWND window, void (*draw)(Picture& picture)) {
+    PictureState& state = *StateOf(window);
+    if (state.contents == nullptr) return;
+    BitmapDevice device(window, state.contents);
+    Picture& picture = state.scale;
+    picture.window = window;
+    picture.dc = device.dc;
+    picture.width = Twips(state.size.cx, DpiOf(window));
+    picture.height = Twips(state.size.cy, DpiOf(window));
+    picture.context = &device;
+    picture.clear = ClearPicture;
+    picture.setFont = SetPictureFont;
+    picture.systemColour = [](int index) { return static_cast<int32_t>(GetSysColor(index)); };
+    draw(picture);
+    picture.dc = nullptr;
+    picture.context = nullptr;
+    InvalidateRect(window, nullptr, FALSE);
+}
+
+// A bitmap of the window's size, with as much of the old contents as it holds.
+void TakeSize(HWND window, SIZE size) {
+    PictureState& state = *StateOf(window);
+    if (size.cx < 1 || size.cy < 1) return;
+    if (state.contents != nullptr && size.cx == state.size.cx && size.cy == state.size.cy) return;
+    const HDC screen = GetDC(window);
+    const HBITMAP contents = CreateCompatibleBitmap(screen, size.cx, size.cy);
+    ReleaseDC(window, screen);
+    if (contents == nullptr) return;
+    {
+        const BitmapDevice target(window, contents);
+        FillBackground(target.dc, size);
+        if (state.contents != nullptr) {
+            const BitmapDevice source(window, state.contents);
+            BitBlt(target.dc, 0, 0, state.size.cx, state.size.cy, source.dc, 0, 0, SRCCOPY);
+        }
+    }
+    if (state.contents != nullptr) DeleteObject(state.contents);
+    state.contents = contents;
+    state.size = size;
+    DrawOn(window, DrawPreview);
+}
+
+void OnPaint(HWND window) {
+    PAINTSTRUCT paint{};
+    const HDC dc = BeginPaint(window, &paint);
+    const PictureState& state = *StateOf(window);
+    if (state.contents != nullptr) {
+        const BitmapDevice source(window, state.contents);
+        BitBlt(dc, 0, 0, state.size.cx, state.size.cy, source.dc, 0, 0, SRCCOPY);
+    }
+    EndPaint(window, &paint);
+}
+
+// The background is in the colours of the system.
+void OnColoursChanged(HWND window) {
+    DrawOn(window, SyncGraphicsFrame);
+    DrawOn(window, DrawPreview);
+}
+
+void OnNcDestroy(HWND window) {
+    const std::unique_ptr<PictureState> state(StateOf(window));
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    if (state->contents != nullptr) DeleteObject(state->contents);
+}
+
+LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_SIZE:
+            TakeSize(window, {LOWORD(lParam), HIWORD(lParam)});
+            return 0;
+        case WM_ERASEBKGND:
+            // The contents cover the whole window.
+            return TRUE;
+        case WM_PAINT:
+            OnPaint(window);
+            return 0;
+        case WM_SYSCOLORCHANGE:
+            OnColoursChanged(window);
+            return 0;
+        case WM_NCDESTROY:
+            OnNcDestroy(window);
+            break;
+        default:
+            break;
+    }
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+LRESULT CALLBACK PictureProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_NCCREATE) {
+        SetWindowLongPtrW(window, GWLP_USERDATA,
+                          reinterpret_cast<LONG_PTR>(std::make_unique<PictureState>().release()));
+    }
+    // Before the state is there, and after it has gone, the window needs nothing of ours.
+    if (StateOf(window) == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+    try {
+        return HandleMessage(window, message, wParam, lParam);
+    } catch (...) {
+        ReportFault();
+        return 0;
+    }
+}
+
+}  // namespace
+
+HWND CreateSectionPicture(HWND parent) {
+    WNDCLASSEXW windowClass{};
+    windowClass.cbSize = sizeof(windowClass);
+    windowClass.lpfnWndProc = PictureProcedure;
+    windowClass.hInstance = GetModuleHandleW(nullptr);
+    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    windowClass.lpszClassName = kSectionPictureClass;
+    RegisterClassExW(&windowClass);
+    return CreateWindowExW(WS_EX_CLIENTEDGE, kSectionPictureClass, L"", WS_CHILD | WS_VISIBLE, 0, 0,
+                           0, 0, parent, reinterpret_cast<HMENU>(INT_PTR{PIC_Section}),
+                           windowClass.hInstance, nullptr);
+}
+
+void RedrawSectionPicture(HWND picture) {
+    DrawOn(picture, DrawPreview);
+}
+
+void ClearSectionPicture(HWND picture) {
+    DrawOn(picture, SyncGraphicsFrame);
+}
+
+}  // namespace corvane
