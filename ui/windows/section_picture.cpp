@@ -114,14 +114,17 @@ void TakeSize(HWND window, SIZE size) {
     DrawOn(window, DrawPreview);
 }
 
+void ShowContents(HWND window, HDC dc) {
+    const PictureState& state = *StateOf(window);
+    if (state.contents == nullptr) return;
+    const BitmapDevice source(window, state.contents);
+    BitBlt(dc, 0, 0, state.size.cx, state.size.cy, source.dc, 0, 0, SRCCOPY);
+}
+
 void OnPaint(HWND window) {
     PAINTSTRUCT paint{};
     const HDC dc = BeginPaint(window, &paint);
-    const PictureState& state = *StateOf(window);
-    if (state.contents != nullptr) {
-        const BitmapDevice source(window, state.contents);
-        BitBlt(dc, 0, 0, state.size.cx, state.size.cy, source.dc, 0, 0, SRCCOPY);
-    }
+    ShowContents(window, dc);
     EndPaint(window, &paint);
 }
 
@@ -147,6 +150,9 @@ LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
             return TRUE;
         case WM_PAINT:
             OnPaint(window);
+            return 0;
+        case WM_PRINTCLIENT:
+            ShowContents(window, reinterpret_cast<HDC>(wParam));
             return 0;
         case WM_SYSCOLORCHANGE:
             OnColoursChanged(window);
