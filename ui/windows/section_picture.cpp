@@ -95,7 +95,6 @@ void DrawOn(HWND window, void (*draw)(Picture& picture)) {
 void TakeSize(HWND window, SIZE size) {
     PictureState& state = *StateOf(window);
     if (size.cx < 1 || size.cy < 1) return;
-    if (state.contents != nullptr && size.cx == state.size.cx && size.cy == state.size.cy) return;
     const HDC screen = GetDC(window);
     const HBITMAP contents = CreateCompatibleBitmap(screen, size.cx, size.cy);
     ReleaseDC(window, screen);

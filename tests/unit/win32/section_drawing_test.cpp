@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdio>
+#include <utility>
 #include <vector>
 
 #include "platform/win32/win32.h"
@@ -201,6 +203,82 @@ TEST_F(GdiSectionDrawing, HugeSectionIsCutOffNotWrappedAround) {
     Draw();
     EXPECT_TRUE(Near(kPlating, 295, 20));
     EXPECT_EQ(canvas.At(225, 60), kWhite);
+}
+
+// What a metafile holds of the lines of a drawing, ready for one call of GDI for each pen.
+struct LinesOfPen {
+    std::vector<POINT> points;
+    std::vector<DWORD> counts;
+};
+
+int CALLBACK CollectLines(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM context) {
+    if (record->iType != EMR_POLYPOLYLINE16) return 1;
+    const auto& lines = *reinterpret_cast<const EMRPOLYPOLYLINE16*>(record);
+    LinesOfPen collected;
+    collected.counts.assign(lines.aPolyCounts, lines.aPolyCounts + lines.nPolys);
+    const auto* points = reinterpret_cast<const POINTS*>(lines.aPolyCounts + lines.nPolys);
+    for (DWORD i = 0; i < lines.cpts; ++i) collected.points.push_back({points[i].x, points[i].y});
+    reinterpret_cast<std::vector<LinesOfPen>*>(context)->push_back(std::move(collected));
+    return 1;
+}
+
+// 30 strakes with 4 nodes or more each, and 200 stiffeners.
+void FillBigSection(test::SampleSection& sample) {
+    const test::SampleStrake shell = sample.contents[0];
+    sample.contents.assign(30, shell);
+    for (test::SampleStrake& strake : sample.contents) strake.stiffeners[1].count = 3;
+    sample.Link();
+}
+
+// Seconds of the quickest of several runs.
+template <class Draw>
+double QuickestOf(int runs, Draw draw) {
+    LARGE_INTEGER frequency{};
+    QueryPerformanceFrequency(&frequency);
+    double quickest = 1e9;
+    for (int i = 0; i < runs; ++i) {
+        LARGE_INTEGER from{};
+        LARGE_INTEGER to{};
+        QueryPerformanceCounter(&from);
+        draw();
+        GdiFlush();
+        QueryPerformanceCounter(&to);
+        quickest = std::min(quickest, static_cast<double>(to.QuadPart - from.QuadPart) /
+                                          static_cast<double>(frequency.QuadPart));
+    }
+    return quickest;
+}
+
+TEST_F(GdiSectionDrawing, CostsLittleMoreThanItsLines) {
+    FillBigSection(sample);
+    sample.parameters.drawCompartments = 0;
+    const HWND window = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 300, 160, nullptr,
+                                        nullptr, nullptr, nullptr);
+    const HDC recorder = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
+    ScaleWindow(window, recorder, -15, -2, 15, 14, 200);
+    TraceSection(recorder, &sample.section, &sample.parameters);
+    const HENHMETAFILE file = CloseEnhMetaFile(recorder);
+    std::vector<LinesOfPen> lines;
+    EnumEnhMetaFile(nullptr, file, CollectLines, &lines, nullptr);
+    DeleteEnhMetaFile(file);
+    DestroyWindow(window);
+    ASSERT_EQ(lines.size(), 4U) << "plating, limits, stiffeners, centre line";
+    // The plating's pen is 2 px broad, the others 1 px.
+    const HPEN pens[] = {CreatePen(PS_SOLID, 2, kPlating), CreatePen(PS_SOLID, 1, kLimits)};
+    const double bare = QuickestOf(40, [&] {
+        for (const LinesOfPen& of : lines) {
+            SelectObject(canvas.dc, pens[&of == lines.data() ? 0 : 1]);
+            PolyPolyline(canvas.dc, of.points.data(), of.counts.data(),
+                         static_cast<DWORD>(of.counts.size()));
+        }
+    });
+    SelectObject(canvas.dc, GetStockObject(BLACK_PEN));
+    for (const HPEN pen : pens) DeleteObject(pen);
+    const double traced = QuickestOf(40, [&] { Draw(); });
+    std::printf("bare lines %.3f ms, TraceSection %.3f ms, ratio %.2f\n", bare * 1000,
+                traced * 1000, traced / bare);
+    // The aim is 1.5; a busy machine is allowed more.
+    EXPECT_LT(traced, bare * 4);
 }
 
 }  // namespace
