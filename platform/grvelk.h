@@ -170,8 +170,8 @@ struct DrawingParameters {
     int16_t unused10[5];
     int16_t drawCompartments;  // boolean
     int16_t unused22[25];
-    int16_t detail;      // 8, or 60 for a section of less than 10 m breadth
-    int16_t resolution;  // 200, as the argument of ScaleWindow
+    int16_t detail;      // 8, or 60 for a section of less than 10 m breadth; our library has no use
+    int16_t resolution;  // 200, as the argument of ScaleWindow: most lines of an arc
     float margin;        // ratio of the free margin to the drawing, 0.08
     int16_t unused80[14];
     const int32_t* colours;  // 28 colours 0x00BBGGRR, slots 0..27
@@ -197,7 +197,8 @@ inline constexpr int kColourPlating = 6;
 inline constexpr int kColourStiffener = 11;
 inline constexpr int kColourText = 13;
 
-// A window and its device context: HWND and HDC on Windows.
+// A window and its device context: HWND and HDC on Windows. On the host the device context is the
+// address of a record of drawing procedures (companions/grvelk/drawing.h), the window is not used.
 using WindowHandle = void*;
 using DeviceHandle = void*;
 
@@ -259,7 +260,8 @@ int16_t CORVANE_STDCALL ComputePointFromYZ(corvane::Strake* strake, float y, flo
 int16_t CORVANE_STDCALL QuickCompute(corvane::Section* section,
                                      corvane::DrawingParameters* parameters);
 // Fixes how section coordinates [m] map to the device context of the window, whose client area
-// shows xLeft..xRight by yBottom..yTop.
+// shows xLeft..xRight by yBottom..yTop; without a window it is the whole bitmap of the device
+// context. Called by the thread that draws.
 void CORVANE_STDCALL ScaleWindow(corvane::WindowHandle window, corvane::DeviceHandle dc,
                                  float xLeft, float yBottom, float xRight, float yTop,
                                  int16_t resolution);

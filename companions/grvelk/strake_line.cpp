@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstddef>
 
+#include "companions/grvelk/arcs.h"
+
 namespace corvane::grvelk {
 namespace {
 
@@ -19,28 +21,8 @@ std::span<const Item> Counted(const Item* items, int16_t count) {
     return {items, static_cast<size_t>(count)};
 }
 
-PlanePoint PointOfArc(const StrakeItem& item, double part) {
-    const double angle = double{item.startAngle} + double{item.sweep} * part;
-    return {item.centreY + item.arcRadius * std::cos(angle),
-            item.centreZ + item.arcRadius * std::sin(angle)};
-}
-
-PlanePoint PointOfItem(const StrakeItem& item, double part) {
-    if (IsArc(item)) return PointOfArc(item, part);
-    return {item.y1 + (double{item.y2} - item.y1) * part,
-            item.z1 + (double{item.z2} - item.z1) * part};
-}
-
-PlanePoint DirectionOfItem(const StrakeItem& item, double part) {
-    if (IsArc(item)) {
-        const double turn = item.sweep < 0 ? -1 : 1;
-        const double angle = double{item.startAngle} + double{item.sweep} * part;
-        return {-std::sin(angle) * turn, std::cos(angle) * turn};
-    }
-    const double y = double{item.y2} - item.y1;
-    const double z = double{item.z2} - item.z1;
-    const double length = std::hypot(y, z);
-    return {y / length, z / length};
+PlanePoint PlanePointOf(Point point) {
+    return {point.y, point.z};
 }
 
 int ChordsOfArc(const StrakeItem& item, const Chords& chords) {
@@ -86,9 +68,12 @@ void AppendItem(const StrakeItem& item, bool back, const Chords& chords,
                 std::vector<PlanePoint>& points) {
     if (!IsComputed(item)) return;
     const int count = IsArc(item) ? ChordsOfArc(item, chords) : 1;
-    for (int i = 1; i < count; ++i) {
-        const double part = static_cast<double>(i) / count;
-        points.push_back(PointOfItem(item, back ? 1 - part : part));
+    Curve curve;
+    if (count > 1 && MakeCurve(item, curve)) {
+        for (int i = 1; i < count; ++i) {
+            const double along = curve.length * i / count;
+            points.push_back(PlanePointOf(PointAt(curve, back ? curve.length - along : along)));
+        }
     }
     // The ends as they are, so that what meets there meets in one pixel.
     points.push_back(back ? PlanePoint{item.y1, item.z1} : PlanePoint{item.y2, item.z2});
@@ -104,8 +89,9 @@ bool FindSpot(const Strake& strake, double s, Spot& place) {
     const StrakeItem& item = *(after - 1);
     const double along = s - item.s;
     if (!(along >= -kSlack_m && along <= item.length + kSlack_m)) return false;
-    const double part = std::clamp(along / item.length, 0.0, 1.0);
-    place = {PointOfItem(item, part), DirectionOfItem(item, part)};
+    Curve curve;
+    if (!MakeCurve(item, curve)) return false;
+    place = {PlanePointOf(PointAt(curve, along)), PlanePointOf(DirectionAt(curve, along))};
     return true;
 }
 
