@@ -15,10 +15,6 @@ namespace {
 // The longest name of a model or a compartment that is written.
 constexpr size_t kLongestName = 1000;
 
-double Nearest(double value, double least, double most) {
-    return std::nearbyint(std::clamp(value, least, most));
-}
-
 // ---- Writing -----------------------------------------------------------------------------------
 
 void WriteOutRow(RowWriter& row) {
@@ -68,11 +64,13 @@ int16_t HeldCount(size_t count) {
 }
 
 int16_t HeldInt16(double value) {
-    return static_cast<int16_t>(Nearest(value, INT16_MIN, INT16_MAX));
+    return static_cast<int16_t>(std::clamp<int32_t>(HeldInt32(value), INT16_MIN, INT16_MAX));
 }
 
 int32_t HeldInt32(double value) {
-    return static_cast<int32_t>(Nearest(value, INT32_MIN, INT32_MAX));
+    const double held = std::clamp<double>(value, INT32_MIN, INT32_MAX);
+    const auto whole = static_cast<int32_t>(held);
+    return whole == held ? whole : static_cast<int32_t>(std::nearbyint(held));
 }
 
 float HeldSingle(double value) {

@@ -88,6 +88,8 @@ void ReadStiffeners(RowReader& row, Reading& reading) {
     }
 }
 
+constexpr size_t kUsualSpans = 2;
+
 // Each stiffener of a panel has as many rows as its own row says; the last one has what is left.
 void ReadSpans(RowReader& row, Reading& reading) {
     std::vector<Panel>& panels = reading.section.panels;
@@ -105,7 +107,9 @@ void ReadSpans(RowReader& row, Reading& reading) {
                    std::min(counts[stiffener], kMostItems)) {
             ++stiffener;
         }
-        Keep(details[stiffener].spans, std::move(span));
+        std::vector<Span>& spans = details[stiffener].spans;
+        if (spans.empty()) spans.reserve(kUsualSpans);
+        Keep(spans, std::move(span));
     }
 }
 
@@ -167,38 +171,82 @@ constexpr Table kTables[] = {
     {kMsgFatigueTable, ReadFatigue, false, false},
 };
 
-struct TablePlace {
+// The tables that the kind has, with their label lines.
+struct LabelledTable {
+    std::string label;
     const Table* table;
-    int64_t firstRow;  // where it begins in the file
 };
-
-// Where the block's tables are, from the line that is loaded on, in the order to read them.
-std::vector<TablePlace> FindTables(RowReader& row, ModelKind kind) {
-    std::vector<std::pair<std::string, const Table*>> labels;
+std::vector<LabelledTable> TablesOf(ModelKind kind) {
+    std::vector<LabelledTable> tables;
     for (const Table& table : kTables) {
         if (kind == ModelKind::kBulkhead && !table.inBulkheads) continue;
-        labels.emplace_back(GetMessageBytes(table.label), &table);
+        tables.push_back({GetMessageBytes(table.label), &table});
     }
-    std::vector<TablePlace> places;
+    return tables;
+}
+
+// Goes to the next header line that is a table's label, from the line that is loaded on; null at
+// the block's end.
+const Table* NextTable(RowReader& row, const std::vector<LabelledTable>& tables) {
+    row.passBlankLines = false;
     for (; row.place != RowReader::Place::kEnd; LoadLine(row)) {
         if (AtRow(row)) continue;
-        const std::string_view header = Trim(row.line);
-        for (const auto& [label, table] : labels) {
-            if (header == label) places.push_back({table, LinePosition(row.reader)});
-        }
+        const auto found = std::ranges::find(tables, Trim(row.line), &LabelledTable::label);
+        if (found != tables.end()) return found->table;
+    }
+    return nullptr;
+}
+
+// From a label line.
+void ReadTable(RowReader& row, Reading& reading, const Table& table) {
+    row.passBlankLines = !table.hasEmptyRows;
+    LoadLine(row);
+    table.read(row, reading);
+}
+
+// As long as the tables stand in the right order, as they nearly always do; false at the first one
+// that does not.
+bool ReadTablesAsTheyStand(RowReader& row, Reading& reading,
+                           const std::vector<LabelledTable>& tables) {
+    const Table* last = kTables;
+    while (const Table* table = NextTable(row, tables)) {
+        if (table < last) return false;
+        last = table;
+        ReadTable(row, reading, *table);
+    }
+    return true;
+}
+
+struct TablePlace {
+    const Table* table;
+    int64_t firstRow;  // where it begins
+};
+
+// From the first table on.
+void ReadTablesInOrder(RowReader& row, Reading& reading, const std::vector<LabelledTable>& tables,
+                       TablePlace first) {
+    std::vector<TablePlace> places = {first};
+    SeekLine(row.reader, first.firstRow);
+    LoadLine(row);
+    for (; const Table* table = NextTable(row, tables); LoadLine(row)) {
+        places.push_back({table, LinePosition(row.reader)});
     }
     std::ranges::stable_sort(places, {}, &TablePlace::table);
-    return places;
+    for (const TablePlace& place : places) {
+        SeekLine(row.reader, place.firstRow);
+        ReadTable(row, reading, *place.table);
+    }
 }
 
 void ReadTables(RowReader& row, Reading& reading) {
-    row.passBlankLines = false;
-    for (const TablePlace& place : FindTables(row, reading.kind)) {
-        SeekLine(row.reader, place.firstRow);
-        row.passBlankLines = !place.table->hasEmptyRows;
-        LoadLine(row);
-        place.table->read(row, reading);
-    }
+    const std::vector<LabelledTable> tables = TablesOf(reading.kind);
+    const Table* first = NextTable(row, tables);
+    const int64_t firstRow = LinePosition(row.reader);
+    if (ReadTablesAsTheyStand(row, reading, tables)) return;
+    reading.section.panels.clear();
+    reading.section.compartments.clear();
+    reading.spanCounts.clear();
+    ReadTablesInOrder(row, reading, tables, {first, firstRow});
 }
 
 // ---- Head --------------------------------------------------------------------------------------
