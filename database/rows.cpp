@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <limits>
 
 #include "app/messages.h"
@@ -106,8 +105,7 @@ void Value(RowWriter& row, PaddedName field) {
     const std::string text =
         LineText(system::AnsiFromWide(field.text), row.lines.modelMarker).substr(0, kNameWidth);
     char* to = NextField(row);
-    std::memcpy(to, text.data(), text.size());
-    std::memset(to + text.size(), ' ', kNameWidth - text.size());
+    std::fill_n(std::copy(text.begin(), text.end(), to), kNameWidth - text.size(), ' ');
     EndField(row, to + kNameWidth);
 }
 

@@ -109,7 +109,7 @@ void ReadSpans(RowReader& row, Reading& reading) {
         }
         std::vector<Span>& spans = details[stiffener].spans;
         if (spans.empty()) spans.reserve(kUsualSpans);
-        Keep(spans, std::move(span));
+        if (spans.size() < kMostItems) spans.push_back(span);
     }
 }
 
@@ -154,21 +154,21 @@ void ReadFatigue(RowReader& row, Reading& reading) {
 // In an order in which each table finds what its rows belong to.
 struct Table {
     MessageNumber label;
-    void (*read)(RowReader&, Reading&);
     bool inBulkheads;   // the same in a bulkhead arrangement
     bool hasEmptyRows;  // an empty line can be a name
+    void (*read)(RowReader&, Reading&);
 };
 constexpr Table kTables[] = {
-    {kMsgPanelTable, ReadPanels, true, false},
-    {kMsgNodeTable, ReadItems<&Panel::nodes>, true, false},
-    {kMsgPlateTable, ReadItems<&Panel::plates>, false, false},
-    {kMsgStiffenerTable, ReadStiffeners, false, false},
-    {kMsgSpanTable, ReadSpans, false, false},
-    {kMsgCompartmentTable, ReadCompartments, true, true},
-    {kMsgBracketTable, ReadItems<&Panel::brackets>, false, false},
-    {kMsgOpeningTable, ReadItems<&Panel::openings>, false, false},
-    {kMsgPillarTable, ReadItems<&Panel::pillars>, false, false},
-    {kMsgFatigueTable, ReadFatigue, false, false},
+    {kMsgPanelTable, true, false, ReadPanels},
+    {kMsgNodeTable, true, false, ReadItems<&Panel::nodes>},
+    {kMsgPlateTable, false, false, ReadItems<&Panel::plates>},
+    {kMsgStiffenerTable, false, false, ReadStiffeners},
+    {kMsgSpanTable, false, false, ReadSpans},
+    {kMsgCompartmentTable, true, true, ReadCompartments},
+    {kMsgBracketTable, false, false, ReadItems<&Panel::brackets>},
+    {kMsgOpeningTable, false, false, ReadItems<&Panel::openings>},
+    {kMsgPillarTable, false, false, ReadItems<&Panel::pillars>},
+    {kMsgFatigueTable, false, false, ReadFatigue},
 };
 
 // The tables that the kind has, with their label lines.

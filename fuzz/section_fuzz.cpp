@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "app/messages.h"
 #include "database/section_file.h"
@@ -18,29 +19,37 @@ void Require(bool condition) {
     if (!condition) std::abort();
 }
 
+// One buffer for all texts: a new one for each would cost more than the rest of a run.
+std::unique_ptr<char[]>& Buffer() {
+    static auto buffer = std::make_unique<char[]>(kTextBufferSize + 1);
+    return buffer;
+}
+
 // Reads the bytes as the text of a file, straight from memory.
 SectionModel Read(std::string_view bytes, ModelKind kind) {
     TextReader reader;
-    reader.buffer =
-        std::make_unique_for_overwrite<char[]>(std::max(bytes.size() + 1, kTextBufferSize));
+    reader.buffer = std::move(Buffer());
     std::copy(bytes.begin(), bytes.end(), reader.buffer.get());
     reader.end = bytes.size();
     reader.atEnd = true;
     SectionModel section;
     ReadSectionLines(reader, kind, section);
+    Buffer() = std::move(reader.buffer);
     return section;
 }
 
 // The block as far as the reader looks at it, straight into memory. Empty when it has no room.
 std::string Write(SectionModel& section) {
     TextWriter writer;
-    writer.buffer = std::make_unique_for_overwrite<char[]>(kTextBufferSize);
+    writer.buffer = std::move(Buffer());
     writer.error = system::kErrorPathNotFound;  // so that nothing goes to a file
-    WriteLine(writer, GetMessageBytes(kMsgModelMarker));
+    const std::string marker = GetMessageBytes(kMsgModelMarker);
+    WriteLine(writer, marker);
     WriteLine(writer, GetMessageBytes(kMsgNameLabel));
     WriteSectionBody(writer, section);
-    const std::string_view text(writer.buffer.get(), writer.used);
-    return text.starts_with(GetMessageBytes(kMsgModelMarker)) ? std::string(text) : std::string();
+    std::string text(writer.buffer.get(), writer.used);
+    Buffer() = std::move(writer.buffer);
+    return text.starts_with(marker) ? text : std::string();
 }
 
 void RequireCounts(SectionModel& section) {
