@@ -24,7 +24,7 @@ BELOW = {
 # The contracts of messages, for every folder of the shell but platform/.
 LEAF = ("app/messages.h", "app/message_numbers.h")
 # Tests and tools look at everything.
-FREE = ("tests", "fuzz", "benchmarks")
+FREE = ("tests", "fuzz", "benchmarks", "samples")
 
 WINDOWS_PLACES = re.compile(r"^(platform/win32|ui/windows|companions/[^/]+/win32"
                             r"|tests/ui|tests/unit/win32)/")

@@ -1,0 +1,120 @@
+// A section in the making: panels from a few words each, then rows of stiffeners and plates that
+// are measured along the computed panels.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "database/section.h"
+
+namespace corvane::samples {
+
+// Kinds of panels.
+inline constexpr int16_t kBottom = 1;
+inline constexpr int16_t kBilge = 2;
+inline constexpr int16_t kSide = 3;
+inline constexpr int16_t kDeck = 4;
+inline constexpr int16_t kInnerBottom = 5;
+inline constexpr int16_t kGirder = 6;
+inline constexpr int16_t kSlopingPlate = 7;
+inline constexpr int16_t kLongitudinalBulkhead = 8;
+// From here on a panel is no part of the hull girder.
+inline constexpr int16_t kHatch = 9;
+inline constexpr int16_t kPlatform = 10;
+
+// Materials.
+inline constexpr int16_t kMild = 1;  // 235 N/mm2
+inline constexpr int16_t kHigh = 2;  // 315 N/mm2
+
+// What a compartment holds.
+inline constexpr int32_t kBallast = 1;
+inline constexpr int32_t kCargo = 2;
+inline constexpr int32_t kFuel = 3;
+inline constexpr int32_t kVoid = 4;
+inline constexpr int32_t kStore = 5;
+
+struct Place {
+    float y = 0;
+    float z = 0;
+};
+
+struct SectionDraft {
+    SectionModel model;
+    LibraryView view;
+    int16_t code = 0;  // the first that the geometry library gave
+};
+
+// ---- Panels and their nodes --------------------------------------------------------------------
+
+// In a node's reference: the panel that the node will belong to.
+inline constexpr int16_t kThisPanel = 0;
+
+Node At(Place place);
+Node On(NodeReference node);
+Node OffsetFrom(NodeReference node, float dy, float dz);
+// On a strake at the place's height, near its y; at its y, near its height.
+Node AtHeight(int16_t strake, Place place);
+Node AtBreadth(int16_t strake, Place place);
+// Where the line through two places meets a strake.
+Node WhereMeets(int16_t strake, Place from, Place to);
+// The way from the node to the next one is an arc.
+Node WithRadius(Node node, float radius);
+Node WithTangent(Node node, Place tangent);
+
+// Returns the panel's number.
+int16_t AddPanel(SectionDraft& draft, const std::wstring& name, int16_t kind,
+                 const std::vector<Node>& nodes);
+
+// Computes what has been drafted; the procedures below want it.
+void ComputeDraft(SectionDraft& draft);
+Place PlaceOf(const SectionDraft& draft, NodeReference node);
+
+// ---- Plates and stiffeners ---------------------------------------------------------------------
+
+// About equal plates along the whole panel, at most about `width_m` each, with seams that keep
+// clear of what ComputeDraft found to stand on the panel; a plate without a thickness of its own
+// has the last one of the list.
+struct PlatePlan {
+    float width_m;
+    std::vector<float> thicknesses_mm;
+    int16_t material;
+};
+void LayPlates(SectionDraft& draft, int16_t panel, const PlatePlan& plan);
+
+struct StiffenerPlan {
+    Scantlings scantlings;
+    int16_t material;
+    int16_t side;     // -1: to the left of the panel's direction
+    float spacing_m;  // about
+    bool bracket;     // at the ends of the spans
+};
+// A row between two nodes, evenly spaced, with none at the nodes themselves.
+void AddRow(SectionDraft& draft, int16_t panel, NodeReference from, NodeReference to,
+            const StiffenerPlan& plan);
+// `count` stiffeners from a node on, the first one `first_m` away from it.
+struct RowStart {
+    NodeReference from;
+    float first_m;
+    int16_t count;
+};
+void AddRowFrom(SectionDraft& draft, int16_t panel, const RowStart& start,
+                const StiffenerPlan& plan);
+
+// The last stiffener of the panel's last row is left out: there is no room for it in a corner.
+void DropLast(SectionDraft& draft, int16_t panel);
+
+// ---- The rest ----------------------------------------------------------------------------------
+
+struct CompartmentPlan {
+    const wchar_t* name;
+    int32_t contents;
+    float density;  // [t/m3]
+    float airPipe_m;
+    std::vector<NodeReference> outline;
+};
+void AddCompartment(SectionDraft& draft, const CompartmentPlan& plan);
+
+// Area, neutral axis, inertias and moduli of the whole section, from its plates and stiffeners.
+void MeasureHullGirder(SectionDraft& draft);
+
+}  // namespace corvane::samples
