@@ -2,23 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <fstream>
 #include <iostream>
 #include <string>
-#include <vector>
-
-#include "platform/win32/win32.h"
 
 namespace corvane::ui {
 namespace {
-
-// Bytes of a picture: 32 bits a pixel, rows from the top.
-struct Picture {
-    int width = 0;
-    int height = 0;
-    std::vector<uint32_t> pixels;
-};
 
 BITMAPINFOHEADER HeaderOf(const Picture& picture) {
     BITMAPINFOHEADER header{};
@@ -31,16 +20,19 @@ BITMAPINFOHEADER HeaderOf(const Picture& picture) {
     return header;
 }
 
-Picture CopyScreen() {
+}  // namespace
+
+Picture CopyScreen(const RECT& area) {
     Picture picture;
-    picture.width = GetSystemMetrics(SM_CXSCREEN);
-    picture.height = GetSystemMetrics(SM_CYSCREEN);
+    picture.width = static_cast<int>(area.right - area.left);
+    picture.height = static_cast<int>(area.bottom - area.top);
     picture.pixels.resize(static_cast<size_t>(picture.width) * static_cast<size_t>(picture.height));
     const HDC screen = GetDC(nullptr);
     const HDC memory = CreateCompatibleDC(screen);
     const HBITMAP bitmap = CreateCompatibleBitmap(screen, picture.width, picture.height);
     const HGDIOBJ old = SelectObject(memory, bitmap);
-    BitBlt(memory, 0, 0, picture.width, picture.height, screen, 0, 0, SRCCOPY);
+    BitBlt(memory, 0, 0, picture.width, picture.height, screen, static_cast<int>(area.left),
+           static_cast<int>(area.top), SRCCOPY);
     SelectObject(memory, old);
     BITMAPINFO information{};
     information.bmiHeader = HeaderOf(picture);
@@ -52,10 +44,9 @@ Picture CopyScreen() {
     return picture;
 }
 
-}  // namespace
-
 void KeepScreenshot() {
-    const Picture picture = CopyScreen();
+    const Picture picture =
+        CopyScreen({0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)});
     const auto bytes = static_cast<DWORD>(picture.pixels.size() * 4);
     const BITMAPINFOHEADER header = HeaderOf(picture);
     BITMAPFILEHEADER file{};

@@ -1,7 +1,22 @@
-// The whole screen as a picture, for tests that failed.
+// Pictures of the screen: what a test looks at, and what is kept of a test that failed.
 #pragma once
 
+#include <cstdint>
+#include <vector>
+
+#include "platform/win32/win32.h"
+
 namespace corvane::ui {
+
+// Pixels 0x00RRGGBB, rows from the top.
+struct Picture {
+    int width = 0;
+    int height = 0;
+    std::vector<uint32_t> pixels;
+};
+
+// What the screen shows in an area, in screen coordinates.
+Picture CopyScreen(const RECT& area);
 
 // Writes failure_<test>.bmp beside the test program and names it in the test's output.
 void KeepScreenshot();
