@@ -247,7 +247,7 @@ bool CreateText(TextWriter& writer, const std::wstring& path) {
 }
 
 void WriteText(TextWriter& writer, std::string_view text) {
-    if (writer.error != system::kErrorNone) return;
+    if (text.empty() || writer.error != system::kErrorNone) return;
     if (text.size() > kTextBufferSize - writer.used) {
         WriteOutBuffer(writer);
         if (text.size() >= kTextBufferSize) {
