@@ -13,7 +13,7 @@
 
 namespace corvane::benchmarks {
 
-inline constexpr int kRowsOfABody = 330;
+inline constexpr int kRowsOfABody = 275;
 
 // The same numbers in every run.
 inline uint32_t NextRandom(uint32_t& state) {
