@@ -1,6 +1,6 @@
 // list_models_tool PATH [--measure]: lists the models of a database and prints how many there are;
 // with --measure also the microseconds that the listing took by this process's own clock and, on
-// the host, the most memory that the process held, in KiB.
+// the host, the most memory that the process held, in KiB (under Wine the figure is the server's).
 #include <chrono>
 #include <cstdio>
 #include <fstream>
@@ -11,7 +11,7 @@
 
 namespace {
 
-// The figure of the host's kernel; -1 elsewhere.
+// The figure of the host's kernel; -1 where there is none.
 long PeakMemoryKiB() {
     std::ifstream status("/proc/self/status");
     for (std::string line; std::getline(status, line);) {
