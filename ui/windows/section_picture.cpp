@@ -167,8 +167,9 @@ LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
 
 LRESULT CALLBACK PictureProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCCREATE) {
+        const auto& creation = *reinterpret_cast<const CREATESTRUCTW*>(lParam);
         SetWindowLongPtrW(window, GWLP_USERDATA,
-                          reinterpret_cast<LONG_PTR>(std::make_unique<PictureState>().release()));
+                          reinterpret_cast<LONG_PTR>(creation.lpCreateParams));
     }
     // Before the state is there, and after it has gone, the window needs nothing of ours.
     if (StateOf(window) == nullptr) return DefWindowProcW(window, message, wParam, lParam);
@@ -192,7 +193,7 @@ HWND CreateSectionPicture(HWND parent) {
     RegisterClassExW(&windowClass);
     return CreateWindowExW(WS_EX_CLIENTEDGE, kSectionPictureClass, L"", WS_CHILD | WS_VISIBLE, 0, 0,
                            0, 0, parent, reinterpret_cast<HMENU>(INT_PTR{PIC_Section}),
-                           windowClass.hInstance, nullptr);
+                           windowClass.hInstance, std::make_unique<PictureState>().release());
 }
 
 void RedrawSectionPicture(HWND picture) {
