@@ -7,7 +7,9 @@
 #include <string>
 
 #include "database/database_file.h"
+#include "platform/grvelk.h"
 #include "platform/system.h"
+#include "platform/ztutil32.h"
 
 namespace {
 
@@ -27,6 +29,9 @@ int main(int count, char** arguments) {
         std::fputs("list_models_tool PATH [--measure]\n", stderr);
         return 2;
     }
+    // The shell has long loaded its libraries when it lists models: loading is not measured.
+    corvane::GetGrVelkDataVersion.Resolve();
+    corvane::GetZTUtilVersion.Resolve();
     const auto begin = std::chrono::steady_clock::now();
     const auto entries =
         corvane::ListModelsWithPositions(corvane::system::WideFromAnsi(arguments[1]));
