@@ -105,5 +105,31 @@ TEST(LockedDatabase, IsReported) {
     CloseHandle(held);
 }
 
+// The sample with a gigabyte of nothing behind its last model.
+TEST(HugeDatabase, OfOneGigabyteIsListed) {
+    constexpr LONGLONG kSize = 1LL << 30;
+    const Settings settings;
+    const Installation installation;
+    const std::wstring path = installation.File(L"huge.ve2");
+    test::WriteFileBytes(path, test::ReadFileBytes(test::DataPath("../samples/aurora_bay.ve2")));
+    const HANDLE file =
+        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    LARGE_INTEGER size{};
+    size.QuadPart = kSize;
+    EXPECT_TRUE(SetFilePointerEx(file, size, nullptr, FILE_BEGIN) && SetEndOfFile(file));
+    CloseHandle(file);
+    {
+        const Program program(installation, L"huge.ve2");
+        const HWND main = program.Main();
+        ASSERT_NE(main, nullptr);
+        EXPECT_EQ(Rows(program, GetDlgItem(main, LI_Sections)).size(), 14U);
+        Choose(main, ME_FileQuit);
+        EXPECT_TRUE(program.HasEnded());
+    }
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    ASSERT_TRUE(GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data));
+    EXPECT_EQ((LONGLONG{data.nFileSizeHigh} << 32) + data.nFileSizeLow, kSize);
+}
+
 }  // namespace
 }  // namespace corvane::ui
