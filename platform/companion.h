@@ -29,14 +29,14 @@ template <class Result, class... Arguments>
 struct LibraryFunction<Result CORVANE_STDCALL(Arguments...)> {
     using Pointer = Result(CORVANE_STDCALL*)(Arguments...);
 
-    const char* libraryFile;
+    const char* fileName;
     const char* function;
     Pointer pointer = nullptr;
     uint32_t error = 0;
 
     bool Resolve() {
         if (pointer == nullptr) {
-            pointer = reinterpret_cast<Pointer>(FindLibraryFunction(libraryFile, function, error));
+            pointer = reinterpret_cast<Pointer>(FindLibraryFunction(fileName, function, error));
         }
         return pointer != nullptr;
     }

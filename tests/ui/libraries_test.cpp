@@ -13,10 +13,10 @@ namespace {
 using test::Narrow;
 
 struct WrongLibrary {
-    const char* name;            // of the test
-    const wchar_t* libraryFile;  // the file that is changed
-    const char* wrong;           // folder of the file that takes its place; null: it is removed
-    const char* text;            // what the box says
+    const char* name;         // of the test
+    const wchar_t* fileName;  // the file that is changed
+    const char* wrong;        // folder of the file that takes its place; null: it is removed
+    const char* text;         // what the box says
 };
 
 // Without GrVelk.dll there is no catalogue either: the number and the arguments are all there is.
@@ -79,12 +79,11 @@ struct LibraryTest : testing::TestWithParam<WrongLibrary> {
 
 TEST_P(LibraryTest, IsNamedAndEndsTheProgram) {
     const WrongLibrary& example = GetParam();
-    const std::wstring file = installation.File(example.libraryFile);
+    const std::wstring file = installation.File(example.fileName);
     ASSERT_TRUE(DeleteFileW(file.c_str()));
     if (example.wrong != nullptr) {
         const std::string folder = std::string("wrong\\") + example.wrong + "\\";
-        const std::wstring source =
-            std::wstring(folder.begin(), folder.end()) + example.libraryFile;
+        const std::wstring source = std::wstring(folder.begin(), folder.end()) + example.fileName;
         ASSERT_TRUE(CopyFileW(source.c_str(), file.c_str(), TRUE)) << GetLastError();
     }
     EXPECT_EQ(ReportOfTheEndingProgram(), example.text);
@@ -96,7 +95,7 @@ INSTANTIATE_TEST_SUITE_P(FiveChecks, LibraryTest, testing::ValuesIn(kCases),
 using GarbageLibraryTest = LibraryTest;
 
 TEST_P(GarbageLibraryTest, FileThatIsNoLibraryIsNamed) {
-    test::WriteFileBytes(installation.File(GetParam().libraryFile), "this is no library");
+    test::WriteFileBytes(installation.File(GetParam().fileName), "this is no library");
     EXPECT_EQ(ReportOfTheEndingProgram(), GetParam().text);
 }
 

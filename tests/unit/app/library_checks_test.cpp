@@ -116,7 +116,7 @@ TEST_F(LibraryChecksTest, AVersionThatIsNoNumberFitsNothing) {
 
 TEST_F(LibraryChecksTest, MissingLibraryIsReportedWithVersion0AndItsError) {
     GetZTUtilVersion.pointer = nullptr;
-    GetZTUtilVersion.libraryFile = "NoSuchLibrary.dll";
+    GetZTUtilVersion.fileName = "NoSuchLibrary.dll";
     EXPECT_FALSE(CheckLibraryVersions());
     EXPECT_EQ(Warnings(), Events{"ZTUtil32: found Unknown ver., needed 3.73 \r126"});
 }

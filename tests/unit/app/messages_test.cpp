@@ -86,7 +86,7 @@ TEST_F(MessagesTest, OnlyTheTextsOwnLengthIsTaken) {
 
 TEST_F(MessagesTest, MissingCatalogueGivesResTextsAndNoCrash) {
     FakeFunction library(ZTGrVel32_LoadVelkinString, nullptr);
-    ZTGrVel32_LoadVelkinString.libraryFile = "NoSuchLibrary.dll";
+    ZTGrVel32_LoadVelkinString.fileName = "NoSuchLibrary.dll";
     EXPECT_EQ(GetMessage(1020), L"Res #1020");
     ReportMessage(1020, {L"ship.ve2"});
     EXPECT_EQ(RecordingScreen::Of("warning"), Events{"Res #1020 ship.ve2"});

@@ -404,7 +404,7 @@ TEST_F(SettingsTest, WhatIsWrittenIsReadBack) {
 
 TEST_F(SettingsTest, UnknownUserIsAnEmptyName) {
     FakeFunction missing(LoginName, nullptr);
-    LoginName.libraryFile = "NoSuchLibrary.dll";
+    LoginName.fileName = "NoSuchLibrary.dll";
     EXPECT_TRUE(WriteSettings(file, SomeSettings()));
     EXPECT_EQ(Written("User"), "");
     EXPECT_EQ(Written("Third"), "-2.5");
