@@ -31,9 +31,12 @@
     X(kMsgThirdLimitKey, 430)           \
     X(kMsgLoginNameKey, 431)            \
     X(kMsgReadingModel, 601)            \
+    X(kMsgWritingDatabase, 602)         \
+    X(kMsgDeletingModel, 603)           \
     X(kMsgComputingGeometry, 616)       \
     X(kMsgSettingsNotWritten, 619)      \
     X(kMsgReadingModels, 621)           \
+    X(kMsgStartingProgram, 622)         \
     X(kMsgFrameDistanceFormat, 801)     \
     X(kMsgModelMissing, 1011)           \
     X(kMsgFileMissing, 1020)            \

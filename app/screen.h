@@ -22,6 +22,13 @@ struct Screen {
     void (*showWarningBox)(const std::wstring& text) = [](const std::wstring&) {};
     void (*showPlainBox)(const std::wstring& text) = [](const std::wstring&) {};
     bool (*askYesNo)(const std::wstring& text) = [](const std::wstring&) { return false; };
+    bool (*askOkCancel)(const std::wstring& text) = [](const std::wstring&) { return false; };
+    // An input box: `answer` is proposed, and becomes what the user typed. False when the user
+    // cancelled.
+    bool (*askText)(const std::wstring& question, std::wstring& answer) =
+        [](const std::wstring&, std::wstring&) { return false; };
+    // The box FM_About; `heading` is its first line.
+    void (*showAbout)(const std::wstring& heading) = [](const std::wstring&) {};
 
     void (*setBusyPointer)() = [] {};
     void (*resetPointer)() = [] {};

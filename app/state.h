@@ -19,6 +19,9 @@ struct ShellState {
     bool milMode = false;    // switch "/mil", rule set "QUOR MIL"
     bool jbpMode = false;    // switch "/JBP", rule set "CSR for BC"
     bool childRunning = false;
+    // While the Open dialog is up and while a model is being created; the import dialog's list
+    // takes no clicks then.
+    bool suppressListEvents = false;
 
     // The application's title, with the rule set's suffix " JBP" or " MIL".
     std::wstring title = L"Corvane";

@@ -133,9 +133,9 @@ std::wstring TempFileName() {
     return name;
 }
 
-ReplaceResult ReplaceFile(const std::wstring& temporary, const std::wstring& target) {
+ReplaceResult PutCopy(const std::wstring& source, const std::wstring& target) {
     const std::wstring path = system::AbsolutePath(target);
-    assert(system::AbsolutePath(temporary) != path);
+    assert(system::AbsolutePath(source) != path);
     system::FileStatus status;
     ErrorNumber error = system::GetFileStatus(path, status);
     if (error != kErrorNone) return {error};
@@ -143,14 +143,16 @@ ReplaceResult ReplaceFile(const std::wstring& temporary, const std::wstring& tar
         return {system::kErrorAccessDenied};
     }
     std::wstring copy;
-    error = CopyBeside(temporary, path, copy);
+    error = CopyBeside(source, path, copy);
     if (error == kErrorNone) error = PutInPlace(copy, path, status.exists);
-    if (error == kErrorNone) {
-        KillFile(temporary);
-    } else if (!copy.empty()) {
-        KillFile(copy);
-    }
+    if (error != kErrorNone && !copy.empty()) KillFile(copy);
     return {error};
+}
+
+ReplaceResult ReplaceFile(const std::wstring& temporary, const std::wstring& target) {
+    const ReplaceResult result = PutCopy(temporary, target);
+    if (result.Done()) KillFile(temporary);
+    return result;
 }
 
 void ChangeToDirectory(const std::wstring& path) {

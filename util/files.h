@@ -35,6 +35,9 @@ struct ReplaceResult {
 // is refused (kErrorAccessDenied) before anything is touched.
 ReplaceResult ReplaceFile(const std::wstring& temporary, const std::wstring& target);
 
+// As ReplaceFile, but `source` stays: a copy of its text takes the place of `target`.
+ReplaceResult PutCopy(const std::wstring& source, const std::wstring& target);
+
 // Makes the drive of `path`, and then its folder, the current ones; "" is the root of the current
 // drive. Errors are ignored.
 void ChangeToDirectory(const std::wstring& path);

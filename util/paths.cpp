@@ -41,4 +41,8 @@ std::wstring FileExtension(std::wstring_view name) {
     return LowerCase(trimmed.substr(point + 1));
 }
 
+std::wstring BackupPath(std::wstring_view path) {
+    return StripExtension(path) + L".bak";
+}
+
 }  // namespace corvane

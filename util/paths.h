@@ -20,5 +20,7 @@ std::wstring FileNameOf(std::wstring_view path);
 std::wstring StripExtension(std::wstring_view name);
 // The text behind the last "." of the trimmed name, in lower case; "" without a ".".
 std::wstring FileExtension(std::wstring_view name);
+// Where the old text of a file is kept: the name without its extension (StripExtension), ".bak".
+std::wstring BackupPath(std::wstring_view path);
 
 }  // namespace corvane

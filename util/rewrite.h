@@ -10,6 +10,7 @@ namespace corvane {
 
 struct Rewrite {
     std::wstring target;
+    bool keepBackup = false;  // set it before FinishRewrite
     std::wstring temporary;
     TextWriter writer;
 };
@@ -18,7 +19,8 @@ struct Rewrite {
 // writer, so that only FinishRewrite need be asked.
 void BeginRewrite(Rewrite& rewrite, const std::wstring& target);
 
-// Puts the new text in the target's place; no reader of ours may hold the target open. `readError`
+// Puts the new text in the target's place, and first, when a backup is kept, a copy of the old text
+// at BackupPath(target); no reader of ours may hold the target open. `readError`
 // is that of the text that was copied from, if any. On failure the target is as it was, and the
 // user is told: the new text is kept (message 3500) when it is whole, and removed (3504) when not.
 bool FinishRewrite(Rewrite& rewrite, system::ErrorNumber readError = system::kErrorNone);

@@ -186,6 +186,7 @@ std::vector<std::string> RecordingScreen::events;
 std::wstring RecordingScreen::caption;
 std::wstring RecordingScreen::tag;
 bool RecordingScreen::answerYes = false;
+std::wstring RecordingScreen::answerText;
 
 RecordingScreen::RecordingScreen() {
     EXPECT_EQ(savedState, nullptr);
@@ -195,6 +196,7 @@ RecordingScreen::RecordingScreen() {
     caption.clear();
     tag = L"-1";
     answerYes = false;
+    answerText.clear();
 
     Screen& screen = shell.screen;
     screen.statusCaption = [] { return caption; };
@@ -213,6 +215,16 @@ RecordingScreen::RecordingScreen() {
         Record("ask " + Narrow(text));
         return answerYes;
     };
+    screen.askOkCancel = [](const std::wstring& text) {
+        Record("ask ok " + Narrow(text));
+        return answerYes;
+    };
+    screen.askText = [](const std::wstring& text, std::wstring& answer) {
+        Record("ask text " + Narrow(text) + " [" + Narrow(answer) + "]");
+        if (answerYes) answer = answerText;
+        return answerYes;
+    };
+    screen.showAbout = [](const std::wstring& text) { Record("about " + Narrow(text)); };
     screen.setBusyPointer = [] { Record("pointer busy"); };
     screen.resetPointer = [] { Record("pointer reset"); };
     screen.processPendingMessages = [] { Record("pending"); };

@@ -99,6 +99,7 @@ struct RecordingScreen {
     static std::wstring caption;
     static std::wstring tag;
     static bool answerYes;
+    static std::wstring answerText;  // given to askText
     // All events that begin with `word`, without it and the blank behind it.
     static std::vector<std::string> Of(std::string_view word);
 };

@@ -36,6 +36,13 @@ struct MainWindow {
     void (*setPositionText)(const std::wstring& text);  // LB_X
     void (*setFrameText)(const std::wstring& text);     // LB_Frame
     void (*setSectionMenuCaption)(const std::wstring& text);
+    // OP_Rule: the option that is set, 0 to 2, and setting one; RuleSetChosen is for the caller.
+    int (*selectedRule)();
+    void (*selectRule)(int index);
+    // BT_Open and BT_Rule: places, visibility and pictures for a model kind and the rule set.
+    void (*showModelButtons)(ModelKind kind);
+    // Disables all controls and menus, and enables them again.
+    void (*setLocked)(bool locked);
     // Asks IsEnabled for every command, IsMenuEnabled for every menu, IsDatabaseOpen for the list.
     void (*updateEnabling)();
     void (*focusList)();
@@ -61,6 +68,20 @@ void DrawPreview(Picture& picture);
 // No row is selected: preview and labels are empty and the Section menu has its own name again. The
 // current model's number stays.
 void DeselectModel();
+
+// The options of OP_Rule.
+enum class RuleSet { kQuor, kCsr, kMil };
+RuleSet CurrentRuleSet();
+// An option of OP_Rule was set: the flags, the title with its suffix, the caption and the picture
+// of BT_Rule follow it.
+void RuleSetChosen(RuleSet ruleSet);
+
+// Keeps the user from the window's commands while a program of the suite runs, and gives them back;
+// the window goes on painting itself.
+void LockShell(bool locked);
+
+// Tells the user that a command does not exist in this version.
+void NotImp();
 
 // Title - file name - ship name; the title alone without a database. The ship's name is stored back
 // trimmed.

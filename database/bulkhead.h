@@ -1,0 +1,128 @@
+// A bulkhead arrangement: transverse bulkheads of the ship with their stools, stiffeners and
+// corrugations, and the holds that they bound; as a BHA block of the database holds it.
+// docs/bulkhead-block.md tells table by table what each column is and how it is written.
+//
+// Numbers are those of the file, in file order. Integers of 16 bits are int16_t, of 32 bits
+// int32_t; a boolean is -1 or 0. Lengths are in m, scantlings in mm.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "database/section.h"
+
+namespace corvane {
+
+// Table PRIMARY STIFF: a girder or web frame of the bulkhead.
+struct PrimaryStiffener {
+    int32_t direction = 0;  // 0 horizontal, 1 vertical
+    float position_m = 0;   // z of a horizontal one, y of a vertical one
+    // Where it begins and ends, for information; not every one tells them.
+    bool hasExtremities = false;
+    float lowerExtremity_m = 0;
+    float upperExtremity_m = 0;
+    bool operator==(const PrimaryStiffener&) const = default;
+};
+
+// Table BRACK SCANT: the bracket at an end of a secondary stiffener. The scantlings and the length
+// stand in the file when the bracket is enabled.
+struct EndBracket {
+    int16_t enabled = 0;
+    int16_t fixed = 0;
+    Scantlings scantlings;
+    float length_m = 0;
+    bool operator==(const EndBracket&) const = default;
+};
+
+// A span of a secondary stiffener, between two primary ones. Table SPAN SCANT has the spans with
+// scantlings of their own, table SPAN BRACK those with bracket lengths.
+struct BulkheadSpan {
+    bool hasScantlings = false;
+    Scantlings scantlings;
+    int16_t material = 0;
+    bool hasBrackets = false;
+    float lowerBracketLength_m = 0;
+    float upperBracketLength_m = 0;
+    bool operator==(const BulkheadSpan&) const = default;
+};
+
+// Table SECONDARY STIFF: an ordinary stiffener of the bulkhead.
+struct SecondaryStiffener {
+    float position_m = 0;  // y of a vertical one, z of a horizontal one
+    Scantlings scantlings;
+    int16_t material = 0;
+    float lowerExtremity_m = 0;
+    float upperExtremity_m = 0;
+    float spanReduction_m = 0;
+    int32_t connection = 0;  // type of the end connections
+    Array<EndBracket, 1, 2> brackets;
+    std::vector<BulkheadSpan> spans;
+};
+
+// Table BH CORR: the corrugations of the bulkhead's plating.
+struct Corrugation {
+    float start_m = 0;   // y where the first one begins
+    float pitch_m = 0;   // S1
+    float flange_m = 0;  // a, breadth of the flange
+    float depth_m = 0;   // d
+    int16_t fixedUpper = 0;
+    int16_t fixedLower = 0;
+    bool operator==(const Corrugation&) const = default;
+};
+
+// Table BH STRAKE: a plate of a band of the bulkhead.
+struct BulkheadStrake {
+    float z_m = 0;  // upper edge
+    float y_m = 0;  // outer edge
+    float thickness_mm = 0;
+    int16_t material = 0;
+    bool operator==(const BulkheadStrake&) const = default;
+};
+
+struct Stool {
+    int16_t enabled = 0;
+    float z_m = 0;  // of its end at the bulkhead
+    bool operator==(const Stool&) const = default;
+};
+
+struct Bulkhead {
+    std::wstring name;  // at most 40 characters
+    int32_t kind = 0;   // plane or corrugated
+    int16_t material = 0;
+    int32_t stiffening = 0;  // direction: 0 horizontal, 1 vertical
+    int32_t stiffenedSide = 0;
+    Array<Stool, 1, 2> stools;       // lower and upper
+    Array<float, 1, 4> stoolEnds_m;  // for information
+    std::vector<Node> nodes;
+    std::vector<PrimaryStiffener> primaryStiffeners;
+    std::vector<SecondaryStiffener> secondaryStiffeners;
+    Corrugation corrugation;
+    std::vector<std::vector<BulkheadStrake>> bands;  // strakes by band
+};
+
+struct Hopper {
+    float breadth_m = 0;
+    float top_m = 0;  // z
+    bool operator==(const Hopper&) const = default;
+};
+
+struct BulkheadArrangement {
+    std::wstring name;
+    std::string identifier;
+    double formatVersion = 0;  // of the block that was read
+
+    float x_m = 0;
+    float stoolVolume_m3 = 0;
+    int32_t symmetric = 0;
+    Hopper aftHopper;
+    Hopper foreHopper;
+    int32_t stateType = 0;
+    int16_t stateIndex = 0;
+
+    std::vector<Bulkhead> bulkheads;
+    // Without node lists; their closing flag is a boolean of its own form.
+    std::vector<Compartment> holds;
+};
+
+}  // namespace corvane

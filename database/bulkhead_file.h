@@ -1,0 +1,28 @@
+// BHA blocks of the model database, read and written.
+#pragma once
+
+#include <string>
+
+#include "database/bulkhead.h"
+#include "util/text_file.h"
+
+namespace corvane {
+
+// Writes the whole block, head and all, at the writer's place, with this model number. A record
+// without an identifier gets a new one and keeps it.
+void WriteBulkheadBlock(TextWriter& writer, BulkheadArrangement& arrangement, int32_t number);
+
+// Reads model `number`. Reports a file that is no database (message 1083) and a number that no
+// block of this kind has ("Can not find BHA ..."). False in both cases; the record is untouched
+// then. A table that is missing stays empty; a damaged block gives what could be read, and true.
+bool ReadBulkheadBlock(const std::wstring& path, int32_t number, BulkheadArrangement& arrangement);
+
+// ---- The same, from place to place -------------------------------------------------------------
+
+// The block's lines behind the name label.
+void WriteBulkheadBody(TextWriter& writer, BulkheadArrangement& arrangement);
+// Reads the block at whose lines before the marker the reader stands, as FindModel leaves it, into
+// a new record.
+void ReadBulkheadLines(TextReader& reader, BulkheadArrangement& arrangement);
+
+}  // namespace corvane
