@@ -109,6 +109,10 @@ constexpr MainWindow kProcedures{
     .setFrameText = [](const std::wstring& text) { SetText(Control(LB_Frame), text); },
     .setSectionMenuCaption =
         [](const std::wstring& text) { SetSectionMenuText(MainHandle(), text); },
+    .selectedRule = [] { return 0; },
+    .selectRule = [](int) {},
+    .showModelButtons = [](ModelKind) {},
+    .setLocked = [](bool) {},
     .updateEnabling = UpdateEnabling,
     .focusList = FocusList,
     .close = [] { SendMessageW(MainHandle(), WM_CLOSE, 0, 0); },
