@@ -3,10 +3,12 @@
 // docs/bulkhead-block.md tells table by table what each column is and how it is written.
 //
 // Numbers are those of the file, in file order. Integers of 16 bits are int16_t, of 32 bits
-// int32_t; a boolean is -1 or 0. Lengths are in m, scantlings in mm.
+// int32_t; a boolean is -1 or 0. Lengths are in m, scantlings in mm; y is the distance from the
+// centre line, z the height above the base line.
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -18,7 +20,7 @@ namespace corvane {
 struct PrimaryStiffener {
     int32_t direction = 0;  // 0 horizontal, 1 vertical
     float position_m = 0;   // z of a horizontal one, y of a vertical one
-    // Where it begins and ends, for information; not every one tells them.
+    // Where it begins and ends, along its direction; for information, not every one tells them.
     bool hasExtremities = false;
     float lowerExtremity_m = 0;
     float upperExtremity_m = 0;
@@ -28,15 +30,16 @@ struct PrimaryStiffener {
 // Table BRACK SCANT: the bracket at an end of a secondary stiffener. The scantlings and the length
 // stand in the file when the bracket is enabled.
 struct EndBracket {
-    int16_t enabled = 0;
-    int16_t fixed = 0;
+    int16_t enabled = 0;  // boolean
+    int16_t fixed = 0;    // boolean: its end can't turn
     Scantlings scantlings;
     float length_m = 0;
     bool operator==(const EndBracket&) const = default;
 };
 
-// A span of a secondary stiffener, between two primary ones. Table SPAN SCANT has the spans with
-// scantlings of their own, table SPAN BRACK those with bracket lengths.
+// What a span of a secondary stiffener, between two primary ones, has of its own: table SPAN SCANT
+// has the spans with scantlings, table SPAN BRACK those with bracket lengths. One without them
+// has those of its stiffener.
 struct BulkheadSpan {
     bool hasScantlings = false;
     Scantlings scantlings;
@@ -52,26 +55,28 @@ struct SecondaryStiffener {
     float position_m = 0;  // y of a vertical one, z of a horizontal one
     Scantlings scantlings;
     int16_t material = 0;
-    float lowerExtremity_m = 0;
+    int32_t spanCount = 0;
+    float lowerExtremity_m = 0;  // where it begins and ends, along its direction
     float upperExtremity_m = 0;
     float spanReduction_m = 0;
-    int32_t connection = 0;  // type of the end connections
-    Array<EndBracket, 1, 2> brackets;
-    std::vector<BulkheadSpan> spans;
+    int32_t connection = 0;                 // type of the end connections
+    Array<EndBracket, 1, 2> brackets;       // at the lower and at the upper extremity
+    std::map<int16_t, BulkheadSpan> spans;  // by number, from 1; only those that have anything
+    bool operator==(const SecondaryStiffener&) const = default;
 };
 
 // Table BH CORR: the corrugations of the bulkhead's plating.
 struct Corrugation {
-    float start_m = 0;   // y where the first one begins
-    float pitch_m = 0;   // S1
-    float flange_m = 0;  // a, breadth of the flange
-    float depth_m = 0;   // d
-    int16_t fixedUpper = 0;
+    float start_m = 0;       // y where the first one begins
+    float pitch_m = 0;       // S1: from one to the next
+    float flange_m = 0;      // a: breadth of the flange
+    float depth_m = 0;       // d
+    int16_t fixedUpper = 0;  // booleans: the supports can't turn
     int16_t fixedLower = 0;
     bool operator==(const Corrugation&) const = default;
 };
 
-// Table BH STRAKE: a plate of a band of the bulkhead.
+// Table BH STRAKE: a plate of a band of the bulkhead. A band is as high as its plates are.
 struct BulkheadStrake {
     float z_m = 0;  // upper edge
     float y_m = 0;  // outer edge
@@ -81,24 +86,26 @@ struct BulkheadStrake {
 };
 
 struct Stool {
-    int16_t enabled = 0;
-    float z_m = 0;  // of its end at the bulkhead
+    int16_t enabled = 0;  // boolean
+    float z_m = 0;        // of the end at which the bulkhead stands on it or hangs from it
     bool operator==(const Stool&) const = default;
 };
 
+// Nodes are defined as in a section, but never as the intersection of a line with a strake.
 struct Bulkhead {
     std::wstring name;  // at most 40 characters
-    int32_t kind = 0;   // plane or corrugated
+    int32_t kind = 0;   // 0 plane, 1 corrugated
     int16_t material = 0;
-    int32_t stiffening = 0;  // direction: 0 horizontal, 1 vertical
-    int32_t stiffenedSide = 0;
-    Array<Stool, 1, 2> stools;       // lower and upper
-    Array<float, 1, 4> stoolEnds_m;  // for information
+    int32_t stiffening = 0;     // direction of stiffeners or corrugations: 0 horizontal, 1 vertical
+    int32_t stiffenedSide = 0;  // -1 aft, 1 fore
+    Array<Stool, 1, 2> stools;  // lower and upper
+    // For information: x of the aft and the fore end of the lower stool, then of the upper one.
+    Array<float, 1, 4> stoolEnds_m;
     std::vector<Node> nodes;
     std::vector<PrimaryStiffener> primaryStiffeners;
     std::vector<SecondaryStiffener> secondaryStiffeners;
     Corrugation corrugation;
-    std::vector<std::vector<BulkheadStrake>> bands;  // strakes by band
+    std::map<int16_t, std::vector<BulkheadStrake>> bands;  // strakes, by number of the band from 1
 };
 
 struct Hopper {
@@ -114,15 +121,14 @@ struct BulkheadArrangement {
 
     float x_m = 0;
     float stoolVolume_m3 = 0;
-    int32_t symmetric = 0;
-    Hopper aftHopper;
+    int32_t symmetric = 0;  // boolean: one half is described
+    Hopper aftHopper;       // of the holds aft and fore of the bulkheads
     Hopper foreHopper;
-    int32_t stateType = 0;
+    int32_t stateType = 0;  // the condition of the ship that is looked at
     int16_t stateIndex = 0;
 
     std::vector<Bulkhead> bulkheads;
-    // Without node lists; their closing flag is a boolean of its own form.
-    std::vector<Compartment> holds;
+    std::vector<Compartment> holds;  // without outlines
 };
 
 }  // namespace corvane

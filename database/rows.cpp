@@ -109,6 +109,10 @@ void Value(RowWriter& row, PaddedName field) {
     EndField(row, to + kNameWidth);
 }
 
+void Value(RowWriter& row, PlusMinusFlag field) {
+    Value(row, int32_t{field.value != 0 ? 1 : -1});
+}
+
 void EndLine(RowWriter& row) {
     Abut(row);
     char* to = NextField(row);
@@ -122,6 +126,11 @@ void EndLine(RowWriter& row) {
 void ClosingTab(RowWriter& row) {
     char* to = NextField(row);
     EndField(row, to);
+}
+
+void ClosingRule(RowWriter& row) {
+    WriteOutRow(row);
+    WriteText(row.writer, row.lines.commentRule);
 }
 
 void Abut(RowWriter& row) {
@@ -201,6 +210,11 @@ void Value(RowReader& row, Magnitude field) {
 void Value(RowReader& row, Flag field) {
     double number = 0;
     if (TakeNumber(row, number)) field.value = static_cast<int16_t>(number != 0 ? -1 : 0);
+}
+
+void Value(RowReader& row, PlusMinusFlag field) {
+    double number = 0;
+    if (TakeNumber(row, number)) field.value = static_cast<int16_t>(number > 0 ? -1 : 0);
 }
 
 // The name ends at the first tab, or where its columns do.

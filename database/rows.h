@@ -48,6 +48,9 @@ struct PaddedName {  // padded with blanks to 40 characters
     std::wstring& text;
 };
 inline constexpr size_t kNameWidth = 40;
+struct PlusMinusFlag {  // 1 true, -1 false
+    int16_t& value;
+};
 
 // ---- Writing -----------------------------------------------------------------------------------
 
@@ -68,10 +71,13 @@ void Value(RowWriter& row, General field);
 void Value(RowWriter& row, Magnitude field);
 void Value(RowWriter& row, Flag field);
 void Value(RowWriter& row, PaddedName field);
+void Value(RowWriter& row, PlusMinusFlag field);
 
 void EndLine(RowWriter& row);
 // A tab at the end of a line.
 void ClosingTab(RowWriter& row);
+// A comment rule at the end of a line.
+void ClosingRule(RowWriter& row);
 // Nothing between the field before and the next one.
 void Abut(RowWriter& row);
 void CommentRule(RowWriter& row);
@@ -121,10 +127,12 @@ void Value(RowReader& row, General field);
 void Value(RowReader& row, Magnitude field);
 void Value(RowReader& row, Flag field);
 void Value(RowReader& row, PaddedName field);
+void Value(RowReader& row, PlusMinusFlag field);
 
 // Goes to the next line unless this one is none of data.
 void EndLine(RowReader& row);
 inline void ClosingTab(RowReader&) {}
+inline void ClosingRule(RowReader&) {}
 inline void Abut(RowReader&) {}
 inline void CommentRule(RowReader&) {}
 // Passes over blank lines.

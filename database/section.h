@@ -179,6 +179,7 @@ struct Compartment {
     Array<int16_t, 1, 3> flags;
     Array<int16_t, 1, 2> ends;  // aft and fore frame
     int16_t closing = 0;
+    int16_t ballastHold = 0;  // boolean; only a hold of a bulkhead arrangement has it in the file
 };
 
 struct SectionModel {

@@ -81,13 +81,19 @@ void PanelLine(Row& row, Panel& panel, int16_t number) {
     EndLine(row);
 }
 
+// The columns that a bulkhead's node has too.
 template <class Row>
-void ItemLines(Row& row, Node& node) {
+void NodeValues(Row& row, Node& node) {
     int16_t absolute = node.relative == 0 ? 1 : 0;
     Values(row, General{node.givenY}, General{node.givenZ}, absolute, node.inter, node.onStrake,
            node.onNode, node.shape, node.tangentY, node.tangentZ, node.radius, node.kind,
            node.number);
     node.relative = absolute == 0 ? -1 : 0;
+}
+
+template <class Row>
+void ItemLines(Row& row, Node& node) {
+    NodeValues(row, node);
     if (node.kind == kNodeIntersection) {
         for (float& value : node.extension) Value(row, value);
         Value(row, node.extensionStrake);

@@ -1,70 +1,26 @@
-#include <array>
-#include <initializer_list>
+#include <algorithm>
 
 #include "app/messages.h"
 #include "database/section_file.h"
 #include "database/section_lines.h"
-#include "platform/ztutil32.h"
+#include "database/tables.h"
 
 namespace corvane {
 namespace {
 
 constexpr char kFillingLevelLegend[] =
     "Filling level number, Filling level(), Free surface length(), Free surface breadth()";
-// Fixed by the layout; what the compartments have counts.
-constexpr int16_t kCompartmentTableSize = 8;
-
-void Legend(RowWriter& row, std::string_view text) {
-    WriteText(row.writer, row.lines.commentRule);
-    WriteLine(row.writer, text);
-}
-
-void Legends(RowWriter& row, std::initializer_list<MessageNumber> legends) {
-    for (const MessageNumber legend : legends) Legend(row, GetMessageBytes(legend));
-}
-
-void OpenTable(RowWriter& row, MessageNumber label, std::initializer_list<MessageNumber> legends) {
-    CommentRule(row);
-    WriteLine(row.writer, GetMessageBytes(label));
-    Legends(row, legends);
-}
-
-// What is done for every item of every panel gets the panel's number.
-template <class Item, class Action>
-void ForEachItem(SectionModel& section, std::vector<Item> Panel::*items, Action action) {
-    int16_t number = 0;
-    for (Panel& panel : section.panels) {
-        ++number;
-        for (Item& item : panel.*items) action(number, item);
-    }
-}
-
-template <class Item>
-bool HasItems(const SectionModel& section, std::vector<Item> Panel::*items) {
-    return std::ranges::any_of(section.panels,
-                               [items](const Panel& panel) { return !(panel.*items).empty(); });
-}
-
-template <class Item>
-void WriteItems(RowWriter& row, SectionModel& section, std::vector<Item> Panel::*items) {
-    ForEachItem(section, items, [&row](int16_t number, Item& item) {
-        Value(row, number);
-        ItemLines(row, item);
-    });
-}
 
 void WritePanels(RowWriter& row, SectionModel& section) {
     OpenTable(row, kMsgPanelTable, {});
-    std::string legend = GetMessageBytes(kMsgNameLegend);
-    legend.resize(std::max(legend.size(), kNameWidth), ' ');
-    Legend(row, legend + GetMessageBytes(kMsgPanelLegend));
+    NameLegend(row, GetMessageBytes(kMsgPanelLegend));
     Legends(row, {kMsgPanelCountLegend});
     int16_t number = 0;
     for (Panel& panel : section.panels) PanelLine(row, panel, ++number);
 }
 
 void WriteStiffeners(RowWriter& row, SectionModel& section) {
-    if (!HasItems(section, &Panel::stiffeners)) return;
+    if (!HasItems(section.panels, &Panel::stiffeners)) return;
     OpenTable(row, kMsgStiffenerTable, {kMsgStiffenerLegend});
     int16_t number = 0;
     for (Panel& panel : section.panels) {
@@ -79,23 +35,20 @@ void WriteStiffeners(RowWriter& row, SectionModel& section) {
     }
 
     OpenTable(row, kMsgSpanTable, {kMsgSpanLegend});
-    ForEachItem(section, &Panel::stiffenerDetails, [&row](int16_t panel, StiffenerDetail& detail) {
-        for (Span& span : detail.spans) {
-            Value(row, panel);
-            ItemLines(row, span);
-        }
-    });
+    ForEachItem(section.panels, &Panel::stiffenerDetails,
+                [&row](int16_t panel, StiffenerDetail& detail) {
+                    for (Span& span : detail.spans) {
+                        Value(row, panel);
+                        ItemLines(row, span);
+                    }
+                });
 }
 
 void WriteCompartments(RowWriter& row, SectionModel& section) {
     if (section.compartments.empty()) return;
-    OpenTable(row, kMsgCompartmentSizeTable, {kMsgCompartmentSizeLegend});
-    Value(row, kCompartmentTableSize);
-    EndLine(row);
-
-    OpenTable(row, kMsgCompartmentTable,
-              {kMsgNameLegend, kMsgOutlineLegend, kMsgCompartmentKindLegend, kMsgDesignValueLegend,
-               kMsgLoadCaseLegend, kMsgPressureLegend});
+    WriteCompartmentSize(row);
+    CommentRule(row);
+    CompartmentLegends(row);
     Legend(row, kFillingLevelLegend);
     for (Compartment& compartment : section.compartments) {
         if (&compartment != &section.compartments.front()) CommentRule(row);
@@ -127,24 +80,18 @@ void WriteFatigue(RowWriter& row, SectionModel& section) {
 
 // The tables of structures that not every section has.
 void WriteFurtherItems(RowWriter& row, SectionModel& section) {
-    if (HasItems(section, &Panel::brackets)) {
+    if (HasItems(section.panels, &Panel::brackets)) {
         OpenTable(row, kMsgBracketTable, {kMsgBracketLegend, kMsgBracketScantlingLegend});
-        WriteItems(row, section, &Panel::brackets);
+        WriteItems(row, section.panels, &Panel::brackets);
     }
-    if (HasItems(section, &Panel::openings)) {
+    if (HasItems(section.panels, &Panel::openings)) {
         OpenTable(row, kMsgOpeningTable, {kMsgOpeningLegend});
-        WriteItems(row, section, &Panel::openings);
+        WriteItems(row, section.panels, &Panel::openings);
     }
-    if (HasItems(section, &Panel::pillars)) {
+    if (HasItems(section.panels, &Panel::pillars)) {
         OpenTable(row, kMsgPillarTable, {kMsgPillarLegend});
-        WriteItems(row, section, &Panel::pillars);
+        WriteItems(row, section.panels, &Panel::pillars);
     }
-}
-
-std::string NewIdentifier() {
-    std::array<char, 256> buffer{};
-    GenerateID(buffer.data(), static_cast<int32_t>(buffer.size()) - 1);
-    return buffer.data();
 }
 
 }  // namespace
@@ -185,9 +132,9 @@ void WriteSectionBody(TextWriter& writer, SectionModel& section) {
 
     WritePanels(row, section);
     OpenTable(row, kMsgNodeTable, {kMsgNodeLegend, kMsgExtensionLegend});
-    WriteItems(row, section, &Panel::nodes);
+    WriteItems(row, section.panels, &Panel::nodes);
     OpenTable(row, kMsgPlateTable, {kMsgPlateLegend});
-    WriteItems(row, section, &Panel::plates);
+    WriteItems(row, section.panels, &Panel::plates);
     WriteStiffeners(row, section);
     WriteCompartments(row, section);
     WriteFurtherItems(row, section);

@@ -195,12 +195,7 @@ TEST_F(SectionReaderTest, LineFeedsAloneAreLineEnds) {
 }
 
 TEST_F(SectionReaderTest, CommentLinesMayStandAnywhere) {
-    std::string text;
-    for (const char character : golden) {
-        text += character;
-        if (character == '\n') text += "* a comment, 1 2 3\r\n";
-    }
-    EXPECT_EQ(Rewritten(text), body);
+    EXPECT_EQ(Rewritten(test::WithLineBehindEach(golden, "* a comment, 1 2 3")), body);
 }
 
 TEST_F(SectionReaderTest, SeparatorsBetweenNumbersAreFree) {
@@ -243,21 +238,8 @@ TEST_F(SectionReaderTest, BlankLinesBehindTheLastCompartmentAreNone) {
     EXPECT_EQ(ReadText(text).compartments.size(), 2u);
 }
 
-// The block cut into its head and its tables, label lines first.
-std::vector<std::string> Tables(const std::string& text) {
-    std::vector<std::string> tables;
-    size_t begin = 0;
-    for (size_t at = text.find("\r\n------"); at != std::string::npos;
-         at = text.find("\r\n------", at + 1)) {
-        tables.push_back(text.substr(begin, at + 2 - begin));
-        begin = at + 2;
-    }
-    tables.push_back(text.substr(begin));
-    return tables;
-}
-
 TEST_F(SectionReaderTest, TablesMayStandInAnyOrder) {
-    std::vector<std::string> tables = Tables(golden);
+    std::vector<std::string> tables = test::Tables(golden);
     ASSERT_EQ(tables.size(), 13u);  // file head, block head, eleven tables
     std::reverse(tables.begin() + 2, tables.end());
     std::string text;
@@ -266,7 +248,7 @@ TEST_F(SectionReaderTest, TablesMayStandInAnyOrder) {
 }
 
 TEST_F(SectionReaderTest, EachTableMayBeMissing) {
-    const std::vector<std::string> tables = Tables(golden);
+    const std::vector<std::string> tables = test::Tables(golden);
     for (size_t missing = 2; missing < tables.size(); ++missing) {
         std::string text;
         for (size_t i = 0; i < tables.size(); ++i) {

@@ -1,13 +1,8 @@
 #include "tests/unit/database/section_sample.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <cmath>
-#include <random>
 
-#include "database/database_file.h"
-#include "tests/unit/support.h"
+#include "tests/unit/database/block_sample.h"
 
 namespace corvane::test {
 namespace {
@@ -149,27 +144,6 @@ Panel SecondPanel() {
     return panel;
 }
 
-Compartment DoubleBottom() {
-    Compartment compartment;
-    compartment.name = L"Double bottom 3 P";
-    compartment.outline = {{1, 1}, {1, 2}, {2, 1}};
-    compartment.contents = 1;
-    compartment.kind = 2;
-    compartment.symmetric = 1;
-    compartment.hold = 3;
-    compartment.designValues(1) = 1.025f;
-    compartment.designValues(2) = 0.76f;
-    compartment.designValues(20) = -20;
-    compartment.loadCase = 4;
-    compartment.stillWaterPressure_kPa = {{10, 20, 30, 0, 0, 0, 0, 0, 0, 0.5f}};
-    compartment.wavePressure_kPa = {{1, 2, 3, 0, 0, 0, 0, 0, 0, -4}};
-    compartment.levels = {{0.5f, 12, 6.25f}, {1.6f, 12.8f, 16}};
-    compartment.flags = {{1, 2, 3}};
-    compartment.ends = {{120, 152}};
-    compartment.closing = -1;
-    return compartment;
-}
-
 void SetHead(SectionModel& section) {
     section.name = L"Frame 100";
     section.identifier = "ID-0001";
@@ -208,61 +182,6 @@ void SetHead(SectionModel& section) {
 }
 
 // ---- Random sections ---------------------------------------------------------------------------
-
-// Fills whatever fields a line has: a third kind of Row.
-struct RandomRow {
-    std::mt19937 numbers;
-    uint32_t Below(uint32_t bound) { return static_cast<uint32_t>(numbers() % bound); }
-};
-
-float RandomSingle(RandomRow& row) {
-    const double mantissa = static_cast<int32_t>(row.Below(2000001)) - 1000000;
-    return static_cast<float>(mantissa * std::pow(10.0, static_cast<int>(row.Below(16)) - 10));
-}
-
-std::wstring RandomName(RandomRow& row) {
-    constexpr std::wstring_view kCharacters = L"ABCxyz 0123456789-*_.,;()é°'\"";
-    std::wstring name;
-    const uint32_t length = row.Below(41);
-    for (uint32_t i = 0; i < length; ++i) name += kCharacters[row.Below(kCharacters.size())];
-    return name;
-}
-
-float Draw(RandomRow& row, float) {
-    return RandomSingle(row);
-}
-int16_t Draw(RandomRow& row, int16_t) {
-    return static_cast<int16_t>(row.Below(65536));
-}
-int32_t Draw(RandomRow& row, int32_t) {
-    return static_cast<int32_t>(row.numbers());
-}
-
-template <class... Fields>
-void Fill(RandomRow& row, Fields&... fields) {
-    ((fields = Draw(row, fields)), ...);
-}
-template <int last>
-void FillAll(RandomRow& row, Array<float, 1, last>& array) {
-    for (float& element : array.elements) Fill(row, element);
-}
-void FillProfile(RandomRow& row, Scantlings& profile) {
-    Fill(row, profile.type, profile.webHeight_mm, profile.webThickness_mm, profile.flangeBreadth_mm,
-         profile.flangeThickness_mm);
-}
-
-Node RandomNode(RandomRow& row) {
-    Node node{};
-    Fill(row, node.givenY, node.givenZ, node.inter, node.onStrake, node.onNode, node.shape,
-         node.tangentY, node.tangentZ, node.radius, node.number);
-    node.relative = static_cast<int16_t>(row.Below(2) == 0 ? 0 : -1);
-    node.kind = static_cast<int32_t>(row.Below(6));
-    if (node.kind == kNodeIntersection) {
-        for (float& value : node.extension) Fill(row, value);
-        Fill(row, node.extensionStrake);
-    }
-    return node;
-}
 
 Span RandomSpan(RandomRow& row) {
     Span span;
@@ -320,25 +239,6 @@ Panel RandomPanel(RandomRow& row) {
     return panel;
 }
 
-Compartment RandomCompartment(RandomRow& row) {
-    Compartment compartment;
-    compartment.name = RandomName(row);
-    for (uint32_t i = row.Below(8); i > 0; --i) {
-        compartment.outline.push_back(
-            {static_cast<int16_t>(row.Below(30)), static_cast<int16_t>(1 + row.Below(30))});
-    }
-    Fill(row, compartment.contents, compartment.kind, compartment.symmetric, compartment.hold,
-         compartment.loadCase, compartment.closing, compartment.flags(2), compartment.ends(1));
-    FillAll(row, compartment.designValues);
-    FillAll(row, compartment.stillWaterPressure_kPa);
-    FillAll(row, compartment.wavePressure_kPa);
-    compartment.levels.resize(row.Below(9));
-    for (FillingLevel& level : compartment.levels) {
-        Fill(row, level.level_m, level.surfaceLength_m, level.surfaceBreadth_m);
-    }
-    return compartment;
-}
-
 }  // namespace
 
 SectionModel FullSection() {
@@ -347,7 +247,9 @@ SectionModel FullSection() {
     section.panels = {FirstPanel(), SecondPanel()};
     AddStiffeners(section.panels[0]);
     section.panels[0].brackets = {SampleBracket()};
-    section.compartments = {DoubleBottom(), Compartment()};
+    section.compartments = {SampleCompartment(), Compartment()};
+    section.compartments[0].name = L"Double bottom 3 P";
+    section.compartments[0].outline = {{1, 1}, {1, 2}, {2, 1}};
     section.compartments[1].name = L"Void";
     return section;
 }
@@ -374,6 +276,12 @@ SectionModel RandomSection(uint32_t seed) {
     for (uint32_t i = row.Below(4); i > 0; --i) {
         section.compartments.push_back(RandomCompartment(row));
     }
+    for (Compartment& compartment : section.compartments) {
+        for (uint32_t i = row.Below(8); i > 0; --i) {
+            compartment.outline.push_back(
+                {static_cast<int16_t>(row.Below(30)), static_cast<int16_t>(1 + row.Below(30))});
+        }
+    }
     return section;
 }
 
@@ -382,43 +290,13 @@ std::string BodyText(SectionModel& section) {
 }
 
 std::string BlockText(SectionModel& section, int32_t number) {
-    TemporaryFolder folder;
-    const std::wstring path = folder.File(L"block.ve2");
-    TextWriter writer;
-    CreateText(writer, path);
-    WriteSectionBlock(writer, section, number);
-    EXPECT_TRUE(CloseText(writer));
-    return ReadFileBytes(path);
+    return WrittenText([&](TextWriter& writer) { WriteSectionBlock(writer, section, number); });
 }
 
 SectionModel ReadText(std::string_view text, ModelKind kind) {
-    TemporaryFolder folder;
-    const std::wstring path = folder.File(L"block.ve2");
-    WriteFileBytes(path, text);
-    TextReader reader;
-    EXPECT_TRUE(OpenText(reader, path));
     SectionModel section;
-    ReadSectionLines(reader, kind, section);
+    ReadFromText(text, [&](TextReader& reader) { ReadSectionLines(reader, kind, section); });
     return section;
-}
-
-std::string BodyOf(std::string_view text) {
-    const std::string label = FetchStructuralLines().nameLabel + "\r\n";
-    const size_t place = text.find(label);
-    if (place == std::string_view::npos) {
-        ADD_FAILURE() << "no name label";
-        return {};
-    }
-    return std::string(text.substr(place + label.size()));
-}
-
-std::string Replaced(std::string_view text, std::string_view from, std::string_view to) {
-    const size_t place = text.find(from);
-    if (place == std::string_view::npos) {
-        ADD_FAILURE() << "the text has no " << from;
-        return std::string(text);
-    }
-    return std::string(text.substr(0, place)).append(to).append(text.substr(place + from.size()));
 }
 
 }  // namespace corvane::test

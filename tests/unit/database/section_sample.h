@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "database/section_file.h"
+#include "tests/unit/database/block_sample.h"
 
 namespace corvane::test {
 
@@ -20,10 +21,5 @@ std::string BodyText(SectionModel& section);
 std::string BlockText(SectionModel& section, int32_t number);
 // A block or a file as far as the section reader takes it, from memory.
 SectionModel ReadText(std::string_view text, ModelKind kind = ModelKind::kSection);
-
-// The text from the line behind the name label on.
-std::string BodyOf(std::string_view text);
-// The text with the first `from` replaced; a test fails when it has none.
-std::string Replaced(std::string_view text, std::string_view from, std::string_view to);
 
 }  // namespace corvane::test

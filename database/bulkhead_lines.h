@@ -1,0 +1,140 @@
+// The lines of a BHA block, each declared once for the writer and the reader (database/rows.h).
+// Scantlings, the columns of nodes and most lines of holds are those of a section
+// (database/section_lines.h).
+//
+// What is declared of an item are its lines from behind the bulkhead's number, and behind the
+// numbers of the stiffener, bracket, span, band and strake that follow it, to the end of the last
+// line.
+#pragma once
+
+#include "database/bulkhead.h"
+#include "database/section_lines.h"
+
+namespace corvane {
+
+inline constexpr char kPrimaryStiffenerTable[] =
+    "------------------ PRIMARY STIFF ------------------";
+inline constexpr char kSecondaryStiffenerTable[] =
+    "------------------ SECONDARY STIFF ------------------";
+inline constexpr char kEndBracketTable[] = "------------------ BRACK SCANT ------------------";
+inline constexpr char kSpanScantlingTable[] = "------------------ SPAN SCANT ------------------";
+inline constexpr char kSpanBracketTable[] = "------------------ SPAN BRACK ------------------";
+inline constexpr char kCorrugationTable[] = "------------------ BH CORR ------------------";
+inline constexpr char kBulkheadStrakeTable[] = "------------------ BH STRAKE ------------------";
+
+template <class Row>
+void Value(Row& row, Hopper& hopper) {
+    Values(row, hopper.breadth_m, hopper.top_m);
+}
+
+template <class Row>
+void Value(Row& row, Stool& stool) {
+    Values(row, stool.enabled, stool.z_m);
+}
+
+// The lines behind the name.
+template <class Row>
+void HeadLines(Row& row, BulkheadArrangement& arrangement) {
+    Values(row, arrangement.x_m, arrangement.stoolVolume_m3, arrangement.symmetric);
+    EndLine(row);
+    Values(row, arrangement.aftHopper, arrangement.foreHopper);
+    EndLine(row);
+    Values(row, arrangement.stateType, arrangement.stateIndex);
+    EndLine(row);
+    TextLine(row, arrangement.identifier);
+}
+
+template <class Row>
+void BulkheadLine(Row& row, Bulkhead& bulkhead) {
+    Values(row, PaddedName{bulkhead.name}, bulkhead.kind, bulkhead.material, bulkhead.stiffening,
+           bulkhead.stiffenedSide, bulkhead.stools, bulkhead.stoolEnds_m);
+    EndLine(row);
+}
+
+template <class Row>
+void BulkheadNodeLine(Row& row, Node& node) {
+    NodeValues(row, node);
+    EndLine(row);
+}
+
+// ---- Stiffeners --------------------------------------------------------------------------------
+// Fields that not every row has are told by the row's length.
+
+template <class Row>
+void ItemLines(Row& row, PrimaryStiffener& stiffener) {
+    Values(row, stiffener.direction, stiffener.position_m);
+    constexpr int kExtremities = 2;
+    stiffener.hasExtremities = HasFields(row, stiffener.hasExtremities, kExtremities);
+    if (stiffener.hasExtremities) {
+        Values(row, General{stiffener.lowerExtremity_m}, General{stiffener.upperExtremity_m});
+    }
+    EndLine(row);
+}
+
+template <class Row>
+void ItemLines(Row& row, SecondaryStiffener& stiffener) {
+    Values(row, stiffener.position_m, stiffener.scantlings, stiffener.material, stiffener.spanCount,
+           General{stiffener.lowerExtremity_m}, General{stiffener.upperExtremity_m},
+           stiffener.spanReduction_m, stiffener.connection);
+    EndLine(row);
+}
+
+template <class Row>
+void EndBracketLine(Row& row, EndBracket& bracket) {
+    Values(row, bracket.enabled, bracket.fixed);
+    constexpr int kScantlingsAndLength = 6;
+    if (HasFields(row, bracket.enabled != 0, kScantlingsAndLength)) {
+        Values(row, bracket.scantlings, bracket.length_m);
+    }
+    EndLine(row);
+}
+
+template <class Row>
+void SpanScantlingLine(Row& row, BulkheadSpan& span) {
+    Values(row, span.scantlings, span.material);
+    EndLine(row);
+}
+
+template <class Row>
+void SpanBracketLine(Row& row, BulkheadSpan& span) {
+    Values(row, span.lowerBracketLength_m, span.upperBracketLength_m);
+    EndLine(row);
+}
+
+// ---- Plating -----------------------------------------------------------------------------------
+
+template <class Row>
+void CorrugationLine(Row& row, Corrugation& corrugation) {
+    Values(row, corrugation.start_m, corrugation.pitch_m, corrugation.flange_m, corrugation.depth_m,
+           corrugation.fixedUpper, corrugation.fixedLower);
+    EndLine(row);
+}
+
+template <class Row>
+void StrakeLine(Row& row, BulkheadStrake& strake) {
+    Values(row, strake.z_m, strake.y_m, strake.thickness_mm, strake.material);
+    EndLine(row);
+}
+
+// ---- Holds -------------------------------------------------------------------------------------
+
+// In the place of a compartment's nodes.
+inline constexpr char kNoNodeList[] = "no node list";
+inline void NoNodeLine(RowWriter& row) {
+    WriteLine(row.writer, kNoNodeList);
+}
+inline void NoNodeLine(RowReader& row) {
+    EndLine(row);
+}
+
+// The lines behind the name.
+template <class Row>
+void HoldLines(Row& row, Compartment& hold) {
+    NoNodeLine(row);
+    CompartmentValueLines(row, hold);
+    Values(row, hold.flags, hold.ends, hold.closing, PlusMinusFlag{hold.ballastHold});
+    ClosingRule(row);
+    EndLine(row);
+}
+
+}  // namespace corvane

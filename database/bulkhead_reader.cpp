@@ -1,0 +1,159 @@
+#include "app/messages.h"
+#include "database/bulkhead_file.h"
+#include "database/bulkhead_lines.h"
+#include "database/tables.h"
+
+namespace corvane {
+namespace {
+
+using Bulkheads = std::vector<Bulkhead>;
+
+void ReadBulkheads(RowReader& row, Bulkheads& bulkheads) {
+    while (AtRow(row)) {
+        Bulkhead bulkhead;
+        BulkheadLine(row, bulkhead);
+        Keep(bulkheads, std::move(bulkhead));
+    }
+}
+
+// The bulkhead whose number comes next; null when there is no such bulkhead.
+Bulkhead* TakeBulkhead(RowReader& row, Bulkheads& bulkheads) {
+    const size_t index = TakeIndex(row, bulkheads.size());
+    return index < bulkheads.size() ? &bulkheads[index] : nullptr;
+}
+
+// The secondary stiffener whose two numbers come next.
+SecondaryStiffener* TakeStiffener(RowReader& row, Bulkheads& bulkheads) {
+    Bulkhead* bulkhead = TakeBulkhead(row, bulkheads);
+    if (bulkhead == nullptr) return nullptr;
+    std::vector<SecondaryStiffener>& stiffeners = bulkhead->secondaryStiffeners;
+    const size_t index = TakeIndex(row, stiffeners.size());
+    return index < stiffeners.size() ? &stiffeners[index] : nullptr;
+}
+
+// A number that is a place of its own, from 1 on; 0 when there is none.
+int16_t TakeNumberFrom1(RowReader& row) {
+    int16_t number = 0;
+    Value(row, number);
+    return std::max<int16_t>(number, 0);
+}
+
+void ReadNodes(RowReader& row, Bulkheads& bulkheads) {
+    while (AtRow(row)) {
+        Bulkhead* bulkhead = TakeBulkhead(row, bulkheads);
+        auto node = NewItem<Node>();
+        BulkheadNodeLine(row, node);
+        if (bulkhead != nullptr) Keep(bulkhead->nodes, std::move(node));
+    }
+}
+
+void ReadEndBrackets(RowReader& row, Bulkheads& bulkheads) {
+    while (AtRow(row)) {
+        EndBracket unplaced;
+        EndBracket* bracket = &unplaced;
+        if (SecondaryStiffener* stiffener = TakeStiffener(row, bulkheads)) {
+            auto& brackets = stiffener->brackets.elements;
+            const size_t index = TakeIndex(row, brackets.size());
+            if (index < brackets.size()) bracket = &brackets[index];
+        }
+        EndBracketLine(row, *bracket);
+    }
+}
+
+template <bool BulkheadSpan::*present, void (*line)(RowReader&, BulkheadSpan&)>
+void ReadSpans(RowReader& row, Bulkheads& bulkheads) {
+    while (AtRow(row)) {
+        BulkheadSpan unplaced;
+        BulkheadSpan* span = &unplaced;
+        if (SecondaryStiffener* stiffener = TakeStiffener(row, bulkheads)) {
+            const int16_t number = TakeNumberFrom1(row);
+            if (number > 0) span = &stiffener->spans[number];
+        }
+        span->*present = true;
+        line(row, *span);
+    }
+}
+
+void ReadCorrugations(RowReader& row, Bulkheads& bulkheads) {
+    while (AtRow(row)) {
+        Corrugation unplaced;
+        Bulkhead* bulkhead = TakeBulkhead(row, bulkheads);
+        CorrugationLine(row, bulkhead != nullptr ? bulkhead->corrugation : unplaced);
+    }
+}
+
+// Strakes stand in a band as their rows do, whatever their own numbers are.
+void ReadStrakes(RowReader& row, Bulkheads& bulkheads) {
+    while (AtRow(row)) {
+        Bulkhead* bulkhead = TakeBulkhead(row, bulkheads);
+        const int16_t band = TakeNumberFrom1(row);
+        TakeNumberFrom1(row);
+        BulkheadStrake strake;
+        StrakeLine(row, strake);
+        if (bulkhead != nullptr && band > 0) Keep(bulkhead->bands[band], std::move(strake));
+    }
+}
+
+void ReadArrangementTables(RowReader& row, BulkheadArrangement& arrangement) {
+    Bulkheads& bulkheads = arrangement.bulkheads;
+    std::vector<Compartment>& holds = arrangement.holds;
+    const auto of = [&bulkheads](void (*read)(RowReader&, Bulkheads&)) {
+        return [&bulkheads, read](RowReader& at) { read(at, bulkheads); };
+    };
+    const auto itemsOf = [&bulkheads](auto items) {
+        return [&bulkheads, items](RowReader& at) { ReadItems(at, bulkheads, items); };
+    };
+    const auto readHolds = [&holds](RowReader& at) {
+        ReadCompartments(at, holds, HoldLines<RowReader>);
+    };
+    const std::vector<BlockTable> tables = {
+        {GetMessageBytes(kMsgPanelTable), of(ReadBulkheads)},
+        {GetMessageBytes(kMsgNodeTable), of(ReadNodes)},
+        {kPrimaryStiffenerTable, itemsOf(&Bulkhead::primaryStiffeners)},
+        {kSecondaryStiffenerTable, itemsOf(&Bulkhead::secondaryStiffeners)},
+        {kEndBracketTable, of(ReadEndBrackets)},
+        {kSpanScantlingTable,
+         of(ReadSpans<&BulkheadSpan::hasScantlings, SpanScantlingLine<RowReader>>)},
+        {kSpanBracketTable, of(ReadSpans<&BulkheadSpan::hasBrackets, SpanBracketLine<RowReader>>)},
+        {kCorrugationTable, of(ReadCorrugations)},
+        {kBulkheadStrakeTable, of(ReadStrakes)},
+        {GetMessageBytes(kMsgCompartmentTable), readHolds, true},
+    };
+    ReadTables(row, tables, [&arrangement] {
+        arrangement.bulkheads.clear();
+        arrangement.holds.clear();
+    });
+}
+
+}  // namespace
+
+void ReadBulkheadLines(TextReader& reader, BulkheadArrangement& arrangement) {
+    arrangement = {};
+    RowReader row(reader);
+    ReadBlockHead(row, arrangement.formatVersion);
+    TextLine(row, arrangement.name);
+    HeadLines(row, arrangement);
+    ReadArrangementTables(row, arrangement);
+}
+
+bool ReadBulkheadBlock(const std::wstring& path, int32_t number, BulkheadArrangement& arrangement) {
+    constexpr float kNowhere = -1;
+    if (!IsDatabaseFile(path)) {
+        ReportMessage(kMsgNoDatabase, {path});
+        arrangement.x_m = kNowhere;
+        return false;
+    }
+    ReportStatus(kMsgReadingModel, {path});
+    TextReader reader;
+    std::string keyword(kBulkheadKeyword);
+    if (!OpenText(reader, path) || !FindModel(reader, number, keyword)) {
+        ReportMessage(L"Can not find BHA ¤ in file '¤'", {number, path});
+        arrangement.x_m = kNowhere;
+        return false;
+    }
+    ReadBulkheadLines(reader, arrangement);
+    ShowStatus(L"");
+    return true;
+}
+
+}  // namespace corvane

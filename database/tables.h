@@ -1,0 +1,127 @@
+// What sections and bulkhead arrangements have in common beyond single lines (database/rows.h):
+// legends, tables that a label line opens, items of panels or bulkheads. An owner is a panel or a
+// bulkhead; owners are numbered from 1, and each row of an item begins with its owner's number.
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "app/message_numbers.h"
+#include "database/rows.h"
+#include "platform/grvelk.h"
+
+namespace corvane {
+
+// ---- Writing -----------------------------------------------------------------------------------
+
+// A comment rule and the text behind it. `text` is in the ANSI code page.
+void Legend(RowWriter& row, std::string_view text);
+void Legends(RowWriter& row, std::initializer_list<MessageNumber> legends);
+// Legend of a table whose first column is a padded name.
+void NameLegend(RowWriter& row, std::string_view otherColumns);
+
+// The comment rule, the label and the legends.
+void OpenTable(RowWriter& row, MessageNumber label, std::initializer_list<MessageNumber> legends);
+// The table before the compartments, fixed by the layout: what the compartments have counts.
+void WriteCompartmentSize(RowWriter& row);
+// Label and legends of the compartments.
+void CompartmentLegends(RowWriter& row);
+
+// A new unique identifier.
+std::string NewIdentifier();
+
+template <class Owner, class Item>
+bool HasItems(const std::vector<Owner>& owners, std::vector<Item> Owner::*items) {
+    return std::ranges::any_of(owners,
+                               [items](const Owner& owner) { return !(owner.*items).empty(); });
+}
+
+// What is done for every item of every owner gets the owner's number.
+template <class Owner, class Item, class Action>
+void ForEachItem(std::vector<Owner>& owners, std::vector<Item> Owner::*items, Action action) {
+    int16_t number = 0;
+    for (Owner& owner : owners) {
+        ++number;
+        for (Item& item : owner.*items) action(number, item);
+    }
+}
+
+template <class Owner, class Item>
+void WriteItems(RowWriter& row, std::vector<Owner>& owners, std::vector<Item> Owner::*items) {
+    ForEachItem(owners, items, [&row](int16_t number, Item& item) {
+        Value(row, number);
+        ItemLines(row, item);
+    });
+}
+
+// ---- Reading -----------------------------------------------------------------------------------
+
+// From the block's marker to the line behind the name label, which is then loaded; to the first
+// table, when the block has lost its name label.
+void ReadBlockHead(RowReader& row, double& formatVersion);
+
+template <class Item>
+Item NewItem() {
+    return Item{};
+}
+template <>
+inline Node NewItem<Node>() {
+    Node node{};
+    node.kind = kNodeGiven;
+    return node;
+}
+
+// Adds an item while there is room for its number.
+template <class Item>
+void Keep(std::vector<Item>& items, Item&& item) {
+    if (items.size() < kMostItems) items.push_back(std::forward<Item>(item));
+}
+
+// The place of the number that comes next in a list of items numbered from 1; the size of the list
+// when there is no such item.
+size_t TakeIndex(RowReader& row, size_t size);
+
+// Rows of owners that do not exist are left out.
+template <class Owner, class Item>
+void ReadItems(RowReader& row, std::vector<Owner>& owners, std::vector<Item> Owner::*items) {
+    while (AtRow(row)) {
+        const size_t owner = TakeIndex(row, owners.size());
+        auto item = NewItem<Item>();
+        ItemLines(row, item);
+        if (owner < owners.size()) Keep(owners[owner].*items, std::move(item));
+    }
+}
+
+struct BlockTable {
+    std::string label;
+    std::function<void(RowReader&)> read;
+    bool hasEmptyRows = false;  // an empty line can be a name
+};
+
+// Reads the tables of a block, from the line that is loaded on to the block's end. A table is told
+// by its label and ends at the next header line; tables may be missing, stand in any order, or be
+// unknown. `tables` has them in an order in which each finds what its rows belong to: where the
+// file has another one, `reset` takes back what was read, and they are read again in this order.
+void ReadTables(RowReader& row, const std::vector<BlockTable>& tables,
+                const std::function<void()>& reset);
+
+// The names of compartments or holds, and the lines behind each.
+template <class Compartment>
+void ReadCompartments(RowReader& row, std::vector<Compartment>& compartments,
+                      void (*lines)(RowReader&, Compartment&)) {
+    while (AtRow(row)) {
+        Compartment compartment;
+        TextLine(row, compartment.name);
+        // A nameless compartment still has its lines; blank lines alone are none.
+        if (compartment.name.empty() && (!AtRow(row) || IsBlank(row.line))) continue;
+        lines(row, compartment);
+        Keep(compartments, std::move(compartment));
+    }
+}
+
+}  // namespace corvane
