@@ -1,11 +1,11 @@
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "app/messages.h"
+#include "database/bulkhead_file.h"
 #include "database/section_file.h"
 #include "database/section_lines.h"
-#include "util/text.h"
+#include "database/tables.h"
 
 namespace corvane {
 namespace {
@@ -13,63 +13,20 @@ namespace {
 // What the tables hold on to from one to the next.
 struct Reading {
     SectionModel& section;
-    ModelKind kind;
     // By panel, by stiffener: how many rows of the spans' table are its own.
     std::vector<std::vector<int32_t>> spanCounts = {};
 };
 
-template <class Item>
-Item NewItem() {
-    return Item{};
-}
-template <>
-Node NewItem<Node>() {
-    Node node{};
-    node.kind = kNodeGiven;
-    return node;
-}
-
-template <class Item>
-void Keep(std::vector<Item>& items, Item&& item) {
-    if (items.size() < kMostItems) items.push_back(std::forward<Item>(item));
-}
-
-// The place of the number that comes next in a list of items numbered from 1; the size of the list
-// when there is no such item.
-size_t TakeIndex(RowReader& row, size_t size) {
-    double number = 0;
-    if (!TakeNumber(row, number)) return size;
-    const int32_t held = HeldInt32(number);
-    return held >= 1 && static_cast<size_t>(held) <= size ? static_cast<size_t>(held) - 1 : size;
-}
-
 // ---- Tables ------------------------------------------------------------------------------------
 
 void ReadPanels(RowReader& row, Reading& reading) {
-    int16_t number = 0;
+    constexpr int16_t kAnyNumber = 0;
     while (AtRow(row)) {
         Panel panel;
-        if (reading.kind == ModelKind::kBulkhead) {
-            Value(row, PaddedName{panel.name});
-            EndLine(row);
-        } else {
-            PanelLine(row, panel, number);
-        }
+        PanelLine(row, panel, kAnyNumber);
         Keep(reading.section.panels, std::move(panel));
     }
     reading.spanCounts.resize(reading.section.panels.size());
-}
-
-template <auto items>
-void ReadItems(RowReader& row, Reading& reading) {
-    std::vector<Panel>& panels = reading.section.panels;
-    using Items = std::remove_reference_t<decltype(Panel().*items)>;
-    while (AtRow(row)) {
-        const size_t panel = TakeIndex(row, panels.size());
-        auto item = NewItem<typename Items::value_type>();
-        ItemLines(row, item);
-        if (panel < panels.size()) Keep(panels[panel].*items, std::move(item));
-    }
 }
 
 void ReadStiffeners(RowReader& row, Reading& reading) {
@@ -113,24 +70,6 @@ void ReadSpans(RowReader& row, Reading& reading) {
     }
 }
 
-void ReadCompartments(RowReader& row, Reading& reading) {
-    while (AtRow(row)) {
-        Compartment compartment;
-        TextLine(row, compartment.name);
-        // A nameless compartment still has its nodes; blank lines alone are none.
-        if (compartment.name.empty() && (!AtRow(row) || IsBlank(row.line))) continue;
-        if (reading.kind == ModelKind::kBulkhead) {
-            EndLine(row);  // "no node list"
-            CompartmentValueLines(row, compartment);
-            Values(row, compartment.flags, compartment.ends, compartment.closing);
-            EndLine(row);
-        } else {
-            CompartmentLines(row, compartment);
-        }
-        Keep(reading.section.compartments, std::move(compartment));
-    }
-}
-
 void ReadFatigue(RowReader& row, Reading& reading) {
     std::vector<Panel>& panels = reading.section.panels;
     while (AtRow(row)) {
@@ -151,128 +90,57 @@ void ReadFatigue(RowReader& row, Reading& reading) {
     }
 }
 
-// In an order in which each table finds what its rows belong to.
-struct Table {
-    MessageNumber label;
-    bool inBulkheads;   // the same in a bulkhead arrangement
-    bool hasEmptyRows;  // an empty line can be a name
-    void (*read)(RowReader&, Reading&);
-};
-constexpr Table kTables[] = {
-    {kMsgPanelTable, true, false, ReadPanels},
-    {kMsgNodeTable, true, false, ReadItems<&Panel::nodes>},
-    {kMsgPlateTable, false, false, ReadItems<&Panel::plates>},
-    {kMsgStiffenerTable, false, false, ReadStiffeners},
-    {kMsgSpanTable, false, false, ReadSpans},
-    {kMsgCompartmentTable, true, true, ReadCompartments},
-    {kMsgBracketTable, false, false, ReadItems<&Panel::brackets>},
-    {kMsgOpeningTable, false, false, ReadItems<&Panel::openings>},
-    {kMsgPillarTable, false, false, ReadItems<&Panel::pillars>},
-    {kMsgFatigueTable, false, false, ReadFatigue},
-};
+// The table of a list of items, each with lines of its own.
+template <class Item>
+BlockTable ItemTable(MessageNumber label, Reading& reading, std::vector<Item> Panel::*items) {
+    std::vector<Panel>& panels = reading.section.panels;
+    return {GetMessageBytes(label),
+            [&panels, items](RowReader& row) { ReadItems(row, panels, items); }};
+}
 
-// The tables that the kind has, with their label lines.
-struct LabelledTable {
-    std::string label;
-    const Table* table;
-};
-std::vector<LabelledTable> TablesOf(ModelKind kind) {
-    std::vector<LabelledTable> tables;
-    for (const Table& table : kTables) {
-        if (kind == ModelKind::kBulkhead && !table.inBulkheads) continue;
-        tables.push_back({GetMessageBytes(table.label), &table});
+// A table that is read in another way.
+BlockTable OwnTable(MessageNumber label, Reading& reading, void (*read)(RowReader&, Reading&)) {
+    return {GetMessageBytes(label), [&reading, read](RowReader& row) { read(row, reading); }};
+}
+
+void ReadSectionTables(RowReader& row, Reading& reading) {
+    SectionModel& section = reading.section;
+    const auto readCompartments = [&section](RowReader& at) {
+        ReadCompartments(at, section.compartments, CompartmentLines<RowReader>);
+    };
+    const std::vector<BlockTable> tables = {
+        OwnTable(kMsgPanelTable, reading, ReadPanels),
+        ItemTable(kMsgNodeTable, reading, &Panel::nodes),
+        ItemTable(kMsgPlateTable, reading, &Panel::plates),
+        OwnTable(kMsgStiffenerTable, reading, ReadStiffeners),
+        OwnTable(kMsgSpanTable, reading, ReadSpans),
+        {GetMessageBytes(kMsgCompartmentTable), readCompartments, true},
+        ItemTable(kMsgBracketTable, reading, &Panel::brackets),
+        ItemTable(kMsgOpeningTable, reading, &Panel::openings),
+        ItemTable(kMsgPillarTable, reading, &Panel::pillars),
+        OwnTable(kMsgFatigueTable, reading, ReadFatigue),
+    };
+    ReadTables(row, tables, [&reading] {
+        reading.section.panels.clear();
+        reading.section.compartments.clear();
+        reading.spanCounts.clear();
+    });
+}
+
+// What a section has of a bulkhead arrangement: each bulkhead is a panel, each hold a compartment.
+SectionModel SectionOfBulkheads(BulkheadArrangement&& arrangement) {
+    SectionModel section;
+    section.name = std::move(arrangement.name);
+    section.identifier = std::move(arrangement.identifier);
+    section.formatVersion = arrangement.formatVersion;
+    section.x_m = arrangement.x_m;
+    for (Bulkhead& bulkhead : arrangement.bulkheads) {
+        Panel& panel = section.panels.emplace_back();
+        panel.name = std::move(bulkhead.name);
+        panel.nodes = std::move(bulkhead.nodes);
     }
-    return tables;
-}
-
-// Goes to the next header line that is a table's label, from the line that is loaded on; null at
-// the block's end.
-const Table* NextTable(RowReader& row, const std::vector<LabelledTable>& tables) {
-    row.passBlankLines = false;
-    for (; row.place != RowReader::Place::kEnd; LoadLine(row)) {
-        if (AtRow(row)) continue;
-        const auto found = std::ranges::find(tables, Trim(row.line), &LabelledTable::label);
-        if (found != tables.end()) return found->table;
-    }
-    return nullptr;
-}
-
-// From a label line.
-void ReadTable(RowReader& row, Reading& reading, const Table& table) {
-    row.passBlankLines = !table.hasEmptyRows;
-    LoadLine(row);
-    table.read(row, reading);
-}
-
-// As long as the tables stand in the right order, as they nearly always do; false at the first one
-// that does not.
-bool ReadTablesAsTheyStand(RowReader& row, Reading& reading,
-                           const std::vector<LabelledTable>& tables) {
-    const Table* last = kTables;
-    while (const Table* table = NextTable(row, tables)) {
-        if (table < last) return false;
-        last = table;
-        ReadTable(row, reading, *table);
-    }
-    return true;
-}
-
-struct TablePlace {
-    const Table* table;
-    int64_t firstRow;  // where it begins
-};
-
-// From the first table on.
-void ReadTablesInOrder(RowReader& row, Reading& reading, const std::vector<LabelledTable>& tables,
-                       TablePlace first) {
-    std::vector<TablePlace> places = {first};
-    SeekLine(row.reader, first.firstRow);
-    LoadLine(row);
-    for (; const Table* table = NextTable(row, tables); LoadLine(row)) {
-        places.push_back({table, LinePosition(row.reader)});
-    }
-    std::ranges::stable_sort(places, {}, &TablePlace::table);
-    for (const TablePlace& place : places) {
-        SeekLine(row.reader, place.firstRow);
-        ReadTable(row, reading, *place.table);
-    }
-}
-
-void ReadTables(RowReader& row, Reading& reading) {
-    const std::vector<LabelledTable> tables = TablesOf(reading.kind);
-    const Table* first = NextTable(row, tables);
-    const int64_t firstRow = LinePosition(row.reader);
-    if (ReadTablesAsTheyStand(row, reading, tables)) return;
-    reading.section.panels.clear();
-    reading.section.compartments.clear();
-    reading.spanCounts.clear();
-    ReadTablesInOrder(row, reading, tables, {first, firstRow});
-}
-
-// ---- Head --------------------------------------------------------------------------------------
-
-// From the block's marker to the line behind the name label, which is then loaded; to the first
-// table, when the block has lost its name label.
-void ReadBlockHead(RowReader& row, SectionModel& section) {
-    const StructuralLines lines = FetchStructuralLines();
-    std::string_view marker;
-    if (!FindLine(row.reader, row.modelMarker)) return;
-    ReadLine(row.reader, marker);
-    LoadLine(row);
-    while (AtRow(row) && row.line != lines.nameLabel) {
-        const bool beforeVersion = row.line == lines.versionLabel;
-        LoadLine(row);
-        if (beforeVersion && AtRow(row)) section.formatVersion = LeadingNumber(row.line);
-    }
-    EndLine(row);
-}
-
-void ReadBulkheadHead(RowReader& row, SectionModel& section) {
-    Value(row, section.x_m);
-    EndLine(row);
-    EndLine(row);  // hoppers
-    EndLine(row);  // state
-    TextLine(row, section.identifier);
+    section.compartments = std::move(arrangement.holds);
+    return section;
 }
 
 }  // namespace
@@ -300,17 +168,19 @@ void FillingLevelLine(RowReader& row, std::vector<FillingLevel>& levels) {
 }
 
 void ReadSectionLines(TextReader& reader, ModelKind kind, SectionModel& section) {
+    if (kind == ModelKind::kBulkhead) {
+        BulkheadArrangement arrangement;
+        ReadBulkheadLines(reader, arrangement);
+        section = SectionOfBulkheads(std::move(arrangement));
+        return;
+    }
     section = {};
     RowReader row(reader);
-    ReadBlockHead(row, section);
+    ReadBlockHead(row, section.formatVersion);
     TextLine(row, section.name);
-    if (kind == ModelKind::kBulkhead) {
-        ReadBulkheadHead(row, section);
-    } else {
-        HeadLines(row, section);
-    }
-    Reading reading{section, kind};
-    ReadTables(row, reading);
+    HeadLines(row, section);
+    Reading reading{section};
+    ReadSectionTables(row, reading);
 }
 
 bool ReadSectionBlock(const std::wstring& path, int32_t number, bool allowBulkhead,
