@@ -1,9 +1,11 @@
 // The sections of the sample ship. Each takes the head of its model, and fills in the rest.
 #pragma once
 
-#include "samples/hull_form.h"
+#include "drafting/hull_form.h"
 
 namespace corvane::samples {
+
+using namespace drafting;
 
 // What differs from hold to hold.
 struct HoldPlan {

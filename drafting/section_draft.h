@@ -7,7 +7,7 @@
 
 #include "database/section.h"
 
-namespace corvane::samples {
+namespace corvane::drafting {
 
 // Kinds of panels.
 inline constexpr int16_t kBottom = 1;
@@ -117,4 +117,4 @@ void AddCompartment(SectionDraft& draft, const CompartmentPlan& plan);
 // Area, neutral axis, inertias and moduli of the whole section, from its plates and stiffeners.
 void MeasureHullGirder(SectionDraft& draft);
 
-}  // namespace corvane::samples
+}  // namespace corvane::drafting

@@ -1,9 +1,9 @@
-#include "samples/section_draft.h"
+#include "drafting/section_draft.h"
 
 #include <algorithm>
 #include <cmath>
 
-namespace corvane::samples {
+namespace corvane::drafting {
 namespace {
 
 // Coordinates in the file are whole tenths of a millimetre: arcs stay smooth.
@@ -365,4 +365,4 @@ void MeasureHullGirder(SectionDraft& draft) {
     model.resultsValid = -1;
 }
 
-}  // namespace corvane::samples
+}  // namespace corvane::drafting

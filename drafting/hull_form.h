@@ -2,9 +2,9 @@
 // that may flare, and the camber of the deck. One half, y to port, as all sections are.
 #pragma once
 
-#include "samples/section_draft.h"
+#include "drafting/section_draft.h"
 
-namespace corvane::samples {
+namespace corvane::drafting {
 
 struct HullForm {
     float keelHalf = 1;  // [m] half breadth of the flat keel
@@ -55,4 +55,4 @@ StiffenerPlan Angle(float web_mm, int16_t side, float spacing_m = 0.8F);
 StiffenerPlan Bulb(float web_mm, int16_t side, float spacing_m = 0.8F);
 StiffenerPlan FlatBar(float web_mm, int16_t side, float spacing_m = 0.8F);
 
-}  // namespace corvane::samples
+}  // namespace corvane::drafting

@@ -1,9 +1,9 @@
-#include "samples/hull_form.h"
+#include "drafting/hull_form.h"
 
 #include <cmath>
 #include <numbers>
 
-namespace corvane::samples {
+namespace corvane::drafting {
 namespace {
 
 struct Direction {
@@ -105,4 +105,4 @@ StiffenerPlan FlatBar(float web_mm, int16_t side, float spacing_m) {
     return Plan({kProfileFlat, web_mm, 20, 0, 0}, side, spacing_m);
 }
 
-}  // namespace corvane::samples
+}  // namespace corvane::drafting
