@@ -1,0 +1,13 @@
+// The programs of this folder. Each is built from siblings/win32/main.cpp and one of these records.
+#pragma once
+
+#include "siblings/form.h"
+
+namespace corvane::siblings {
+
+extern const StandIn kBsdEditor;     // message 203
+extern const StandIn kSectionRule;   // message 205
+extern const StandIn kCsrRule;       // CsrCheck.exe
+extern const StandIn kBulkheadRule;  // BhdCheck.exe
+
+}  // namespace corvane::siblings
