@@ -96,7 +96,8 @@
     X(kMsgFileNotWritten, 3500)         \
     X(kMsgUnexpectedFault, 3502)        \
     X(kMsgResultLegend, 3503)           \
-    X(kMsgTextNotWritten, 3504)
+    X(kMsgTextNotWritten, 3504)         \
+    X(kMsgNotImplemented, 3515)
 
 namespace corvane {
 

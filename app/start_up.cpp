@@ -23,9 +23,6 @@ constexpr wchar_t kRegionalQuestion[] =
     L"'No'.)";
 constexpr wchar_t kRegionalFailure[] = L"Automatic adjustment for Regional Settings failed";
 
-constexpr wchar_t kJbpSuffix[] = L" JBP";
-constexpr wchar_t kMilSuffix[] = L" MIL";
-
 // Takes the switches off the command line; the result is the absolute path of the file to open,
 // fixed before anything changes the current directory. Empty: none.
 std::wstring ReadCommandLine(std::wstring commandLine) {

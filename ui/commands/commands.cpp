@@ -25,7 +25,8 @@ constexpr std::array kCommands = {
     NotYet(ME_FileNew, Menu::kFile, "ME_FileNew", L"&New database..."),
     NotYet(ME_FileOpen, Menu::kFile, "ME_FileOpen", L"&Open database..."),
     NotYet(ME_FileSaveAs, Menu::kFile, "ME_FileSaveAs", L"&Save database as..."),
-    NotYet(ME_FileSaveLegacy, Menu::kFile, "ME_FileSaveLegacy", L"Save as &Velk Dos..."),
+    Command{ME_FileSaveLegacy, Menu::kFile, "ME_FileSaveLegacy", L"Save as &Velk Dos...",
+            EnabledWhen::kDatabaseOpen, NotImp},
     Separator(Menu::kFile),
     Command{ME_FileQuit, Menu::kFile, "ME_FileQuit", L"&Quit", EnabledWhen::kAlways, Quit},
 
@@ -42,8 +43,10 @@ constexpr std::array kCommands = {
     NotYet(ME_SectionCopy, Menu::kSection, "ME_SectionCopy", L"&Copy..."),
     NotYet(ME_SectionRemove, Menu::kSection, "ME_SectionRemove", L"&Delete..."),
     Separator(Menu::kSection),
-    NotYet(ME_SectionImport, Menu::kSection, "ME_SectionImport", L"&Import..."),
-    NotYet(ME_SectionExport, Menu::kSection, "ME_SectionExport", L"E&xport to Velk Dos..."),
+    Command{ME_SectionImport, Menu::kSection, "ME_SectionImport", L"&Import...",
+            EnabledWhen::kDatabaseOpen, NotImp},
+    Command{ME_SectionExport, Menu::kSection, "ME_SectionExport", L"E&xport to Velk Dos...",
+            EnabledWhen::kModelSelected, NotImp},
 
     NotYet(ME_HelpAbout, Menu::kHelp, "ME_HelpAbout", L"&About..."),
 };

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "app/messages.h"
+#include "app/start_up.h"
 #include "app/state.h"
 #include "bsd/frames.h"
 #include "database/database_file.h"
@@ -141,6 +142,7 @@ void SelectModel(const ModelRow& row) {
     window.setPositionText(FormatMessage(kMsgPosition, {x}));
     window.setFrameText(FrameText(x));
     window.setSectionMenuCaption(SectionMenuCaption(row.kind));
+    window.showModelButtons(row.kind);
     window.updateEnabling();
 }
 
@@ -150,6 +152,7 @@ void DeselectModel() {
     window.setPositionText(L"");
     window.setFrameText(L"");
     window.setSectionMenuCaption(MenuCaption(Menu::kSection));
+    window.showModelButtons(ModelKind::kSection);
     window.updateEnabling();
 }
 
@@ -158,6 +161,29 @@ void DrawPreview(Picture& picture) {
     LibraryView view;
     MakeLibraryView(shell.previewSection, view);
     DrawSectionPreview(view.section, shell.bsd, picture);
+}
+
+RuleSet CurrentRuleSet() {
+    if (shell.jbpMode) return RuleSet::kCsr;
+    return shell.milMode ? RuleSet::kMil : RuleSet::kQuor;
+}
+
+void RuleSetChosen(RuleSet ruleSet) {
+    shell.jbpMode = ruleSet == RuleSet::kCsr;
+    shell.milMode = ruleSet == RuleSet::kMil;
+    shell.mainWindow->redrawRuleButton();
+    shell.title = WithoutRuleSetSuffixes(shell.title);
+    if (shell.jbpMode) shell.title += kJbpSuffix;
+    if (shell.milMode) shell.title += kMilSuffix;
+    shell.screen.setMainCaption(MainWindowCaption());
+}
+
+void LockShell(bool locked) {
+    if (shell.mainWindow != nullptr) shell.mainWindow->setLocked(locked);
+}
+
+void NotImp() {
+    shell.screen.showPlainBox(GetMessage(kMsgNotImplemented));
 }
 
 std::wstring MainWindowCaption() {

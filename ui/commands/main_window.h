@@ -41,6 +41,7 @@ struct MainWindow {
     void (*selectRule)(int index);
     // BT_Open and BT_Rule: places, visibility and pictures for a model kind and the rule set.
     void (*showModelButtons)(ModelKind kind);
+    void (*redrawRuleButton)();  // BT_Rule's picture, for the rule set
     // Disables all controls and menus, and enables them again.
     void (*setLocked)(bool locked);
     // Asks IsEnabled for every command, IsMenuEnabled for every menu, IsDatabaseOpen for the list.
@@ -77,7 +78,7 @@ RuleSet CurrentRuleSet();
 void RuleSetChosen(RuleSet ruleSet);
 
 // Keeps the user from the window's commands while a program of the suite runs, and gives them back;
-// the window goes on painting itself.
+// the window goes on painting itself. Without a window nothing happens.
 void LockShell(bool locked);
 
 // Tells the user that a command does not exist in this version.

@@ -6,10 +6,28 @@
 namespace corvane {
 
 // Sizes of the main window's client area [pixels at 96 dots per inch].
-inline constexpr SIZE kFirstClientSize{860, 560};
-inline constexpr SIZE kLeastClientSize{480, 300};
+inline constexpr SIZE kFirstClientSize{860, 620};
+inline constexpr SIZE kLeastClientSize{620, 400};
 
-// Places the controls in the window's client area; `font` is the controls' font.
-void LayOutMainWindow(HWND window, HFONT font, UINT dpi);
+struct Layout {
+    HFONT font = nullptr;  // of the controls
+    UINT dpi = USER_DEFAULT_SCREEN_DPI;
+    // Share of the width that the list takes beside the preview, 0 to 1, as the user left it.
+    double listShare = 0.5;
+    bool hasRuleButton = true;
+    // Left edges of BT_Open and BT_Rule beside each other [pixels], from the last call of
+    // LayOutMainWindow.
+    int openLeft = 0;
+    int ruleLeft = 0;
+};
+
+// Places the controls in the window's client area.
+void LayOutMainWindow(HWND window, Layout& layout);
+// BT_Open alone, in the middle of both buttons' places while there is no BT_Rule.
+void PlaceOpenButton(HWND window, const Layout& layout);
+
+// The list's share when the left edge of the splitter is to be at `splitterLeft`, held to what
+// leaves room for list and preview.
+double ListShareFor(HWND window, const Layout& layout, int splitterLeft);
 
 }  // namespace corvane

@@ -89,8 +89,7 @@ HWND CreateModelList(HWND parent) {
     return list;
 }
 
-void ScaleModelList(HWND list, HFONT font, UINT dpi) {
-    SendMessageW(list, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+void ScaleModelList(HWND list, UINT dpi) {
     const LRESULT old = SendMessageW(list, LVM_SETIMAGELIST, LVSIL_SMALL,
                                      reinterpret_cast<LPARAM>(CreateKindIcons(dpi)));
     if (old != 0) ImageList_Destroy(reinterpret_cast<HIMAGELIST>(old));

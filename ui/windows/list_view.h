@@ -8,11 +8,12 @@
 
 namespace corvane {
 
-// An empty list; its font and icons come with ScaleModelList.
+// An empty list; its icons come with ScaleModelList.
 HWND CreateModelList(HWND parent);
 
-// Takes font and icons of a resolution. The list owns the icons then.
-void ScaleModelList(HWND list, HFONT font, UINT dpi);
+// Takes icons and column widths of a resolution, after the list has got its font. The list owns
+// the icons then.
+void ScaleModelList(HWND list, UINT dpi);
 
 void SetModelRows(HWND list, const std::vector<ModelRow>& rows);
 

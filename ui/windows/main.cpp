@@ -4,6 +4,7 @@
 #include "platform/system.h"
 #include "ui/windows/control_ids.h"
 #include "ui/windows/controls.h"
+#include "ui/windows/menus.h"
 #include "ui/windows/screen.h"
 
 namespace corvane {
@@ -13,7 +14,10 @@ int HandleMessages() {
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
         const HWND window = OwnWindow(kMainWindowClass);
-        if (window != nullptr && IsDialogMessageW(window, &message)) continue;
+        if (window != nullptr && !OpensTopMenu(window, message) &&
+            IsDialogMessageW(window, &message)) {
+            continue;
+        }
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }

@@ -10,4 +10,7 @@ namespace corvane {
 // The part of the screen that is the main window: caption, status label, pointer, load and show.
 void FillMainWindowProcedures(Screen& screen);
 
+// Makes the window, without showing it.
+void LoadMainWindow();
+
 }  // namespace corvane

@@ -1,5 +1,7 @@
 #include "ui/windows/menus.h"
 
+#include <cwchar>
+
 #include "ui/commands/main_window.h"
 
 namespace corvane {
@@ -16,6 +18,19 @@ HMENU CreatePopup(Menu menu) {
         }
     }
     return popup;
+}
+
+wchar_t Upper(wchar_t letter) {
+    CharUpperBuffW(&letter, 1);
+    return letter;
+}
+
+// The letter of a top menu that stands behind "&", as a capital; 0 without one.
+wchar_t KeyboardLetter(HMENU bar, int position) {
+    wchar_t caption[64] = L"";
+    GetMenuStringW(bar, static_cast<UINT>(position), caption, 64, MF_BYPOSITION);
+    const wchar_t* mark = std::wcschr(caption, L'&');
+    return mark == nullptr ? L'\0' : Upper(mark[1]);
 }
 
 UINT Greyed(bool enabled) {
@@ -44,17 +59,27 @@ void SetSectionMenuText(HWND window, const std::wstring& text) {
     DrawMenuBar(window);
 }
 
-void UpdateMenus(HWND window, bool rowSelected) {
+void UpdateMenus(HWND window, bool rowSelected, bool locked) {
     const HMENU bar = GetMenu(window);
     for (const Command& command : Commands()) {
         if (command.id == 0) continue;
-        EnableMenuItem(bar, command.id, MF_BYCOMMAND | Greyed(IsEnabled(command, rowSelected)));
+        const bool enabled = !locked && IsEnabled(command, rowSelected);
+        EnableMenuItem(bar, command.id, MF_BYCOMMAND | Greyed(enabled));
     }
     for (int i = 0; i < kMenuCount; ++i) {
-        const bool enabled = IsMenuEnabled(static_cast<Menu>(i));
+        const bool enabled = !locked && IsMenuEnabled(static_cast<Menu>(i));
         EnableMenuItem(bar, static_cast<UINT>(i), MF_BYPOSITION | Greyed(enabled));
     }
     DrawMenuBar(window);
+}
+
+bool OpensTopMenu(HWND window, const MSG& message) {
+    if (message.message != WM_SYSCHAR) return false;
+    const auto letter = static_cast<wchar_t>(message.wParam);
+    for (int i = 0; i < kMenuCount; ++i) {
+        if (KeyboardLetter(GetMenu(window), i) == Upper(letter)) return true;
+    }
+    return false;
 }
 
 }  // namespace corvane

@@ -191,9 +191,10 @@ HWND CreateSectionPicture(HWND parent) {
     windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     windowClass.lpszClassName = kSectionPictureClass;
     RegisterClassExW(&windowClass);
-    return CreateWindowExW(WS_EX_CLIENTEDGE, kSectionPictureClass, L"", WS_CHILD | WS_VISIBLE, 0, 0,
-                           0, 0, parent, reinterpret_cast<HMENU>(INT_PTR{PIC_Section}),
-                           windowClass.hInstance, std::make_unique<PictureState>().release());
+    return CreateWindowExW(WS_EX_CLIENTEDGE, kSectionPictureClass, L"Preview of the section",
+                           WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, parent,
+                           reinterpret_cast<HMENU>(INT_PTR{PIC_Section}), windowClass.hInstance,
+                           std::make_unique<PictureState>().release());
 }
 
 void RedrawSectionPicture(HWND picture) {

@@ -6,109 +6,18 @@
 #include <string>
 #include <vector>
 
-#include "app/state.h"
-#include "database/database_file.h"
-#include "tests/unit/support.h"
+#include "tests/unit/ui/recording_window.h"
 
 namespace corvane {
 namespace {
 
+using test::Block;
+using test::Database;
+using test::DefineBsd;
+using test::Happened;
 using test::Narrow;
+using test::RecordingWindow;
 using Events = std::vector<std::string>;
-
-constexpr int kPositionRow = 10;
-
-// The part of the catalogue that the main window needs.
-std::map<int32_t, std::string> Texts() {
-    return {{kMsgPosition, "X = \xA4 m"},
-            {kMsgReadingModels, "Reading \xA4"},
-            {kMsgFrameDistanceFormat, "#0.000"},
-            {kMsgInputBsdFirst, "BSD first"},
-            {kMsgCommentRule, "*"},
-            {kMsgModelMarker, "== MODEL =="},
-            {kMsgFormatVersionLabel, "VERSION"},
-            {kMsgNameLabel, "NAME"},
-            {kMsgSignature, "DATABASE"},
-            {kMsgFileHeadLabel, "HEAD"}};
-}
-
-// A window that writes down what it is told, over the events of the recording screen.
-struct RecordingWindow {
-    test::FakeCatalogue catalogue{Texts()};
-    test::RecordingScreen screen;
-    test::TemporaryFolder folder;
-
-    static std::vector<ModelRow> rows;
-    static int selected;
-    static bool previewOn;
-    static std::wstring database, position, frame, menu;
-
-    static void Note(std::string event) {
-        test::RecordingScreen::events.push_back(std::move(event));
-    }
-
-    RecordingWindow() {
-        rows.clear();
-        selected = -1;
-        previewOn = false;
-        database = position = frame = menu = L"untouched";
-        static constexpr MainWindow window{
-            .setDatabaseText = [](const std::wstring& text) { database = text; },
-            .setRows =
-                [](const std::vector<ModelRow>& all) {
-                    rows = all;
-                    Note("rows");
-                },
-            .selectRow = [](int index) { selected = index; },
-            .selectedRow = [] { return selected; },
-            .isPreviewOn = [] { return previewOn; },
-            .redrawPreview = [] { Note("redraw preview"); },
-            .clearPreview = [] { Note("clear preview"); },
-            .setPositionText = [](const std::wstring& text) { position = text; },
-            .setFrameText = [](const std::wstring& text) { frame = text; },
-            .setSectionMenuCaption = [](const std::wstring& text) { menu = text; },
-            .selectedRule = [] { return 0; },
-            .selectRule = [](int) {},
-            .showModelButtons = [](ModelKind) {},
-            .setLocked = [](bool) {},
-            .updateEnabling = [] { Note("enabling"); },
-            .focusList = [] { Note("focus list"); },
-            .close = [] { Note("close"); },
-        };
-        shell.mainWindow = &window;
-    }
-
-    // Makes a database the open one.
-    void Open(const std::string& bytes) {
-        shell.settings.DatabasePath = folder.File(L"ship.ve2");
-        test::WriteFileBytes(shell.settings.DatabasePath, bytes);
-    }
-};
-
-std::vector<ModelRow> RecordingWindow::rows;
-int RecordingWindow::selected;
-bool RecordingWindow::previewOn;
-std::wstring RecordingWindow::database, RecordingWindow::position, RecordingWindow::frame,
-    RecordingWindow::menu;
-
-std::string Block(int number, const std::string& keyword, const std::string& name,
-                  const std::string& positionRow) {
-    return "== MODEL ==\r\n*\r\n " + std::to_string(number) + " \r\n" + keyword +
-           "\r\n*\r\nVERSION\r\n 2.002 \r\n*\r\nNAME\r\n" + name + "\r\n" + positionRow + "\r\n";
-}
-
-std::string Database(int sections) {
-    std::string bytes = "DATABASE\r\n";
-    for (int i = 1; i <= sections; ++i) {
-        bytes +=
-            Block(i, "SECTION", "Frame " + std::to_string(i), std::to_string(i * kPositionRow));
-    }
-    return bytes;
-}
-
-void DefineBsd() {
-    for (const int item : {1, 2, 3, 9}) shell.bsd.MainData(item) = 10;
-}
 
 // Frames 0 to 100 with a spacing of 1 m, from x = 0 on.
 void GiveFrames() {
@@ -116,11 +25,6 @@ void GiveFrames() {
     shell.bsd.FrameNumbers(0) = 0;
     shell.bsd.FrameNumbers(1) = 100;
     shell.bsd.ZoneSpacing(1) = 1;
-}
-
-bool Happened(const std::string& event) {
-    const Events& events = test::RecordingScreen::events;
-    return std::find(events.begin(), events.end(), event) != events.end();
 }
 
 Events Ids() {
@@ -408,6 +312,105 @@ TEST(MainWindow, NegativeFramesAreFoundToo) {
     EXPECT_EQ(FrameText(-5.0F), L"Frame : -5");
 }
 
+TEST(MainWindow, ButtonsFollowTheKindOfTheSelectedModel) {
+    RecordingWindow window;
+    window.Open("DATABASE\r\n" + Block(1, "SECTION", "S", " 1 ") + Block(2, "BHA", "B", " 2 ") +
+                Block(3, "TORSION", "T", " 3 "));
+    RefreshMainWindow();
+    SelectModel(RecordingWindow::rows[1]);
+    SelectModel(RecordingWindow::rows[2]);
+    DeselectModel();
+    EXPECT_EQ(test::RecordingScreen::Of("buttons"),
+              (Events{"Section", "Bulkhead", "Torsion", "Section"}));
+}
+
+// ---- The rule set ------------------------------------------------------------------------------
+
+TEST(MainWindow, RuleSetAtTheStartComesFromTheSwitches) {
+    const RecordingWindow window;
+    EXPECT_EQ(CurrentRuleSet(), RuleSet::kQuor);
+    shell.milMode = true;
+    EXPECT_EQ(CurrentRuleSet(), RuleSet::kMil);
+    shell.jbpMode = true;
+    EXPECT_EQ(CurrentRuleSet(), RuleSet::kCsr) << "/JBP goes before /mil";
+}
+
+TEST(MainWindow, RuleSetSetsItsFlagAndClearsTheOther) {
+    const RecordingWindow window;
+    const struct {
+        RuleSet ruleSet;
+        bool jbp, mil;
+    } cases[] = {{RuleSet::kCsr, true, false},
+                 {RuleSet::kMil, false, true},
+                 {RuleSet::kCsr, true, false},
+                 {RuleSet::kQuor, false, false},
+                 {RuleSet::kMil, false, true}};
+    for (const auto& example : cases) {
+        RuleSetChosen(example.ruleSet);
+        EXPECT_EQ(shell.jbpMode, example.jbp);
+        EXPECT_EQ(shell.milMode, example.mil);
+        EXPECT_EQ(CurrentRuleSet(), example.ruleSet);
+    }
+}
+
+TEST(MainWindow, QuorAfterCsrRemovesTheSuffixFromTheTitle) {
+    const RecordingWindow window;
+    RuleSetChosen(RuleSet::kCsr);
+    EXPECT_EQ(shell.title, L"Corvane JBP");
+    RuleSetChosen(RuleSet::kQuor);
+    EXPECT_EQ(shell.title, L"Corvane");
+    EXPECT_EQ(test::RecordingScreen::Of("title"), (Events{"Corvane JBP", "Corvane"}));
+}
+
+TEST(MainWindow, RuleSetReplacesEverySuffixOfTheTitle) {
+    const RecordingWindow window;
+    const struct {
+        const wchar_t* before;
+        RuleSet ruleSet;
+        const wchar_t* after;
+    } cases[] = {{L"Corvane JBP MIL", RuleSet::kCsr, L"Corvane JBP"},
+                 {L"Corvane JBP MIL", RuleSet::kQuor, L"Corvane"},
+                 {L"Corvane MIL JBP JBP", RuleSet::kMil, L"Corvane MIL"},
+                 {L"Corvane JBP beta", RuleSet::kMil, L"Corvane JBP beta MIL"},
+                 {L"Corvane", RuleSet::kQuor, L"Corvane"}};
+    for (const auto& example : cases) {
+        shell.title = example.before;
+        RuleSetChosen(example.ruleSet);
+        EXPECT_EQ(Narrow(shell.title), Narrow(example.after)) << Narrow(example.before);
+    }
+}
+
+TEST(MainWindow, RuleSetRedrawsTheRuleButtonAndTheCaption) {
+    RecordingWindow window;
+    window.Open(Database(1));
+    shell.bsd.Titles(5).Assign(L"AURORA");
+    RuleSetChosen(RuleSet::kMil);
+    EXPECT_EQ(test::RecordingScreen::events,
+              (Events{"redraw rule button", "title Corvane MIL - ship.ve2 - AURORA"}));
+}
+
+// ---- The lock ----------------------------------------------------------------------------------
+
+TEST(MainWindow, LockReachesTheWindow) {
+    const RecordingWindow window;
+    LockShell(true);
+    LockShell(false);
+    EXPECT_EQ(test::RecordingScreen::events, (Events{"lock", "unlock"}));
+}
+
+TEST(MainWindow, LockWithoutAWindowDoesNothing) {
+    const test::RecordingScreen screen;
+    LockShell(true);
+    LockShell(false);
+    EXPECT_TRUE(test::RecordingScreen::events.empty());
+}
+
+TEST(MainWindow, CommandThatIsMissingTellsSo) {
+    const RecordingWindow window;
+    NotImp();
+    EXPECT_EQ(test::RecordingScreen::Of("plain"), Events{"not implemented"});
+}
+
 // ---- Enabling ----------------------------------------------------------------------------------
 
 TEST(MainWindow, CommandsAreEnabledByTheState) {
@@ -442,140 +445,6 @@ TEST(MainWindow, BsdMenuOpensWithADatabaseAndCreateMenuWithItsBsd) {
     EXPECT_FALSE(IsMenuEnabled(Menu::kCreate));
     DefineBsd();
     EXPECT_TRUE(IsMenuEnabled(Menu::kCreate));
-}
-
-// ---- The preview -------------------------------------------------------------------------------
-
-int timesTraced;
-
-void ShipOfOnePanel() {
-    DefineBsd();
-    Panel panel;
-    panel.nodes.resize(2);
-    shell.previewSection.panels.assign(1, panel);
-}
-
-// The drawing library, which only counts its drawings.
-struct CountingLibrary {
-    test::FakeFunction<decltype(QuickCompute)> quickCompute{
-        QuickCompute, [](Section*, DrawingParameters*) { return int16_t{0}; }};
-    test::FakeFunction<decltype(ScaleWindow)> scaleWindow{
-        ScaleWindow, [](WindowHandle, DeviceHandle, float, float, float, float, int16_t) {}};
-    test::FakeFunction<decltype(TraceSection)> traceSection{
-        TraceSection, [](DeviceHandle, Section*, DrawingParameters*) { ++timesTraced; }};
-    Picture picture;
-
-    CountingLibrary() {
-        timesTraced = 0;
-        picture.width = picture.height = 1000;
-        picture.clear = [](Picture&) {};
-        picture.setFont = [](Picture&, float) {};
-        picture.systemColour = [](int) { return int32_t{0}; };
-    }
-};
-
-TEST(MainWindow, SelectedSectionIsReadForThePreview) {
-    RecordingWindow window;
-    window.Open(Database(2));
-    window.previewOn = true;
-    const std::vector<ModelRow> rows = FillModelList(shell.settings.DatabasePath);
-    SelectModel(rows[1]);
-    EXPECT_TRUE(shell.previewShown);
-    EXPECT_EQ(shell.previewSection.name, L"Frame 2");
-    EXPECT_TRUE(Happened("redraw preview"));
-    EXPECT_FALSE(Happened("clear preview"));
-    EXPECT_TRUE(Happened("pointer reset"));
-    EXPECT_EQ(window.position, L"X = 20 m");
-}
-
-TEST(MainWindow, WithoutThePreviewOnlyThePositionIsRead) {
-    RecordingWindow window;
-    window.Open(Database(2));
-    const std::vector<ModelRow> rows = FillModelList(shell.settings.DatabasePath);
-    SelectModel(rows[1]);
-    EXPECT_FALSE(shell.previewShown);
-    EXPECT_TRUE(shell.previewSection.name.empty());
-    EXPECT_TRUE(Happened("clear preview"));
-    EXPECT_FALSE(Happened("redraw preview"));
-    EXPECT_EQ(window.position, L"X = 20 m");
-}
-
-TEST(MainWindow, BulkheadAndTorsionModelClearThePreviewWithoutABox) {
-    for (const char* keyword : {"BHA", "TORSION"}) {
-        RecordingWindow window;
-        window.Open("DATABASE\r\n" + Block(1, "SECTION", "Midship", " 100 ") +
-                    Block(2, keyword, "Other", " 30 "));
-        window.previewOn = true;
-        const std::vector<ModelRow> rows = FillModelList(shell.settings.DatabasePath);
-        SelectModel(rows[0]);
-        test::RecordingScreen::events.clear();
-        SelectModel(rows[1]);
-        EXPECT_FALSE(shell.previewShown) << keyword;
-        EXPECT_TRUE(Happened("clear preview"));
-        EXPECT_TRUE(test::RecordingScreen::Of("warning").empty());
-        EXPECT_EQ(shell.previewSection.name, L"Midship") << "no section is read";
-        const float x = ModelPosition(shell.settings.DatabasePath, 2);
-        EXPECT_EQ(window.position, FormatMessage(kMsgPosition, {x}));
-    }
-}
-
-TEST(MainWindow, SectionThatCannotBeReadClearsThePreview) {
-    RecordingWindow window;
-    window.Open(Database(1));
-    window.previewOn = true;
-    ModelRow row = FillModelList(shell.settings.DatabasePath).at(0);
-    SelectModel(row);
-    row.tag = 7;
-    SelectModel(row);
-    EXPECT_FALSE(shell.previewShown);
-    EXPECT_TRUE(Happened("clear preview"));
-}
-
-TEST(MainWindow, DeselectingClearsThePreview) {
-    RecordingWindow window;
-    window.Open(Database(1));
-    window.previewOn = true;
-    SelectModel(FillModelList(shell.settings.DatabasePath).at(0));
-    DeselectModel();
-    EXPECT_FALSE(shell.previewShown);
-    EXPECT_TRUE(Happened("clear preview"));
-}
-
-TEST(MainWindow, RepaintDrawsFromMemoryNotFromTheFile) {
-    RecordingWindow window;
-    CountingLibrary library;
-    window.Open(Database(1));
-    window.previewOn = true;
-    SelectModel(FillModelList(shell.settings.DatabasePath).at(0));
-    ShipOfOnePanel();
-    test::WriteFileBytes(shell.settings.DatabasePath, "no database any more");
-    test::RecordingScreen::events.clear();
-    DrawPreview(library.picture);
-    DrawPreview(library.picture);
-    EXPECT_EQ(timesTraced, 2);
-    EXPECT_TRUE(test::RecordingScreen::events.empty()) << "nothing is read, nothing reported";
-}
-
-TEST(MainWindow, NothingIsDrawnWhenNoSectionIsShown) {
-    RecordingWindow window;
-    CountingLibrary library;
-    ShipOfOnePanel();
-    DrawPreview(library.picture);
-    EXPECT_EQ(timesTraced, 0);
-    shell.previewShown = true;
-    DrawPreview(library.picture);
-    EXPECT_EQ(timesTraced, 1);
-}
-
-TEST(MainWindow, UndefinedBsdLeavesThePictureAlone) {
-    RecordingWindow window;
-    CountingLibrary library;
-    library.picture.clear = [](Picture&) { ADD_FAILURE() << "cleared"; };
-    ShipOfOnePanel();
-    shell.previewShown = true;
-    shell.bsd.MainData(9) = 0;
-    DrawPreview(library.picture);
-    EXPECT_EQ(timesTraced, 0);
 }
 
 }  // namespace

@@ -6,95 +6,13 @@
 
 #include "app/messages.h"
 #include "app/state.h"
-#include "bsd/bsd_file.h"
 #include "tests/unit/support.h"
-#include "ui/commands/main_window.h"
-#include "ui/windows/control_ids.h"
-#include "ui/windows/controls.h"
-#include "ui/windows/dpi.h"
-#include "ui/windows/screen.h"
+#include "tests/unit/win32/open_window.h"
 
 namespace corvane {
 namespace {
 
-// The main window with the sample ship, not shown. Closed with the record, when the test has not.
-struct OpenWindow {
-    test::RecordingScreen keptState;
-    test::FreshSettingsFile settings;
-    test::KeepCurrentDirectory directory;
-    HWND window = nullptr;
-
-    explicit OpenWindow(bool withSample = true) {
-        shell.screen = WindowsScreen();
-        if (withSample) {
-            shell.settings.DatabasePath = test::DataPath("../samples/aurora_bay.ve2");
-            EXPECT_TRUE(LoadBsdFromDatabase(shell.settings.DatabasePath, shell.bsd));
-        }
-        shell.screen.loadMainWindow();
-        window = OwnWindow(kMainWindowClass);
-        if (window == nullptr) return;
-        RefreshMainWindow();
-    }
-    ~OpenWindow() {
-        if (IsWindow(window)) DestroyWindow(window);
-        // The window's end asks the message loop to end; here none is running.
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        }
-    }
-    OpenWindow(const OpenWindow&) = delete;
-    OpenWindow& operator=(const OpenWindow&) = delete;
-
-    HWND Control(ControlId id) const { return GetDlgItem(window, id); }
-    std::string Text(ControlId id) const { return test::Narrow(WindowText(Control(id))); }
-
-    std::string Cell(int row, int column) const {
-        wchar_t text[200] = L"";
-        LVITEMW item{};
-        item.iSubItem = column;
-        item.pszText = text;
-        item.cchTextMax = 200;
-        SendMessageW(Control(LI_Sections), LVM_GETITEMTEXTW, static_cast<WPARAM>(row),
-                     reinterpret_cast<LPARAM>(&item));
-        return test::Narrow(text);
-    }
-    int Rows() const {
-        return static_cast<int>(SendMessageW(Control(LI_Sections), LVM_GETITEMCOUNT, 0, 0));
-    }
-    int SelectedRow() const {
-        return static_cast<int>(SendMessageW(Control(LI_Sections), LVM_GETNEXTITEM,
-                                             static_cast<WPARAM>(-1), LVNI_SELECTED));
-    }
-    // As a user's click or key does.
-    void SetSelected(int row, bool selected) const {
-        LVITEMW item{};
-        item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-        item.state = selected ? LVIS_SELECTED | LVIS_FOCUSED : 0;
-        SendMessageW(Control(LI_Sections), LVM_SETITEMSTATE, static_cast<WPARAM>(row),
-                     reinterpret_cast<LPARAM>(&item));
-        HandlePostedMessages();
-    }
-    void HandlePostedMessages() const {
-        MSG message;
-        while (PeekMessageW(&message, window, WM_APP, WM_APP + 100, PM_REMOVE)) {
-            DispatchMessageW(&message);
-        }
-    }
-    std::string MenuText(UINT position) const {
-        wchar_t text[100] = L"";
-        GetMenuStringW(GetMenu(window), position, text, 100, MF_BYPOSITION);
-        return test::Narrow(text);
-    }
-    bool MenuGreyed(UINT item, UINT by) const {
-        return (GetMenuState(GetMenu(window), item, by) & MF_GRAYED) != 0;
-    }
-    RECT Place(ControlId id) const {
-        RECT place{};
-        GetWindowRect(Control(id), &place);
-        MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
-        return place;
-    }
-};
+using test::OpenWindow;
 
 TEST(MainWindowWindow, ListShowsTheSamplesModels) {
     const OpenWindow open;
@@ -213,28 +131,6 @@ TEST(MainWindowWindow, StatusTagSwitchesStatusLinesOff) {
     EXPECT_EQ(open.Text(PAN_Help), "shown...");
 }
 
-TEST(MainWindowWindow, ControlsStayInsideAtEverySize) {
-    const OpenWindow open;
-    for (const SIZE size : {SIZE{500, 380}, SIZE{800, 600}, SIZE{1600, 1000}}) {
-        SetWindowPos(open.window, nullptr, 0, 0, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
-        RECT client{};
-        GetClientRect(open.window, &client);
-        for (const ControlId id :
-             {LB_DataBase, TX_DataBase, Command1, LI_Sections, LB_X, LB_Frame, PAN_Help}) {
-            const RECT place = open.Place(id);
-            EXPECT_GE(place.left, 0) << id;
-            EXPECT_GE(place.top, 0) << id;
-            EXPECT_LE(place.right, client.right) << id;
-            EXPECT_LE(place.bottom, client.bottom) << id;
-            EXPECT_GT(place.right, place.left) << id;
-            EXPECT_GT(place.bottom, place.top) << id;
-        }
-        EXPECT_LT(open.Place(TX_DataBase).bottom, open.Place(LI_Sections).top);
-        EXPECT_LT(open.Place(LI_Sections).bottom, open.Place(LB_X).top);
-        EXPECT_LT(open.Place(LB_X).bottom, open.Place(PAN_Help).top);
-    }
-}
-
 TEST(MainWindowWindow, ColumnsFillTheListWithoutAHorizontalScrollBar) {
     const OpenWindow open;
     const HWND list = open.Control(LI_Sections);
@@ -263,11 +159,7 @@ TEST(MainWindowWindow, AnotherResolutionScalesFontIconsAndPlaces) {
         ImageList_GetIconSize(reinterpret_cast<HIMAGELIST>(icons), &width, &height);
         return width;
     };
-    const auto scaleTo = [&](WORD dpi) {
-        RECT area{0, 0, 800 * dpi / 96, 600 * dpi / 96};
-        SendMessageW(open.window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi),
-                     reinterpret_cast<LPARAM>(&area));
-    };
+    const auto scaleTo = [&](WORD dpi) { open.ScaleTo(dpi, {800, 600}); };
     scaleTo(96);
     const LONG height = lineHeight();
     const int icon = iconWidth();
@@ -280,6 +172,156 @@ TEST(MainWindowWindow, AnotherResolutionScalesFontIconsAndPlaces) {
     EXPECT_EQ(open.Rows(), 14);
     EXPECT_EQ(open.SelectedRow(), 0);
 }
+
+// ---- The buttons and the rule set --------------------------------------------------------------
+
+TEST(MainWindowWindow, ButtonsAreEnabledAsTheirCommands) {
+    const OpenWindow open;
+    const struct {
+        int button;
+        uint16_t command;
+    } pairs[] = {{Command1, ME_FileOpen},
+                 {BT_Open, ME_SectionInput},
+                 {BT_Rule, ME_SectionVelkRule},
+                 {BT_Bsd, ME_FileBSD}};
+    for (const int row : {0, -1}) {
+        open.SetSelected(row < 0 ? 0 : row, row >= 0);
+        for (const auto& pair : pairs) {
+            EXPECT_EQ(IsWindowEnabled(open.Control(pair.button)) != FALSE,
+                      IsEnabled(*FindCommand(pair.command), row >= 0))
+                << pair.button;
+        }
+    }
+}
+
+// Which option of OP_Rule is set.
+int ChosenRule(const OpenWindow& open) {
+    int chosen = -1;
+    for (int i = 0; i < kRuleSetCount; ++i) {
+        if (IsDlgButtonChecked(open.window, OP_Rule + i) == BST_CHECKED) {
+            EXPECT_EQ(chosen, -1) << "two options are set";
+            chosen = i;
+        }
+    }
+    return chosen;
+}
+
+TEST(MainWindowWindow, RuleOptionAtTheStartComesFromTheSwitches) {
+    EXPECT_EQ(ChosenRule(OpenWindow()), 0);
+    EXPECT_EQ(ChosenRule(OpenWindow(true, [] { shell.milMode = true; })), 2);
+    EXPECT_EQ(ChosenRule(OpenWindow(true, [] { shell.jbpMode = true; })), 1);
+    EXPECT_EQ(ChosenRule(OpenWindow(true, [] { shell.jbpMode = shell.milMode = true; })), 1);
+}
+
+TEST(MainWindowWindow, RuleOptionsHaveTheirCaptionsAndTellTheirNumber) {
+    const OpenWindow open;
+    const char* const captions[] = {"QUOR", "CSR for BC", "QUOR MIL"};
+    for (int i = 0; i < kRuleSetCount; ++i) {
+        EXPECT_EQ(open.Text(OP_Rule + i), captions[i]);
+        shell.mainWindow->selectRule(i);
+        EXPECT_EQ(ChosenRule(open), i);
+        EXPECT_EQ(shell.mainWindow->selectedRule(), i);
+    }
+}
+
+void Click(const OpenWindow& open, int id) {
+    SendMessageW(open.Control(id), BM_CLICK, 0, 0);
+}
+
+TEST(MainWindowWindow, RuleOptionChangesFlagsAndCaption) {
+    const OpenWindow open;
+    const struct {
+        int option;
+        bool jbp, mil;
+        const char* caption;
+    } clicks[] = {{1, true, false, "Corvane JBP - aurora_bay.ve2 - AURORA BAY"},
+                  {0, false, false, "Corvane - aurora_bay.ve2 - AURORA BAY"},
+                  {2, false, true, "Corvane MIL - aurora_bay.ve2 - AURORA BAY"},
+                  {1, true, false, "Corvane JBP - aurora_bay.ve2 - AURORA BAY"}};
+    for (const auto& click : clicks) {
+        Click(open, OP_Rule + click.option);
+        EXPECT_EQ(ChosenRule(open), click.option);
+        EXPECT_EQ(shell.jbpMode, click.jbp);
+        EXPECT_EQ(shell.milMode, click.mil);
+        EXPECT_EQ(test::Narrow(WindowText(open.window)), click.caption);
+    }
+}
+
+TEST(MainWindowWindow, FocusOnTheChosenOptionKeepsBothSwitches) {
+    const OpenWindow open(true, [] { shell.jbpMode = shell.milMode = true; });
+    SendMessageW(open.window, WM_COMMAND, MAKEWPARAM(OP_Rule + 1, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(open.Control(OP_Rule + 1)));
+    EXPECT_TRUE(shell.jbpMode);
+    EXPECT_TRUE(shell.milMode);
+}
+
+// ---- The lock ----------------------------------------------------------------------------------
+
+// Whether each control and each menu item is enabled, in one line.
+std::string Enabling(const OpenWindow& open) {
+    std::string state;
+    for (HWND control = GetWindow(open.window, GW_CHILD); control != nullptr;
+         control = GetWindow(control, GW_HWNDNEXT)) {
+        state += IsWindowEnabled(control) ? '1' : '0';
+    }
+    state += ' ';
+    for (UINT i = 0; i < kMenuCount; ++i) state += open.MenuGreyed(i, MF_BYPOSITION) ? '0' : '1';
+    state += ' ';
+    for (const Command& command : Commands()) {
+        if (command.id != 0) state += open.MenuGreyed(command.id, MF_BYCOMMAND) ? '0' : '1';
+    }
+    return state;
+}
+
+TEST(MainWindowWindow, LockDisablesEverythingAndUnlockingEnablesItAsBefore) {
+    const OpenWindow open;
+    for (const bool selected : {true, false}) {
+        open.SetSelected(0, selected);
+        const std::string before = Enabling(open);
+        ASSERT_NE(before.find('1'), std::string::npos);
+        LockShell(true);
+        EXPECT_EQ(Enabling(open).find('1'), std::string::npos) << Enabling(open);
+        LockShell(false);
+        EXPECT_EQ(Enabling(open), before);
+    }
+}
+
+TEST(MainWindowWindow, RefreshWhileLockedEnablesNothing) {
+    const OpenWindow open;
+    const std::string before = Enabling(open);
+    LockShell(true);
+    RefreshMainWindow();
+    open.SetSelected(3, true);
+    EXPECT_EQ(Enabling(open).find('1'), std::string::npos) << Enabling(open);
+    LockShell(false);
+    EXPECT_EQ(Enabling(open), before);
+}
+
+TEST(MainWindowWindow, LockedWindowRunsNoCommandAndStaysOpen) {
+    const OpenWindow open;
+    LockShell(true);
+    SendMessageW(open.window, WM_COMMAND, ME_FileQuit, 0);
+    SendMessageW(open.window, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(IsWindow(open.window));
+    LockShell(false);
+    SendMessageW(open.window, WM_COMMAND, ME_FileQuit, 0);
+    EXPECT_FALSE(IsWindow(open.window));
+}
+
+TEST(MainWindowWindow, ClicksThatWaitWhileLockedAreDropped) {
+    const OpenWindow open;
+    LockShell(true);
+    PostMessageW(open.Control(OP_Rule + 2), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+    PostMessageW(open.Control(OP_Rule + 2), WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+    PostMessageW(open.Control(LI_Sections), WM_KEYDOWN, VK_DOWN, 0);
+    LockShell(false);
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+    EXPECT_EQ(ChosenRule(open), 0);
+    EXPECT_EQ(open.SelectedRow(), 0);
+}
+
+// ---- The end -----------------------------------------------------------------------------------
 
 TEST(MainWindowWindow, CloseSavesTheSettingsOnce) {
     const OpenWindow open;
@@ -321,16 +363,6 @@ TEST(MainWindowWindow, GreyedAndUnknownCommandsDoNothing) {
     }
     EXPECT_TRUE(IsWindow(open.window));
     EXPECT_EQ(open.Rows(), 14);
-}
-
-TEST(MainWindowWindow, TabOrderIsPathButtonList) {
-    const OpenWindow open;
-    EnableWindow(open.Control(Command1), TRUE);
-    HWND control = open.Control(TX_DataBase);
-    control = GetNextDlgTabItem(open.window, control, FALSE);
-    EXPECT_EQ(GetDlgCtrlID(control), Command1);
-    control = GetNextDlgTabItem(open.window, control, FALSE);
-    EXPECT_EQ(GetDlgCtrlID(control), LI_Sections);
 }
 
 TEST(SplashWindow, ShowsTitleAndVersionOnTopAndGoes) {

@@ -1,0 +1,17 @@
+// The bar between two panes of a window: dragged with the mouse, or moved with the arrow keys while
+// it has the focus.
+#pragma once
+
+#include "platform/win32/win32.h"
+
+namespace corvane {
+
+// Sent to the parent when the user moves the bar; wParam is the place that its left edge is to
+// take, in pixels of the parent's client area. The parent holds it to what is possible and places
+// the bar.
+inline constexpr UINT kSplitterMoved = WM_USER;
+
+// `name` is for screen readers.
+HWND CreateSplitter(HWND parent, int id, const wchar_t* name);
+
+}  // namespace corvane
