@@ -145,9 +145,15 @@ void WriteOut(TextWriter& writer, const char* bytes, size_t count) {
     }
 }
 
+// The last bytes stay in memory.
 void WriteOutBuffer(TextWriter& writer) {
-    if (writer.used != 0) WriteOut(writer, writer.buffer.get(), writer.used);
-    writer.used = 0;
+    char* const buffer = writer.buffer.get();
+    const size_t count = writer.used - writer.writtenOut;
+    if (count == 0) return;
+    WriteOut(writer, buffer + writer.writtenOut, count);
+    const size_t kept = std::min(writer.used, kKeptTail);
+    std::memmove(buffer, buffer + writer.used - kept, kept);
+    writer.used = writer.writtenOut = kept;
 }
 
 }  // namespace
@@ -242,7 +248,7 @@ bool CreateText(TextWriter& writer, const std::wstring& path) {
     writer.error = system::CreateForWriting(path, writer.file);
     if (writer.error != system::kErrorNone) return false;
     writer.buffer = std::make_unique_for_overwrite<char[]>(kTextBufferSize);
-    writer.used = 0;
+    writer.used = writer.writtenOut = 0;
     return true;
 }
 
@@ -250,8 +256,11 @@ void WriteText(TextWriter& writer, std::string_view text) {
     if (text.empty() || writer.error != system::kErrorNone) return;
     if (text.size() > kTextBufferSize - writer.used) {
         WriteOutBuffer(writer);
-        if (text.size() >= kTextBufferSize) {
+        if (text.size() > kTextBufferSize - kKeptTail) {
             WriteOut(writer, text.data(), text.size());
+            text.remove_prefix(text.size() - kKeptTail);
+            text.copy(writer.buffer.get(), kKeptTail);
+            writer.used = writer.writtenOut = kKeptTail;
             return;
         }
     }
@@ -262,6 +271,10 @@ void WriteText(TextWriter& writer, std::string_view text) {
 void WriteLine(TextWriter& writer, std::string_view line) {
     WriteText(writer, line);
     WriteText(writer, "\r\n");
+}
+
+std::string_view WrittenTail(const TextWriter& writer) {
+    return {writer.buffer.get(), writer.used};
 }
 
 bool CloseText(TextWriter& writer) {

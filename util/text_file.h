@@ -17,6 +17,7 @@ namespace corvane {
 
 inline constexpr size_t kTextBufferSize = 256 * 1024;
 inline constexpr size_t kLongestLine = 64 * 1024;
+inline constexpr size_t kKeptTail = 8 * 1024;
 
 // ---- Kinds of lines ----------------------------------------------------------------------------
 
@@ -74,6 +75,7 @@ struct TextWriter {
     system::File file;
     std::unique_ptr<char[]> buffer;
     size_t used = 0;
+    size_t writtenOut = 0;  // of the `used` bytes: the file has them, they are kept for WrittenTail
     system::ErrorNumber error = system::kErrorNone;
 
     TextWriter() = default;
@@ -86,6 +88,8 @@ struct TextWriter {
 bool CreateText(TextWriter& writer, const std::wstring& path);
 void WriteText(TextWriter& writer, std::string_view text);
 void WriteLine(TextWriter& writer, std::string_view line);  // with CR LF
+// What was written last: kKeptTail bytes at least, or all. The view holds until the next write.
+std::string_view WrittenTail(const TextWriter& writer);
 // Writes out what is in memory and closes the file; false when any write failed.
 bool CloseText(TextWriter& writer);
 

@@ -64,6 +64,28 @@ TEST(TextWriter, TextsAroundTheBuffersSize) {
     }
 }
 
+TEST(TextWriter, WhatWasWrittenLastCanBeLookedAt) {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.File(L"out.txt");
+    TextWriter writer;
+    ASSERT_TRUE(CreateText(writer, path));
+    EXPECT_EQ(WrittenTail(writer), "");
+    std::string written;
+    for (const size_t size : {size_t{1}, kKeptTail - 1, kKeptTail, kTextBufferSize - kKeptTail,
+                              kTextBufferSize - kKeptTail + 1, size_t{3}, kTextBufferSize,
+                              3 * kTextBufferSize, kKeptTail, kTextBufferSize - 5, size_t{2}}) {
+        std::string text(size, 'a');
+        for (size_t i = 0; i < size; ++i) text[i] = static_cast<char>('a' + (i + size) % 23);
+        WriteText(writer, text);
+        written += text;
+        const std::string_view tail = WrittenTail(writer);
+        EXPECT_TRUE(written.ends_with(tail)) << size;
+        EXPECT_GE(tail.size(), std::min(written.size(), kKeptTail)) << size;
+    }
+    EXPECT_TRUE(CloseText(writer));
+    EXPECT_TRUE(ReadFileBytes(path) == written);
+}
+
 TEST(TextWriter, FileThatCannotBeMadeIsAnError) {
     const TemporaryFolder folder;
     TextWriter writer;
