@@ -32,6 +32,8 @@ fs::path NativePath(const std::wstring& path) {
 #if !defined(_WIN32)
 // Names the folder of settings files on the host.
 constexpr char kFolderVariable[] = "CORVANE_WINDOWS_DIRECTORY";
+// Names the folder of temporary files there.
+constexpr char kTemporaryVariable[] = "TMPDIR";
 #endif
 
 ShellState* savedState = nullptr;
@@ -110,6 +112,9 @@ KeepCurrentDirectory::~KeepCurrentDirectory() {
 
 #if defined(_WIN32)
 
+TemporaryFilesInMemory::TemporaryFilesInMemory() = default;
+TemporaryFilesInMemory::~TemporaryFilesInMemory() = default;
+
 // The profile functions look nowhere but in the Windows folder: the file there makes room.
 FreshSettingsFile::FreshSettingsFile() {
     path = fs::path(std::getenv("SystemRoot")).wstring() + L"\\" + kSettingsFile;
@@ -127,6 +132,21 @@ FreshSettingsFile::~FreshSettingsFile() {
 }
 
 #else
+
+TemporaryFilesInMemory::TemporaryFilesInMemory() {
+    const char* old = std::getenv(kTemporaryVariable);
+    wasSet = old != nullptr;
+    if (wasSet) savedFolder = old;
+    if (fs::is_directory("/dev/shm")) setenv(kTemporaryVariable, "/dev/shm", 1);
+}
+
+TemporaryFilesInMemory::~TemporaryFilesInMemory() {
+    if (wasSet) {
+        setenv(kTemporaryVariable, savedFolder.c_str(), 1);
+    } else {
+        unsetenv(kTemporaryVariable);
+    }
+}
 
 FreshSettingsFile::FreshSettingsFile() : path(folder.File(kSettingsFile)) {
     const char* old = std::getenv(kFolderVariable);

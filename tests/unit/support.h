@@ -20,6 +20,19 @@ struct TemporaryFolder {
     std::wstring File(std::wstring_view name) const { return path + std::wstring(name); }
 };
 
+// While one of these lives, temporary files lie in memory, where the system has a folder for that:
+// flushing them to the disk takes no time.
+struct TemporaryFilesInMemory {
+    TemporaryFilesInMemory();
+    ~TemporaryFilesInMemory();
+    TemporaryFilesInMemory(const TemporaryFilesInMemory&) = delete;
+    TemporaryFilesInMemory& operator=(const TemporaryFilesInMemory&) = delete;
+
+private:
+    std::string savedFolder;
+    bool wasSet = false;
+};
+
 void WriteFileBytes(const std::wstring& path, std::string_view bytes);
 std::string ReadFileBytes(const std::wstring& path);
 // Names of the files in a folder, sorted.
