@@ -97,6 +97,7 @@
     X(kMsgUnexpectedFault, 3502)        \
     X(kMsgResultLegend, 3503)           \
     X(kMsgTextNotWritten, 3504)         \
+    X(kMsgNoModelNumberLeft, 3510)      \
     X(kMsgNotImplemented, 3515)
 
 namespace corvane {

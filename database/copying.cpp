@@ -33,7 +33,7 @@ NumberLine ReadNumberLine(TextReader& reader, std::string_view marker) {
 
 int32_t Shifted(int32_t number, const BlockRun& run) {
     if (number <= run.shiftAbove) return number;
-    const int64_t shifted = int64_t{number} + run.shift;
+    const int64_t shifted = number + run.shift;
     return static_cast<int32_t>(std::clamp<int64_t>(shifted, INT32_MIN, INT32_MAX));
 }
 
@@ -56,20 +56,21 @@ void CopyModels(TextReader& from, TextWriter& to, int32_t first, int32_t last, i
     CopyBlocks(from, to, run);
 }
 
-void CopyBlocks(TextReader& from, TextWriter& to, const BlockRun& run) {
+bool CopyBlocks(TextReader& from, TextWriter& to, const BlockRun& run) {
     const std::string marker = GetMessageBytes(kMsgModelMarker);
     const std::string commentRule = GetMessageBytes(kMsgCommentRule);
     int64_t copied = LinePosition(from);  // all before it is done
-    while (FindLine(from, marker)) {
+    for (int blocks = 0; FindLine(from, marker); ++blocks) {
         const int64_t markerPlace = LinePosition(from);
         std::string_view line;
         ReadLine(from, line);
         const int64_t behindMarker = LinePosition(from);
         const NumberLine numberLine = ReadNumberLine(from, marker);
-        const bool last = numberLine.found && numberLine.number == run.stopBefore;
+        const bool last =
+            blocks == run.mostBlocks || (numberLine.found && numberLine.number == run.stopBefore);
         SeekLine(from, copied);
         CopySpan(from, last ? markerPlace : behindMarker, to);
-        if (last) return;
+        if (last) return true;
         copied = behindMarker;
         if (!numberLine.found) continue;
 
@@ -82,6 +83,7 @@ void CopyBlocks(TextReader& from, TextWriter& to, const BlockRun& run) {
     }
     SeekLine(from, copied);
     CopySpan(from, -1, to);
+    return false;
 }
 
 void SkipBlock(TextReader& reader) {

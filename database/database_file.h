@@ -5,6 +5,7 @@
 // closes them before it returns; nothing is kept between calls.
 #pragma once
 
+#include <climits>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -34,6 +35,8 @@ StructuralLines FetchStructuralLines();
 // Whether the file's first significant line, trimmed and in upper case, is the signature. False
 // for a file that can't be read.
 bool IsDatabaseFile(const std::wstring& path);
+// The same of an open file. The reader goes to the start.
+bool IsDatabase(TextReader& reader);
 
 // ---- Finding and listing -----------------------------------------------------------------------
 
@@ -85,13 +88,14 @@ struct BlockRun {
     static constexpr int64_t kToTheEnd = INT64_MIN;
 
     int64_t stopBefore = kToTheEnd;  // the number of the first block that is not copied any more
-    int32_t shift = 0;               // added to the numbers ...
+    int mostBlocks = INT_MAX;        // so many are copied
+    int64_t shift = 0;               // added to the numbers ...
     int64_t shiftAbove = INT64_MIN;  // ... that are larger than this one
 };
 
-// Copies from the reader's place to the marker of the block `stopBefore`, where the reader then
-// stands, or to the end of the file; lines as in CopyModels.
-void CopyBlocks(TextReader& from, TextWriter& to, const BlockRun& run);
+// Copies from the reader's place to the marker of the block that ends the run, where the reader
+// then stands, or to the end of the file; lines as in CopyModels. False at the end of the file.
+bool CopyBlocks(TextReader& from, TextWriter& to, const BlockRun& run);
 
 // From a place at a block's marker, or at the comment lines before it, to the comment lines before
 // the next block's marker; to the end of the file behind the last block.

@@ -26,7 +26,8 @@ bool ReplaceSection(std::wstring& path, SectionModel& section, int32_t number, b
 bool ReplaceBulkheadArrangement(std::wstring& path, BulkheadArrangement& arrangement,
                                 int32_t number, bool keepBackup);
 
-// The larger of the number of blocks and the highest block number, plus 1.
+// The larger of the number of blocks and the highest block number, plus 1. 0 when the file can't be
+// read to its end, and when there is no such number.
 int32_t NextModelNumber(const std::wstring& path);
 
 struct ModelCopy {
@@ -41,8 +42,8 @@ struct ModelCopy {
 int32_t CopyModel(std::wstring& path, const ModelCopy& copy);
 
 // Removes the first block of this number and takes 1 from every larger number behind it. A number
-// that no block has is reported (1011), and nothing is written. Message 603 meanwhile. True when
-// the file is without the model.
+// that no block has is reported (1011), and nothing is written; one below 1 does nothing. Message
+// 603 meanwhile. True when the file is without the model.
 bool DeleteModel(const std::wstring& path, int32_t number, bool keepBackup);
 
 }  // namespace corvane

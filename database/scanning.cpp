@@ -33,9 +33,16 @@ StructuralLines FetchStructuralLines() {
 
 bool IsDatabaseFile(const std::wstring& path) {
     TextReader reader;
+    return OpenText(reader, path) && IsDatabase(reader);
+}
+
+bool IsDatabase(TextReader& reader) {
+    SeekLine(reader, 0);
     std::string_view line;
-    if (!OpenText(reader, path) || !ReadSignificantLine(reader, line)) return false;
-    return UpperCase(Trim(line)) == GetMessageBytes(kMsgSignature);
+    const bool isDatabase = ReadSignificantLine(reader, line) &&
+                            UpperCase(Trim(line)) == GetMessageBytes(kMsgSignature);
+    SeekLine(reader, 0);
+    return isDatabase;
 }
 
 bool ReadBlockLine(TextReader& reader, std::string_view modelMarker, std::string_view& line) {

@@ -1,0 +1,306 @@
+#include "database/editing.h"
+
+#include <algorithm>
+
+#include "app/messages.h"
+#include "database/bulkhead_file.h"
+#include "database/database_file.h"
+#include "database/section_file.h"
+#include "util/files.h"
+#include "util/numbers.h"
+#include "util/processes.h"
+#include "util/rewrite.h"
+#include "util/text.h"
+
+namespace corvane {
+namespace {
+
+using system::ErrorNumber;
+using system::kErrorNone;
+
+void ReportFault(const std::wstring& path, ErrorNumber error) {
+    ReportMessage(kMsgTextNotWritten, {path, system::ErrorText(error)});
+}
+
+// ---- The file ----------------------------------------------------------------------------------
+
+// Opens the database that is to be edited. What is no database is reported.
+bool OpenDatabase(TextReader& reader, const std::wstring& path) {
+    if (OpenText(reader, path) && IsDatabase(reader)) return true;
+    if (reader.error == kErrorNone) {
+        ReportMessage(kMsgNoDatabase, {path});
+    } else if (reader.error == system::kErrorFileNotFound ||
+               reader.error == system::kErrorPathNotFound) {
+        ReportMessage(kMsgFileMissing, {path});
+    } else {
+        ReportFault(path, reader.error);
+    }
+    return false;
+}
+
+std::wstring AskForDatabaseName(const std::wstring& proposed) {
+    FilePrompt prompt;
+    prompt.defaultExtension = L"ve2";
+    prompt.fileName = proposed;
+    prompt.caption = L"Save DB as...";
+    prompt.title = GetMessage(kMsgDatabaseFiles);
+    prompt.flags = -1;
+    return PromptForFileName(prompt);
+}
+
+// Takes the text of a read-only database to a file that the user names; `path` becomes its name.
+bool MoveToWritableFile(std::wstring& path) {
+    std::wstring target = path;
+    while (IsReadOnlyFile(target)) {
+        ReportMessage(kMsgReadOnly, {target});
+        target = AskForDatabaseName(target);
+        if (target.empty()) return false;
+    }
+    // Meanwhile the user may have made the file itself writable, and named it again.
+    if (system::AbsolutePath(target) != system::AbsolutePath(path)) {
+        const ReplaceResult copied = PutCopy(path, target);
+        if (!copied.Done()) {
+            ReportFault(target, copied.error);
+            return false;
+        }
+    }
+    path = target;
+    return true;
+}
+
+// Opens the database, or the one that the user names in the place of a read-only one.
+bool OpenWritableDatabase(TextReader& reader, std::wstring& path) {
+    if (path.empty() || !OpenDatabase(reader, path)) return false;
+    if (!IsReadOnlyFile(path)) return true;
+    system::CloseFile(reader.file);
+    return MoveToWritableFile(path) && OpenDatabase(reader, path);
+}
+
+// ---- Numbers -----------------------------------------------------------------------------------
+
+// A number that no block has; 0 when there is none, and when not all of the file could be read.
+int32_t NextNumber(TextReader& reader) {
+    const std::string marker = GetMessageBytes(kMsgModelMarker);
+    int64_t count = 0;
+    int64_t highest = 0;
+    SeekLine(reader, 0);
+    for (; FindLine(reader, marker); ++count) {
+        std::string_view line;
+        ReadLine(reader, line);
+        if (ReadBlockLine(reader, marker, line)) {
+            highest = std::max<int64_t>(highest, LeadingInteger(line));
+        }
+    }
+    const int64_t next = std::max(count, highest) + 1;
+    return reader.error == kErrorNone && next <= INT32_MAX ? static_cast<int32_t>(next) : 0;
+}
+
+// The same; why there is none is reported.
+int32_t NextNumberOrReport(TextReader& reader, const std::wstring& path) {
+    const int32_t number = NextNumber(reader);
+    if (reader.error != kErrorNone) {
+        ReportFault(path, reader.error);
+    } else if (number == 0) {
+        ReportMessage(kMsgNoModelNumberLeft, {path});
+    }
+    return number;
+}
+
+// ---- Steps that the edits share ----------------------------------------------------------------
+
+// Copies what stands before the block `number`; false when there is no such block.
+bool CopyToBlock(TextReader& reader, TextWriter& writer, int32_t number) {
+    SeekLine(reader, 0);
+    CopyFileHead(reader, writer);
+    BlockRun run;
+    run.stopBefore = number;
+    return CopyBlocks(reader, writer, run);
+}
+
+bool AbandonForMissingModel(Rewrite& rewrite, int32_t number) {
+    CloseText(rewrite.writer);
+    KillFile(rewrite.temporary);
+    ReportMessage(kMsgModelMissing, {number, rewrite.target});
+    return false;
+}
+
+bool FinishEdit(TextReader& reader, Rewrite& rewrite) {
+    // Some systems let nobody rename over a file that is open.
+    system::CloseFile(reader.file);
+    if (!FinishRewrite(rewrite, reader.error)) return false;
+    ShowStatus(L"");
+    return true;
+}
+
+// ---- Replacing ---------------------------------------------------------------------------------
+
+// The comment lines at the end of a text.
+std::string_view ClosingComments(std::string_view text) {
+    size_t begin = text.size();
+    while (begin > 1) {
+        const size_t end = text.rfind('\n', begin - 2);
+        const size_t line = end == std::string_view::npos ? 0 : end + 1;
+        if (text[line] != '*') break;
+        begin = line;
+    }
+    return text.substr(begin);
+}
+
+// A section may end with comments: the legend of an empty table, the rule behind a row. Those that
+// the old block ended with still stand before the next marker, as all comments there do. Where the
+// new block ends with the same ones it brings them again, and the file would grow each time: they
+// are passed over.
+void PassClosingComments(TextReader& reader, std::string_view closing) {
+    const int64_t place = LinePosition(reader);
+    while (!closing.empty()) {
+        const size_t end = closing.find("\r\n");
+        std::string_view line;
+        if (!ReadLine(reader, line) || line != closing.substr(0, end)) {
+            SeekLine(reader, place);
+            return;
+        }
+        closing.remove_prefix(end + 2);
+    }
+}
+
+struct Replacement {
+    int32_t number = 0;
+    bool keepBackup = false;
+};
+
+// `writeBlock` writes the new block.
+template <class WriteBlock>
+bool ReplaceBlock(std::wstring& path, Replacement replacement, WriteBlock writeBlock) {
+    TextReader reader;
+    if (!OpenWritableDatabase(reader, path)) return false;
+    ReportStatus(kMsgWritingDatabase, {path});
+    Rewrite rewrite;
+    BeginRewrite(rewrite, path);
+    rewrite.keepBackup = replacement.keepBackup;
+    const int32_t number = replacement.number;
+    // A damaged block counts as 0, and is nobody's model.
+    const bool found = number >= 1 && CopyToBlock(reader, rewrite.writer, number);
+    if (!found && reader.error == kErrorNone && number != NextNumber(reader)) {
+        return AbandonForMissingModel(rewrite, number);
+    }
+    writeBlock(rewrite.writer, number);
+    if (found) {
+        SkipBlock(reader);
+        PassClosingComments(reader, ClosingComments(WrittenTail(rewrite.writer)));
+        CopyBlocks(reader, rewrite.writer, {});
+    }
+    return FinishEdit(reader, rewrite);
+}
+
+// ---- Copying -----------------------------------------------------------------------------------
+
+// The number of the model's copy; 0 on failure, which is reported.
+int32_t NumberOfCopy(std::wstring& path) {
+    TextReader reader;
+    if (!OpenWritableDatabase(reader, path)) return 0;
+    ReportStatus(kMsgWritingDatabase, {path});
+    return NextNumberOrReport(reader, path);
+}
+
+bool CopySection(std::wstring& path, const ModelCopy& copy, int32_t newNumber) {
+    SectionModel section;
+    if (!ReadSectionBlock(path, copy.number, false, section)) return false;
+    section.name = Trim(copy.newName);
+    section.identifier.clear();  // the writer makes a new one
+    return ReplaceSection(path, section, newNumber, true);
+}
+
+bool CopyBulkheadArrangement(std::wstring& path, const ModelCopy& copy, int32_t newNumber) {
+    BulkheadArrangement arrangement;
+    if (!ReadBulkheadBlock(path, copy.number, arrangement)) return false;
+    arrangement.name = Trim(copy.newName);
+    arrangement.identifier.clear();
+    return ReplaceBulkheadArrangement(path, arrangement, newNumber, true);
+}
+
+bool CopyTorsionModel(const std::wstring& path, const ModelCopy& copy, int32_t newNumber) {
+    TextReader reader;
+    if (!OpenDatabase(reader, path)) return false;
+    std::string keyword(kTorsionKeyword);
+    const bool found = FindModel(reader, copy.number, keyword);
+    const int64_t block = LinePosition(reader);
+    Rewrite rewrite;
+    BeginRewrite(rewrite, path);
+    rewrite.keepBackup = copy.keepBackup;
+    if (!found && reader.error == kErrorNone) return AbandonForMissingModel(rewrite, copy.number);
+
+    SeekLine(reader, 0);
+    CopyFileHead(reader, rewrite.writer);
+    CopyBlocks(reader, rewrite.writer, {});
+    SeekLine(reader, block);
+    BlockRun run;
+    run.mostBlocks = 1;
+    run.shift = int64_t{newNumber} - copy.number;
+    CopyBlocks(reader, rewrite.writer, run);
+    return FinishEdit(reader, rewrite);
+}
+
+bool CopyOfKind(std::wstring& path, const ModelCopy& copy, int32_t newNumber) {
+    switch (copy.kind) {
+        case ModelKind::kSection:
+            return CopySection(path, copy, newNumber);
+        case ModelKind::kBulkhead:
+            return CopyBulkheadArrangement(path, copy, newNumber);
+        case ModelKind::kTorsion:
+            return CopyTorsionModel(path, copy, newNumber);
+    }
+    return false;
+}
+
+}  // namespace
+
+bool ReplaceSection(std::wstring& path, SectionModel& section, int32_t number, bool keepBackup) {
+    return ReplaceBlock(path, {number, keepBackup},
+                        [&section](TextWriter& writer, int32_t blockNumber) {
+                            WriteSectionBlock(writer, section, blockNumber);
+                        });
+}
+
+bool ReplaceBulkheadArrangement(std::wstring& path, BulkheadArrangement& arrangement,
+                                int32_t number, bool keepBackup) {
+    return ReplaceBlock(path, {number, keepBackup},
+                        [&arrangement](TextWriter& writer, int32_t blockNumber) {
+                            WriteBulkheadBlock(writer, arrangement, blockNumber);
+                        });
+}
+
+int32_t NextModelNumber(const std::wstring& path) {
+    TextReader reader;
+    return OpenText(reader, path) ? NextNumber(reader) : 0;
+}
+
+int32_t CopyModel(std::wstring& path, const ModelCopy& copy) {
+    const int32_t number = NumberOfCopy(path);
+    return number != 0 && CopyOfKind(path, copy, number) ? number : 0;
+}
+
+bool DeleteModel(const std::wstring& path, int32_t number, bool keepBackup) {
+    if (path.empty() || number < 1) return false;
+    ReportStatus(kMsgDeletingModel, {path});
+    if (IsReadOnlyFile(path)) {
+        ReportMessage(kMsgReadOnly, {path});
+        return false;
+    }
+    TextReader reader;
+    if (!OpenDatabase(reader, path)) return false;
+    Rewrite rewrite;
+    BeginRewrite(rewrite, path);
+    rewrite.keepBackup = keepBackup;
+    if (CopyToBlock(reader, rewrite.writer, number)) {
+        SkipBlock(reader);
+        BlockRun run;
+        run.shift = -1;
+        run.shiftAbove = number;
+        CopyBlocks(reader, rewrite.writer, run);
+    } else if (reader.error == kErrorNone) {
+        return AbandonForMissingModel(rewrite, number);
+    }
+    return FinishEdit(reader, rewrite);
+}
+
+}  // namespace corvane
