@@ -11,7 +11,7 @@ namespace {
 // One letter for each hundred of revisions from 100 on; "j" and "k" are no version letters.
 constexpr std::wstring_view kRevisionLetters = L"abcdefghilmno";
 
-// Test versions have the revisions 2000 to 2099.
+// Experimental versions have revisions from 2000 on; those up to 2099 are numbered test versions.
 constexpr int kFirstTestRevision = 2000;
 constexpr int kLastTestRevision = 2099;
 
@@ -39,6 +39,10 @@ std::wstring VersionText(const ProgramVersion& version) {
         text += L" (r" + std::to_wstring(version.revision) + L')';
     }
     return text;
+}
+
+bool IsExperimental(const ProgramVersion& version) {
+    return version.revision >= kFirstTestRevision;
 }
 
 std::wstring DateText(const system::LocalTime& date, bool useLocale) {

@@ -22,6 +22,10 @@ std::wstring VersionText(float version);
 // mode or before version 1.
 std::wstring VersionText(const ProgramVersion& version = kProgramVersion);
 
+// Whether the version is experimental (revision 2000 or more): its results are not for official
+// calculations.
+bool IsExperimental(const ProgramVersion& version = kProgramVersion);
+
 // "dd/mm/yyyy", or the user's short date format.
 std::wstring DateText(const system::LocalTime& date, bool useLocale = false);
 

@@ -76,6 +76,19 @@ TEST(VersionText, TheProgramsOwnIsOnePointZero) {
     EXPECT_EQ(VersionText(), L"1.0");
 }
 
+TEST(IsExperimental, FromRevision2000On) {
+    for (const int revision : {-1, 0, 1999}) {
+        EXPECT_FALSE(IsExperimental({1, 0, revision})) << revision;
+    }
+    for (const int revision : {2000, 2099, 2100, 32767}) {
+        EXPECT_TRUE(IsExperimental({1, 0, revision})) << revision;
+    }
+}
+
+TEST(IsExperimental, TheProgramsOwnVersionIsNot) {
+    EXPECT_FALSE(IsExperimental());
+}
+
 TEST(DateText, FixedFormIsPaddedAndDayFirst) {
     EXPECT_EQ(DateText({2024, 3, 7, 23, 59, 59}), L"07/03/2024");
     EXPECT_EQ(DateText({1999, 12, 31, 0, 0, 0}), L"31/12/1999");
