@@ -56,7 +56,8 @@ int CountModels(const std::wstring& path);
 // One model of a list, in file order. A damaged block has an entry too, with what could be read of
 // it, so a list is always as long as CountModels tells.
 struct ModelEntry {
-    std::wstring name;  // trimmed
+    int32_t number = 0;  // as the block has it: not always its place in the file
+    std::wstring name;   // trimmed
     ModelKind kind = ModelKind::kSection;
     float x = -1;  // [m] position; -1 for a torsion model, 0 where the block has no position row
 };

@@ -27,9 +27,11 @@ struct Listing {
 };
 
 // From behind a marker over the number to the keyword.
-bool ReadKeyword(TextReader& reader, const Listing& listing, std::string_view& keyword) {
-    return ReadBlockLine(reader, listing.modelMarker, keyword) &&  // the number
-           ReadBlockLine(reader, listing.modelMarker, keyword);
+bool ReadKeyword(TextReader& reader, const Listing& listing, ModelEntry& entry,
+                 std::string_view& keyword) {
+    if (!ReadBlockLine(reader, listing.modelMarker, keyword)) return false;
+    entry.number = LeadingInteger(keyword);
+    return ReadBlockLine(reader, listing.modelMarker, keyword);
 }
 
 // From behind the keyword to the line behind the name label.
@@ -52,7 +54,7 @@ float ReadPosition(TextReader& reader, Listing& listing) {
 void ReadEntry(TextReader& reader, Listing& listing, Detail detail, ModelEntry& entry) {
     if (detail == Detail::kPositions) entry.x = 0;
     std::string_view line;
-    if (!ReadKeyword(reader, listing, line)) return;
+    if (!ReadKeyword(reader, listing, entry, line)) return;
     entry.kind = KindOfKeyword(line);
     const bool hasPosition = detail == Detail::kPositions && entry.kind != ModelKind::kTorsion;
     if (!hasPosition) entry.x = -1;
@@ -90,10 +92,11 @@ float ModelPosition(const std::wstring& path, int32_t number) {
     std::string keyword;
     if (!OpenText(reader, path) || !FindModel(reader, number, keyword)) return -1;
     Listing listing;
+    ModelEntry entry;
     std::string_view line;
     FindLine(reader, listing.modelMarker);
     ReadLine(reader, line);
-    if (!ReadKeyword(reader, listing, line) || !PassNameLabel(reader, listing)) return 0;
+    if (!ReadKeyword(reader, listing, entry, line) || !PassNameLabel(reader, listing)) return 0;
     if (!ReadBlockLine(reader, listing.modelMarker, line)) return 0;  // the name
     return ReadPosition(reader, listing);
 }

@@ -52,6 +52,17 @@ TEST_F(ListingTest, ListsNamesKindsAndPositionsInFileOrder) {
     EXPECT_EQ(entries[4].x, -3.5f);
 }
 
+TEST_F(ListingTest, NumbersAreListedAsTheyStand) {
+    std::vector<SampleBlock> blocks = FiveBlocks();
+    blocks[1].number = " 7 ";
+    blocks[2].number = "7 aft";
+    blocks[3].number = "none";
+    Write(DatabaseText(blocks) + lines.modelMarker + "\r\n");
+    std::vector<int32_t> numbers;
+    for (const ModelEntry& entry : ListModels(path)) numbers.push_back(entry.number);
+    EXPECT_EQ(numbers, (std::vector<int32_t>{1, 7, 7, 0, 5, 0}));
+}
+
 TEST_F(ListingTest, ListWithoutPositionsIsTheSameButForX) {
     Write(DatabaseText(FiveBlocks()));
     const std::vector<ModelEntry> names = ListModels(path);
