@@ -17,15 +17,6 @@ namespace fs = std::filesystem;
 constexpr DWORD kPollInterval = 5;
 constexpr UINT kAnswerTime = 10000;
 
-bool WaitUntil(const std::function<bool()>& condition) {
-    const ULONGLONG end = GetTickCount64() + kPatience;
-    for (;;) {
-        if (condition()) return true;
-        if (GetTickCount64() > end) return false;
-        Sleep(kPollInterval);
-    }
-}
-
 // What EnumWindows looks for: a visible top-level window of one process and class.
 struct WindowSearch {
     DWORD process;
@@ -43,12 +34,6 @@ BOOL CALLBACK CompareWindow(HWND window, LPARAM parameter) {
     if (std::wstring_view(name) != search.className) return TRUE;
     search.found = window;
     return FALSE;
-}
-
-LRESULT Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    DWORD_PTR result = 0;
-    SendMessageTimeoutW(window, message, wParam, lParam, SMTO_ABORTIFHUNG, kAnswerTime, &result);
-    return static_cast<LRESULT>(result);
 }
 
 // Memory of the program for the records that list messages fill in.
@@ -114,6 +99,21 @@ fs::path OwnFolder() {
 }
 
 }  // namespace
+
+bool WaitUntil(const std::function<bool()>& condition) {
+    const ULONGLONG end = GetTickCount64() + kPatience;
+    for (;;) {
+        if (condition()) return true;
+        if (GetTickCount64() > end) return false;
+        Sleep(kPollInterval);
+    }
+}
+
+LRESULT Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    DWORD_PTR result = 0;
+    SendMessageTimeoutW(window, message, wParam, lParam, SMTO_ABORTIFHUNG, kAnswerTime, &result);
+    return static_cast<LRESULT>(result);
+}
 
 Installation::Installation() {
     static int counter = 0;
@@ -236,10 +236,49 @@ Box WaitForBox(const Program& program) {
 }
 
 bool Press(const Box& box, int button) {
-    const HWND control = GetDlgItem(box.window, button);
+    return PressButton(box.window, button);
+}
+
+bool PressButton(HWND dialog, int button) {
+    const HWND control = GetDlgItem(dialog, button);
     if (control == nullptr) return false;
     PostMessageW(control, BM_CLICK, 0, 0);
-    return WaitUntil([&] { return !IsWindow(box.window); });
+    return HasClosed(dialog);
+}
+
+bool HasClosed(HWND window) {
+    return WaitUntil([&] { return !IsWindow(window); });
+}
+
+void PressKey(HWND control, WPARAM key) {
+    PostMessageW(control, WM_KEYDOWN, key, 0);
+    PostMessageW(control, WM_KEYUP, key, 0);
+}
+
+void Type(HWND control, std::wstring_view text) {
+    for (const wchar_t character : text) PostMessageW(control, WM_CHAR, character, 0);
+}
+
+HWND FocusOf(HWND window) {
+    GUITHREADINFO information{};
+    information.cbSize = sizeof information;
+    GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &information);
+    return information.hwndFocus;
+}
+
+bool AnswerFilePrompt(const Program& program, const std::wstring& path) {
+    const HWND prompt = program.Window(L"#32770");
+    if (prompt == nullptr) return false;
+    constexpr int kNameField = 0x47C;
+    HWND field = nullptr;
+    WaitUntil([&] {
+        const HWND combo = GetDlgItem(prompt, kNameField);
+        field = reinterpret_cast<HWND>(Send(combo, CBEM_GETEDITCONTROL, 0, 0));
+        return field != nullptr;
+    });
+    if (path.empty()) return PressButton(prompt, IDCANCEL);
+    Send(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+    return PressButton(prompt, IDOK);
 }
 
 std::wstring TextOf(HWND window) {
@@ -265,6 +304,24 @@ std::vector<Row> Rows(const Program& program, HWND list) {
         row.selected = Send(list, LVM_GETITEMSTATE, static_cast<WPARAM>(i), LVIS_SELECTED) != 0;
     }
     return rows;
+}
+
+void SelectRow(const Program& program, HWND list, int row) {
+    const RemoteMemory memory(program.process);
+    LVITEMW item{};
+    item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    item.state = LVIS_SELECTED | LVIS_FOCUSED;
+    memory.Put(item);
+    Send(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row),
+         reinterpret_cast<LPARAM>(memory.address));
+}
+
+int SelectedRow(HWND list) {
+    return static_cast<int>(Send(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+}
+
+bool RowCountBecomes(HWND list, int count) {
+    return WaitUntil([&] { return Send(list, LVM_GETITEMCOUNT, 0, 0) == count; });
 }
 
 std::vector<std::wstring> ColumnTitles(const Program& program, HWND list) {

@@ -2,6 +2,7 @@
 // presses. Everything waits for a condition, nothing sleeps for a time.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,11 @@ namespace corvane::ui {
 
 // The longest that anything is waited for, in milliseconds.
 inline constexpr DWORD kPatience = 20000;
+
+// False when the condition does not come true.
+bool WaitUntil(const std::function<bool()>& condition);
+// The window's answer to a message; 0 when it does not answer.
+LRESULT Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 // A folder that holds a copy of the program and its libraries, so that each test has a program of
 // its own; removed at the end. The folder's name has blanks in it.
@@ -72,6 +78,19 @@ struct Box {
 Box WaitForBox(const Program& program);
 bool Press(const Box& box, int button);
 
+// A dialog of the program's own, found with Program::Window: presses a button and waits until the
+// dialog has gone.
+bool PressButton(HWND dialog, int button);
+bool HasClosed(HWND window);
+// Keys, given to a control as the keyboard gives them.
+void PressKey(HWND control, WPARAM key);
+void Type(HWND control, std::wstring_view text);
+// The control that has the focus in the window's program.
+HWND FocusOf(HWND window);
+// Waits for the system's file prompt, gives it a path, or cancels it when the path is empty, and
+// waits until it has gone.
+bool AnswerFilePrompt(const Program& program, const std::wstring& path);
+
 std::wstring TextOf(HWND window);
 // Waits until the window's text is `text`.
 bool TextBecomes(HWND window, std::wstring_view text);
@@ -84,6 +103,12 @@ struct Row {
 };
 std::vector<Row> Rows(const Program& program, HWND list);
 std::vector<std::wstring> ColumnTitles(const Program& program, HWND list);
+// As a click on the row does.
+void SelectRow(const Program& program, HWND list, int row);
+// -1: none.
+int SelectedRow(HWND list);
+// Waits until the list has so many rows.
+bool RowCountBecomes(HWND list, int count);
 
 // Chooses a menu item without waiting for what it does.
 void Choose(HWND main, int command);

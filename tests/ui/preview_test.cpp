@@ -33,11 +33,6 @@ bool Becomes(HWND picture, bool section) {
     return true;
 }
 
-void PressKey(HWND window, WPARAM key) {
-    PostMessageW(window, WM_KEYDOWN, key, 0);
-    PostMessageW(window, WM_KEYUP, key, 0);
-}
-
 struct PreviewTest : testing::Test {
     Settings settings;
     Installation installation;
