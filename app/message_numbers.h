@@ -98,7 +98,11 @@
     X(kMsgResultLegend, 3503)           \
     X(kMsgTextNotWritten, 3504)         \
     X(kMsgNoModelNumberLeft, 3510)      \
-    X(kMsgNotImplemented, 3515)
+    X(kMsgNotImplemented, 3515)         \
+    X(kMsgLegalNotice, 3520)            \
+    X(kMsgLegalNoticeLabel, 3521)       \
+    X(kMsgNumbersNotInOrder, 3522)      \
+    X(kMsgModelChanged, 3523)
 
 namespace corvane {
 

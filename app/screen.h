@@ -22,12 +22,14 @@ struct Screen {
     void (*showWarningBox)(const std::wstring& text) = [](const std::wstring&) {};
     void (*showPlainBox)(const std::wstring& text) = [](const std::wstring&) {};
     bool (*askYesNo)(const std::wstring& text) = [](const std::wstring&) { return false; };
+    // For what can't be undone: No is the button that Enter presses.
+    bool (*askIrreversible)(const std::wstring& text) = [](const std::wstring&) { return false; };
     bool (*askOkCancel)(const std::wstring& text) = [](const std::wstring&) { return false; };
     // An input box: `answer` is proposed, and becomes what the user typed. False when the user
     // cancelled.
     bool (*askText)(const std::wstring& question, std::wstring& answer) =
         [](const std::wstring&, std::wstring&) { return false; };
-    // The box FM_About; `heading` is its first line.
+    // The box FM_About; `heading` is its version line.
     void (*showAbout)(const std::wstring& heading) = [](const std::wstring&) {};
 
     void (*setBusyPointer)() = [] {};

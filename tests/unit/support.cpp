@@ -235,6 +235,10 @@ RecordingScreen::RecordingScreen() {
         Record("ask " + Narrow(text));
         return answerYes;
     };
+    screen.askIrreversible = [](const std::wstring& text) {
+        Record("ask irreversible " + Narrow(text));
+        return answerYes;
+    };
     screen.askOkCancel = [](const std::wstring& text) {
         Record("ask ok " + Narrow(text));
         return answerYes;

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "app/state.h"
+#include "ui/commands/help_commands.h"
 #include "ui/commands/main_window.h"
 
 namespace corvane {
@@ -48,7 +49,8 @@ constexpr std::array kCommands = {
     Command{ME_SectionExport, Menu::kSection, "ME_SectionExport", L"E&xport to Velk Dos...",
             EnabledWhen::kModelSelected, NotImp},
 
-    NotYet(ME_HelpAbout, Menu::kHelp, "ME_HelpAbout", L"&About..."),
+    Command{ME_HelpAbout, Menu::kHelp, "ME_HelpAbout", L"&About...", EnabledWhen::kAlways,
+            ME_HelpAbout_Click},
 };
 
 }  // namespace

@@ -1,10 +1,11 @@
-// Identifiers of the main window's controls; tests and screen readers find them by these. Menu
-// items have theirs in ui/commands/commands.h.
+// Identifiers of the windows' controls; tests and screen readers find them by these. Menu items
+// have theirs in ui/commands/commands.h.
 #pragma once
 
 namespace corvane {
 
 enum ControlId : int {
+    BT_Ok = 1,  // IDOK, which Enter presses
     TX_DataBase = 1000,
     Command1,
     LI_Sections,
@@ -22,8 +23,20 @@ enum ControlId : int {
     BT_Bsd,
     GR_Rule,  // around OP_Rule
     OP_Rule,  // the first of kRuleSetCount options
+    // FM_Load and FM_About.
     LB_Title = 1100,
     LB_Version,
+    LB_32bits,  // never shown
+    LB_Warning1,
+    LB_Warning2,
+    IM_Velk,
+    PAN_Product,  // the frame around them
+    // FM_About.
+    LB_Notice,  // names TX_Notice
+    TX_Notice,
+    // The input box.
+    LB_Question = 1200,  // names TX_Answer
+    TX_Answer,
 };
 
 inline constexpr int kRuleSetCount = 3;
@@ -33,5 +46,7 @@ inline constexpr wchar_t kMainWindowClass[] = L"FM_Main";
 inline constexpr wchar_t kSectionPictureClass[] = L"PIC_Section";
 inline constexpr wchar_t kSplitterClass[] = L"SP_Sections";
 inline constexpr wchar_t kSplashClass[] = L"FM_Load";
+inline constexpr wchar_t kAboutClass[] = L"FM_About";
+inline constexpr wchar_t kInputBoxClass[] = L"InputBox";
 
 }  // namespace corvane

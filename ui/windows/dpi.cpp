@@ -82,6 +82,13 @@ std::wstring WindowText(HWND window) {
     return text;
 }
 
+void ScaleDialogOurselves(HWND dialog) {
+    constexpr int kDisableAll = 1;
+    using SetBehaviour = BOOL WINAPI(HWND, int, int);
+    const auto set = User32Function<SetBehaviour>("SetDialogDpiChangeBehavior");
+    if (set != nullptr) set(dialog, kDisableAll, kDisableAll);
+}
+
 SIZE WindowSize(HWND window, SIZE client, bool hasMenu, UINT dpi) {
     RECT outer{0, 0, client.cx, client.cy};
     const auto style = static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE));

@@ -29,4 +29,7 @@ std::wstring WindowText(HWND window);
 // Size of a window whose client area, below a menu bar of one line when `hasMenu`, has this size.
 SIZE WindowSize(HWND window, SIZE client, bool hasMenu, UINT dpi);
 
+// Keeps Windows from scaling a dialog by itself when its resolution changes.
+void ScaleDialogOurselves(HWND dialog);
+
 }  // namespace corvane

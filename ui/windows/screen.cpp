@@ -4,7 +4,10 @@
 
 #include "app/messages.h"
 #include "app/state.h"
+#include "ui/windows/about.h"
 #include "ui/windows/control_ids.h"
+#include "ui/windows/dialogs.h"
+#include "ui/windows/input_box.h"
 #include "ui/windows/main_window.h"
 #include "ui/windows/splash.h"
 
@@ -42,9 +45,7 @@ BOOL CALLBACK CompareTitle(HWND window, LPARAM parameter) {
 }
 
 int ShowBox(const std::wstring& text, UINT style) {
-    const HWND main = OwnWindow(kMainWindowClass);
-    const HWND owner = main != nullptr && IsWindowVisible(main) ? main : nullptr;
-    return MessageBoxW(owner, text.c_str(), shell.title.c_str(), style);
+    return MessageBoxW(DialogOwner(), text.c_str(), shell.title.c_str(), style);
 }
 
 void ShowWarningBox(const std::wstring& text) {
@@ -57,6 +58,14 @@ void ShowPlainBox(const std::wstring& text) {
 
 bool AskYesNo(const std::wstring& text) {
     return ShowBox(text, MB_YESNO | MB_ICONQUESTION) == IDYES;
+}
+
+bool AskIrreversible(const std::wstring& text) {
+    return ShowBox(text, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
+}
+
+bool AskOkCancel(const std::wstring& text) {
+    return ShowBox(text, MB_OKCANCEL | MB_ICONQUESTION) == IDOK;
 }
 
 // Repaints, and answers other programs; input stays waiting, so that no command begins inside of
@@ -108,8 +117,12 @@ Screen WindowsScreen() {
     screen.showWarningBox = ShowWarningBox;
     screen.showPlainBox = ShowPlainBox;
     screen.askYesNo = AskYesNo;
+    screen.askIrreversible = AskIrreversible;
+    screen.askOkCancel = AskOkCancel;
+    screen.askText = AskText;
+    screen.showAbout = [](const std::wstring& heading) { ShowAbout(heading); };
     screen.processPendingMessages = ProcessPendingMessages;
-    screen.showSplash = ShowSplash;
+    screen.showSplash = [](const std::wstring& title) { ShowSplash(title); };
     screen.unloadSplash = UnloadSplash;
     screen.activateRunningInstance = ActivateRunningInstance;
     FillMainWindowProcedures(screen);

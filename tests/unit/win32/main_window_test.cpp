@@ -358,25 +358,12 @@ TEST(MainWindowWindow, EndOfTheSessionSavesTheSettings) {
 
 TEST(MainWindowWindow, GreyedAndUnknownCommandsDoNothing) {
     const OpenWindow open;
+    open.SetSelected(0, false);
     for (const WPARAM id : {WPARAM{ME_SectionRemove}, WPARAM{7}, WPARAM{0}}) {
         SendMessageW(open.window, WM_COMMAND, id, 0);
     }
     EXPECT_TRUE(IsWindow(open.window));
     EXPECT_EQ(open.Rows(), 14);
-}
-
-TEST(SplashWindow, ShowsTitleAndVersionOnTopAndGoes) {
-    const test::RecordingScreen kept;
-    shell.screen = WindowsScreen();
-    shell.screen.unloadSplash();
-    shell.screen.showSplash(L"Corvane JBP");
-    const HWND splash = OwnWindow(kSplashClass);
-    ASSERT_NE(splash, nullptr);
-    EXPECT_EQ(WindowText(GetDlgItem(splash, LB_Title)), L"Corvane JBP");
-    EXPECT_EQ(WindowText(GetDlgItem(splash, LB_Version)), L"Version 1.0");
-    EXPECT_NE(GetWindowLongPtrW(splash, GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
-    shell.screen.unloadSplash();
-    EXPECT_EQ(OwnWindow(kSplashClass), nullptr);
 }
 
 }  // namespace

@@ -1,0 +1,61 @@
+// The About box of the real program.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/ui/driver.h"
+#include "tests/unit/support.h"
+#include "ui/commands/commands.h"
+#include "ui/windows/control_ids.h"
+
+namespace corvane::ui {
+namespace {
+
+using test::Narrow;
+
+struct AboutUi : testing::Test {
+    Settings settings;
+    Installation installation;
+
+    static std::string Text(HWND box, int id) { return Narrow(TextOf(GetDlgItem(box, id))); }
+};
+
+TEST_F(AboutUi, TellsTitleVersionAndNoticeAndNoWarning) {
+    const Program program(installation, L"/mil");
+    const HWND main = program.Main();
+    ASSERT_NE(main, nullptr);
+    Choose(main, ME_HelpAbout);
+    const HWND box = program.Window(L"FM_About");
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(Narrow(TextOf(box)), "About");
+    EXPECT_EQ(Text(box, LB_Title), "Corvane MIL");
+    EXPECT_EQ(Text(box, LB_Version), "Corvane MILv1.0");
+    EXPECT_NE(Text(box, TX_Notice).find("warranty"), std::string::npos);
+    EXPECT_FALSE(IsWindowVisible(GetDlgItem(box, LB_Warning1)));
+    EXPECT_FALSE(IsWindowVisible(GetDlgItem(box, LB_Warning2)));
+    EXPECT_EQ(GetWindow(box, GW_OWNER), main);
+    EXPECT_FALSE(IsWindowEnabled(main));
+    EXPECT_TRUE(PressButton(box, BT_Ok));
+    EXPECT_TRUE(IsWindowEnabled(main));
+}
+
+TEST_F(AboutUi, ClosesByEnterEscAndTheCloseButton) {
+    const Program program(installation);
+    const HWND main = program.Main();
+    ASSERT_NE(main, nullptr);
+    for (const WPARAM key : {WPARAM{VK_RETURN}, WPARAM{VK_ESCAPE}, WPARAM{0}}) {
+        Choose(main, ME_HelpAbout);
+        const HWND box = program.Window(L"FM_About");
+        ASSERT_NE(box, nullptr);
+        ASSERT_TRUE(WaitUntil([&] { return FocusOf(box) == GetDlgItem(box, BT_Ok); }));
+        if (key == 0) {
+            PostMessageW(box, WM_CLOSE, 0, 0);
+        } else {
+            PressKey(FocusOf(box), key);
+        }
+        EXPECT_TRUE(HasClosed(box)) << key;
+    }
+}
+
+}  // namespace
+}  // namespace corvane::ui

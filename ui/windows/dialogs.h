@@ -1,0 +1,54 @@
+// Modal windows of the program's own: a caption, controls in the message font, and the keys of a
+// dialog (Tab, Enter for the default button, Esc). They scale with the screen that they are on.
+#pragma once
+
+#include <string>
+
+#include "platform/win32/win32.h"
+
+namespace corvane {
+
+// One kind of dialog. `contents` is what RunDialog was given.
+struct DialogKind {
+    const wchar_t* className;
+    // The control that has the focus at first; the text of a field is selected.
+    int firstFocus;
+    // Adds the controls, in the order of the Tab key; IDOK is the default button.
+    void (*addControls)(HWND window, void* contents);
+    // Places the controls, all of which have the message font of the resolution, and returns the
+    // size that the client area must have.
+    SIZE (*place)(HWND window, void* contents, UINT dpi);
+    // The user pressed OK.
+    void (*accept)(HWND window, void* contents);
+    // The background of a label, and its text's colour; null where the system decides.
+    HBRUSH (*colour)(HWND label, HDC dc);
+};
+
+// Shows the dialog in the middle of its owner, the main window, and returns when the user has
+// closed it: true with OK.
+bool RunDialog(const DialogKind& kind, const std::wstring& caption, void* contents);
+
+// The main window, when it can be seen; else null, and a box belongs to nobody.
+HWND DialogOwner();
+
+struct DialogControl {
+    int id;
+    const wchar_t* windowClass;
+    std::wstring text;
+    DWORD style;  // WS_CHILD is added
+    DWORD exStyle = 0;
+};
+HWND AddControl(HWND window, const DialogControl& control);
+void PlaceControl(HWND window, int id, const RECT& place);
+// Size of a control's text, in its font, on one line.
+SIZE ControlTextSize(HWND window, int id);
+// Height for a control's text, in its font, wrapped to a width; at most half of the screen's, so
+// that a text of any length leaves the buttons in view.
+int HeightForText(HWND window, int id, int width);
+
+// Places the push buttons in a row that ends at the right and bottom of `area`, the last one at the
+// right.
+void PlaceButtons(HWND window, std::initializer_list<int> ids, const RECT& area, UINT dpi);
+SIZE ButtonSize(HWND window, int id, UINT dpi);
+
+}  // namespace corvane
