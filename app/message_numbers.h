@@ -97,6 +97,10 @@
     X(kMsgUnexpectedFault, 3502)        \
     X(kMsgResultLegend, 3503)           \
     X(kMsgTextNotWritten, 3504)         \
+    X(kMsgBackupNotWritten, 3505)       \
+    X(kMsgBackupIsTheFile, 3506)        \
+    X(kMsgFileTakenAway, 3507)          \
+    X(kMsgFileNotRemoved, 3508)         \
     X(kMsgNoModelNumberLeft, 3510)      \
     X(kMsgNotImplemented, 3515)         \
     X(kMsgLegalNotice, 3520)            \

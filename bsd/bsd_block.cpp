@@ -69,7 +69,10 @@ bool LoadBsdFromDatabase(const std::wstring& path, BasicShipData& bsd) {
 }
 
 bool SaveBsdToDatabase(const std::wstring& path, BasicShipData& bsd) {
-    if (!FileExists(path)) return false;
+    const system::ErrorNumber readable = AwaitReadable(path);
+    if (readable == system::kErrorFileNotFound || readable == system::kErrorPathNotFound) {
+        return false;
+    }
     if (IsReadOnlyFile(path)) {
         ShowWarning(path + L" is read only!");
         return false;

@@ -15,17 +15,14 @@
 namespace corvane {
 namespace {
 
-using system::ErrorNumber;
 using system::kErrorNone;
-
-void ReportFault(const std::wstring& path, ErrorNumber error) {
-    ReportMessage(kMsgTextNotWritten, {path, system::ErrorText(error)});
-}
 
 // ---- The file ----------------------------------------------------------------------------------
 
-// Opens the database that is to be edited. What is no database is reported.
+// Opens the database that is to be edited, be it that another program holds it for a moment. What
+// is no database is reported.
 bool OpenDatabase(TextReader& reader, const std::wstring& path) {
+    AwaitReadable(path);
     if (OpenText(reader, path) && IsDatabase(reader)) return true;
     if (reader.error == kErrorNone) {
         ReportMessage(kMsgNoDatabase, {path});
@@ -33,7 +30,7 @@ bool OpenDatabase(TextReader& reader, const std::wstring& path) {
                reader.error == system::kErrorPathNotFound) {
         ReportMessage(kMsgFileMissing, {path});
     } else {
-        ReportFault(path, reader.error);
+        ReportTextNotWritten(path, reader.error);
     }
     return false;
 }
@@ -60,7 +57,7 @@ bool MoveToWritableFile(std::wstring& path) {
     if (system::AbsolutePath(target) != system::AbsolutePath(path)) {
         const ReplaceResult copied = PutCopy(path, target);
         if (!copied.Done()) {
-            ReportFault(target, copied.error);
+            ReportTextNotWritten(target, copied.error);
             return false;
         }
     }
@@ -99,7 +96,7 @@ int32_t NextNumber(TextReader& reader) {
 int32_t NextNumberOrReport(TextReader& reader, const std::wstring& path) {
     const int32_t number = NextNumber(reader);
     if (reader.error != kErrorNone) {
-        ReportFault(path, reader.error);
+        ReportTextNotWritten(path, reader.error);
     } else if (number == 0) {
         ReportMessage(kMsgNoModelNumberLeft, {path});
     }
@@ -118,8 +115,7 @@ bool CopyToBlock(TextReader& reader, TextWriter& writer, int32_t number) {
 }
 
 bool AbandonForMissingModel(Rewrite& rewrite, int32_t number) {
-    CloseText(rewrite.writer);
-    KillFile(rewrite.temporary);
+    AbandonRewrite(rewrite);
     ReportMessage(kMsgModelMissing, {number, rewrite.target});
     return false;
 }

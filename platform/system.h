@@ -81,10 +81,13 @@ ErrorNumber CopyAttributes(const std::wstring& from, const std::wstring& to);
 ErrorNumber RemoveFile(const std::wstring& path);
 // Copies the bytes of a file; fails when `to` exists and `overwrite` is false.
 ErrorNumber CopyBytes(const std::wstring& from, const std::wstring& to, bool overwrite);
-// Renames a file on one volume, replacing `to`, and waits until the disk has it.
+// Renames a file on one volume, replacing `to`, and waits until the disk has it. Once the file is
+// in place there is no failure any more: should the disk be late, it holds the old text, whole.
 ErrorNumber RenameOver(const std::wstring& from, const std::wstring& to);
-// Puts `replacement` in the place of an existing `target`; the old text goes to `backup`. Works
-// where a reader that permits deletion holds the target open. Absolute paths only.
+// Puts `replacement` in the place of an existing `target`. Works where a reader that permits
+// deletion holds the target open. The old text goes to `backup`, or is gone, where the system can
+// exchange the files in one step. After a failure `target` may be missing; its text then stands in
+// `backup`. Absolute paths only.
 ErrorNumber SwapIn(const std::wstring& target, const std::wstring& replacement,
                    const std::wstring& backup);
 ErrorNumber MakeDirectory(const std::wstring& path);
@@ -100,7 +103,7 @@ std::wstring AbsolutePath(const std::wstring& path);
 // The folder for temporary files, with a trailing "\". Empty on failure.
 std::wstring TemporaryDirectory();
 // A new unique name in `directory` that begins with the first three characters of `prefix`; an
-// empty file of that name is created.
+// empty file of that name is created. `name` is empty after a failure.
 ErrorNumber NewTemporaryName(const std::wstring& directory, const std::wstring& prefix,
                              std::wstring& name);
 // The full path of the running program's file.

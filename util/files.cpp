@@ -18,8 +18,8 @@ constexpr wchar_t kTemporaryPrefix[] = L"Corvane";
 
 constexpr size_t kCopyBufferSize = 64 * 1024;
 
-// Pauses between the attempts to rename over a file that another program holds: a second in all.
-constexpr std::array kRenameDelays_ms = {10, 30, 60, 120, 240, 540};
+// Pauses between the attempts at a file that another program holds: a second in all.
+constexpr std::array kDelays_ms = {10, 30, 60, 120, 240, 540};
 
 bool IsHeldByAnother(ErrorNumber error) {
     return error == system::kErrorAccessDenied || error == system::kErrorSharingViolation ||
@@ -61,35 +61,53 @@ ErrorNumber CopyBeside(const std::wstring& temporary, const std::wstring& target
     return error;
 }
 
-ErrorNumber RenamePatiently(const std::wstring& from, const std::wstring& to) {
-    ErrorNumber error = system::RenameOver(from, to);
-    for (const int delay : kRenameDelays_ms) {
-        if (!IsHeldByAnother(error)) break;
+// Calls again, after a pause, as long as the error is one of those that may pass.
+template <class Call>
+ErrorNumber CallPatiently(bool (*mayPass)(ErrorNumber), Call call) {
+    ErrorNumber error = call();
+    for (const int delay : kDelays_ms) {
+        if (!mayPass(error)) break;
         system::SleepFor(delay);
-        error = system::RenameOver(from, to);
+        error = call();
     }
     return error;
+}
+
+ErrorNumber RenamePatiently(const std::wstring& from, const std::wstring& to) {
+    return CallPatiently(IsHeldByAnother, [&] { return system::RenameOver(from, to); });
+}
+
+// Whether a file of that name is known to be there, be it one that can't be opened.
+bool IsThere(const std::wstring& path) {
+    system::FileStatus status;
+    return system::GetFileStatus(path, status) == kErrorNone && status.exists;
+}
+
+void RemoveOrTell(const std::wstring& path, ReplaceResult& result) {
+    if (RemoveOwnFile(path) != kErrorNone) result.leftOver = path;
 }
 
 // The way for a target that a reader holds for good. The old text stands under the backup name
-// until the new one is in place.
-ErrorNumber SwapWithBackup(const std::wstring& copy, const std::wstring& target) {
+// until the new one is in place; it is not removed unless the target has one of the two.
+void SwapWithBackup(const std::wstring& copy, const std::wstring& target, ReplaceResult& result) {
     std::wstring backup;
-    ErrorNumber error = system::NewTemporaryName(DirectoryOf(target), kTemporaryPrefix, backup);
-    if (error != kErrorNone) return error;
-    KillFile(backup);  // only its name is wanted
-    error = system::SwapIn(target, copy, backup);
-    if (error == kErrorNone) KillFile(backup);
-    return error;
+    result.error = system::NewTemporaryName(DirectoryOf(target), kTemporaryPrefix, backup);
+    if (result.error != kErrorNone) return;
+    result.error = system::SwapIn(target, copy, backup);
+    // A swap that stopped halfway has taken the old text away: it goes back.
+    if (result.Done() || IsThere(target) || RenamePatiently(backup, target) == kErrorNone) {
+        RemoveOrTell(backup, result);
+    } else {
+        result.oldText = backup;
+    }
 }
 
-ErrorNumber PutInPlace(const std::wstring& copy, const std::wstring& target, bool targetExists) {
-    if (targetExists) {
-        const ErrorNumber error = system::CopyAttributes(target, copy);
-        if (error != kErrorNone) return error;
-    }
-    const ErrorNumber error = RenamePatiently(copy, target);
-    return targetExists && IsHeldByAnother(error) ? SwapWithBackup(copy, target) : error;
+void PutInPlace(const std::wstring& copy, const std::wstring& target, bool targetExists,
+                ReplaceResult& result) {
+    if (targetExists) result.error = system::CopyAttributes(target, copy);
+    if (!result.Done()) return;
+    result.error = RenamePatiently(copy, target);
+    if (targetExists && IsHeldByAnother(result.error)) SwapWithBackup(copy, target, result);
 }
 
 }  // namespace
@@ -124,34 +142,61 @@ void KillFile(const std::wstring& path) {
     if (error != kErrorNone) ReportDebugError(L"ExKill " + path, error);
 }
 
-std::wstring TempFileName() {
+ErrorNumber AwaitReadable(const std::wstring& path) {
+    const auto isLocked = [](ErrorNumber error) {
+        return error == system::kErrorSharingViolation || error == system::kErrorLockViolation;
+    };
+    return CallPatiently(isLocked, [&] {
+        system::File file;
+        const ErrorNumber error = system::OpenForReading(path, file);
+        system::CloseFile(file);
+        return error;
+    });
+}
+
+ErrorNumber RemoveOwnFile(const std::wstring& path) {
+    const auto isThere = [](ErrorNumber error) {
+        return error != kErrorNone && error != system::kErrorFileNotFound;
+    };
+    const ErrorNumber error = CallPatiently(isThere, [&] { return system::RemoveFile(path); });
+    if (!isThere(error)) return kErrorNone;
+    ReportDebugError(L"ExKill " + path, error);
+    return error;
+}
+
+ErrorNumber NewTemporaryFile(std::wstring& path) {
+    path.clear();
     const std::wstring directory = system::TemporaryDirectory();
-    if (directory.empty()) return {};
+    if (directory.empty()) return system::kErrorPathNotFound;
+    return system::NewTemporaryName(directory, kTemporaryPrefix, path);
+}
+
+std::wstring TempFileName() {
     std::wstring name;
-    if (system::NewTemporaryName(directory, kTemporaryPrefix, name) != kErrorNone) return {};
-    KillFile(name);
+    if (NewTemporaryFile(name) == kErrorNone) KillFile(name);
     return name;
 }
 
 ReplaceResult PutCopy(const std::wstring& source, const std::wstring& target) {
+    ReplaceResult result;
     const std::wstring path = system::AbsolutePath(target);
     assert(system::AbsolutePath(source) != path);
     system::FileStatus status;
-    ErrorNumber error = system::GetFileStatus(path, status);
-    if (error != kErrorNone) return {error};
+    result.error = system::GetFileStatus(path, status);
     if (status.exists && (status.isReadOnly || status.isDirectory)) {
-        return {system::kErrorAccessDenied};
+        result.error = system::kErrorAccessDenied;
     }
+    if (!result.Done()) return result;
     std::wstring copy;
-    error = CopyBeside(source, path, copy);
-    if (error == kErrorNone) error = PutInPlace(copy, path, status.exists);
-    if (error != kErrorNone && !copy.empty()) KillFile(copy);
-    return {error};
+    result.error = CopyBeside(source, path, copy);
+    if (result.Done()) PutInPlace(copy, path, status.exists, result);
+    if (!result.Done() && !copy.empty()) RemoveOrTell(copy, result);
+    return result;
 }
 
 ReplaceResult ReplaceFile(const std::wstring& temporary, const std::wstring& target) {
-    const ReplaceResult result = PutCopy(temporary, target);
-    if (result.Done()) KillFile(temporary);
+    ReplaceResult result = PutCopy(temporary, target);
+    if (result.Done()) RemoveOrTell(temporary, result);
     return result;
 }
 

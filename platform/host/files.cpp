@@ -50,15 +50,14 @@ ErrorNumber NativePaths(const std::wstring& from, const std::wstring& to, std::s
     return error != kErrorNone ? error : NativePath(to, nativeTo);
 }
 
-// A rename is on the disk only when its folder is.
-ErrorNumber FlushFolderOf(const std::string& native) {
+// A rename is on the disk only when its folder is. Not every file system can flush a folder.
+void FlushFolderOf(const std::string& native) {
     const size_t slash = native.rfind('/');
     const std::string folder = slash == std::string::npos ? "." : native.substr(0, slash + 1);
     const int handle = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle == -1) return ErrorOf(-1);
-    const ErrorNumber error = ErrorOf(fsync(handle));
+    if (handle == -1) return;
+    fsync(handle);
     close(handle);
-    return error;
 }
 
 ErrorNumber CopyAll(File from, File to) {
@@ -110,6 +109,7 @@ ErrorNumber WriteBytes(File file, const void* bytes, size_t count) {
         const ssize_t written = write(HandleOf(file), next, count);
         if (written == -1 && errno == EINTR) continue;
         if (written == -1) return ErrorOf(-1);
+        if (written == 0) return kErrorDiskFull;
         next += written;
         count -= static_cast<size_t>(written);
     }
@@ -204,7 +204,8 @@ ErrorNumber RenameOver(const std::wstring& from, const std::wstring& to) {
     if (error != kErrorNone) return error;
     if (IsReadOnly(nativeTo)) return kErrorAccessDenied;
     if (rename(nativeFrom.c_str(), nativeTo.c_str()) == -1) return ErrorOfPath(-1, nativeTo);
-    return FlushFolderOf(nativeTo);
+    FlushFolderOf(nativeTo);
+    return kErrorNone;
 }
 
 ErrorNumber SwapIn(const std::wstring& target, const std::wstring& replacement,
@@ -223,7 +224,9 @@ ErrorNumber SwapIn(const std::wstring& target, const std::wstring& replacement,
     if (link(nativeTarget.c_str(), nativeBackup.c_str()) == -1) {
         return ErrorOfPath(-1, nativeBackup);
     }
-    return RenameOver(replacement, target);
+    const ErrorNumber renaming = RenameOver(replacement, target);
+    if (renaming != kErrorNone) unlink(nativeBackup.c_str());
+    return renaming;
 }
 
 ErrorNumber MakeDirectory(const std::wstring& path) {

@@ -106,10 +106,17 @@ ErrorNumber NewTemporaryName(const std::wstring& directory, const std::wstring& 
         std::snprintf(digits.data(), digits.size(), "%04X.tmp", number);
         name = folder + prefix.substr(0, 3) + WideFromUtf8(digits.data());
         File file;
-        const ErrorNumber error = CreateNewForWriting(name, file);
-        if (error == kErrorNone) return CloseFile(file);
-        if (error != kErrorFileExists) return error;
+        ErrorNumber error = CreateNewForWriting(name, file);
+        if (error == kErrorFileExists) continue;
+        if (error == kErrorNone) {
+            error = CloseFile(file);
+            if (error == kErrorNone) return kErrorNone;
+            RemoveFile(name);
+        }
+        name.clear();
+        return error;
     }
+    name.clear();  // it is another's
     return kErrorFileExists;
 }
 

@@ -55,10 +55,17 @@ ErrorNumber NewTemporaryName(const std::wstring& directory, const std::wstring& 
         swprintf(digits, 8, L"%04X", number);
         name = folder + prefix.substr(0, 3) + digits + L".tmp";
         File file;
-        const ErrorNumber error = CreateNewForWriting(name, file);
-        if (error == kErrorNone) return CloseFile(file);
-        if (error != kErrorFileExists) return error;
+        ErrorNumber error = CreateNewForWriting(name, file);
+        if (error == kErrorFileExists) continue;
+        if (error == kErrorNone) {
+            error = CloseFile(file);
+            if (error == kErrorNone) return kErrorNone;
+            RemoveFile(name);
+        }
+        name.clear();
+        return error;
     }
+    name.clear();  // it is another's
     return kErrorFileExists;
 }
 

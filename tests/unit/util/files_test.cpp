@@ -151,6 +151,44 @@ TEST(TempFileName, LiesInTheTemporaryFolderUnderTheProgramsLetters) {
     EXPECT_EQ(FileNameOf(name).substr(0, 3), L"Cor");
 }
 
+TEST(NewTemporaryFile, MakesAnEmptyFile) {
+    std::wstring path;
+    ASSERT_EQ(NewTemporaryFile(path), system::kErrorNone);
+    EXPECT_EQ(ReadFileBytes(path), "");
+    EXPECT_EQ(RemoveOwnFile(path), system::kErrorNone);
+    EXPECT_FALSE(FileExists(path));
+}
+
+TEST(AwaitReadable, TellsWhyNotAtOnce) {
+    const TemporaryFolder folder;
+    WriteFileBytes(folder.File(L"ship.ve2"), "");
+    const int64_t start = system::Milliseconds();
+    EXPECT_EQ(AwaitReadable(folder.File(L"ship.ve2")), system::kErrorNone);
+    EXPECT_EQ(AwaitReadable(folder.File(L"none.ve2")), system::kErrorFileNotFound);
+    EXPECT_EQ(AwaitReadable(folder.File(L"none\\none.ve2")), system::kErrorPathNotFound);
+    EXPECT_EQ(AwaitReadable(L""), system::kErrorPathNotFound);
+    EXPECT_EQ(AwaitReadable(StripTrailingBackslash(folder.path)), system::kErrorAccessDenied);
+    EXPECT_LT(system::Milliseconds() - start, 900);
+}
+
+TEST(RemoveOwnFile, MissingFileIsNoError) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(RemoveOwnFile(folder.File(L"none")), system::kErrorNone);
+}
+
+TEST(RemoveOwnFile, FileThatStaysIsReportedInDebugMode) {
+    const RecordingScreen screen;
+    shell.debugMode = true;
+    const TemporaryFolder folder;
+    const std::wstring path = folder.File(L"kept");
+    WriteFileBytes(path, "");
+    ASSERT_EQ(system::SetReadOnly(path, true), system::kErrorNone);
+    EXPECT_EQ(RemoveOwnFile(path), system::kErrorAccessDenied);
+    ASSERT_EQ(RecordingScreen::Of("plain").size(), 1U);
+    const std::string expected = "ExKill " + Narrow(path) + " 5 ";
+    EXPECT_EQ(RecordingScreen::Of("plain")[0].substr(0, expected.size()), expected);
+}
+
 // ---- Replacing ---------------------------------------------------------------------------------
 
 struct Replacing {

@@ -87,5 +87,21 @@ TEST(FileExtension, TableOfNames) {
     EXPECT_EQ(FileExtension(L"C:\\rev1.2\\Ship"), L"2\\ship");
 }
 
+TEST(BackupPath, ExtensionGivesWay) {
+    EXPECT_EQ(BackupPath(L"C:\\data\\ship.ve2"), L"C:\\data\\ship.bak");
+    EXPECT_EQ(BackupPath(L"ship.ve2"), L"ship.bak");
+    EXPECT_EQ(BackupPath(L"my.ship.ve2"), L"my.ship.bak");
+    EXPECT_EQ(BackupPath(L"  ship.ve2  "), L"ship.bak");
+}
+
+TEST(BackupPath, NameWithoutAPointIsKeptWhole) {
+    EXPECT_EQ(BackupPath(L"C:\\data\\ship"), L"C:\\data\\ship.bak");
+    EXPECT_EQ(BackupPath(L""), L".bak");
+}
+
+TEST(BackupPath, LastPointCountsEvenInAFolderName) {
+    EXPECT_EQ(BackupPath(L"C:\\rev1.2\\ship"), L"C:\\rev1.bak");
+}
+
 }  // namespace
 }  // namespace corvane

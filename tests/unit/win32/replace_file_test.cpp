@@ -121,5 +121,46 @@ TEST(KillFile, FileThatCannotBeDeletedIsReportedInDebugMode) {
     EXPECT_EQ(RecordingScreen::Of("plain")[0].substr(0, expected.size()), expected);
 }
 
+TEST(AwaitReadable, WaitsForAProgramThatHoldsTheFileAWhile) {
+    const Replacing files;
+    HANDLE held = files.Hold(0);
+    ASSERT_NE(held, INVALID_HANDLE_VALUE);
+    std::thread other([held] {
+        Sleep(200);
+        CloseHandle(held);
+    });
+    EXPECT_EQ(AwaitReadable(files.target), system::kErrorNone);
+    other.join();
+    held = files.Hold(0);
+    EXPECT_EQ(AwaitReadable(files.target), system::kErrorSharingViolation);
+    CloseHandle(held);
+}
+
+TEST(RemoveOwnFile, WaitsForAProgramThatHoldsTheFileAWhile) {
+    const Replacing files;
+    HANDLE held = files.Hold(FILE_SHARE_READ);
+    ASSERT_NE(held, INVALID_HANDLE_VALUE);
+    std::thread other([held] {
+        Sleep(200);
+        CloseHandle(held);
+    });
+    EXPECT_EQ(RemoveOwnFile(files.target), system::kErrorNone);
+    other.join();
+    EXPECT_TRUE(FilesIn(files.folder.path).empty());
+}
+
+TEST(ReplaceFile, TemporaryThatCanNotBeRemovedIsNamed) {
+    const Replacing files;
+    HANDLE held =
+        CreateFileW(files.temporary.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(held, INVALID_HANDLE_VALUE);
+    const ReplaceResult result = ReplaceFile(files.temporary, files.target);
+    CloseHandle(held);
+    EXPECT_TRUE(result.Done());
+    EXPECT_EQ(result.leftOver, files.temporary);
+    EXPECT_EQ(ReadFileBytes(files.target), "new");
+}
+
 }  // namespace
 }  // namespace corvane
