@@ -152,6 +152,10 @@ std::wstring RawCommandLine();
 // process of the user's session holds it. The name is made from the program's path, so that a copy
 // elsewhere is another program.
 bool ClaimSingleInstance();
+// Why the last call of the system failed, for what a companion library has called; kErrorNone when
+// nothing has failed since ClearLastError.
+ErrorNumber LastError();
+void ClearLastError();
 // Milliseconds since some moment in the past.
 int64_t Milliseconds();
 void SleepFor(int milliseconds);

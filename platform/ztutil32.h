@@ -7,6 +7,13 @@
 
 #include "platform/companion.h"
 
+namespace corvane {
+
+// A result of ShellAndWait.
+inline constexpr int16_t kProgramCrashed = -2;
+
+}  // namespace corvane
+
 extern "C" {
 
 // Version of the library; the shell asks for 3.73 or more.
@@ -32,7 +39,8 @@ void CORVANE_STDCALL LoginName(char* buffer, int32_t size);
 // Starts `commandLine` and returns when the started program has ended. The program file is the
 // text up to the first ".exe" that a blank or the end follows, so a folder with blanks in its name
 // needs no quotes. `windowStyle` is a show-window code, 0 no preference. While it waits the
-// calling thread's windows go on painting, but take no input. False: nothing was started.
+// calling thread's windows go on painting, but take no input. False: nothing was started, and the
+// system's last error tells why. kProgramCrashed: it was started, and a fault of its own ended it.
 int16_t CORVANE_STDCALL ShellAndWait(const char* commandLine, int16_t windowStyle);
 
 // Asks the user for a file name.

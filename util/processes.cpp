@@ -26,13 +26,17 @@ std::wstring FromLibraryBuffer(const std::string& bytes) {
     return CutAtNul(system::WideFromAnsi(bytes));
 }
 
-system::ErrorNumber RunToItsEnd(const std::wstring& commandLine, int16_t windowStyle) {
+RunResult RunToItsEnd(const std::wstring& commandLine, int16_t windowStyle) {
+    const std::string bytes = system::AnsiFromWide(commandLine);
     SetChildRunning(true);
-    const bool hasRun = ShellAndWait(system::AnsiFromWide(commandLine).c_str(), windowStyle) != 0;
+    system::ClearLastError();
+    const int16_t result = ShellAndWait(bytes.c_str(), windowStyle);
+    const system::ErrorNumber lastError = system::LastError();
     SetChildRunning(false);
-    if (hasRun) return system::kErrorNone;
-    // The library itself does not say why; mostly there is no such program.
-    return ShellAndWait.error != 0 ? ShellAndWait.error : system::kErrorFileNotFound;
+    if (result != 0) return {system::kErrorNone, result == kProgramCrashed};
+    if (ShellAndWait.error != system::kErrorNone) return {ShellAndWait.error};
+    // A library that does not say why: mostly there is no such program.
+    return {lastError != system::kErrorNone ? lastError : system::kErrorFileNotFound};
 }
 
 }  // namespace
@@ -49,7 +53,8 @@ bool ChildRunning() {
     return IsChildRunning();
 }
 
-bool RunAndWait(const std::wstring& commandLine, int16_t windowStyle, const std::wstring& workDir) {
+RunResult RunAndWait(const std::wstring& commandLine, int16_t windowStyle,
+                     const std::wstring& workDir) {
     SetChildRunning(false);
     SetBusyPointer();
     std::wstring remembered;
@@ -57,11 +62,11 @@ bool RunAndWait(const std::wstring& commandLine, int16_t windowStyle, const std:
         remembered = system::CurrentDirectory();
         ChangeToDirectory(workDir);
     }
-    const system::ErrorNumber error = RunToItsEnd(commandLine, windowStyle);
+    const RunResult result = RunToItsEnd(commandLine, windowStyle);
     if (!workDir.empty()) ChangeToDirectory(remembered);
     ResetMousePointer();
-    if (error != system::kErrorNone) ReportDebugError(L"ExShell (" + commandLine + L")", error);
-    return error == system::kErrorNone;
+    if (!result.HasRun()) ReportDebugError(L"ExShell (" + commandLine + L")", result.error);
+    return result;
 }
 
 std::wstring PromptForFileName(FilePrompt& prompt) {

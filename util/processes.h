@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/system.h"
+
 namespace corvane {
 
 // The screen's pointer: the hourglass, and back to the default.
@@ -13,11 +15,18 @@ void ResetMousePointer();
 // True exactly while RunAndWait's program runs.
 bool ChildRunning();
 
+// What is known of a program that was run.
+struct RunResult {
+    system::ErrorNumber error = system::kErrorNone;  // why nothing was started
+    bool crashed = false;                            // a fault of its own ended it
+    bool HasRun() const { return error == system::kErrorNone; }
+};
+
 // Runs a program and returns when it has ended, with the hourglass meanwhile. `workDir`, when not
-// empty, is the current directory during the run. False when nothing was started; the debug report
-// then gets the context "ExShell (" commandLine ")".
-bool RunAndWait(const std::wstring& commandLine, int16_t windowStyle,
-                const std::wstring& workDir = {});
+// empty, is the current directory during the run. When nothing was started the debug report gets
+// the context "ExShell (" commandLine ")".
+RunResult RunAndWait(const std::wstring& commandLine, int16_t windowStyle,
+                     const std::wstring& workDir = {});
 
 // The texts of the file prompt; the library may change them all.
 struct FilePrompt {

@@ -1,6 +1,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 
+#include <cerrno>
 #include <cstdlib>
 
 #include "platform/host/native.h"
@@ -30,6 +31,14 @@ std::wstring RawCommandLine() {
 bool ClaimSingleInstance() {
     static const bool claimed = ClaimLockFile();
     return claimed;
+}
+
+ErrorNumber LastError() {
+    return errno == 0 ? kErrorNone : ErrorFromErrno(errno);
+}
+
+void ClearLastError() {
+    errno = 0;
 }
 
 }  // namespace corvane::system

@@ -32,4 +32,12 @@ bool ClaimSingleInstance() {
     return claimed;
 }
 
+ErrorNumber LastError() {
+    return GetLastError();
+}
+
+void ClearLastError() {
+    SetLastError(ERROR_SUCCESS);
+}
+
 }  // namespace corvane::system

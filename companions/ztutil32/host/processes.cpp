@@ -62,6 +62,7 @@ CORVANE_EXPORT int16_t CORVANE_STDCALL ShellAndWait(const char* commandLine, int
         errno = error;
         return corvane::ztutil::Boolean(false);
     }
-    while (waitpid(child, nullptr, 0) == -1 && errno == EINTR) continue;
-    return corvane::ztutil::Boolean(true);
+    int status = 0;
+    while (waitpid(child, &status, 0) == -1 && errno == EINTR) continue;
+    return WIFSIGNALED(status) ? corvane::kProgramCrashed : corvane::ztutil::Boolean(true);
 }

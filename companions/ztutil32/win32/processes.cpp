@@ -55,6 +55,14 @@ void WaitForEnd(HANDLE process) {
     if (quit.isPending) PostQuitMessage(quit.exitCode);
 }
 
+// Whether an exception that nobody handled ended the process: its number is the exit code then,
+// with the two bits of an error set.
+bool HasCrashed(HANDLE process) {
+    constexpr DWORD kErrorBits = 0xC0000000;
+    DWORD exitCode = 0;
+    return GetExitCodeProcess(process, &exitCode) != 0 && (exitCode & kErrorBits) == kErrorBits;
+}
+
 // Null when the program can't be started; the system's error tells why.
 HANDLE Start(std::wstring commandLine, int16_t windowStyle) {
     const std::wstring program = corvane::ztutil::ProgramName(std::wstring_view(commandLine));
@@ -87,6 +95,7 @@ CORVANE_EXPORT int16_t CORVANE_STDCALL ShellAndWait(const char* commandLine, int
         return corvane::ztutil::Boolean(false);
     }
     WaitForEnd(process);
+    const bool crashed = HasCrashed(process);
     CloseHandle(process);
-    return corvane::ztutil::Boolean(true);
+    return crashed ? corvane::kProgramCrashed : corvane::ztutil::Boolean(true);
 }

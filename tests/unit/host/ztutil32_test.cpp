@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <string>
 
+#include "platform/system.h"
 #include "platform/ztutil32.h"
 #include "tests/unit/support.h"
 
@@ -58,10 +59,11 @@ TEST(HostPromptTest, VariableAnswers) {
     EXPECT_STREQ(name.data(), "C:\\new.ve2");
 }
 
-// A program in `folder` that writes its arguments, one a line, into "ran" beside itself.
-std::string WriteScript(const test::TemporaryFolder& folder, const std::wstring& name) {
+// A program in `folder`.
+std::string WriteScript(const test::TemporaryFolder& folder, const std::wstring& name,
+                        const std::string& script) {
     const std::wstring path = folder.File(name);
-    test::WriteFileBytes(path, "#!/bin/sh\nfor word; do echo \"$word\"; done > \"${0%/*}/ran\"\n");
+    test::WriteFileBytes(path, "#!/bin/sh\n" + script + "\n");
     std::string native = test::Narrow(path).substr(2);
     for (char& character : native) {
         if (character == '\\') character = '/';
@@ -70,9 +72,32 @@ std::string WriteScript(const test::TemporaryFolder& folder, const std::wstring&
     return test::Narrow(path);
 }
 
+TEST(HostChildProgramTest, EndByASignalIsACrash) {
+    const test::TemporaryFolder folder;
+    const std::string program = WriteScript(folder, L"crash.exe", "kill -SEGV $$");
+    EXPECT_EQ(ShellAndWait(program.c_str(), 0), kProgramCrashed);
+}
+
+TEST(HostChildProgramTest, ExitStatusIsNoCrash) {
+    const test::TemporaryFolder folder;
+    const std::string program = WriteScript(folder, L"fail.exe", "exit 5");
+    EXPECT_EQ(ShellAndWait(program.c_str(), 0), -1);
+}
+
+TEST(HostChildProgramTest, ReasonOfAFailedStartIsLeftForTheCaller) {
+    const test::TemporaryFolder folder;
+    EXPECT_EQ(ShellAndWait(test::Narrow(folder.File(L"missing.exe")).c_str(), 0), 0);
+    EXPECT_EQ(system::LastError(), system::kErrorFileNotFound);
+    test::WriteFileBytes(folder.File(L"text.exe"), "no program");
+    EXPECT_EQ(ShellAndWait(test::Narrow(folder.File(L"text.exe")).c_str(), 0), 0);
+    EXPECT_EQ(system::LastError(), system::kErrorAccessDenied);
+}
+
 TEST(HostChildProgramTest, RunsToItsEndWithItsArguments) {
     const test::TemporaryFolder folder;
-    const std::string program = WriteScript(folder, L"Sect Input.exe");
+    // Writes its arguments, one a line, into "ran" beside itself.
+    const std::string program = WriteScript(folder, L"Sect Input.exe",
+                                            "for word; do echo \"$word\"; done > \"${0%/*}/ran\"");
     EXPECT_EQ(ShellAndWait((program + R"( /mil "C:\My ship.ve2" 3)").c_str(), 0), -1);
     EXPECT_EQ(test::ReadFileBytes(folder.File(L"ran")), "/mil\nC:\\My ship.ve2\n3\n");
 }

@@ -57,7 +57,7 @@ int16_t CORVANE_STDCALL Witness(const char* commandLine, int16_t windowStyle) {
 TEST(RunAndWait, LibraryGetsTheCommandLineAsAnsiAndTheWindowStyle) {
     const RecordingScreen screen;
     const FakeFunction fake(ShellAndWait, Witness<-1>);
-    EXPECT_TRUE(RunAndWait(L"C:\\My été\\bhm.exe \"a b\" 12", 7));
+    EXPECT_TRUE(RunAndWait(L"C:\\My été\\bhm.exe \"a b\" 12", 7).HasRun());
     EXPECT_EQ(seen.commandLine, "C:\\My \xE9t\xE9\\bhm.exe \"a b\" 12");
     EXPECT_EQ(seen.windowStyle, 7);
 }
@@ -65,13 +65,47 @@ TEST(RunAndWait, LibraryGetsTheCommandLineAsAnsiAndTheWindowStyle) {
 TEST(RunAndWait, AnyNonZeroResultIsTrue) {
     const RecordingScreen screen;
     const FakeFunction fake(ShellAndWait, Witness<1>);
-    EXPECT_TRUE(RunAndWait(L"a.exe", 0));
+    const RunResult result = RunAndWait(L"a.exe", 0);
+    EXPECT_TRUE(result.HasRun());
+    EXPECT_FALSE(result.crashed);
+}
+
+TEST(RunAndWait, CrashIsToldFromAnEnd) {
+    const RecordingScreen screen;
+    const FakeFunction fake(ShellAndWait, Witness<kProgramCrashed>);
+    const RunResult result = RunAndWait(L"a.exe", 0);
+    EXPECT_TRUE(result.HasRun());
+    EXPECT_TRUE(result.crashed);
+    EXPECT_FALSE(ChildRunning());
+}
+
+// A library that leaves the system's reason behind, as ours does: it fails to make a file anew.
+std::wstring takenName;
+int16_t CORVANE_STDCALL FailWithAReason(const char*, int16_t) {
+    system::File file;
+    EXPECT_EQ(system::CreateNewForWriting(takenName, file), system::kErrorFileExists);
+    return 0;
+}
+
+TEST(RunAndWait, ReasonOfTheSystemIsTold) {
+    const RecordingScreen screen;
+    const TemporaryFolder folder;
+    takenName = folder.File(L"taken");
+    test::WriteFileBytes(takenName, "");
+    const FakeFunction fake(ShellAndWait, FailWithAReason);
+    EXPECT_EQ(RunAndWait(L"a.exe", 0).error, system::kErrorFileExists);
+}
+
+TEST(RunAndWait, LibraryThatGivesNoReasonHasNotFoundTheProgram) {
+    const RecordingScreen screen;
+    const FakeFunction fake(ShellAndWait, Witness<0>);
+    EXPECT_EQ(RunAndWait(L"a.exe", 0).error, system::kErrorFileNotFound);
 }
 
 TEST(RunAndWait, ChildIsRunningAndPointerBusyExactlyDuringTheRun) {
     const RecordingScreen screen;
     const FakeFunction fake(ShellAndWait, Witness<-1>);
-    EXPECT_TRUE(RunAndWait(L"a.exe", 1));
+    EXPECT_TRUE(RunAndWait(L"a.exe", 1).HasRun());
     EXPECT_TRUE(seen.childRunning);
     EXPECT_EQ(seen.events, (Events{"pointer busy"}));
     EXPECT_FALSE(ChildRunning());
@@ -85,7 +119,7 @@ TEST(RunAndWait, WorkDirIsCurrentDuringTheRunOnly) {
     const TemporaryFolder folder;
     ChangeToDirectory(start.path);
     const FakeFunction fake(ShellAndWait, Witness<-1>);
-    EXPECT_TRUE(RunAndWait(L"a.exe", 1, folder.path));
+    EXPECT_TRUE(RunAndWait(L"a.exe", 1, folder.path).HasRun());
     EXPECT_EQ(Narrow(seen.directory), Narrow(StripTrailingBackslash(folder.path)));
     EXPECT_EQ(Narrow(system::CurrentDirectory()), Narrow(StripTrailingBackslash(start.path)));
 }
@@ -94,7 +128,7 @@ TEST(RunAndWait, WithoutWorkDirTheCurrentDirectoryStays) {
     const RecordingScreen screen;
     const FakeFunction fake(ShellAndWait, Witness<-1>);
     const std::wstring before = system::CurrentDirectory();
-    EXPECT_TRUE(RunAndWait(L"a.exe", 1));
+    EXPECT_TRUE(RunAndWait(L"a.exe", 1).HasRun());
     EXPECT_EQ(seen.directory, before);
     EXPECT_EQ(system::CurrentDirectory(), before);
 }
@@ -106,7 +140,7 @@ TEST(RunAndWait, MissingWorkDirRunsTheProgramWhereItIs) {
     ChangeToDirectory(folder.path);
     const FakeFunction fake(ShellAndWait, Witness<-1>);
     const std::wstring before = system::CurrentDirectory();
-    EXPECT_TRUE(RunAndWait(L"a.exe", 1, folder.File(L"none")));
+    EXPECT_TRUE(RunAndWait(L"a.exe", 1, folder.File(L"none")).HasRun());
     EXPECT_EQ(seen.directory, before);
     EXPECT_EQ(system::CurrentDirectory(), before);
 }
@@ -117,7 +151,7 @@ TEST(RunAndWait, FailureShowsNothingAndPutsEverythingBack) {
     const FakeFunction fake(ShellAndWait, Witness<0>);
     const std::wstring before = system::CurrentDirectory();
     shell.childRunning = true;  // left over
-    EXPECT_FALSE(RunAndWait(L"a.exe", 1, folder.path));
+    EXPECT_FALSE(RunAndWait(L"a.exe", 1, folder.path).HasRun());
     EXPECT_EQ(RecordingScreen::events, (Events{"pointer busy", "pointer reset"}));
     EXPECT_FALSE(ChildRunning());
     EXPECT_EQ(system::CurrentDirectory(), before);
@@ -127,7 +161,7 @@ TEST(RunAndWait, FailureIsReportedInDebugMode) {
     const RecordingScreen screen;
     const FakeFunction fake(ShellAndWait, Witness<0>);
     shell.debugMode = true;
-    EXPECT_FALSE(RunAndWait(L"C:\\none\\none.exe /d a b", 1));
+    EXPECT_FALSE(RunAndWait(L"C:\\none\\none.exe /d a b", 1).HasRun());
     ASSERT_EQ(RecordingScreen::Of("plain").size(), 1U);
     const std::string expected = "ExShell (C:\\none\\none.exe /d a b) 2 ";
     EXPECT_EQ(RecordingScreen::Of("plain")[0].substr(0, expected.size()), expected);
@@ -137,8 +171,8 @@ TEST(RunAndWait, FailureIsReportedInDebugMode) {
 TEST(RunAndWait, ProgramThatIsMissingIsNotStarted) {
     const RecordingScreen screen;
     const TemporaryFolder folder;
-    EXPECT_FALSE(RunAndWait(folder.File(L"none.exe") + L" a b", 1));
-    EXPECT_FALSE(RunAndWait(L"", 0));
+    EXPECT_FALSE(RunAndWait(folder.File(L"none.exe") + L" a b", 1).HasRun());
+    EXPECT_FALSE(RunAndWait(L"", 0).HasRun());
     EXPECT_FALSE(ChildRunning());
 }
 

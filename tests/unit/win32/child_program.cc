@@ -1,6 +1,6 @@
 // A program for tests to start. It writes into "<its own path>.ran" the window style that it was
 // started with, or "none", and its command line; "<its own path>.ended" is its last deed. The
-// argument "sleep" makes it last a while.
+// argument "sleep" makes it last a while, "crash" ends it by a fault before that.
 #include <fstream>
 #include <string>
 
@@ -31,6 +31,9 @@ int main() {
     const std::string commandLine = Bytes(GetCommandLineW());
     std::ofstream(std::wstring(path + L".ran").c_str(), std::ios::binary) << WindowStyle() << '\n'
                                                                           << commandLine;
+    if (commandLine.find(" crash") != std::string::npos) {
+        RaiseException(EXCEPTION_ACCESS_VIOLATION, EXCEPTION_NONCONTINUABLE, 0, nullptr);
+    }
     if (commandLine.find(" sleep") != std::string::npos) Sleep(400);
     std::ofstream(std::wstring(path + L".ended").c_str(), std::ios::binary) << "ended";
     return 0;

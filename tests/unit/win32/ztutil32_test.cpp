@@ -71,6 +71,13 @@ TEST(ChildProgramTest, ReturnsWhenTheProgramHasEnded) {
     EXPECT_TRUE(Exists(child.program + L".ended"));
 }
 
+TEST(ChildProgramTest, FaultOfTheProgramIsToldFromItsEnd) {
+    const ChildInFolderWithBlanks child;
+    EXPECT_EQ(RunChild(child.program + L" crash"), kProgramCrashed);
+    EXPECT_TRUE(Exists(child.program + L".ran"));
+    EXPECT_FALSE(Exists(child.program + L".ended"));
+}
+
 TEST(ChildProgramTest, WindowStyleIsHandedOverUnlessZero) {
     const ChildInFolderWithBlanks child;
     EXPECT_EQ(RunChild(child.program, SW_SHOWMINNOACTIVE), -1);
