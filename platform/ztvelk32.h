@@ -76,12 +76,371 @@ static_assert(sizeof(LegacyBsd) == 1184);
 // libraries touch more than the record's own bytes.
 inline constexpr size_t kLegacyBsdBufferSize = 1388;
 
+// ---- One transverse section --------------------------------------------------------------------
+// Three blocks that are read and written separately. A strake is what the shell's section calls a
+// panel. Strakes are numbered 1 to 30; nodes 1 to 100 in one numbering over all strakes; points 1
+// to 60: the element of number n is [n - 1]. Texts are single-byte characters padded with NULs.
+// Lengths are in m, scantlings in mm. A boolean is -1 or 0. docs/legacy-form.md tells which bytes
+// the suite fixes and which this header settles.
+
+inline constexpr int kLegacyStrakes = 30;
+inline constexpr int kLegacyNodes = 100;
+inline constexpr int kLegacyPoints = 60;  // the shell uses 59 at most
+inline constexpr int kLegacyCurves = 30;
+inline constexpr int kLegacyExtensions = 10;
+inline constexpr int kLegacyProfiles = 40;
+inline constexpr int kLegacyStiffeners = 60;
+inline constexpr int kLegacySpans = 60;
+inline constexpr int kLegacySpanBrackets = 20;
+inline constexpr int kLegacyFatigueTables = 6;
+inline constexpr int kLegacyBrackets = 20;
+inline constexpr int kLegacyOpenings = 12;
+inline constexpr int kLegacyPillars = 8;
+inline constexpr int kLegacyPlates = 60;
+inline constexpr int kLegacyCompartments = 8;
+inline constexpr int kLegacyOutlineNodes = 20;
+inline constexpr int kLegacyLevels = 36;  // of all compartments together
+
+struct LegacyMainSection {
+    char name[40];  // ANSI
+    float x_m;
+    float breadth_m, depth_m, draught_m;
+    char unused56[8];
+    int16_t shipType, classCode, navigationCode;
+    int16_t unused70;
+    float frameSpacing_m, webSpacing_m;
+    float stillWaterMoment_kNm[3];  // hogging, sagging, harbour
+    float waveMoment_kNm[3];
+    float deckModulus_m3, bottomModulus_m3;
+};
+static_assert(offsetof(LegacyMainSection, x_m) == 40);
+static_assert(offsetof(LegacyMainSection, breadth_m) == 44);
+static_assert(offsetof(LegacyMainSection, unused56) == 56);
+static_assert(offsetof(LegacyMainSection, shipType) == 64);
+static_assert(offsetof(LegacyMainSection, unused70) == 70);
+static_assert(offsetof(LegacyMainSection, frameSpacing_m) == 72);
+static_assert(offsetof(LegacyMainSection, stillWaterMoment_kNm) == 80);
+static_assert(offsetof(LegacyMainSection, waveMoment_kNm) == 92);
+static_assert(offsetof(LegacyMainSection, deckModulus_m3) == 104);
+static_assert(sizeof(LegacyMainSection) == 112);
+
+// What the head of a section has and the main block has no place for.
+struct LegacyHeadRest {
+    float shearForce_kN[3];
+    float ballastDraught_m, cargoHeight_m, holdLength_m, holdAft_m;
+    float neutralAxis_m, area_m2, inertiaY_m4, inertiaZ_m4;
+    int16_t symmetryMode, materialGroup, corrosionRule;
+    int16_t resultCodes[4];
+    int16_t resultsValid;
+};
+static_assert(sizeof(LegacyHeadRest) == 60);
+
+// How many entries of each table are used, from the first one on.
+struct LegacyCounts {
+    int16_t curves, extensions, profiles;
+    int16_t stiffeners, spans, spanBrackets, fatigueTables;
+    int16_t brackets, openings, pillars, plates;
+    int16_t compartments, levels;
+    int16_t unused;
+};
+static_assert(sizeof(LegacyCounts) == 28);
+
+// The way from a node to the next one, where it is not straight.
+struct LegacyCurve {
+    int16_t node;
+    int16_t unused;
+    float radius, tangentY, tangentZ;
+};
+static_assert(sizeof(LegacyCurve) == 16);
+
+// The line that gives a node of class 2, and the strake that it meets.
+struct LegacyExtension {
+    int16_t node;
+    int16_t strake;
+    float line[5];
+};
+static_assert(sizeof(LegacyExtension) == 24);
+
+// Scantlings; other tables refer to them by their number, 1 the first.
+struct LegacyProfile {
+    int16_t type;
+    int16_t unused;
+    float webHeight_mm, webThickness_mm, flangeBreadth_mm, flangeThickness_mm;
+};
+static_assert(sizeof(LegacyProfile) == 20);
+
+struct LegacyStiffener {
+    int16_t strake;
+    int16_t onStrake, onNode;  // node of that strake from which `offset` counts; 0, 0: the start
+    int16_t count, side, connection, mirrored;
+    int16_t unused;
+    float s;       // abscissa on the strake: the stiffener's place
+    float offset;  // the same from the node, as it was given
+    float spacing;
+};
+static_assert(sizeof(LegacyStiffener) == 28);
+
+struct LegacySpan {
+    int16_t stiffener;  // number in the table of stiffeners
+    int16_t profile, material, aftConnection, foreConnection, position;
+    float s;  // place of its stiffener
+    float length, aftLength, foreLength, reduction, spacing;
+};
+static_assert(sizeof(LegacySpan) == 36);
+
+struct LegacySpanBracket {
+    int16_t span;  // number in the table of spans
+    int16_t kind, material, profile;
+    float length;
+};
+static_assert(sizeof(LegacySpanBracket) == 12);
+
+struct LegacyFatigueTable {
+    int16_t span;  // number in the table of spans
+    int16_t detail, weld, environment, grade;
+    int16_t unused;
+    float length, gap_mm, stress_MPa[9];
+};
+static_assert(sizeof(LegacyFatigueTable) == 56);
+
+struct LegacyBracket {
+    int16_t strake, item;
+    int16_t fromStrake, fromNode, toStrake, toNode;
+    int16_t aftFrame, foreFrame, side, kind, material, endType;
+    int16_t profiles[3];  // at the root, in the middle, at the toe
+    int16_t unused;
+    float armLength, middleLength, toeLength;
+};
+static_assert(sizeof(LegacyBracket) == 44);
+
+struct LegacyOpening {
+    int16_t strake, item;
+    int16_t atStrake, atNode;
+    int16_t shape, count, reinforced, aftFrame, foreFrame;
+    int16_t unused;
+    float s;  // abscissa on the strake of the point nearest to that node
+    float length, breadth;
+};
+static_assert(sizeof(LegacyOpening) == 32);
+
+struct LegacyPillar {
+    int16_t strake, item;
+    int16_t toStrake, toNode;
+    int16_t count, kind, material, profileType;
+    int16_t lowerConnection, upperConnection, slenderness, corrosion;
+    float s;  // abscissa on the strake
+    float length, area_cm2, webHeight_mm, webThickness_mm;
+};
+static_assert(sizeof(LegacyPillar) == 44);
+
+struct LegacyPlate {
+    int16_t strake, material, corrosionSide;
+    int16_t unused;
+    float end, thickness_mm, spacing, span;
+};
+static_assert(sizeof(LegacyPlate) == 24);
+
+struct LegacyCompartment {
+    int16_t contents, kind, symmetric, hold, loadCase;
+    int16_t flags[3];
+    int16_t aftFrame, foreFrame, closing;
+    int16_t nodeCount;
+    int16_t levelCount;  // the levels of all compartments follow one another
+    int16_t unused;
+    int16_t nodes[kLegacyOutlineNodes];  // around it, in order
+    float area_m2, centreY, centreZ;     // of the outline, one side of the ship
+};
+static_assert(sizeof(LegacyCompartment) == 80);
+
+struct LegacyLevel {
+    float level, surfaceLength, surfaceBreadth;
+};
+static_assert(sizeof(LegacyLevel) == 12);
+
+struct LegacyGeometry {
+    int16_t strakeCount;
+    int16_t unused2;
+    float strakeSpacing[kLegacyStrakes];
+    float strakeSpan[kLegacyStrakes];
+    float strakeThickness_mm[kLegacyStrakes];
+    char strakeName[kLegacyStrakes][26];  // ANSI
+    int16_t strakeFirstNode[kLegacyStrakes];
+    int16_t strakeNodeCount[kLegacyStrakes];
+    int16_t nodePoint[kLegacyNodes];     // number of the point that the node defines; 0: none
+    int16_t nodeCode[kLegacyNodes];      // with the class: how the node is defined
+    int16_t nodeOnStrake[kLegacyNodes];  // strake and node that it is defined on
+    int16_t nodeOnNode[kLegacyNodes];
+    int16_t nodeInter[kLegacyNodes];
+    int16_t nodeNumber[kLegacyNodes];  // the user's number of the knuckle
+    int16_t nodeShape[kLegacyNodes];   // kShape... of the way to the next node
+    int16_t nodeClass[kLegacyNodes];   // 0: by coordinates, 1: on another node, 2: intersection
+    float nodeY[kLegacyNodes];         // as given: coordinates, or the offset from the other node
+    float nodeZ[kLegacyNodes];
+    int16_t nodeRelative[kLegacyNodes];  // boolean
+    char unused3864[16];
+    int16_t pointUsed[kLegacyPoints];  // 1: used
+    float pointY[kLegacyPoints];
+    float pointZ[kLegacyPoints];
+    int16_t strakeNumber[kLegacyStrakes];   // its own number
+    int16_t strakePresent[kLegacyStrakes];  // 1
+    LegacyHeadRest head;
+    int16_t strakeKind[kLegacyStrakes];
+    int16_t strakeMaterial[kLegacyStrakes];
+    LegacyCounts counts;
+    LegacyCurve curves[kLegacyCurves];
+    LegacyExtension extensions[kLegacyExtensions];
+    LegacyProfile profiles[kLegacyProfiles];
+    LegacyStiffener stiffeners[kLegacyStiffeners];
+    LegacySpan spans[kLegacySpans];
+    LegacySpanBracket spanBrackets[kLegacySpanBrackets];
+    LegacyFatigueTable fatigueTables[kLegacyFatigueTables];
+    LegacyBracket brackets[kLegacyBrackets];
+    LegacyOpening openings[kLegacyOpenings];
+    LegacyPillar pillars[kLegacyPillars];
+    LegacyPlate plates[kLegacyPlates];
+    LegacyCompartment compartments[kLegacyCompartments];
+    LegacyLevel levels[kLegacyLevels];
+    char unused14872[8];
+};
+static_assert(offsetof(LegacyGeometry, unused2) == 2);
+static_assert(offsetof(LegacyGeometry, strakeSpacing) == 4);
+static_assert(offsetof(LegacyGeometry, strakeSpan) == 124);
+static_assert(offsetof(LegacyGeometry, strakeThickness_mm) == 244);
+static_assert(offsetof(LegacyGeometry, strakeName) == 364);
+static_assert(offsetof(LegacyGeometry, strakeFirstNode) == 1144);
+static_assert(offsetof(LegacyGeometry, strakeNodeCount) == 1204);
+static_assert(offsetof(LegacyGeometry, nodePoint) == 1264);
+static_assert(offsetof(LegacyGeometry, nodeCode) == 1464);
+static_assert(offsetof(LegacyGeometry, nodeOnStrake) == 1664);
+static_assert(offsetof(LegacyGeometry, nodeOnNode) == 1864);
+static_assert(offsetof(LegacyGeometry, nodeInter) == 2064);
+static_assert(offsetof(LegacyGeometry, nodeNumber) == 2264);
+static_assert(offsetof(LegacyGeometry, nodeShape) == 2464);
+static_assert(offsetof(LegacyGeometry, nodeClass) == 2664);
+static_assert(offsetof(LegacyGeometry, nodeY) == 2864);
+static_assert(offsetof(LegacyGeometry, nodeZ) == 3264);
+static_assert(offsetof(LegacyGeometry, nodeRelative) == 3664);
+static_assert(offsetof(LegacyGeometry, pointUsed) == 3880);
+static_assert(offsetof(LegacyGeometry, pointY) == 4000);
+static_assert(offsetof(LegacyGeometry, pointZ) == 4240);
+static_assert(offsetof(LegacyGeometry, strakeNumber) == 4480);
+static_assert(offsetof(LegacyGeometry, strakePresent) == 4540);
+static_assert(offsetof(LegacyGeometry, head) == 4600);
+static_assert(offsetof(LegacyGeometry, strakeKind) == 4660);
+static_assert(offsetof(LegacyGeometry, counts) == 4780);
+static_assert(offsetof(LegacyGeometry, curves) == 4808);
+static_assert(offsetof(LegacyGeometry, extensions) == 5288);
+static_assert(offsetof(LegacyGeometry, profiles) == 5528);
+static_assert(offsetof(LegacyGeometry, stiffeners) == 6328);
+static_assert(offsetof(LegacyGeometry, spans) == 8008);
+static_assert(offsetof(LegacyGeometry, spanBrackets) == 10168);
+static_assert(offsetof(LegacyGeometry, fatigueTables) == 10408);
+static_assert(offsetof(LegacyGeometry, brackets) == 10744);
+static_assert(offsetof(LegacyGeometry, openings) == 11624);
+static_assert(offsetof(LegacyGeometry, pillars) == 12008);
+static_assert(offsetof(LegacyGeometry, plates) == 12360);
+static_assert(offsetof(LegacyGeometry, compartments) == 13800);
+static_assert(offsetof(LegacyGeometry, levels) == 14440);
+static_assert(sizeof(LegacyGeometry) == 14880);
+
+// The long parts of the compartments; the rest of each stands in LegacyCompartment.
+struct LegacyCompLoad {
+    char name[kLegacyCompartments][34];  // ANSI
+    float designValues[kLegacyCompartments][20];
+    float stillWaterPressure_kPa[kLegacyCompartments][10];
+    float wavePressure_kPa[kLegacyCompartments][10];
+    int16_t count;  // of compartments
+    int16_t unused[3];
+};
+static_assert(offsetof(LegacyCompLoad, designValues) == 272);
+static_assert(offsetof(LegacyCompLoad, stillWaterPressure_kPa) == 912);
+static_assert(offsetof(LegacyCompLoad, wavePressure_kPa) == 1232);
+static_assert(offsetof(LegacyCompLoad, count) == 1552);
+static_assert(sizeof(LegacyCompLoad) == 1560);
+
+struct LegacySectionRecord {
+    LegacyMainSection main;
+    LegacyGeometry geometry;
+    LegacyCompLoad compLoad;
+};
+static_assert(offsetof(LegacySectionRecord, geometry) == 112);
+static_assert(offsetof(LegacySectionRecord, compLoad) == 14992);
+static_assert(sizeof(LegacySectionRecord) == 16552);
+
+// An entry of the list of sections.
+struct LegacySectionEntry {
+    char name[40];  // OEM, padded with blanks
+    float x_m;      // as addsectvelkdb was told; the shell has no use for it
+};
+static_assert(offsetof(LegacySectionEntry, x_m) == 40 && sizeof(LegacySectionEntry) == 44);
+
+// Sections that the list shows.
+inline constexpr int kLegacyListedSections = 20;
+
+// Statuses of our own library. 0 is success, any other value failure, with every library.
+inline constexpr int16_t kLegacyDone = 0;
+inline constexpr int16_t kLegacyFileMissing = 1;
+inline constexpr int16_t kLegacyForeign = 2;  // no legacy database, or one of a later version
+inline constexpr int16_t kLegacyDamaged = 3;
+inline constexpr int16_t kLegacyNotWritten = 4;
+inline constexpr int16_t kLegacyFull = 5;
+inline constexpr int16_t kLegacyNoSection = 6;
+
 }  // namespace corvane
 
+// A path is a NUL-terminated ANSI text. Sections are numbered from 1 in the order in which their
+// slots were added. A record that a failed call should have filled is left as it was. The functions
+// of the three blocks have no status word; what they return is ignored by the shell (ours returns
+// the status).
 extern "C" {
 
 // Version of the library; the shell asks for 2.0 or more.
 float CORVANE_STDCALL getztvelk32version();
+
+// A new empty database; an old file of that name is replaced.
+void CORVANE_STDCALL createvelkdb(const char* path, int16_t* status);
+// Appends an empty section slot.
+void CORVANE_STDCALL extendvelkdb(const char* path, int16_t* status);
+// Gives the last slot its name (NUL-terminated, OEM) and its position [m] in the list.
+void CORVANE_STDCALL addsectvelkdb(const char* path, const char* name, float position,
+                                   int16_t* status);
+// The list of sections, at most 20: `count` entries of the array are filled.
+void CORVANE_STDCALL getvelksections(const char* path, int16_t* status, int16_t* count,
+                                     corvane::LegacySectionEntry* entries);
+
+int16_t CORVANE_STDCALL exportvelkmainsec(const char* path, int16_t section,
+                                          corvane::LegacyMainSection* record);
+int16_t CORVANE_STDCALL importvelkmainsec(const char* path, int16_t section,
+                                          corvane::LegacyMainSection* record);
+int16_t CORVANE_STDCALL exportsectiongeometry(const char* path, int16_t section,
+                                              corvane::LegacyGeometry* record);
+int16_t CORVANE_STDCALL importsectiongeometry(const char* path, int16_t section,
+                                              corvane::LegacyGeometry* record);
+// `compartmentsAndLoads` is the address of the section's own compartments; ours never looks there.
+int16_t CORVANE_STDCALL exportvelkcompload(const char* path, int16_t section,
+                                           void* compartmentsAndLoads,
+                                           corvane::LegacyCompLoad* record);
+int16_t CORVANE_STDCALL importvelkcompload(const char* path, int16_t section,
+                                           void* compartmentsAndLoads,
+                                           corvane::LegacyCompLoad* record);
+
+// The ship's data; the record stands at the beginning of a buffer of kLegacyBsdBufferSize bytes.
+// Titles are in the OEM code page.
+void CORVANE_STDCALL exportvelkbsd(const char* path, const corvane::LegacyBsd* bsd,
+                                   int16_t* status);
+void CORVANE_STDCALL importvelknavi(const char* path, corvane::LegacyBsd* bsd, int16_t* status);
 }
 
 CORVANE_LATE_BOUND("ZTVelk32.dll", getztvelk32version)
+CORVANE_LATE_BOUND("ZTVelk32.dll", createvelkdb)
+CORVANE_LATE_BOUND("ZTVelk32.dll", extendvelkdb)
+CORVANE_LATE_BOUND("ZTVelk32.dll", addsectvelkdb)
+CORVANE_LATE_BOUND("ZTVelk32.dll", getvelksections)
+CORVANE_LATE_BOUND("ZTVelk32.dll", exportvelkmainsec)
+CORVANE_LATE_BOUND("ZTVelk32.dll", importvelkmainsec)
+CORVANE_LATE_BOUND("ZTVelk32.dll", exportsectiongeometry)
+CORVANE_LATE_BOUND("ZTVelk32.dll", importsectiongeometry)
+CORVANE_LATE_BOUND("ZTVelk32.dll", exportvelkcompload)
+CORVANE_LATE_BOUND("ZTVelk32.dll", importvelkcompload)
+CORVANE_LATE_BOUND("ZTVelk32.dll", exportvelkbsd)
+CORVANE_LATE_BOUND("ZTVelk32.dll", importvelknavi)
