@@ -9,6 +9,7 @@
 #define CORVANE_MESSAGE_NUMBERS(X)      \
     X(kMsgLegacyDefaultSection, 102)    \
     X(kMsgDatabaseFiles, 103)           \
+    X(kMsgLegacyFiles, 105)             \
     X(kMsgBsdFiles, 111)                \
     X(kMsgPosition, 116)                \
     X(kMsgBsdProgram, 203)              \
@@ -107,6 +108,12 @@
     X(kMsgLegalNoticeLabel, 3521)       \
     X(kMsgNumbersNotInOrder, 3522)      \
     X(kMsgModelChanged, 3523)
+    X(kMsgNotImplemented, 3515)         \
+    X(kMsgNameNotUsable, 3525)          \
+    X(kMsgPathTooLong, 3526)            \
+    X(kMsgNameOfFolder, 3527)           \
+    X(kMsgFolderMissing, 3528)          \
+    X(kMsgFileNotMade, 3529)
 
 namespace corvane {
 

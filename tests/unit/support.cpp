@@ -47,9 +47,10 @@ void Record(std::string event) {
 TemporaryFolder::TemporaryFolder() {
     static int counter = 0;
     const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-    const std::string name = std::string("corvane_") + (info ? info->name() : "test") + "_" +
-                             std::to_string(system::Milliseconds()) + "_" +
-                             std::to_string(++counter);
+    std::string name = std::string("corvane_") + (info ? info->name() : "test") + "_" +
+                       std::to_string(system::Milliseconds()) + "_" + std::to_string(++counter);
+    // A test with parameters has a slash in its name.
+    std::replace(name.begin(), name.end(), '/', '_');
     path = system::TemporaryDirectory() + std::wstring(name.begin(), name.end()) + L"\\";
     fs::create_directories(NativePath(path));
 }

@@ -3,16 +3,12 @@
 #include <algorithm>
 #include <array>
 
-#include "app/state.h"
+#include "ui/commands/file_commands.h"
 #include "ui/commands/help_commands.h"
 #include "ui/commands/main_window.h"
 
 namespace corvane {
 namespace {
-
-void Quit() {
-    shell.mainWindow->close();
-}
 
 constexpr Command Separator(Menu menu) {
     return {0, menu, "", L"", EnabledWhen::kAlways, nullptr};
@@ -23,13 +19,17 @@ constexpr Command NotYet(uint16_t id, Menu menu, const char* name, const wchar_t
 }
 
 constexpr std::array kCommands = {
-    NotYet(ME_FileNew, Menu::kFile, "ME_FileNew", L"&New database..."),
-    NotYet(ME_FileOpen, Menu::kFile, "ME_FileOpen", L"&Open database..."),
-    NotYet(ME_FileSaveAs, Menu::kFile, "ME_FileSaveAs", L"&Save database as..."),
+    Command{ME_FileNew, Menu::kFile, "ME_FileNew", L"&New database...", EnabledWhen::kAlways,
+            ME_FileNew_Click},
+    Command{ME_FileOpen, Menu::kFile, "ME_FileOpen", L"&Open database...", EnabledWhen::kAlways,
+            ME_FileOpen_Click},
+    Command{ME_FileSaveAs, Menu::kFile, "ME_FileSaveAs", L"&Save database as...",
+            EnabledWhen::kDatabaseOpen, ME_FileSaveAs_Click},
     Command{ME_FileSaveLegacy, Menu::kFile, "ME_FileSaveLegacy", L"Save as &Velk Dos...",
             EnabledWhen::kDatabaseOpen, NotImp},
     Separator(Menu::kFile),
-    Command{ME_FileQuit, Menu::kFile, "ME_FileQuit", L"&Quit", EnabledWhen::kAlways, Quit},
+    Command{ME_FileQuit, Menu::kFile, "ME_FileQuit", L"&Quit", EnabledWhen::kAlways,
+            ME_FileQuit_Click},
 
     NotYet(ME_FileBSD, Menu::kBsd, "ME_FileBSD", L"&Open..."),
     NotYet(ME_FileImportBSD, Menu::kBsd, "ME_FileImportBSD", L"&Import..."),

@@ -1,0 +1,33 @@
+// The file prompt as the commands use it: where it starts, and what becomes of the name that the
+// user gives.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace corvane {
+
+struct FileQuestion {
+    uint16_t command = 0;  // the menu item whose caption the prompt bears
+    std::wstring types;    // list of file types, as the utility library takes it
+    std::wstring defaultExtension = L"ve2";
+    std::wstring proposed;   // file name
+    std::wstring directory;  // where the prompt starts
+    bool toSave = false;     // a name to save under; else an existing file
+};
+
+// The absolute path of the file that the user names, whose directory becomes BrowseDirectory. Empty
+// when the user cancels, and when the name can't be used, which is reported: BrowseDirectory stays
+// then. The current directory is the same afterwards.
+//
+// A usable name is one that every program of the suite can take: of at most kLongestPath
+// characters, without any that file names must not hold, and no folder. One to save under lies in a
+// folder that exists and is no read-only file; any other names a file that can be read.
+std::wstring AskForFile(const FileQuestion& question);
+
+inline constexpr size_t kLongestPath = 259;
+
+// Whether two absolute paths are spelled alike, but for upper and lower case.
+bool IsSamePath(const std::wstring& a, const std::wstring& b);
+
+}  // namespace corvane
