@@ -113,7 +113,13 @@
     X(kMsgPathTooLong, 3526)            \
     X(kMsgNameOfFolder, 3527)           \
     X(kMsgFolderMissing, 3528)          \
-    X(kMsgFileNotMade, 3529)
+    X(kMsgFileNotMade, 3529)            \
+    X(kMsgIsOpenDatabase, 3535)         \
+    X(kMsgProgramNotStarted, 3536)      \
+    X(kMsgProgramCrashed, 3537)         \
+    X(kMsgPathNotTold, 3538)            \
+    X(kMsgDatabaseGone, 3539)           \
+    X(kMsgDatabaseDamaged, 3540)
 
 namespace corvane {
 

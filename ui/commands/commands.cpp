@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <array>
 
+#include "ui/commands/bsd_commands.h"
 #include "ui/commands/file_commands.h"
 #include "ui/commands/help_commands.h"
 #include "ui/commands/main_window.h"
+#include "ui/commands/sibling_programs.h"
 
 namespace corvane {
 namespace {
@@ -31,15 +33,22 @@ constexpr std::array kCommands = {
     Command{ME_FileQuit, Menu::kFile, "ME_FileQuit", L"&Quit", EnabledWhen::kAlways,
             ME_FileQuit_Click},
 
-    NotYet(ME_FileBSD, Menu::kBsd, "ME_FileBSD", L"&Open..."),
-    NotYet(ME_FileImportBSD, Menu::kBsd, "ME_FileImportBSD", L"&Import..."),
+    Command{ME_FileBSD, Menu::kBsd, "ME_FileBSD", L"&Open...", EnabledWhen::kDatabaseOpen,
+            ME_FileBSD_Click},
+    Command{ME_FileImportBSD, Menu::kBsd, "ME_FileImportBSD", L"&Import...",
+            EnabledWhen::kDatabaseOpen, ME_FileImportBSD_Click},
 
-    NotYet(ME_SectionNew, Menu::kCreate, "ME_SectionNew", L"&Section..."),
-    NotYet(ME_NewBulkhead, Menu::kCreate, "ME_NewBulkhead", L"&Bulkhead Arrangement"),
-    NotYet(ME_NewTorsion, Menu::kCreate, "ME_NewTorsion", L"&Model for Torsion"),
+    Command{ME_SectionNew, Menu::kCreate, "ME_SectionNew", L"&Section...", EnabledWhen::kBsdDefined,
+            ME_SectionNew_Click},
+    Command{ME_NewBulkhead, Menu::kCreate, "ME_NewBulkhead", L"&Bulkhead Arrangement",
+            EnabledWhen::kBsdDefined, ME_NewBulkhead_Click},
+    Command{ME_NewTorsion, Menu::kCreate, "ME_NewTorsion", L"&Model for Torsion",
+            EnabledWhen::kBsdDefined, ME_NewTorsion_Click},
 
-    NotYet(ME_SectionInput, Menu::kSection, "ME_SectionInput", L"&Edit..."),
-    NotYet(ME_SectionVelkRule, Menu::kSection, "ME_SectionVelkRule", L"&Rule..."),
+    Command{ME_SectionInput, Menu::kSection, "ME_SectionInput", L"&Edit...",
+            EnabledWhen::kModelSelected, ME_SectionInput_Click},
+    Command{ME_SectionVelkRule, Menu::kSection, "ME_SectionVelkRule", L"&Rule...",
+            EnabledWhen::kModelSelected, ME_SectionVelkRule_Click},
     Separator(Menu::kSection),
     NotYet(ME_SectionCopy, Menu::kSection, "ME_SectionCopy", L"&Copy..."),
     NotYet(ME_SectionRemove, Menu::kSection, "ME_SectionRemove", L"&Delete..."),

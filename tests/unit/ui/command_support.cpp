@@ -76,6 +76,7 @@ ShownWindow::ShownWindow() {
         Note("rule " + std::to_string(index));
     };
     window.showModelButtons = [](ModelKind) {};
+    window.redrawRuleButton = [] {};
     window.setLocked = [](bool wanted) {
         locked = wanted;
         Note(wanted ? "lock" : "unlock");

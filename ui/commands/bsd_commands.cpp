@@ -1,0 +1,79 @@
+#include "ui/commands/bsd_commands.h"
+
+#include <string>
+
+#include "app/messages.h"
+#include "app/state.h"
+#include "bsd/bsd_file.h"
+#include "ui/commands/commands.h"
+#include "ui/commands/file_commands.h"
+#include "ui/commands/file_prompt.h"
+#include "ui/commands/main_window.h"
+#include "ui/commands/sibling_programs.h"
+#include "util/files.h"
+#include "util/paths.h"
+
+namespace corvane {
+namespace {
+
+// Reads the open database's data. While the file can't be read the data stay as they are.
+void ReadAgain() {
+    const std::wstring& path = shell.settings.DatabasePath;
+    BasicShipData bsd;
+    if (LoadBsdFromDatabase(path, bsd) || FileExists(path)) shell.bsd = bsd;
+}
+
+bool IsErasingWanted() {
+    return !IsBsdDefined(shell.bsd) ||
+           shell.screen.askOkCancel(L"You will erase the current BSD !");
+}
+
+std::wstring AskForSource() {
+    const std::wstring path = AskForFile({.command = ME_FileImportBSD,
+                                          .types = GetMessage(kMsgBsdFiles),
+                                          .defaultExtension = L"bsd",
+                                          .proposed = L"",
+                                          .directory = shell.settings.BrowseDirectory});
+    if (path.empty() || !IsSamePath(path, shell.settings.DatabasePath)) return path;
+    ReportMessage(kMsgIsOpenDatabase, {path});
+    return {};
+}
+
+bool ReadFrom(const std::wstring& path, BasicShipData& bsd) {
+    const std::wstring extension = FileExtension(path);
+    if (extension == L"bsd") return ImportBsdFile(path, bsd);
+    if (extension == L"vel") {
+        NotImp();
+        return false;
+    }
+    return LoadBsdFromDatabase(path, bsd);
+}
+
+}  // namespace
+
+void ME_FileBSD_Click() {
+    if (!IsDatabaseThere()) return;
+    SetBusyPointer();
+    ProgramRun run;
+    run.program = BsdProgramPath();
+    run.commandLine = BsdCommandLine(run.program);
+    if (!RunProgram(run)) return;
+    if (HasDatabaseChanged(run)) ReadAgain();
+    RefreshMainWindow();
+    ResetMousePointer();
+    ShowStatus(L"");
+    if (!IsBsdDefined(shell.bsd)) ReportStatus(kMsgInputBsdFirst);
+    ReportRun(run);
+}
+
+void ME_FileImportBSD_Click() {
+    if (!IsDatabaseThere() || !IsErasingWanted()) return;
+    const std::wstring source = AskForSource();
+    if (source.empty()) return;
+    BasicShipData bsd;
+    if (!ReadFrom(source, bsd) || !SaveBsdToDatabase(shell.settings.DatabasePath, bsd)) return;
+    shell.bsd = bsd;
+    RefreshMainWindow();
+}
+
+}  // namespace corvane

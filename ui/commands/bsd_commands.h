@@ -1,0 +1,14 @@
+// The commands of the BSD menu, on the Basic Ship Data of the open database.
+#pragma once
+
+namespace corvane {
+
+// Edits the data in the suite's BSD program, and reads them anew when the file has changed.
+void ME_FileBSD_Click();
+
+// Takes the data from a standalone file ("bsd"), a legacy database ("vel") or a database (any other
+// extension) into the open database. When the source can't be read, or the database can't be
+// written, which is reported, the data are as they were.
+void ME_FileImportBSD_Click();
+
+}  // namespace corvane
