@@ -12,6 +12,7 @@
     X(kMsgLegacyFiles, 105)             \
     X(kMsgBsdFiles, 111)                \
     X(kMsgPosition, 116)                \
+    X(kMsgNamelessSection, 161)         \
     X(kMsgBsdProgram, 203)              \
     X(kMsgSectionProgram, 204)          \
     X(kMsgRuleProgram, 205)             \
@@ -34,18 +35,40 @@
     X(kMsgReadingModel, 601)            \
     X(kMsgWritingDatabase, 602)         \
     X(kMsgDeletingModel, 603)           \
+    X(kMsgConvertingFromLegacy, 610)    \
+    X(kMsgConvertingToLegacy, 611)      \
+    X(kMsgConvertingNodes, 612)         \
+    X(kMsgRebuildingNodes, 613)         \
     X(kMsgComputingGeometry, 616)       \
     X(kMsgSettingsNotWritten, 619)      \
+    X(kMsgExportingSection, 620)        \
     X(kMsgReadingModels, 621)           \
     X(kMsgStartingProgram, 622)         \
     X(kMsgFrameDistanceFormat, 801)     \
+    X(kMsgLegacyNotExtended, 1002)      \
+    X(kMsgLegacySectionNotAdded, 1003)  \
     X(kMsgModelMissing, 1011)           \
     X(kMsgFileMissing, 1020)            \
+    X(kMsgLegacyGeometryFull, 1025)     \
     X(kMsgStrakeCoincidentNodes, 1042)  \
     X(kMsgLibraryVersion, 1052)         \
     X(kMsgInputBsdFirst, 1066)          \
+    X(kMsgLegacyNotCreated, 1067)       \
+    X(kMsgLegacyBsdNotWritten, 1068)    \
+    X(kMsgDimensionsLacking, 1074)      \
     X(kMsgNoDatabase, 1083)             \
     X(kMsgReadOnly, 1086)               \
+    X(kMsgLegacyItemNotPlaced, 2001)    \
+    X(kMsgBaseNodeMissing, 2006)        \
+    X(kMsgNodeKindUnknown, 2007)        \
+    X(kMsgTooManyCompartments, 2009)    \
+    X(kMsgTooManyOutlineNodes, 2010)    \
+    X(kMsgLegacyItemNotAttached, 2013)  \
+    X(kMsgTooManyPillars, 2015)         \
+    X(kMsgTooManyOpenings, 2017)        \
+    X(kMsgTooManySpans, 2019)           \
+    X(kMsgTooManyBrackets, 2020)        \
+    X(kMsgTooManyStiffeners, 2021)      \
     X(kMsgCommentRule, 3001)            \
     X(kMsgModelMarker, 3002)            \
     X(kMsgFormatVersionLabel, 3003)     \
@@ -120,6 +143,14 @@
     X(kMsgPathNotTold, 3538)            \
     X(kMsgDatabaseGone, 3539)           \
     X(kMsgDatabaseDamaged, 3540)
+    X(kMsgTooManyPlates, 3550)          \
+    X(kMsgTooManyCurves, 3551)          \
+    X(kMsgTooManyProfiles, 3552)        \
+    X(kMsgTooManySpanBrackets, 3553)    \
+    X(kMsgTooManyFatigueTables, 3554)   \
+    X(kMsgTooManyLevels, 3555)          \
+    X(kMsgLegacyNotRead, 3556)          \
+    X(kMsgOverwriteQuestion, 3557)
 
 namespace corvane {
 

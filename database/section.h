@@ -180,6 +180,10 @@ struct Compartment {
     Array<int16_t, 1, 2> ends;  // aft and fore frame
     int16_t closing = 0;
     int16_t ballastHold = 0;  // boolean; only a hold of a bulkhead arrangement has it in the file
+    // Computed for the legacy form, not in the file.
+    float area_m2 = 0;
+    float centreY_m = 0;
+    float centreZ_m = 0;
 };
 
 struct SectionModel {
