@@ -1,0 +1,57 @@
+// The exchange with a legacy database: whole conversations with the legacy library. The library
+// does all work on the file; what it tells by a status other than 0 is reported, and ends the
+// conversation. What it had written by then stays in the file.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "bsd/basic_ship_data.h"
+#include "database/database_file.h"
+#include "database/section.h"
+
+namespace corvane {
+
+// ---- Export ------------------------------------------------------------------------------------
+
+// A field below this value is not set.
+inline constexpr float kUnsetBelow = 0.001F;
+// With this one all fields count as not set.
+inline constexpr float kAllUnset = 1e38F;
+
+// Gives what the section lacks the ship's values: an empty name, position (half of the length),
+// breadth, depth, draught, the three codes, and the slopes 30 and 45 degrees.
+void SetSectionDefaults(SectionModel& section, const BasicShipData& bsd,
+                        float threshold = kAllUnset);
+
+struct LegacySlot {
+    std::wstring path;
+    int16_t number = 0;  // from 1; with `isNew` the number of the slot that is added
+    bool isNew = true;   // false: the slot is overwritten, its name in the list stays
+};
+
+// Writes the section into a slot of an existing legacy database. The section gets the defaults that
+// it lacks (with message 1074 when breadth or draught is one of them) and its geometry computed.
+// False when the library told a failure.
+bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShipData& bsd);
+
+// Makes a new legacy database at `target`, in the place of any file there, of all sections of the
+// model database `source`, in file order. Nothing happens when `source` is no model database. False
+// when not all was written.
+bool ExportDatabase(const std::wstring& source, const std::wstring& target);
+
+// ---- Import ------------------------------------------------------------------------------------
+
+// Reads section `number`, from 1. A missing file is reported (1020): false then. That the library
+// failed to read the section can't be told; it is empty then.
+bool ImportSection(const std::wstring& path, int16_t number, SectionModel& section);
+
+// The names of the database's sections, at most 20; x is -1. `status` is the library's: the list
+// is empty unless it is 0.
+std::vector<ModelEntry> ListLegacySections(const std::wstring& path, int16_t& status);
+
+// The ship's data; the library's status. Unless it is 0 the record keeps its contents.
+int16_t LoadBsdFromLegacy(const std::wstring& path, BasicShipData& bsd);
+
+}  // namespace corvane
