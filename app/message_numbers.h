@@ -130,8 +130,7 @@
     X(kMsgLegalNotice, 3520)            \
     X(kMsgLegalNoticeLabel, 3521)       \
     X(kMsgNumbersNotInOrder, 3522)      \
-    X(kMsgModelChanged, 3523)
-    X(kMsgNotImplemented, 3515)         \
+    X(kMsgModelChanged, 3523)           \
     X(kMsgNameNotUsable, 3525)          \
     X(kMsgPathTooLong, 3526)            \
     X(kMsgNameOfFolder, 3527)           \
@@ -142,7 +141,7 @@
     X(kMsgProgramCrashed, 3537)         \
     X(kMsgPathNotTold, 3538)            \
     X(kMsgDatabaseGone, 3539)           \
-    X(kMsgDatabaseDamaged, 3540)
+    X(kMsgDatabaseDamaged, 3540)        \
     X(kMsgTooManyPlates, 3550)          \
     X(kMsgTooManyCurves, 3551)          \
     X(kMsgTooManyProfiles, 3552)        \
