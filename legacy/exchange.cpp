@@ -209,7 +209,7 @@ std::vector<ModelEntry> ListLegacySections(const std::wstring& path, int16_t& st
     const int listed = std::clamp<int>(count, 0, kLegacyListedSections);
     for (int i = 0; i < listed; ++i) {
         const LegacySectionEntry& entry = entries[static_cast<size_t>(i)];
-        list.push_back({OemToAnsiText({entry.name, sizeof(entry.name)})});
+        list.push_back({.number = i + 1, .name = OemToAnsiText({entry.name, sizeof(entry.name)})});
     }
     return list;
 }

@@ -85,8 +85,8 @@ TEST_F(CopyModelTest, ModelOfAnotherKindIsNotCopied) {
 
 TEST_F(CopyModelTest, CopyGetsTheNumberAboveAllOthers) {
     for (const auto& [numbers, expected] :
-         {std::pair(std::initializer_list<const char*>{" 1 ", " 1 ", " 1 ", " 4 ", " 1 "}, 6),
-          std::pair(std::initializer_list<const char*>{" 1 ", " 77 ", " 3 ", " 4 ", "-5 "}, 78)}) {
+         {std::pair(std::vector<const char*>{" 1 ", " 1 ", " 1 ", " 4 ", " 1 "}, 6),
+          std::pair(std::vector<const char*>{" 1 ", " 77 ", " 3 ", " 4 ", "-5 "}, 78)}) {
         const std::vector<SampleBlock> blocks = Numbered(numbers);
         Write(DatabaseText(blocks));
         EXPECT_EQ(Copy(4, ModelKind::kTorsion), expected);

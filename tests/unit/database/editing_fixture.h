@@ -56,7 +56,7 @@ struct EditingTest : testing::Test {
         return text;
     }
     // Blocks of FiveBlocks with these number lines.
-    static std::vector<SampleBlock> Numbered(std::initializer_list<const char*> numbers) {
+    static std::vector<SampleBlock> Numbered(const std::vector<const char*>& numbers) {
         std::vector<SampleBlock> blocks = FiveBlocks();
         size_t i = 0;
         for (const char* number : numbers) blocks[i++].number = number;
