@@ -3,13 +3,10 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 
 namespace corvane {
 namespace {
-
-// A pixel is looked at in this many places across and down; the share of them that the shape
-// covers smooths its edges.
-constexpr int kFiner = 6;
 
 // Pixels that a shape can touch.
 struct Box {
@@ -41,22 +38,18 @@ void Lay(DrawnPicture::Pixel& pixel, COLORREF colour, float covered) {
     pixel.opacity = pixel.opacity * left + laid;
 }
 
-// Paints every place of the box that `isInside` holds for.
-template <class IsInside>
-void Paint(DrawnPicture& picture, const Box& box, COLORREF colour, IsInside isInside) {
+// Paints a shape within the box. `outside` tells how far a point lies from the shape's edge, in
+// units, negative within; near the edge that is how far the shape covers the pixel.
+template <class Outside>
+void Paint(DrawnPicture& picture, const Box& box, COLORREF colour, Outside outside) {
     for (int y = box.top; y < box.bottom; ++y) {
         for (int x = box.left; x < box.right; ++x) {
-            int inside = 0;
-            for (int place = 0; place < kFiner * kFiner; ++place) {
-                const double fineX = x + (place % kFiner + 0.5) / kFiner;
-                const double fineY = y + (place / kFiner + 0.5) / kFiner;
-                const PicturePoint point{(fineX - picture.left) / picture.scale,
-                                         (fineY - picture.top) / picture.scale};
-                if (isInside(point)) ++inside;
-            }
-            if (inside == 0) continue;
-            const float covered = static_cast<float>(inside) / (kFiner * kFiner);
-            Lay(picture.pixels[static_cast<size_t>(y) * picture.size + x], colour, covered);
+            const PicturePoint middle{(x + 0.5 - picture.left) / picture.scale,
+                                      (y + 0.5 - picture.top) / picture.scale};
+            const double covered = std::clamp(0.5 - outside(middle) * picture.scale, 0.0, 1.0);
+            if (covered <= 0) continue;
+            Lay(picture.pixels[static_cast<size_t>(y) * picture.size + x], colour,
+                static_cast<float>(covered));
         }
     }
 }
@@ -73,10 +66,26 @@ double SquaredDistance(PicturePoint p, PicturePoint a, PicturePoint b) {
     return offX * offX + offY * offY;
 }
 
+double DistanceFromLine(PicturePoint p, std::span<const PicturePoint> points) {
+    double squared = std::numeric_limits<double>::max();
+    for (size_t i = 0; i + 1 < points.size(); ++i) {
+        squared = std::min(squared, SquaredDistance(p, points[i], points[i + 1]));
+    }
+    return std::sqrt(squared);
+}
+
 // Whether a ray from the point to the right crosses the edge.
 bool Crosses(PicturePoint p, PicturePoint a, PicturePoint b) {
     if ((a.y > p.y) == (b.y > p.y)) return false;
     return p.x < a.x + (p.y - a.y) * (b.x - a.x) / (b.y - a.y);
+}
+
+bool IsInside(PicturePoint p, std::span<const PicturePoint> outline) {
+    bool inside = false;
+    for (size_t i = 0; i < outline.size(); ++i) {
+        if (Crosses(p, outline[i], outline[(i + 1) % outline.size()])) inside = !inside;
+    }
+    return inside;
 }
 
 uint32_t Byte(float share) {
@@ -117,22 +126,16 @@ DrawnPicture NewPicture(int size, int units) {
 
 void Stroke(DrawnPicture& picture, std::span<const PicturePoint> points, double width,
             COLORREF colour) {
-    const double reach = width * width / 4;
-    Paint(picture, BoxAround(picture, points, width / 2), colour, [&](PicturePoint p) {
-        for (size_t i = 0; i + 1 < points.size(); ++i) {
-            if (SquaredDistance(p, points[i], points[i + 1]) <= reach) return true;
-        }
-        return false;
-    });
+    Paint(picture, BoxAround(picture, points, width / 2), colour,
+          [&](PicturePoint p) { return DistanceFromLine(p, points) - width / 2; });
 }
 
 void Fill(DrawnPicture& picture, std::span<const PicturePoint> outline, COLORREF colour) {
     Paint(picture, BoxAround(picture, outline, 0), colour, [&](PicturePoint p) {
-        bool inside = false;
-        for (size_t i = 0; i < outline.size(); ++i) {
-            if (Crosses(p, outline[i], outline[(i + 1) % outline.size()])) inside = !inside;
-        }
-        return inside;
+        const PicturePoint closing[] = {outline.back(), outline.front()};
+        const double distance =
+            std::min(DistanceFromLine(p, outline), DistanceFromLine(p, closing));
+        return IsInside(p, outline) ? -distance : distance;
     });
 }
 

@@ -148,6 +148,14 @@ LRESULT OnColourStatic(HWND window, HDC dc, HWND control) {
     return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
 }
 
+// The keyboard letter of a label or a frame goes to the control behind it; dialogs do that by
+// themselves.
+void OnNextControl(HWND window, WPARAM which, bool isHandle) {
+    const HWND next = isHandle ? reinterpret_cast<HWND>(which)
+                               : GetNextDlgTabItem(window, GetFocus(), which != FALSE);
+    if (next != nullptr) SetFocus(next);
+}
+
 void OnSplitterMoved(HWND window, int left) {
     Layout& layout = StateOfMainWindow(window)->layout;
     layout.listShare = ListShareFor(window, layout, left);
@@ -188,6 +196,9 @@ LRESULT HandleLife(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
             break;
         case WM_SETFOCUS:
             GiveFocus(window);
+            return 0;
+        case WM_NEXTDLGCTL:
+            OnNextControl(window, wParam, LOWORD(lParam) != FALSE);
             return 0;
         case WM_SYSCOLORCHANGE:
             SendMessageW(GetDlgItem(window, LI_Sections), message, wParam, lParam);

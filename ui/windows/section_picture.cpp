@@ -1,5 +1,7 @@
 #include "ui/windows/section_picture.h"
 
+#include <uxtheme.h>
+
 #include <memory>
 
 #include "preview/section_preview.h"
@@ -120,6 +122,24 @@ void ShowContents(HWND window, HDC dc) {
     BitBlt(dc, 0, 0, state.size.cx, state.size.cy, source.dc, 0, 0, SRCCOPY);
 }
 
+// Paints the edge as the list beside it has it; false without a theme.
+bool PaintThemedEdge(HWND window) {
+    const HTHEME theme = OpenThemeData(window, L"ListView");
+    if (theme == nullptr) return false;
+    RECT edge{};
+    GetWindowRect(window, &edge);
+    OffsetRect(&edge, -edge.left, -edge.top);
+    const UINT dpi = DpiOf(window);
+    const int width = SystemMetric(SM_CXEDGE, dpi);
+    const int height = SystemMetric(SM_CYEDGE, dpi);
+    const HDC dc = GetWindowDC(window);
+    ExcludeClipRect(dc, width, height, edge.right - width, edge.bottom - height);
+    DrawThemeBackground(theme, dc, 0, 0, &edge, nullptr);
+    ReleaseDC(window, dc);
+    CloseThemeData(theme);
+    return true;
+}
+
 void OnPaint(HWND window) {
     PAINTSTRUCT paint{};
     const HDC dc = BeginPaint(window, &paint);
@@ -147,6 +167,9 @@ LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_ERASEBKGND:
             // The contents cover the whole window.
             return TRUE;
+        case WM_NCPAINT:
+            if (PaintThemedEdge(window)) return 0;
+            break;
         case WM_PAINT:
             OnPaint(window);
             return 0;
