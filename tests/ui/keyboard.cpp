@@ -1,0 +1,98 @@
+#include "tests/ui/keyboard.h"
+
+#include <vector>
+
+#include "tests/ui/driver.h"
+
+namespace corvane::ui {
+namespace {
+
+void Add(std::vector<INPUT>& inputs, WORD key, DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
+    input.ki.dwFlags = flags;
+    // The keys that lie apart from the number pad.
+    const bool apart = (key >= VK_PRIOR && key <= VK_DOWN) || key == VK_INSERT || key == VK_DELETE;
+    if (apart) input.ki.dwFlags |= KEYEVENTF_EXTENDEDKEY;
+    inputs.push_back(input);
+}
+
+void Press(std::vector<INPUT>& inputs, WORD key) {
+    Add(inputs, key, 0);
+    Add(inputs, key, KEYEVENTF_KEYUP);
+}
+
+void SendAll(std::vector<INPUT>& inputs) {
+    SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+}
+
+void TypeWith(WORD modifier, WORD key) {
+    std::vector<INPUT> inputs;
+    Add(inputs, modifier, 0);
+    Press(inputs, key);
+    Add(inputs, modifier, KEYEVENTF_KEYUP);
+    SendAll(inputs);
+}
+
+void MoveMouse(POINT to) {
+    SetCursorPos(static_cast<int>(to.x), static_cast<int>(to.y));
+}
+
+void PressMouse(DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = flags;
+    SendInput(1, &input, sizeof(INPUT));
+}
+
+}  // namespace
+
+bool TakesKeys(HWND window) {
+    return WaitUntil([&] {
+        SetForegroundWindow(window);
+        return GetForegroundWindow() == window && FocusedControl(window) != 0;
+    });
+}
+
+void Type(std::initializer_list<WORD> keys) {
+    std::vector<INPUT> inputs;
+    for (const WORD key : keys) Press(inputs, key);
+    SendAll(inputs);
+}
+
+void TypeWithAlt(WORD key) {
+    TypeWith(VK_MENU, key);
+}
+
+void TypeWithShift(WORD key) {
+    TypeWith(VK_SHIFT, key);
+}
+
+int FocusedControl(HWND window) {
+    const HWND focus = FocusOf(window);
+    return focus == nullptr ? 0 : GetDlgCtrlID(focus);
+}
+
+bool FocusBecomes(HWND window, int control) {
+    return WaitUntil([&] { return FocusedControl(window) == control; });
+}
+
+void DragMouse(POINT from, POINT to) {
+    MoveMouse(from);
+    PressMouse(MOUSEEVENTF_LEFTDOWN);
+    MoveMouse({(from.x + to.x) / 2, (from.y + to.y) / 2});
+    MoveMouse(to);
+    PressMouse(MOUSEEVENTF_LEFTUP);
+}
+
+void DoubleClick(POINT at) {
+    MoveMouse(at);
+    for (int i = 0; i < 2; ++i) {
+        PressMouse(MOUSEEVENTF_LEFTDOWN);
+        PressMouse(MOUSEEVENTF_LEFTUP);
+    }
+}
+
+}  // namespace corvane::ui

@@ -1,0 +1,28 @@
+// Real keys and mouse movements, as they come from the user: they reach whatever has the focus or
+// lies under the pointer.
+#pragma once
+
+#include <initializer_list>
+
+#include "platform/win32/win32.h"
+
+namespace corvane::ui {
+
+// Waits until the window is the one that gets the keys.
+bool TakesKeys(HWND window);
+
+// Presses and releases the keys (VK_...) one after the other.
+void Type(std::initializer_list<WORD> keys);
+// With Alt held.
+void TypeWithAlt(WORD key);
+void TypeWithShift(WORD key);
+
+// Identifier of the control that has the focus in the window's program; 0 without one.
+int FocusedControl(HWND window);
+bool FocusBecomes(HWND window, int control);
+
+// Presses the left button at a point of the screen, moves to another, and releases it there.
+void DragMouse(POINT from, POINT to);
+void DoubleClick(POINT at);
+
+}  // namespace corvane::ui

@@ -1,0 +1,176 @@
+// Every command of the main window by the keyboard alone.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+#include "tests/ui/main_window_fixture.h"
+
+namespace corvane::ui {
+namespace {
+
+using test::Narrow;
+
+enum class Shows {
+    kBox,     // a message box whose text holds `text`
+    kWindow,  // a window of the system's dialogs with the title `text`
+    kAbout,
+    kNothing  // the program ends
+};
+
+// A command's way through the menus, and what it shows when no program of the suite is installed.
+struct KeyCommand {
+    uint16_t id;
+    char menu;
+    char item;
+    Shows shows;
+    const char* text;
+};
+
+constexpr KeyCommand kKeyCommands[] = {
+    {ME_FileNew, 'F', 'N', Shows::kWindow, "New database"},
+    {ME_FileOpen, 'F', 'O', Shows::kWindow, "Open database"},
+    {ME_FileSaveAs, 'F', 'S', Shows::kWindow, "Save database as"},
+    {ME_FileSaveLegacy, 'F', 'V', Shows::kBox, "not part of this version"},
+    {ME_FileQuit, 'F', 'Q', Shows::kNothing, ""},
+    {ME_FileBSD, 'B', 'O', Shows::kBox, "BsdEdit.exe"},
+    {ME_FileImportBSD, 'B', 'I', Shows::kBox, "You will erase the current BSD !"},
+    {ME_SectionNew, 'C', 'S', Shows::kBox, "SectInput.exe"},
+    {ME_NewBulkhead, 'C', 'B', Shows::kBox, "BhdInput.exe"},
+    {ME_NewTorsion, 'C', 'M', Shows::kBox, "TorModel.exe"},
+    {ME_SectionInput, 'S', 'E', Shows::kBox, "SectInput.exe"},
+    {ME_SectionVelkRule, 'S', 'R', Shows::kBox, "SectRule.exe"},
+    {ME_SectionImport, 'S', 'I', Shows::kBox, "not part of this version"},
+    {ME_SectionExport, 'S', 'X', Shows::kBox, "not part of this version"},
+    {ME_HelpAbout, 'H', 'A', Shows::kAbout, "About"},
+};
+
+struct KeyboardTest : MainWindowFixture {
+    // Waits for what a command shows, compares it, and closes it with the Escape key.
+    void ExpectAndClose(Shows shows, const std::string& text) const {
+        const HWND window = program.Window(shows == Shows::kAbout ? L"FM_About" : L"#32770");
+        ASSERT_NE(window, nullptr) << text;
+        ASSERT_TRUE(WaitUntil([&] { return GetForegroundWindow() == window; })) << text;
+        if (shows == Shows::kBox) {
+            EXPECT_NE(Narrow(WaitForBox(program).text).find(text), std::string::npos)
+                << Narrow(WaitForBox(program).text);
+        } else {
+            EXPECT_EQ(Narrow(TextOf(window)), text);
+        }
+        Type({VK_ESCAPE});
+        ASSERT_TRUE(HasClosed(window)) << text;
+    }
+    void ExpectTheListReady() const {
+        EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(main) != FALSE; }));
+        EXPECT_TRUE(FocusBecomes(main, LI_Sections));
+    }
+};
+
+TEST_F(KeyboardTest, EveryCommandOfTheMenusIsInTheTable) {
+    for (const Command& command : Commands()) {
+        if (command.id == 0 || command.enabledWhen == EnabledWhen::kNotYet) continue;
+        EXPECT_NE(std::ranges::find(kKeyCommands, command.id, &KeyCommand::id),
+                  std::end(kKeyCommands))
+            << command.name;
+    }
+}
+
+TEST_F(KeyboardTest, EveryCommandIsChosenByItsLetters) {
+    for (const KeyCommand& command : kKeyCommands) {
+        if (command.shows == Shows::kNothing) continue;
+        SCOPED_TRACE(std::string(1, command.menu) + " " + command.item);
+        TypeWithAlt(static_cast<WORD>(command.menu));
+        ASSERT_TRUE(MenuIsOpen(true));
+        Type({static_cast<WORD>(command.item)});
+        ExpectAndClose(command.shows, command.text);
+        ExpectTheListReady();
+        if (HasFatalFailure()) return;
+    }
+}
+
+TEST_F(KeyboardTest, QuitEndsTheProgram) {
+    TypeWithAlt('F');
+    ASSERT_TRUE(MenuIsOpen(true));
+    Type({'Q'});
+    EXPECT_TRUE(program.HasEnded());
+    EXPECT_EQ(program.ExitCode(), 0U);
+}
+
+TEST_F(KeyboardTest, AltF4EndsTheProgram) {
+    TypeWithAlt(VK_F4);
+    EXPECT_TRUE(program.HasEnded());
+    EXPECT_EQ(program.ExitCode(), 0U);
+}
+
+TEST_F(KeyboardTest, EnterInTheListEdits) {
+    Type({VK_RETURN});
+    ExpectAndClose(Shows::kBox, "SectInput.exe");
+    ExpectTheListReady();
+}
+
+TEST_F(KeyboardTest, DoubleClickInTheListEdits) {
+    const RECT list = Place(LI_Sections);
+    // The second of the rows that lie below the head.
+    const HWND head = reinterpret_cast<HWND>(Send(Control(LI_Sections), LVM_GETHEADER, 0, 0));
+    RECT headPlace{};
+    GetWindowRect(head, &headPlace);
+    const LONG height = headPlace.bottom - headPlace.top;
+    DoubleClick({list.left + 80, headPlace.bottom + height + height / 3});
+    ExpectAndClose(Shows::kBox, "SectInput.exe");
+    EXPECT_TRUE(ShowsPosition(L"X = 44.7 m"));
+    ExpectTheListReady();
+}
+
+TEST_F(KeyboardTest, LettersOfTheButtonsPressThem) {
+    const struct {
+        char letter;
+        Shows shows;
+        const char* text;
+    } buttons[] = {{'O', Shows::kWindow, "Open database"},
+                   {'E', Shows::kBox, "SectInput.exe"},
+                   {'R', Shows::kBox, "SectRule.exe"}};
+    for (const auto& button : buttons) {
+        TypeWithAlt(static_cast<WORD>(button.letter));
+        ExpectAndClose(button.shows, button.text);
+        EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(main) != FALSE; }));
+    }
+}
+
+// "BSD" and "Basic Data" have the same letter.
+TEST_F(KeyboardTest, LetterOfMenuAndButtonOpensTheMenu) {
+    ASSERT_TRUE(IsWindowEnabled(Control(BT_Bsd)));
+    for (const int from : {int{LI_Sections}, int{BT_Bsd}, int{TX_DataBase}}) {
+        while (FocusedControl(main) != from) {
+            const int before = FocusedControl(main);
+            Type({VK_TAB});
+            ASSERT_TRUE(WaitUntil([&] { return FocusedControl(main) != before; }));
+        }
+        TypeWithAlt('B');
+        EXPECT_TRUE(MenuIsOpen(true));
+        EXPECT_EQ(program.FindNow(L"#32770"), nullptr) << "the button was pressed";
+        Type({VK_ESCAPE, VK_ESCAPE});
+        EXPECT_TRUE(MenuIsOpen(false));
+    }
+}
+
+TEST_F(KeyboardTest, SpaceAndEnterPressTheButtonThatHasTheFocus) {
+    const struct {
+        int button;
+        const char* text;
+    } buttons[] = {{BT_Open, "SectInput.exe"}, {BT_Rule, "SectRule.exe"}, {BT_Bsd, "BsdEdit.exe"}};
+    for (const auto& button : buttons) {
+        while (FocusedControl(main) != button.button) {
+            const int before = FocusedControl(main);
+            Type({VK_TAB});
+            ASSERT_TRUE(WaitUntil([&] { return FocusedControl(main) != before; }));
+        }
+        for (const WORD key : {WORD{VK_SPACE}, WORD{VK_RETURN}}) {
+            Type({key});
+            ExpectAndClose(Shows::kBox, button.text);
+            ASSERT_TRUE(FocusBecomes(main, button.button));
+        }
+    }
+}
+
+}  // namespace
+}  // namespace corvane::ui

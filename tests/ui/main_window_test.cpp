@@ -1,0 +1,180 @@
+// The main window of the real program: rule options, buttons, splitter, keyboard and mouse.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "tests/ui/main_window_fixture.h"
+#include "tests/ui/screenshot.h"
+
+namespace corvane::ui {
+namespace {
+
+using test::Narrow;
+using MainWindowTest = MainWindowFixture;
+
+constexpr int kModels = 14;
+
+// ---- Rule sets ---------------------------------------------------------------------------------
+
+TEST_F(MainWindowTest, RuleOptionsChangeTheTitle) {
+    const struct {
+        int option;
+        const wchar_t* title;
+    } clicks[] = {{1, L"Corvane JBP - ship.ve2 - AURORA BAY"},
+                  {2, L"Corvane MIL - ship.ve2 - AURORA BAY"},
+                  {1, L"Corvane JBP - ship.ve2 - AURORA BAY"},
+                  {0, L"Corvane - ship.ve2 - AURORA BAY"}};
+    for (const auto& click : clicks) {
+        PostMessageW(Control(OP_Rule + click.option), BM_CLICK, 0, 0);
+        EXPECT_TRUE(TextBecomes(main, click.title)) << Narrow(TextOf(main));
+        for (int i = 0; i < kRuleSetCount; ++i) EXPECT_EQ(IsOn(OP_Rule + i), i == click.option);
+    }
+}
+
+// Pixels that differ in the picture of a button.
+int Differing(const Picture& one, const Picture& other) {
+    int count = 0;
+    for (size_t i = 0; i < one.pixels.size(); ++i) count += one.pixels[i] != other.pixels[i];
+    return count;
+}
+
+TEST_F(MainWindowTest, RuleButtonHasAPictureForEachRuleSet) {
+    std::vector<Picture> pictures;
+    for (int i = 0; i < kRuleSetCount; ++i) {
+        SendMessageW(Control(OP_Rule + i), BM_CLICK, 0, 0);
+        if (i > 0) {
+            EXPECT_TRUE(WaitUntil([&] {
+                return Differing(CopyScreen(Place(BT_Rule)), pictures.back()) > 20;
+            })) << i;
+        }
+        pictures.push_back(CopyScreen(Place(BT_Rule)));
+    }
+    EXPECT_GT(Differing(pictures[0], pictures[2]), 20);
+}
+
+// ---- Model buttons -----------------------------------------------------------------------------
+
+TEST_F(MainWindowTest, TorsionModelHidesRuleAndCentresEdit) {
+    const LONG openLeft = Place(BT_Open).left;
+    const LONG ruleLeft = Place(BT_Rule).left;
+    ASSERT_TRUE(IsShown(BT_Rule));
+    Type({VK_END});
+    ASSERT_TRUE(WaitUntil([&] { return !IsShown(BT_Rule); }));
+    EXPECT_EQ(Place(BT_Open).left, (openLeft + ruleLeft) / 2);
+    Type({VK_HOME});
+    ASSERT_TRUE(WaitUntil([&] { return IsShown(BT_Rule); }));
+    EXPECT_EQ(Place(BT_Open).left, openLeft);
+    EXPECT_EQ(Place(BT_Rule).left, ruleLeft);
+}
+
+// ---- Splitter ----------------------------------------------------------------------------------
+
+TEST_F(MainWindowTest, MouseDragsTheSplitter) {
+    const RECT before = Place(SP_Sections);
+    const POINT from{(before.left + before.right) / 2, (before.top + before.bottom) / 2};
+    DragMouse(from, {from.x - 90, from.y});
+    EXPECT_TRUE(WaitUntil([&] { return Place(SP_Sections).left == before.left - 90; }))
+        << Place(SP_Sections).left << " from " << before.left;
+    EXPECT_EQ(Place(LI_Sections).right, Place(SP_Sections).left);
+    EXPECT_EQ(Place(PIC_Section).left, Place(SP_Sections).right);
+    EXPECT_TRUE(FocusBecomes(main, LI_Sections)) << "the mouse leaves the focus where it is";
+}
+
+TEST_F(MainWindowTest, SplitterIsReachedAndMovedByKeys) {
+    const LONG before = Place(SP_Sections).left;
+    Type({VK_TAB});
+    ASSERT_TRUE(FocusBecomes(main, SP_Sections));
+    Type({VK_RIGHT, VK_RIGHT});
+    EXPECT_TRUE(WaitUntil([&] { return Place(SP_Sections).left > before + 16; }));
+}
+
+// ---- Keyboard ----------------------------------------------------------------------------------
+
+TEST_F(MainWindowTest, TabKeyVisitsTheControlsAsTheyAreRead) {
+    std::vector<int> expected = {TX_DataBase, Command1, LI_Sections, SP_Sections, OP_Preview,
+                                 BT_Open,     BT_Rule,  OP_Rule,     BT_Bsd};
+    std::erase_if(expected, [&](int id) { return !IsWindowEnabled(Control(id)); });
+    const auto list = std::ranges::find(expected, int{LI_Sections});
+    std::ranges::rotate(expected, list + 1);
+    for (const int id : expected) {
+        Type({VK_TAB});
+        ASSERT_TRUE(FocusBecomes(main, id)) << FocusedControl(main) << " instead of " << id;
+    }
+    std::ranges::reverse(expected);
+    std::ranges::rotate(expected, expected.begin() + 1);
+    for (const int id : expected) {
+        TypeWithShift(VK_TAB);
+        ASSERT_TRUE(FocusBecomes(main, id)) << FocusedControl(main) << " instead of " << id;
+    }
+}
+
+TEST_F(MainWindowTest, AltLetterOpensEachTopMenu) {
+    for (const char letter : {'F', 'B', 'C', 'S', 'H'}) {
+        TypeWithAlt(static_cast<WORD>(letter));
+        EXPECT_TRUE(MenuIsOpen(true)) << letter;
+        Type({VK_ESCAPE, VK_ESCAPE});
+        EXPECT_TRUE(MenuIsOpen(false)) << letter;
+        EXPECT_TRUE(FocusBecomes(main, LI_Sections)) << letter;
+    }
+}
+
+TEST_F(MainWindowTest, AltLetterOfTheSectionMenuFollowsTheKind) {
+    const struct {
+        WORD key;
+        char letter;
+        const wchar_t* position;
+    } models[] = {{VK_END, 'T', L"X = 116.7 m"}, {VK_HOME, 'S', L"X = 20.7 m"}};
+    for (const auto& model : models) {
+        Type({model.key});
+        ASSERT_TRUE(ShowsPosition(model.position));
+        TypeWithAlt(static_cast<WORD>(model.letter));
+        EXPECT_TRUE(MenuIsOpen(true)) << model.letter;
+        Type({VK_ESCAPE, VK_ESCAPE});
+        EXPECT_TRUE(MenuIsOpen(false));
+    }
+}
+
+TEST_F(MainWindowTest, AltLetterReachesTheControls) {
+    TypeWithAlt('D');
+    EXPECT_TRUE(FocusBecomes(main, TX_DataBase));
+    TypeWithAlt('M');
+    EXPECT_TRUE(FocusBecomes(main, LI_Sections));
+    TypeWithAlt('P');
+    EXPECT_TRUE(WaitUntil([&] { return !IsOn(OP_Preview); }));
+    TypeWithAlt('P');
+    EXPECT_TRUE(WaitUntil([&] { return IsOn(OP_Preview); }));
+    TypeWithAlt('U');
+    EXPECT_TRUE(FocusBecomes(main, OP_Rule));
+}
+
+TEST_F(MainWindowTest, ArrowKeysChooseTheRuleSet) {
+    TypeWithAlt('U');
+    ASSERT_TRUE(FocusBecomes(main, OP_Rule));
+    Type({VK_RIGHT});
+    EXPECT_TRUE(TextBecomes(main, L"Corvane JBP - ship.ve2 - AURORA BAY"));
+    Type({VK_DOWN});
+    EXPECT_TRUE(TextBecomes(main, L"Corvane MIL - ship.ve2 - AURORA BAY"));
+    Type({VK_RIGHT});
+    EXPECT_TRUE(TextBecomes(main, L"Corvane - ship.ve2 - AURORA BAY"));
+}
+
+TEST_F(MainWindowTest, ArrowsPagesAndLettersInTheListSelectModels) {
+    Type({VK_DOWN, VK_DOWN});
+    EXPECT_TRUE(ShowsPosition(L"X = 68.7 m"));
+    Type({VK_UP});
+    EXPECT_TRUE(ShowsPosition(L"X = 44.7 m"));
+    Type({VK_END});
+    EXPECT_TRUE(ShowsPosition(L"X = 116.7 m"));
+    Type({VK_HOME});
+    EXPECT_TRUE(ShowsPosition(L"X = 20.7 m"));
+    Type({VK_NEXT});
+    EXPECT_TRUE(ShowsPosition(L"X = 116.7 m")) << "all models are on one page";
+    Type({'M'});
+    EXPECT_TRUE(ShowsPosition(L"X = 108.5 m")) << "the midship section";
+    EXPECT_EQ(Rows(program, Control(LI_Sections)).size(), size_t{kModels});
+}
+
+}  // namespace
+}  // namespace corvane::ui
