@@ -95,13 +95,11 @@ bool ExportNext(const std::wstring& target, int16_t number, SectionModel& sectio
 bool ExportSections(const std::wstring& source, const std::wstring& target,
                     const BasicShipData& bsd) {
     int16_t number = 0;
-    int32_t model = 0;
     bool complete = true;
     for (const ModelEntry& entry : ListModels(source)) {
-        ++model;
         if (entry.kind != ModelKind::kSection) continue;
         SectionModel section;
-        if (!ReadSectionBlock(source, model, false, section)) {
+        if (!ReadSectionBlock(source, entry.number, false, section)) {
             complete = false;
         } else if (!ExportNext(target, ++number, section, bsd)) {
             return false;

@@ -4,6 +4,7 @@
 
 #include "app/messages.h"
 #include "app/state.h"
+#include "ui/commands/legacy_commands.h"
 #include "ui/windows/about.h"
 #include "ui/windows/control_ids.h"
 #include "ui/windows/dialogs.h"
@@ -125,6 +126,7 @@ Screen WindowsScreen() {
     screen.showSplash = [](const std::wstring& title) { ShowSplash(title); };
     screen.unloadSplash = UnloadSplash;
     screen.activateRunningInstance = ActivateRunningInstance;
+    screen.openLegacyDatabase = [](const std::wstring& path) { OpenLegacyDatabase(path); };
     FillMainWindowProcedures(screen);
     return screen;
 }
