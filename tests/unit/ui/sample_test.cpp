@@ -9,6 +9,7 @@
 #include "bsd/bsd_file.h"
 #include "bsd/frames.h"
 #include "database/database_file.h"
+#include "legacy/exchange.h"
 #include "tests/unit/support.h"
 #include "ui/commands/main_window.h"
 
@@ -89,6 +90,17 @@ TEST(Sample, SectionsStandAtTheFramesOfTheirNames) {
     EXPECT_EQ(FrameText(ModelPosition(SamplePath(), 5)), L"Closer Frame : 141 (0.200 m)");
     EXPECT_EQ(FrameText(ModelPosition(SamplePath(), 9)), L"Frame : 270");
     EXPECT_EQ(FrameText(ModelPosition(SamplePath(), 12)), L"Frame : 254");
+}
+
+TEST(Sample, LegacyDatabaseMadeAgainIsTheSame) {
+    const test::RecordingScreen screen;
+    const test::TemporaryFolder folder;
+    const std::wstring made = folder.File(L"made.vel");
+    ASSERT_TRUE(ExportDatabase(SamplePath(), made));
+    EXPECT_TRUE(test::RecordingScreen::Of("warning").empty());
+    const std::string bytes = test::ReadFileBytes(made);
+    EXPECT_EQ(bytes.size(), 150620u);
+    EXPECT_TRUE(bytes == test::ReadFileBytes(test::DataPath("../samples/aurora_bay.vel")));
 }
 
 TEST(Sample, LinesEndWithCrLf) {
