@@ -418,7 +418,8 @@ TEST_F(DamagingProgram, ThatCannotBeStartedIsReported) {
     FakeProgram::result = 0;
     ME_SectionInput_Click();
     EXPECT_TRUE(OnlyWarning("The program '" + Narrow(programs) +
-                            "SectInput.exe' could not be started:\rThe system cannot find"));
+                            "SectInput.exe' could not be started:\r" +
+                            Narrow(system::ErrorText(system::kErrorFileNotFound))));
     EXPECT_EQ(ShownWindow::rowCount, 1);
     EXPECT_EQ(RecordingScreen::caption, L"");
 }
