@@ -12,10 +12,12 @@ namespace {
 using test::Narrow;
 
 enum class Shows {
-    kBox,     // a message box whose text holds `text`
-    kWindow,  // a window of the system's dialogs with the title `text`
-    kAbout,
-    kNothing  // the program ends
+    kBox,       // a message box whose text holds `text`
+    kQuestion,  // the same; it has no Cancel, and the Enter key means No
+    kWindow,    // a window of the system's dialogs with the title `text`
+    kInputBox,  // a window of the program's own with the title `text`
+    kAbout,     // the same
+    kNothing    // the program ends
 };
 
 // A command's way through the menus, and what it shows when no program of the suite is installed.
@@ -40,24 +42,30 @@ constexpr KeyCommand kKeyCommands[] = {
     {ME_NewTorsion, 'C', 'M', Shows::kBox, "TorModel.exe"},
     {ME_SectionInput, 'S', 'E', Shows::kBox, "SectInput.exe"},
     {ME_SectionVelkRule, 'S', 'R', Shows::kBox, "SectRule.exe"},
+    {ME_SectionCopy, 'S', 'C', Shows::kInputBox, "Corvane"},
+    {ME_SectionRemove, 'S', 'D', Shows::kQuestion, "Are you sure to remove Section "},
     {ME_SectionImport, 'S', 'I', Shows::kBox, "not part of this version"},
     {ME_SectionExport, 'S', 'X', Shows::kBox, "not part of this version"},
     {ME_HelpAbout, 'H', 'A', Shows::kAbout, "About"},
 };
 
 struct KeyboardTest : MainWindowFixture {
-    // Waits for what a command shows, compares it, and closes it with the Escape key.
+    static const wchar_t* ClassOf(Shows shows) {
+        if (shows == Shows::kAbout) return L"FM_About";
+        return shows == Shows::kInputBox ? L"InputBox" : L"#32770";
+    }
+    // Waits for what a command shows, compares it, and closes it with the key that does nothing.
     void ExpectAndClose(Shows shows, const std::string& text) const {
-        const HWND window = program.Window(shows == Shows::kAbout ? L"FM_About" : L"#32770");
+        const HWND window = program.Window(ClassOf(shows));
         ASSERT_NE(window, nullptr) << text;
         ASSERT_TRUE(WaitUntil([&] { return GetForegroundWindow() == window; })) << text;
-        if (shows == Shows::kBox) {
+        if (shows == Shows::kBox || shows == Shows::kQuestion) {
             EXPECT_NE(Narrow(WaitForBox(program).text).find(text), std::string::npos)
                 << Narrow(WaitForBox(program).text);
         } else {
             EXPECT_EQ(Narrow(TextOf(window)), text);
         }
-        Type({VK_ESCAPE});
+        Type({shows == Shows::kQuestion ? WORD{VK_RETURN} : WORD{VK_ESCAPE}});
         ASSERT_TRUE(HasClosed(window)) << text;
     }
     void ExpectTheListReady() const {
@@ -105,6 +113,12 @@ TEST_F(KeyboardTest, AltF4EndsTheProgram) {
 TEST_F(KeyboardTest, EnterInTheListEdits) {
     Type({VK_RETURN});
     ExpectAndClose(Shows::kBox, "SectInput.exe");
+    ExpectTheListReady();
+}
+
+TEST_F(KeyboardTest, DeleteInTheListAsksAndEnterKeepsTheModel) {
+    Type({VK_DELETE});
+    ExpectAndClose(Shows::kQuestion, "Are you sure to remove Section ");
     ExpectTheListReady();
 }
 

@@ -7,6 +7,7 @@
 #include "ui/commands/file_commands.h"
 #include "ui/commands/help_commands.h"
 #include "ui/commands/main_window.h"
+#include "ui/commands/model_commands.h"
 #include "ui/commands/sibling_programs.h"
 
 namespace corvane {
@@ -14,10 +15,6 @@ namespace {
 
 constexpr Command Separator(Menu menu) {
     return {0, menu, "", L"", EnabledWhen::kAlways, nullptr};
-}
-
-constexpr Command NotYet(uint16_t id, Menu menu, const char* name, const wchar_t* caption) {
-    return {id, menu, name, caption, EnabledWhen::kNotYet, nullptr};
 }
 
 constexpr std::array kCommands = {
@@ -50,8 +47,10 @@ constexpr std::array kCommands = {
     Command{ME_SectionVelkRule, Menu::kSection, "ME_SectionVelkRule", L"&Rule...",
             EnabledWhen::kModelSelected, ME_SectionVelkRule_Click},
     Separator(Menu::kSection),
-    NotYet(ME_SectionCopy, Menu::kSection, "ME_SectionCopy", L"&Copy..."),
-    NotYet(ME_SectionRemove, Menu::kSection, "ME_SectionRemove", L"&Delete..."),
+    Command{ME_SectionCopy, Menu::kSection, "ME_SectionCopy", L"&Copy...",
+            EnabledWhen::kModelSelected, ME_SectionCopy_Click},
+    Command{ME_SectionRemove, Menu::kSection, "ME_SectionRemove", L"&Delete...",
+            EnabledWhen::kModelSelected, ME_SectionRemove_Click},
     Separator(Menu::kSection),
     Command{ME_SectionImport, Menu::kSection, "ME_SectionImport", L"&Import...",
             EnabledWhen::kDatabaseOpen, NotImp},
