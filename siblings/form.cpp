@@ -2,6 +2,7 @@
 
 #include "app/messages.h"
 #include "database/database_file.h"
+#include "database/editing.h"
 #include "platform/system.h"
 #include "util/numbers.h"
 #include "util/paths.h"
@@ -253,6 +254,13 @@ Field NumberField(const wchar_t* label, const wchar_t* unit, float value, Range 
 
 float NumberOf(const Field& field) {
     return static_cast<float>(LeadingNumber(field.value));
+}
+
+int32_t NumberToSave(const Form& form) {
+    if (form.request.model > 0) return form.request.model;
+    const int32_t number = NextModelNumber(form.request.databasePath);
+    if (number == 0) ReportMessage(kMsgNoModelNumberLeft, {form.request.databasePath});
+    return number;
 }
 
 int CheckFields(const std::vector<Field>& fields) {

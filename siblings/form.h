@@ -91,6 +91,10 @@ Field NumberField(const wchar_t* label, const wchar_t* unit, float value, Range 
 
 float NumberOf(const Field& field);
 
+// The number that the model is saved under: the one that was asked for, else the one that a new
+// model gets. 0: there is none, which was reported.
+int32_t NumberToSave(const Form& form);
+
 // The fields' own rules; reports the first that is broken and gives its index, else -1.
 int CheckFields(const std::vector<Field>& fields);
 

@@ -177,14 +177,21 @@ const Panel* FindKind(const SectionModel& section, int16_t kind) {
     return found == section.panels.end() ? nullptr : &*found;
 }
 
+// As far as the file's seven digits tell.
+bool IsSameLength(float a, float b) {
+    return std::abs(a - b) <= 1e-5F * std::max(1.0F, std::abs(a));
+}
+
+bool IsSameNode(const Node& a, const Node& b) {
+    return a.kind == b.kind && a.onStrake == b.onStrake && a.onNode == b.onNode &&
+           IsSameLength(a.givenY, b.givenY) && IsSameLength(a.givenZ, b.givenZ) &&
+           IsSameLength(a.radius, b.radius);
+}
+
 bool IsSamePanel(const Panel& a, const Panel& b) {
-    const auto samePlace = [](const Node& m, const Node& n) {
-        return m.kind == n.kind && m.givenY == n.givenY && m.givenZ == n.givenZ &&
-               m.onStrake == n.onStrake && m.onNode == n.onNode && m.radius == n.radius;
-    };
-    return a.name == b.name && a.kind == b.kind && a.spacing_m == b.spacing_m &&
+    return a.name == b.name && a.kind == b.kind && IsSameLength(a.spacing_m, b.spacing_m) &&
            a.stiffeners.size() == b.stiffeners.size() && a.plates.size() == b.plates.size() &&
-           std::ranges::equal(a.nodes, b.nodes, samePlace);
+           std::ranges::equal(a.nodes, b.nodes, IsSameNode);
 }
 
 // The spacing of the frame table at the section.

@@ -5,9 +5,12 @@
 
 namespace corvane::siblings {
 
-extern const StandIn kBsdEditor;     // message 203
-extern const StandIn kSectionRule;   // message 205
-extern const StandIn kCsrRule;       // CsrCheck.exe
-extern const StandIn kBulkheadRule;  // BhdCheck.exe
+extern const StandIn kBsdEditor;      // message 203
+extern const StandIn kSectionInput;   // message 204
+extern const StandIn kSectionRule;    // message 205
+extern const StandIn kBulkheadInput;  // BhdInput.exe
+extern const StandIn kCsrRule;        // CsrCheck.exe
+extern const StandIn kBulkheadRule;   // BhdCheck.exe
+extern const StandIn kTorsionModel;   // TorModel.exe
 
 }  // namespace corvane::siblings

@@ -14,6 +14,7 @@ SYSTEM_LIBRARIES = {
     "ole32.dll", "oleaut32.dll", "rpcrt4.dll", "shell32.dll", "shlwapi.dll", "user32.dll",
     "uxtheme.dll", "version.dll",
 }
+STAND_IN = re.compile(r"^corvane_stand_in\((\w+) ", re.MULTILINE)
 LATE_BOUND = re.compile(r'^CORVANE_LATE_BOUND\("([^"]+)",\s*(\w+)\)', re.MULTILINE)
 
 
@@ -26,6 +27,19 @@ def contracts(root):
             for library, function in LATE_BOUND.findall(text):
                 functions.setdefault(library, set()).add(function)
     return functions
+
+
+def programs(root):
+    """The shell, and the stand-ins for the suite's other programs."""
+    names = ["Corvane.exe"] if os.path.isdir(os.path.join(root, "ui/windows")) else []
+    if os.path.isdir(os.path.join(root, "siblings")):
+        build_file = read_bytes(root, "siblings/CMakeLists.txt").decode("utf-8")
+        stand_ins = STAND_IN.findall(build_file)
+        if len(stand_ins) != 7:
+            print(f"siblings/CMakeLists.txt: {len(stand_ins)} stand-ins, not 7")
+            sys.exit(1)
+        names += [f"{name}.exe" for name in stand_ins]
+    return names
 
 
 def describe(objdump, path):
@@ -66,8 +80,7 @@ def main(root, objdump, folder):
     wanted = contracts(root)
     if len(wanted) < 4:
         findings.add("platform", 0, f"contracts of {len(wanted)} libraries, not of 4")
-    programs = ["Corvane.exe"] if os.path.isdir(os.path.join(root, "ui/windows")) else []
-    for name in sorted(wanted) + programs:
+    for name in sorted(wanted) + programs(root):
         path = os.path.join(folder, name)
         if not os.path.isfile(path):
             findings.add(path, 0, "missing")

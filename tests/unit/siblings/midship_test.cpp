@@ -27,10 +27,10 @@ std::string TextOf(const MidshipParameters& p) {
 // All combinations of small, usual and large dimensions that fit together.
 std::vector<MidshipParameters> Range() {
     std::vector<MidshipParameters> all;
-    for (const float breadth : {6.0F, 9.3F, 20.0F, 32.25F, 50.0F, 70.0F}) {
-        for (const float depth : {3.0F, 5.55F, 12.0F, 19.6F, 40.0F}) {
+    for (const float breadth : {6.0F, 9.3F, 32.25F, 70.0F}) {
+        for (const float depth : {3.0F, 12.0F, 19.6F, 40.0F}) {
             for (const float part : {0.0F, 0.4F, 1.0F}) {
-                for (const float spacing : {0.4F, 0.65F, 0.8F, 1.2F}) {
+                for (const float spacing : {0.4F, 0.8F, 1.2F}) {
                     for (const float radiusPart : {0.0F, 0.6F, 1.0F}) {
                         MidshipParameters p{breadth, depth, 0, 0, spacing};
                         const float most = std::min(10.0F, MostDoubleBottom(p));
@@ -75,7 +75,7 @@ void ExpectSound(SectionModel& section) {
 
 TEST(MidshipTest, ComputesForAllDimensionsWithinTheLimits) {
     const std::vector<MidshipParameters> all = Range();
-    ASSERT_GT(all.size(), 500U);
+    ASSERT_GT(all.size(), 400U);
     for (const MidshipParameters& parameters : all) {
         SectionModel section;
         section.frameSpacing_m = 0.8F;
