@@ -2,6 +2,7 @@
 // dialog (Tab, Enter for the default button, Esc). They scale with the screen that they are on.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 
 #include "platform/win32/win32.h"
