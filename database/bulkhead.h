@@ -76,7 +76,8 @@ struct Corrugation {
     bool operator==(const Corrugation&) const = default;
 };
 
-// Table BH STRAKE: a plate of a band of the bulkhead. A band is as high as its plates are.
+// Table BH STRAKE: a plate of a band of the bulkhead. A band is a part of the breadth, counted from
+// the centre line; its strakes are plates one above the other.
 struct BulkheadStrake {
     float z_m = 0;  // upper edge
     float y_m = 0;  // outer edge

@@ -8,7 +8,6 @@ namespace {
 
 // ---- Engine room -------------------------------------------------------------------------------
 
-constexpr HullForm kEngineRoomForm{0.9F, 8, 5, 11, 14.8F, 19.6F, 0.4F};
 constexpr float kTankTop_m = 2.2F;
 constexpr float kCasing_m = 3.6F;    // y
 constexpr float kTankSide_m = 9.6F;  // y of the bulkhead of the wing tank
@@ -175,7 +174,6 @@ void AddEngineRoomTanks(EngineRoom& room) {
 
 // ---- Fore peak ---------------------------------------------------------------------------------
 
-constexpr HullForm kForePeakForm{0.5F, 25, 2, 4.08F, 5.2F, 19.6F, 0.15F};
 constexpr float kPeakTop_m = 9;  // z of the flat over the tank
 constexpr float kFlare_deg = 35;
 constexpr float kFlareTangent_m = 4;  // from the corner of the flare to both its ends

@@ -7,14 +7,8 @@
 namespace corvane::samples {
 namespace {
 
-constexpr float kInnerBottom_m = 1.75F;
-constexpr float kDuct_m = 1.6F;         // y of the girder beside the pipe duct
-constexpr float kGirderPitch_m = 3.2F;  // between the girders outside of it
 constexpr float kSheerSeam_m = 17.6F;
-constexpr float kTopsideFoot_m = 14;  // z at the side
 constexpr float kTopsideSlope_deg = 30;
-constexpr float kStoolTop_m = 4.5F;
-constexpr float kUpperStool_m = 16.9F;
 
 struct HoldPanels {
     BottomPanels bottom{};
@@ -66,8 +60,7 @@ void AddTopside(Hold& hold) {
     HoldPanels& panels = hold.panels;
     const HoldPlan& plan = hold.plan;
     const Place foot = SideAt(plan.form, kTopsideFoot_m);
-    const float slope = std::tan(kTopsideSlope_deg * std::numbers::pi_v<float> / 180);
-    const Place corner{plan.hatchSide_m, foot.z + (foot.y - plan.hatchSide_m) * slope};
+    const Place corner = TopsideHead(plan);
     const Place deck = DeckAt(plan.form, plan.hatchSide_m);
     // Offsets are whole millimetres.
     const float height = std::round((deck.z - corner.z) * 1000) / 1000;
@@ -302,6 +295,12 @@ void AddDividedHold(Hold& hold) {
 }
 
 }  // namespace
+
+Place TopsideHead(const HoldPlan& plan) {
+    const Place foot = SideAt(plan.form, kTopsideFoot_m);
+    const float slope = std::tan(kTopsideSlope_deg * std::numbers::pi_v<float> / 180);
+    return {plan.hatchSide_m, foot.z + (foot.y - plan.hatchSide_m) * slope};
+}
 
 void DraftHold(SectionDraft& draft, const HoldPlan& plan) {
     Hold hold{draft, plan, {}};

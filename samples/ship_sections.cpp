@@ -42,6 +42,8 @@ void SetMoments(SectionModel& model) {
     }
 }
 
+}  // namespace
+
 // The midship section, and what the other holds have different. Heavy cargo goes into the odd
 // holds.
 HoldPlan PlanOfHold(int32_t number) {
@@ -83,8 +85,6 @@ HoldPlan PlanOfHold(int32_t number) {
     }
     return plan;
 }
-
-}  // namespace
 
 void DraftSection(SectionDraft& draft, int32_t number) {
     switch (number) {

@@ -7,6 +7,18 @@ namespace corvane::samples {
 
 using namespace drafting;
 
+// The shells of the ship's ends.
+inline constexpr HullForm kEngineRoomForm{0.9F, 8, 5, 11, 14.8F, 19.6F, 0.4F};
+inline constexpr HullForm kForePeakForm{0.5F, 25, 2, 4.08F, 5.2F, 19.6F, 0.15F};
+
+// What all holds have alike.
+inline constexpr float kInnerBottom_m = 1.75F;
+inline constexpr float kDuct_m = 1.6F;         // y of the girder beside the pipe duct
+inline constexpr float kGirderPitch_m = 3.2F;  // between the girders outside of it
+inline constexpr float kTopsideFoot_m = 14;    // z at the side
+inline constexpr float kStoolTop_m = 4.5F;
+inline constexpr float kUpperStool_m = 16.9F;
+
 // What differs from hold to hold.
 struct HoldPlan {
     HullForm form;
@@ -18,6 +30,11 @@ struct HoldPlan {
     float deck_mm = 28;
     bool dividedByBulkhead = false;  // stools and cross deck instead of the hatch
 };
+
+// The hold at section `number`, 2 to 8.
+HoldPlan PlanOfHold(int32_t number);
+// Where the topside tank's slope ends below the hatch side.
+Place TopsideHead(const HoldPlan& plan);
 
 void DraftHold(SectionDraft& draft, const HoldPlan& plan);
 void DraftEngineRoom(SectionDraft& draft);

@@ -8,68 +8,20 @@
 
 #include "database/section_file.h"
 #include "tests/unit/support.h"
+#include "tests/unit/ui/sample_models.h"
 
 namespace corvane {
 namespace {
 
-constexpr int32_t kSectionCount = 9;
+using test::Area;
+using test::kSectionCount;
+using test::Place;
+using test::SamplePath;
+using test::SampleSection;
+
 constexpr int32_t kMidship = 5;
 constexpr int32_t kFirstHold = 2;
 constexpr int32_t kLastHold = 8;
-
-std::wstring SamplePath() {
-    return test::DataPath("../samples/aurora_bay.ve2");
-}
-
-struct Place {
-    float y, z;
-};
-
-// A section of the sample, computed.
-struct SampleSection {
-    const test::RecordingScreen screen;
-    SectionModel model;
-    LibraryView view;
-    bool read = false;
-    int16_t code = -1;
-
-    explicit SampleSection(int32_t number) {
-        read = ReadSectionBlock(SamplePath(), number, false, model);
-        MakeLibraryView(model, view);
-        DrawingParameters parameters{};
-        code = QuickCompute(&view.section, &parameters);
-    }
-    // 0: there is no panel of this name.
-    int16_t Panel(const std::wstring& name) const {
-        for (size_t i = 0; i < model.panels.size(); ++i) {
-            if (model.panels[i].name == name) return static_cast<int16_t>(i + 1);
-        }
-        ADD_FAILURE() << "no panel " << test::Narrow(name);
-        return 0;
-    }
-    Strake& StrakeOf(const std::wstring& name) {
-        return view.strakes[static_cast<size_t>(std::max<int16_t>(Panel(name), 1) - 1)];
-    }
-    bool Exists(NodeReference node) const {
-        return node.strake >= 1 && static_cast<size_t>(node.strake) <= model.panels.size() &&
-               node.node >= 1 &&
-               static_cast<size_t>(node.node) <=
-                   model.panels[static_cast<size_t>(node.strake - 1)].nodes.size();
-    }
-    Place At(NodeReference reference) const {
-        const Node& node = model.panels[static_cast<size_t>(reference.strake - 1)]
-                               .nodes[static_cast<size_t>(reference.node - 1)];
-        return {node.y, node.z};
-    }
-    std::vector<Place> Corners(const std::wstring& compartment) const {
-        std::vector<Place> corners;
-        for (const Compartment& each : model.compartments) {
-            if (each.name != compartment) continue;
-            for (const NodeReference& node : each.outline) corners.push_back(At(node));
-        }
-        return corners;
-    }
-};
 
 bool IsOn(Strake& strake, Place place) {
     float s = 0;
@@ -85,16 +37,6 @@ float DirectionAt(Strake& strake, float s) {
     SToYZ(&strake, std::max(0.0F, s - kStep_m), &from.y, &from.z, 0.001F);
     SToYZ(&strake, std::min(strake.length, s + kStep_m), &to.y, &to.z, 0.001F);
     return std::atan2(to.z - from.z, to.y - from.y) * 57.29578F;
-}
-
-double Area(const std::vector<Place>& corners) {
-    double twice = 0;
-    for (size_t i = 0; i < corners.size(); ++i) {
-        const Place& a = corners[i];
-        const Place& b = corners[(i + 1) % corners.size()];
-        twice += double{a.y} * b.z - double{b.y} * a.z;
-    }
-    return twice / 2;
 }
 
 bool IsInside(const std::vector<Place>& corners, Place place) {
@@ -335,17 +277,6 @@ TEST(SampleSections, ModuliBelongToTheInertia) {
     }
 }
 
-// What stands behind the name label of model `number` in the file.
-std::string BodyInFile(int32_t number) {
-    const std::string bytes = test::ReadFileBytes(SamplePath());
-    const std::string marker = "====== CORVANE MODEL ======\r\n";
-    const std::string label = "MODEL NAME\r\n";
-    size_t begin = 0;
-    for (int32_t i = 0; i < number; ++i) begin = bytes.find(marker, begin) + marker.size();
-    begin = bytes.find(label, begin) + label.size();
-    return bytes.substr(begin, bytes.find(marker, begin) - begin);
-}
-
 TEST(SampleSections, AreWrittenAgainAsTheyStand) {
     const test::TemporaryFolder folder;
     for (int32_t number = 1; number <= kSectionCount; ++number) {
@@ -356,7 +287,8 @@ TEST(SampleSections, AreWrittenAgainAsTheyStand) {
         ASSERT_TRUE(CreateText(writer, folder.File(L"again.txt")));
         WriteSectionBody(writer, model);
         ASSERT_TRUE(CloseText(writer));
-        EXPECT_EQ(test::ReadFileBytes(folder.File(L"again.txt")), BodyInFile(number)) << number;
+        EXPECT_EQ(test::ReadFileBytes(folder.File(L"again.txt")), test::SampleBody(number))
+            << number;
     }
 }
 
