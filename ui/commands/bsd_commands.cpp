@@ -5,6 +5,7 @@
 #include "app/messages.h"
 #include "app/state.h"
 #include "bsd/bsd_file.h"
+#include "legacy/exchange.h"
 #include "ui/commands/commands.h"
 #include "ui/commands/file_commands.h"
 #include "ui/commands/file_prompt.h"
@@ -39,13 +40,16 @@ std::wstring AskForSource() {
     return {};
 }
 
+bool ReadFromLegacy(const std::wstring& path, BasicShipData& bsd) {
+    const int16_t status = LoadBsdFromLegacy(path, bsd);
+    if (status != 0) ReportMessage(kMsgLegacyNotRead, {path, int32_t{status}});
+    return status == 0;
+}
+
 bool ReadFrom(const std::wstring& path, BasicShipData& bsd) {
     const std::wstring extension = FileExtension(path);
     if (extension == L"bsd") return ImportBsdFile(path, bsd);
-    if (extension == L"vel") {
-        NotImp();
-        return false;
-    }
+    if (extension == L"vel") return ReadFromLegacy(path, bsd);
     return LoadBsdFromDatabase(path, bsd);
 }
 

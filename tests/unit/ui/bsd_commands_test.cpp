@@ -6,8 +6,10 @@
 #include "app/messages.h"
 #include "app/state.h"
 #include "bsd/bsd_file.h"
+#include "bsd/legacy_form.h"
 #include "database/database_file.h"
 #include "platform/system.h"
+#include "platform/ztvelk32.h"
 #include "tests/unit/stamps.h"
 #include "tests/unit/ui/command_support.h"
 #include "util/files.h"
@@ -243,6 +245,26 @@ TEST_F(ImportBsd, NothingOfTheErasedDataIsLeft) {
     EXPECT_EQ(shell.bsd.Block12(3), 0);
 }
 
+TEST_F(ImportBsd, LegacyDatabaseIsReadByItsLibrary) {
+    MakeOpen(L"ship.ve2", {kSection});
+    RecordingScreen::answerYes = true;
+    WriteFileBytes(File(L"old.VEL"), "legacy");
+    const test::FakeFunction fake(
+        importvelknavi, +[](const char* path, LegacyBsd* bsd, int16_t* status) {
+            EXPECT_NE(std::string_view(path).find("old.VEL"), std::string_view::npos);
+            ToLegacyForm(NewBasicShipData(L"LEGACY"), *bsd);
+            *status = 0;
+        });
+    const FakePrompt prompt{File(L"old.VEL")};
+    ME_FileImportBSD_Click();
+    EXPECT_EQ(ShipName(), L"LEGACY");
+    BasicShipData saved;
+    EXPECT_TRUE(LoadBsdFromDatabase(File(L"ship.ve2"), saved));
+    EXPECT_EQ(saved.Titles(5).Trimmed(), L"LEGACY");
+    EXPECT_EQ(CountModels(File(L"ship.ve2")), 1);
+    EXPECT_TRUE(Warnings().empty());
+}
+
 // Imports from a file that gives nothing: one message, and nothing has changed.
 struct BadSource : CommandTest {
     void ExpectRefused(const std::wstring& source, std::string_view message) {
@@ -275,6 +297,12 @@ TEST_F(BadSource, ThatIsMissingIsRefused) {
     ExpectRefused(L"Q:\\none.bsd", "none.bsd' can not be opened");
     ExpectRefused(work, "is a folder");
     ExpectRefused(File(L"\u03A9.bsd"), "can not be used");
+}
+
+TEST_F(BadSource, ThatIsADamagedLegacyDatabaseIsRefused) {
+    MakeOpen(L"ship.ve2");
+    WriteFileBytes(File(L"old.vel"), "no legacy database");
+    ExpectRefused(File(L"old.vel"), "old.vel' could not be read (status ");
 }
 
 TEST_F(BadSource, ThatIsTheOpenDatabaseIsRefused) {
