@@ -119,9 +119,12 @@ Installation::Installation() {
     static int counter = 0;
     wchar_t temporary[MAX_PATH + 1] = L"";
     GetTempPathW(MAX_PATH + 1, temporary);
-    const std::wstring name = L"Corvane test " + std::to_wstring(GetCurrentProcessId()) + L" " +
-                              std::to_wstring(++counter);
-    folder = std::wstring(temporary) + name + L"\\";
+    // A run that was killed may have left a folder behind.
+    do {
+        const std::wstring name = L"Corvane test " + std::to_wstring(GetCurrentProcessId()) + L" " +
+                                  std::to_wstring(++counter);
+        folder = std::wstring(temporary) + name + L"\\";
+    } while (fs::exists(folder));
     fs::create_directories(folder);
     for (const wchar_t* file :
          {L"Corvane.exe", L"GrVelk.dll", L"BsdVelk.dll", L"ztutil32.dll", L"ZTVelk32.dll"}) {

@@ -1,6 +1,15 @@
 // A program for tests to start. It writes into "<its own path>.ran" the window style that it was
-// started with, or "none", and its command line; "<its own path>.ended" is its last deed. The
-// argument "sleep" makes it last a while, "crash" ends it by a fault before that.
+// started with, or "none", and its command line; "<its own path>.ended" is its last deed. Into
+// "<its own path>.times" it writes the performance counter at its start and at its end.
+//
+// Words of the command line, also of a file's name in it, are deeds, done in this order:
+//   sleep      lasts a while
+//   wait       lasts until there is a file "<its own path>.go"
+//   delete     deletes the file that stands in quotes
+//   overwrite  makes it a text of another kind
+//   lock       makes it read-only
+//   grow       adds the marker of another model to it
+//   crash      ends by a fault, and does nothing more
 #include <fstream>
 #include <string>
 
@@ -23,18 +32,56 @@ std::string WindowStyle() {
     return std::to_string(startup.wShowWindow);
 }
 
+long long Counter() {
+    LARGE_INTEGER counter{};
+    QueryPerformanceCounter(&counter);
+    return counter.QuadPart;
+}
+
+bool IsTold(const wchar_t* word) {
+    return std::wstring(GetCommandLineW()).find(word) != std::wstring::npos;
+}
+
+// What stands in quotes on the command line.
+std::wstring QuotedFile() {
+    const std::wstring commandLine = GetCommandLineW();
+    const size_t first = commandLine.find(L'"');
+    const size_t last = commandLine.rfind(L'"');
+    return first == last ? std::wstring() : commandLine.substr(first + 1, last - first - 1);
+}
+
+void Write(const std::wstring& path, const std::string& text) {
+    std::ofstream(path.c_str(), std::ios::binary) << text;
+}
+
+void DoDeeds(const std::wstring& path) {
+    const std::wstring file = QuotedFile();
+    const std::wstring signal = path + L".go";
+    if (IsTold(L" sleep")) Sleep(400);
+    while (IsTold(L" wait") && GetFileAttributesW(signal.c_str()) == INVALID_FILE_ATTRIBUTES) {
+        Sleep(5);
+    }
+    if (IsTold(L" delete")) DeleteFileW(file.c_str());
+    if (IsTold(L" overwrite")) Write(file, "no database\r\n");
+    if (IsTold(L" grow")) {
+        std::ofstream(file.c_str(), std::ios::binary | std::ios::app)
+            << "====== CORVANE MODEL ======\r\n";
+    }
+    if (IsTold(L" lock")) SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY);
+    if (IsTold(L" crash")) {
+        RaiseException(EXCEPTION_ACCESS_VIOLATION, EXCEPTION_NONCONTINUABLE, 0, nullptr);
+    }
+}
+
 }  // namespace
 
 int main() {
+    const long long start = Counter();
     std::wstring path(MAX_PATH, L'\0');
     path.resize(GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
-    const std::string commandLine = Bytes(GetCommandLineW());
-    std::ofstream(std::wstring(path + L".ran").c_str(), std::ios::binary) << WindowStyle() << '\n'
-                                                                          << commandLine;
-    if (commandLine.find(" crash") != std::string::npos) {
-        RaiseException(EXCEPTION_ACCESS_VIOLATION, EXCEPTION_NONCONTINUABLE, 0, nullptr);
-    }
-    if (commandLine.find(" sleep") != std::string::npos) Sleep(400);
-    std::ofstream(std::wstring(path + L".ended").c_str(), std::ios::binary) << "ended";
+    Write(path + L".ran", WindowStyle() + '\n' + Bytes(GetCommandLineW()));
+    DoDeeds(path);
+    Write(path + L".ended", "ended");
+    Write(path + L".times", std::to_string(start) + " " + std::to_string(Counter()));
     return 0;
 }

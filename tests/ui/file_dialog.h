@@ -1,0 +1,24 @@
+// More of the system's file prompt than AnswerFilePrompt looks at: what stands in it, and the boxes
+// that come over it or behind it.
+#pragma once
+
+#include <string>
+
+#include "tests/ui/driver.h"
+
+namespace corvane::ui {
+
+struct FileDialog {
+    HWND window = nullptr;
+    std::wstring caption;
+    std::wstring proposed;  // the name that stands in it
+};
+
+// Waits for the prompt; window is null when none comes.
+FileDialog WaitForFileDialog(const Program& program);
+// Types a name, presses OK, and waits for the box that the prompt then shows.
+Box AnswerWithBox(const Program& program, const FileDialog& dialog, const std::wstring& name);
+// Waits for a box that is no file prompt.
+Box WaitForPlainBox(const Program& program);
+
+}  // namespace corvane::ui
