@@ -40,11 +40,7 @@ int32_t Shifted(int32_t number, const BlockRun& run) {
 }  // namespace
 
 void CopyFileHead(TextReader& from, TextWriter& to) {
-    const int64_t start = LinePosition(from);
-    const bool found = FindLine(from, GetMessageBytes(kMsgModelMarker));
-    const int64_t end = found ? LinePosition(from) : -1;
-    SeekLine(from, start);
-    CopySpan(from, end, to);
+    CopyToLine(from, GetMessageBytes(kMsgModelMarker), to);
 }
 
 void CopyModels(TextReader& from, TextWriter& to, int32_t first, int32_t last, int32_t shift) {
@@ -59,30 +55,25 @@ void CopyModels(TextReader& from, TextWriter& to, int32_t first, int32_t last, i
 bool CopyBlocks(TextReader& from, TextWriter& to, const BlockRun& run) {
     const std::string marker = GetMessageBytes(kMsgModelMarker);
     const std::string commentRule = GetMessageBytes(kMsgCommentRule);
-    int64_t copied = LinePosition(from);  // all before it is done
-    for (int blocks = 0; FindLine(from, marker); ++blocks) {
+    for (int blocks = 0; CopyToLine(from, marker, to); ++blocks) {
         const int64_t markerPlace = LinePosition(from);
         std::string_view line;
         ReadLine(from, line);
         const int64_t behindMarker = LinePosition(from);
         const NumberLine numberLine = ReadNumberLine(from, marker);
-        const bool last =
-            blocks == run.mostBlocks || (numberLine.found && numberLine.number == run.stopBefore);
-        SeekLine(from, copied);
-        CopySpan(from, last ? markerPlace : behindMarker, to);
-        if (last) return true;
-        copied = behindMarker;
+        SeekLine(from, markerPlace);
+        if (blocks == run.mostBlocks || (numberLine.found && numberLine.number == run.stopBefore)) {
+            return true;
+        }
+        CopySpan(from, behindMarker, to);
         if (!numberLine.found) continue;
 
         WriteLine(to, commentRule);
         const int32_t number = Shifted(numberLine.number, run);
         const bool renumbered = number != numberLine.number;
         if (renumbered) WriteLine(to, PrintForm(number));
-        copied = renumbered ? numberLine.end : numberLine.begin;
-        SeekLine(from, numberLine.end);
+        SeekLine(from, renumbered ? numberLine.end : numberLine.begin);
     }
-    SeekLine(from, copied);
-    CopySpan(from, -1, to);
     return false;
 }
 

@@ -139,6 +139,28 @@ bool FindInBuffer(TextReader& reader, std::string_view text) {
     return false;
 }
 
+// Looks for the text from the reader's place on, like FindLine. What is passed over is given to
+// `pass`, piece by piece.
+template <class Pass>
+bool FindAndPass(TextReader& reader, std::string_view text, Pass pass) {
+    assert(!text.empty() && text.size() <= kLongestMarker);
+    // The reader stands at a line's begin; every other line is found by the line feed before it.
+    while (reader.end - reader.next < text.size() + 2 && Refill(reader)) {
+    }
+    if (reader.end > reader.next && LineEquals(reader, reader.next, text)) return true;
+    for (;;) {
+        const size_t begin = reader.next;
+        const bool atEnd = reader.atEnd;
+        const bool found = FindInBuffer(reader, text);
+        // The last bytes can't be judged before it is known that the file ends with them.
+        if (!found && atEnd) reader.next = reader.end;
+        pass(std::string_view(reader.buffer.get() + begin, reader.next - begin));
+        if (found) return true;
+        if (atEnd) return false;
+        Refill(reader);
+    }
+}
+
 void WriteOut(TextWriter& writer, const char* bytes, size_t count) {
     if (writer.error == system::kErrorNone) {
         writer.error = system::WriteBytes(writer.file, bytes, count);
@@ -229,18 +251,7 @@ void SeekLine(TextReader& reader, int64_t position) {
 }
 
 bool FindLine(TextReader& reader, std::string_view text) {
-    assert(!text.empty() && text.size() <= kLongestMarker);
-    // The reader stands at a line's begin; every other line is found by the line feed before it.
-    while (reader.end - reader.next < text.size() + 2 && Refill(reader)) {
-    }
-    if (reader.end > reader.next && LineEquals(reader, reader.next, text)) return true;
-    do {
-        if (FindInBuffer(reader, text)) return true;
-    } while (Refill(reader));
-    // The last bytes could not be judged before it was known that the file ends with them.
-    if (FindInBuffer(reader, text)) return true;
-    reader.next = reader.end;
-    return false;
+    return FindAndPass(reader, text, [](std::string_view) {});
 }
 
 bool CreateText(TextWriter& writer, const std::wstring& path) {
@@ -302,6 +313,16 @@ void CopySpan(TextReader& from, int64_t position, TextWriter& to) {
     // Only the file's last line can be without its end: what is written behind it must begin a
     // line of its own.
     if (last != '\n') WriteText(to, "\r\n");
+}
+
+bool CopyToLine(TextReader& from, std::string_view text, TextWriter& to) {
+    char last = '\n';
+    const bool found = FindAndPass(from, text, [&to, &last](std::string_view passed) {
+        WriteText(to, passed);
+        if (!passed.empty()) last = passed.back();
+    });
+    if (last != '\n') WriteText(to, "\r\n");
+    return found;
 }
 
 }  // namespace corvane

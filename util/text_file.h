@@ -97,4 +97,8 @@ bool CloseText(TextWriter& writer);
 // file), unchanged; the reader then stands there. A file whose last line has no end gets one.
 void CopySpan(TextReader& from, int64_t position, TextWriter& to);
 
+// Copies the lines before the next one that equals `text`, where the reader then stands, as
+// FindLine does; all lines, as CopySpan does, when there is none, and the result is false.
+bool CopyToLine(TextReader& from, std::string_view text, TextWriter& to);
+
 }  // namespace corvane

@@ -206,5 +206,63 @@ TEST(CopySpan, GoesOnFromALineThatWasFound) {
     EXPECT_EQ(file.Next(), "MARK");
 }
 
+// What CopyToLine writes before each line "MARK", one after the other; the last piece is what it
+// writes up to the end of the file.
+std::vector<std::string> PiecesBetweenMarks(OneFile& file) {
+    std::vector<std::string> pieces;
+    for (bool found = true; found;) {
+        const std::wstring path = file.folder.File(L"copy.txt");
+        TextWriter writer;
+        EXPECT_TRUE(CreateText(writer, path));
+        found = CopyToLine(file.reader, "MARK", writer);
+        EXPECT_TRUE(CloseText(writer));
+        pieces.push_back(ReadFileBytes(path));
+        EXPECT_EQ(file.Next(), found ? "MARK" : "<end>");
+    }
+    return pieces;
+}
+
+TEST(CopyToLine, CopiesTheLinesBeforeEachMark) {
+    OneFile file("MARK\r\none\n\r\nMARK \r\nMARK\n*\r\nMARK\r\nMARK");
+    EXPECT_EQ(PiecesBetweenMarks(file),
+              (std::vector<std::string>{"", "one\n\r\nMARK \r\n", "*\r\n", "", ""}));
+}
+
+TEST(CopyToLine, WithoutTheLineTheLastOneGetsItsEnd) {
+    for (const char* text : {"one\r\ntwo", "one\r\ntwo\r\n"}) {
+        OneFile file(text);
+        EXPECT_EQ(PiecesBetweenMarks(file), std::vector<std::string>{"one\r\ntwo\r\n"});
+    }
+    OneFile empty("");
+    EXPECT_EQ(PiecesBetweenMarks(empty), std::vector<std::string>{""});
+}
+
+TEST(CopyToLine, MarkAtEveryOffsetFromTheBuffersEnd) {
+    for (size_t offset = 0; offset < 12; ++offset) {
+        const std::string before = LinesOfSize(kTextBufferSize - offset);
+        const std::string behind = LinesOfSize(kTextBufferSize + offset);
+        OneFile file(before + "MARK\r\n" + behind + "MARK");
+        EXPECT_TRUE(PiecesBetweenMarks(file) == (std::vector<std::string>{before, behind, ""}))
+            << offset;
+    }
+}
+
+TEST(CopyToLine, LineLongerThanTheBufferPassesWhole) {
+    const std::string text = std::string(3 * kTextBufferSize, 'x') + "\r\n";
+    OneFile file(text + "MARK\r\n" + text);
+    EXPECT_TRUE(PiecesBetweenMarks(file) == (std::vector<std::string>{text, text}));
+}
+
+TEST(CopyToLine, ReadThatFailsEndsTheCopy) {
+    OneFile file(LinesOfSize(2 * kTextBufferSize) + "MARK\r\n");
+    EXPECT_NE(file.Next(), "<end>");
+    system::CloseFile(file.reader.file);
+    TextWriter writer;
+    ASSERT_TRUE(CreateText(writer, file.folder.File(L"copy.txt")));
+    EXPECT_FALSE(CopyToLine(file.reader, "MARK", writer));
+    EXPECT_NE(file.reader.error, system::kErrorNone);
+    EXPECT_TRUE(CloseText(writer));
+}
+
 }  // namespace
 }  // namespace corvane
