@@ -1,6 +1,7 @@
 // CopyModel.
 #include "database/section_file.h"
 #include "platform/ztutil32.h"
+#include "tests/unit/database/bulkhead_sample.h"
 #include "tests/unit/database/editing_fixture.h"
 #include "util/files.h"
 
@@ -105,6 +106,31 @@ TEST_F(CopyModelTest, FileThatHasTheLargestNumberTakesNoOther) {
          {std::pair(1, ModelKind::kSection), std::pair(4, ModelKind::kTorsion)}) {
         EXPECT_EQ(Copy(number, kind), 0);
         ExpectRefusal(text, kMsgNoModelNumberLeft, {path});
+    }
+}
+
+// ---- Bulkhead arrangements ---------------------------------------------------------------------
+
+TEST_F(CopyModelTest, BulkheadArrangementGetsTheNextNumberTheNewNameAndANewIdentifier) {
+    BulkheadArrangement arrangement = test::FullArrangement();
+    const std::string text =
+        Copied({FiveBlocks()[0]}) + BlockText(arrangement, 2) + CopiedBlockText(FiveBlocks()[2], 0);
+    Write(text);
+    EXPECT_EQ(Copy(2, ModelKind::kBulkhead), 4);
+    arrangement.name = L"Copy";
+    arrangement.identifier = kNewIdentifier;
+    EXPECT_EQ(WithoutDates(Text()), WithoutDates(text + BlockText(arrangement, 4)));
+    EXPECT_TRUE(test::RecordingScreen::Of("warning").empty());
+}
+
+TEST_F(CopyModelTest, OnlyABulkheadArrangementIsCopiedAsOne) {
+    const std::string text = SectionAndOthers();
+    Write(text);
+    for (const int32_t number : {1, 4, 9}) {
+        EXPECT_EQ(Copy(number, ModelKind::kBulkhead), 0);
+        EXPECT_EQ(test::RecordingScreen::Of("warning").size(), 1U);
+        test::RecordingScreen::events.clear();
+        EXPECT_EQ(Text(), text);
     }
 }
 

@@ -5,12 +5,14 @@
 #include <algorithm>
 #include <random>
 
+#include "tests/unit/database/bulkhead_sample.h"
 #include "tests/unit/database/editing_fixture.h"
 
 namespace corvane {
 namespace {
 
 using test::BlockText;
+using test::RandomArrangement;
 using test::RandomSection;
 using test::WithLineFeeds;
 using test::WithoutDates;
@@ -25,6 +27,7 @@ struct Piece {
     std::string rewritten;  // by its own record; empty when that is not known
     int32_t number = 0;     // on its number line
     bool putBack = true;
+    bool isBulkhead = false;
 };
 
 struct GeneratedFile {
@@ -72,14 +75,20 @@ std::string BehindNumber(std::string_view block) {
 }
 
 struct EditingIdentityTest : test::TemporaryFilesInMemory, test::EditingTest {
-    std::vector<std::string> sections;  // behind their numbers
+    std::vector<std::string> models;  // blocks behind their numbers
 
     void SetUp() override {
         for (uint32_t seed = 0; seed < 60; ++seed) {
             SectionModel random = RandomSection(seed);
             if (random.panels.size() > 2) random.panels.resize(2);
             if (random.compartments.size() > 1) random.compartments.resize(1);
-            sections.push_back(BehindNumber(BlockText(random, 1)));
+            models.push_back(BehindNumber(BlockText(random, 1)));
+        }
+        for (uint32_t seed = 0; seed < 30; ++seed) {
+            BulkheadArrangement random = RandomArrangement(seed);
+            if (random.bulkheads.size() > 1) random.bulkheads.resize(1);
+            if (random.holds.size() > 1) random.holds.resize(1);
+            models.push_back(BehindNumber(BlockText(random, 1)));
         }
     }
 
@@ -91,7 +100,7 @@ struct EditingIdentityTest : test::TemporaryFilesInMemory, test::EditingTest {
             numberLine = random.Of({"", "none\r\n", "- - 4\r\n"});
             return numberLine.empty() ? std::string() : "SECTION\r\n" + RandomLines(random);
         }
-        const std::string& whole = sections[random.Below(static_cast<uint32_t>(sections.size()))];
+        const std::string& whole = models[random.Below(static_cast<uint32_t>(models.size()))];
         return whole.substr(0, whole.find('\n', random.Below(1 + uint32_t(whole.size() / 2))) + 1);
     }
 
@@ -101,9 +110,8 @@ struct EditingIdentityTest : test::TemporaryFilesInMemory, test::EditingTest {
         if (random.OneIn(6))
             numberLine = std::to_string(number) + random.Of({"\r\n", " aft ;\r\n"});
         const bool odd = random.OneIn(4);
-        const std::string body =
-            odd ? OddBlock(random, numberLine)
-                : sections[random.Below(static_cast<uint32_t>(sections.size()))];
+        const std::string body = odd ? OddBlock(random, numberLine)
+                                     : models[random.Below(static_cast<uint32_t>(models.size()))];
         const std::string marker = lines.modelMarker + "\r\n";
         const std::string rule = lines.commentRule + "\r\n";
         std::string between = RandomComments(random);
@@ -115,6 +123,7 @@ struct EditingIdentityTest : test::TemporaryFilesInMemory, test::EditingTest {
                                                 AsLines(numberLine + body, lineFeeds);
         if (!odd) piece.rewritten = marker + rule + print + body;
         piece.number = LeadingInteger(numberLine);
+        piece.isBulkhead = body.starts_with("BHA\r\n");
         piece.putBack = piece.number >= 1 && !body.starts_with("TORSION");
         return piece;
     }
@@ -156,10 +165,16 @@ struct EditingIdentityTest : test::TemporaryFilesInMemory, test::EditingTest {
     // Reads the model of one piece and puts it back. The file has its text before and after.
     void PutBack(const GeneratedFile& file, size_t place) {
         Write(TextOf(file));
-        SectionModel record;
         const int32_t number = file.pieces[place].number;
-        ASSERT_TRUE(ReadSectionBlock(path, number, false, record));
-        ASSERT_TRUE(ReplaceSection(path, record, number, false));
+        if (file.pieces[place].isBulkhead) {
+            BulkheadArrangement record;
+            ASSERT_TRUE(ReadBulkheadBlock(path, number, record));
+            ASSERT_TRUE(ReplaceBulkheadArrangement(path, record, number, false));
+        } else {
+            SectionModel record;
+            ASSERT_TRUE(ReadSectionBlock(path, number, false, record));
+            ASSERT_TRUE(ReplaceSection(path, record, number, false));
+        }
         const std::string text = Text();
 
         std::string before = file.head;

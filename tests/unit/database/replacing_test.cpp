@@ -1,4 +1,5 @@
-// ReplaceSection.
+// ReplaceSection, ReplaceBulkheadArrangement.
+#include "tests/unit/database/bulkhead_sample.h"
 #include "tests/unit/database/editing_fixture.h"
 #include "util/files.h"
 
@@ -88,6 +89,39 @@ TEST_F(ReplacingTest, SectionWithoutIdentifierGetsOneAndKeepsIt) {
     SectionModel read;
     ASSERT_TRUE(ReadSectionBlock(path, 1, false, read));
     EXPECT_EQ(read.identifier, identifier);
+}
+
+TEST_F(ReplacingTest, BulkheadArrangementIsReplacedAndAppended) {
+    BulkheadArrangement arrangement = test::FullArrangement();
+    const std::vector<SampleBlock> blocks = FiveBlocks();
+    Write(DatabaseText(blocks));
+    EXPECT_TRUE(ReplaceBulkheadArrangement(path, arrangement, 2, false));
+    const std::string expected = Copied({blocks[0]}) + BlockText(arrangement, 2) +
+                                 CopiedBlockText(blocks[2], 0) + CopiedBlockText(blocks[3], 0) +
+                                 CopiedBlockText(blocks[4], 0);
+    EXPECT_EQ(WithoutDates(Text()), WithoutDates(expected));
+    EXPECT_TRUE(ReplaceBulkheadArrangement(path, arrangement, 6, false));
+    EXPECT_EQ(WithoutDates(Text()), WithoutDates(expected + BlockText(arrangement, 6)));
+    const std::string text = Text();
+    EXPECT_FALSE(ReplaceBulkheadArrangement(path, arrangement, 8, false));
+    ExpectRefusal(text, kMsgModelMissing, {8, path});
+}
+
+TEST_F(ReplacingTest, BulkheadArrangementPutBackTenTimesLeavesNothingBehind) {
+    for (const bool bare : {false, true}) {
+        BulkheadArrangement arrangement = bare ? BulkheadArrangement() : test::FullArrangement();
+        SampleBlock next;
+        next.number = " 2 ";
+        next.beforeMarker = "*\r\n* a note\r\n";
+        const std::string text = SampleHead() + BlockText(arrangement, 1) + BlockText(next);
+        Write(text);
+        for (int i = 0; i < 10; ++i) {
+            BulkheadArrangement read;
+            ASSERT_TRUE(ReadBulkheadBlock(path, 1, read));
+            ASSERT_TRUE(ReplaceBulkheadArrangement(path, read, 1, false));
+        }
+        EXPECT_EQ(WithoutDates(Text()), WithoutDates(text)) << bare;
+    }
 }
 
 // ---- Numbers -----------------------------------------------------------------------------------
