@@ -132,6 +132,10 @@ Installation::Installation() {
     }
 }
 
+void Installation::Add(const wchar_t* program) const {
+    fs::copy_file(OwnFolder() / program, folder + program);
+}
+
 Installation::~Installation() {
     std::error_code ignored;
     for (const auto& entry : fs::directory_iterator(folder, ignored)) {
@@ -161,13 +165,14 @@ std::wstring Settings::Read(const wchar_t* key) {
     return value;
 }
 
-Program::Program(const Installation& installation, const std::wstring& arguments) {
+Program::Program(const Installation& installation, const std::wstring& arguments,
+                 const wchar_t* name) {
     job = CreateJobObjectW(nullptr, nullptr);
     JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
     limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
     SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
 
-    const std::wstring file = installation.File(L"Corvane.exe");
+    const std::wstring file = installation.File(name);
     std::wstring commandLine = L"\"" + file + L"\"";
     if (!arguments.empty()) commandLine += L" " + arguments;
     STARTUPINFOW startup{};

@@ -30,6 +30,8 @@ struct Installation {
     Installation(const Installation&) = delete;
     Installation& operator=(const Installation&) = delete;
     std::wstring File(std::wstring_view name) const { return folder + std::wstring(name); }
+    // Copies another program that was built into the folder.
+    void Add(const wchar_t* program) const;
 };
 
 // The settings file of all copies, empty at the start of a test and at its end.
@@ -51,8 +53,9 @@ struct Program {
     HANDLE job = nullptr;
     DWORD id = 0;
 
-    // Starts Corvane.exe of the installation. `arguments` is what follows the program's name.
-    explicit Program(const Installation& installation, const std::wstring& arguments = L"");
+    // Starts a program of the installation. `arguments` is what follows the program's name.
+    explicit Program(const Installation& installation, const std::wstring& arguments = L"",
+                     const wchar_t* name = L"Corvane.exe");
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
