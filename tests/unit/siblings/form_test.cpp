@@ -56,7 +56,7 @@ TEST_F(FormTest, BulkheadRuleShowsTheArrangement) {
     ASSERT_TRUE(OpenForm(kBulkheadRule, Line(L" 11"), form)) << Told();
     EXPECT_EQ(Fact(L"Model"), "11, Corrugated bulkhead, holds 5 and 4");
     EXPECT_EQ(Fact(L"Position"), "104.7 m");
-    EXPECT_EQ(Fact(L"Bulkheads"), "0");
+    EXPECT_EQ(Fact(L"Bulkheads"), "5");
 }
 
 TEST_F(FormTest, NewModelIsAskedForWithoutANumber) {

@@ -20,7 +20,7 @@ namespace corvane {
 namespace {
 
 using test::Place;
-using test::SampleSection;
+using test::SampleShipSection;
 
 constexpr int32_t kFirst = 10;
 constexpr int32_t kCorrugated = 11;
@@ -50,7 +50,7 @@ void ForEachBulkhead(Check check) {
 // ---- The hull ----------------------------------------------------------------------------------
 
 // Half breadth of a computed section's shell.
-float HalfBreadth(SampleSection& section, float z) {
+float HalfBreadth(SampleShipSection& section, float z) {
     constexpr int kPieces = 200;
     float breadth = 0;
     for (size_t i = 0; i < section.model.panels.size(); ++i) {
@@ -73,13 +73,13 @@ float HalfBreadth(SampleSection& section, float z) {
 
 // Between the two sections next to x, in a straight line.
 struct Hull {
-    std::unique_ptr<SampleSection> aft, fore;
+    std::unique_ptr<SampleShipSection> aft, fore;
     float part = 0;
 
     explicit Hull(float x_m) {
         for (int32_t number = 1; number < test::kSectionCount; ++number) {
-            auto next = std::make_unique<SampleSection>(number + 1);
-            if (number == 1) aft = std::make_unique<SampleSection>(1);
+            auto next = std::make_unique<SampleShipSection>(number + 1);
+            if (number == 1) aft = std::make_unique<SampleShipSection>(1);
             if (next->model.x_m >= x_m) {
                 part = (x_m - aft->model.x_m) / (next->model.x_m - aft->model.x_m);
                 fore = std::move(next);
@@ -323,12 +323,12 @@ TEST(SampleBulkheads, StoolsStandOnBothSidesOfTheFrameAndHoldTheCorrugations) {
 // The sections of the holds have the same stools, hoppers and topside tanks.
 TEST(SampleBulkheads, CorrugatedOneFitsTheSections) {
     const BulkheadArrangement arrangement = Arrangement(kCorrugated);
-    const SampleSection divided(7);
+    const SampleShipSection divided(7);
     const Bulkhead& corrugated = arrangement.bulkheads[0];
     EXPECT_FLOAT_EQ(divided.At({divided.Panel(L"Lower stool top"), 1}).z, corrugated.stools(1).z_m);
     EXPECT_FLOAT_EQ(divided.At({divided.Panel(L"Upper stool bottom"), 1}).z,
                     corrugated.stools(2).z_m);
-    const SampleSection midship(5);
+    const SampleShipSection midship(5);
     const Place hopper = midship.At({midship.Panel(L"Hopper"), 2});
     const Place margin = midship.At({midship.Panel(L"Hopper"), 1});
     for (const Hopper& each : {arrangement.aftHopper, arrangement.foreHopper}) {
@@ -385,7 +385,7 @@ TEST(SampleBulkheads, VolumesOfHoldsBelongToTheirSections) {
     for (int32_t number = kFirst; number <= kLast; ++number) {
         const BulkheadArrangement arrangement = Arrangement(number);
         for (const Compartment& hold : arrangement.holds) {
-            const SampleSection section(9 - hold.hold);
+            const SampleShipSection section(9 - hold.hold);
             const Place margin = section.At({section.Panel(L"Inner bottom"), 2});
             ASSERT_EQ(hold.levels.size(), 8U);
             const float length = hold.hold == 1 ? 22.4F : 24;
@@ -493,7 +493,7 @@ TEST(SampleTorsion, BeamsHaveTheAreasAndInertiasOfTheirSections) {
     ASSERT_EQ(tables.size(), 5U);
     for (const std::vector<double>& beam : tables[2]) {
         ASSERT_EQ(beam.size(), 7U);
-        const SampleSection section(static_cast<int32_t>(beam[1]));
+        const SampleShipSection section(static_cast<int32_t>(beam[1]));
         EXPECT_NEAR(beam[2], section.model.x_m, 1e-3);
         EXPECT_NEAR(beam[3], section.model.area_m2, 1e-3);
         EXPECT_NEAR(beam[4], section.model.inertiaY_m4, 1e-2);

@@ -32,7 +32,7 @@ double Area(const std::vector<Place>& corners) {
     return twice / 2;
 }
 
-SampleSection::SampleSection(int32_t number) {
+SampleShipSection::SampleShipSection(int32_t number) {
     const RecordingScreen screen;
     read = ReadSectionBlock(SamplePath(), number, false, model);
     MakeLibraryView(model, view);
@@ -40,7 +40,7 @@ SampleSection::SampleSection(int32_t number) {
     code = QuickCompute(&view.section, &parameters);
 }
 
-int16_t SampleSection::Panel(const std::wstring& name) const {
+int16_t SampleShipSection::Panel(const std::wstring& name) const {
     for (size_t i = 0; i < model.panels.size(); ++i) {
         if (model.panels[i].name == name) return static_cast<int16_t>(i + 1);
     }
@@ -48,24 +48,24 @@ int16_t SampleSection::Panel(const std::wstring& name) const {
     return 0;
 }
 
-Strake& SampleSection::StrakeOf(const std::wstring& name) {
+Strake& SampleShipSection::StrakeOf(const std::wstring& name) {
     return view.strakes[static_cast<size_t>(std::max<int16_t>(Panel(name), 1) - 1)];
 }
 
-bool SampleSection::Exists(NodeReference node) const {
+bool SampleShipSection::Exists(NodeReference node) const {
     return node.strake >= 1 && static_cast<size_t>(node.strake) <= model.panels.size() &&
            node.node >= 1 &&
            static_cast<size_t>(node.node) <=
                model.panels[static_cast<size_t>(node.strake - 1)].nodes.size();
 }
 
-Place SampleSection::At(NodeReference reference) const {
+Place SampleShipSection::At(NodeReference reference) const {
     const Node& node = model.panels[static_cast<size_t>(reference.strake - 1)]
                            .nodes[static_cast<size_t>(reference.node - 1)];
     return {node.y, node.z};
 }
 
-std::vector<Place> SampleSection::Corners(const std::wstring& compartment) const {
+std::vector<Place> SampleShipSection::Corners(const std::wstring& compartment) const {
     std::vector<Place> corners;
     for (const Compartment& each : model.compartments) {
         if (each.name != compartment) continue;

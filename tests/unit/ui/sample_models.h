@@ -22,13 +22,13 @@ struct Place {
 double Area(const std::vector<Place>& corners);
 
 // A section of the sample, computed.
-struct SampleSection {
+struct SampleShipSection {
     SectionModel model;
     LibraryView view;
     bool read = false;
     int16_t code = -1;
 
-    explicit SampleSection(int32_t number);
+    explicit SampleShipSection(int32_t number);
     // 0: there is no panel of this name.
     int16_t Panel(const std::wstring& name) const;
     Strake& StrakeOf(const std::wstring& name);

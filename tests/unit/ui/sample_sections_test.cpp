@@ -17,7 +17,7 @@ using test::Area;
 using test::kSectionCount;
 using test::Place;
 using test::SamplePath;
-using test::SampleSection;
+using test::SampleShipSection;
 
 constexpr int32_t kMidship = 5;
 constexpr int32_t kFirstHold = 2;
@@ -55,7 +55,7 @@ bool IsInside(const std::vector<Place>& corners, Place place) {
 
 TEST(SampleSections, AreComputedWithoutACode) {
     for (int32_t number = 1; number <= kSectionCount; ++number) {
-        const SampleSection section(number);
+        const SampleShipSection section(number);
         ASSERT_TRUE(section.read) << number;
         EXPECT_EQ(section.code, 0) << number;
         EXPECT_EQ(section.view.section.geometryPresent, -1);
@@ -68,7 +68,7 @@ TEST(SampleSections, AreComputedWithoutACode) {
 }
 
 TEST(SampleSections, MidshipHasTheShipsMainDimensions) {
-    const SampleSection section(kMidship);
+    const SampleShipSection section(kMidship);
     float breadth = 0;
     for (const Panel& panel : section.model.panels) {
         for (const Node& node : panel.nodes) breadth = std::max(breadth, node.y);
@@ -83,7 +83,7 @@ TEST(SampleSections, MidshipHasTheShipsMainDimensions) {
 }
 
 TEST(SampleSections, MidshipBilgeIsAQuarterOfACircle) {
-    SampleSection section(kMidship);
+    SampleShipSection section(kMidship);
     const Strake& bilge = section.StrakeOf(L"Bilge");
     ASSERT_EQ(bilge.itemCount, 1);
     EXPECT_NEAR(bilge.items[0].arcRadius, 1.6, 1e-4);
@@ -92,7 +92,7 @@ TEST(SampleSections, MidshipBilgeIsAQuarterOfACircle) {
 
 TEST(SampleSections, BilgesTouchBottomAndSide) {
     for (int32_t number = 1; number <= kSectionCount; ++number) {
-        SampleSection section(number);
+        SampleShipSection section(number);
         Strake& bottom = section.StrakeOf(L"Bottom");
         Strake& bilge = section.StrakeOf(L"Bilge");
         Strake& side = section.StrakeOf(L"Side shell");
@@ -103,7 +103,7 @@ TEST(SampleSections, BilgesTouchBottomAndSide) {
 
 TEST(SampleSections, SlopingPlatesLetCargoRun) {
     for (int32_t number = kFirstHold; number <= kLastHold; ++number) {
-        SampleSection section(number);
+        SampleShipSection section(number);
         const float hopper = DirectionAt(section.StrakeOf(L"Hopper"), 1);
         EXPECT_GT(hopper, 40) << number;
         EXPECT_LT(hopper, 50) << number;
@@ -115,7 +115,7 @@ TEST(SampleSections, SlopingPlatesLetCargoRun) {
 
 TEST(SampleSections, PlatesCoverTheirPanels) {
     for (int32_t number = 1; number <= kSectionCount; ++number) {
-        const SampleSection section(number);
+        const SampleShipSection section(number);
         for (size_t i = 0; i < section.model.panels.size(); ++i) {
             const Panel& panel = section.model.panels[i];
             ASSERT_FALSE(panel.plates.empty()) << test::Narrow(panel.name);
@@ -134,7 +134,7 @@ TEST(SampleSections, PlatesCoverTheirPanels) {
 
 TEST(SampleSections, StiffenersStandOnTheirPanels) {
     for (int32_t number = 1; number <= kSectionCount; ++number) {
-        const SampleSection section(number);
+        const SampleShipSection section(number);
         int count = 0;
         for (size_t i = 0; i < section.model.panels.size(); ++i) {
             for (const Stiffener& row : section.model.panels[i].stiffeners) {
@@ -155,7 +155,7 @@ TEST(SampleSections, StiffenersStandOnTheirPanels) {
 
 TEST(SampleSections, SeamsKeepClearOfStiffeners) {
     for (int32_t number = 1; number <= kSectionCount; ++number) {
-        const SampleSection section(number);
+        const SampleShipSection section(number);
         for (const Panel& panel : section.model.panels) {
             for (size_t k = 0; k + 1 < panel.plates.size(); ++k) {
                 for (const Stiffener& row : panel.stiffeners) {
@@ -172,7 +172,7 @@ TEST(SampleSections, SeamsKeepClearOfStiffeners) {
 
 TEST(SampleSections, SpansReachFromWebToWeb) {
     for (int32_t number = 1; number <= kSectionCount; ++number) {
-        const SampleSection section(number);
+        const SampleShipSection section(number);
         for (const Panel& panel : section.model.panels) {
             for (const StiffenerDetail& detail : panel.stiffenerDetails) {
                 ASSERT_EQ(detail.spans.size(), 1U);
@@ -185,7 +185,7 @@ TEST(SampleSections, SpansReachFromWebToWeb) {
 
 TEST(SampleSections, NoStiffenerStandsInACargoHold) {
     for (int32_t number = kFirstHold; number <= kLastHold; ++number) {
-        const SampleSection section(number);
+        const SampleShipSection section(number);
         const std::vector<Place> hold = section.Corners(L"Cargo hold");
         ASSERT_GE(hold.size(), 6U);
         for (const Panel& panel : section.model.panels) {
@@ -202,7 +202,7 @@ TEST(SampleSections, NoStiffenerStandsInACargoHold) {
 
 TEST(SampleSections, OutlinesNameNodesThatExist) {
     for (int32_t number = 1; number <= kSectionCount; ++number) {
-        const SampleSection section(number);
+        const SampleShipSection section(number);
         ASSERT_GE(section.model.compartments.size(), 2U);
         for (const Compartment& compartment : section.model.compartments) {
             ASSERT_GE(compartment.outline.size(), 4U) << test::Narrow(compartment.name);
@@ -216,7 +216,7 @@ TEST(SampleSections, OutlinesNameNodesThatExist) {
 // From a node to the next one an outline goes along one panel, or up the centre line.
 TEST(SampleSections, OutlinesFollowThePlating) {
     for (int32_t number = 1; number <= kSectionCount; ++number) {
-        SampleSection section(number);
+        SampleShipSection section(number);
         for (const Compartment& compartment : section.model.compartments) {
             const std::vector<Place> corners = section.Corners(compartment.name);
             for (size_t i = 0; i < corners.size(); ++i) {
@@ -237,12 +237,12 @@ TEST(SampleSections, OutlinesFollowThePlating) {
 TEST(SampleSections, MidshipHoldHasTheAreaOfItsSlabs) {
     const double slabs = (11.2 + 16.125) / 2 * 5.45 + 16.125 * 6.8 + (16.125 + 8) / 2 * 4.691 +
                          8 * 2.311 + 8 * 0.1 / 2;
-    EXPECT_NEAR(Area(SampleSection(kMidship).Corners(L"Cargo hold")), slabs, 0.05);
+    EXPECT_NEAR(Area(SampleShipSection(kMidship).Corners(L"Cargo hold")), slabs, 0.05);
 }
 
 TEST(SampleSections, CompartmentsHaveAnArea) {
     for (int32_t number = 1; number <= kSectionCount; ++number) {
-        const SampleSection section(number);
+        const SampleShipSection section(number);
         for (const Compartment& compartment : section.model.compartments) {
             EXPECT_GT(std::abs(Area(section.Corners(compartment.name))), 1.5)
                 << number << ' ' << test::Narrow(compartment.name);
@@ -251,7 +251,7 @@ TEST(SampleSections, CompartmentsHaveAnArea) {
 }
 
 TEST(SampleSections, FillingLevelsRise) {
-    const SampleSection section(kMidship);
+    const SampleShipSection section(kMidship);
     for (const Compartment& compartment : section.model.compartments) {
         EXPECT_EQ(compartment.levels.empty(), compartment.designValues(1) == 0);
         for (size_t i = 1; i < compartment.levels.size(); ++i) {
@@ -268,7 +268,7 @@ TEST(SampleSections, FillingLevelsRise) {
 
 TEST(SampleSections, ModuliBelongToTheInertia) {
     for (int32_t number = 1; number <= kSectionCount; ++number) {
-        const SampleSection section(number);
+        const SampleShipSection section(number);
         const SectionModel& model = section.model;
         EXPECT_EQ(model.resultsValid, -1);
         EXPECT_NEAR(model.inertiaY_m4 / (model.depth_m - model.neutralAxis_m), model.deckModulus_m3,
