@@ -69,6 +69,22 @@ TEST_F(MainWindowTest, TorsionModelHidesRuleAndCentresEdit) {
     EXPECT_EQ(Place(BT_Rule).left, ruleLeft);
 }
 
+TEST_F(MainWindowTest, DeleteOfTheLastModelLeavesNothingSelectedAndDisablesTheButtons) {
+    Type({VK_END});
+    ASSERT_TRUE(ShowsPosition(L"X = 116.7 m"));
+    Type({VK_DELETE});
+    const Box box = WaitForBox(program);
+    ASSERT_TRUE(Press(box, IDYES));
+    ASSERT_TRUE(RowCountBecomes(Control(LI_Sections), kModels - 1));
+    EXPECT_TRUE(WaitUntil([&] { return !IsWindowEnabled(Control(BT_Open)); }));
+    EXPECT_FALSE(IsWindowEnabled(Control(BT_Rule)));
+    EXPECT_EQ(SelectedRow(Control(LI_Sections)), -1);
+    EXPECT_TRUE(ShowsPosition(L""));
+    Type({VK_HOME});
+    EXPECT_TRUE(ShowsPosition(L"X = 20.7 m")) << "the keys still reach the list";
+    EXPECT_TRUE(IsWindowEnabled(Control(BT_Open)));
+}
+
 // ---- Splitter ----------------------------------------------------------------------------------
 
 TEST_F(MainWindowTest, MouseDragsTheSplitter) {

@@ -12,10 +12,9 @@ namespace corvane {
 // What the enabling of a command asks of the program's state.
 enum class EnabledWhen {
     kAlways,
-    kDatabaseOpen,   // a database path is set
-    kBsdDefined,     // and its Basic Ship Data are valid
-    kModelSelected,  // a row of the list is selected
-    kNotYet          // the command does not exist yet
+    kDatabaseOpen,  // a database path is set
+    kBsdDefined,    // and its Basic Ship Data are valid
+    kModelSelected  // a row of the list is selected
 };
 
 // The top menus, from left to right.
@@ -28,7 +27,7 @@ struct Command {
     const char* name;  // the item's name, for tests and tools
     const wchar_t* caption;
     EnabledWhen enabledWhen;
-    void (*run)();  // null for a separator and for a command that does not exist yet
+    void (*run)();  // null for a separator
 };
 
 // Identifiers of menu items, in the order of the menus.

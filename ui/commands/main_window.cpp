@@ -217,8 +217,6 @@ bool IsEnabled(const Command& command, bool rowSelected) {
             return IsDatabaseOpen() && IsBsdDefined(shell.bsd);
         case EnabledWhen::kModelSelected:
             return rowSelected;
-        case EnabledWhen::kNotYet:
-            break;
     }
     return false;
 }

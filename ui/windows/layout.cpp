@@ -24,7 +24,7 @@ constexpr int kPictureButtonHeight = 44;
 constexpr int kModelButtonWidth = 100;
 constexpr int kBsdWidth = 130;
 // An option's circle with the distance to its text.
-constexpr int kOptionMark = 22;
+constexpr int kOptionMark = 24;
 constexpr int kLeastListWidth = 200;
 constexpr int kLeastPreviewWidth = 140;
 

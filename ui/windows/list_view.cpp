@@ -58,7 +58,7 @@ void SetColumnWidth(HWND list, Column column, int width) {
 // Width of a column that shows texts as long as `sample`.
 int WidthFor(HWND list, const wchar_t* sample, UINT dpi) {
     const auto font = reinterpret_cast<HFONT>(SendMessageW(list, WM_GETFONT, 0, 0));
-    return TextSize(list, font, sample).cx + Scaled(20, dpi);
+    return TextSize(list, font, sample).cx + Scaled(16, dpi);
 }
 
 void SetItemState(HWND list, int index, UINT state) {

@@ -1,4 +1,6 @@
 // What the core asks of the main window and of its part of the screen.
+#include <utility>
+
 #include "app/messages.h"
 #include "app/state.h"
 #include "ui/windows/button_pictures.h"
@@ -60,12 +62,16 @@ void RedrawRuleButton() {
     ShowRulePicture(MainControl(BT_Rule), state.kind, CurrentRuleSet(), state.layout.dpi);
 }
 
-// What the user typed and clicked while the window was locked does not count afterwards.
+// What the user typed and clicked while the window was locked, and that it was to close, does not
+// count afterwards.
 void DropInput() {
+    constexpr std::pair<UINT, UINT> kInput[] = {{WM_KEYFIRST, WM_KEYLAST},
+                                                {WM_MOUSEFIRST, WM_MOUSELAST},
+                                                {WM_NCMOUSEMOVE, WM_NCXBUTTONDBLCLK},
+                                                {WM_SYSCOMMAND, WM_SYSCOMMAND},
+                                                {WM_CLOSE, WM_CLOSE}};
     MSG message;
-    for (const auto& [first, last] : {std::pair<UINT, UINT>{WM_KEYFIRST, WM_KEYLAST},
-                                      {WM_MOUSEFIRST, WM_MOUSELAST},
-                                      {WM_NCMOUSEMOVE, WM_NCXBUTTONDBLCLK}}) {
+    for (const auto& [first, last] : kInput) {
         while (PeekMessageW(&message, nullptr, first, last, PM_REMOVE | PM_NOYIELD)) continue;
     }
 }

@@ -425,7 +425,6 @@ TEST(MainWindow, CommandsAreEnabledByTheState) {
     EXPECT_FALSE(enabled(EnabledWhen::kBsdDefined, true));
     EXPECT_FALSE(enabled(EnabledWhen::kModelSelected, false));
     EXPECT_TRUE(enabled(EnabledWhen::kModelSelected, true));
-    EXPECT_FALSE(enabled(EnabledWhen::kNotYet, true));
     shell.settings.DatabasePath = L"C:\\ship.ve2";
     EXPECT_TRUE(enabled(EnabledWhen::kDatabaseOpen, false));
     EXPECT_FALSE(enabled(EnabledWhen::kBsdDefined, false));

@@ -314,9 +314,12 @@ TEST(MainWindowWindow, ClicksThatWaitWhileLockedAreDropped) {
     PostMessageW(open.Control(OP_Rule + 2), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
     PostMessageW(open.Control(OP_Rule + 2), WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
     PostMessageW(open.Control(LI_Sections), WM_KEYDOWN, VK_DOWN, 0);
+    PostMessageW(open.window, WM_CLOSE, 0, 0);
+    PostMessageW(open.window, WM_SYSCOMMAND, SC_CLOSE, 0);
     LockShell(false);
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+    ASSERT_TRUE(IsWindow(open.window));
     EXPECT_EQ(ChosenRule(open), 0);
     EXPECT_EQ(open.SelectedRow(), 0);
 }
