@@ -15,10 +15,23 @@ bool ClaimMutex() {
     return mutex != nullptr && error != ERROR_ALREADY_EXISTS;
 }
 
+// The length of the program's own path where the command line begins with it: a path with blanks
+// may stand there without quotes. 0 where it does not.
+size_t UnquotedNameLength(const wchar_t* commandLine) {
+    const std::wstring path = ProgramPath();
+    const int length = static_cast<int>(path.size());
+    if (lstrlenW(commandLine) < length) return 0;
+    if (CompareStringOrdinal(commandLine, length, path.c_str(), length, TRUE) != CSTR_EQUAL) {
+        return 0;
+    }
+    return path.size();
+}
+
 }  // namespace
 
 std::wstring RawCommandLine() {
     const wchar_t* next = GetCommandLineW();
+    next += UnquotedNameLength(next);
     bool quoted = false;
     for (; *next != L'\0' && (quoted || (*next != L' ' && *next != L'\t')); ++next) {
         if (*next == L'"') quoted = !quoted;

@@ -48,7 +48,7 @@ TEST_F(LockTest, AllControlsAreDisabledAndComeBack) {
     EXPECT_EQ(EnabledControls(), 0);
     EndChild();
     ASSERT_TRUE(IsUnlocked());
-    EXPECT_GT(EnabledControls(), 15);
+    EXPECT_TRUE(WaitUntil([&] { return EnabledControls() > 15; }));
     EXPECT_TRUE(TakesKeys(main));
     EXPECT_TRUE(FocusBecomes(main, LI_Sections));
 }
