@@ -125,6 +125,7 @@
     X(kMsgBackupIsTheFile, 3506)        \
     X(kMsgFileTakenAway, 3507)          \
     X(kMsgFileNotRemoved, 3508)         \
+    X(kMsgFileNotRead, 3509)            \
     X(kMsgNoModelNumberLeft, 3510)      \
     X(kMsgNotImplemented, 3515)         \
     X(kMsgLegalNotice, 3520)            \

@@ -1,6 +1,9 @@
+#include <utility>
+
 #include "app/messages.h"
 #include "database/bulkhead_file.h"
 #include "database/bulkhead_lines.h"
+#include "database/database_file.h"
 #include "database/tables.h"
 
 namespace corvane {
@@ -147,11 +150,19 @@ bool ReadBulkheadBlock(const std::wstring& path, int32_t number, BulkheadArrange
     TextReader reader;
     std::string keyword(kBulkheadKeyword);
     if (!OpenText(reader, path) || !FindModel(reader, number, keyword)) {
-        ReportMessage(L"Can not find BHA ¤ in file '¤'", {number, path});
+        if (!ReportReadFault(reader, path)) {
+            ReportMessage(L"Can not find BHA ¤ in file '¤'", {number, path});
+        }
         arrangement.x_m = kNowhere;
         return false;
     }
-    ReadBulkheadLines(reader, arrangement);
+    BulkheadArrangement read;
+    ReadBulkheadLines(reader, read);
+    if (ReportReadFault(reader, path)) {
+        arrangement.x_m = kNowhere;
+        return false;
+    }
+    arrangement = std::move(read);
     ShowStatus(L"");
     return true;
 }

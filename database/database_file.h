@@ -37,6 +37,8 @@ StructuralLines FetchStructuralLines();
 bool IsDatabaseFile(const std::wstring& path);
 // The same of an open file. The reader goes to the start.
 bool IsDatabase(TextReader& reader);
+// Whether a read of this reader has failed; the user is told then (message 3509).
+bool ReportReadFault(const TextReader& reader, const std::wstring& path);
 
 // ---- Finding and listing -----------------------------------------------------------------------
 

@@ -45,6 +45,12 @@ bool IsDatabase(TextReader& reader) {
     return isDatabase;
 }
 
+bool ReportReadFault(const TextReader& reader, const std::wstring& path) {
+    if (reader.error == system::kErrorNone) return false;
+    ReportMessage(kMsgFileNotRead, {path, system::ErrorText(reader.error)});
+    return true;
+}
+
 bool ReadBlockLine(TextReader& reader, std::string_view modelMarker, std::string_view& line) {
     const int64_t place = LinePosition(reader);
     if (!ReadSignificantLine(reader, line)) return false;

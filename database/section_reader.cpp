@@ -3,6 +3,7 @@
 
 #include "app/messages.h"
 #include "database/bulkhead_file.h"
+#include "database/database_file.h"
 #include "database/section_file.h"
 #include "database/section_lines.h"
 #include "database/tables.h"
@@ -193,7 +194,7 @@ bool ReadSectionBlock(const std::wstring& path, int32_t number, bool allowBulkhe
     TextReader reader;
     std::string keyword;
     if (!OpenText(reader, path) || !FindModel(reader, number, keyword)) {
-        ReportMessage(kMsgModelMissing, {number, path});
+        if (!ReportReadFault(reader, path)) ReportMessage(kMsgModelMissing, {number, path});
         return false;
     }
     const ModelKind kind = KindOfKeyword(keyword);
@@ -205,7 +206,10 @@ bool ReadSectionBlock(const std::wstring& path, int32_t number, bool allowBulkhe
         ReportMessage(L"Can not read BulkHead Arrangement");
         return false;
     }
-    ReadSectionLines(reader, kind, section);
+    SectionModel read;
+    ReadSectionLines(reader, kind, read);
+    if (ReportReadFault(reader, path)) return false;
+    section = std::move(read);
     ShowStatus(L"");
     return true;
 }

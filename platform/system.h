@@ -103,7 +103,8 @@ std::wstring AbsolutePath(const std::wstring& path);
 // The folder for temporary files, with a trailing "\". Empty on failure.
 std::wstring TemporaryDirectory();
 // A new unique name in `directory` that begins with the first three characters of `prefix`; an
-// empty file of that name is created. `name` is empty after a failure.
+// empty file of that name is created. `name` is empty after a failure, unless a file was made that
+// could not be removed.
 ErrorNumber NewTemporaryName(const std::wstring& directory, const std::wstring& prefix,
                              std::wstring& name);
 // The full path of the running program's file.

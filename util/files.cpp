@@ -173,8 +173,9 @@ ErrorNumber NewTemporaryFile(std::wstring& path) {
 
 std::wstring TempFileName() {
     std::wstring name;
-    if (NewTemporaryFile(name) == kErrorNone) KillFile(name);
-    return name;
+    const ErrorNumber error = NewTemporaryFile(name);
+    KillFile(name);
+    return error == kErrorNone ? name : std::wstring();
 }
 
 ReplaceResult PutCopy(const std::wstring& source, const std::wstring& target) {

@@ -25,7 +25,8 @@ void KillFile(const std::wstring& path);
 system::ErrorNumber RemoveOwnFile(const std::wstring& path);
 
 // Creates an empty file under a new name in the temporary folder, beginning with the application
-// title's first three characters. `path` is empty after a failure.
+// title's first three characters. `path` is empty after a failure, unless a file was made that
+// could not be removed.
 system::ErrorNumber NewTemporaryFile(std::wstring& path);
 
 // A name in the temporary folder that no file has, beginning with the application title's first

@@ -59,8 +59,7 @@ ErrorNumber NewTemporaryName(const std::wstring& directory, const std::wstring& 
         if (error == kErrorFileExists) continue;
         if (error == kErrorNone) {
             error = CloseFile(file);
-            if (error == kErrorNone) return kErrorNone;
-            RemoveFile(name);
+            if (error == kErrorNone || RemoveFile(name) != kErrorNone) return error;
         }
         name.clear();
         return error;

@@ -1,0 +1,159 @@
+#include "tests/faults/edits.h"
+
+#include "app/messages.h"
+#include "bsd/bsd_file.h"
+#include "database/database_file.h"
+#include "database/editing.h"
+#include "database/stamps.h"
+#include "platform/ztutil32.h"
+#include "tests/unit/database/bulkhead_sample.h"
+#include "tests/unit/database/section_sample.h"
+#include "tests/unit/support.h"
+#include "util/rewrite.h"
+
+namespace corvane::faults {
+namespace {
+
+enum Model : int32_t { kTorsionModel = 1, kSection, kBulkhead, kLastSection, kNewModel };
+
+// More than a reader's buffer holds, so that spans are cut.
+constexpr size_t kTorsionText = kTextBufferSize + 20'000;
+// Several buffers.
+constexpr size_t kLongText = 3 * kTextBufferSize + 1'000;
+
+std::string TorsionBlock() {
+    const StructuralLines lines = FetchStructuralLines();
+    std::string text = lines.modelMarker + "\r\n" + lines.commentRule + "\r\n 1 \r\nTORSION\r\n" +
+                       lines.commentRule + "\r\n" + lines.nameLabel + "\r\nHold 3\r\n";
+    for (int row = 1; text.size() < kTorsionText; ++row) {
+        text += ' ' + std::to_string(row) + " \t .5 \t 12.5 \t 3.25 \r\n";
+    }
+    return text;
+}
+
+std::string MakeOldDatabase() {
+    LoadLibraries();
+    const test::RecordingScreen screen;
+    const test::TemporaryFolder folder;
+    std::wstring path = folder.File(L"ship.ve2");
+    BasicShipData bsd;
+    bsd.Titles(1).Assign(L"Sample ship");
+    CreateDatabaseFile(path, bsd);
+    test::WriteFileBytes(path, test::ReadFileBytes(path) + TorsionBlock());
+    SectionModel section = test::FullSection();
+    BulkheadArrangement arrangement = test::FullArrangement();
+    ReplaceSection(path, section, kSection, false);
+    ReplaceBulkheadArrangement(path, arrangement, kBulkhead, false);
+    ReplaceSection(path, section, kLastSection, false);
+    return test::ReadFileBytes(path);
+}
+
+bool SaveBsd(const std::wstring& path) {
+    BasicShipData bsd;
+    bsd.Titles(1).Assign(L"Another ship");
+    return SaveBsdToDatabase(path, bsd);
+}
+
+bool NewDatabase(const std::wstring& path) {
+    BasicShipData bsd;
+    return CreateDatabaseFile(path, bsd);
+}
+
+bool RewriteText(const std::wstring& path, bool keepBackup) {
+    Rewrite rewrite;
+    BeginRewrite(rewrite, path);
+    rewrite.keepBackup = keepBackup;
+    for (size_t size = 0; size < kLongText; size += 32) {
+        WriteLine(rewrite.writer, "a line of the new text, 30 long");
+    }
+    return FinishRewrite(rewrite);
+}
+
+template <bool kKeepBackup>
+bool RewriteAll(const std::wstring& path) {
+    return RewriteText(path, kKeepBackup);
+}
+
+template <int32_t kNumber, bool kKeepBackup>
+bool WriteSection(const std::wstring& path) {
+    std::wstring database = path;
+    SectionModel section;
+    section.name = L"A new section";
+    return ReplaceSection(database, section, kNumber, kKeepBackup);
+}
+
+template <int32_t kNumber, bool kKeepBackup>
+bool WriteBulkhead(const std::wstring& path) {
+    std::wstring database = path;
+    BulkheadArrangement arrangement;
+    return ReplaceBulkheadArrangement(database, arrangement, kNumber, kKeepBackup);
+}
+
+template <int32_t kNumber, ModelKind kKind, bool kKeepBackup>
+bool Copy(const std::wstring& path) {
+    std::wstring database = path;
+    return CopyModel(database, {kNumber, kKind, L"A copy", kKeepBackup}) == kNewModel;
+}
+
+template <int32_t kNumber, bool kKeepBackup>
+bool Delete(const std::wstring& path) {
+    return DeleteModel(path, kNumber, kKeepBackup);
+}
+
+void GiveIdentifier(char* buffer, int32_t size) {
+    constexpr std::string_view kIdentifier = "{00000000-0000-0000-0000-000000000001}";
+    buffer[kIdentifier.copy(buffer, static_cast<size_t>(size) - 1)] = '\0';
+}
+
+std::vector<Edit> MakeEdits() {
+    // The name, the file and the older backup that are there, whether one is kept, the procedure.
+    return {
+        {"new_database", false, false, false, NewDatabase},
+        {"new_over_old", true, false, false, NewDatabase},
+        {"save_bsd", true, false, false, SaveBsd},
+        {"rewrite", true, false, false, RewriteAll<false>},
+        {"rewrite_backup", true, false, true, RewriteAll<true>},
+        {"rewrite_second_backup", true, true, true, RewriteAll<true>},
+        {"replace_section", true, false, false, WriteSection<kSection, false>},
+        {"replace_section_backup", true, true, true, WriteSection<kSection, true>},
+        {"append_section", true, false, false, WriteSection<kNewModel, false>},
+        {"append_section_backup", true, false, true, WriteSection<kNewModel, true>},
+        {"replace_bulkhead", true, false, false, WriteBulkhead<kBulkhead, false>},
+        {"replace_bulkhead_backup", true, true, true, WriteBulkhead<kBulkhead, true>},
+        {"append_bulkhead_backup", true, false, true, WriteBulkhead<kNewModel, true>},
+        {"copy_section", true, false, true, Copy<kSection, ModelKind::kSection, true>},
+        {"copy_bulkhead", true, true, true, Copy<kBulkhead, ModelKind::kBulkhead, true>},
+        {"copy_torsion", true, false, false, Copy<kTorsionModel, ModelKind::kTorsion, false>},
+        {"copy_torsion_backup", true, true, true, Copy<kTorsionModel, ModelKind::kTorsion, true>},
+        {"delete_first", true, false, false, Delete<kTorsionModel, false>},
+        {"delete_middle_backup", true, true, true, Delete<kSection, true>},
+        {"delete_last_backup", true, false, true, Delete<kLastSection, true>},
+    };
+}
+
+}  // namespace
+
+const std::vector<Edit>& Edits() {
+    static const std::vector<Edit> edits = MakeEdits();
+    return edits;
+}
+
+const Edit* FindEdit(std::string_view name) {
+    for (const Edit& edit : Edits()) {
+        if (edit.name == name) return &edit;
+    }
+    return nullptr;
+}
+
+void LoadLibraries() {
+    FetchStructuralLines();
+    CurrentStamp();
+    GenerateID.pointer = GiveIdentifier;
+}
+
+const std::string& OldDatabase() {
+    static const std::string text = MakeOldDatabase();
+    return text;
+}
+
+}  // namespace corvane::faults

@@ -1,0 +1,54 @@
+// Another process holds the file in every sharing mode: for 50 and 500 ms, which the user does not
+// notice, and for 5 s, which is reported, unless the file can be replaced all the same.
+#include "tests/faults/holder.h"
+#include "tests/faults/scene.h"
+#include "tests/faults/still_clock.h"
+#include "tests/faults/tally.h"
+
+namespace corvane::faults {
+namespace {
+
+constexpr int kLong_ms = 5000;
+
+class Held : public testing::TestWithParam<const char*> {
+protected:
+    void SetUp() override { WaitsForReal() = true; }
+    void TearDown() override { WaitsForReal() = false; }
+};
+
+std::string FaultWhileHeld(const Scene& scene, int sharing, int milliseconds) {
+    Prepare(scene);
+    const int64_t start = system::Milliseconds();
+    Outcome outcome;
+    {
+        const Holder holder(scene.path, sharing, milliseconds);
+        outcome = RunEdit(scene, {});
+    }
+    const bool succeeds = milliseconds < kLong_ms || CanBeReplaced(sharing);
+    if (outcome.done != succeeds) return succeeds ? "it failed" : "it succeeded";
+    if (succeeds && !outcome.messages.empty()) return "message: " + outcome.messages.front();
+    if (system::Milliseconds() - start > kLong_ms - 500) return "it took too long";
+    return FaultAfterEnd(scene, outcome);
+}
+
+TEST_P(Held, IsWaitedForAWhile) {
+    const test::TemporaryFolder folder;
+    const test::TemporaryFolder temporaries;
+    Scene scene{*FindEdit(GetParam()), folder.path, temporaries.path};
+    Measure(scene);
+    Tally tally{"held " + scene.edit.name};
+    for (int sharing = 0; sharing < kSharingModes; ++sharing) {
+        for (const int milliseconds : {50, 500, kLong_ms}) {
+            tally.Count(
+                std::to_string(milliseconds) + " ms, sharing mode " + std::to_string(sharing),
+                FaultWhileHeld(scene, sharing, milliseconds));
+        }
+    }
+    tally.Print();
+}
+
+INSTANTIATE_TEST_SUITE_P(Two, Held, testing::Values("save_bsd", "delete_middle_backup"),
+                         [](const auto& name) { return std::string(name.param); });
+
+}  // namespace
+}  // namespace corvane::faults

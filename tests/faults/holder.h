@@ -1,0 +1,29 @@
+// Another process that has a file open.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace corvane::faults {
+
+// Bits of a sharing mode: what the holder lets others do.
+inline constexpr int kShareRead = 1;
+inline constexpr int kShareWrite = 2;
+inline constexpr int kShareDelete = 4;
+inline constexpr int kSharingModes = 8;
+
+struct Holder {
+    // Starts the process and waits until it has the file open for reading; it ends by itself after
+    // that time, or with this record.
+    Holder(const std::wstring& path, int sharing, int milliseconds);
+    ~Holder();
+    Holder(const Holder&) = delete;
+    Holder& operator=(const Holder&) = delete;
+
+    intptr_t process = 0;
+};
+
+// Whether a file that is held in this way can be read and replaced all the same.
+bool CanBeReplaced(int sharing);
+
+}  // namespace corvane::faults

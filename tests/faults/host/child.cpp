@@ -1,0 +1,59 @@
+// A process of its own is a fork.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "platform/host/native.h"
+#include "tests/faults/holder.h"
+#include "tests/faults/scene.h"
+
+namespace corvane::faults {
+
+bool IsKilled(const Scene& scene, const Plan& plan) {
+    const pid_t child = fork();
+    EXPECT_NE(child, -1);
+    if (child == 0) {
+        RunEdit(scene, plan);
+        _exit(0);
+    }
+    int status = 0;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    return WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
+}
+
+// Here there is one sharing mode: a lock is advice, which nobody need take.
+Holder::Holder(const std::wstring& path, int, int milliseconds) {
+    std::string native;
+    EXPECT_EQ(system::NativePath(path, native), system::kErrorNone);
+    int ready[2];
+    EXPECT_EQ(pipe(ready), 0);
+    process = fork();
+    EXPECT_NE(process, -1);
+    if (process == 0) {
+        const int file = open(native.c_str(), O_RDWR);
+        flock(file, LOCK_EX);
+        close(ready[0]);
+        close(ready[1]);
+        usleep(static_cast<useconds_t>(milliseconds) * 1000);
+        _exit(0);
+    }
+    close(ready[1]);
+    char byte = 0;
+    EXPECT_EQ(read(ready[0], &byte, 1), 0);  // the end of the pipe
+    close(ready[0]);
+}
+
+Holder::~Holder() {
+    kill(static_cast<pid_t>(process), SIGKILL);
+    waitpid(static_cast<pid_t>(process), nullptr, 0);
+}
+
+bool CanBeReplaced(int) {
+    return true;
+}
+
+}  // namespace corvane::faults

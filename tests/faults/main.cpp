@@ -1,0 +1,20 @@
+// The tests; with "--edit EDIT FOLDER TEMPORARIES FAULT CALL", one edit with one fault; with
+// "--wait MILLISECONDS", nothing for that time.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <thread>
+
+#include "tests/faults/scene.h"
+
+int main(int count, char** arguments) {
+    const std::string mode = count > 2 ? arguments[1] : "";
+    if (mode == "--wait") {
+        std::this_thread::sleep_for(std::chrono::milliseconds(std::stoi(arguments[2])));
+        return 0;
+    }
+    corvane::faults::InstallHooks();
+    if (mode == "--edit") return corvane::faults::RunAsChild({arguments + 2, arguments + count});
+    testing::InitGoogleTest(&count, arguments);
+    return RUN_ALL_TESTS();
+}

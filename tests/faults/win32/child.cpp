@@ -1,0 +1,65 @@
+// A process of its own is the same program once more.
+#include <gtest/gtest.h>
+
+#include "platform/win32/win32.h"
+#include "tests/faults/holder.h"
+#include "tests/faults/scene.h"
+
+namespace corvane::faults {
+namespace {
+
+HANDLE StartThisProgram(const std::wstring& arguments) {
+    std::wstring line = L"\"" + system::ProgramPath() + L"\" " + arguments;
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION process{};
+    EXPECT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                               &start, &process));
+    CloseHandle(process.hThread);
+    return process.hProcess;
+}
+
+// A folder in quotation marks; the last backslash would make the mark a part of the name.
+std::wstring Quoted(const std::wstring& folder) {
+    return L'"' + folder + L"\\\" ";
+}
+
+}  // namespace
+
+bool IsKilled(const Scene& scene, const Plan& plan) {
+    const std::string& name = scene.edit.name;
+    const HANDLE process = StartThisProgram(
+        L"--edit " + std::wstring(name.begin(), name.end()) + L' ' + Quoted(scene.folder) +
+        Quoted(scene.temporaries) + std::to_wstring(static_cast<int>(plan.fault)) + L' ' +
+        std::to_wstring(plan.call));
+    DWORD status = 0;
+    WaitForSingleObject(process, INFINITE);
+    GetExitCodeProcess(process, &status);
+    CloseHandle(process);
+    return status == kKilledStatus;
+}
+
+// The child inherits the file and what it lets others do; closed here, the child alone has it.
+Holder::Holder(const std::wstring& path, int sharing, int milliseconds) {
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, static_cast<DWORD>(sharing),
+                                    &inherited, OPEN_EXISTING, 0, nullptr);
+    EXPECT_NE(file, INVALID_HANDLE_VALUE);
+    process =
+        reinterpret_cast<intptr_t>(StartThisProgram(L"--wait " + std::to_wstring(milliseconds)));
+    CloseHandle(file);
+}
+
+Holder::~Holder() {
+    const auto handle = reinterpret_cast<HANDLE>(process);
+    TerminateProcess(handle, 0);
+    WaitForSingleObject(handle, INFINITE);
+    CloseHandle(handle);
+}
+
+// We read it first.
+bool CanBeReplaced(int sharing) {
+    return (sharing & kShareRead) != 0 && (sharing & kShareDelete) != 0;
+}
+
+}  // namespace corvane::faults
