@@ -29,7 +29,7 @@ LEAF = ("app/messages.h", "app/message_numbers.h")
 FREE = ("tests", "fuzz", "benchmarks", "samples")
 
 WINDOWS_PLACES = re.compile(r"^(platform/win32|ui/windows|companions/[^/]+/win32"
-                            r"|siblings/win32|tests/ui|tests/unit/win32)/")
+                            r"|siblings/win32|tests/ui|tests/unit/win32|tests/faults/win32)/")
 SYSTEM_CONDITIONS = re.compile(r"^(platform/|ui/windows/|companions/|tests/unit/support\.cpp$)")
 HOST_PLACES = re.compile(r"^(platform/host|companions/[^/]+/host|tests|fuzz|benchmarks)/")
 WINDOWS_HEADER = "platform/win32/win32.h"
