@@ -28,19 +28,18 @@ WindowState* StateOf(HWND window) {
     return reinterpret_cast<WindowState*>(GetWindowLongPtrW(window, DWLP_USER));
 }
 
+BOOL CALLBACK FindStandIn(HWND found, LPARAM parameter) {
+    wchar_t name[32] = L"";
+    GetClassNameW(found, name, 32);
+    if (std::wstring_view(name) != kStandInClass) return TRUE;
+    *reinterpret_cast<HWND*>(parameter) = found;
+    return FALSE;
+}
+
 // The thread has one window, or none yet.
 HWND OwnWindow() {
     HWND window = nullptr;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND found, LPARAM parameter) -> BOOL {
-            wchar_t name[32] = L"";
-            GetClassNameW(found, name, 32);
-            if (std::wstring_view(name) != kStandInClass) return TRUE;
-            *reinterpret_cast<HWND*>(parameter) = found;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&window));
+    EnumThreadWindows(GetCurrentThreadId(), FindStandIn, reinterpret_cast<LPARAM>(&window));
     return window;
 }
 
