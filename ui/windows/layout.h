@@ -7,7 +7,7 @@ namespace corvane {
 
 // Sizes of the main window's client area [pixels at 96 dots per inch].
 inline constexpr SIZE kFirstClientSize{860, 620};
-inline constexpr SIZE kLeastClientSize{620, 400};
+inline constexpr SIZE kLeastClientSize{680, 400};
 
 struct Layout {
     HFONT font = nullptr;  // of the controls

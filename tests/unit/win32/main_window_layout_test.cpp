@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tests/unit/win32/open_window.h"
+#include "ui/windows/layout.h"
 
 namespace corvane {
 namespace {
@@ -13,7 +14,7 @@ using test::OpenWindow;
 
 constexpr WORD kResolutions[] = {96, 120, 144, 192};
 // Sizes of the window at 96 dots per inch.
-constexpr SIZE kLeast{640, 460};
+constexpr SIZE kLeast{700, 460};
 constexpr SIZE kSmall{800, 600};
 constexpr SIZE kLarge{1600, 1000};
 
@@ -55,19 +56,31 @@ TEST(MainWindowLayout, ControlsStayInsideAtEverySize) {
     });
 }
 
+void ExpectNoneCovered(const OpenWindow& open) {
+    for (size_t i = 0; i < kControls.size(); ++i) {
+        for (size_t j = i + 1; j < kControls.size(); ++j) {
+            const RECT one = open.Place(kControls[i]);
+            const RECT other = open.Place(kControls[j]);
+            RECT common{};
+            EXPECT_FALSE(IntersectRect(&common, &one, &other))
+                << kControls[i] << " and " << kControls[j];
+        }
+    }
+}
+
 TEST(MainWindowLayout, NoControlCoversAnother) {
     const OpenWindow open;
-    AtEverySize(open, [&] {
-        for (size_t i = 0; i < kControls.size(); ++i) {
-            for (size_t j = i + 1; j < kControls.size(); ++j) {
-                const RECT one = open.Place(kControls[i]);
-                const RECT other = open.Place(kControls[j]);
-                RECT common{};
-                EXPECT_FALSE(IntersectRect(&common, &one, &other))
-                    << kControls[i] << " and " << kControls[j];
-            }
-        }
-    });
+    AtEverySize(open, [&] { ExpectNoneCovered(open); });
+}
+
+TEST(MainWindowLayout, WindowIsHeldToASizeWithRoomForAllControls) {
+    const OpenWindow open;
+    open.Resize(1, 1);
+    RECT client{};
+    GetClientRect(open.window, &client);
+    EXPECT_EQ(client.right, Scaled(kLeastClientSize.cx, DpiOf(open.window)));
+    EXPECT_EQ(client.bottom, Scaled(kLeastClientSize.cy, DpiOf(open.window)));
+    ExpectNoneCovered(open);
 }
 
 TEST(MainWindowLayout, FrameOfTheRuleSetsHoldsTheOptionsAndNothingElse) {
