@@ -12,6 +12,9 @@
 
 namespace corvane {
 
+struct ExportChoice;  // ui/commands/exchange_boxes.h
+struct ImportChoice;
+
 // One row of LI_Sections.
 struct ModelRow {
     std::wstring name;
@@ -47,6 +50,9 @@ struct MainWindow {
     // Asks IsEnabled for every command, IsMenuEnabled for every menu, IsDatabaseOpen for the list.
     void (*updateEnabling)();
     void (*focusList)();
+    // FM_Export and FM_Inport: false when the user cancelled. The proposed name is in `choice`.
+    bool (*askExport)(ExportChoice& choice);
+    bool (*askImport)(ImportChoice& choice);
     // Closes the window as the user does; it then shuts the program down.
     void (*close)();
 };

@@ -119,6 +119,8 @@ constexpr MainWindow kProcedures{
     .setLocked = SetLocked,
     .updateEnabling = [] { UpdateEnabling(MainHandle()); },
     .focusList = FocusList,
+    .askExport = [](ExportChoice&) { return false; },
+    .askImport = [](ImportChoice&) { return false; },
     .close = [] { SendMessageW(MainHandle(), WM_CLOSE, 0, 0); },
 };
 

@@ -7,6 +7,7 @@
 #include "database/database_file.h"
 #include "platform/system.h"
 #include "tests/unit/database/sample_database.h"
+#include "ui/commands/exchange_boxes.h"
 #include "ui/commands/main_window.h"
 #include "util/numbers.h"
 #include "util/paths.h"
@@ -83,6 +84,8 @@ ShownWindow::ShownWindow() {
     };
     window.updateEnabling = [] {};
     window.focusList = [] {};
+    window.askExport = [](ExportChoice&) { return false; };
+    window.askImport = [](ImportChoice&) { return false; };
     window.close = [] { Note("close"); };
     shell.mainWindow = &window;
 }

@@ -2,12 +2,14 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
 
 #include "app/state.h"
 #include "tests/unit/support.h"
+#include "ui/commands/exchange_boxes.h"
 #include "ui/commands/main_window.h"
 
 namespace corvane::test {
@@ -39,12 +41,18 @@ struct RecordingWindow {
     inline static bool previewOn;
     inline static std::wstring database, position, frame, menu;
 
+    // What the user does in the exchange boxes; at first, cancel.
+    inline static std::function<bool(ExportChoice&)> askExport;
+    inline static std::function<bool(ImportChoice&)> askImport;
+
     static void Note(std::string event) { RecordingScreen::events.push_back(std::move(event)); }
 
     RecordingWindow() {
         rows.clear();
         selected = -1;
         rule = 0;
+        askExport = [](ExportChoice&) { return false; };
+        askImport = [](ImportChoice&) { return false; };
         previewOn = false;
         database = position = frame = menu = L"untouched";
         static constexpr MainWindow window{
@@ -69,6 +77,8 @@ struct RecordingWindow {
             .setLocked = [](bool locked) { Note(locked ? "lock" : "unlock"); },
             .updateEnabling = [] { Note("enabling"); },
             .focusList = [] { Note("focus list"); },
+            .askExport = [](ExportChoice& choice) { return askExport(choice); },
+            .askImport = [](ImportChoice& choice) { return askImport(choice); },
             .close = [] { Note("close"); },
         };
         shell.mainWindow = &window;

@@ -1,0 +1,51 @@
+// What the boxes FM_Export and FM_Inport show and ask, decided without a window. The boxes convert
+// nothing: the commands do, with what the boxes leave behind.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "bsd/basic_ship_data.h"
+#include "database/model_kind.h"
+#include "database/section.h"
+
+namespace corvane {
+
+// What FM_Export leaves behind.
+struct ExportChoice {
+    std::wstring path;      // of an existing legacy database, absolute
+    bool createNew = true;  // OP_CreateNew; else the section in `slot` is replaced
+    int16_t slot = 0;       // from 1
+    // TX_Name: proposed by the caller; then the name that a new section gets.
+    std::wstring name;
+};
+
+// An item of LI_Sections in either box.
+struct ExchangeItem {
+    std::wstring text;   // as the list shows it
+    int32_t number = 0;  // slot of a legacy database, model number of a model database
+    ModelKind kind = ModelKind::kSection;
+};
+
+// What FM_Inport leaves behind: the items that are selected, in the order of the list. None only
+// when the box takes a file without sections.
+struct ImportChoice {
+    std::wstring path;  // absolute
+    std::vector<ExchangeItem> items;
+};
+
+// The sections of a legacy database (extension "vel") or the models of a model database, with
+// " (bulkhead)" and " (torsion)" behind the names of those that are no section. What can't be read
+// is reported; the list is empty then.
+std::vector<ExchangeItem> ListForExchange(const std::wstring& path);
+
+// The section of an item with the ship's data of its file, for the preview. False when it could
+// not be read, and for a model of another kind.
+bool ReadForExchange(const std::wstring& path, const ExchangeItem& item, SectionModel& section,
+                     BasicShipData& bsd);
+
+// LB_Service: the ship's display name and, in brackets, the name of its type.
+std::wstring ServiceText(const BasicShipData& bsd);
+
+}  // namespace corvane
