@@ -76,8 +76,8 @@ struct Corrugation {
     bool operator==(const Corrugation&) const = default;
 };
 
-// Table BH STRAKE: a plate of a band of the bulkhead. A band is a part of the breadth, counted from
-// the centre line; its strakes are plates one above the other.
+// Table BH STRAKE: a plate of a band of the bulkhead. A band is a part of the height, counted from
+// below; its strakes are plates side by side, from the centre line outwards.
 struct BulkheadStrake {
     float z_m = 0;  // upper edge
     float y_m = 0;  // outer edge

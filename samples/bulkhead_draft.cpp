@@ -168,25 +168,25 @@ float OuterEdge(const Outline& outline, float lower_m, float upper_m) {
 void LayStrakes(Bulkhead& bulkhead, const Outline& outline, const StrakePlan& plan) {
     constexpr float kNarrowest_m = 0.1F;
     const Extent heights = AllHeights(outline);
-    const auto count = static_cast<int>(std::ceil(heights.Length() / plan.height_m));
+    const auto count = static_cast<int16_t>(std::ceil(heights.Length() / plan.height_m));
     const float height = heights.Length() / static_cast<float>(count);
-    float inner = 0;
-    std::vector<float> edges = plan.bandEdges_m;
-    edges.push_back(AllBreadths(outline).to);
-    int16_t band = 0;
-    for (const float edge : edges) {
-        ++band;
-        for (int i = 0; i < count; ++i) {
-            const float lower = heights.from + static_cast<float>(i) * height;
-            const float outer = OuterEdge(outline, lower, lower + height);
-            if (outer < inner + kNarrowest_m) continue;
-            const float part = static_cast<float>(i) / static_cast<float>(std::max(count - 1, 1));
-            const float thickness = plan.lowest_mm + part * (plan.highest_mm - plan.lowest_mm);
-            bulkhead.bands[band].push_back({Millimetres(lower + height),
-                                            Millimetres(std::min(edge, outer)),
-                                            std::round(2 * thickness) / 2, plan.material});
+    for (int16_t number = 1; number <= count; ++number) {
+        const float lower = heights.from + static_cast<float>(number - 1) * height;
+        const float part = count == 1 ? 0 : (lower - heights.from) / (heights.Length() - height);
+        const float thickness = plan.lowest_mm + part * (plan.highest_mm - plan.lowest_mm);
+        BulkheadStrake strake;
+        strake.z_m = Millimetres(lower + height);
+        strake.thickness_mm = std::round(2 * thickness) / 2;
+        strake.material = plan.material;
+        const float outer = OuterEdge(outline, lower, lower + height);
+        std::vector<BulkheadStrake>& band = bulkhead.bands[number];
+        for (const float seam : plan.seams_m) {
+            if (seam > outer - kNarrowest_m) break;
+            strake.y_m = seam;
+            band.push_back(strake);
         }
-        inner = edge;
+        strake.y_m = Millimetres(outer);
+        band.push_back(strake);
     }
 }
 

@@ -48,11 +48,11 @@ void AddSecondaries(Bulkhead& bulkhead, const Outline& outline, const SecondaryP
 
 // ---- Plates ------------------------------------------------------------------------------------
 
-// Bands from the centre line outwards, which end at `bandEdges_m` and at the outline; strakes of
-// equal height in them, from the lowest thickness to the highest one.
+// Bands of equal height from below, thinner from one to the next; in each strakes that end at the
+// same places and at the outline.
 struct StrakePlan {
-    std::vector<float> bandEdges_m;
-    float height_m;  // at most
+    std::vector<float> seams_m;  // y
+    float height_m;              // of a band, at most
     float lowest_mm;
     float highest_mm;
     int16_t material;

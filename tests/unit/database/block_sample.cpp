@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "database/database_file.h"
@@ -74,6 +75,22 @@ std::vector<std::string> Tables(std::string_view text) {
     }
     tables.emplace_back(text.substr(begin));
     return tables;
+}
+
+std::string WithTablesReversed(std::string_view text) {
+    std::vector<std::string> tables = Tables(text);
+    std::reverse(tables.begin() + 2, tables.end());
+    std::string result;
+    for (const std::string& table : tables) result += table;
+    return result;
+}
+
+std::string WithoutPart(std::string_view text, size_t part) {
+    std::vector<std::string> tables = Tables(text);
+    tables.at(part).clear();
+    std::string result;
+    for (const std::string& table : tables) result += table;
+    return result;
 }
 
 Compartment SampleCompartment() {

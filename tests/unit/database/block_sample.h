@@ -27,6 +27,10 @@ std::string Replaced(std::string_view text, std::string_view from, std::string_v
 std::string WithLineBehindEach(std::string_view text, std::string_view line);
 // The block cut into its head and its tables, label lines first.
 std::vector<std::string> Tables(std::string_view text);
+// The text with the tables behind the block's head, which is part 1, the last one first; and
+// without one of its parts.
+std::string WithTablesReversed(std::string_view text);
+std::string WithoutPart(std::string_view text, size_t part);
 
 // The first compartment of both golden files, but for its name and outline.
 Compartment SampleCompartment();

@@ -182,23 +182,16 @@ TEST_F(BulkheadReaderTest, BlankLinesBetweenRowsArePassedOver) {
     EXPECT_EQ(Rewritten(text + "\r\n\r\n"), body);
 }
 
+constexpr size_t kParts = 13;  // file head, block head, eleven tables
+
 TEST_F(BulkheadReaderTest, TablesMayStandInAnyOrder) {
-    std::vector<std::string> tables = test::Tables(golden);
-    ASSERT_EQ(tables.size(), 13u);  // file head, block head, eleven tables
-    std::reverse(tables.begin() + 2, tables.end());
-    std::string text;
-    for (const std::string& table : tables) text += table;
-    EXPECT_EQ(Rewritten(text), body);
+    ASSERT_EQ(test::Tables(golden).size(), kParts);
+    EXPECT_EQ(Rewritten(test::WithTablesReversed(golden)), body);
 }
 
 TEST_F(BulkheadReaderTest, EachTableMayBeMissing) {
-    const std::vector<std::string> tables = test::Tables(golden);
-    for (size_t missing = 2; missing < tables.size(); ++missing) {
-        std::string text;
-        for (size_t i = 0; i < tables.size(); ++i) {
-            if (i != missing) text += tables[i];
-        }
-        const BulkheadArrangement read = ReadArrangement(text);
+    for (size_t missing = 2; missing < kParts; ++missing) {
+        const BulkheadArrangement read = ReadArrangement(test::WithoutPart(golden, missing));
         EXPECT_EQ(read.name, L"Bulkheads of hold 3");
         EXPECT_EQ(read.bulkheads.empty(), missing == 2) << missing;
         EXPECT_EQ(read.holds.empty(), missing == 12) << missing;

@@ -238,23 +238,16 @@ TEST_F(SectionReaderTest, BlankLinesBehindTheLastCompartmentAreNone) {
     EXPECT_EQ(ReadText(text).compartments.size(), 2u);
 }
 
+constexpr size_t kParts = 13;  // file head, block head, eleven tables
+
 TEST_F(SectionReaderTest, TablesMayStandInAnyOrder) {
-    std::vector<std::string> tables = test::Tables(golden);
-    ASSERT_EQ(tables.size(), 13u);  // file head, block head, eleven tables
-    std::reverse(tables.begin() + 2, tables.end());
-    std::string text;
-    for (const std::string& table : tables) text += table;
-    EXPECT_EQ(Rewritten(text), body);
+    ASSERT_EQ(test::Tables(golden).size(), kParts);
+    EXPECT_EQ(Rewritten(test::WithTablesReversed(golden)), body);
 }
 
 TEST_F(SectionReaderTest, EachTableMayBeMissing) {
-    const std::vector<std::string> tables = test::Tables(golden);
-    for (size_t missing = 2; missing < tables.size(); ++missing) {
-        std::string text;
-        for (size_t i = 0; i < tables.size(); ++i) {
-            if (i != missing) text += tables[i];
-        }
-        const SectionModel section = ReadText(text);
+    for (size_t missing = 2; missing < kParts; ++missing) {
+        const SectionModel section = ReadText(test::WithoutPart(golden, missing));
         EXPECT_EQ(section.name, L"Frame 100");
         EXPECT_EQ(section.panels.empty(), missing == 2) << missing;
         EXPECT_EQ(section.compartments.empty(), missing == 8) << missing;
