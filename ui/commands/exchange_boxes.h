@@ -24,7 +24,7 @@ struct ExportChoice {
 // An item of LI_Sections in either box.
 struct ExchangeItem {
     std::wstring text;   // as the list shows it
-    int32_t number = 0;  // slot of a legacy database, model number of a model database
+    int32_t number = 0;  // slot of a legacy database, row in a model database's list; from 1
     ModelKind kind = ModelKind::kSection;
 };
 
@@ -35,13 +35,17 @@ struct ImportChoice {
     std::vector<ExchangeItem> items;
 };
 
-// The sections of a legacy database (extension "vel") or the models of a model database, with
+// Whether a path names a legacy database: by its extension, "vel".
+bool IsLegacyDatabase(const std::wstring& path);
+
+// The sections of a legacy database, at most 20, or the models of a model database, with
 // " (bulkhead)" and " (torsion)" behind the names of those that are no section. What can't be read
 // is reported; the list is empty then.
 std::vector<ExchangeItem> ListForExchange(const std::wstring& path);
 
-// The section of an item with the ship's data of its file, for the preview. False when it could
-// not be read, and for a model of another kind.
+// The section of an item with the ship's data of its file, for the preview; the data are fresh when
+// a model database has none. False when it could not be read, which is reported, and for a model of
+// another kind.
 bool ReadForExchange(const std::wstring& path, const ExchangeItem& item, SectionModel& section,
                      BasicShipData& bsd);
 

@@ -3,11 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <type_traits>
 #include <utility>
 
+#include "bsd/legacy_form.h"
 #include "database/section_lines.h"
+#include "legacy/exchange.h"
+#include "platform/system.h"
 #include "tests/unit/companions/section_builder.h"
 
 namespace corvane::test {
@@ -372,6 +376,41 @@ SectionModel SectionOf(const LegacySectionRecord& record) {
 
 bool SameBytes(const LegacySectionRecord& a, const LegacySectionRecord& b) {
     return std::memcmp(&a, &b, sizeof(a)) == 0;
+}
+
+namespace {
+
+void WriteShip(const std::string& file, const BasicShipData& bsd) {
+    alignas(LegacyBsd) std::array<char, kLegacyBsdBufferSize> buffer{};
+    auto& record = *reinterpret_cast<LegacyBsd*>(buffer.data());
+    ToLegacyForm(bsd, record);
+    record.Titles[0][0] = '\x90';  // OEM
+    int16_t status = -1;
+    exportvelkbsd(file.c_str(), &record, &status);
+    ASSERT_EQ(status, 0);
+}
+
+}  // namespace
+
+void WriteLegacyDatabase(const std::wstring& path, const std::vector<std::wstring>& names) {
+    const std::string file = system::AnsiFromWide(path);
+    int16_t status = -1;
+    createvelkdb(file.c_str(), &status);
+    ASSERT_EQ(status, 0);
+    BasicShipData bsd = NewBasicShipData(L"OLD");
+    bsd.Titles(1).Assign(L"\u00C9toile");
+    bsd.TypeCodes(1) = 1;
+    WriteShip(file, bsd);
+    int16_t number = 0;
+    for (const std::wstring& name : names) {
+        SectionModel section;
+        section.name = name;
+        section.x_m = ++number;
+        section.breadth_m = section.draught_m = 10;
+        section.panels.push_back(PanelOfNodes(2, 0, 1));
+        ASSERT_TRUE(ExportSection({path, number}, section, bsd));
+    }
+    RecordingScreen::events.clear();
 }
 
 std::string WarningText(int32_t number, MessageArguments arguments) {

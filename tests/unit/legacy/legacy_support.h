@@ -32,6 +32,10 @@ std::unique_ptr<LegacySectionRecord> RecordOf(SectionModel& section);
 SectionModel SectionOf(const LegacySectionRecord& record);
 bool SameBytes(const LegacySectionRecord& a, const LegacySectionRecord& b);
 
+// A legacy database of these sections, by our own export: small ones, at 1, 2, 3 ... m. The
+// ship's name has an accent.
+void WriteLegacyDatabase(const std::wstring& path, const std::vector<std::wstring>& names);
+
 // What the screen is told by a report of this message; what it was told before is kept.
 std::string WarningText(int32_t number, MessageArguments arguments);
 

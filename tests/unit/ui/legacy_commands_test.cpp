@@ -5,7 +5,6 @@
 
 #include "app/messages.h"
 #include "bsd/bsd_file.h"
-#include "bsd/legacy_form.h"
 #include "database/database_file.h"
 #include "database/section_file.h"
 #include "legacy/exchange.h"
@@ -42,40 +41,11 @@ struct LegacyCommand : CommandTest {
         system::RemoveEmptyDirectory(File(L"Ships"));
     }
 
-    // A legacy database of these sections, by our own export.
-    void WriteLegacy(const std::wstring& path, const std::vector<std::wstring>& names) {
-        const std::string file = system::AnsiFromWide(path);
-        int16_t status = -1;
-        createvelkdb(file.c_str(), &status);
-        ASSERT_EQ(status, 0);
-        BasicShipData bsd = NewBasicShipData(L"OLD");
-        bsd.Titles(1).Assign(L"\u00C9toile");
-        WriteShip(file, bsd);
-        int16_t number = 0;
-        for (const std::wstring& name : names) {
-            SectionModel section;
-            section.name = name;
-            section.x_m = ++number;
-            section.breadth_m = section.draught_m = 10;
-            section.panels.push_back(PanelOfNodes(2, 0, 1));
-            ASSERT_TRUE(ExportSection({path, number}, section, bsd));
-        }
-        RecordingScreen::events.clear();
-    }
-    static void WriteShip(const std::string& file, const BasicShipData& bsd) {
-        alignas(LegacyBsd) std::array<char, kLegacyBsdBufferSize> buffer{};
-        auto& record = *reinterpret_cast<LegacyBsd*>(buffer.data());
-        ToLegacyForm(bsd, record);
-        record.Titles[0][0] = '\x90';  // OEM
-        int16_t status = -1;
-        exportvelkbsd(file.c_str(), &record, &status);
-        ASSERT_EQ(status, 0);
-    }
     static bool WasRefreshed() { return !RecordingScreen::Of("rows").empty(); }
 };
 
 TEST_F(LegacyCommand, DatabaseIsConvertedIntoTheWorkDirectory) {
-    WriteLegacy(legacy, {L"Frame 10", L"Frame 20"});
+    WriteLegacyDatabase(legacy, {L"Frame 10", L"Frame 20"});
     OpenLegacyDatabase(legacy);
     const std::wstring path = work + L"Aurora.ve2";
     EXPECT_EQ(shell.settings.DatabasePath, LowerCase(path));
@@ -92,7 +62,7 @@ TEST_F(LegacyCommand, DatabaseIsConvertedIntoTheWorkDirectory) {
 }
 
 TEST_F(LegacyCommand, ShipIsNamedAfterTheFileInUpperCase) {
-    WriteLegacy(legacy, {});
+    WriteLegacyDatabase(legacy, {});
     OpenLegacyDatabase(legacy);
     BasicShipData bsd;
     ASSERT_TRUE(LoadBsdFromDatabase(work + L"Aurora.ve2", bsd));
@@ -102,7 +72,7 @@ TEST_F(LegacyCommand, ShipIsNamedAfterTheFileInUpperCase) {
 }
 
 TEST_F(LegacyCommand, DatabaseNamedStarIsNamedAfterItsFolder) {
-    WriteLegacy(ship + L"STAR.VEL", {L"Frame 10"});
+    WriteLegacyDatabase(ship + L"STAR.VEL", {L"Frame 10"});
     OpenLegacyDatabase(ship + L"STAR.VEL");
     const std::wstring name = CleanFileName(ship);
     EXPECT_TRUE(name.ends_with(L"ShipsAlpha")) << Narrow(name);
@@ -127,7 +97,7 @@ TEST_F(LegacyCommand, SectionsComeBackAsTheyWere) {
 }
 
 TEST_F(LegacyCommand, WithoutANameTheUserIsAsked) {
-    WriteLegacy(legacy, {L"Frame 10"});
+    WriteLegacyDatabase(legacy, {L"Frame 10"});
     const FakePrompt prompt{legacy};
     OpenLegacyDatabase();
     ASSERT_EQ(FakePrompt::questions.size(), 1u);
@@ -148,7 +118,7 @@ TEST_F(LegacyCommand, CancelledQuestionChangesNothing) {
 }
 
 TEST_F(LegacyCommand, CurrentDirectoryAndPointerComeBack) {
-    WriteLegacy(legacy, {L"Frame 10"});
+    WriteLegacyDatabase(legacy, {L"Frame 10"});
     ASSERT_EQ(system::SetCurrentTo(browse), system::kErrorNone);
     const std::wstring before = system::CurrentDirectory();
     OpenLegacyDatabase(legacy);
@@ -163,7 +133,7 @@ TEST_F(LegacyCommand, CurrentDirectoryAndPointerComeBack) {
 }
 
 TEST_F(LegacyCommand, ExistingFileIsReplacedOnlyWhenTheUserSaysSo) {
-    WriteLegacy(legacy, {L"Frame 10"});
+    WriteLegacyDatabase(legacy, {L"Frame 10"});
     WriteFileBytes(work + L"Aurora.ve2", "old");
     RecordingScreen::answerYes = false;
     OpenLegacyDatabase(legacy);
@@ -176,7 +146,7 @@ TEST_F(LegacyCommand, ExistingFileIsReplacedOnlyWhenTheUserSaysSo) {
 }
 
 TEST_F(LegacyCommand, DamagedDatabaseIsReportedWithItsStatusAndChangesNothing) {
-    WriteLegacy(legacy, {L"Frame 10"});
+    WriteLegacyDatabase(legacy, {L"Frame 10"});
     std::string bytes = ReadFileBytes(legacy);
     bytes[2000] = static_cast<char>(bytes[2000] ^ 1);
     WriteFileBytes(legacy, bytes);
@@ -226,7 +196,7 @@ TEST_F(LegacyCommand, CallsFollowTheDescribedConversation) {
 TEST_F(LegacyCommand, TwentyOneSectionsAreConvertedUpToTheTwentieth) {
     std::vector<std::wstring> names;
     for (int i = 1; i <= 21; ++i) names.push_back(L"Frame " + std::to_wstring(i));
-    WriteLegacy(legacy, names);
+    WriteLegacyDatabase(legacy, names);
     OpenLegacyDatabase(legacy);
     EXPECT_EQ(CountModels(work + L"Aurora.ve2"), 20);
 }
