@@ -47,8 +47,12 @@ FileDialog WaitForFileDialog(const Program& program) {
     dialog.window = WaitForDialog(program, kNameCombo);
     if (dialog.window == nullptr) return dialog;
     dialog.caption = TextOf(dialog.window);
-    dialog.proposed = TextOf(NameEdit(dialog.window));
+    dialog.proposed = NameIn(dialog);
     return dialog;
+}
+
+std::wstring NameIn(const FileDialog& dialog) {
+    return TextOf(NameEdit(dialog.window));
 }
 
 Box AnswerWithBox(const Program& program, const FileDialog& dialog, const std::wstring& name) {

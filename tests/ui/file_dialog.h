@@ -16,6 +16,8 @@ struct FileDialog {
 
 // Waits for the prompt; window is null when none comes.
 FileDialog WaitForFileDialog(const Program& program);
+// What stands in the prompt's field for the name.
+std::wstring NameIn(const FileDialog& dialog);
 // Types a name, presses OK, and waits for the box that the prompt then shows.
 Box AnswerWithBox(const Program& program, const FileDialog& dialog, const std::wstring& name);
 // Waits for a box that is no file prompt.

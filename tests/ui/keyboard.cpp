@@ -24,6 +24,16 @@ void Press(std::vector<INPUT>& inputs, WORD key) {
     Add(inputs, key, KEYEVENTF_KEYUP);
 }
 
+void PressLetter(std::vector<INPUT>& inputs, wchar_t letter) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wScan = letter;
+    input.ki.dwFlags = KEYEVENTF_UNICODE;
+    inputs.push_back(input);
+    input.ki.dwFlags |= KEYEVENTF_KEYUP;
+    inputs.push_back(input);
+}
+
 void SendAll(std::vector<INPUT>& inputs) {
     SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }
@@ -68,6 +78,18 @@ void TypeWithAlt(WORD key) {
 
 void TypeWithShift(WORD key) {
     TypeWith(VK_SHIFT, key);
+}
+
+void TypeText(std::wstring_view text) {
+    std::vector<INPUT> inputs;
+    for (const wchar_t letter : text) {
+        if (letter == L'\n') {
+            Press(inputs, VK_RETURN);
+        } else {
+            PressLetter(inputs, letter);
+        }
+    }
+    SendAll(inputs);
 }
 
 int FocusedControl(HWND window) {

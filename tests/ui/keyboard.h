@@ -3,6 +3,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <string_view>
 
 #include "platform/win32/win32.h"
 
@@ -16,6 +17,8 @@ void Type(std::initializer_list<WORD> keys);
 // With Alt held.
 void TypeWithAlt(WORD key);
 void TypeWithShift(WORD key);
+// A text, whatever the layout of the keyboard; a line feed is the Enter key.
+void TypeText(std::wstring_view text);
 
 // Identifier of the control that has the focus in the window's program; 0 without one.
 int FocusedControl(HWND window);

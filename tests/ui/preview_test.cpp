@@ -1,9 +1,6 @@
 // The preview of the real program: what an item click and the check box make of the picture.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <vector>
-
 #include "tests/ui/driver.h"
 #include "tests/ui/screenshot.h"
 #include "tests/unit/support.h"
@@ -11,18 +8,6 @@
 
 namespace corvane::ui {
 namespace {
-
-// Pixels 0x00RRGGBB of the preview.
-constexpr uint32_t kPlating = 0x0000FF;
-constexpr uint32_t kStiffeners = 0x008000;
-
-bool ShowsASection(HWND picture) {
-    RECT area{};
-    GetWindowRect(picture, &area);
-    const std::vector<uint32_t> pixels = CopyScreen(area).pixels;
-    return std::ranges::count(pixels, kPlating) > 100 &&
-           std::ranges::count(pixels, kStiffeners) > 20;
-}
 
 bool Becomes(HWND picture, bool section) {
     const ULONGLONG end = GetTickCount64() + kPatience;

@@ -2,12 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iostream>
 #include <string>
 
 namespace corvane::ui {
 namespace {
+
+// Colours of the preview.
+constexpr uint32_t kPlating = 0x0000FF;
+constexpr uint32_t kStiffeners = 0x008000;
 
 BITMAPINFOHEADER HeaderOf(const Picture& picture) {
     BITMAPINFOHEADER header{};
@@ -42,6 +47,14 @@ Picture CopyScreen(const RECT& area) {
     DeleteDC(memory);
     ReleaseDC(nullptr, screen);
     return picture;
+}
+
+bool ShowsASection(HWND preview) {
+    RECT area{};
+    GetWindowRect(preview, &area);
+    const std::vector<uint32_t> pixels = CopyScreen(area).pixels;
+    return std::ranges::count(pixels, kPlating) > 100 &&
+           std::ranges::count(pixels, kStiffeners) > 20;
 }
 
 void KeepScreenshot() {

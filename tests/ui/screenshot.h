@@ -18,6 +18,9 @@ struct Picture {
 // What the screen shows in an area, in screen coordinates.
 Picture CopyScreen(const RECT& area);
 
+// Whether a preview on the screen shows plates and stiffeners.
+bool ShowsASection(HWND preview);
+
 // Writes failure_<test>.bmp beside the test program and names it in the test's output.
 void KeepScreenshot();
 
