@@ -71,6 +71,8 @@ struct KeyboardTest : MainWindowFixture {
     void ExpectTheListReady() const {
         EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(main) != FALSE; }));
         EXPECT_TRUE(FocusBecomes(main, LI_Sections));
+        // The keys go to the window in front, whatever has the focus in it.
+        EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == main; }));
     }
 };
 
@@ -114,6 +116,15 @@ TEST_F(KeyboardTest, EnterInTheListEdits) {
     Type({VK_RETURN});
     ExpectAndClose(Shows::kBox, "SectInput.exe");
     ExpectTheListReady();
+}
+
+// The Enter key asks the window for its default button, with a message whose number is WM_USER.
+TEST_F(KeyboardTest, EnterLeavesTheDividerWhereItIs) {
+    const LONG before = Place(SP_Sections).left;
+    Type({VK_RETURN});
+    ExpectAndClose(Shows::kBox, "SectInput.exe");
+    ExpectTheListReady();
+    EXPECT_EQ(Place(SP_Sections).left, before);
 }
 
 TEST_F(KeyboardTest, DeleteInTheListAsksAndEnterKeepsTheModel) {

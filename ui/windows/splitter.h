@@ -9,7 +9,7 @@ namespace corvane {
 // Sent to the parent when the user moves the bar; wParam is the place that its left edge is to
 // take, in pixels of the parent's client area. The parent holds it to what is possible and places
 // the bar.
-inline constexpr UINT kSplitterMoved = WM_USER;
+inline constexpr UINT kSplitterMoved = WM_APP + 1;
 
 // `name` is for screen readers.
 HWND CreateSplitter(HWND parent, int id, const wchar_t* name);
