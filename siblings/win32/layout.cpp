@@ -115,6 +115,18 @@ void PlaceField(Sheet& sheet, const Field& field, int index) {
     sheet.top = std::max(sheet.top, bottom) + Pixels(sheet, kGap);
 }
 
+// A line, the fields, and the status of Save. Without fields nothing is saved.
+void PlaceFields(Sheet& sheet, const Form& form) {
+    PlaceLine(sheet);
+    for (size_t i = 0; i < form.fields.size(); ++i) {
+        PlaceField(sheet, form.fields[i], static_cast<int>(i));
+    }
+    const int left = Pixels(sheet, kMargin);
+    const int bottom = sheet.top + sheet.lineHeight;
+    Place(sheet, kStatusId, {left, sheet.top, sheet.right, bottom});
+    sheet.top = bottom;
+}
+
 // Close at the right; Save, where there is one, beside it.
 void PlaceButtons(Sheet& sheet) {
     const int width = Pixels(sheet, kButtonWidth);
@@ -136,12 +148,8 @@ SIZE LayOut(HWND window, const Form& form, HFONT font, UINT dpi) {
     sheet.top = margin;
     PlaceNote(sheet);
     for (size_t i = 0; i < form.facts.size(); ++i) PlaceFact(sheet, static_cast<int>(i));
-    PlaceLine(sheet);
-    for (size_t i = 0; i < form.fields.size(); ++i) {
-        PlaceField(sheet, form.fields[i], static_cast<int>(i));
-    }
-    Place(sheet, kStatusId, {margin, sheet.top, sheet.right, sheet.top + sheet.lineHeight});
-    sheet.top += sheet.lineHeight + Pixels(sheet, kSection);
+    if (!form.fields.empty()) PlaceFields(sheet, form);
+    sheet.top += Pixels(sheet, kSection);
     PlaceButtons(sheet);
     return {sheet.right + margin, sheet.top + margin};
 }

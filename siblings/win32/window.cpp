@@ -188,6 +188,14 @@ void FocusField(HWND window, int index) {
     SendMessageW(window, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(input), TRUE);
 }
 
+void FocusFirst(HWND window, const Form& form) {
+    if (form.fields.empty()) {
+        SetFocus(GetDlgItem(window, IDCANCEL));
+    } else {
+        FocusField(window, 0);
+    }
+}
+
 void OnInit(HWND window) {
     const WindowState& state = *StateOf(window);
     const auto icon =
@@ -195,11 +203,6 @@ void OnInit(HWND window) {
     SendMessageW(window, WM_SETICON, ICON_BIG, icon);
     AddControls(window, state);
     Centre(window, TakeResolution(window, DpiOf(window)));
-    if (state.form.fields.empty()) {
-        SetFocus(GetDlgItem(window, IDCANCEL));
-    } else {
-        FocusField(window, 0);
-    }
 }
 
 void OnSave(HWND window) {
@@ -243,7 +246,7 @@ INT_PTR HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_INITDIALOG:
             OnInit(window);
-            return FALSE;  // the focus is set
+            return FALSE;  // the focus is set once the window is shown
         case WM_COMMAND:
             OnCommand(window, LOWORD(wParam));
             return TRUE;
@@ -304,6 +307,8 @@ int ShowForm(WindowState& state) {
     if (window == nullptr) return 1;
     SetWindowTextW(window, state.standIn.title);
     ShowWindow(window, SW_SHOWDEFAULT);
+    // Not before: a window that has the focus while it is hidden gets an inactive title.
+    FocusFirst(window, state.form);
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
         if (IsDialogMessageW(window, &message)) continue;
