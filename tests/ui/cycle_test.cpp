@@ -47,13 +47,13 @@ struct CycleTest : testing::Test {
         return WaitUntil([&] { return GetForegroundWindow() == window; });
     }
     void ChooseByKeys(char menu, char item) const {
-        TypeWithAlt(static_cast<WORD>(menu));
-        ASSERT_TRUE(WaitUntil([&] { return program.FindNow(L"#32768") != nullptr; })) << menu;
+        ASSERT_TRUE(OpenMenu(program, static_cast<WORD>(menu))) << menu;
         Type({static_cast<WORD>(item)});
     }
-    // Goes to a field of a stand-in with the letter of its label, and types over what is there.
+    // Goes to a field of a stand-in with the letter of its label, and types over what is there. The
+    // first field has the focus at the start.
     static void Fill(HWND form, int field, char letter, const std::wstring& text) {
-        TypeWithAlt(static_cast<WORD>(letter));
+        if (field != 0) TypeWithAlt(static_cast<WORD>(letter));
         ASSERT_TRUE(FocusBecomes(form, kFieldId + field)) << letter;
         TypeText(text);
         std::wstring shown;
@@ -228,7 +228,7 @@ struct CycleTest : testing::Test {
     }
 
     void Quit() {
-        TypeWithAlt(VK_F4);
+        ChooseByKeys('F', 'Q');
         EXPECT_TRUE(program.HasEnded());
         EXPECT_EQ(program.ExitCode(), 0U);
         EXPECT_EQ(Narrow(Settings::Read(L"DatabasePath")), Narrow(database));

@@ -2,8 +2,6 @@
 
 #include <vector>
 
-#include "tests/ui/driver.h"
-
 namespace corvane::ui {
 namespace {
 
@@ -78,6 +76,19 @@ void TypeWithAlt(WORD key) {
 
 void TypeWithShift(WORD key) {
     TypeWith(VK_SHIFT, key);
+}
+
+bool OpenMenu(const Program& program, WORD letter) {
+    constexpr ULONGLONG kNextTry = 3000;
+    ULONGLONG tried = 0;
+    return WaitUntil([&] {
+        if (program.FindNow(L"#32768") != nullptr) return true;
+        if (tried != 0 && GetTickCount64() < tried + kNextTry) return false;
+        if (tried != 0) Type({VK_HOME});
+        TypeWithAlt(letter);
+        tried = GetTickCount64();
+        return false;
+    });
 }
 
 void TypeText(std::wstring_view text) {

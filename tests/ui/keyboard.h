@@ -5,7 +5,7 @@
 #include <initializer_list>
 #include <string_view>
 
-#include "platform/win32/win32.h"
+#include "tests/ui/driver.h"
 
 namespace corvane::ui {
 
@@ -17,6 +17,11 @@ void Type(std::initializer_list<WORD> keys);
 // With Alt held.
 void TypeWithAlt(WORD key);
 void TypeWithShift(WORD key);
+// Opens a menu of the main window with Alt and its letter; false when none opens. The display tells
+// a window that comes to the front which keys are down, and Alt, of which it knows nothing, counts
+// as released then: it is pressed again until the menu is there. Home takes back what the letter
+// alone has selected in the list of models.
+bool OpenMenu(const Program& program, WORD letter);
 // A text, whatever the layout of the keyboard; a line feed is the Enter key.
 void TypeText(std::wstring_view text);
 

@@ -89,8 +89,7 @@ TEST_F(KeyboardTest, EveryCommandIsChosenByItsLetters) {
     for (const KeyCommand& command : kKeyCommands) {
         if (command.shows == Shows::kNothing) continue;
         SCOPED_TRACE(std::string(1, command.menu) + " " + command.item);
-        TypeWithAlt(static_cast<WORD>(command.menu));
-        ASSERT_TRUE(MenuIsOpen(true));
+        ASSERT_TRUE(OpenMenu(program, static_cast<WORD>(command.menu)));
         Type({static_cast<WORD>(command.item)});
         ExpectAndClose(command.shows, command.text);
         ExpectTheListReady();
@@ -99,8 +98,7 @@ TEST_F(KeyboardTest, EveryCommandIsChosenByItsLetters) {
 }
 
 TEST_F(KeyboardTest, QuitEndsTheProgram) {
-    TypeWithAlt('F');
-    ASSERT_TRUE(MenuIsOpen(true));
+    ASSERT_TRUE(OpenMenu(program, 'F'));
     Type({'Q'});
     EXPECT_TRUE(program.HasEnded());
     EXPECT_EQ(program.ExitCode(), 0U);
@@ -157,7 +155,7 @@ TEST_F(KeyboardTest, LettersOfTheButtonsPressThem) {
     for (const auto& button : buttons) {
         TypeWithAlt(static_cast<WORD>(button.letter));
         ExpectAndClose(button.shows, button.text);
-        EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(main) != FALSE; }));
+        EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == main; }));
     }
 }
 
