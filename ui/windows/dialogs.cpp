@@ -83,10 +83,20 @@ void OnInitialise(HWND window) {
     if ((code & DLGC_HASSETSEL) != 0) SendMessageW(first, EM_SETSEL, 0, -1);
 }
 
-void OnCommand(HWND window, int id) {
+bool MayClose(HWND window) {
     const OpenDialog& dialog = StateOf(window);
-    if (id == IDOK && dialog.kind.accept != nullptr) dialog.kind.accept(window, dialog.contents);
-    if (id == IDOK || id == IDCANCEL) EndDialog(window, id);
+    return dialog.kind.accept == nullptr || dialog.kind.accept(window, dialog.contents);
+}
+
+void OnCommand(HWND window, const Notification& notification) {
+    const OpenDialog& dialog = StateOf(window);
+    const int id = notification.control;
+    if (id == IDOK && !MayClose(window)) return;
+    if (id == IDOK || id == IDCANCEL) {
+        EndDialog(window, id);
+    } else if (dialog.kind.notify != nullptr) {
+        dialog.kind.notify(window, dialog.contents, notification);
+    }
 }
 
 // TRUE: the message needs nothing more. Of WM_CTLCOLORSTATIC the background's brush.
@@ -97,7 +107,12 @@ INT_PTR HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
             OnInitialise(window);
             return FALSE;  // the focus has been set
         case WM_COMMAND:
-            OnCommand(window, LOWORD(wParam));
+            OnCommand(window, {LOWORD(wParam), HIWORD(wParam)});
+            return TRUE;
+        case WM_DRAWITEM:
+            if (StateOf(window).kind.draw == nullptr) return FALSE;
+            StateOf(window).kind.draw(StateOf(window).contents,
+                                      *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
             return TRUE;
         case WM_CTLCOLORSTATIC:
             if (StateOf(window).kind.colour == nullptr) return FALSE;
@@ -166,7 +181,7 @@ bool RunDialog(const DialogKind& kind, const std::wstring& caption, void* conten
 
 HWND DialogOwner() {
     const HWND main = OwnWindow(kMainWindowClass);
-    return main != nullptr && IsWindowVisible(main) ? main : nullptr;
+    return main != nullptr && IsWindowVisible(main) ? GetLastActivePopup(main) : nullptr;
 }
 
 HWND AddControl(HWND window, const DialogControl& control) {
@@ -178,6 +193,11 @@ HWND AddControl(HWND window, const DialogControl& control) {
 void PlaceControl(HWND window, int id, const RECT& place) {
     SetWindowPos(GetDlgItem(window, id), nullptr, place.left, place.top, place.right - place.left,
                  place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void PlaceOnTop(HWND window, int id, LONG height, RECT& area) {
+    PlaceControl(window, id, {area.left, area.top, area.right, area.top + height});
+    area.top += height;
 }
 
 SIZE ControlTextSize(HWND window, int id) {

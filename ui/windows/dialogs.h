@@ -9,6 +9,11 @@
 
 namespace corvane {
 
+struct Notification {
+    int control;
+    int code;  // BN_..., LBN_..., CBN_...
+};
+
 // One kind of dialog. `contents` is what RunDialog was given.
 struct DialogKind {
     const wchar_t* className;
@@ -19,17 +24,22 @@ struct DialogKind {
     // Places the controls, all of which have the message font of the resolution, and returns the
     // size that the client area must have.
     SIZE (*place)(HWND window, void* contents, UINT dpi);
-    // The user pressed OK.
-    void (*accept)(HWND window, void* contents);
+    // The user pressed OK; false keeps the dialog open. Null: there is nothing to take.
+    bool (*accept)(HWND window, void* contents) = nullptr;
     // The background of a label, and its text's colour; null where the system decides.
-    HBRUSH (*colour)(HWND label, HDC dc);
+    HBRUSH (*colour)(HWND label, HDC dc) = nullptr;
+    // A control other than OK and Cancel tells of what the user did (WM_COMMAND).
+    void (*notify)(HWND window, void* contents, const Notification& notification) = nullptr;
+    // Draws an item of a control that leaves this to its owner.
+    void (*draw)(void* contents, const DRAWITEMSTRUCT& item) = nullptr;
 };
 
 // Shows the dialog in the middle of its owner, the main window, and returns when the user has
 // closed it: true with OK.
 bool RunDialog(const DialogKind& kind, const std::wstring& caption, void* contents);
 
-// The main window, when it can be seen; else null, and a box belongs to nobody.
+// What a box belongs to: the dialog that is open over the main window, else the main window, when
+// it can be seen; else null, and the box belongs to nobody.
 HWND DialogOwner();
 
 struct DialogControl {
@@ -41,6 +51,9 @@ struct DialogControl {
 };
 HWND AddControl(HWND window, const DialogControl& control);
 void PlaceControl(HWND window, int id, const RECT& place);
+// Places a control over the whole breadth at the top of the area, which becomes what is left below
+// it.
+void PlaceOnTop(HWND window, int id, LONG height, RECT& area);
 // Size of a control's text, in its font, on one line.
 SIZE ControlTextSize(HWND window, int id);
 // Height for a control's text, in its font, wrapped to a width; at most half of the screen's, so

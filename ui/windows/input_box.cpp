@@ -49,15 +49,15 @@ SIZE Place(HWND window, void*, UINT dpi) {
     return {width, area.bottom + margin};
 }
 
-void Accept(HWND window, void* contents) {
+bool Accept(HWND window, void* contents) {
     static_cast<InputBox*>(contents)->answer = WindowText(GetDlgItem(window, TX_Answer));
+    return true;
 }
 
 }  // namespace
 
 bool AskText(const std::wstring& question, std::wstring& answer) {
-    static constexpr DialogKind kInputBox{kInputBoxClass, TX_Answer, AddControls,
-                                          Place,          Accept,    nullptr};
+    static constexpr DialogKind kInputBox{kInputBoxClass, TX_Answer, AddControls, Place, Accept};
     InputBox box{question, answer};
     return RunDialog(kInputBox, shell.title, &box);
 }

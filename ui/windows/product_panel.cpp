@@ -53,10 +53,7 @@ int TitleHeight(HWND window, UINT dpi) {
 
 // Places a label's line at the top of the area, which becomes what is left below it.
 void PlaceLine(HWND window, int id, RECT& area) {
-    RECT line = area;
-    line.bottom = line.top + ControlTextSize(window, id).cy;
-    PlaceControl(window, id, line);
-    area.top = line.bottom;
+    PlaceOnTop(window, id, ControlTextSize(window, id).cy, area);
 }
 
 }  // namespace
