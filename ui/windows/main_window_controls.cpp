@@ -52,7 +52,7 @@ void AddMainControls(HWND window, MainWindowState& state) {
     CreateSplitter(window, SP_Sections, L"Divider between the models and the preview");
     AddControl(window, OP_Preview, WC_BUTTONW, L"&Preview", WS_TABSTOP | BS_AUTOCHECKBOX);
     SendMessageW(GetDlgItem(window, OP_Preview), BM_SETCHECK, BST_CHECKED, 0);
-    CreateSectionPicture(window);
+    CreateSectionPicture(window, {DrawPreview, L""});
     AddControl(window, LB_X, WC_STATICW, L"", label);
     AddControl(window, LB_Frame, WC_STATICW, L"", label);
     AddControl(window, BT_Open, WC_BUTTONW, L"&Edit", button | WS_GROUP);

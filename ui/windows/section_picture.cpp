@@ -3,9 +3,8 @@
 #include <uxtheme.h>
 
 #include <memory>
+#include <utility>
 
-#include "preview/section_preview.h"
-#include "ui/commands/main_window.h"
 #include "ui/windows/control_ids.h"
 #include "ui/windows/dpi.h"
 #include "ui/windows/screen.h"
@@ -15,6 +14,7 @@ namespace {
 
 // Belongs to the window from its creation on, and goes with it.
 struct PictureState {
+    PictureContents source;
     HBITMAP contents = nullptr;  // what the window shows; all drawing goes here
     SIZE size{};                 // [px]
     Picture scale;               // the user scale, kept from one drawing to the next
@@ -57,12 +57,22 @@ void ClearPicture(Picture& picture) {
     FillBackground(static_cast<HDC>(picture.dc), {client.right, client.bottom});
 }
 
+HFONT PictureFont(HWND window, int percent) {
+    const HFONT font = CreateMessageFont(DpiOf(window), percent);
+    const std::wstring& typeface = StateOf(window)->source.typeface;
+    LOGFONTW description{};
+    if (typeface.empty() || GetObjectW(font, sizeof description, &description) == 0) return font;
+    DeleteObject(font);
+    lstrcpynW(description.lfFaceName, typeface.c_str(), LF_FACESIZE);
+    return CreateFontIndirectW(&description);
+}
+
 // A broad ship has more strakes in the same room, and smaller numbers on them.
 void SetPictureFont(Picture& picture, float breadth) {
     constexpr float kBroad_m = 20;
     auto& device = *static_cast<BitmapDevice*>(picture.context);
     const HWND window = static_cast<HWND>(picture.window);
-    const HFONT font = CreateMessageFont(DpiOf(window), breadth < kBroad_m ? 90 : 75);
+    const HFONT font = PictureFont(window, breadth < kBroad_m ? 90 : 75);
     SelectObject(device.dc, font);
     if (device.font != nullptr) DeleteObject(device.font);
     device.font = font;
@@ -74,7 +84,7 @@ float Twips(LONG pixels, UINT dpi) {
 }
 
 // Draws on the kept bitmap and shows it.
-void DrawOn(HWND window, void (*draw)(Picture& picture)) {
+void DrawOn(HWND window, const std::function<void(Picture&)>& draw) {
     PictureState& state = *StateOf(window);
     if (state.contents == nullptr) return;
     BitmapDevice device(window, state.contents);
@@ -112,7 +122,7 @@ void TakeSize(HWND window, SIZE size) {
     if (state.contents != nullptr) DeleteObject(state.contents);
     state.contents = contents;
     state.size = size;
-    DrawOn(window, DrawPreview);
+    DrawOn(window, state.source.draw);
 }
 
 void ShowContents(HWND window, HDC dc) {
@@ -150,7 +160,7 @@ void OnPaint(HWND window) {
 // The background is in the colours of the system.
 void OnColoursChanged(HWND window) {
     DrawOn(window, SyncGraphicsFrame);
-    DrawOn(window, DrawPreview);
+    DrawOn(window, StateOf(window)->source.draw);
 }
 
 void OnNcDestroy(HWND window) {
@@ -206,7 +216,7 @@ LRESULT CALLBACK PictureProcedure(HWND window, UINT message, WPARAM wParam, LPAR
 
 }  // namespace
 
-HWND CreateSectionPicture(HWND parent) {
+HWND CreateSectionPicture(HWND parent, PictureContents contents) {
     WNDCLASSEXW windowClass{};
     windowClass.cbSize = sizeof(windowClass);
     windowClass.lpfnWndProc = PictureProcedure;
@@ -214,14 +224,16 @@ HWND CreateSectionPicture(HWND parent) {
     windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     windowClass.lpszClassName = kSectionPictureClass;
     RegisterClassExW(&windowClass);
+    auto state = std::make_unique<PictureState>();
+    state->source = std::move(contents);
     return CreateWindowExW(WS_EX_CLIENTEDGE, kSectionPictureClass, L"Preview of the section",
                            WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, parent,
                            reinterpret_cast<HMENU>(INT_PTR{PIC_Section}), windowClass.hInstance,
-                           std::make_unique<PictureState>().release());
+                           state.release());
 }
 
 void RedrawSectionPicture(HWND picture) {
-    DrawOn(picture, DrawPreview);
+    DrawOn(picture, StateOf(picture)->source.draw);
 }
 
 void ClearSectionPicture(HWND picture) {

@@ -39,7 +39,7 @@ struct SectionPicture : testing::Test {
     SectionPicture() {
         parent = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 400, 300, nullptr, nullptr,
                                  nullptr, nullptr);
-        picture = CreateSectionPicture(parent);
+        picture = CreateSectionPicture(parent, {DrawPreview, L""});
         SetWindowPos(picture, nullptr, 0, 0, 304, 204, SWP_NOZORDER | SWP_NOACTIVATE);
         for (const int item : {1, 3, 9}) shell.bsd.MainData(item) = 10;
         shell.bsd.MainData(2) = 20;
