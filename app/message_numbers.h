@@ -9,10 +9,12 @@
 #define CORVANE_MESSAGE_NUMBERS(X)      \
     X(kMsgLegacyDefaultSection, 102)    \
     X(kMsgDatabaseFiles, 103)           \
+    X(kMsgOldDatabaseFiles, 104)        \
     X(kMsgLegacyFiles, 105)             \
     X(kMsgBsdFiles, 111)                \
     X(kMsgPosition, 116)                \
     X(kMsgNamelessSection, 161)         \
+    X(kMsgAllDatabaseFiles, 162)        \
     X(kMsgBsdProgram, 203)              \
     X(kMsgSectionProgram, 204)          \
     X(kMsgRuleProgram, 205)             \
@@ -150,7 +152,8 @@
     X(kMsgTooManyFatigueTables, 3554)   \
     X(kMsgTooManyLevels, 3555)          \
     X(kMsgLegacyNotRead, 3556)          \
-    X(kMsgOverwriteQuestion, 3557)
+    X(kMsgOverwriteQuestion, 3557)      \
+    X(kMsgNoFileSelected, 3570)
 
 namespace corvane {
 

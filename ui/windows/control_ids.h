@@ -6,6 +6,7 @@ namespace corvane {
 
 enum ControlId : int {
     BT_Ok = 1,  // IDOK, which Enter presses
+    BT_Cancel,  // IDCANCEL, which Esc presses
     TX_DataBase = 1000,
     Command1,
     LI_Sections,
@@ -37,6 +38,20 @@ enum ControlId : int {
     // The input box.
     LB_Question = 1200,  // names TX_Answer
     TX_Answer,
+    // FM_Export and FM_Inport, which also have LI_Sections, OP_Preview and PIC_Section.
+    Panel3D2 = 1300,  // the frame around the three lists of the place
+    LB_Drives,        // names DRV_Db
+    DRV_Db,
+    LB_Folders,  // names DIR_Db
+    DIR_Db,
+    LB_Files,  // names FIL_Db
+    FIL_Db,
+    LB_Sections,                 // names LI_Sections
+    OP_CreateNew,                // the first of two options: 0 replaces a section, 1 creates one
+    LB_Name = OP_CreateNew + 2,  // names TX_Name
+    TX_Name,
+    BT_Browse,
+    LB_Service,
 };
 
 inline constexpr int kRuleSetCount = 3;
@@ -48,5 +63,7 @@ inline constexpr wchar_t kSplitterClass[] = L"SP_Sections";
 inline constexpr wchar_t kSplashClass[] = L"FM_Load";
 inline constexpr wchar_t kAboutClass[] = L"FM_About";
 inline constexpr wchar_t kInputBoxClass[] = L"InputBox";
+inline constexpr wchar_t kExportBoxClass[] = L"FM_Export";
+inline constexpr wchar_t kImportBoxClass[] = L"FM_Inport";
 
 }  // namespace corvane

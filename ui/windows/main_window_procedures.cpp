@@ -5,6 +5,8 @@
 #include "app/state.h"
 #include "ui/windows/button_pictures.h"
 #include "ui/windows/dpi.h"
+#include "ui/windows/export_box.h"
+#include "ui/windows/import_box.h"
 #include "ui/windows/list_view.h"
 #include "ui/windows/main_window.h"
 #include "ui/windows/main_window_controls.h"
@@ -119,8 +121,8 @@ constexpr MainWindow kProcedures{
     .setLocked = SetLocked,
     .updateEnabling = [] { UpdateEnabling(MainHandle()); },
     .focusList = FocusList,
-    .askExport = [](ExportChoice&) { return false; },
-    .askImport = [](ImportChoice&) { return false; },
+    .askExport = AskExport,
+    .askImport = [](ImportChoice& choice) { return AskImport(choice); },
     .close = [] { SendMessageW(MainHandle(), WM_CLOSE, 0, 0); },
 };
 
