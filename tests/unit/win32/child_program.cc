@@ -1,6 +1,7 @@
 // A program for tests to start. It writes into "<its own path>.ran" the window style that it was
 // started with, or "none", and its command line; "<its own path>.ended" is its last deed. Into
-// "<its own path>.times" it writes the performance counter at its start and at its end.
+// "<its own path>.times" it writes the performance counter at its start, at its end, and when the
+// system made the process.
 //
 // Words of the command line, also of a file's name in it, are deeds, done in this order:
 //   sleep      lasts a while
@@ -36,6 +37,21 @@ long long Counter() {
     LARGE_INTEGER counter{};
     QueryPerformanceCounter(&counter);
     return counter.QuadPart;
+}
+
+long long Value(const FILETIME& time) {
+    return static_cast<long long>(time.dwHighDateTime) << 32 | time.dwLowDateTime;
+}
+
+// The counter when the system made this process, by the age that the process has at `now`.
+long long CounterAtCreation(long long now) {
+    FILETIME created{}, exited{}, kernel{}, user{}, present{};
+    GetProcessTimes(GetCurrentProcess(), &created, &exited, &kernel, &user);
+    GetSystemTimeAsFileTime(&present);
+    LARGE_INTEGER frequency{};
+    QueryPerformanceFrequency(&frequency);
+    constexpr long long kFileTimesPerSecond = 10000000;
+    return now - (Value(present) - Value(created)) * frequency.QuadPart / kFileTimesPerSecond;
 }
 
 bool IsTold(const wchar_t* word) {
@@ -77,11 +93,13 @@ void DoDeeds(const std::wstring& path) {
 
 int main() {
     const long long start = Counter();
+    const long long created = CounterAtCreation(start);
     std::wstring path(MAX_PATH, L'\0');
     path.resize(GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
     Write(path + L".ran", WindowStyle() + '\n' + Bytes(GetCommandLineW()));
     DoDeeds(path);
     Write(path + L".ended", "ended");
-    Write(path + L".times", std::to_string(start) + " " + std::to_string(Counter()));
+    Write(path + L".times",
+          std::to_string(start) + " " + std::to_string(Counter()) + " " + std::to_string(created));
     return 0;
 }
