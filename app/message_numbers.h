@@ -153,6 +153,8 @@
     X(kMsgTooManyLevels, 3555)          \
     X(kMsgLegacyNotRead, 3556)          \
     X(kMsgOverwriteQuestion, 3557)      \
+    X(kMsgOnlySections, 3560)           \
+    X(kMsgNoLegacySection, 3561)        \
     X(kMsgNoFileSelected, 3570)
 
 namespace corvane {

@@ -190,14 +190,6 @@ bool ReplaceBlock(std::wstring& path, Replacement replacement, WriteBlock writeB
 
 // ---- Copying -----------------------------------------------------------------------------------
 
-// The number of the model's copy; 0 on failure, which is reported.
-int32_t NumberOfCopy(std::wstring& path) {
-    TextReader reader;
-    if (!OpenWritableDatabase(reader, path)) return 0;
-    ReportStatus(kMsgWritingDatabase, {path});
-    return NextNumberOrReport(reader, path);
-}
-
 bool CopySection(std::wstring& path, const ModelCopy& copy, int32_t newNumber) {
     SectionModel section;
     if (!ReadSectionBlock(path, copy.number, false, section)) return false;
@@ -214,25 +206,29 @@ bool CopyBulkheadArrangement(std::wstring& path, const ModelCopy& copy, int32_t 
     return ReplaceBulkheadArrangement(path, arrangement, newNumber, true);
 }
 
-bool CopyTorsionModel(const std::wstring& path, const ModelCopy& copy, int32_t newNumber) {
+// From a reader of its own, be it of the same file.
+bool AppendTorsionBlock(const std::wstring& path, const ModelSource& source, int32_t newNumber,
+                        bool keepBackup) {
     TextReader reader;
-    if (!OpenDatabase(reader, path)) return false;
+    TextReader from;
+    if (!OpenDatabase(reader, path) || !OpenDatabase(from, source.path)) return false;
     std::string keyword(kTorsionKeyword);
-    const bool found = FindModel(reader, copy.number, keyword);
-    const int64_t block = LinePosition(reader);
+    if (!FindModel(from, source.number, keyword) && from.error == kErrorNone) {
+        ReportMessage(kMsgModelMissing, {source.number, source.path});
+        return false;
+    }
     Rewrite rewrite;
     BeginRewrite(rewrite, path);
-    rewrite.keepBackup = copy.keepBackup;
-    if (!found && reader.error == kErrorNone) return AbandonForMissingModel(rewrite, copy.number);
-
+    rewrite.keepBackup = keepBackup;
     SeekLine(reader, 0);
     CopyFileHead(reader, rewrite.writer);
     CopyBlocks(reader, rewrite.writer, {});
-    SeekLine(reader, block);
     BlockRun run;
     run.mostBlocks = 1;
-    run.shift = int64_t{newNumber} - copy.number;
-    CopyBlocks(reader, rewrite.writer, run);
+    run.shift = int64_t{newNumber} - source.number;
+    CopyBlocks(from, rewrite.writer, run);
+    if (reader.error == kErrorNone) reader.error = from.error;
+    system::CloseFile(from.file);
     return FinishEdit(reader, rewrite);
 }
 
@@ -243,7 +239,7 @@ bool CopyOfKind(std::wstring& path, const ModelCopy& copy, int32_t newNumber) {
         case ModelKind::kBulkhead:
             return CopyBulkheadArrangement(path, copy, newNumber);
         case ModelKind::kTorsion:
-            return CopyTorsionModel(path, copy, newNumber);
+            return AppendTorsionBlock(path, {path, copy.number}, newNumber, copy.keepBackup);
     }
     return false;
 }
@@ -270,8 +266,20 @@ int32_t NextModelNumber(const std::wstring& path) {
     return OpenText(reader, path) ? NextNumber(reader) : 0;
 }
 
+int32_t NumberForAppending(std::wstring& path) {
+    TextReader reader;
+    if (!OpenWritableDatabase(reader, path)) return 0;
+    ReportStatus(kMsgWritingDatabase, {path});
+    return NextNumberOrReport(reader, path);
+}
+
+bool AppendTorsionModel(std::wstring& path, const ModelSource& source, bool keepBackup) {
+    const int32_t number = NumberForAppending(path);
+    return number != 0 && AppendTorsionBlock(path, source, number, keepBackup);
+}
+
 int32_t CopyModel(std::wstring& path, const ModelCopy& copy) {
-    const int32_t number = NumberOfCopy(path);
+    const int32_t number = NumberForAppending(path);
     return number != 0 && CopyOfKind(path, copy, number) ? number : 0;
 }
 

@@ -30,6 +30,19 @@ bool ReplaceBulkheadArrangement(std::wstring& path, BulkheadArrangement& arrange
 // read to its end, and when there is no such number.
 int32_t NextModelNumber(const std::wstring& path);
 
+// The same of a database that a model is to be appended to: a read-only one is asked for as by the
+// edits, and why there is no number is reported.
+int32_t NumberForAppending(std::wstring& path);
+
+struct ModelSource {
+    std::wstring path;
+    int32_t number = 0;
+};
+
+// Appends a torsion model of another database line by line, with the number for appending. One that
+// is not there is reported (1011). True when the file has the model.
+bool AppendTorsionModel(std::wstring& path, const ModelSource& source, bool keepBackup);
+
 struct ModelCopy {
     int32_t number = 0;  // of the model that is copied
     ModelKind kind = ModelKind::kSection;

@@ -77,52 +77,61 @@ bool IsSameFile(const std::wstring& a, const std::wstring& b) {
     return EqualsIgnoringCase(system::AbsolutePath(a), system::AbsolutePath(b));
 }
 
+struct Target {
+    const std::wstring& path;
+    const std::wstring& told;  // in messages
+};
+
 // The slot's name is not judged: the next slot's status takes the place of this one.
-bool ExportNext(const std::wstring& target, int16_t number, SectionModel& section,
+bool ExportNext(const Target& target, int16_t number, SectionModel& section,
                 const BasicShipData& bsd) {
     if (LacksDimensions(section) || section.depth_m < kUnsetBelow) {
         SetSectionDefaults(section, bsd, kUnsetBelow);
     }
-    if (AddSlot(target) != 0) {
-        ReportMessage(kMsgLegacySectionNotAdded, {int32_t{number}, target});
+    if (AddSlot(target.path) != 0) {
+        ReportMessage(kMsgLegacySectionNotAdded, {int32_t{number}, target.told});
         return false;
     }
-    ExportBlocks(target, number, section);
-    NameSlot(target, section);
+    ExportBlocks(target.path, number, section);
+    NameSlot(target.path, section);
     return true;
 }
 
-bool ExportSections(const std::wstring& source, const std::wstring& target,
-                    const BasicShipData& bsd) {
+bool ExportSections(const std::wstring& source, const Target& target, const BasicShipData& bsd) {
     int16_t number = 0;
-    bool complete = true;
     for (const ModelEntry& entry : ListModels(source)) {
         if (entry.kind != ModelKind::kSection) continue;
         SectionModel section;
-        if (!ReadSectionBlock(source, entry.number, false, section)) {
-            complete = false;
-        } else if (!ExportNext(target, ++number, section, bsd)) {
-            return false;
-        }
+        if (!ReadSectionBlock(source, entry.number, false, section)) continue;
+        if (!ExportNext(target, ++number, section, bsd)) return false;
     }
-    return complete;
+    return true;
 }
 
-bool StartDatabase(const std::wstring& source, const std::wstring& target, BasicShipData& bsd) {
+bool StartDatabase(const std::wstring& source, const Target& target, BasicShipData& bsd) {
     int16_t status = kNoAnswer;
-    if (!IsSameFile(source, target)) {
-        KillFile(target);
-        createvelkdb(system::AnsiFromWide(target).c_str(), &status);
+    if (!IsSameFile(source, target.path)) {
+        KillFile(target.path);
+        createvelkdb(system::AnsiFromWide(target.path).c_str(), &status);
     }
     if (status != 0) {
-        ReportMessage(kMsgLegacyNotCreated, {target});
+        ReportMessage(kMsgLegacyNotCreated, {target.told});
         return false;
     }
     LoadBsdFromDatabase(source, bsd);
-    status = ExportBsd(target, bsd);
+    status = ExportBsd(target.path, bsd);
     if (status == 0) return true;
-    ReportMessage(kMsgLegacyBsdNotWritten, {target, int32_t{status}});
+    ReportMessage(kMsgLegacyBsdNotWritten, {target.told, int32_t{status}});
     return false;
+}
+
+// Whether the slot can be read: a record that a call can't fill is left as it was.
+bool HasSlot(const std::string& file, int16_t number) {
+    LegacyMainSection untouched;
+    std::memset(&untouched, 0xA5, sizeof(untouched));
+    LegacyMainSection read = untouched;
+    importvelkmainsec(file.c_str(), number, &read);
+    return std::memcmp(&read, &untouched, sizeof(read)) != 0;
 }
 
 void SetDefault(float& value, float fallback, float threshold) {
@@ -173,8 +182,10 @@ bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShi
     return true;
 }
 
-bool ExportDatabase(const std::wstring& source, const std::wstring& target) {
+bool ExportDatabase(const std::wstring& source, const std::wstring& path,
+                    const std::wstring& told) {
     if (!FileExists(source) || !IsDatabaseFile(source)) return false;
+    const Target target{path, told.empty() ? path : told};
     BasicShipData bsd;
     if (!StartDatabase(source, target, bsd) || !ExportSections(source, target, bsd)) return false;
     ShowStatus(L"");
@@ -212,6 +223,14 @@ std::vector<ModelEntry> ListLegacySections(const std::wstring& path, int16_t& st
     return list;
 }
 
+int16_t CountLegacySections(const std::wstring& path, int16_t& status) {
+    auto count = static_cast<int16_t>(ListLegacySections(path, status).size());
+    if (count < kLegacyListedSections) return count;
+    const std::string file = system::AnsiFromWide(path);
+    while (count < INT16_MAX && HasSlot(file, static_cast<int16_t>(count + 1))) ++count;
+    return count;
+}
+
 int16_t LoadBsdFromLegacy(const std::wstring& path, BasicShipData& bsd) {
     BsdBuffer buffer;
     int16_t status = kNoAnswer;
@@ -220,6 +239,11 @@ int16_t LoadBsdFromLegacy(const std::wstring& path, BasicShipData& bsd) {
     for (auto& title : buffer.Record().Titles) ConvertText(title, system::AnsiFromOem);
     FromLegacyForm(buffer.Record(), bsd);
     return status;
+}
+
+bool WasLegacyRead(const std::wstring& path, int16_t status) {
+    if (status != 0) ReportMessage(kMsgLegacyNotRead, {path, int32_t{status}});
+    return status == 0;
 }
 
 }  // namespace corvane

@@ -37,9 +37,11 @@ struct LegacySlot {
 bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShipData& bsd);
 
 // Makes a new legacy database at `target`, in the place of any file there, of all sections of the
-// model database `source`, in file order. Nothing happens when `source` is no model database. False
-// when not all was written.
-bool ExportDatabase(const std::wstring& source, const std::wstring& target);
+// model database `source`, in file order; one that can't be read is reported and left out. Nothing
+// happens when `source` is no model database. False then, and when the library told a failure.
+// `told` is the name that messages have for the target, where that is to be put elsewhere.
+bool ExportDatabase(const std::wstring& source, const std::wstring& target,
+                    const std::wstring& told = {});
 
 // ---- Import ------------------------------------------------------------------------------------
 
@@ -51,7 +53,14 @@ bool ImportSection(const std::wstring& path, int16_t number, SectionModel& secti
 // is empty unless it is 0.
 std::vector<ModelEntry> ListLegacySections(const std::wstring& path, int16_t& status);
 
+// The number of the database's sections, beyond 20 too. `status` is the library's: 0 is the number
+// unless it is 0.
+int16_t CountLegacySections(const std::wstring& path, int16_t& status);
+
 // The ship's data; the library's status. Unless it is 0 the record keeps its contents.
 int16_t LoadBsdFromLegacy(const std::wstring& path, BasicShipData& bsd);
+
+// Whether a status is success; any other is reported (3556).
+bool WasLegacyRead(const std::wstring& path, int16_t status);
 
 }  // namespace corvane

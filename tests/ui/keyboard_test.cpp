@@ -33,7 +33,7 @@ constexpr KeyCommand kKeyCommands[] = {
     {ME_FileNew, 'F', 'N', Shows::kWindow, "New database"},
     {ME_FileOpen, 'F', 'O', Shows::kWindow, "Open database"},
     {ME_FileSaveAs, 'F', 'S', Shows::kWindow, "Save database as"},
-    {ME_FileSaveLegacy, 'F', 'V', Shows::kBox, "not part of this version"},
+    {ME_FileSaveLegacy, 'F', 'V', Shows::kWindow, "Save as Velk Dos"},
     {ME_FileQuit, 'F', 'Q', Shows::kNothing, ""},
     {ME_FileBSD, 'B', 'O', Shows::kBox, "BsdEdit.exe"},
     {ME_FileImportBSD, 'B', 'I', Shows::kBox, "You will erase the current BSD !"},

@@ -11,23 +11,12 @@
 #include "app/state.h"
 #include "platform/grvelk.h"
 #include "platform/system.h"
+#include "tests/unit/damage.h"
 
 namespace corvane::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-// The tests' own view of a Windows path: on the host the drives are the root of the file system.
-fs::path NativePath(const std::wstring& path) {
-#if defined(_WIN32)
-    return fs::path(path);
-#else
-    std::wstring native = path;
-    std::replace(native.begin(), native.end(), L'\\', L'/');
-    if (native.size() > 1 && native[1] == L':') native.erase(0, 2);
-    return fs::path(Narrow(native));
-#endif
-}
 
 #if !defined(_WIN32)
 // Names the folder of settings files on the host.
@@ -43,6 +32,17 @@ void Record(std::string event) {
 }
 
 }  // namespace
+
+fs::path NativePath(const std::wstring& path) {
+#if defined(_WIN32)
+    return fs::path(path);
+#else
+    std::wstring native = path;
+    std::replace(native.begin(), native.end(), L'\\', L'/');
+    if (native.size() > 1 && native[1] == L':') native.erase(0, 2);
+    return fs::path(Narrow(native));
+#endif
+}
 
 TemporaryFolder::TemporaryFolder() {
     static int counter = 0;

@@ -40,16 +40,10 @@ std::wstring AskForSource() {
     return {};
 }
 
-bool ReadFromLegacy(const std::wstring& path, BasicShipData& bsd) {
-    const int16_t status = LoadBsdFromLegacy(path, bsd);
-    if (status != 0) ReportMessage(kMsgLegacyNotRead, {path, int32_t{status}});
-    return status == 0;
-}
-
 bool ReadFrom(const std::wstring& path, BasicShipData& bsd) {
     const std::wstring extension = FileExtension(path);
     if (extension == L"bsd") return ImportBsdFile(path, bsd);
-    if (extension == L"vel") return ReadFromLegacy(path, bsd);
+    if (extension == L"vel") return WasLegacyRead(path, LoadBsdFromLegacy(path, bsd));
     return LoadBsdFromDatabase(path, bsd);
 }
 

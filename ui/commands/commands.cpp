@@ -4,6 +4,7 @@
 #include <array>
 
 #include "ui/commands/bsd_commands.h"
+#include "ui/commands/exchange_commands.h"
 #include "ui/commands/file_commands.h"
 #include "ui/commands/help_commands.h"
 #include "ui/commands/main_window.h"
@@ -25,7 +26,7 @@ constexpr std::array kCommands = {
     Command{ME_FileSaveAs, Menu::kFile, "ME_FileSaveAs", L"&Save database as...",
             EnabledWhen::kDatabaseOpen, ME_FileSaveAs_Click},
     Command{ME_FileSaveLegacy, Menu::kFile, "ME_FileSaveLegacy", L"Save as &Velk Dos...",
-            EnabledWhen::kDatabaseOpen, NotImp},
+            EnabledWhen::kDatabaseOpen, ME_FileSaveLegacy_Click},
     Separator(Menu::kFile),
     Command{ME_FileQuit, Menu::kFile, "ME_FileQuit", L"&Quit", EnabledWhen::kAlways,
             ME_FileQuit_Click},

@@ -14,11 +14,6 @@
 namespace corvane {
 namespace {
 
-bool CouldRead(const std::wstring& path, int16_t status) {
-    if (status != 0) ReportMessage(kMsgLegacyNotRead, {path, int32_t{status}});
-    return status == 0;
-}
-
 const wchar_t* KindSuffix(ModelKind kind) {
     switch (kind) {
         case ModelKind::kBulkhead:
@@ -34,7 +29,7 @@ const wchar_t* KindSuffix(ModelKind kind) {
 std::vector<ModelEntry> ListLegacy(const std::wstring& path) {
     int16_t status = 0;
     const std::vector<ModelEntry> sections = ListLegacySections(path, status);
-    CouldRead(path, status);
+    WasLegacyRead(path, status);
     return sections;
 }
 
@@ -47,7 +42,7 @@ std::vector<ModelEntry> ListDatabase(const std::wstring& path) {
 bool ReadFromLegacy(const std::wstring& path, int32_t slot, SectionModel& section,
                     BasicShipData& bsd) {
     return ImportSection(path, static_cast<int16_t>(slot), section) &&
-           CouldRead(path, LoadBsdFromLegacy(path, bsd));
+           WasLegacyRead(path, LoadBsdFromLegacy(path, bsd));
 }
 
 // A section without ship's data, which is reported, can be drawn.

@@ -26,6 +26,7 @@ struct ExchangeItem {
     std::wstring text;   // as the list shows it
     int32_t number = 0;  // slot of a legacy database, row in a model database's list; from 1
     ModelKind kind = ModelKind::kSection;
+    bool operator==(const ExchangeItem&) const = default;
 };
 
 // What FM_Inport leaves behind: the items that are selected, in the order of the list. None only

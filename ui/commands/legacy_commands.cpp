@@ -30,16 +30,11 @@ bool MayBeWritten(const std::wstring& path) {
            shell.screen.askYesNo(ExpandLineBreaks(FormatMessage(kMsgOverwriteQuestion, {path})));
 }
 
-bool CouldRead(const std::wstring& path, int16_t status) {
-    if (status != 0) ReportMessage(kMsgLegacyNotRead, {path, int32_t{status}});
-    return status == 0;
-}
-
 // Appends the sections to a database that has no model.
 bool AppendSections(const std::wstring& legacyPath, std::wstring& path) {
     int16_t status = 0;
     const std::vector<ModelEntry> list = ListLegacySections(legacyPath, status);
-    if (!CouldRead(legacyPath, status)) return false;
+    if (!WasLegacyRead(legacyPath, status)) return false;
     for (int16_t number = 1; static_cast<size_t>(number) <= list.size(); ++number) {
         SectionModel section;
         if (!ImportSection(legacyPath, number, section)) return false;
@@ -63,7 +58,7 @@ bool WriteConverted(const std::wstring& legacyPath, const std::wstring& path, Ba
 
 void Convert(const std::wstring& legacyPath) {
     BasicShipData bsd;
-    if (!CouldRead(legacyPath, LoadBsdFromLegacy(legacyPath, bsd))) return;
+    if (!WasLegacyRead(legacyPath, LoadBsdFromLegacy(legacyPath, bsd))) return;
     const std::wstring baseName = NewBaseName(legacyPath);
     bsd.Titles(5).Assign(UpperCase(baseName));
     ChangeToDirectory(shell.settings.WorkDirectory);

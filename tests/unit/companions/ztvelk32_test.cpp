@@ -10,16 +10,14 @@
 #include <vector>
 
 #include "platform/system.h"
+#include "tests/unit/companions/legacy_file.h"
+#include "tests/unit/damage.h"
 #include "tests/unit/support.h"
 
 namespace corvane {
 namespace {
 
 using namespace test;
-
-constexpr size_t kHeadSize = 32;
-constexpr size_t kEmptySize = 1220;
-constexpr size_t kSlotSize = 16600;
 
 struct LegacyFile : testing::Test {
     TemporaryFolder folder;
@@ -69,24 +67,8 @@ struct LegacyFile : testing::Test {
     // A file with this many sections, written at once.
     void WriteSections(int count) const {
         ASSERT_EQ(Create(), 0);
-        std::string bytes = ReadFileBytes(path);
         ASSERT_EQ(Extend(), 0);
-        const std::string slot = ReadFileBytes(path).substr(kEmptySize);
-        for (int i = 0; i < count; ++i) bytes += slot;
-        const auto held = static_cast<uint32_t>(count);
-        std::memcpy(bytes.data() + 12, &held, sizeof(held));
-        SetHeadChecksum(bytes);
-        WriteFileBytes(path, bytes);
-    }
-    // FNV-1a over the words of the head, written down a second time.
-    static void SetHeadChecksum(std::string& bytes) {
-        uint32_t sum = 0x811C9DC5;
-        for (size_t i = 0; i < kHeadSize - 4; i += 4) {
-            uint32_t word = 0;
-            std::memcpy(&word, bytes.data() + i, 4);
-            sum = (sum ^ word) * 0x01000193;
-        }
-        std::memcpy(bytes.data() + kHeadSize - 4, &sum, 4);
+        RepeatSection(path, count);
     }
 };
 
@@ -117,7 +99,7 @@ TEST_F(LegacyFile, NewDatabaseIsEmpty) {
     int16_t status = -1;
     EXPECT_TRUE(List(status).empty());
     EXPECT_EQ(status, kLegacyDone);
-    EXPECT_EQ(ReadFileBytes(path).size(), kEmptySize);
+    EXPECT_EQ(ReadFileBytes(path).size(), kLegacyEmptySize);
 }
 
 TEST_F(LegacyFile, NewDatabaseTakesThePlaceOfAnOldFile) {
@@ -266,15 +248,15 @@ TEST_F(LegacyFile, LayoutIsTheDocumentedOne) {
     const auto main = Pattern<LegacyMainSection>(1);
     exportvelkmainsec(Name(), 1, main.get());
     const std::string bytes = ReadFileBytes(path);
-    ASSERT_EQ(bytes.size(), kEmptySize + kSlotSize);
+    ASSERT_EQ(bytes.size(), kLegacyEmptySize + kLegacySlotSize);
     EXPECT_EQ(bytes.substr(0, 8), "CVNLEG\r\n");
     EXPECT_EQ(bytes.substr(8, 8), std::string("\1\0\0\0\1\0\0\0", 8)) << "version, sections";
     EXPECT_EQ(bytes.substr(16, 12), std::string(12, '\0'));
     std::string again = bytes;
     SetHeadChecksum(again);
     EXPECT_EQ(again, bytes);
-    EXPECT_EQ(bytes.substr(kEmptySize, 8), "Frame 10");
-    EXPECT_EQ(bytes.substr(kEmptySize + 44, sizeof(*main)),
+    EXPECT_EQ(bytes.substr(kLegacyEmptySize, 8), "Frame 10");
+    EXPECT_EQ(bytes.substr(kLegacyEmptySize + 44, sizeof(*main)),
               std::string(reinterpret_cast<const char*>(main.get()), sizeof(*main)));
 }
 
@@ -344,9 +326,8 @@ TEST_F(LegacyFile, FileOfALaterVersionIsForeign) {
 
 TEST_F(LegacyFile, FileCutAtAnyByteIsDamaged) {
     WriteSections(1);
-    const std::string whole = ReadFileBytes(path);
-    for (size_t size = 1; size < whole.size(); ++size) {
-        WriteFileBytes(path, std::string_view(whole).substr(0, size));
+    for (size_t size = kLegacyEmptySize + kLegacySlotSize; --size > 0;) {
+        CutFile(path, size);
         ASSERT_EQ(ListStatus(), kLegacyDamaged) << size;
     }
 }
@@ -359,11 +340,9 @@ TEST_F(LegacyFile, FileWithMoreBytesIsDamaged) {
 
 TEST_F(LegacyFile, AnyByteThatIsFlippedIsFound) {
     WriteSections(1);
-    const std::string whole = ReadFileBytes(path);
-    for (size_t i = 0; i < whole.size(); ++i) {
-        std::string bytes = whole;
-        bytes[i] = static_cast<char>(bytes[i] ^ (1 << i % 8));
-        WriteFileBytes(path, bytes);
+    BitFlipper flipper(path);
+    for (size_t i = 0; i < kLegacyEmptySize + kLegacySlotSize; ++i) {
+        flipper.Flip(i, static_cast<int>(i % 8));
         ASSERT_EQ(ListStatus(), i < 8 ? kLegacyForeign : kLegacyDamaged) << i;
     }
 }
@@ -371,7 +350,7 @@ TEST_F(LegacyFile, AnyByteThatIsFlippedIsFound) {
 TEST_F(LegacyFile, DamagedSectionLeavesTheOthersReadable) {
     WriteSections(2);
     std::string bytes = ReadFileBytes(path);
-    bytes[kEmptySize + 100] ^= 1;
+    bytes[kLegacyEmptySize + 100] ^= 1;
     WriteFileBytes(path, bytes);
     const auto record = std::make_unique<LegacyMainSection>();
     EXPECT_EQ(importvelkmainsec(Name(), 1, record.get()), kLegacyDamaged);

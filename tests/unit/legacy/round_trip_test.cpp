@@ -12,6 +12,8 @@ namespace {
 using namespace test;
 
 constexpr uint32_t kSections = 10000;
+// Equal bytes give equal sections; that is looked at now and then.
+constexpr uint32_t kLookedAtAgain = 16;
 
 TEST(LegacyRoundTrip, TenThousandSectionsComeBack) {
     const RecordingScreen screen;
@@ -23,9 +25,10 @@ TEST(LegacyRoundTrip, TenThousandSectionsComeBack) {
         ASSERT_EQ(ExactText(imported), ExactText(section)) << "seed " << seed;
         const auto again = RecordOf(imported);
         ASSERT_TRUE(SameBytes(*again, *exported)) << "seed " << seed;
+        RecordingScreen::events.clear();
+        if (seed % kLookedAtAgain != 0) continue;
         SectionModel importedAgain = SectionOf(*again);
         ASSERT_EQ(ExactText(importedAgain), ExactText(imported)) << "seed " << seed;
-        RecordingScreen::events.clear();
     }
 }
 

@@ -7,7 +7,6 @@
 #include "database/database_file.h"
 #include "platform/system.h"
 #include "tests/unit/database/sample_database.h"
-#include "ui/commands/exchange_boxes.h"
 #include "ui/commands/main_window.h"
 #include "util/numbers.h"
 #include "util/paths.h"
@@ -49,6 +48,8 @@ int ShownWindow::rule;
 bool ShownWindow::locked;
 std::wstring ShownWindow::database;
 bool ShownWindow::previewCleared;
+std::function<bool(ExportChoice&)> ShownWindow::askExport;
+std::function<bool(ImportChoice&)> ShownWindow::askImport;
 
 ShownWindow::ShownWindow() {
     rowCount = 0;
@@ -56,6 +57,8 @@ ShownWindow::ShownWindow() {
     rule = 0;
     locked = false;
     previewCleared = false;
+    askExport = [](ExportChoice&) { return false; };
+    askImport = [](ImportChoice&) { return false; };
     database = L"untouched";
     static MainWindow window{};
     window.setDatabaseText = [](const std::wstring& text) { database = text; };
@@ -84,8 +87,8 @@ ShownWindow::ShownWindow() {
     };
     window.updateEnabling = [] {};
     window.focusList = [] {};
-    window.askExport = [](ExportChoice&) { return false; };
-    window.askImport = [](ImportChoice&) { return false; };
+    window.askExport = [](ExportChoice& choice) { return askExport(choice); };
+    window.askImport = [](ImportChoice& choice) { return askImport(choice); };
     window.close = [] { Note("close"); };
     shell.mainWindow = &window;
 }

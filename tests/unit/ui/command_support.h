@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -14,6 +15,7 @@
 #include "database/model_kind.h"
 #include "platform/ztutil32.h"
 #include "tests/unit/support.h"
+#include "ui/commands/exchange_boxes.h"
 
 namespace corvane::test {
 
@@ -26,6 +28,9 @@ struct ShownWindow {
     static bool locked;
     static std::wstring database;
     static bool previewCleared;
+    // What the user does in the exchange boxes; at first, cancel.
+    static std::function<bool(ExportChoice&)> askExport;
+    static std::function<bool(ImportChoice&)> askImport;
     ShownWindow();
 };
 
