@@ -127,11 +127,11 @@ bool StartDatabase(const std::wstring& source, const Target& target, BasicShipDa
 
 // Whether the slot can be read: a record that a call can't fill is left as it was.
 bool HasSlot(const std::string& file, int16_t number) {
-    LegacyMainSection untouched;
-    std::memset(&untouched, 0xA5, sizeof(untouched));
-    LegacyMainSection read = untouched;
-    importvelkmainsec(file.c_str(), number, &read);
-    return std::memcmp(&read, &untouched, sizeof(read)) != 0;
+    alignas(LegacyMainSection) std::array<char, sizeof(LegacyMainSection)> block;
+    block.fill('\xA5');
+    const auto untouched = block;
+    importvelkmainsec(file.c_str(), number, reinterpret_cast<LegacyMainSection*>(block.data()));
+    return block != untouched;
 }
 
 void SetDefault(float& value, float fallback, float threshold) {

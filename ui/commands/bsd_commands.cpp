@@ -30,11 +30,11 @@ bool IsErasingWanted() {
 }
 
 std::wstring AskForSource() {
-    const std::wstring path = AskForFile({.command = ME_FileImportBSD,
-                                          .types = GetMessage(kMsgBsdFiles),
-                                          .defaultExtension = L"bsd",
-                                          .proposed = L"",
-                                          .directory = shell.settings.BrowseDirectory});
+    std::wstring path = AskForFile({.command = ME_FileImportBSD,
+                                    .types = GetMessage(kMsgBsdFiles),
+                                    .defaultExtension = L"bsd",
+                                    .proposed = L"",
+                                    .directory = shell.settings.BrowseDirectory});
     if (path.empty() || !IsSamePath(path, shell.settings.DatabasePath)) return path;
     ReportMessage(kMsgIsOpenDatabase, {path});
     return {};

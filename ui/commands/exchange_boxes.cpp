@@ -28,7 +28,7 @@ const wchar_t* KindSuffix(ModelKind kind) {
 
 std::vector<ModelEntry> ListLegacy(const std::wstring& path) {
     int16_t status = 0;
-    const std::vector<ModelEntry> sections = ListLegacySections(path, status);
+    std::vector<ModelEntry> sections = ListLegacySections(path, status);
     WasLegacyRead(path, status);
     return sections;
 }
