@@ -17,7 +17,9 @@ enum class Shows {
     kWindow,    // a window of the system's dialogs with the title `text`
     kInputBox,  // a window of the program's own with the title `text`
     kAbout,     // the same
-    kNothing    // the program ends
+    kExportBox,
+    kImportBox,
+    kNothing  // the program ends
 };
 
 // A command's way through the menus, and what it shows when no program of the suite is installed.
@@ -44,15 +46,25 @@ constexpr KeyCommand kKeyCommands[] = {
     {ME_SectionVelkRule, 'S', 'R', Shows::kBox, "SectRule.exe"},
     {ME_SectionCopy, 'S', 'C', Shows::kInputBox, "Corvane"},
     {ME_SectionRemove, 'S', 'D', Shows::kQuestion, "Are you sure to remove Section "},
-    {ME_SectionImport, 'S', 'I', Shows::kBox, "not part of this version"},
-    {ME_SectionExport, 'S', 'X', Shows::kBox, "not part of this version"},
+    {ME_SectionImport, 'S', 'I', Shows::kImportBox, "DOS Velk Sections"},
+    {ME_SectionExport, 'S', 'X', Shows::kExportBox, "Export to Velk Dos"},
     {ME_HelpAbout, 'H', 'A', Shows::kAbout, "About"},
 };
 
 struct KeyboardTest : MainWindowFixture {
     static const wchar_t* ClassOf(Shows shows) {
-        if (shows == Shows::kAbout) return L"FM_About";
-        return shows == Shows::kInputBox ? L"InputBox" : L"#32770";
+        switch (shows) {
+            case Shows::kAbout:
+                return L"FM_About";
+            case Shows::kInputBox:
+                return L"InputBox";
+            case Shows::kExportBox:
+                return L"FM_Export";
+            case Shows::kImportBox:
+                return L"FM_Inport";
+            default:
+                return L"#32770";
+        }
     }
     // Waits for what a command shows, compares it, and closes it with the key that does nothing.
     void ExpectAndClose(Shows shows, const std::string& text) const {

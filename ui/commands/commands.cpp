@@ -7,7 +7,6 @@
 #include "ui/commands/exchange_commands.h"
 #include "ui/commands/file_commands.h"
 #include "ui/commands/help_commands.h"
-#include "ui/commands/main_window.h"
 #include "ui/commands/model_commands.h"
 #include "ui/commands/sibling_programs.h"
 
@@ -54,9 +53,9 @@ constexpr std::array kCommands = {
             EnabledWhen::kModelSelected, ME_SectionRemove_Click},
     Separator(Menu::kSection),
     Command{ME_SectionImport, Menu::kSection, "ME_SectionImport", L"&Import...",
-            EnabledWhen::kDatabaseOpen, NotImp},
+            EnabledWhen::kDatabaseOpen, ME_SectionImport_Click},
     Command{ME_SectionExport, Menu::kSection, "ME_SectionExport", L"E&xport to Velk Dos...",
-            EnabledWhen::kModelSelected, NotImp},
+            EnabledWhen::kModelSelected, ME_SectionExport_Click},
 
     Command{ME_HelpAbout, Menu::kHelp, "ME_HelpAbout", L"&About...", EnabledWhen::kAlways,
             ME_HelpAbout_Click},
