@@ -27,6 +27,7 @@ std::vector<ExchangeItem> FillExchangeList(HWND list, const std::wstring& path) 
     }
     std::vector<ExchangeItem> items = ListForExchange(path);
     std::vector<std::wstring> texts;
+    texts.reserve(items.size());
     for (const ExchangeItem& item : items) texts.push_back(item.text);
     EnableWindow(list, TRUE);
     FillList(list, texts);

@@ -39,13 +39,13 @@ void FitScrolling(HWND list) {
     const HDC dc = GetDC(list);
     const HGDIOBJ before =
         SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(list, WM_GETFONT, 0, 0)));
-    LONG widest = 0;
+    int widest = 0;
     const LRESULT count = SendMessageW(list, LB_GETCOUNT, 0, 0);
     for (LRESULT i = 0; i < count; ++i) {
         const std::wstring text = ListItemText(list, i);
         SIZE size{};
         GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
-        widest = std::max(widest, size.cx);
+        widest = std::max(widest, static_cast<int>(size.cx));
     }
     SelectObject(dc, before);
     ReleaseDC(list, dc);
