@@ -1,0 +1,431 @@
+// Sections go to a legacy database and models come from others, through FM_Export and FM_Inport of
+// the real program: by the mouse and by the keyboard alone.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "database/database_file.h"
+#include "legacy/exchange.h"
+#include "tests/ui/file_dialog.h"
+#include "tests/ui/main_window_fixture.h"
+#include "tests/ui/screenshot.h"
+
+namespace corvane::ui {
+namespace {
+
+using test::Narrow;
+using test::ReadFileBytes;
+using Texts = std::vector<std::string>;
+
+constexpr int kReplace = OP_CreateNew;
+constexpr int kCreateNew = OP_CreateNew + 1;
+
+std::wstring ListItem(HWND list, int index) {
+    wchar_t text[1024] = L"";
+    Send(list, LB_GETTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text));
+    return text;
+}
+
+int ItemCount(HWND list) {
+    return static_cast<int>(Send(list, LB_GETCOUNT, 0, 0));
+}
+
+Texts Items(HWND list) {
+    Texts items;
+    for (int i = 0; i < ItemCount(list); ++i) items.push_back(Narrow(ListItem(list, i)));
+    return items;
+}
+
+bool IsItemSelected(HWND list, int index) {
+    return Send(list, LB_GETSEL, static_cast<WPARAM>(index), 0) > 0;
+}
+
+// Clicks on an item with the mouse; `held` is MK_CONTROL or MK_SHIFT.
+void Click(HWND list, int index, WPARAM held = 0) {
+    RECT place{};
+    Send(list, LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&place));
+    const LPARAM at = MAKELPARAM(place.left + 20, (place.top + place.bottom) / 2);
+    PostMessageW(list, WM_LBUTTONDOWN, MK_LBUTTON | held, at);
+    PostMessageW(list, WM_LBUTTONUP, held, at);
+}
+
+void DoubleClickItem(HWND list, int index) {
+    RECT place{};
+    Send(list, LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&place));
+    const LPARAM at = MAKELPARAM(place.left + 20, (place.top + place.bottom) / 2);
+    for (const UINT down : {UINT{WM_LBUTTONDOWN}, UINT{WM_LBUTTONDBLCLK}}) {
+        PostMessageW(list, down, MK_LBUTTON, at);
+        PostMessageW(list, WM_LBUTTONUP, 0, at);
+    }
+}
+
+// The program with the sample ship open, and other databases beside it.
+struct ExchangeTest : MainWindowFixture {
+    std::wstring legacy = Copy("aurora_bay.vel", L"ship.vel");
+
+    std::wstring Copy(const char* sample, std::wstring_view name) const {
+        std::wstring path = installation.File(name);
+        const std::string from = std::string("../samples/") + sample;
+        CopyFileW(test::DataPath(from).c_str(), path.c_str(), FALSE);
+        return path;
+    }
+    HWND OpenBox(int command) const {
+        Choose(main, command);
+        return program.Window(command == ME_SectionExport ? L"FM_Export" : L"FM_Inport");
+    }
+    HWND OpenBoxByKeys(char letter) const {
+        EXPECT_TRUE(OpenMenu(program, 'S'));
+        Type({static_cast<WORD>(letter)});
+        const HWND box = program.Window(letter == 'X' ? L"FM_Export" : L"FM_Inport");
+        EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == box; }));
+        EXPECT_TRUE(FocusBecomes(box, FIL_Db));
+        return box;
+    }
+    static HWND In(HWND box, int id) { return GetDlgItem(box, id); }
+    static void ClickFile(HWND box, const std::wstring& name) {
+        const auto index = Send(In(box, FIL_Db), LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                reinterpret_cast<LPARAM>(name.c_str()));
+        ASSERT_GE(index, 0) << Narrow(name);
+        Click(In(box, FIL_Db), static_cast<int>(index));
+    }
+    static bool SectionCountBecomes(HWND box, int count) {
+        return WaitUntil([&] { return ItemCount(In(box, LI_Sections)) == count; });
+    }
+    static bool SelectedCountBecomes(HWND box, int count) {
+        return WaitUntil([&] { return Send(In(box, LI_Sections), LB_GETSELCOUNT, 0, 0) == count; });
+    }
+    // Presses OK, which must tell something and leave the box.
+    void ExpectOkTells(HWND box, const char* text) const {
+        PostMessageW(In(box, IDOK), BM_CLICK, 0, 0);
+        const Box told = WaitForPlainBox(program);
+        EXPECT_EQ(Narrow(told.text), text);
+        EXPECT_FALSE(IsWindowEnabled(box)) << "the box can be used below what it tells";
+        ASSERT_TRUE(Press(told, IDOK));
+        EXPECT_TRUE(WaitUntil([&] { return IsWindowVisible(box) && IsWindowEnabled(box); }));
+    }
+    void ExpectMainReady() const {
+        EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(main) != FALSE; }));
+        EXPECT_TRUE(TextBecomes(Control(PAN_Help), L""));
+        EXPECT_EQ(program.FindNow(L"#32770"), nullptr);
+    }
+    // The names in the legacy database.
+    static Texts LegacyNames(const std::wstring& path) {
+        int16_t status = -1;
+        Texts names;
+        for (const ModelEntry& section : ListLegacySections(path, status)) {
+            names.push_back(Narrow(section.name));
+        }
+        EXPECT_EQ(status, 0);
+        return names;
+    }
+    // A slot is there before it has its name.
+    static bool GetsNewSection(const std::wstring& path, const char* name) {
+        return WaitUntil([&] { return LegacyNames(path).back() == name; });
+    }
+    static float LegacyPosition(const std::wstring& path, int16_t slot) {
+        SectionModel section;
+        EXPECT_TRUE(ImportSection(path, slot, section));
+        return section.x_m;
+    }
+    Texts RowNames() const {
+        Texts names;
+        for (const Row& row : Rows(program, Control(LI_Sections))) {
+            names.push_back(Narrow(row.cells.at(0)));
+        }
+        return names;
+    }
+};
+
+// ---- Export ------------------------------------------------------------------------------------
+
+TEST_F(ExchangeTest, ExportMakesANewSlot) {
+    const HWND box = OpenBox(ME_SectionExport);
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(TextOf(box), L"Export to Velk Dos");
+    EXPECT_EQ(Items(In(box, FIL_Db)), Texts{"ship.vel"});
+    ClickFile(box, L"ship.vel");
+    EXPECT_TRUE(SectionCountBecomes(box, 9));
+    EXPECT_FALSE(IsWindowEnabled(In(box, LI_Sections)));
+    EXPECT_EQ(TextOf(In(box, TX_Name)), L"Engine room, frame 30");
+    Send(In(box, TX_Name), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"Frame 30, new"));
+    ASSERT_TRUE(PressButton(box, IDOK));
+    ASSERT_TRUE(GetsNewSection(legacy, "Frame 30, new"));
+    EXPECT_EQ(LegacyNames(legacy).size(), 10U);
+    EXPECT_NEAR(LegacyPosition(legacy, 10), 20.7, 0.001);
+    ExpectMainReady();
+}
+
+TEST_F(ExchangeTest, ExportReplacesTheSelectedSection) {
+    const Texts before = LegacyNames(legacy);
+    const HWND box = OpenBox(ME_SectionExport);
+    ASSERT_NE(box, nullptr);
+    ClickFile(box, L"ship.vel");
+    EXPECT_TRUE(SectionCountBecomes(box, 9));
+    PostMessageW(In(box, kReplace), BM_CLICK, 0, 0);
+    EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(In(box, LI_Sections)) != FALSE; }));
+    EXPECT_FALSE(IsWindowEnabled(In(box, TX_Name)));
+    Click(In(box, LI_Sections), 4);
+    EXPECT_TRUE(WaitUntil([&] { return IsItemSelected(In(box, LI_Sections), 4); }));
+    ASSERT_TRUE(PressButton(box, IDOK));
+    EXPECT_TRUE(WaitUntil([&] { return LegacyPosition(legacy, 5) < 21; }));
+    EXPECT_EQ(LegacyNames(legacy), before) << "neither a new slot nor another name";
+    ExpectMainReady();
+}
+
+TEST_F(ExchangeTest, ExportByTheKeyboardAlone) {
+    HWND box = OpenBoxByKeys('X');
+    Type({VK_DOWN});
+    EXPECT_TRUE(SectionCountBecomes(box, 9));
+    TypeWithAlt('N');
+    ASSERT_TRUE(FocusBecomes(box, TX_Name));
+    TypeText(L"Frame 30, keys");
+    Type({VK_RETURN});
+    ASSERT_TRUE(HasClosed(box));
+    ASSERT_TRUE(GetsNewSection(legacy, "Frame 30, keys"));
+    EXPECT_EQ(LegacyNames(legacy).size(), 10U);
+    ExpectMainReady();
+
+    box = OpenBoxByKeys('X');
+    Type({VK_DOWN});
+    EXPECT_TRUE(SectionCountBecomes(box, 10));
+    Type({VK_TAB});
+    ASSERT_TRUE(FocusBecomes(box, kCreateNew));
+    Type({VK_DOWN});
+    ASSERT_TRUE(FocusBecomes(box, kReplace));
+    TypeWithAlt('S');
+    ASSERT_TRUE(FocusBecomes(box, LI_Sections));
+    Type({VK_HOME, VK_DOWN, VK_DOWN});
+    EXPECT_TRUE(WaitUntil([&] { return IsItemSelected(In(box, LI_Sections), 2); }));
+    Type({VK_RETURN});
+    ASSERT_TRUE(HasClosed(box));
+    EXPECT_TRUE(WaitUntil([&] { return LegacyPosition(legacy, 3) < 21; }));
+    EXPECT_EQ(LegacyNames(legacy).size(), 10U);
+    ExpectMainReady();
+}
+
+TEST_F(ExchangeTest, ExportOkTellsWhatIsMissingAndStays) {
+    const HWND box = OpenBox(ME_SectionExport);
+    ASSERT_NE(box, nullptr);
+    ExpectOkTells(box, "Please select a file");
+    ClickFile(box, L"ship.vel");
+    EXPECT_TRUE(SectionCountBecomes(box, 9));
+    PostMessageW(In(box, kReplace), BM_CLICK, 0, 0);
+    EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(In(box, LI_Sections)) != FALSE; }));
+    ExpectOkTells(box, "Please select a section");
+    EXPECT_TRUE(PressButton(box, IDCANCEL));
+}
+
+TEST_F(ExchangeTest, CancelAndEscChangeNothing) {
+    const std::string legacyBefore = ReadFileBytes(legacy);
+    const std::string before = ReadFileBytes(installation.File(L"ship.ve2"));
+    for (const int command : {int{ME_SectionExport}, int{ME_SectionImport}}) {
+        for (const bool byKey : {false, true}) {
+            const HWND box = OpenBox(command);
+            ASSERT_NE(box, nullptr);
+            ClickFile(box, L"ship.vel");
+            EXPECT_TRUE(SectionCountBecomes(box, 9));
+            if (byKey) PressKey(In(box, FIL_Db), VK_ESCAPE);
+            if (!byKey) PostMessageW(In(box, IDCANCEL), BM_CLICK, 0, 0);
+            ASSERT_TRUE(HasClosed(box));
+            ExpectMainReady();
+        }
+    }
+    EXPECT_EQ(ReadFileBytes(legacy), legacyBefore);
+    EXPECT_EQ(ReadFileBytes(installation.File(L"ship.ve2")), before);
+    EXPECT_EQ(RowNames().size(), 14U);
+}
+
+TEST_F(ExchangeTest, FoldersAreOpenedByDoubleClickAndEnter) {
+    CreateDirectoryW(installation.File(L"inner").c_str(), nullptr);
+    const std::wstring deep = Copy("aurora_bay.vel", L"inner\\deep.vel");
+    const HWND box = OpenBoxByKeys('X');
+    const HWND folders = In(box, DIR_Db);
+    const int last = ItemCount(folders) - 1;
+    EXPECT_EQ(Narrow(ListItem(folders, last)), "inner");
+    DoubleClickItem(folders, last);
+    EXPECT_TRUE(WaitUntil([&] { return Items(In(box, FIL_Db)) == Texts{"deep.vel"}; }));
+    // Back up by the keyboard.
+    TypeWithAlt('O');
+    ASSERT_TRUE(FocusBecomes(box, DIR_Db));
+    Type({VK_UP, VK_RETURN});
+    EXPECT_TRUE(WaitUntil([&] { return Items(In(box, FIL_Db)) == Texts{"ship.vel"}; }));
+    EXPECT_TRUE(IsWindowVisible(box)) << "Enter opens the folder and does not accept";
+    EXPECT_TRUE(PressButton(box, IDCANCEL));
+}
+
+TEST_F(ExchangeTest, DrivesAreChosenByTheKeyboard) {
+    const HWND box = OpenBoxByKeys('X');
+    const HWND drives = In(box, DRV_Db);
+    TypeWithAlt('R');
+    ASSERT_TRUE(FocusBecomes(box, DRV_Db));
+    Type({'Z'});
+    EXPECT_TRUE(WaitUntil([&] { return Items(In(box, DIR_Db)).at(0) == "Z:\\"; }));
+    EXPECT_EQ(Narrow(TextOf(drives)), "Z:");
+    // An open list counts only when it is closed, and Esc closes it without a choice.
+    Type({VK_F4});
+    ASSERT_TRUE(WaitUntil([&] { return Send(drives, CB_GETDROPPEDSTATE, 0, 0) != 0; }));
+    Type({VK_HOME, VK_ESCAPE});
+    EXPECT_TRUE(WaitUntil([&] { return Send(drives, CB_GETDROPPEDSTATE, 0, 0) == 0; }));
+    EXPECT_TRUE(IsWindow(box));
+    EXPECT_TRUE(WaitUntil([&] { return TextOf(drives) == L"Z:"; }));
+    EXPECT_EQ(Items(In(box, DIR_Db)).at(0), "Z:\\");
+    Type({VK_F4, VK_HOME, VK_RETURN});
+    EXPECT_TRUE(WaitUntil([&] { return Items(In(box, DIR_Db)).at(0) == "C:\\"; }));
+    EXPECT_EQ(Narrow(TextOf(drives)), "C:");
+    EXPECT_TRUE(IsWindow(box));
+    EXPECT_TRUE(PressButton(box, IDCANCEL));
+}
+
+// ---- Import ------------------------------------------------------------------------------------
+
+TEST_F(ExchangeTest, SeveralSectionsOfALegacyDatabaseAreImported) {
+    const HWND box = OpenBox(ME_SectionImport);
+    ASSERT_NE(box, nullptr);
+    SetWindowPos(box, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE);
+    EXPECT_EQ(TextOf(box), L"DOS Velk Sections");
+    EXPECT_EQ(Items(In(box, FIL_Db)), (Texts{"ship.ve2", "ship.vel"}));
+    ClickFile(box, L"ship.vel");
+    EXPECT_TRUE(SectionCountBecomes(box, 9));
+    EXPECT_TRUE(TextBecomes(In(box, LB_Service), L"Aurora Bay (Bulk carrier)"));
+    EXPECT_TRUE(WaitUntil([&] { return ShowsASection(In(box, PIC_Section)); }));
+    Click(In(box, LI_Sections), 1);
+    Click(In(box, LI_Sections), 3, MK_CONTROL);
+    Click(In(box, LI_Sections), 8, MK_CONTROL);
+    EXPECT_TRUE(SelectedCountBecomes(box, 3));
+    ASSERT_TRUE(PressButton(box, IDOK));
+    ASSERT_TRUE(RowCountBecomes(Control(LI_Sections), 17));
+    ExpectMainReady();
+    const Texts names = RowNames();
+    EXPECT_EQ(Texts(names.begin() + 14, names.end()),
+              (Texts{"Hold 7, frame 61", "Hold 5, frame 121", "Fore peak, frame 270"}));
+    EXPECT_TRUE(WaitUntil([&] { return SelectedRow(Control(LI_Sections)) == 16; }));
+    EXPECT_EQ(CountModels(installation.File(L"ship.ve2")), 17);
+}
+
+TEST_F(ExchangeTest, ModelsOfEveryKindAreImportedFromAModelDatabase) {
+    Copy("aurora_bay.ve2", L"other.ve2");
+    const HWND box = OpenBox(ME_SectionImport);
+    ASSERT_NE(box, nullptr);
+    SetWindowPos(box, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE);
+    ClickFile(box, L"other.ve2");
+    EXPECT_TRUE(SectionCountBecomes(box, 14));
+    const Texts items = Items(In(box, LI_Sections));
+    EXPECT_TRUE(items.at(9).ends_with(" (bulkhead)")) << items.at(9);
+    EXPECT_TRUE(items.at(13).ends_with(" (torsion)")) << items.at(13);
+    EXPECT_TRUE(WaitUntil([&] { return ShowsASection(In(box, PIC_Section)); }));
+    Click(In(box, LI_Sections), 9, MK_CONTROL);
+    EXPECT_TRUE(TextBecomes(In(box, LB_Service), L"")) << "a bulkhead has no preview";
+    EXPECT_TRUE(WaitUntil([&] { return !ShowsASection(In(box, PIC_Section)); }));
+    Send(In(box, LI_Sections), LB_SETTOPINDEX, 13, 0);
+    Click(In(box, LI_Sections), 13, MK_CONTROL);
+    EXPECT_TRUE(SelectedCountBecomes(box, 3));
+    ASSERT_TRUE(PressButton(box, IDOK));
+    ASSERT_TRUE(RowCountBecomes(Control(LI_Sections), 17));
+    ExpectMainReady();
+    const std::vector<Row> rows = Rows(program, Control(LI_Sections));
+    EXPECT_EQ(Narrow(rows[14].cells.at(3)), "Section");
+    EXPECT_EQ(Narrow(rows[15].cells.at(3)), "Bulkhead");
+    EXPECT_EQ(Narrow(rows[16].cells.at(3)), "Torsion");
+    EXPECT_EQ(rows[15].cells.at(0), rows[9].cells.at(0));
+}
+
+TEST_F(ExchangeTest, ImportByTheKeyboardAlone) {
+    Copy("aurora_bay.vel", L"a.vel");
+    const HWND box = OpenBoxByKeys('I');
+    Type({VK_DOWN});
+    EXPECT_TRUE(SectionCountBecomes(box, 9));
+    EXPECT_TRUE(TextBecomes(In(box, LB_Service), L"Aurora Bay (Bulk carrier)"));
+    TypeWithAlt('P');
+    EXPECT_TRUE(TextBecomes(In(box, LB_Service), L""));
+    TypeWithAlt('S');
+    ASSERT_TRUE(FocusBecomes(box, LI_Sections));
+    TypeWithShift(VK_DOWN);
+    EXPECT_TRUE(SelectedCountBecomes(box, 2));
+    Type({VK_RETURN});
+    ASSERT_TRUE(HasClosed(box));
+    ASSERT_TRUE(RowCountBecomes(Control(LI_Sections), 16));
+    ExpectMainReady();
+}
+
+TEST_F(ExchangeTest, DoubleClickImportsASectionOrTheFirstOneOfAFile) {
+    HWND box = OpenBox(ME_SectionImport);
+    ASSERT_NE(box, nullptr);
+    ClickFile(box, L"ship.vel");
+    EXPECT_TRUE(SectionCountBecomes(box, 9));
+    DoubleClickItem(In(box, LI_Sections), 4);
+    ASSERT_TRUE(HasClosed(box));
+    ASSERT_TRUE(RowCountBecomes(Control(LI_Sections), 15));
+    ExpectMainReady();
+    EXPECT_EQ(RowNames().back(), "Midship section, hold 4");
+    box = OpenBox(ME_SectionImport);
+    ASSERT_NE(box, nullptr);
+    DoubleClickItem(In(box, FIL_Db), 1);
+    ASSERT_TRUE(HasClosed(box));
+    ASSERT_TRUE(RowCountBecomes(Control(LI_Sections), 16));
+    EXPECT_EQ(RowNames().back(), "Engine room, frame 30");
+}
+
+TEST_F(ExchangeTest, ImportOkTellsWhatIsMissingAndStays) {
+    const HWND box = OpenBox(ME_SectionImport);
+    ASSERT_NE(box, nullptr);
+    ExpectOkTells(box, "Please select a section");
+    ClickFile(box, L"ship.vel");
+    EXPECT_TRUE(SectionCountBecomes(box, 9));
+    Click(In(box, LI_Sections), 0, MK_CONTROL);
+    EXPECT_TRUE(SelectedCountBecomes(box, 0));
+    ExpectOkTells(box, "Please select a section");
+    EXPECT_TRUE(PressButton(box, IDCANCEL));
+    EXPECT_EQ(RowNames().size(), 14U);
+}
+
+TEST_F(ExchangeTest, BrowseMovesTheListsToTheFile) {
+    CreateDirectoryW(installation.File(L"inner").c_str(), nullptr);
+    const std::wstring deep = Copy("aurora_bay.vel", L"inner\\deep.vel");
+    const HWND box = OpenBoxByKeys('I');
+    TypeWithAlt('B');
+    const FileDialog prompt = WaitForFileDialog(program);
+    EXPECT_EQ(Narrow(prompt.caption), "Import");
+    ASSERT_TRUE(AnswerFilePrompt(program, deep));
+    EXPECT_TRUE(SectionCountBecomes(box, 9));
+    EXPECT_EQ(Items(In(box, FIL_Db)), Texts{"deep.vel"});
+    EXPECT_EQ(Send(In(box, FIL_Db), LB_GETCURSEL, 0, 0), 0);
+    EXPECT_EQ(Items(In(box, DIR_Db)).back(), "inner");
+    EXPECT_TRUE(TextBecomes(In(box, LB_Service), L"Aurora Bay (Bulk carrier)"));
+    ASSERT_TRUE(PressButton(box, IDOK));
+    EXPECT_TRUE(RowCountBecomes(Control(LI_Sections), 15));
+}
+
+TEST_F(ExchangeTest, CancelledBrowseChangesNothing) {
+    const HWND box = OpenBox(ME_SectionImport);
+    ASSERT_NE(box, nullptr);
+    ClickFile(box, L"ship.vel");
+    EXPECT_TRUE(SectionCountBecomes(box, 9));
+    PostMessageW(In(box, BT_Browse), BM_CLICK, 0, 0);
+    ASSERT_TRUE(AnswerFilePrompt(program, L""));
+    EXPECT_EQ(ItemCount(In(box, LI_Sections)), 9);
+    EXPECT_EQ(Items(In(box, FIL_Db)), (Texts{"ship.ve2", "ship.vel"}));
+    EXPECT_TRUE(PressButton(box, IDCANCEL));
+}
+
+TEST_F(ExchangeTest, DamagedFileIsToldAndTheBoxGoesOn) {
+    test::WriteFileBytes(installation.File(L"damaged.vel"), "damaged");
+    for (const int command : {int{ME_SectionExport}, int{ME_SectionImport}}) {
+        const HWND box = OpenBox(command);
+        ASSERT_NE(box, nullptr);
+        ClickFile(box, L"damaged.vel");
+        const Box told = WaitForPlainBox(program);
+        EXPECT_NE(Narrow(told.text).find("could not be read"), std::string::npos)
+            << Narrow(told.text);
+        EXPECT_FALSE(IsWindowEnabled(box));
+        ASSERT_TRUE(Press(told, IDOK));
+        EXPECT_TRUE(WaitUntil(
+            [&] { return Items(In(box, LI_Sections)) == Texts{"No Section neither bulkead"}; }));
+        ClickFile(box, L"ship.vel");
+        EXPECT_TRUE(SectionCountBecomes(box, 9));
+        EXPECT_TRUE(PressButton(box, IDCANCEL));
+    }
+}
+
+}  // namespace
+}  // namespace corvane::ui
