@@ -34,7 +34,7 @@ std::wstring AskFrom(const FileQuestion& question) {
     if (question.directory.empty()) return Ask(question);
     const std::wstring remembered = system::CurrentDirectory();
     ChangeToDirectory(question.directory);
-    const std::wstring answer = Ask(question);
+    std::wstring answer = Ask(question);
     ChangeToDirectory(remembered);
     return answer;
 }
@@ -77,7 +77,7 @@ bool IsUsable(const std::wstring& path, bool toSave) {
 }  // namespace
 
 std::wstring AskForFile(const FileQuestion& question) {
-    const std::wstring path = AskFrom(question);
+    std::wstring path = AskFrom(question);
     if (path.empty() || !IsUsable(path, question.toSave)) return {};
     shell.settings.BrowseDirectory = DirectoryOf(path);
     return path;
