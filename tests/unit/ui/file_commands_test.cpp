@@ -172,6 +172,9 @@ const BadName kBadNames[] = {
     {"Greater", kMsgNameNotUsable, [](const CommandTest& t) { return t.File(L"a>.ve2"); }},
     {"Bar", kMsgNameNotUsable, [](const CommandTest& t) { return t.File(L"a|.ve2"); }},
     {"Colon", kMsgNameNotUsable, [](const CommandTest& t) { return t.File(L"a:b.ve2"); }},
+    // It separates folders, as a backslash does.
+    {"Slash", kMsgFolderMissing, [](const CommandTest& t) { return t.File(L"a/b.ve2"); }},
+    {"Backslash", kMsgFolderMissing, [](const CommandTest& t) { return t.File(L"a\\b.ve2"); }},
     {"Tab", kMsgNameNotUsable, [](const CommandTest& t) { return t.File(L"a\tb.ve2"); }},
     {"GreekLetters", kMsgNameNotUsable,
      [](const CommandTest& t) { return t.File(L"\u03A9\u03BC\u03AD\u03B3\u03B1.ve2"); }},
