@@ -46,7 +46,7 @@ void ReadNodes(RowReader& row, Bulkheads& bulkheads) {
         Bulkhead* bulkhead = TakeBulkhead(row, bulkheads);
         auto node = NewItem<Node>();
         BulkheadNodeLine(row, node);
-        if (bulkhead != nullptr) Keep(bulkhead->nodes, std::move(node));
+        if (bulkhead != nullptr) Keep(bulkhead->nodes, node);
     }
 }
 
@@ -93,7 +93,7 @@ void ReadStrakes(RowReader& row, Bulkheads& bulkheads) {
         TakeNumberFrom1(row);
         BulkheadStrake strake;
         StrakeLine(row, strake);
-        if (bulkhead != nullptr && band > 0) Keep(bulkhead->bands[band], std::move(strake));
+        if (bulkhead != nullptr && band > 0) Keep(bulkhead->bands[band], strake);
     }
 }
 

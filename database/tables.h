@@ -78,8 +78,8 @@ inline Node NewItem<Node>() {
 
 // Adds an item while there is room for its number.
 template <class Item>
-void Keep(std::vector<Item>& items, Item&& item) {
-    if (items.size() < kMostItems) items.push_back(std::forward<Item>(item));
+void Keep(std::vector<Item>& items, Item item) {
+    if (items.size() < kMostItems) items.push_back(std::move(item));
 }
 
 // The place of the number that comes next in a list of items numbered from 1; the size of the list
