@@ -90,18 +90,9 @@ void OnOtherFolder(HWND window, ImportBox& box) {
     OnListClick(window, box);
 }
 
-// File types of the prompt: of all databases, and then of those that the list's pattern begins
-// with.
-std::wstring PromptTypes(const std::wstring& pattern) {
-    const bool isLegacy = pattern.compare(2, 3, L"vel") == 0;
-    const std::wstring all = GetMessage(kMsgAllDatabaseFiles);
-    if (isLegacy) return all + GetMessage(kMsgLegacyFiles);
-    return all + GetMessage(kMsgOldDatabaseFiles) + GetMessage(kMsgDatabaseFiles);
-}
-
 void OnBrowse(HWND window, ImportBox& box) {
     const std::wstring path = AskForFile({.command = ME_SectionImport,
-                                          .types = PromptTypes(box.lists.pattern),
+                                          .types = BrowseTypes(box.lists.pattern),
                                           .proposed = L"",
                                           .directory = box.lists.folder});
     if (path.empty()) return;
@@ -228,6 +219,12 @@ bool AskImport(ImportChoice& choice, const std::wstring& sectionsTag) {
     ImportBox box{choice, sectionsTag, {}, {}, {}, false, {}, {}};
     box.lists.pattern = L"*.vel;*.vew;*.ve2";
     return RunDialog(kImportBox, L"DOS Velk Sections", &box);
+}
+
+std::wstring BrowseTypes(const std::wstring& pattern) {
+    const std::wstring all = GetMessage(kMsgAllDatabaseFiles);
+    if (pattern.starts_with(L"*.vel")) return all + GetMessage(kMsgLegacyFiles);
+    return all + GetMessage(kMsgOldDatabaseFiles) + GetMessage(kMsgDatabaseFiles);
 }
 
 }  // namespace corvane

@@ -330,6 +330,14 @@ TEST_F(ImportBoxTest, BrowseMovesTheListsToTheFileAndShowsIt) {
     EXPECT_EQ(promptCaption, "Import");
 }
 
+TEST_F(ImportBoxTest, TypesOfBrowseFollowThePatternOfTheList) {
+    const std::wstring all = GetMessage(kMsgAllDatabaseFiles);
+    EXPECT_EQ(BrowseTypes(L"*.vel;*.vew;*.ve2"), all + GetMessage(kMsgLegacyFiles));
+    const std::wstring models = GetMessage(kMsgOldDatabaseFiles) + GetMessage(kMsgDatabaseFiles);
+    EXPECT_EQ(BrowseTypes(L"*.vew;*.ve2"), all + models);
+    EXPECT_EQ(BrowseTypes(L"*.ve2;*.vel"), all + models);
+}
+
 TEST_F(ImportBoxTest, CancelledBrowseChangesNothing) {
     const test::FakeFunction prompt(ZTUtilPromptForName, FakePrompt);
     Legacy(L"ship.vel");
