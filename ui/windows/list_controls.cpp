@@ -39,18 +39,18 @@ void FitScrolling(HWND list) {
     const HDC dc = GetDC(list);
     const HGDIOBJ before =
         SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(list, WM_GETFONT, 0, 0)));
+    constexpr int kEdge = 6;  // on both sides of a text [px]
     int widest = 0;
     const LRESULT count = SendMessageW(list, LB_GETCOUNT, 0, 0);
     for (LRESULT i = 0; i < count; ++i) {
         const std::wstring text = ListItemText(list, i);
         SIZE size{};
         GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
-        widest = std::max(widest, static_cast<int>(size.cx));
+        widest = std::max(widest, static_cast<int>(size.cx) + kEdge);
     }
     SelectObject(dc, before);
     ReleaseDC(list, dc);
-    constexpr int kEdge = 6;  // on both sides of the text [px]
-    SendMessageW(list, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + kEdge), 0);
+    SendMessageW(list, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest), 0);
 }
 
 std::wstring ListItemText(HWND list, LRESULT index) {
