@@ -181,7 +181,7 @@ void ReadSpans(const LegacyImport& work) {
             ReportNotAttached(i + 1, entry.stiffener);
             continue;
         }
-        owner->spans.push_back(std::move(spans[i]));
+        owner->spans.push_back(spans[i]);
     }
 }
 

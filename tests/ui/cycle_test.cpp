@@ -46,10 +46,6 @@ struct CycleTest : testing::Test {
     static bool HasTheKeys(HWND window) {
         return WaitUntil([&] { return GetForegroundWindow() == window; });
     }
-    void ChooseByKeys(char menu, char item) const {
-        ASSERT_TRUE(OpenMenu(program, static_cast<WORD>(menu))) << menu;
-        Type({static_cast<WORD>(item)});
-    }
     // Goes to a field of a stand-in with the letter of its label, and types over what is there. The
     // first field has the focus at the start.
     static void Fill(HWND form, int field, char letter, const std::wstring& text) {
@@ -122,7 +118,7 @@ struct CycleTest : testing::Test {
     // -------------------------------------------------------------------------------
 
     void MakeDatabase() {
-        ChooseByKeys('F', 'N');
+        ASSERT_TRUE(ChooseByKeys(program, 'F', 'N'));
         const FileDialog prompt = WaitForFileDialog(program);
         ASSERT_NE(prompt.window, nullptr);
         ASSERT_TRUE(HasTheKeys(prompt.window));
@@ -139,7 +135,7 @@ struct CycleTest : testing::Test {
     }
 
     void EnterBasicData() {
-        ChooseByKeys('B', 'O');
+        ASSERT_TRUE(ChooseByKeys(program, 'B', 'O'));
         const HWND form = Started(L"Basic ship data (stand-in)");
         Fill(form, 0, 'D', L"MV Boreal Bay");
         Fill(form, 3, 'L', L"180");
@@ -162,7 +158,7 @@ struct CycleTest : testing::Test {
     }
 
     void CreateSection() {
-        ChooseByKeys('C', 'S');
+        ASSERT_TRUE(ChooseByKeys(program, 'C', 'S'));
         const HWND form = Started(L"Section input (stand-in)");
         Fill(form, 0, 'N', L"Hold 3");
         SaveWithEnter(form, L"Saved: section 1, Hold 3, in Boreal Bay.ve2");
@@ -173,7 +169,7 @@ struct CycleTest : testing::Test {
     }
 
     void CopyIt() {
-        ChooseByKeys('S', 'C');
+        ASSERT_TRUE(ChooseByKeys(program, 'S', 'C'));
         const HWND box = program.Window(L"InputBox");
         ASSERT_NE(box, nullptr);
         ASSERT_TRUE(HasTheKeys(box));
@@ -228,7 +224,7 @@ struct CycleTest : testing::Test {
     }
 
     void Quit() {
-        ChooseByKeys('F', 'Q');
+        ASSERT_TRUE(ChooseByKeys(program, 'F', 'Q'));
         EXPECT_TRUE(program.HasEnded());
         EXPECT_EQ(program.ExitCode(), 0U);
         EXPECT_EQ(Narrow(Settings::Read(L"DatabasePath")), Narrow(database));

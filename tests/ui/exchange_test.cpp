@@ -75,8 +75,7 @@ struct ExchangeTest : MainWindowFixture {
         return program.Window(command == ME_SectionExport ? L"FM_Export" : L"FM_Inport");
     }
     HWND OpenBoxByKeys(char letter) const {
-        EXPECT_TRUE(OpenMenu(program, 'S'));
-        Type({static_cast<WORD>(letter)});
+        EXPECT_TRUE(ChooseByKeys(program, 'S', static_cast<WORD>(letter)));
         const HWND box = program.Window(letter == 'X' ? L"FM_Export" : L"FM_Inport");
         EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == box; }));
         EXPECT_TRUE(FocusBecomes(box, FIL_Db));

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "ui/windows/control_ids.h"
+
 namespace corvane::ui {
 namespace {
 
@@ -48,6 +50,14 @@ void MoveMouse(POINT to) {
     SetCursorPos(static_cast<int>(to.x), static_cast<int>(to.y));
 }
 
+// Whether a command of the main window has begun: a box keeps the user from the window, a program
+// of the suite runs, or the window has gone.
+bool IsAtWork(const Program& program) {
+    const HWND main = program.FindNow(L"FM_Main");
+    return main == nullptr || !IsWindowEnabled(main) ||
+           !IsWindowEnabled(GetDlgItem(main, TX_DataBase));
+}
+
 void PressMouse(DWORD flags) {
     INPUT input{};
     input.type = INPUT_MOUSE;
@@ -78,15 +88,24 @@ void TypeWithShift(WORD key) {
     TypeWith(VK_SHIFT, key);
 }
 
-bool OpenMenu(const Program& program, WORD letter) {
+bool ChooseByKeys(const Program& program, WORD menu, WORD item) {
     constexpr ULONGLONG kNextTry = 3000;
+    if (!WaitUntil([&] { return !IsAtWork(program); })) return false;
     ULONGLONG tried = 0;
+    bool menuWasOpen = false;
     return WaitUntil([&] {
-        if (program.FindNow(L"#32768") != nullptr) return true;
-        if (tried != 0 && GetTickCount64() < tried + kNextTry) return false;
-        if (tried != 0) Type({VK_HOME});
-        TypeWithAlt(letter);
+        if (IsAtWork(program)) return true;
+        const bool menuIsOpen = program.FindNow(L"#32768") != nullptr;
+        const bool hasOpened = menuIsOpen && !menuWasOpen;
+        if (tried != 0 && !hasOpened && GetTickCount64() < tried + kNextTry) return false;
+        if (menuIsOpen) {
+            Type({item});
+        } else {
+            if (tried != 0) Type({VK_HOME});
+            TypeWithAlt(menu);
+        }
         tried = GetTickCount64();
+        menuWasOpen = menuIsOpen;
         return false;
     });
 }

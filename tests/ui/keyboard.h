@@ -17,11 +17,11 @@ void Type(std::initializer_list<WORD> keys);
 // With Alt held.
 void TypeWithAlt(WORD key);
 void TypeWithShift(WORD key);
-// Opens a menu of the main window with Alt and its letter; false when none opens. The display tells
-// a window that comes to the front which keys are down, and Alt, of which it knows nothing, counts
-// as released then: it is pressed again until the menu is there. Home takes back what the letter
-// alone has selected in the list of models.
-bool OpenMenu(const Program& program, WORD letter);
+// Chooses a command of the main window with Alt and the letter of its menu, then its own letter;
+// false when no command begins. The display tells a window that comes to the front which keys are
+// down, and a key of which it knows nothing counts as released then: keys that had no effect are
+// pressed again. Home takes back what a letter alone has selected in the list of models.
+bool ChooseByKeys(const Program& program, WORD menu, WORD item);
 // A text, whatever the layout of the keyboard; a line feed is the Enter key.
 void TypeText(std::wstring_view text);
 

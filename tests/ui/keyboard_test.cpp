@@ -101,8 +101,8 @@ TEST_F(KeyboardTest, EveryCommandIsChosenByItsLetters) {
     for (const KeyCommand& command : kKeyCommands) {
         if (command.shows == Shows::kNothing) continue;
         SCOPED_TRACE(std::string(1, command.menu) + " " + command.item);
-        ASSERT_TRUE(OpenMenu(program, static_cast<WORD>(command.menu)));
-        Type({static_cast<WORD>(command.item)});
+        ASSERT_TRUE(ChooseByKeys(program, static_cast<WORD>(command.menu),
+                                 static_cast<WORD>(command.item)));
         ExpectAndClose(command.shows, command.text);
         ExpectTheListReady();
         if (HasFatalFailure()) return;
@@ -110,8 +110,7 @@ TEST_F(KeyboardTest, EveryCommandIsChosenByItsLetters) {
 }
 
 TEST_F(KeyboardTest, QuitEndsTheProgram) {
-    ASSERT_TRUE(OpenMenu(program, 'F'));
-    Type({'Q'});
+    ASSERT_TRUE(ChooseByKeys(program, 'F', 'Q'));
     EXPECT_TRUE(program.HasEnded());
     EXPECT_EQ(program.ExitCode(), 0U);
 }
