@@ -80,6 +80,16 @@ struct KeyboardTest : MainWindowFixture {
         Type({shows == Shows::kQuestion ? WORD{VK_RETURN} : WORD{VK_ESCAPE}});
         ASSERT_TRUE(HasClosed(window)) << text;
     }
+    // Goes on with Tab until the control has the focus, once around the window at most.
+    bool TabTo(int control) const {
+        constexpr int kMostStops = 20;
+        for (int i = 0; i < kMostStops && FocusedControl(main) != control; ++i) {
+            const int before = FocusedControl(main);
+            Type({VK_TAB});
+            if (!WaitUntil([&] { return FocusedControl(main) != before; })) return false;
+        }
+        return FocusedControl(main) == control;
+    }
     void ExpectTheListReady() const {
         EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(main) != FALSE; }));
         EXPECT_TRUE(FocusBecomes(main, LI_Sections));
@@ -174,11 +184,7 @@ TEST_F(KeyboardTest, LettersOfTheButtonsPressThem) {
 TEST_F(KeyboardTest, LetterOfMenuAndButtonOpensTheMenu) {
     ASSERT_TRUE(IsWindowEnabled(Control(BT_Bsd)));
     for (const int from : {int{LI_Sections}, int{BT_Bsd}, int{TX_DataBase}}) {
-        while (FocusedControl(main) != from) {
-            const int before = FocusedControl(main);
-            Type({VK_TAB});
-            ASSERT_TRUE(WaitUntil([&] { return FocusedControl(main) != before; }));
-        }
+        ASSERT_TRUE(TabTo(from));
         TypeWithAlt('B');
         EXPECT_TRUE(MenuIsOpen(true));
         EXPECT_EQ(program.FindNow(L"#32770"), nullptr) << "the button was pressed";
@@ -193,11 +199,7 @@ TEST_F(KeyboardTest, SpaceAndEnterPressTheButtonThatHasTheFocus) {
         const char* text;
     } buttons[] = {{BT_Open, "SectInput.exe"}, {BT_Rule, "SectRule.exe"}, {BT_Bsd, "BsdEdit.exe"}};
     for (const auto& button : buttons) {
-        while (FocusedControl(main) != button.button) {
-            const int before = FocusedControl(main);
-            Type({VK_TAB});
-            ASSERT_TRUE(WaitUntil([&] { return FocusedControl(main) != before; }));
-        }
+        ASSERT_TRUE(TabTo(button.button));
         for (const WORD key : {WORD{VK_SPACE}, WORD{VK_RETURN}}) {
             Type({key});
             ExpectAndClose(Shows::kBox, button.text);

@@ -62,10 +62,10 @@ TEST_F(MainWindowTest, TorsionModelHidesRuleAndCentresEdit) {
     ASSERT_TRUE(IsShown(BT_Rule));
     Type({VK_END});
     ASSERT_TRUE(WaitUntil([&] { return !IsShown(BT_Rule); }));
-    EXPECT_EQ(Place(BT_Open).left, (openLeft + ruleLeft) / 2);
+    EXPECT_TRUE(WaitUntil([&] { return Place(BT_Open).left == (openLeft + ruleLeft) / 2; }));
     Type({VK_HOME});
     ASSERT_TRUE(WaitUntil([&] { return IsShown(BT_Rule); }));
-    EXPECT_EQ(Place(BT_Open).left, openLeft);
+    EXPECT_TRUE(WaitUntil([&] { return Place(BT_Open).left == openLeft; }));
     EXPECT_EQ(Place(BT_Rule).left, ruleLeft);
 }
 
