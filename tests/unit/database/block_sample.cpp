@@ -85,9 +85,9 @@ std::string WithTablesReversed(std::string_view text) {
     return result;
 }
 
-std::string WithoutPart(std::string_view text, size_t part) {
+std::string WithoutPart(std::string_view text, size_t piece) {
     std::vector<std::string> tables = Tables(text);
-    tables.at(part).clear();
+    tables.at(piece).clear();
     std::string result;
     for (const std::string& table : tables) result += table;
     return result;

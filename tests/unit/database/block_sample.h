@@ -25,12 +25,11 @@ std::string BodyOf(std::string_view text);
 std::string Replaced(std::string_view text, std::string_view from, std::string_view to);
 // The text with a line of its own behind every line.
 std::string WithLineBehindEach(std::string_view text, std::string_view line);
-// The block cut into its head and its tables, label lines first.
+// The block cut into its pieces, label lines first: the file's head, its own, and its tables.
 std::vector<std::string> Tables(std::string_view text);
-// The text with the tables behind the block's head, which is part 1, the last one first; and
-// without one of its parts.
+// The text with its tables in the opposite order; and without one of those pieces.
 std::string WithTablesReversed(std::string_view text);
-std::string WithoutPart(std::string_view text, size_t part);
+std::string WithoutPart(std::string_view text, size_t piece);
 
 // The first compartment of both golden files, but for its name and outline.
 Compartment SampleCompartment();
