@@ -22,6 +22,11 @@ ProductPanel* PanelOf(HWND window) {
 
 LRESULT CALLBACK SplashProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
+        case WM_NCCREATE:
+            SetWindowLongPtrW(window, GWLP_USERDATA,
+                              reinterpret_cast<LONG_PTR>(
+                                  reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams));
+            break;
         case WM_CTLCOLORSTATIC:
             return reinterpret_cast<LRESULT>(ColourProductLabel(
                 reinterpret_cast<HWND>(lParam), reinterpret_cast<HDC>(wParam), COLOR_WINDOW));
@@ -48,8 +53,6 @@ void Centre(HWND window, SIZE client, UINT dpi) {
 
 void AddPanel(HWND window, const ProductTexts& texts) {
     AddProductPanel(window, texts);
-    SetWindowLongPtrW(window, GWLP_USERDATA,
-                      reinterpret_cast<LONG_PTR>(std::make_unique<ProductPanel>().release()));
     const UINT dpi = DpiOf(window);
     const SIZE panel = ScaleProductPanel(window, *PanelOf(window), dpi);
     const int margin = Scaled(kMargin, dpi);
@@ -74,9 +77,10 @@ void RegisterSplashClass() {
 void ShowSplash(const std::wstring& title, const ProgramVersion& version) {
     UnloadSplash();
     RegisterSplashClass();
-    const HWND window = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, kSplashClass,
-                                        title.c_str(), WS_POPUP | WS_BORDER, 0, 0, 0, 0, nullptr,
-                                        nullptr, GetModuleHandleW(nullptr), nullptr);
+    const HWND window =
+        CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, kSplashClass, title.c_str(),
+                        WS_POPUP | WS_BORDER, 0, 0, 0, 0, nullptr, nullptr,
+                        GetModuleHandleW(nullptr), std::make_unique<ProductPanel>().release());
     if (window == nullptr) return;
     AddPanel(window, {title, L"Version " + VersionText(version), version});
     ShowWindow(window, SW_SHOWNOACTIVATE);
