@@ -3,7 +3,7 @@
 
 #include <map>
 
-#include "benchmarks/sample_database.h"
+#include "benchmarks/measured_database.h"
 #include "platform/system.h"
 
 namespace corvane {

@@ -3,7 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include "companions/grvelk/drawing.h"
-#include "tests/unit/companions/sample_section.h"
+#include "tests/companions/sample_section.h"
 
 namespace corvane {
 namespace {

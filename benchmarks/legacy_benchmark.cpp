@@ -1,14 +1,14 @@
 // A full legacy database, 20 sections, converted into a model database, and one written.
 #include <benchmark/benchmark.h>
 
-#include "app/messages.h"
 #include "database/database_file.h"
 #include "database/editing.h"
 #include "database/section_file.h"
+#include "files/file_system.h"
 #include "legacy/exchange.h"
 #include "platform/system.h"
 #include "platform/ztvelk32.h"
-#include "util/files.h"
+#include "report/messages.h"
 
 namespace corvane {
 namespace {

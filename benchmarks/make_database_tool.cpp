@@ -2,7 +2,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "benchmarks/sample_database.h"
+#include "benchmarks/measured_database.h"
 
 int main(int count, char** arguments) {
     using namespace corvane;

@@ -1,11 +1,11 @@
 // One section of 30 strakes, 100 nodes and 200 stiffeners, read from a file and written to one.
 #include <benchmark/benchmark.h>
 
-#include "app/messages.h"
 #include "database/database_file.h"
 #include "database/section_file.h"
+#include "files/file_system.h"
 #include "platform/system.h"
-#include "util/files.h"
+#include "report/messages.h"
 
 namespace corvane {
 namespace {

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "util/array.h"
+#include "text/array.h"
 
 namespace corvane {
 

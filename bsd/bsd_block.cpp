@@ -1,10 +1,10 @@
-#include "app/messages.h"
 #include "bsd/bsd_file.h"
 #include "bsd/bsd_layout.h"
 #include "bsd/labels.h"
-#include "util/files.h"
-#include "util/numbers.h"
-#include "util/rewrite.h"
+#include "files/file_system.h"
+#include "files/rewrite.h"
+#include "report/messages.h"
+#include "text/numbers.h"
 
 namespace corvane {
 namespace {

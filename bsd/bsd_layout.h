@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "bsd/basic_ship_data.h"
-#include "util/text_file.h"
+#include "files/text_file.h"
 
 namespace corvane {
 

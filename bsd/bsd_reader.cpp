@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <limits>
 
-#include "app/messages.h"
 #include "bsd/bsd_file.h"
 #include "bsd/bsd_layout.h"
-#include "util/numbers.h"
+#include "report/messages.h"
+#include "text/numbers.h"
 
 namespace corvane {
 namespace {

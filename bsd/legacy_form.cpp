@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "platform/system.h"
-#include "util/text.h"
+#include "text/text.h"
 
 namespace corvane {
 namespace {

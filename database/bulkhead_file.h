@@ -4,7 +4,7 @@
 #include <string>
 
 #include "database/bulkhead.h"
-#include "util/text_file.h"
+#include "files/text_file.h"
 
 namespace corvane {
 

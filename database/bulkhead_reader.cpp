@@ -1,10 +1,10 @@
 #include <utility>
 
-#include "app/messages.h"
 #include "database/bulkhead_file.h"
 #include "database/bulkhead_lines.h"
 #include "database/database_file.h"
 #include "database/tables.h"
+#include "report/messages.h"
 
 namespace corvane {
 namespace {

@@ -1,10 +1,10 @@
 #include <algorithm>
 
-#include "app/messages.h"
 #include "database/bulkhead_file.h"
 #include "database/bulkhead_lines.h"
 #include "database/tables.h"
 #include "platform/system.h"
+#include "report/messages.h"
 
 namespace corvane {
 namespace {

@@ -2,9 +2,9 @@
 // that may change are looked at.
 #include <algorithm>
 
-#include "app/messages.h"
 #include "database/database_file.h"
-#include "util/numbers.h"
+#include "report/messages.h"
+#include "text/numbers.h"
 
 namespace corvane {
 namespace {

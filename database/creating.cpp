@@ -1,10 +1,10 @@
 // New files and new blocks.
-#include "app/messages.h"
 #include "bsd/bsd_file.h"
 #include "database/database_file.h"
-#include "util/files.h"
-#include "util/numbers.h"
-#include "util/rewrite.h"
+#include "files/file_system.h"
+#include "files/rewrite.h"
+#include "report/messages.h"
+#include "text/numbers.h"
 
 namespace corvane {
 namespace {

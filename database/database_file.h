@@ -13,7 +13,7 @@
 #include "bsd/basic_ship_data.h"
 #include "database/model_kind.h"
 #include "database/stamps.h"
-#include "util/text_file.h"
+#include "files/text_file.h"
 
 namespace corvane {
 

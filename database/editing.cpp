@@ -2,15 +2,15 @@
 
 #include <algorithm>
 
-#include "app/messages.h"
 #include "database/bulkhead_file.h"
 #include "database/database_file.h"
 #include "database/section_file.h"
-#include "util/files.h"
-#include "util/numbers.h"
-#include "util/processes.h"
-#include "util/rewrite.h"
-#include "util/text.h"
+#include "files/file_system.h"
+#include "files/rewrite.h"
+#include "files/running.h"
+#include "report/messages.h"
+#include "text/numbers.h"
+#include "text/text.h"
 
 namespace corvane {
 namespace {

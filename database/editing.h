@@ -1,4 +1,4 @@
-// Edits of a model database. Each of them writes the whole file anew (util/rewrite.h): copied
+// Edits of a model database. Each of them writes the whole file anew (files/rewrite.h): copied
 // spans, the new block, and number lines that change. After a failure, which is reported, the file
 // is as it was.
 //
@@ -7,7 +7,7 @@
 // edit is done there, and `path` becomes that file's name. A cancelled prompt ends the edit.
 // DeleteModel asks for nothing: a read-only file is reported. An empty path does nothing.
 //
-// With `keepBackup` the file's old text is put at BackupPath(path) (util/paths.h) first.
+// With `keepBackup` the file's old text is put at BackupPath(path) (files/paths.h) first.
 #pragma once
 
 #include <cstdint>

@@ -2,10 +2,10 @@
 #include <algorithm>
 #include <limits>
 
-#include "app/messages.h"
 #include "database/database_file.h"
-#include "util/numbers.h"
-#include "util/text.h"
+#include "report/messages.h"
+#include "text/numbers.h"
+#include "text/text.h"
 
 namespace corvane {
 namespace {

@@ -4,9 +4,9 @@
 #include <cmath>
 #include <limits>
 
-#include "app/messages.h"
 #include "platform/system.h"
-#include "util/text.h"
+#include "report/messages.h"
+#include "text/text.h"
 
 namespace corvane {
 namespace {

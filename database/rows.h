@@ -17,9 +17,9 @@
 #include <string_view>
 
 #include "database/database_file.h"
-#include "util/array.h"
-#include "util/numbers.h"
-#include "util/text_file.h"
+#include "files/text_file.h"
+#include "text/array.h"
+#include "text/numbers.h"
 
 namespace corvane {
 

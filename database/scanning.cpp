@@ -1,8 +1,8 @@
 // Recognising a database and finding the blocks in it.
-#include "app/messages.h"
 #include "database/database_file.h"
-#include "util/numbers.h"
-#include "util/text.h"
+#include "report/messages.h"
+#include "text/numbers.h"
+#include "text/text.h"
 
 namespace corvane {
 namespace {

@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "platform/grvelk.h"
-#include "util/array.h"
+#include "text/array.h"
 
 namespace corvane {
 

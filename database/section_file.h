@@ -5,7 +5,7 @@
 
 #include "database/model_kind.h"
 #include "database/section.h"
-#include "util/text_file.h"
+#include "files/text_file.h"
 
 namespace corvane {
 

@@ -1,12 +1,12 @@
 #include <algorithm>
 #include <utility>
 
-#include "app/messages.h"
 #include "database/bulkhead_file.h"
 #include "database/database_file.h"
 #include "database/section_file.h"
 #include "database/section_lines.h"
 #include "database/tables.h"
+#include "report/messages.h"
 
 namespace corvane {
 namespace {

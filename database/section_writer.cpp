@@ -1,9 +1,9 @@
 #include <algorithm>
 
-#include "app/messages.h"
 #include "database/section_file.h"
 #include "database/section_lines.h"
 #include "database/tables.h"
+#include "report/messages.h"
 
 namespace corvane {
 namespace {

@@ -2,12 +2,12 @@
 
 #include <array>
 
-#include "app/messages.h"
 #include "platform/system.h"
 #include "platform/ztutil32.h"
-#include "util/numbers.h"
-#include "util/text.h"
-#include "util/version.h"
+#include "report/messages.h"
+#include "text/numbers.h"
+#include "text/text.h"
+#include "text/version.h"
 
 namespace corvane {
 namespace {

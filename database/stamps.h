@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "util/text_file.h"
+#include "files/text_file.h"
 
 namespace corvane {
 

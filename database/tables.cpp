@@ -2,9 +2,9 @@
 
 #include <array>
 
-#include "app/messages.h"
 #include "platform/ztutil32.h"
-#include "util/text.h"
+#include "report/messages.h"
+#include "text/text.h"
 
 namespace corvane {
 namespace {

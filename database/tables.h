@@ -11,9 +11,9 @@
 #include <utility>
 #include <vector>
 
-#include "app/message_numbers.h"
 #include "database/rows.h"
 #include "platform/grvelk.h"
+#include "report/message_numbers.h"
 
 namespace corvane {
 

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <utility>
 
-#include "app/messages.h"
-#include "util/text_file.h"
+#include "files/text_file.h"
+#include "report/messages.h"
 
 namespace corvane::fuzz {
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "app/command_line.h"
 #include "fuzz/fuzz.h"
-#include "util/text.h"
+#include "shell/command_line.h"
+#include "text/text.h"
 
 namespace {
 

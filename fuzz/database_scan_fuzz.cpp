@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "database/database_file.h"
+#include "files/file_system.h"
 #include "fuzz/fuzz.h"
-#include "util/files.h"
-#include "util/numbers.h"
+#include "text/numbers.h"
 
 namespace corvane {
 namespace {

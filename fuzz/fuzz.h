@@ -23,7 +23,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/unit/support.h"
+#include "tests/support/support.h"
 
 #define CORVANE_FUZZ_TARGET(name)                                                             \
     static void name##Target(std::string_view bytes);                                         \

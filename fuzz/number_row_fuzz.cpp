@@ -3,7 +3,7 @@
 #include <string>
 
 #include "fuzz/fuzz.h"
-#include "util/numbers.h"
+#include "text/numbers.h"
 
 namespace {
 

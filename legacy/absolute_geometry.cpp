@@ -3,10 +3,10 @@
 #include <string>
 #include <vector>
 
-#include "app/messages.h"
 #include "legacy/geometry.h"
 #include "legacy/section_records.h"
 #include "platform/ztutil32.h"
+#include "report/messages.h"
 
 namespace corvane {
 namespace {

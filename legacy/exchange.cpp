@@ -6,15 +6,15 @@
 #include <cstring>
 #include <memory>
 
-#include "app/messages.h"
 #include "bsd/bsd_file.h"
 #include "bsd/legacy_form.h"
 #include "database/section_file.h"
+#include "files/file_system.h"
 #include "legacy/section_record.h"
 #include "platform/system.h"
 #include "platform/ztvelk32.h"
-#include "util/files.h"
-#include "util/text.h"
+#include "report/messages.h"
+#include "text/text.h"
 
 namespace corvane {
 namespace {

@@ -1,8 +1,8 @@
 #include "legacy/geometry.h"
 
-#include "app/messages.h"
 #include "legacy/section_records.h"
 #include "platform/ztutil32.h"
+#include "report/messages.h"
 
 namespace corvane {
 Node NodeRecord(const Section& section, NodeReference reference) {

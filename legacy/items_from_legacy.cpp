@@ -2,10 +2,10 @@
 #include <cmath>
 #include <vector>
 
-#include "app/messages.h"
 #include "legacy/fields.h"
 #include "legacy/from_legacy.h"
 #include "legacy/section_records.h"
+#include "report/messages.h"
 
 namespace corvane {
 namespace {

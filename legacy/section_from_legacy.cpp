@@ -1,11 +1,11 @@
-#include "app/messages.h"
 #include "legacy/compartments.h"
 #include "legacy/fields.h"
 #include "legacy/from_legacy.h"
 #include "legacy/geometry.h"
 #include "legacy/section_record.h"
 #include "platform/system.h"
-#include "util/text.h"
+#include "report/messages.h"
+#include "text/text.h"
 
 namespace corvane {
 namespace {

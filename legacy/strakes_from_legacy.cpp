@@ -1,12 +1,12 @@
 // Strakes and nodes of a section from the legacy form.
 #include <algorithm>
 
-#include "app/messages.h"
 #include "legacy/fields.h"
 #include "legacy/from_legacy.h"
 #include "legacy/geometry.h"
 #include "legacy/node_kinds.h"
 #include "legacy/section_records.h"
+#include "report/messages.h"
 
 namespace corvane {
 namespace {

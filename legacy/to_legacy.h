@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <string>
 
-#include "app/messages.h"
 #include "database/section.h"
 #include "platform/ztvelk32.h"
+#include "report/messages.h"
 
 namespace corvane {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "util/numbers.h"
+#include "text/numbers.h"
 
 namespace corvane {
 namespace {

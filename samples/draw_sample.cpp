@@ -10,7 +10,7 @@
 #include "database/section_file.h"
 #include "platform/system.h"
 #include "preview/section_preview.h"
-#include "tests/unit/host/drawing_recorder.h"
+#include "tests/companions/host/drawing_recorder.h"
 
 namespace corvane::samples {
 namespace {

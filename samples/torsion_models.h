@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "files/text_file.h"
 #include "samples/ship_sections.h"
-#include "util/text_file.h"
 
 namespace corvane::samples {
 

@@ -7,14 +7,14 @@
 #include <chrono>
 #include <cstdio>
 
-#include "app/state.h"
 #include "bsd/bsd_file.h"
 #include "database/database_file.h"
 #include "platform/system.h"
-#include "ui/commands/main_window.h"
-#include "ui/windows/control_ids.h"
-#include "ui/windows/list_view.h"
-#include "ui/windows/screen.h"
+#include "shell/state.h"
+#include "shell/window_contents.h"
+#include "ui/base/control_ids.h"
+#include "ui/main_window/model_list_view.h"
+#include "ui/main_window/windows_screen.h"
 
 namespace corvane {
 namespace {

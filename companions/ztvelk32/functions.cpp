@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "companions/ztvelk32/database_file.h"
+#include "companions/ztvelk32/legacy_file.h"
 #include "platform/system.h"
 
 using namespace corvane;

@@ -31,12 +31,12 @@ def contracts(root):
 
 def programs(root):
     """The shell, and the stand-ins for the suite's other programs."""
-    names = ["Corvane.exe"] if os.path.isdir(os.path.join(root, "ui/windows")) else []
-    if os.path.isdir(os.path.join(root, "siblings")):
-        build_file = read_bytes(root, "siblings/CMakeLists.txt").decode("utf-8")
+    names = ["Corvane.exe"] if os.path.isdir(os.path.join(root, "ui")) else []
+    if os.path.isdir(os.path.join(root, "stand_ins")):
+        build_file = read_bytes(root, "stand_ins/CMakeLists.txt").decode("utf-8")
         stand_ins = STAND_IN.findall(build_file)
         if len(stand_ins) != 7:
-            print(f"siblings/CMakeLists.txt: {len(stand_ins)} stand-ins, not 7")
+            print(f"stand_ins/CMakeLists.txt: {len(stand_ins)} stand-ins, not 7")
             sys.exit(1)
         names += [f"{name}.exe" for name in stand_ins]
     return names

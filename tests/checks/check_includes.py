@@ -8,29 +8,28 @@ import sys
 from sources import Findings, cpp_files, read_lines
 
 # What each folder may include besides itself.
-BELOW_DATABASE = ["bsd", "util", "platform"]
-BELOW_APP = ["preview", "legacy", "database"] + BELOW_DATABASE
-BELOW = {
-    "platform": [],
-    "util": ["platform"],
-    "bsd": ["util", "platform"],
-    "database": BELOW_DATABASE,
-    "preview": ["database"] + BELOW_DATABASE,
-    "legacy": ["database"] + BELOW_DATABASE,
-    "app": BELOW_APP,
-    "ui/commands": ["app"] + BELOW_APP,
-    "ui/windows": ["ui/commands", "app"] + BELOW_APP,
-    "drafting": ["database"] + BELOW_DATABASE,
-    "siblings": ["drafting", "ui/windows", "app"] + BELOW_APP,
+LAYERS = ["platform", "text", "report", "files", "bsd", "database"]
+BELOW_SHELL = ["preview", "legacy"] + LAYERS
+BELOW_UI = ["shell/commands", "shell"] + BELOW_SHELL
+BELOW = {name: LAYERS[:i] for i, name in enumerate(LAYERS)} | {
+    "preview": LAYERS,
+    "legacy": LAYERS,
+    "shell": BELOW_SHELL,
+    "shell/commands": ["shell"] + BELOW_SHELL,
+    "ui/base": BELOW_UI,
+    "ui/pictures": ["ui/base"] + BELOW_UI,
+    "ui/dialogs": ["ui/pictures", "ui/base"] + BELOW_UI,
+    "ui/main_window": ["ui/dialogs", "ui/pictures", "ui/base"] + BELOW_UI,
+    "drafting": LAYERS,
+    "stand_ins": ["drafting", "ui/dialogs", "ui/pictures", "ui/base", "shell"] + BELOW_SHELL,
 }
 # The contracts of messages, for every folder of the shell but platform/.
-LEAF = ("app/messages.h", "app/message_numbers.h")
+LEAF = ("report/messages.h", "report/message_numbers.h")
 # Tests and tools look at everything.
 FREE = ("tests", "fuzz", "benchmarks", "samples")
 
-WINDOWS_PLACES = re.compile(r"^(platform/win32|ui/windows|companions/[^/]+/win32"
-                            r"|siblings/win32|tests/ui|tests/unit/win32|tests/faults/win32)/")
-SYSTEM_CONDITIONS = re.compile(r"^(platform/|ui/windows/|companions/|tests/unit/support\.cpp$)")
+WINDOWS_PLACES = re.compile(r"^(ui|tests/ui|(.*/)?win32)/")
+SYSTEM_CONDITIONS = re.compile(r"^(platform/|ui/|companions/|tests/support/support\.cpp$)")
 HOST_PLACES = re.compile(r"^(platform/host|companions/[^/]+/host|tests|fuzz|benchmarks)/")
 WINDOWS_HEADER = "platform/win32/win32.h"
 
@@ -47,7 +46,7 @@ CONDITION = re.compile(r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b.*"
 
 def folder_of(path):
     parts = path.split("/")
-    if parts[0] in ("ui", "companions") and len(parts) > 2:
+    if parts[0] in ("ui", "companions", "shell") and len(parts) > 2:
         return "/".join(parts[:2])
     return parts[0]
 

@@ -1,4 +1,4 @@
-"""check_message_numbers.py ROOT: messages are named by app/message_numbers.h, never by number."""
+"""check_message_numbers.py ROOT: messages are named by report/message_numbers.h, never by number."""
 
 import re
 import sys

@@ -8,7 +8,7 @@ from sources import Findings, all_files, is_code, read_bytes
 PROCEDURE_LINES = 70
 FILE_LINES = 600
 # Plain tables.
-TABLES = ("app/message_numbers.h",)
+TABLES = ("report/message_numbers.h",)
 
 NOT_CODE = re.compile(
     r"""//[^\n]*|/\*.*?\*/                          # comments

@@ -1,15 +1,15 @@
 #include "tests/faults/edits.h"
 
-#include "app/messages.h"
 #include "bsd/bsd_file.h"
 #include "database/database_file.h"
 #include "database/editing.h"
 #include "database/stamps.h"
+#include "files/rewrite.h"
 #include "platform/ztutil32.h"
-#include "tests/unit/database/bulkhead_sample.h"
-#include "tests/unit/database/section_sample.h"
-#include "tests/unit/support.h"
-#include "util/rewrite.h"
+#include "report/messages.h"
+#include "tests/database/bulkhead_sample.h"
+#include "tests/database/section_sample.h"
+#include "tests/support/support.h"
 
 namespace corvane::faults {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "app/messages.h"
-#include "util/files.h"
+#include "files/file_system.h"
+#include "report/messages.h"
 
 namespace corvane::faults {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "tests/faults/edits.h"
 #include "tests/faults/injection.h"
-#include "tests/unit/support.h"
+#include "tests/support/support.h"
 
 namespace corvane::faults {
 

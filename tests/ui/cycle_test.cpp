@@ -8,14 +8,14 @@
 
 #include "bsd/bsd_file.h"
 #include "database/database_file.h"
-#include "siblings/win32/control_ids.h"
+#include "shell/commands/commands.h"
+#include "stand_ins/win32/form_control_ids.h"
+#include "tests/support/support.h"
 #include "tests/ui/driver.h"
 #include "tests/ui/file_dialog.h"
 #include "tests/ui/keyboard.h"
 #include "tests/ui/screenshot.h"
-#include "tests/unit/support.h"
-#include "ui/commands/commands.h"
-#include "ui/windows/control_ids.h"
+#include "ui/base/control_ids.h"
 
 namespace corvane::ui {
 namespace {

@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <functional>
 
+#include "tests/support/support.h"
 #include "tests/ui/screenshot.h"
-#include "tests/unit/support.h"
 
 namespace corvane::ui {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "ui/windows/control_ids.h"
+#include "ui/base/control_ids.h"
 
 namespace corvane::ui {
 namespace {

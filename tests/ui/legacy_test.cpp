@@ -6,12 +6,12 @@
 #include <utility>
 #include <vector>
 
+#include "shell/commands/commands.h"
+#include "tests/support/support.h"
 #include "tests/ui/driver.h"
 #include "tests/ui/file_dialog.h"
 #include "tests/ui/screenshot.h"
-#include "tests/unit/support.h"
-#include "ui/commands/commands.h"
-#include "ui/windows/control_ids.h"
+#include "ui/base/control_ids.h"
 
 namespace corvane::ui {
 namespace {

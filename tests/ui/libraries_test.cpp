@@ -4,8 +4,8 @@
 
 #include <string>
 
+#include "tests/support/support.h"
 #include "tests/ui/driver.h"
-#include "tests/unit/support.h"
 
 namespace corvane::ui {
 namespace {

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <string>
 
-#include "siblings/win32/control_ids.h"
+#include "stand_ins/win32/form_control_ids.h"
 #include "tests/ui/main_window_fixture.h"
 #include "tests/ui/screenshot.h"
 

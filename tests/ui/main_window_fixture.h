@@ -5,11 +5,11 @@
 
 #include <string>
 
+#include "shell/commands/commands.h"
+#include "tests/support/support.h"
 #include "tests/ui/driver.h"
 #include "tests/ui/keyboard.h"
-#include "tests/unit/support.h"
-#include "ui/commands/commands.h"
-#include "ui/windows/control_ids.h"
+#include "ui/base/control_ids.h"
 
 namespace corvane::ui {
 

@@ -1,10 +1,10 @@
 // The preview of the real program: what an item click and the check box make of the picture.
 #include <gtest/gtest.h>
 
+#include "tests/support/support.h"
 #include "tests/ui/driver.h"
 #include "tests/ui/screenshot.h"
-#include "tests/unit/support.h"
-#include "ui/windows/control_ids.h"
+#include "ui/base/control_ids.h"
 
 namespace corvane::ui {
 namespace {

@@ -1,5 +1,5 @@
 // Edit, Rule, Create and BSD > Open with a program that does what its database's name tells
-// (tests/unit/win32/child_program.cc): the lock meanwhile, and what it leaves behind.
+// (tests/ui/child_program.cc): the lock meanwhile, and what it leaves behind.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -9,11 +9,11 @@
 #include <string>
 #include <vector>
 
+#include "shell/commands/commands.h"
+#include "tests/support/support.h"
 #include "tests/ui/driver.h"
 #include "tests/ui/file_dialog.h"
-#include "tests/unit/support.h"
-#include "ui/commands/commands.h"
-#include "ui/windows/control_ids.h"
+#include "ui/base/control_ids.h"
 // windows.h must come first.
 #include <tlhelp32.h>
 

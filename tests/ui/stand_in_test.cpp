@@ -6,9 +6,9 @@
 
 #include "bsd/bsd_file.h"
 #include "database/database_file.h"
-#include "siblings/win32/control_ids.h"
+#include "stand_ins/win32/form_control_ids.h"
+#include "tests/support/support.h"
 #include "tests/ui/driver.h"
-#include "tests/unit/support.h"
 
 namespace corvane::ui {
 namespace {

@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "shell/commands/commands.h"
+#include "tests/support/support.h"
 #include "tests/ui/driver.h"
-#include "tests/unit/support.h"
-#include "ui/commands/commands.h"
-#include "ui/windows/control_ids.h"
+#include "ui/base/control_ids.h"
 
 namespace corvane::ui {
 namespace {

@@ -1,7 +1,0 @@
-#include "app/state.h"
-
-namespace corvane {
-
-ShellState shell;
-
-}  // namespace corvane

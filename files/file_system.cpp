@@ -1,0 +1,211 @@
+#include "files/file_system.h"
+
+#include <array>
+#include <cassert>
+#include <memory>
+
+#include "files/paths.h"
+#include "report/messages.h"
+
+namespace corvane {
+namespace {
+
+using system::ErrorNumber;
+using system::kErrorNone;
+
+// The system uses the first three characters.
+constexpr wchar_t kTemporaryPrefix[] = L"Corvane";
+
+constexpr size_t kCopyBufferSize = 64 * 1024;
+
+// Pauses between the attempts at a file that another program holds: a second in all.
+constexpr std::array kDelays_ms = {10, 30, 60, 120, 240, 540};
+
+bool IsHeldByAnother(ErrorNumber error) {
+    return error == system::kErrorAccessDenied || error == system::kErrorSharingViolation ||
+           error == system::kErrorLockViolation;
+}
+
+ErrorNumber CopyOpenFile(system::File from, system::File to) {
+    const auto buffer = std::make_unique<char[]>(kCopyBufferSize);
+    while (true) {
+        size_t count = 0;
+        ErrorNumber error = system::ReadBytes(from, buffer.get(), kCopyBufferSize, count);
+        if (error != kErrorNone || count == 0) return error;
+        error = system::WriteBytes(to, buffer.get(), count);
+        if (error != kErrorNone) return error;
+    }
+}
+
+// Fills the empty file `copy` from `source` and sees to it that the disk has it.
+ErrorNumber CopyToDisk(system::File source, const std::wstring& copy) {
+    system::File file;
+    ErrorNumber error = system::CreateForWriting(copy, file);
+    if (error != kErrorNone) return error;
+    error = CopyOpenFile(source, file);
+    if (error == kErrorNone) error = system::FlushToDisk(file);
+    const ErrorNumber closing = system::CloseFile(file);
+    return error != kErrorNone ? error : closing;
+}
+
+// Makes a new file beside `target` with the text of `temporary`. `copy` gets its name once there
+// is one to be removed.
+ErrorNumber CopyBeside(const std::wstring& temporary, const std::wstring& target,
+                       std::wstring& copy) {
+    system::File source;
+    ErrorNumber error = system::OpenForReading(temporary, source);
+    if (error != kErrorNone) return error;
+    error = system::NewTemporaryName(DirectoryOf(target), kTemporaryPrefix, copy);
+    if (error == kErrorNone) error = CopyToDisk(source, copy);
+    system::CloseFile(source);
+    return error;
+}
+
+// Calls again, after a pause, as long as the error is one of those that may pass.
+template <class Call>
+ErrorNumber CallPatiently(bool (*mayPass)(ErrorNumber), Call call) {
+    ErrorNumber error = call();
+    for (const int delay : kDelays_ms) {
+        if (!mayPass(error)) break;
+        system::SleepFor(delay);
+        error = call();
+    }
+    return error;
+}
+
+ErrorNumber RenamePatiently(const std::wstring& from, const std::wstring& to) {
+    return CallPatiently(IsHeldByAnother, [&] { return system::RenameOver(from, to); });
+}
+
+// Whether a file of that name is known to be there, be it one that can't be opened.
+bool IsThere(const std::wstring& path) {
+    system::FileStatus status;
+    return system::GetFileStatus(path, status) == kErrorNone && status.exists;
+}
+
+void RemoveOrTell(const std::wstring& path, ReplaceResult& result) {
+    if (RemoveOwnFile(path) != kErrorNone) result.leftOver = path;
+}
+
+// The way for a target that a reader holds for good. The old text stands under the backup name
+// until the new one is in place; it is not removed unless the target has one of the two.
+void SwapWithBackup(const std::wstring& copy, const std::wstring& target, ReplaceResult& result) {
+    std::wstring backup;
+    result.error = system::NewTemporaryName(DirectoryOf(target), kTemporaryPrefix, backup);
+    if (result.error != kErrorNone) return;
+    result.error = system::SwapIn(target, copy, backup);
+    // A swap that stopped halfway has taken the old text away: it goes back.
+    if (result.Done() || IsThere(target) || RenamePatiently(backup, target) == kErrorNone) {
+        RemoveOrTell(backup, result);
+    } else {
+        result.oldText = backup;
+    }
+}
+
+void PutInPlace(const std::wstring& copy, const std::wstring& target, bool targetExists,
+                ReplaceResult& result) {
+    if (targetExists) result.error = system::CopyAttributes(target, copy);
+    if (!result.Done()) return;
+    result.error = RenamePatiently(copy, target);
+    if (targetExists && IsHeldByAnother(result.error)) SwapWithBackup(copy, target, result);
+}
+
+}  // namespace
+
+bool FileExists(const std::wstring& path) {
+    if (path.empty()) return false;
+    system::File file;
+    const ErrorNumber error = system::OpenForReading(path, file);
+    system::CloseFile(file);
+    // A file that is missing is an answer, no error.
+    if (error != kErrorNone && error != system::kErrorFileNotFound &&
+        error != system::kErrorPathNotFound) {
+        ReportDebugError(L"FileExist(" + path + L")", error);
+    }
+    return error == kErrorNone;
+}
+
+bool IsDirectory(const std::wstring& path) {
+    system::FileStatus status;
+    return system::GetFileStatus(StripTrailingBackslash(path), status) == kErrorNone &&
+           status.exists && status.isDirectory;
+}
+
+bool IsReadOnlyFile(const std::wstring& path) {
+    system::FileStatus status;
+    return system::GetFileStatus(path, status) == kErrorNone && status.exists && status.isReadOnly;
+}
+
+void KillFile(const std::wstring& path) {
+    if (!FileExists(path)) return;
+    const ErrorNumber error = system::RemoveFile(path);
+    if (error != kErrorNone) ReportDebugError(L"ExKill " + path, error);
+}
+
+ErrorNumber AwaitReadable(const std::wstring& path) {
+    const auto isLocked = [](ErrorNumber error) {
+        return error == system::kErrorSharingViolation || error == system::kErrorLockViolation;
+    };
+    return CallPatiently(isLocked, [&] {
+        system::File file;
+        const ErrorNumber error = system::OpenForReading(path, file);
+        system::CloseFile(file);
+        return error;
+    });
+}
+
+ErrorNumber RemoveOwnFile(const std::wstring& path) {
+    const auto isThere = [](ErrorNumber error) {
+        return error != kErrorNone && error != system::kErrorFileNotFound;
+    };
+    const ErrorNumber error = CallPatiently(isThere, [&] { return system::RemoveFile(path); });
+    if (!isThere(error)) return kErrorNone;
+    ReportDebugError(L"ExKill " + path, error);
+    return error;
+}
+
+ErrorNumber NewTemporaryFile(std::wstring& path) {
+    path.clear();
+    const std::wstring directory = system::TemporaryDirectory();
+    if (directory.empty()) return system::kErrorPathNotFound;
+    return system::NewTemporaryName(directory, kTemporaryPrefix, path);
+}
+
+std::wstring TempFileName() {
+    std::wstring name;
+    const ErrorNumber error = NewTemporaryFile(name);
+    KillFile(name);
+    return error == kErrorNone ? name : std::wstring();
+}
+
+ReplaceResult PutCopy(const std::wstring& source, const std::wstring& target) {
+    ReplaceResult result;
+    const std::wstring path = system::AbsolutePath(target);
+    assert(system::AbsolutePath(source) != path);
+    system::FileStatus status;
+    result.error = system::GetFileStatus(path, status);
+    if (status.exists && (status.isReadOnly || status.isDirectory)) {
+        result.error = system::kErrorAccessDenied;
+    }
+    if (!result.Done()) return result;
+    std::wstring copy;
+    result.error = CopyBeside(source, path, copy);
+    if (result.Done()) PutInPlace(copy, path, status.exists, result);
+    if (!result.Done() && !copy.empty()) RemoveOrTell(copy, result);
+    return result;
+}
+
+ReplaceResult ReplaceFile(const std::wstring& temporary, const std::wstring& target) {
+    ReplaceResult result = PutCopy(temporary, target);
+    if (result.Done()) RemoveOrTell(temporary, result);
+    return result;
+}
+
+void ChangeToDirectory(const std::wstring& path) {
+    if (path.size() >= 2 && path[1] == L':') system::SetCurrentTo(path.substr(0, 2));
+    std::wstring folder = StripTrailingBackslash(path);
+    if (folder.empty() || folder.ends_with(L':')) folder += L'\\';
+    system::SetCurrentTo(folder);
+}
+
+}  // namespace corvane

@@ -1,0 +1,104 @@
+#include "shell/commands/commands.h"
+
+#include <algorithm>
+#include <array>
+
+#include "shell/commands/bsd_commands.h"
+#include "shell/commands/exchange_commands.h"
+#include "shell/commands/file_commands.h"
+#include "shell/commands/help_commands.h"
+#include "shell/commands/model_commands.h"
+#include "shell/suite_programs.h"
+
+namespace corvane {
+namespace {
+
+constexpr Command Separator(Menu menu) {
+    return {0, menu, "", L"", EnabledWhen::kAlways, nullptr};
+}
+
+constexpr std::array kCommands = {
+    Command{ME_FileNew, Menu::kFile, "ME_FileNew", L"&New database...", EnabledWhen::kAlways,
+            ME_FileNew_Click},
+    Command{ME_FileOpen, Menu::kFile, "ME_FileOpen", L"&Open database...", EnabledWhen::kAlways,
+            ME_FileOpen_Click},
+    Command{ME_FileSaveAs, Menu::kFile, "ME_FileSaveAs", L"&Save database as...",
+            EnabledWhen::kDatabaseOpen, ME_FileSaveAs_Click},
+    Command{ME_FileSaveLegacy, Menu::kFile, "ME_FileSaveLegacy", L"Save as &Velk Dos...",
+            EnabledWhen::kDatabaseOpen, ME_FileSaveLegacy_Click},
+    Separator(Menu::kFile),
+    Command{ME_FileQuit, Menu::kFile, "ME_FileQuit", L"&Quit", EnabledWhen::kAlways,
+            ME_FileQuit_Click},
+
+    Command{ME_FileBSD, Menu::kBsd, "ME_FileBSD", L"&Open...", EnabledWhen::kDatabaseOpen,
+            ME_FileBSD_Click},
+    Command{ME_FileImportBSD, Menu::kBsd, "ME_FileImportBSD", L"&Import...",
+            EnabledWhen::kDatabaseOpen, ME_FileImportBSD_Click},
+
+    Command{ME_SectionNew, Menu::kCreate, "ME_SectionNew", L"&Section...", EnabledWhen::kBsdDefined,
+            ME_SectionNew_Click},
+    Command{ME_NewBulkhead, Menu::kCreate, "ME_NewBulkhead", L"&Bulkhead Arrangement",
+            EnabledWhen::kBsdDefined, ME_NewBulkhead_Click},
+    Command{ME_NewTorsion, Menu::kCreate, "ME_NewTorsion", L"&Model for Torsion",
+            EnabledWhen::kBsdDefined, ME_NewTorsion_Click},
+
+    Command{ME_SectionInput, Menu::kSection, "ME_SectionInput", L"&Edit...",
+            EnabledWhen::kModelSelected, ME_SectionInput_Click},
+    Command{ME_SectionVelkRule, Menu::kSection, "ME_SectionVelkRule", L"&Rule...",
+            EnabledWhen::kModelSelected, ME_SectionVelkRule_Click},
+    Separator(Menu::kSection),
+    Command{ME_SectionCopy, Menu::kSection, "ME_SectionCopy", L"&Copy...",
+            EnabledWhen::kModelSelected, ME_SectionCopy_Click},
+    Command{ME_SectionRemove, Menu::kSection, "ME_SectionRemove", L"&Delete...",
+            EnabledWhen::kModelSelected, ME_SectionRemove_Click},
+    Separator(Menu::kSection),
+    Command{ME_SectionImport, Menu::kSection, "ME_SectionImport", L"&Import...",
+            EnabledWhen::kDatabaseOpen, ME_SectionImport_Click},
+    Command{ME_SectionExport, Menu::kSection, "ME_SectionExport", L"E&xport to Velk Dos...",
+            EnabledWhen::kModelSelected, ME_SectionExport_Click},
+
+    Command{ME_HelpAbout, Menu::kHelp, "ME_HelpAbout", L"&About...", EnabledWhen::kAlways,
+            ME_HelpAbout_Click},
+};
+
+}  // namespace
+
+std::span<const Command> Commands() {
+    return kCommands;
+}
+
+const Command* FindCommand(uint16_t id) {
+    const auto found = std::find_if(kCommands.begin(), kCommands.end(),
+                                    [&](const Command& command) { return command.id == id; });
+    return id == 0 || found == kCommands.end() ? nullptr : &*found;
+}
+
+const wchar_t* MenuCaption(Menu menu) {
+    switch (menu) {
+        case Menu::kFile:
+            return L"&File";
+        case Menu::kBsd:
+            return L"&BSD";
+        case Menu::kCreate:
+            return L"&Create";
+        case Menu::kSection:
+            return SectionMenuCaption(ModelKind::kSection);
+        case Menu::kHelp:
+            break;
+    }
+    return L"&Help";
+}
+
+const wchar_t* SectionMenuCaption(ModelKind kind) {
+    switch (kind) {
+        case ModelKind::kBulkhead:
+            return L"Bul&khead";
+        case ModelKind::kTorsion:
+            return L"&Torsion";
+        case ModelKind::kSection:
+            break;
+    }
+    return L"&Section";
+}
+
+}  // namespace corvane

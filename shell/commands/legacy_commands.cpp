@@ -1,0 +1,95 @@
+#include "shell/commands/legacy_commands.h"
+
+#include "database/editing.h"
+#include "files/file_system.h"
+#include "files/paths.h"
+#include "files/running.h"
+#include "legacy/exchange.h"
+#include "platform/system.h"
+#include "report/messages.h"
+#include "shell/commands/commands.h"
+#include "shell/file_prompt.h"
+#include "shell/state.h"
+#include "shell/window_contents.h"
+#include "text/text.h"
+
+namespace corvane {
+namespace {
+
+// Base name of the legacy databases whose folder tells the ship.
+constexpr wchar_t kDefaultName[] = L"star";
+
+std::wstring NewBaseName(const std::wstring& legacyPath) {
+    const std::wstring baseName = StripExtension(FileNameOf(legacyPath));
+    const bool isDefault = LowerCase(baseName) == kDefaultName;
+    return isDefault ? CleanFileName(DirectoryOf(legacyPath)) : baseName;
+}
+
+bool MayBeWritten(const std::wstring& path) {
+    return !FileExists(path) ||
+           shell.screen.askYesNo(ExpandLineBreaks(FormatMessage(kMsgOverwriteQuestion, {path})));
+}
+
+// Appends the sections to a database that has no model.
+bool AppendSections(const std::wstring& legacyPath, std::wstring& path) {
+    int16_t status = 0;
+    const std::vector<ModelEntry> list = ListLegacySections(legacyPath, status);
+    if (!WasLegacyRead(legacyPath, status)) return false;
+    for (int16_t number = 1; static_cast<size_t>(number) <= list.size(); ++number) {
+        SectionModel section;
+        if (!ImportSection(legacyPath, number, section)) return false;
+        if (!ReplaceSection(path, section, number, false)) return false;
+    }
+    return true;
+}
+
+// Puts the whole new database, made elsewhere, at `path`.
+bool WriteConverted(const std::wstring& legacyPath, const std::wstring& path, BasicShipData& bsd) {
+    std::wstring temporary = TempFileName();
+    bool done = CreateDatabaseFile(temporary, bsd) && AppendSections(legacyPath, temporary);
+    if (done) {
+        const ReplaceResult result = PutCopy(temporary, path);
+        done = result.Done();
+        if (!done) ReportMessage(kMsgFileNotMade, {path, system::ErrorText(result.error)});
+    }
+    KillFile(temporary);
+    return done;
+}
+
+void Convert(const std::wstring& legacyPath) {
+    BasicShipData bsd;
+    if (!WasLegacyRead(legacyPath, LoadBsdFromLegacy(legacyPath, bsd))) return;
+    const std::wstring baseName = NewBaseName(legacyPath);
+    bsd.Titles(5).Assign(UpperCase(baseName));
+    ChangeToDirectory(shell.settings.WorkDirectory);
+    const std::wstring path = system::AbsolutePath(baseName + L".ve2");
+    if (!MayBeWritten(path) || !WriteConverted(legacyPath, path, bsd)) return;
+    shell.settings.DatabasePath = LowerCase(path);
+    shell.bsd = bsd;
+    shell.currentModel = 1;
+}
+
+std::wstring AskForLegacyFile() {
+    return AskForFile({.command = ME_FileOpen,
+                       .types = GetMessage(kMsgLegacyFiles),
+                       .defaultExtension = L"vel",
+                       .proposed = L"",
+                       .directory = shell.settings.BrowseDirectory});
+}
+
+}  // namespace
+
+void OpenLegacyDatabase(std::wstring path) {
+    path = path.empty() ? AskForLegacyFile() : system::AbsolutePath(path);
+    if (path.empty()) return;
+    const std::wstring remembered = system::CurrentDirectory();
+    ChangeToDirectory(DirectoryOf(path));
+    SetBusyPointer();
+    shell.settings.BrowseDirectory = DirectoryOf(path);
+    Convert(path);
+    ChangeToDirectory(remembered);
+    ResetMousePointer();
+    RefreshMainWindow();
+}
+
+}  // namespace corvane

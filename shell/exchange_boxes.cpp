@@ -1,0 +1,90 @@
+#include "shell/exchange_boxes.h"
+
+#include "bsd/bsd_file.h"
+#include "bsd/labels.h"
+#include "database/database_file.h"
+#include "database/section_file.h"
+#include "files/file_system.h"
+#include "files/paths.h"
+#include "legacy/exchange.h"
+#include "report/messages.h"
+#include "shell/current_model.h"
+#include "shell/state.h"
+
+namespace corvane {
+namespace {
+
+const wchar_t* KindSuffix(ModelKind kind) {
+    switch (kind) {
+        case ModelKind::kBulkhead:
+            return L" (bulkhead)";
+        case ModelKind::kTorsion:
+            return L" (torsion)";
+        case ModelKind::kSection:
+            break;
+    }
+    return L"";
+}
+
+std::vector<ModelEntry> ListLegacy(const std::wstring& path) {
+    int16_t status = 0;
+    std::vector<ModelEntry> sections = ListLegacySections(path, status);
+    WasLegacyRead(path, status);
+    return sections;
+}
+
+std::vector<ModelEntry> ListDatabase(const std::wstring& path) {
+    if (IsDatabaseFile(path)) return ListModels(path);
+    ReportMessage(kMsgNoDatabase, {path});
+    return {};
+}
+
+bool ReadFromLegacy(const std::wstring& path, int32_t slot, SectionModel& section,
+                    BasicShipData& bsd) {
+    return ImportSection(path, static_cast<int16_t>(slot), section) &&
+           WasLegacyRead(path, LoadBsdFromLegacy(path, bsd));
+}
+
+// A section without ship's data, which is reported, can be drawn.
+bool ReadFromDatabase(const std::wstring& path, int32_t row, SectionModel& section,
+                      BasicShipData& bsd) {
+    ModelEntry model;
+    if (!FindInRow(ListModels(path), row, path, model)) return false;
+    if (!ReadSectionBlock(path, row, false, section)) return false;
+    LoadBsdFromDatabase(path, bsd);
+    return true;
+}
+
+}  // namespace
+
+bool IsLegacyDatabase(const std::wstring& path) {
+    return FileExtension(path) == L"vel";
+}
+
+std::vector<ExchangeItem> ListForExchange(const std::wstring& path) {
+    std::vector<ExchangeItem> items;
+    if (!FileExists(path)) {
+        ReportMessage(kMsgFileMissing, {path});
+        return items;
+    }
+    for (const ModelEntry& model : IsLegacyDatabase(path) ? ListLegacy(path) : ListDatabase(path)) {
+        const auto number = static_cast<int32_t>(items.size() + 1);
+        items.push_back({model.name + KindSuffix(model.kind), number, model.kind});
+    }
+    return items;
+}
+
+bool ReadForExchange(const std::wstring& path, const ExchangeItem& item, SectionModel& section,
+                     BasicShipData& bsd) {
+    if (item.kind != ModelKind::kSection) return false;
+    section = SectionModel();
+    bsd = BasicShipData();
+    return IsLegacyDatabase(path) ? ReadFromLegacy(path, item.number, section, bsd)
+                                  : ReadFromDatabase(path, item.number, section, bsd);
+}
+
+std::wstring ServiceText(const BasicShipData& bsd) {
+    return bsd.Titles(1).Trimmed() + L" (" + ShipTypeName(bsd.ShipType(), shell.milMode) + L")";
+}
+
+}  // namespace corvane

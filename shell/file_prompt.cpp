@@ -1,0 +1,90 @@
+#include "shell/file_prompt.h"
+
+#include <algorithm>
+
+#include "files/file_system.h"
+#include "files/paths.h"
+#include "files/running.h"
+#include "platform/system.h"
+#include "report/messages.h"
+#include "shell/commands/commands.h"
+#include "shell/state.h"
+#include "text/text.h"
+
+namespace corvane {
+namespace {
+
+// What the prompt of some libraries answers in the place of nothing.
+constexpr wchar_t kCancelled[] = L"Cancel";
+
+// The answer made absolute while the prompt's directory is the current one.
+std::wstring Ask(const FileQuestion& question) {
+    FilePrompt prompt;
+    prompt.defaultExtension = question.defaultExtension;
+    prompt.fileName = question.proposed;
+    prompt.caption = MenuCaptionText(FindCommand(question.command)->caption);
+    prompt.title = question.types;
+    prompt.flags = question.toSave ? -1 : 0;
+    const std::wstring answer = PromptForFileName(prompt);
+    if (answer.empty() || answer == kCancelled) return {};
+    return system::AbsolutePath(answer);
+}
+
+std::wstring AskFrom(const FileQuestion& question) {
+    if (question.directory.empty()) return Ask(question);
+    const std::wstring remembered = system::CurrentDirectory();
+    ChangeToDirectory(question.directory);
+    std::wstring answer = Ask(question);
+    ChangeToDirectory(remembered);
+    return answer;
+}
+
+bool IsForbidden(wchar_t character) {
+    constexpr std::wstring_view kForbidden = L"/*?\"<>|:";
+    return character < L' ' || kForbidden.find(character) != std::wstring_view::npos;
+}
+
+// A letter that the code page lacks has become "?" on its way through the prompt.
+bool HasForbiddenCharacter(std::wstring_view path) {
+    if (path.size() >= 2 && path[1] == L':') path.remove_prefix(2);
+    return std::any_of(path.begin(), path.end(), IsForbidden);
+}
+
+// What is wrong with any name; kMsgNone when nothing is.
+constexpr int32_t kMsgNone = 0;
+
+int32_t FaultOfName(const std::wstring& path) {
+    if (HasForbiddenCharacter(path)) return kMsgNameNotUsable;
+    if (path.size() > kLongestPath) return kMsgPathTooLong;
+    if (IsDirectory(path)) return kMsgNameOfFolder;
+    return kMsgNone;
+}
+
+int32_t FaultOfTarget(const std::wstring& path) {
+    if (!IsDirectory(DirectoryOf(path))) return kMsgFolderMissing;
+    if (IsReadOnlyFile(path)) return kMsgReadOnly;
+    return kMsgNone;
+}
+
+bool IsUsable(const std::wstring& path, bool toSave) {
+    int32_t fault = FaultOfName(path);
+    if (fault == kMsgNone && toSave) fault = FaultOfTarget(path);
+    if (fault == kMsgNone && !toSave && !FileExists(path)) fault = kMsgFileMissing;
+    if (fault != kMsgNone) ReportMessage(fault, {path});
+    return fault == kMsgNone;
+}
+
+}  // namespace
+
+std::wstring AskForFile(const FileQuestion& question) {
+    std::wstring path = AskFrom(question);
+    if (path.empty() || !IsUsable(path, question.toSave)) return {};
+    shell.settings.BrowseDirectory = DirectoryOf(path);
+    return path;
+}
+
+bool IsSamePath(const std::wstring& a, const std::wstring& b) {
+    return EqualsIgnoringCase(a, b);
+}
+
+}  // namespace corvane

@@ -1,0 +1,130 @@
+#include "shell/start_up.h"
+
+#include <utility>
+#include <vector>
+
+#include "bsd/bsd_file.h"
+#include "files/file_system.h"
+#include "files/paths.h"
+#include "platform/system.h"
+#include "platform/ztutil32.h"
+#include "report/messages.h"
+#include "shell/command_line.h"
+#include "shell/library_checks.h"
+#include "shell/state.h"
+#include "text/text.h"
+
+namespace corvane {
+namespace {
+
+constexpr wchar_t kRegionalQuestion[] =
+    L"Decimal symbol and/or digit grouping symbol are not set correctly in your Windows Regional "
+    L"Settings.²Do you want to adjust them automatically ?²²(Program will be closed if you choose "
+    L"'No'.)";
+constexpr wchar_t kRegionalFailure[] = L"Automatic adjustment for Regional Settings failed";
+
+// Takes the switches off the command line; the result is the absolute path of the file to open,
+// fixed before anything changes the current directory. Empty: none.
+std::wstring ReadCommandLine(std::wstring commandLine) {
+    shell.jbpMode = SwitchPresent(commandLine, L"/JBP");
+    std::vector<std::wstring> noFurtherArguments;
+    const std::wstring file =
+        ParseCommandLine(commandLine, shell.debugMode, shell.milMode, noFurtherArguments);
+    return file.empty() ? file : system::AbsolutePath(file);
+}
+
+void ShowFirstWindows() {
+    shell.screen.loadMainWindow();
+    if (!shell.debugMode) shell.screen.showSplash(shell.title);
+    shell.screen.processPendingMessages();
+}
+
+// Tells the suite's other programs that the shell has been started.
+void WriteStartEntry() {
+    system::WriteProfileText(GetMessageBytes(kMsgStartSection), GetMessageBytes(kMsgStartKey), "1",
+                             kSettingsFile);
+}
+
+void OpenLegacyFile(const std::wstring& file) {
+    shell.screen.showMainWindow();
+    shell.screen.unloadSplash();
+    shell.screen.openLegacyDatabase(file);
+}
+
+void LoadStartDatabase() {
+    ShellSettings& settings = shell.settings;
+    ChangeToDirectory(settings.WorkDirectory);
+    if (!FileExists(settings.DatabasePath)) {
+        settings.DatabasePath.clear();
+        return;
+    }
+    shell.bsd = BasicShipData();
+    LoadBsdFromDatabase(settings.DatabasePath, shell.bsd);
+    shell.currentModel = 1;
+}
+
+void ShowMainWindow() {
+    shell.title = WithoutRuleSetSuffixes(std::move(shell.title));
+    if (shell.jbpMode) shell.title += kJbpSuffix;
+    if (shell.milMode) shell.title += kMilSuffix;
+    shell.screen.setMainCaption(shell.title);
+    shell.screen.refreshMainWindow();
+    shell.screen.showMainWindow();
+    shell.screen.unloadSplash();
+}
+
+}  // namespace
+
+bool Main(const std::wstring& commandLine) {
+    if (system::ClaimSingleInstance()) return StartUp(commandLine);
+    GiveWayToRunningInstance();
+    return false;
+}
+
+void GiveWayToRunningInstance() {
+    // The new title keeps the search from finding a window of this process.
+    const std::wstring title = std::exchange(shell.title, L"...duplicate instance");
+    shell.screen.activateRunningInstance(title);
+}
+
+bool StartUp(const std::wstring& commandLine) {
+    const std::wstring startFile = ReadCommandLine(commandLine);
+    if (!CheckLibraryVersions() || !CheckRegionalSettings()) return false;
+    ReadSettings(kSettingsFile, shell.settings);
+    ShowFirstWindows();
+    shell.startDirectory = system::CurrentDirectory();
+    WriteStartEntry();
+    if (!startFile.empty() && !FileExists(startFile)) {
+        ReportMessage(kMsgFileMissing, {startFile});
+    } else if (FileExtension(startFile) == L"vel") {
+        OpenLegacyFile(startFile);
+        return true;
+    } else if (!startFile.empty()) {
+        shell.settings.DatabasePath = startFile;
+    }
+    LoadStartDatabase();
+    ShowMainWindow();
+    return true;
+}
+
+bool CheckRegionalSettings() {
+    if (IsRegionalOK() != 0) return true;
+    if (!shell.screen.askYesNo(ExpandLineBreaks(kRegionalQuestion))) return false;
+    if (SetRegionalOK() != 0) return true;
+    ReportMessage(kRegionalFailure);
+    return false;
+}
+
+void ShutDown() {
+    WriteSettings(kSettingsFile, shell.settings);
+    ChangeToDirectory(shell.startDirectory);
+}
+
+std::wstring WithoutRuleSetSuffixes(std::wstring title) {
+    while (title.ends_with(kJbpSuffix) || title.ends_with(kMilSuffix)) {
+        title.resize(title.size() - std::size(kJbpSuffix) + 1);
+    }
+    return title;
+}
+
+}  // namespace corvane

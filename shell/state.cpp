@@ -1,0 +1,7 @@
+#include "shell/state.h"
+
+namespace corvane {
+
+ShellState shell;
+
+}  // namespace corvane

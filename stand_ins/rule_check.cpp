@@ -1,0 +1,41 @@
+// The rule programs: they show the model, and check nothing.
+#include "database/section_file.h"
+#include "stand_ins/stand_ins.h"
+#include "text/numbers.h"
+
+namespace corvane::siblings {
+namespace {
+
+constexpr wchar_t kNote[] =
+    L"This stand-in checks nothing: no rule was applied, and no result means that the model is "
+    L"right. It shows which model it was asked to check.";
+
+// What the section's head and tables, or the bulkhead arrangement's, say about its size.
+bool ShowModel(Form& form) {
+    SectionModel model;
+    const int32_t number = form.request.model;
+    if (!ReadSectionBlock(form.request.databasePath, number, true, model)) return false;
+    const bool isSection = form.modelKind == ModelKind::kSection;
+    form.facts.push_back({L"Position", GeneralText(model.x_m) + L" m"});
+    if (isSection) {
+        form.facts.push_back({L"Breadth, depth", GeneralText(model.breadth_m) + L" m, " +
+                                                     GeneralText(model.depth_m) + L" m"});
+    }
+    form.facts.push_back(
+        {isSection ? L"Panels" : L"Bulkheads", std::to_wstring(model.panels.size())});
+    form.facts.push_back(
+        {isSection ? L"Compartments" : L"Holds", std::to_wstring(model.compartments.size())});
+    return true;
+}
+
+constexpr StandIn RuleProgram(const wchar_t* title, ModelKind kind) {
+    return {title, kNote, ModelUse::kRequired, kind, ShowModel, nullptr};
+}
+
+}  // namespace
+
+const StandIn kSectionRule = RuleProgram(L"Section rules (stand-in)", ModelKind::kSection);
+const StandIn kCsrRule = RuleProgram(L"Section rules CSR (stand-in)", ModelKind::kSection);
+const StandIn kBulkheadRule = RuleProgram(L"Bulkhead rules (stand-in)", ModelKind::kBulkhead);
+
+}  // namespace corvane::siblings

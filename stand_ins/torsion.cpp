@@ -1,0 +1,110 @@
+#include "stand_ins/torsion.h"
+
+#include <cmath>
+
+#include "database/database_file.h"
+#include "files/rewrite.h"
+#include "report/messages.h"
+#include "text/numbers.h"
+
+namespace corvane::siblings {
+namespace {
+
+float WholeMillimetres(float length) {
+    return std::round(length * 1000) / 1000;
+}
+
+void WriteHolds(TextWriter& writer, const TorsionModel& model) {
+    const float length = (model.fore_m - model.aft_m) / static_cast<float>(model.holdCount);
+    WriteLine(writer, "------------------ HOLDS ------------------");
+    WriteLine(writer, "* Hold\tAft x\tFore x");
+    for (int32_t i = 0; i < model.holdCount; ++i) {
+        const float aft = WholeMillimetres(model.aft_m + static_cast<float>(i) * length);
+        const float fore = WholeMillimetres(model.aft_m + static_cast<float>(i + 1) * length);
+        WriteLine(writer,
+                  PrintForm(model.holdCount - i) + "\t" + PrintForm(aft) + "\t" + PrintForm(fore));
+    }
+}
+
+void WriteBlock(TextWriter& writer, const TorsionModel& model, int32_t number) {
+    WriteBlockHead(writer, number, ModelKind::kTorsion, CurrentStamp());
+    WriteLine(writer, system::AnsiFromWide(model.name));
+    const float middle = WholeMillimetres((model.aft_m + model.fore_m) / 2);
+    WriteLine(writer,
+              PrintForm(middle) + "\t" + PrintForm(model.aft_m) + "\t" + PrintForm(model.fore_m));
+    WriteHolds(writer, model);
+    WriteLine(writer, "------------------ TRANS BEAM ------------------");
+    WriteLine(writer, "------------------ BEAM MODELS ------------------");
+    WriteLine(writer, "------------------ LONG BEAM ------------------");
+    WriteLine(writer, "------------------ TOR RESULTS ------------------");
+}
+
+// From the block's first line to behind its name; `begin` is where the name's line begins.
+bool PassName(TextReader& reader, int64_t& begin) {
+    const StructuralLines lines = FetchStructuralLines();
+    std::string_view line;
+    if (!FindLine(reader, lines.modelMarker) || !ReadLine(reader, line)) return false;
+    while (ReadBlockLine(reader, lines.modelMarker, line)) {
+        if (line != lines.nameLabel) continue;
+        do {
+            begin = LinePosition(reader);
+            if (!ReadLine(reader, line)) return false;
+        } while (IsCommentLine(line));
+        return line != lines.modelMarker;
+    }
+    return false;
+}
+
+// Some systems let nobody rename over a file that is open.
+bool Finish(Rewrite& rewrite, TextReader& reader) {
+    system::CloseFile(reader.file);
+    return FinishRewrite(rewrite, reader.error);
+}
+
+}  // namespace
+
+bool WriteTorsionModel(const std::wstring& path, const TorsionModel& model, int32_t number) {
+    TextReader reader;
+    std::string keyword;
+    Rewrite rewrite;
+    OpenText(reader, path);
+    BeginRewrite(rewrite, path);
+    if (reader.error == system::kErrorNone) {
+        const bool found = FindModel(reader, number, keyword);
+        const int64_t place = found ? LinePosition(reader) : -1;
+        SeekLine(reader, 0);
+        CopySpan(reader, place, rewrite.writer);
+        WriteBlock(rewrite.writer, model, number);
+        if (found) SkipBlock(reader);
+        CopySpan(reader, -1, rewrite.writer);
+    }
+    return Finish(rewrite, reader);
+}
+
+bool RenameModel(const std::wstring& path, const std::wstring& name, int32_t number) {
+    TextReader reader;
+    std::string keyword;
+    int64_t begin = 0;
+    if (!OpenText(reader, path) || !FindModel(reader, number, keyword)) {
+        ReportMessage(kMsgModelMissing, {number, path});
+        return false;
+    }
+    if (!PassName(reader, begin)) {
+        ReportMessage(
+            L"Model ¤ of '¤' has lost the line of its name: nothing was saved.²²Delete "
+            L"the model in Corvane, or take the database from a backup.",
+            {number, path});
+        return false;
+    }
+    const int64_t behind = LinePosition(reader);
+    Rewrite rewrite;
+    BeginRewrite(rewrite, path);
+    SeekLine(reader, 0);
+    CopySpan(reader, begin, rewrite.writer);
+    WriteLine(rewrite.writer, system::AnsiFromWide(name));
+    SeekLine(reader, behind);
+    CopySpan(reader, -1, rewrite.writer);
+    return Finish(rewrite, reader);
+}
+
+}  // namespace corvane::siblings

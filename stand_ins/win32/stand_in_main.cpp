@@ -1,0 +1,8 @@
+// The entry of every stand-in; CORVANE_STAND_IN names the one that is built.
+#include "platform/win32/win32.h"
+#include "stand_ins/stand_ins.h"
+#include "stand_ins/win32/form_window.h"
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+    return corvane::siblings::RunStandIn(corvane::siblings::CORVANE_STAND_IN);
+}

@@ -1,0 +1,178 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "bsd/bsd_file.h"
+#include "bsd/bsd_layout.h"
+#include "report/messages.h"
+#include "tests/bsd/bsd_support.h"
+#include "tests/support/support.h"
+
+namespace corvane {
+namespace {
+
+using namespace test;
+
+// Line `line` of the text, 1 the first.
+std::string LineOf(const std::string& text, int line) {
+    size_t begin = 0;
+    for (int i = 1; i < line; ++i) begin = text.find("\r\n", begin) + 2;
+    return text.substr(begin, text.find("\r\n", begin) - begin);
+}
+
+constexpr int kTitleLine = 2;
+constexpr int kGeneralLine = 9;
+constexpr int kRemarkLine = 69;
+constexpr int kLineCount = 71;
+
+TEST(BsdWriter, EveryFieldStandsAtItsPlaceInTheGoldenText) {
+    BasicShipData bsd = DistinctBsd();
+    EXPECT_EQ(RecordsWritten(bsd), GoldenRecords());
+}
+
+TEST(BsdWriter, StandaloneGoldenFileIsWrittenByteForByte) {
+    BasicShipData bsd;
+    bsd.Titles(1).Assign(L"M/V C\u00F4te d'\u00C9meraude");
+    bsd.Titles(2).Assign(L"Hull 4711");
+    bsd.Titles(3).Assign(L"Bulk carrier, 82 000 tdw");
+    bsd.Titles(4).Assign(L"  indented title");
+    bsd.Titles(5).Assign(L"EMERAUDE");
+    const int codes[] = {7, 1, 1, 0, 1, 20, 1, 0, 0, 0};
+    for (int i = 1; i <= 10; ++i) bsd.TypeCodes(i) = static_cast<int16_t>(codes[i - 1]);
+    const float dimensions[] = {225.5f, 32.26f, 20.05f, 0,     1.5E-05f,
+                                -0.5f,  1E+38f, 0.001f, 0.85f, 123456.7f};
+    for (int i = 1; i <= 10; ++i) bsd.MainData(i) = dimensions[i - 1];
+    bsd.MainData(30) = 1234567;
+    bsd.FrameZoneCount = 3;
+    bsd.FrameNumbers(0) = -5;
+    bsd.FrameNumbers(1) = 12;
+    bsd.FrameNumbers(2) = 236;
+    bsd.FrameNumbers(3) = 248;
+    bsd.FrameZeroX = -0.25f;
+    bsd.ZoneSpacing(1) = 0.7f;
+    bsd.ZoneSpacing(2) = 0.88f;
+    bsd.ZoneSpacing(3) = 0.7f;
+    bsd.ReductionFactor = 0.85f;
+    bsd.ExtraData(1) = -1E-05f;
+    bsd.ExtraData(2) = 9999999;
+    bsd.ExtraData(3) = 1E+07f;
+    bsd.ExtraData(4) = 0.0001f;
+    EXPECT_EQ(RecordsWritten(bsd), ReadFileBytes(DataPath("golden/standalone.bsd")));
+}
+
+TEST(BsdWriter, RecordsHaveSeventyOneLines) {
+    BasicShipData bsd;
+    const std::string text = RecordsWritten(bsd);
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), kLineCount);
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\r'), kLineCount);
+}
+
+TEST(BsdWriter, VersionLineIsFiveWhateverWasRead) {
+    BasicShipData bsd;
+    bsd.FormatVersion.Assign(L"2");
+    EXPECT_EQ(LineOf(RecordsWritten(bsd), 1), "5");
+    EXPECT_EQ(bsd.FormatVersion.Trimmed(), L"2");
+}
+
+TEST(BsdWriter, FourthDimensionNearZeroTakesTheThird) {
+    for (const float value : {0.0f, 0.0009f, -0.0009f}) {
+        BasicShipData bsd;
+        bsd.MainData(3) = 21.5f;
+        bsd.MainData(4) = value;
+        EXPECT_EQ(LineOf(RecordsWritten(bsd), kGeneralLine + 1), "0\t0\t21.5\t21.5\t0\t");
+        EXPECT_EQ(bsd.MainData(4), 21.5f) << "in the caller's record too";
+    }
+}
+
+TEST(BsdWriter, FourthDimensionNotNearZeroStays) {
+    BasicShipData bsd;
+    bsd.MainData(3) = 21.5f;
+    bsd.MainData(4) = 0.001f;
+    EXPECT_EQ(LineOf(RecordsWritten(bsd), kGeneralLine + 1), "0\t0\t21.5\t0.001\t0\t");
+}
+
+TEST(BsdWriter, NumbersHaveTheirGeneralForm) {
+    struct Case {
+        float value;
+        const char* text;
+    };
+    const Case cases[] = {
+        {0, "0"},
+        {1, "1"},
+        {-0.5f, "-0.5"},
+        {0.1f, "0.1"},
+        {1E+38f, "1E+38"},
+        {1.5E-05f, "1.5E-05"},
+        {0.0001f, "0.0001"},
+        {0.00012f, "0.00012"},
+        {9999999, "9999999"},
+        {1E+07f, "1E+07"},
+        {1.0f / 3, "0.3333333"},
+        {123456.789f, "123456.8"},
+        {3.4028235E+38f, "3.402823E+38"},
+        {-0.0f, "0"},
+    };
+    for (const Case& c : cases) {
+        BasicShipData bsd;
+        bsd.GeneralData(1) = c.value;
+        EXPECT_EQ(LineOf(RecordsWritten(bsd), kGeneralLine),
+                  std::string(c.text) + "\t0\t0\t0\t0\t0\t");
+    }
+}
+
+TEST(BsdWriter, IntegersOfTheWholeRangeArePlainDecimals) {
+    BasicShipData bsd;
+    bsd.TypeCodes(1) = 32767;
+    bsd.TypeCodes(2) = -32768;
+    EXPECT_EQ(LineOf(RecordsWritten(bsd), 7), "32767\t-32768\t0\t0\t0\t");
+}
+
+TEST(BsdWriter, TextsHaveAllTheirCharacters) {
+    BasicShipData bsd;
+    bsd.Titles(1).Assign(L"\u00C9toile");
+    bsd.Remark.Assign(L" leading and trailing ");
+    const std::string text = RecordsWritten(bsd);
+    EXPECT_EQ(LineOf(text, kTitleLine), "\xC9toile" + std::string(24, ' '));
+    EXPECT_EQ(LineOf(text, kRemarkLine), " leading and trailing " + std::string(28, ' '));
+}
+
+TEST(BsdWriter, BlockTwelveLeavesOutWhatHasNoPlace) {
+    BasicShipData bsd;
+    for (int i = 1; i <= 12; ++i) bsd.Block12(i) = static_cast<float>(i);
+    const std::string text = RecordsWritten(bsd);
+    EXPECT_EQ(LineOf(text, kRemarkLine - 2), "1\t2\t5\t6");
+    EXPECT_EQ(LineOf(text, kRemarkLine - 1), "7\t11");
+}
+
+TEST(BsdWriter, LineBreakInATextBecomesABlank) {
+    BasicShipData bsd;
+    bsd.Titles(1).Assign(L"two\r\nlines");
+    EXPECT_EQ(LineOf(RecordsWritten(bsd), kTitleLine), "two  lines" + std::string(20, ' '));
+}
+
+TEST(BsdWriter, TextThatLooksLikeAHeaderLineIsMadeHarmless) {
+    BasicShipData bsd;
+    bsd.Titles(5).Assign(L"------");
+    bsd.Remark.Assign(L"  ------ remark");
+    const std::string text = RecordsWritten(bsd);
+    EXPECT_EQ(LineOf(text, kTitleLine + 4), "=-----" + std::string(24, ' '));
+    EXPECT_EQ(LineOf(text, kRemarkLine), "  =----- remark" + std::string(35, ' '));
+    BasicShipData again;
+    EXPECT_EQ(ReadRecords(text, again), 279);
+}
+
+TEST(BsdWriter, ListWhoseLengthIsNoMultipleOfTheRowLeavesItsLastLineOpen) {
+    std::string text;
+    auto visit = [&text](int value, std::string_view behind) {
+        text += std::to_string(value);
+        text += behind;
+    };
+    const int first[] = {1, 2, 3, 4, 5, 6, 7};
+    const int second[] = {8, 9};
+    VisitRows(first, 5, visit);
+    VisitRows(second, 2, visit);
+    EXPECT_EQ(text, "1\t2\t3\t4\t5\t\r\n6\t7\t8\t9\t\r\n");
+}
+
+}  // namespace
+}  // namespace corvane

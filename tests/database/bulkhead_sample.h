@@ -1,0 +1,25 @@
+// Bulkhead arrangements for the tests: the one of tests/golden/bulkhead_full.ve2, and random ones.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "database/bulkhead_file.h"
+#include "tests/database/block_sample.h"
+
+namespace corvane::test {
+
+// What the golden file says, written down a second time.
+BulkheadArrangement FullArrangement();
+// Every field set at random, and every list of a random length.
+BulkheadArrangement RandomArrangement(uint32_t seed);
+
+// The text of the block behind the name label.
+std::string BodyText(BulkheadArrangement& arrangement);
+// The whole block.
+std::string BlockText(BulkheadArrangement& arrangement, int32_t number);
+// A block or a file as far as the reader takes it, from memory.
+BulkheadArrangement ReadArrangement(std::string_view text);
+
+}  // namespace corvane::test

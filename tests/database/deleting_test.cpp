@@ -1,0 +1,170 @@
+// DeleteModel.
+#include "files/file_system.h"
+#include "tests/database/editing_fixture.h"
+
+namespace corvane {
+namespace {
+
+using test::BlockText;
+using test::CopiedBlockText;
+using test::DatabaseText;
+using test::FiveBlocks;
+using test::SampleBlock;
+using test::SampleHead;
+
+struct DeletingTest : test::EditingTest {
+    void ExpectRefusedNumber(std::string_view text, int32_t number) {
+        EXPECT_FALSE(DeleteModel(path, number, true));
+        ExpectRefusal(text, kMsgModelMissing, {number, path});
+    }
+};
+
+TEST_F(DeletingTest, DeletingModelTwoOfThreeRenumbersTheThirdToTwo) {
+    std::vector<SampleBlock> blocks = FiveBlocks();
+    blocks.resize(3);
+    ASSERT_NE(blocks[2].betweenMarkerAndNumber, lines.commentRule + "\r\n");
+    Write(DatabaseText(blocks));
+    EXPECT_TRUE(DeleteModel(path, 2, false));
+    EXPECT_EQ(Text(), Copied({blocks[0]}) + CopiedBlockText(blocks[2], -1));
+    EXPECT_EQ(test::FilesIn(folder.path).size(), 1U);
+    EXPECT_TRUE(test::RecordingScreen::Of("warning").empty());
+}
+
+TEST_F(DeletingTest, EachOfFiveModelsIsRemovedAndTheOthersStay) {
+    const std::vector<SampleBlock> blocks = FiveBlocks();
+    for (size_t deleted = 0; deleted < blocks.size(); ++deleted) {
+        std::string expected = SampleHead();
+        for (size_t i = 0; i < blocks.size(); ++i) {
+            expected += i == deleted ? blocks[i].beforeMarker
+                                     : CopiedBlockText(blocks[i], i > deleted ? -1 : 0);
+        }
+        Write(DatabaseText(blocks));
+        EXPECT_TRUE(DeleteModel(path, static_cast<int32_t>(deleted) + 1, false));
+        EXPECT_EQ(Text(), expected) << deleted;
+    }
+}
+
+TEST_F(DeletingTest, OnlyModelLeavesTheHead) {
+    Write(DatabaseText({SampleBlock()}));
+    EXPECT_TRUE(DeleteModel(path, 1, false));
+    EXPECT_EQ(Text(), SampleHead());
+}
+
+TEST_F(DeletingTest, AllModelsOneAfterTheOtherLeaveTheHead) {
+    std::vector<SampleBlock> blocks = FiveBlocks();
+    blocks[3].beforeMarker.clear();
+    Write(DatabaseText(blocks));
+    for (const int32_t number : {3, 1, 3, 2, 1}) EXPECT_TRUE(DeleteModel(path, number, false));
+    EXPECT_EQ(Text(), SampleHead());
+}
+
+TEST_F(DeletingTest, TorsionBodyPassesUnchanged) {
+    std::vector<SampleBlock> blocks = FiveBlocks();
+    blocks[3].body =
+        "------------------ HOLDS ------------------\r\n 1 \t 2 \r\n"
+        "------------------ TRANS BEAM ------------------\r\n* a comment\r\n\r\n"
+        "------------------ TOR RESULTS ------------------\n\ttail ";
+    blocks.resize(4);
+    Write(DatabaseText(blocks));
+    EXPECT_TRUE(DeleteModel(path, 1, false));
+    EXPECT_TRUE(Text().ends_with(CopiedBlockText(blocks[3], -1) + "\r\n"));
+}
+
+// ---- Numbers -----------------------------------------------------------------------------------
+
+TEST_F(DeletingTest, NumberThatNoBlockHasIsReportedAndNothingWritten) {
+    const std::string text = DatabaseText(FiveBlocks());
+    Write(text);
+    for (const int32_t number : {6, 1000, INT32_MAX}) ExpectRefusedNumber(text, number);
+    Write(SampleHead());
+    ExpectRefusedNumber(SampleHead(), 1);
+}
+
+TEST_F(DeletingTest, NumberBelowOneDoesNothing) {
+    const std::string text = DatabaseText(Numbered({" 1 ", " 0 ", "-1 ", "none", " 5 "}));
+    Write(text);
+    for (const int32_t number : {0, -1, INT32_MIN}) EXPECT_FALSE(DeleteModel(path, number, true));
+    EXPECT_TRUE(test::RecordingScreen::events.empty());
+    EXPECT_EQ(Text(), text);
+    EXPECT_EQ(test::FilesIn(folder.path).size(), 1U);
+}
+
+TEST_F(DeletingTest, OfADoubleNumberOnlyTheFirstBlockGoes) {
+    std::vector<SampleBlock> blocks = Numbered({" 1 ", " 2 ", " 2 ", " 2 ", " 3 "});
+    blocks[3].beforeMarker.clear();
+    Write(DatabaseText(blocks));
+    EXPECT_TRUE(DeleteModel(path, 2, false));
+    EXPECT_EQ(Text(), Copied({blocks[0], blocks[2], blocks[3]}) + CopiedBlockText(blocks[4], -1));
+    // The second of them is found from then on.
+    EXPECT_TRUE(DeleteModel(path, 2, false));
+    EXPECT_EQ(Text(), Copied({blocks[0], blocks[3]}) + CopiedBlockText(blocks[4], -1));
+}
+
+TEST_F(DeletingTest, OnlyLargerNumbersBehindTheModelAreTakenDown) {
+    const std::vector<SampleBlock> blocks = Numbered({" 9 ", " 3 ", " 1 ", " 2147483647 ", "-7 "});
+    Write(DatabaseText(blocks));
+    EXPECT_TRUE(DeleteModel(path, 3, false));
+    EXPECT_EQ(Text(), Copied({blocks[0], blocks[2]}) + CopiedBlockText(blocks[3], -1) +
+                          CopiedBlockText(blocks[4], 0));
+}
+
+TEST_F(DeletingTest, DamagedBlocksPassUnchanged) {
+    const std::vector<SampleBlock> blocks = FiveBlocks();
+    const std::string damaged =
+        lines.modelMarker + "\r\n" + lines.modelMarker + "\r\n* no number\r\n";
+    Write(SampleHead() + BlockText(blocks[0]) + damaged + BlockText(blocks[1]) + damaged +
+          BlockText(blocks[4]) + damaged);
+    EXPECT_TRUE(DeleteModel(path, 2, false));
+    EXPECT_EQ(Text(),
+              Copied({blocks[0]}) + damaged + damaged + CopiedBlockText(blocks[4], -1) + damaged);
+}
+
+TEST_F(DeletingTest, BlockThatHasOnlyANumberCanBeDeleted) {
+    const std::vector<SampleBlock> blocks = FiveBlocks();
+    Write(SampleHead() + BlockText(blocks[0]) + lines.modelMarker + "\r\n*\r\n 2" + "\r\n" +
+          BlockText(blocks[2]));
+    EXPECT_TRUE(DeleteModel(path, 2, false));
+    EXPECT_EQ(Text(), Copied({blocks[0]}) + CopiedBlockText(blocks[2], -1));
+    Write(SampleHead() + BlockText(blocks[0]) + lines.modelMarker + "\r\n 2");
+    EXPECT_TRUE(DeleteModel(path, 2, false));
+    EXPECT_EQ(Text(), Copied({blocks[0]}));
+}
+
+// ---- Refusals and messages ---------------------------------------------------------------------
+
+TEST_F(DeletingTest, ReadOnlyFileIsReportedAndNoOtherAskedFor) {
+    const std::string text = DatabaseText(FiveBlocks());
+    Write(text);
+    ASSERT_EQ(system::SetReadOnly(path, true), system::kErrorNone);
+    EXPECT_FALSE(DeleteModel(path, 1, true));
+    ExpectRefusal(text, kMsgReadOnly, {path});
+    EXPECT_TRUE(IsReadOnlyFile(path));
+}
+
+TEST_F(DeletingTest, FileThatIsNoDatabaseIsReportedAndStays) {
+    Write("a letter\r\n");
+    EXPECT_FALSE(DeleteModel(path, 1, true));
+    ExpectRefusal("a letter\r\n", kMsgNoDatabase, {path});
+}
+
+TEST_F(DeletingTest, FileThatIsNotThereIsReported) {
+    EXPECT_FALSE(DeleteModel(path, 1, true));
+    EXPECT_EQ(test::RecordingScreen::Of("warning"),
+              std::vector<std::string>{test::Narrow(FormatMessage(kMsgFileMissing, {path}))});
+    EXPECT_TRUE(test::FilesIn(folder.path).empty());
+}
+
+TEST_F(DeletingTest, EmptyPathDoesNothing) {
+    EXPECT_FALSE(DeleteModel(L"", 1, true));
+    EXPECT_TRUE(test::RecordingScreen::events.empty());
+}
+
+TEST_F(DeletingTest, StatusLabelTellsOfTheDeletingAndIsClearedBehindIt) {
+    Write(DatabaseText(FiveBlocks()));
+    EXPECT_TRUE(DeleteModel(path, 2, false));
+    const std::string deleting = test::Narrow(FormatMessage(kMsgDeletingModel, {path})) + "...";
+    EXPECT_EQ(Captions(), (std::vector<std::string>{deleting, ""}));
+}
+
+}  // namespace
+}  // namespace corvane

@@ -1,0 +1,67 @@
+// What the tests of the database's edits share.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "database/editing.h"
+#include "report/messages.h"
+#include "tests/database/sample_database.h"
+#include "tests/database/section_sample.h"
+#include "tests/support/support.h"
+
+namespace corvane::test {
+
+// The text without the stamp lines that tell the time.
+inline std::string WithoutDates(std::string_view text) {
+    const std::string begin =
+        GetMessageBytes(kMsgCommentRule) + ' ' + GetMessageBytes(kMsgStampWritten) + " : ";
+    std::string result;
+    while (!text.empty()) {
+        const size_t end = std::min(text.find('\n'), text.size() - 1) + 1;
+        if (!text.starts_with(begin)) result += text.substr(0, end);
+        text.remove_prefix(end);
+    }
+    return result;
+}
+
+struct EditingTest : testing::Test {
+    RecordingScreen screen;
+    TemporaryFolder folder;
+    std::wstring path = folder.File(L"ship.ve2");
+    StructuralLines lines = FetchStructuralLines();
+    SectionModel section = FullSection();
+
+    void Write(std::string_view text) { WriteFileBytes(path, text); }
+    std::string Text() const { return ReadFileBytes(path); }
+
+    // The file, and its folder, are as this text and one file; the only message was this one.
+    void ExpectRefusal(std::string_view text, int32_t message, MessageArguments arguments) {
+        EXPECT_EQ(RecordingScreen::Of("warning"),
+                  std::vector<std::string>{Narrow(FormatMessage(message, arguments))});
+        RecordingScreen::events.clear();
+        EXPECT_EQ(Text(), text);
+        EXPECT_EQ(FilesIn(folder.path).size(), 1U);
+    }
+    // The captions that the status label had, in order.
+    std::vector<std::string> Captions() const { return RecordingScreen::Of("caption"); }
+
+    // Head and blocks as an edit leaves them.
+    static std::string Copied(std::initializer_list<SampleBlock> blocks) {
+        std::string text = SampleHead();
+        for (const SampleBlock& block : blocks) text += CopiedBlockText(block, 0);
+        return text;
+    }
+    // Blocks of FiveBlocks with these number lines.
+    static std::vector<SampleBlock> Numbered(const std::vector<const char*>& numbers) {
+        std::vector<SampleBlock> blocks = FiveBlocks();
+        size_t i = 0;
+        for (const char* number : numbers) blocks[i++].number = number;
+        return blocks;
+    }
+};
+
+}  // namespace corvane::test

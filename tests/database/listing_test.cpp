@@ -1,0 +1,331 @@
+// ListModels, ListModelsWithPositions, ModelPosition.
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "database/database_file.h"
+#include "tests/database/sample_database.h"
+#include "tests/support/support.h"
+
+namespace corvane {
+namespace {
+
+using test::BlockText;
+using test::DatabaseText;
+using test::FiveBlocks;
+using test::SampleBlock;
+using test::SampleHead;
+
+struct ListingTest : testing::Test {
+    test::TemporaryFolder folder;
+    std::wstring path = folder.File(L"ship.ve2");
+    StructuralLines lines = FetchStructuralLines();
+
+    void Write(std::string_view text) { test::WriteFileBytes(path, text); }
+
+    // The only model of a database that holds this block.
+    ModelEntry OnlyEntry(const SampleBlock& block) {
+        Write(DatabaseText({block}));
+        const std::vector<ModelEntry> entries = ListModelsWithPositions(path);
+        EXPECT_EQ(entries.size(), 1u);
+        return entries.empty() ? ModelEntry() : entries.front();
+    }
+};
+
+TEST_F(ListingTest, ListsNamesKindsAndPositionsInFileOrder) {
+    Write(DatabaseText(FiveBlocks()));
+    const std::vector<ModelEntry> entries = ListModelsWithPositions(path);
+    ASSERT_EQ(entries.size(), 5u);
+    EXPECT_EQ(entries[0].name, L"Frame 10");
+    EXPECT_EQ(entries[0].kind, ModelKind::kSection);
+    EXPECT_EQ(entries[0].x, 12.5f);
+    EXPECT_EQ(entries[1].name, L"Bulkhead 40");
+    EXPECT_EQ(entries[1].kind, ModelKind::kBulkhead);
+    EXPECT_EQ(entries[1].x, 40.25f);
+    EXPECT_EQ(entries[2].name, L"Frame 20");
+    EXPECT_EQ(entries[2].x, 0.0f);
+    EXPECT_EQ(entries[3].name, L"Girder");
+    EXPECT_EQ(entries[3].kind, ModelKind::kTorsion);
+    EXPECT_EQ(entries[4].name, L"Aft");
+    EXPECT_EQ(entries[4].x, -3.5f);
+}
+
+TEST_F(ListingTest, NumbersAreListedAsTheyStand) {
+    std::vector<SampleBlock> blocks = FiveBlocks();
+    blocks[1].number = " 7 ";
+    blocks[2].number = "7 aft";
+    blocks[3].number = "none";
+    Write(DatabaseText(blocks) + lines.modelMarker + "\r\n");
+    std::vector<int32_t> numbers;
+    for (const ModelEntry& entry : ListModels(path)) numbers.push_back(entry.number);
+    EXPECT_EQ(numbers, (std::vector<int32_t>{1, 7, 7, 0, 5, 0}));
+}
+
+TEST_F(ListingTest, ListWithoutPositionsIsTheSameButForX) {
+    Write(DatabaseText(FiveBlocks()));
+    const std::vector<ModelEntry> names = ListModels(path);
+    const std::vector<ModelEntry> full = ListModelsWithPositions(path);
+    ASSERT_EQ(names.size(), full.size());
+    for (size_t i = 0; i < names.size(); ++i) {
+        EXPECT_EQ(names[i].name, full[i].name);
+        EXPECT_EQ(names[i].kind, full[i].kind);
+        EXPECT_EQ(names[i].x, -1.0f);
+    }
+}
+
+TEST_F(ListingTest, TorsionModelHasNoPositionAndSectionAtZeroHasOne) {
+    SampleBlock block;
+    block.keyword = "TORSION";
+    block.position = " 55 ";
+    EXPECT_EQ(OnlyEntry(block).x, -1.0f);
+    EXPECT_EQ(OnlyEntry(block).kind, ModelKind::kTorsion);
+    block.keyword = "SECTION";
+    block.position = " 0 \t 1 ";
+    EXPECT_EQ(OnlyEntry(block).x, 0.0f);
+}
+
+TEST_F(ListingTest, OfATorsionModelNoRowBehindTheNameIsRead) {
+    SampleBlock torsion;
+    torsion.keyword = "TORSION";
+    std::string text = BlockText(torsion);
+    text.resize(text.find(torsion.position));
+    SampleBlock next;
+    next.number = " 2 ";
+    Write(SampleHead() + text + BlockText(next));
+    const std::vector<ModelEntry> entries = ListModelsWithPositions(path);
+    ASSERT_EQ(entries.size(), 2u);
+    EXPECT_EQ(entries[0].name, L"Frame 10");
+    EXPECT_EQ(entries[1].x, 12.5f);
+}
+
+TEST_F(ListingTest, UnknownKeywordIsASection) {
+    SampleBlock block;
+    for (const char* keyword : {"Bha", " BHA", "BHA ", "SOMETHING", ""}) {
+        block.keyword = keyword;
+        EXPECT_EQ(OnlyEntry(block).kind, ModelKind::kSection) << keyword;
+        EXPECT_EQ(OnlyEntry(block).x, 12.5f) << keyword;
+    }
+}
+
+TEST_F(ListingTest, PositionIsTheFirstNumberOfItsRow) {
+    struct Case {
+        const char* row;
+        float x;
+    };
+    SampleBlock block;
+    for (const Case& one : std::vector<Case>{{" 1.5 \t 2 ", 1.5f},
+                                             {"1.5", 1.5f},
+                                             {" .25 ", 0.25f},
+                                             {"-.5 ", -0.5f},
+                                             {"\t\t 7 ", 7.0f},
+                                             {"7,8", 7.0f},
+                                             {" 1.5E-05 ", 1.5e-5f},
+                                             {"", 0.0f},
+                                             {"no number", 0.0f},
+                                             {"------ 5", 0.0f},
+                                             {"   ------------------ X 5", 0.0f},
+                                             {" 0.1 ", 0.1f}}) {
+        block.position = one.row;
+        EXPECT_EQ(OnlyEntry(block).x, one.x) << one.row;
+        EXPECT_EQ(ModelPosition(path, 1), one.x) << one.row;
+    }
+}
+
+TEST_F(ListingTest, PositionBeyondSinglePrecisionIsTheLargestSingle) {
+    SampleBlock block;
+    block.position = " 1E+300 ";
+    EXPECT_EQ(OnlyEntry(block).x, std::numeric_limits<float>::max());
+    block.position = "-1E+300 ";
+    EXPECT_EQ(OnlyEntry(block).x, std::numeric_limits<float>::lowest());
+    EXPECT_EQ(ModelPosition(path, 1), std::numeric_limits<float>::lowest());
+}
+
+TEST_F(ListingTest, CommentsMayStandBetweenAnyLinesOfTheHead) {
+    std::string text;
+    const std::string block = BlockText(SampleBlock());
+    for (size_t at = 0; at < block.size();) {
+        const size_t end = block.find('\n', at) + 1;
+        text += "* comment\r\n" + block.substr(at, end - at);
+        at = end;
+    }
+    Write(SampleHead() + text);
+    const std::vector<ModelEntry> entries = ListModelsWithPositions(path);
+    ASSERT_EQ(entries.size(), 1u);
+    EXPECT_EQ(entries[0].name, L"Frame 10");
+    EXPECT_EQ(entries[0].x, 12.5f);
+}
+
+TEST_F(ListingTest, LineFeedsAloneAndAMissingLastLineEndAreRead) {
+    std::string text = test::WithLineFeeds(DatabaseText(FiveBlocks()));
+    text.resize(text.find("-3.5") + 4);
+    Write(text);
+    const std::vector<ModelEntry> entries = ListModelsWithPositions(path);
+    ASSERT_EQ(entries.size(), 5u);
+    EXPECT_EQ(entries[1].name, L"Bulkhead 40");
+    EXPECT_EQ(entries[4].x, -3.5f);
+}
+
+TEST_F(ListingTest, NamesAreTextsOfTheAnsiCodePage) {
+    SampleBlock block;
+    block.name = "Membrure \xE9\xE0 1\xB0";
+    EXPECT_EQ(OnlyEntry(block).name, L"Membrure \u00E9\u00E0 1\u00B0");
+    block.name = "";
+    EXPECT_EQ(OnlyEntry(block).name, L"");
+    block.name = "   ";
+    EXPECT_EQ(OnlyEntry(block).name, L"");
+    block.name = lines.nameLabel;
+    EXPECT_EQ(OnlyEntry(block).name, std::wstring(lines.nameLabel.begin(), lines.nameLabel.end()));
+}
+
+TEST_F(ListingTest, NumbersThatAreDoubleOrNotDenseAreListedAsTheyStand) {
+    std::vector<SampleBlock> blocks = FiveBlocks();
+    blocks[0].number = " 7 ";
+    blocks[1].number = " 7 ";
+    blocks[2].number = "-2 ";
+    blocks[3].number = "none";
+    Write(DatabaseText(blocks));
+    const std::vector<ModelEntry> entries = ListModelsWithPositions(path);
+    ASSERT_EQ(entries.size(), 5u);
+    EXPECT_EQ(entries[1].name, L"Bulkhead 40");
+    EXPECT_EQ(ModelPosition(path, 7), 12.5f);
+    EXPECT_EQ(ModelPosition(path, -2), 0.0f);
+    EXPECT_EQ(ModelPosition(path, 1), -1.0f);
+}
+
+TEST_F(ListingTest, TenModelsAreListed) {
+    std::vector<SampleBlock> blocks(10);
+    for (size_t i = 0; i < blocks.size(); ++i) blocks[i].number = PrintForm(int32_t(i) + 1);
+    Write(DatabaseText(blocks));
+    EXPECT_EQ(ListModels(path).size(), 10u);
+}
+
+// ---- Damaged files -----------------------------------------------------------------------------
+
+TEST_F(ListingTest, DamagedBlockKeepsItsEntryAndTheNextOneIsWhole) {
+    // The first block loses its lines from the end of its head on, one after the other.
+    const std::string block = BlockText(SampleBlock());
+    const size_t body = block.find("------------------ BODY");
+    SampleBlock next;
+    next.number = " 2 ";
+    next.keyword = "BHA";
+    next.name = "Whole";
+    for (size_t end = block.find('\n') + 1; end <= body; end = block.find('\n', end) + 1) {
+        Write(SampleHead() + block.substr(0, end) + BlockText(next));
+        const std::vector<ModelEntry> entries = ListModelsWithPositions(path);
+        ASSERT_EQ(entries.size(), 2u) << end;
+        EXPECT_EQ(entries[0].kind, ModelKind::kSection);
+        EXPECT_EQ(entries[0].name.empty(), end <= block.find("Frame 10")) << end;
+        EXPECT_EQ(entries[0].x, end <= block.find("12.5") ? 0.0f : 12.5f) << end;
+        EXPECT_EQ(entries[1].name, L"Whole");
+        EXPECT_EQ(entries[1].kind, ModelKind::kBulkhead);
+        EXPECT_EQ(entries[1].x, 12.5f);
+        EXPECT_EQ(ListModels(path).size(), 2u);
+        EXPECT_EQ(CountModels(path), 2);
+    }
+}
+
+TEST_F(ListingTest, EmptyBlocksInARowEachHaveAnEntry) {
+    Write(SampleHead() +
+          test::JoinLines({lines.modelMarker, lines.modelMarker, "* c", lines.modelMarker}));
+    EXPECT_EQ(ListModels(path).size(), 3u);
+    EXPECT_EQ(CountModels(path), 3);
+}
+
+TEST_F(ListingTest, ModelNamedLikeTheMarkerIsTakenForANewBlock) {
+    SampleBlock block;
+    block.name = lines.modelMarker;
+    Write(DatabaseText({block}));
+    const std::vector<ModelEntry> entries = ListModelsWithPositions(path);
+    ASSERT_EQ(entries.size(), 2u);
+    EXPECT_EQ(entries[0].name, L"");
+    EXPECT_EQ(CountModels(path), 2);
+    // With a blank it is a name like any other.
+    block.name = lines.modelMarker + " ";
+    EXPECT_EQ(OnlyEntry(block).name,
+              std::wstring(lines.modelMarker.begin(), lines.modelMarker.end()));
+    EXPECT_EQ(CountModels(path), 1);
+}
+
+TEST_F(ListingTest, PositionOfABlockWithoutPositionRowIsZero) {
+    const std::string block = BlockText(SampleBlock());
+    for (const char* cut : {"SECTION", "Frame 10", " 12.5"}) {
+        Write(SampleHead() + block.substr(0, block.find(cut)));
+        EXPECT_EQ(ModelPosition(path, 1), 0.0f) << cut;
+    }
+}
+
+TEST_F(ListingTest, PositionOfAMissingModelIsMinusOne) {
+    Write(DatabaseText(FiveBlocks()));
+    EXPECT_EQ(ModelPosition(path, 1), 12.5f);
+    EXPECT_EQ(ModelPosition(path, 2), 40.25f);
+    EXPECT_EQ(ModelPosition(path, 4), 99.0f);
+    EXPECT_EQ(ModelPosition(path, 6), -1.0f);
+    EXPECT_EQ(ModelPosition(path, 0), -1.0f);
+    EXPECT_EQ(ModelPosition(folder.File(L"missing.ve2"), 1), -1.0f);
+    EXPECT_EQ(ModelPosition(L"", 1), -1.0f);
+}
+
+TEST_F(ListingTest, FileThatCanNotBeReadHasAnEmptyList) {
+    EXPECT_TRUE(ListModels(L"").empty());
+    EXPECT_TRUE(ListModels(folder.path).empty());
+    EXPECT_TRUE(ListModelsWithPositions(folder.File(L"missing.ve2")).empty());
+    Write("");
+    EXPECT_TRUE(ListModelsWithPositions(path).empty());
+}
+
+TEST_F(ListingTest, BinaryFileIsReadWithoutHarm) {
+    std::string bytes;
+    uint32_t state = 12345;
+    for (int i = 0; i < 600'000; ++i) {
+        state = state * 1664525u + 1013904223u;
+        bytes += static_cast<char>(state >> 24);
+        if (i % 50'000 == 0) bytes += "\n" + lines.modelMarker + "\n";
+    }
+    Write(bytes);
+    EXPECT_FALSE(IsDatabaseFile(path));
+    EXPECT_EQ(CountModels(path), 12);
+    EXPECT_EQ(ListModelsWithPositions(path).size(), 12u);
+    EXPECT_EQ(test::ReadFileBytes(path), bytes);
+}
+
+TEST_F(ListingTest, VeryLongLinesAreReadWithoutHarm) {
+    SampleBlock block;
+    block.name = std::string(600'000, 'n');
+    block.position = " 2.5 " + std::string(600'000, ' ') + "9";
+    SampleBlock next;
+    next.number = " 2 ";
+    Write(DatabaseText({block, next}));
+    const std::vector<ModelEntry> entries = ListModelsWithPositions(path);
+    ASSERT_EQ(entries.size(), 2u);
+    EXPECT_EQ(entries[0].name.size(), kLongestLine);
+    EXPECT_EQ(entries[0].x, 2.5f);
+    EXPECT_EQ(entries[1].name, L"Frame 10");
+    EXPECT_EQ(ModelPosition(path, 2), 12.5f);
+}
+
+TEST_F(ListingTest, FileCutOffAtAnyByteIsReadAsFarAsItGoes) {
+    std::vector<SampleBlock> blocks = FiveBlocks();
+    blocks.resize(3);
+    for (SampleBlock& block : blocks) block.body.clear();
+    const std::string text = DatabaseText(blocks);
+    size_t before = 0;
+    for (size_t length = 0; length <= text.size(); ++length) {
+        const std::string part = text.substr(0, length);
+        Write(part);
+        const std::vector<ModelEntry> entries = ListModelsWithPositions(path);
+        ASSERT_GE(entries.size(), before) << length;
+        ASSERT_EQ(entries.size(), static_cast<size_t>(CountModels(path))) << length;
+        ASSERT_EQ(entries.size(), ListModels(path).size()) << length;
+        before = entries.size();
+        ASSERT_EQ(IsDatabaseFile(path), length >= lines.signature.size()) << length;
+        ModelPosition(path, 3);
+        ASSERT_EQ(test::ReadFileBytes(path), part);
+    }
+    EXPECT_EQ(before, 3u);
+    EXPECT_EQ(test::FilesIn(folder.path).size(), 1u);
+}
+
+}  // namespace
+}  // namespace corvane

@@ -1,0 +1,322 @@
+// ReadSectionBlock and ReadSectionLines: what is read, and what is reported.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "database/database_file.h"
+#include "report/messages.h"
+#include "tests/database/section_sample.h"
+#include "tests/support/support.h"
+
+namespace corvane {
+namespace {
+
+using test::BodyText;
+using test::ReadText;
+using test::Replaced;
+
+std::string Golden() {
+    return test::ReadFileBytes(test::DataPath("golden/section_full.ve2"));
+}
+
+// As read and written again.
+std::string Rewritten(std::string_view text) {
+    SectionModel section = ReadText(text);
+    return BodyText(section);
+}
+
+struct SectionReaderTest : testing::Test {
+    test::RecordingScreen screen;
+    test::TemporaryFolder folder;
+    std::wstring path = folder.File(L"ship.ve2");
+    std::string golden = Golden();
+    std::string body = test::BodyOf(golden);
+
+    // Reads the golden block with another keyword.
+    bool ReadKeyword(std::string_view keyword, bool allowBulkhead, SectionModel& section) {
+        test::WriteFileBytes(
+            path, Replaced(golden, "\r\nSECTION\r\n", "\r\n" + std::string(keyword) + "\r\n"));
+        return ReadSectionBlock(path, 7, allowBulkhead, section);
+    }
+    std::string Warning() {
+        const auto warnings = test::RecordingScreen::Of("warning");
+        return warnings.size() == 1 ? warnings.front() : std::string("not one warning");
+    }
+};
+
+TEST_F(SectionReaderTest, GoldenFileIsRead) {
+    SectionModel section;
+    ASSERT_TRUE(ReadSectionBlock(test::DataPath("golden/section_full.ve2"), 7, false, section));
+    EXPECT_EQ(section.name, L"Frame 100");
+    EXPECT_EQ(section.identifier, "ID-0001");
+    EXPECT_NEAR(section.formatVersion, 2.002, 1e-9);
+    EXPECT_EQ(section.x_m, 12.5f);
+    EXPECT_EQ(section.webSpacing_m, 3.2f);
+    EXPECT_EQ(section.stillWaterMoment_kNm(2), 1800.0f);
+    EXPECT_EQ(section.shearForce_kN(2), 1.2e7f);
+    EXPECT_EQ(section.inertiaZ_m4, 0.0001f);
+    EXPECT_EQ(section.resultCodes(4), 4);
+    EXPECT_EQ(section.resultsValid, -1);
+    ASSERT_EQ(section.panels.size(), 2u);
+    EXPECT_EQ(section.panels[1].name, L"Inner side of exactly forty characters,,");
+    ASSERT_EQ(section.panels[1].nodes.size(), 2u);
+    EXPECT_EQ(section.panels[1].nodes[0].relative, -1);
+    EXPECT_EQ(section.panels[1].nodes[1].relative, 0);
+    EXPECT_EQ(section.panels[1].nodes[1].extension[4], -0.25f);
+    EXPECT_EQ(section.panels[1].nodes[1].extensionStrake, 1);
+    ASSERT_EQ(section.panels[0].stiffenerDetails.size(), 2u);
+    ASSERT_EQ(section.panels[0].stiffenerDetails[0].spans.size(), 2u);
+    const SectionModel full = test::FullSection();
+    EXPECT_EQ(section.panels[0].stiffenerDetails, full.panels[0].stiffenerDetails);
+    EXPECT_EQ(section.panels[0].plates, full.panels[0].plates);
+    EXPECT_EQ(section.compartments[0].levels, full.compartments[0].levels);
+    EXPECT_EQ(section.compartments[0].outline, full.compartments[0].outline);
+    EXPECT_EQ(section.compartments[0].ends, full.compartments[0].ends);
+}
+
+TEST_F(SectionReaderTest, GoldenFileIsWrittenAgainByteForByte) {
+    EXPECT_EQ(Rewritten(golden), body);
+    const std::string bare = test::ReadFileBytes(test::DataPath("golden/section_bare.ve2"));
+    EXPECT_EQ(Rewritten(bare), test::BodyOf(bare));
+}
+
+TEST_F(SectionReaderTest, RandomSectionsAreWrittenAgainByteForByte) {
+    for (uint32_t seed = 1; seed <= 200; ++seed) {
+        SectionModel section = test::RandomSection(seed);
+        const std::string text = test::BlockText(section, 1);
+        ASSERT_EQ(Rewritten(text), test::BodyOf(text)) << seed;
+    }
+}
+
+// ---- Reports -----------------------------------------------------------------------------------
+
+TEST_F(SectionReaderTest, StatusShowsThePathWhileItReadsAndIsClearedThen) {
+    SectionModel section;
+    test::WriteFileBytes(path, golden);
+    ASSERT_TRUE(ReadSectionBlock(path, 7, false, section));
+    const auto captions = test::RecordingScreen::Of("caption");
+    const std::string reading = test::Narrow(FormatMessage(kMsgReadingModel, {path}));
+    EXPECT_TRUE(std::ranges::any_of(
+        captions, [&](const std::string& caption) { return caption.starts_with(reading); }));
+    EXPECT_EQ(test::RecordingScreen::caption, L"");
+    EXPECT_TRUE(test::RecordingScreen::Of("warning").empty());
+}
+
+TEST_F(SectionReaderTest, FileThatIsNoDatabaseIsMessage1083) {
+    test::WriteFileBytes(path, "something else\r\n");
+    SectionModel section;
+    section.name = L"kept";
+    EXPECT_FALSE(ReadSectionBlock(path, 1, false, section));
+    EXPECT_EQ(Warning(), test::Narrow(FormatMessage(1083, {path})));
+    EXPECT_EQ(section.name, L"kept");
+}
+
+TEST_F(SectionReaderTest, MissingFileIsMessage1083) {
+    SectionModel section;
+    EXPECT_FALSE(ReadSectionBlock(path, 1, false, section));
+    EXPECT_EQ(Warning(), test::Narrow(FormatMessage(1083, {path})));
+}
+
+TEST_F(SectionReaderTest, NumberThatNoBlockHasIsMessage1011) {
+    test::WriteFileBytes(path, golden);
+    SectionModel section;
+    section.name = L"kept";
+    EXPECT_FALSE(ReadSectionBlock(path, 1, false, section));
+    EXPECT_EQ(Warning(), test::Narrow(FormatMessage(1011, {1, path})));
+    EXPECT_EQ(section.name, L"kept");
+}
+
+TEST_F(SectionReaderTest, TorsionModelIsPassedOverInSilence) {
+    SectionModel section;
+    section.name = L"kept";
+    for (const bool allowBulkhead : {false, true}) {
+        EXPECT_FALSE(ReadKeyword("TORSION", allowBulkhead, section));
+    }
+    EXPECT_TRUE(test::RecordingScreen::Of("warning").empty());
+    EXPECT_EQ(test::RecordingScreen::caption, L"");
+    EXPECT_EQ(section.name, L"kept");
+}
+
+TEST_F(SectionReaderTest, BulkheadArrangementThatIsNotAllowedIsReported) {
+    SectionModel section;
+    section.name = L"kept";
+    EXPECT_FALSE(ReadKeyword("BHA", false, section));
+    EXPECT_EQ(Warning(), "Can not read BulkHead Arrangement");
+    EXPECT_EQ(section.name, L"kept");
+}
+
+TEST_F(SectionReaderTest, AnyOtherKeywordIsASection) {
+    SectionModel section;
+    EXPECT_TRUE(ReadKeyword("section ", false, section));
+    EXPECT_EQ(section.panels.size(), 2u);
+}
+
+TEST_F(SectionReaderTest, OfAnAllowedBulkheadArrangementNamesNodesAndHoldsAreRead) {
+    const StructuralLines lines = FetchStructuralLines();
+    const std::string text =
+        lines.modelMarker + "\r\n*\r\n 1 \r\nBHA\r\n*\r\n" + lines.versionLabel +
+        "\r\n .443 \r\n*\r\n" + lines.nameLabel +
+        "\r\n* Name\r\nArrangement\r\n 40.5 \t 100 \t 1 \r\n 1 \t 2 \t 3 \t 4 \r\n 1 \t 2 "
+        "\r\nBHA-ID\r\n*\r\n" +
+        GetMessageBytes(kMsgPanelTable) + "\r\n*\r\nFrame 40" + std::string(32, ' ') +
+        "\t 1 \t 2 \t 3 \t 4 \t 1 \t 9 \r\n*\r\n" + GetMessageBytes(kMsgNodeTable) +
+        "\r\n 1 \t2.5\t6\t 1 \r\n*\r\n------------------ BH STRAKE ------------------\r\n"
+        " 1 \t 1 \t 1 \t 9 \r\n*\r\n" +
+        GetMessageBytes(kMsgCompartmentTable) + "\r\nHold 1\r\nno node list\r\n 5 \t 6 \r\n";
+    const SectionModel section = ReadText(text, ModelKind::kBulkhead);
+    EXPECT_EQ(section.name, L"Arrangement");
+    EXPECT_EQ(section.x_m, 40.5f);
+    EXPECT_EQ(section.identifier, "BHA-ID");
+    EXPECT_NEAR(section.formatVersion, 0.443, 1e-9);
+    ASSERT_EQ(section.panels.size(), 1u);
+    EXPECT_EQ(section.panels[0].name, L"Frame 40");
+    EXPECT_EQ(section.panels[0].spacing_m, 0.0f);
+    ASSERT_EQ(section.panels[0].nodes.size(), 1u);
+    EXPECT_EQ(section.panels[0].nodes[0].givenY, 2.5f);
+    ASSERT_EQ(section.compartments.size(), 1u);
+    EXPECT_EQ(section.compartments[0].name, L"Hold 1");
+    EXPECT_EQ(section.compartments[0].kind, 6);
+}
+
+// ---- Other layouts -----------------------------------------------------------------------------
+
+TEST_F(SectionReaderTest, VersionBelow143IsReadWithTheNormalLayout) {
+    const std::string old = Replaced(golden, "\r\n 2.002 \r\n", "\r\n 1.2 \r\n");
+    EXPECT_NEAR(ReadText(old).formatVersion, 1.2, 1e-9);
+    EXPECT_EQ(Rewritten(old), body);
+}
+
+TEST_F(SectionReaderTest, LineFeedsAloneAreLineEnds) {
+    std::string text;
+    std::ranges::copy_if(golden, std::back_inserter(text), [](char c) { return c != '\r'; });
+    EXPECT_EQ(Rewritten(text), body);
+    text.pop_back();  // the last line without its end
+    EXPECT_EQ(Rewritten(text), body);
+}
+
+TEST_F(SectionReaderTest, CommentLinesMayStandAnywhere) {
+    EXPECT_EQ(Rewritten(test::WithLineBehindEach(golden, "* a comment, 1 2 3")), body);
+}
+
+TEST_F(SectionReaderTest, SeparatorsBetweenNumbersAreFree) {
+    std::string text = Replaced(golden, " 1 \t14.5\t0\t 1 \t", "1,14.5   0 , \t1;");
+    text = Replaced(text, " 12.5 \t 32.2 \t 19 ", "\t12.5,32.2\t\t 19.0 ");
+    text = Replaced(text, "Bottom                                  \t .8 ", "Bottom\t0.8");
+    text = Replaced(text, " 1 \t 1 \t 1 \t 10 \t .8 \t-1 ", "1 1 1 10 8E-1 -1 ");
+    EXPECT_EQ(Rewritten(text), body);
+}
+
+TEST_F(SectionReaderTest, PanelNameWithoutATabEndsAfterFortyCharacters) {
+    const std::string text =
+        Replaced(golden, "characters,,\t .75 \t 3.2 \t", "characters,, .75 3.2 \t");
+    EXPECT_EQ(Rewritten(text), body);
+}
+
+TEST_F(SectionReaderTest, TrailingTextIsIgnored) {
+    std::string text = Replaced(golden, "\r\n 20.5 \t 25.125 \r\n", "\r\n20.5 25.125 m3\r\n");
+    text = Replaced(text, "\r\n 2.002 \r\n", "\r\n 2.002 or so\r\n");
+    text = Replaced(text, "0.55\t .8 \t 1 \r\n", "0.55\t .8 \t 1 \t end of span\r\n");
+    EXPECT_EQ(Rewritten(text), body);
+}
+
+TEST_F(SectionReaderTest, BlankLinesBetweenRowsArePassedOver) {
+    std::string text = Replaced(golden, "\r\n 1 \t14.5", "\r\n\r\n \t \r\n 1 \t14.5");
+    text = Replaced(text, "\r\n 0 \t 1200 ", "\r\n\r\n 0 \t 1200 ");
+    text = Replaced(text, "\r\n 0 \t 0 \r\n 0 \t 0 \r\n 7.5",
+                    "\r\n\r\n\r\n 0 \t 0 \r\n 0 \t 0 \r\n 7.5");
+    EXPECT_EQ(Rewritten(text + "\r\n\r\n"), body);
+}
+
+TEST_F(SectionReaderTest, SpansNeedNoEmptyLineBetweenThem) {
+    const std::string text = Replaced(golden, "\t 1 \r\n\r\n 1 \t 3 ", "\t 1 \r\n 1 \t 3 ");
+    EXPECT_EQ(Rewritten(text), body);
+}
+
+TEST_F(SectionReaderTest, BlankLinesBehindTheLastCompartmentAreNone) {
+    const size_t end = golden.find("\r\n*\r\n" + GetMessageBytes(kMsgBracketTable));
+    const std::string text = golden.substr(0, end) + "\r\n\r\n\r\n \r\n";
+    EXPECT_EQ(ReadText(text).compartments.size(), 2u);
+}
+
+constexpr size_t kParts = 13;  // file head, block head, eleven tables
+
+TEST_F(SectionReaderTest, TablesMayStandInAnyOrder) {
+    ASSERT_EQ(test::Tables(golden).size(), kParts);
+    EXPECT_EQ(Rewritten(test::WithTablesReversed(golden)), body);
+}
+
+TEST_F(SectionReaderTest, EachTableMayBeMissing) {
+    for (size_t missing = 2; missing < kParts; ++missing) {
+        const SectionModel section = ReadText(test::WithoutPart(golden, missing));
+        EXPECT_EQ(section.name, L"Frame 100");
+        EXPECT_EQ(section.panels.empty(), missing == 2) << missing;
+        EXPECT_EQ(section.compartments.empty(), missing == 8) << missing;
+        if (section.panels.size() != 2) continue;
+        const Panel& first = section.panels[0];
+        const Panel& second = section.panels[1];
+        EXPECT_EQ(first.nodes.empty(), missing == 3) << missing;
+        EXPECT_EQ(first.plates.empty(), missing == 4) << missing;
+        EXPECT_EQ(first.stiffeners.empty(), missing == 5) << missing;
+        EXPECT_EQ(first.brackets.empty(), missing == 9) << missing;
+        EXPECT_EQ(second.openings.empty(), missing == 10) << missing;
+        EXPECT_EQ(second.pillars.empty(), missing == 11) << missing;
+        if (first.stiffeners.empty()) continue;
+        const std::vector<Span>& spans = first.stiffenerDetails[0].spans;
+        EXPECT_EQ(spans.empty(), missing == 6) << missing;
+        if (spans.empty()) continue;
+        ASSERT_EQ(spans.size(), 2u);
+        EXPECT_EQ(spans[1].fatigue.present, missing != 12) << missing;
+    }
+}
+
+TEST_F(SectionReaderTest, UnknownTablesArePassedOver) {
+    const std::string text =
+        Replaced(golden, "------------------ NODES",
+                 "------------------ NOTES ------------------\r\n 1 \t 2 \r\nwords\r\n"
+                 "------------------ NODES");
+    EXPECT_EQ(Rewritten(text), body);
+}
+
+TEST_F(SectionReaderTest, LabelsMayBeIndented) {
+    const std::string text =
+        Replaced(golden, "------------------ NODES", "   ------------------ NODES");
+    EXPECT_EQ(Rewritten(text), body);
+}
+
+TEST_F(SectionReaderTest, ReferencesOutOfRangeAreKept) {
+    const std::string text = Replaced(golden, " 2 \t0\t-0.5\t 0 \t 0 \t 1 \t 3 \t",
+                                      " 2 \t0\t-0.5\t 0 \t 0 \t 99 \t-7 \t");
+    const SectionModel section = ReadText(text);
+    EXPECT_EQ(section.panels[1].nodes[0].onStrake, 99);
+    EXPECT_EQ(section.panels[1].nodes[0].onNode, -7);
+}
+
+TEST_F(SectionReaderTest, ReaderStopsAtTheNextModel) {
+    const size_t marker = golden.find(FetchStructuralLines().modelMarker);
+    const std::string block = golden.substr(marker);
+    const std::string cut = block.substr(0, block.find("------------------ PLATES"));
+    const std::string text = golden.substr(0, marker) +
+                             Replaced(cut, "\r\n 7 \r\nSECTION", "\r\n 3 \r\nSECTION") + block;
+    test::WriteFileBytes(path, text);
+    SectionModel section;
+    ASSERT_TRUE(ReadSectionBlock(path, 3, false, section));
+    EXPECT_EQ(section.panels[0].nodes.size(), 3u);
+    EXPECT_TRUE(section.panels[0].plates.empty());
+    EXPECT_TRUE(section.compartments.empty());
+    ASSERT_TRUE(ReadSectionBlock(path, 7, false, section));
+    EXPECT_EQ(BodyText(section), body);
+}
+
+TEST_F(SectionReaderTest, OldContentsOfTheRecordAreGone) {
+    test::WriteFileBytes(path, test::ReadFileBytes(test::DataPath("golden/section_bare.ve2")));
+    SectionModel section = test::FullSection();
+    section.tolerance_m = 5;
+    ASSERT_TRUE(ReadSectionBlock(path, 7, false, section));
+    EXPECT_TRUE(section.panels.empty());
+    EXPECT_TRUE(section.compartments.empty());
+    EXPECT_EQ(section.tolerance_m, 0.001f);
+    EXPECT_EQ(section.shipType, 0);
+}
+
+}  // namespace
+}  // namespace corvane

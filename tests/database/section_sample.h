@@ -1,0 +1,25 @@
+// Sections for the tests: the one of tests/golden/section_full.ve2, and random ones.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "database/section_file.h"
+#include "tests/database/block_sample.h"
+
+namespace corvane::test {
+
+// What the golden file says, written down a second time.
+SectionModel FullSection();
+// Every field set at random, and every list of a random length.
+SectionModel RandomSection(uint32_t seed);
+
+// The text of the block behind the name label.
+std::string BodyText(SectionModel& section);
+// The whole block.
+std::string BlockText(SectionModel& section, int32_t number);
+// A block or a file as far as the section reader takes it, from memory.
+SectionModel ReadText(std::string_view text, ModelKind kind = ModelKind::kSection);
+
+}  // namespace corvane::test

@@ -1,0 +1,107 @@
+#include "files/paths.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/system.h"
+
+namespace corvane {
+namespace {
+
+TEST(WithTrailingBackslash, EmptyStaysEmpty) {
+    EXPECT_EQ(WithTrailingBackslash(L""), L"");
+}
+
+TEST(WithTrailingBackslash, OneThatIsThereIsNotDoubledAndBlanksGo) {
+    EXPECT_EQ(WithTrailingBackslash(L"C:\\data\\"), L"C:\\data\\");
+    EXPECT_EQ(WithTrailingBackslash(L"  C:\\data  "), L"C:\\data\\");
+}
+
+TEST(WithTrailingBackslash, DrivesAndTheRoot) {
+    EXPECT_EQ(WithTrailingBackslash(L"C:"), L"C:\\");
+    EXPECT_EQ(WithTrailingBackslash(L"C:\\"), L"C:\\");
+    EXPECT_EQ(WithTrailingBackslash(L"\\"), L"\\");
+    EXPECT_EQ(WithTrailingBackslash(L"my folder"), L"my folder\\");
+}
+
+TEST(StripTrailingBackslash, TakesOffOneOnly) {
+    EXPECT_EQ(StripTrailingBackslash(L"C:\\data\\"), L"C:\\data");
+    EXPECT_EQ(StripTrailingBackslash(L"C:\\data\\\\"), L"C:\\data\\");
+    EXPECT_EQ(StripTrailingBackslash(L" C:\\data\\ "), L"C:\\data");
+    EXPECT_EQ(StripTrailingBackslash(L"C:\\data"), L"C:\\data");
+    EXPECT_EQ(StripTrailingBackslash(L"\\"), L"");
+    EXPECT_EQ(StripTrailingBackslash(L"   "), L"");
+    EXPECT_EQ(StripTrailingBackslash(L""), L"");
+}
+
+TEST(DirectoryOf, BareFileNameHasTheCurrentDirectoryWithoutBackslash) {
+    EXPECT_EQ(DirectoryOf(L"b.ve2"), system::CurrentDirectory());
+    EXPECT_EQ(DirectoryOf(L""), system::CurrentDirectory());
+    EXPECT_FALSE(DirectoryOf(L"b.ve2").ends_with(L'\\'));
+}
+
+TEST(DirectoryOf, PathEndsWithItsLastBackslash) {
+    EXPECT_EQ(DirectoryOf(L"C:\\a\\b.ve2"), L"C:\\a\\");
+    EXPECT_EQ(DirectoryOf(L"  C:\\a\\b.ve2  "), L"C:\\a\\");
+    EXPECT_EQ(DirectoryOf(L"C:\\b.ve2"), L"C:\\");
+    EXPECT_EQ(DirectoryOf(L"C:\\a\\"), L"C:\\a\\");
+    EXPECT_EQ(DirectoryOf(L"\\\\server\\share\\b.ve2"), L"\\\\server\\share\\");
+}
+
+TEST(FileNameOf, IsTheTextBehindTheLastBackslashUntrimmed) {
+    EXPECT_EQ(FileNameOf(L"C:\\a\\b.ve2"), L"b.ve2");
+    EXPECT_EQ(FileNameOf(L"C:\\a\\ b.ve2 "), L" b.ve2 ");
+    EXPECT_EQ(FileNameOf(L"b.ve2"), L"b.ve2");
+    EXPECT_EQ(FileNameOf(L" b.ve2 "), L" b.ve2 ");
+    EXPECT_EQ(FileNameOf(L"C:\\a\\"), L"");
+    EXPECT_EQ(FileNameOf(L""), L"");
+}
+
+TEST(StripExtension, LastPointCountsEvenInAFolderName) {
+    EXPECT_EQ(StripExtension(L"C:\\rev1.2\\ship"), L"C:\\rev1");
+}
+
+TEST(StripExtension, TableOfNames) {
+    EXPECT_EQ(StripExtension(L"C:\\rev1.2\\ship.ve2"), L"C:\\rev1.2\\ship");
+    EXPECT_EQ(StripExtension(L"  ship.ve2  "), L"ship");
+    EXPECT_EQ(StripExtension(L"  ship  "), L"ship");
+    EXPECT_EQ(StripExtension(L"ship."), L"ship");
+    EXPECT_EQ(StripExtension(L".ve2"), L"");
+    EXPECT_EQ(StripExtension(L"ship.old.ve2"), L"ship.old");
+    EXPECT_EQ(StripExtension(L""), L"");
+}
+
+TEST(FileExtension, IsInLowerCase) {
+    EXPECT_EQ(FileExtension(L"SHIP.VE2"), L"ve2");
+    EXPECT_EQ(FileExtension(L"ship.ÉTÉ"), L"été");
+}
+
+TEST(FileExtension, NameWithoutAPointHasNone) {
+    EXPECT_EQ(FileExtension(L"ship"), L"");
+    EXPECT_EQ(FileExtension(L""), L"");
+}
+
+TEST(FileExtension, TableOfNames) {
+    EXPECT_EQ(FileExtension(L"ship.old.VE2 "), L"ve2");
+    EXPECT_EQ(FileExtension(L"ship."), L"");
+    EXPECT_EQ(FileExtension(L".vel"), L"vel");
+    EXPECT_EQ(FileExtension(L"C:\\rev1.2\\Ship"), L"2\\ship");
+}
+
+TEST(BackupPath, ExtensionGivesWay) {
+    EXPECT_EQ(BackupPath(L"C:\\data\\ship.ve2"), L"C:\\data\\ship.bak");
+    EXPECT_EQ(BackupPath(L"ship.ve2"), L"ship.bak");
+    EXPECT_EQ(BackupPath(L"my.ship.ve2"), L"my.ship.bak");
+    EXPECT_EQ(BackupPath(L"  ship.ve2  "), L"ship.bak");
+}
+
+TEST(BackupPath, NameWithoutAPointIsKeptWhole) {
+    EXPECT_EQ(BackupPath(L"C:\\data\\ship"), L"C:\\data\\ship.bak");
+    EXPECT_EQ(BackupPath(L""), L".bak");
+}
+
+TEST(BackupPath, LastPointCountsEvenInAFolderName) {
+    EXPECT_EQ(BackupPath(L"C:\\rev1.2\\ship"), L"C:\\rev1.bak");
+}
+
+}  // namespace
+}  // namespace corvane

@@ -1,0 +1,259 @@
+#include "files/running.h"
+
+#include <gtest/gtest.h>
+
+#include "files/file_system.h"
+#include "files/paths.h"
+#include "platform/ztutil32.h"
+#include "report/messages.h"
+#include "shell/state.h"
+#include "tests/support/support.h"
+
+namespace corvane {
+namespace {
+
+using test::FakeFunction;
+using test::KeepCurrentDirectory;
+using test::Narrow;
+using test::RecordingScreen;
+using test::TemporaryFolder;
+using Events = std::vector<std::string>;
+
+// ---- The pointer -------------------------------------------------------------------------------
+
+TEST(Pointer, BusyAndBack) {
+    const RecordingScreen screen;
+    SetBusyPointer();
+    ResetMousePointer();
+    EXPECT_EQ(RecordingScreen::events, (Events{"pointer busy", "pointer reset"}));
+}
+
+TEST(ChildRunning, IsTheFlagOfTheState) {
+    const RecordingScreen screen;
+    EXPECT_FALSE(ChildRunning());
+    shell.childRunning = true;
+    EXPECT_TRUE(ChildRunning());
+}
+
+// ---- Running a program -------------------------------------------------------------------------
+
+// What the library's procedure saw when it was called.
+struct SeenCall {
+    std::string commandLine;
+    int16_t windowStyle = -99;
+    bool childRunning = false;
+    std::wstring directory;
+    Events events;
+};
+SeenCall seen;
+
+template <int16_t result>
+int16_t CORVANE_STDCALL Witness(const char* commandLine, int16_t windowStyle) {
+    seen = {commandLine, windowStyle, ChildRunning(), system::CurrentDirectory(),
+            RecordingScreen::events};
+    return result;
+}
+
+TEST(RunAndWait, LibraryGetsTheCommandLineAsAnsiAndTheWindowStyle) {
+    const RecordingScreen screen;
+    const FakeFunction fake(ShellAndWait, Witness<-1>);
+    EXPECT_TRUE(RunAndWait(L"C:\\My été\\bhm.exe \"a b\" 12", 7).HasRun());
+    EXPECT_EQ(seen.commandLine, "C:\\My \xE9t\xE9\\bhm.exe \"a b\" 12");
+    EXPECT_EQ(seen.windowStyle, 7);
+}
+
+TEST(RunAndWait, AnyNonZeroResultIsTrue) {
+    const RecordingScreen screen;
+    const FakeFunction fake(ShellAndWait, Witness<1>);
+    const RunResult result = RunAndWait(L"a.exe", 0);
+    EXPECT_TRUE(result.HasRun());
+    EXPECT_FALSE(result.crashed);
+}
+
+TEST(RunAndWait, CrashIsToldFromAnEnd) {
+    const RecordingScreen screen;
+    const FakeFunction fake(ShellAndWait, Witness<kProgramCrashed>);
+    const RunResult result = RunAndWait(L"a.exe", 0);
+    EXPECT_TRUE(result.HasRun());
+    EXPECT_TRUE(result.crashed);
+    EXPECT_FALSE(ChildRunning());
+}
+
+// A library that leaves the system's reason behind, as ours does: it fails to make a file anew.
+std::wstring takenName;
+int16_t CORVANE_STDCALL FailWithAReason(const char*, int16_t) {
+    system::File file;
+    EXPECT_EQ(system::CreateNewForWriting(takenName, file), system::kErrorFileExists);
+    return 0;
+}
+
+TEST(RunAndWait, ReasonOfTheSystemIsTold) {
+    const RecordingScreen screen;
+    const TemporaryFolder folder;
+    takenName = folder.File(L"taken");
+    test::WriteFileBytes(takenName, "");
+    const FakeFunction fake(ShellAndWait, FailWithAReason);
+    EXPECT_EQ(RunAndWait(L"a.exe", 0).error, system::kErrorFileExists);
+}
+
+TEST(RunAndWait, LibraryThatGivesNoReasonHasNotFoundTheProgram) {
+    const RecordingScreen screen;
+    const FakeFunction fake(ShellAndWait, Witness<0>);
+    EXPECT_EQ(RunAndWait(L"a.exe", 0).error, system::kErrorFileNotFound);
+}
+
+TEST(RunAndWait, ChildIsRunningAndPointerBusyExactlyDuringTheRun) {
+    const RecordingScreen screen;
+    const FakeFunction fake(ShellAndWait, Witness<-1>);
+    EXPECT_TRUE(RunAndWait(L"a.exe", 1).HasRun());
+    EXPECT_TRUE(seen.childRunning);
+    EXPECT_EQ(seen.events, (Events{"pointer busy"}));
+    EXPECT_FALSE(ChildRunning());
+    EXPECT_EQ(RecordingScreen::events, (Events{"pointer busy", "pointer reset"}));
+}
+
+TEST(RunAndWait, WorkDirIsCurrentDuringTheRunOnly) {
+    const RecordingScreen screen;
+    const KeepCurrentDirectory keeper;
+    const TemporaryFolder start;
+    const TemporaryFolder folder;
+    ChangeToDirectory(start.path);
+    const FakeFunction fake(ShellAndWait, Witness<-1>);
+    EXPECT_TRUE(RunAndWait(L"a.exe", 1, folder.path).HasRun());
+    EXPECT_EQ(Narrow(seen.directory), Narrow(StripTrailingBackslash(folder.path)));
+    EXPECT_EQ(Narrow(system::CurrentDirectory()), Narrow(StripTrailingBackslash(start.path)));
+}
+
+TEST(RunAndWait, WithoutWorkDirTheCurrentDirectoryStays) {
+    const RecordingScreen screen;
+    const FakeFunction fake(ShellAndWait, Witness<-1>);
+    const std::wstring before = system::CurrentDirectory();
+    EXPECT_TRUE(RunAndWait(L"a.exe", 1).HasRun());
+    EXPECT_EQ(seen.directory, before);
+    EXPECT_EQ(system::CurrentDirectory(), before);
+}
+
+TEST(RunAndWait, MissingWorkDirRunsTheProgramWhereItIs) {
+    const RecordingScreen screen;
+    const KeepCurrentDirectory keeper;
+    const TemporaryFolder folder;
+    ChangeToDirectory(folder.path);
+    const FakeFunction fake(ShellAndWait, Witness<-1>);
+    const std::wstring before = system::CurrentDirectory();
+    EXPECT_TRUE(RunAndWait(L"a.exe", 1, folder.File(L"none")).HasRun());
+    EXPECT_EQ(seen.directory, before);
+    EXPECT_EQ(system::CurrentDirectory(), before);
+}
+
+TEST(RunAndWait, FailureShowsNothingAndPutsEverythingBack) {
+    const RecordingScreen screen;
+    const TemporaryFolder folder;
+    const FakeFunction fake(ShellAndWait, Witness<0>);
+    const std::wstring before = system::CurrentDirectory();
+    shell.childRunning = true;  // left over
+    EXPECT_FALSE(RunAndWait(L"a.exe", 1, folder.path).HasRun());
+    EXPECT_EQ(RecordingScreen::events, (Events{"pointer busy", "pointer reset"}));
+    EXPECT_FALSE(ChildRunning());
+    EXPECT_EQ(system::CurrentDirectory(), before);
+}
+
+TEST(RunAndWait, FailureIsReportedInDebugMode) {
+    const RecordingScreen screen;
+    const FakeFunction fake(ShellAndWait, Witness<0>);
+    shell.debugMode = true;
+    EXPECT_FALSE(RunAndWait(L"C:\\none\\none.exe /d a b", 1).HasRun());
+    ASSERT_EQ(RecordingScreen::Of("plain").size(), 1U);
+    const std::string expected = "ExShell (C:\\none\\none.exe /d a b) 2 ";
+    EXPECT_EQ(RecordingScreen::Of("plain")[0].substr(0, expected.size()), expected);
+    EXPECT_EQ(RecordingScreen::events.back().substr(0, 5), "plain");
+}
+
+TEST(RunAndWait, ProgramThatIsMissingIsNotStarted) {
+    const RecordingScreen screen;
+    const TemporaryFolder folder;
+    EXPECT_FALSE(RunAndWait(folder.File(L"none.exe") + L" a b", 1).HasRun());
+    EXPECT_FALSE(RunAndWait(L"", 0).HasRun());
+    EXPECT_FALSE(ChildRunning());
+}
+
+// ---- The file prompt ---------------------------------------------------------------------------
+
+struct SeenPrompt {
+    std::string defaultExtension, title, name, caption;
+    int32_t size = 0, flags = 0;
+};
+SeenPrompt seenPrompt;
+
+int16_t CORVANE_STDCALL AnswerWithName(char* defaultExtension, char* title, char* buffer,
+                                       int32_t size, int32_t flags, char* caption) {
+    seenPrompt = {defaultExtension, title, buffer, caption, size, flags};
+    const std::string name("C:\\d\xE9\\ship.ve2\0behind", 22);
+    name.copy(buffer, name.size());
+    std::string("ve3\0", 4).copy(defaultExtension, 4);
+    std::string("New title\0", 10).copy(title, 10);
+    std::string("New caption\0", 12).copy(caption, 12);
+    return 1;
+}
+
+int16_t CORVANE_STDCALL Cancel(char*, char*, char*, int32_t, int32_t, char*) {
+    return 0;
+}
+
+// Fills everything that it was given, as a careless library would.
+int16_t CORVANE_STDCALL FillTheBuffer(char*, char*, char* buffer, int32_t size, int32_t, char*) {
+    std::fill_n(buffer, size, 'n');
+    return -1;
+}
+
+FilePrompt SavePrompt() {
+    return {L"ve2", L"C:\\été.ve2", L"Save DB as...", L"Hull databases", -1};
+}
+
+TEST(PromptForFileName, LibraryGetsAllTextsAsAnsi) {
+    const FakeFunction fake(ZTUtilPromptForName, AnswerWithName);
+    FilePrompt prompt = SavePrompt();
+    EXPECT_EQ(Narrow(PromptForFileName(prompt)), Narrow(L"C:\\dé\\ship.ve2"));
+    EXPECT_EQ(seenPrompt.defaultExtension, "ve2");
+    EXPECT_EQ(seenPrompt.name, "C:\\\xE9t\xE9.ve2");
+    EXPECT_EQ(seenPrompt.caption, "Save DB as...");
+    EXPECT_EQ(seenPrompt.title, "Hull databases");
+    EXPECT_EQ(seenPrompt.size, 400);
+    EXPECT_EQ(seenPrompt.flags, -1);
+}
+
+TEST(PromptForFileName, WhatTheLibraryChangedComesBack) {
+    const FakeFunction fake(ZTUtilPromptForName, AnswerWithName);
+    FilePrompt prompt = SavePrompt();
+    PromptForFileName(prompt);
+    EXPECT_EQ(prompt.defaultExtension, L"ve3");
+    EXPECT_EQ(prompt.title, L"New title");
+    EXPECT_EQ(prompt.caption, L"New caption");
+    EXPECT_EQ(Narrow(prompt.fileName), Narrow(L"C:\\dé\\ship.ve2"));
+}
+
+TEST(PromptForFileName, CancelGivesAnEmptyName) {
+    const FakeFunction fake(ZTUtilPromptForName, Cancel);
+    FilePrompt prompt = SavePrompt();
+    EXPECT_EQ(PromptForFileName(prompt), L"");
+    EXPECT_EQ(prompt.fileName, L"C:\\été.ve2");
+    EXPECT_EQ(prompt.title, L"Hull databases");
+}
+
+TEST(PromptForFileName, TextsOfAnyLengthFit) {
+    const FakeFunction fake(ZTUtilPromptForName, Cancel);
+    FilePrompt prompt = SavePrompt();
+    prompt.title = std::wstring(1000, L't');
+    prompt.fileName = std::wstring(1000, L'f');
+    EXPECT_EQ(PromptForFileName(prompt), L"");
+    EXPECT_EQ(prompt.title, std::wstring(1000, L't'));
+    EXPECT_EQ(prompt.fileName, std::wstring(399, L'f'));  // the buffer has room for the NUL besides
+}
+
+TEST(PromptForFileName, BufferWithoutANulIsTakenWhole) {
+    const FakeFunction fake(ZTUtilPromptForName, FillTheBuffer);
+    FilePrompt prompt = SavePrompt();
+    EXPECT_EQ(PromptForFileName(prompt), std::wstring(400, L'n'));
+}
+
+}  // namespace
+}  // namespace corvane

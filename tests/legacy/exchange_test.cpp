@@ -1,0 +1,441 @@
+// The conversations with the legacy library: which calls, in which order, with what, and what a
+// failure makes of them.
+#include "legacy/exchange.h"
+
+#include <gtest/gtest.h>
+
+#include "bsd/bsd_file.h"
+#include "database/section_file.h"
+#include "files/file_system.h"
+#include "platform/system.h"
+#include "report/messages.h"
+#include "tests/legacy/legacy_support.h"
+
+namespace corvane {
+namespace {
+
+using namespace test;
+using Calls = std::vector<std::string>;
+using Library = FakeLegacyLibrary;
+
+SectionModel SmallSection(const std::wstring& name, float x) {
+    SectionModel section;
+    section.name = name;
+    section.x_m = x;
+    section.breadth_m = 32;
+    section.depth_m = 19;
+    section.draught_m = 12;
+    section.panels.push_back(PanelOfNodes(2, 0, 1));
+    return section;
+}
+
+BasicShipData Ship() {
+    BasicShipData bsd;
+    bsd.Titles(1).Assign(L"Aurora");
+    bsd.MainData(1) = 217.77F;
+    bsd.MainData(2) = 32.25F;
+    bsd.MainData(3) = 19.6F;
+    bsd.MainData(6) = 14;
+    bsd.TypeCodes(1) = 3;
+    bsd.TypeCodes(2) = 4;
+    bsd.TypeCodes(3) = 5;
+    return bsd;
+}
+
+// Status captions and warnings in order, without the "..." of a status.
+Calls Told() {
+    Calls told;
+    for (const std::string& event : RecordingScreen::events) {
+        if (event.starts_with("caption ") || event.starts_with("warning ")) told.push_back(event);
+    }
+    return told;
+}
+
+std::string Caption(int32_t number, MessageArguments arguments) {
+    return "caption " + Narrow(FormatMessage(number, arguments)) + "...";
+}
+// What a conversation warned of; then the events are forgotten.
+Calls Warnings() {
+    const Calls warnings = RecordingScreen::Of("warning");
+    RecordingScreen::events.clear();
+    return warnings;
+}
+
+struct Exchange : testing::Test {
+    RecordingScreen screen;
+    FakeLegacyLibrary library;
+    TemporaryFolder folder;
+    std::wstring source = folder.File(L"ship.ve2");
+    std::wstring target = folder.File(L"ship.vel");
+    BasicShipData bsd = Ship();
+
+    // A model database of these sections; those without a name are bulkhead arrangements.
+    void WriteModels(std::vector<SectionModel> sections) {
+        ASSERT_TRUE(CreateDatabaseFile(source, bsd));
+        TextWriter writer;
+        TextReader reader;
+        const std::wstring whole = folder.File(L"whole.ve2");
+        ASSERT_TRUE(OpenText(reader, source) && CreateText(writer, whole));
+        CopyFileHead(reader, writer);
+        int32_t number = 0;
+        for (SectionModel& section : sections) {
+            if (!section.name.empty()) {
+                WriteSectionBlock(writer, section, ++number);
+                continue;
+            }
+            WriteBlockHead(writer, ++number, ModelKind::kBulkhead, Stamp());
+            WriteLine(writer, "A bulkhead");
+        }
+        ASSERT_TRUE(CloseText(writer));
+        WriteFileBytes(source, ReadFileBytes(whole));
+        RecordingScreen::events.clear();
+    }
+};
+
+// ---- Export of one section ---------------------------------------------------------------------
+
+TEST_F(Exchange, SectionGoesToANewSlotInTheDescribedOrder) {
+    SectionModel section = SmallSection(L"Frame 10", 7.5F);
+    EXPECT_TRUE(ExportSection({target, 3}, section, bsd));
+    EXPECT_EQ(Library::calls,
+              (Calls{"extendvelkdb ship.vel", "exportvelkmainsec ship.vel 3",
+                     "exportsectiongeometry ship.vel 3", "exportvelkcompload ship.vel 3",
+                     "addsectvelkdb ship.vel 'Frame 10' 7.5"}));
+    EXPECT_STREQ(Library::record.main.name, "Frame 10");
+    EXPECT_EQ(Library::record.geometry.strakeCount, 1);
+}
+
+TEST_F(Exchange, ReplacingASlotNeitherExtendsNorRenames) {
+    SectionModel section = SmallSection(L"Frame 10", 7.5F);
+    EXPECT_TRUE(ExportSection({target, 2, false}, section, bsd));
+    EXPECT_EQ(Library::calls,
+              (Calls{"exportvelkmainsec ship.vel 2", "exportsectiongeometry ship.vel 2",
+                     "exportvelkcompload ship.vel 2"}));
+}
+
+TEST_F(Exchange, StatusLinesOfAnExportFollowOneAnother) {
+    SectionModel section = SmallSection(L"A section with a name of more than 20", 7.5F);
+    ExportSection({L"C:\\Ships\\Alpha\\a long name.vel", 1}, section, bsd);
+    const Calls told = Told();
+    ASSERT_EQ(told.size(), 6u);
+    EXPECT_EQ(told[0], Caption(620, {L"A sectio..than 20", L"C:\\Ships..name.vel"}));
+    EXPECT_EQ(told[1], Caption(611, {section.name}));
+    EXPECT_EQ(told[2], Caption(616, {section.name}));
+    EXPECT_EQ(told[3], "caption ");
+    EXPECT_EQ(told[4], Caption(612, {}));
+    EXPECT_EQ(told[5], "caption ");
+}
+
+TEST_F(Exchange, DatabaseThatTakesNoSlotEndsTheExport) {
+    Library::extendStatus = 5;
+    SectionModel section = SmallSection(L"Frame 10", 7.5F);
+    EXPECT_FALSE(ExportSection({target, 1}, section, bsd));
+    EXPECT_EQ(Library::calls, Calls{"extendvelkdb ship.vel"});
+    EXPECT_EQ(Warnings(), Calls{WarningText(1002, {target})});
+}
+
+TEST_F(Exchange, SlotThatCanNotBeNamedIsReported) {
+    Library::nameStatus = 4;
+    SectionModel section = SmallSection(L"Frame 10", 7.5F);
+    EXPECT_FALSE(ExportSection({target, 12}, section, bsd));
+    EXPECT_EQ(Library::calls.size(), 5u);
+    EXPECT_EQ(Warnings(), Calls{WarningText(1003, {12, target})});
+}
+
+TEST_F(Exchange, LibraryThatIsMissingHasFailed) {
+    const FakeFunction fake(extendvelkdb, [](const char*, int16_t*) {});
+    SectionModel section = SmallSection(L"Frame 10", 7.5F);
+    EXPECT_FALSE(ExportSection({target, 1}, section, bsd));
+    EXPECT_TRUE(Library::calls.empty());
+}
+
+TEST_F(Exchange, NameGoesToTheListInOemAndToTheRecordInAnsi) {
+    SectionModel section = SmallSection(L"\u00C9tamb\u00F4t", 0.5F);
+    ExportSection({target, 1}, section, bsd);
+    EXPECT_EQ(Library::calls.back(), "addsectvelkdb ship.vel '\x90tamb\x93t' 0.5");
+    EXPECT_STREQ(Library::record.main.name, "\xC9tamb\xF4t");
+}
+
+TEST_F(Exchange, CharacterThatOemLacksIsAQuestionMarkInTheList) {
+    SectionModel section = SmallSection(L"5 \u20AC", 0.5F);
+    ExportSection({target, 1}, section, bsd);
+    EXPECT_EQ(Library::calls.back(), "addsectvelkdb ship.vel '5 ?' 0.5");
+    EXPECT_STREQ(Library::record.main.name, "5 \x80");
+}
+
+// ---- Section defaults --------------------------------------------------------------------------
+
+TEST_F(Exchange, SectionWithoutDimensionsGetsThoseOfTheShipAfterAMessage) {
+    SectionModel section = SmallSection(L" Frame 10 ", 0);
+    section.breadth_m = section.depth_m = section.draught_m = 0;
+    ExportSection({target, 1}, section, bsd);
+    const LegacyMainSection& main = Library::record.main;
+    EXPECT_EQ(main.x_m, 108.89F) << "half of the length, rounded to 2 decimals";
+    EXPECT_EQ(main.breadth_m, 32.25F);
+    EXPECT_EQ(main.depth_m, 19.6F);
+    EXPECT_EQ(main.draught_m, 14);
+    EXPECT_EQ(main.shipType, 3);
+    EXPECT_EQ(main.classCode, 4);
+    EXPECT_EQ(main.navigationCode, 5);
+    EXPECT_EQ(section.bottomSlope_deg, 30);
+    EXPECT_EQ(section.sideSlope_deg, 45);
+    EXPECT_EQ(Library::calls.back(), "addsectvelkdb ship.vel 'Frame 10' 108.89");
+    EXPECT_EQ(Warnings(), Calls{WarningText(1074, {L"Frame 10"})});
+}
+
+TEST_F(Exchange, DimensionsAreReportedBeforeTheBlocksAreWritten) {
+    static size_t warningsBefore;
+    SectionModel section = SmallSection(L"Frame 10", 1);
+    section.draught_m = 0.0009F;
+    const FakeFunction fake(exportvelkmainsec, [](const char*, int16_t, LegacyMainSection*) {
+        warningsBefore = RecordingScreen::Of("warning").size();
+        return int16_t{0};
+    });
+    ExportSection({target, 1}, section, bsd);
+    EXPECT_EQ(warningsBefore, 1u);
+}
+
+TEST_F(Exchange, DepthAloneIsNoReasonForDefaultsOfASingleExport) {
+    SectionModel section = SmallSection(L"Frame 10", 1);
+    section.depth_m = 0;
+    ExportSection({target, 1}, section, bsd);
+    EXPECT_EQ(Library::record.main.depth_m, 0);
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(Exchange, OneThousandthIsSet) {
+    SectionModel section = SmallSection(L"Frame 10", 1);
+    section.breadth_m = 0.001F;
+    ExportSection({target, 1}, section, bsd);
+    EXPECT_EQ(Library::record.main.breadth_m, 0.001F);
+}
+
+TEST_F(Exchange, DefaultsLeaveWhatIsSet) {
+    SectionModel section = SmallSection(L"Frame 10", 7.5F);
+    section.draught_m = 0;
+    section.shipType = 9;
+    section.navigationCode = -2;
+    section.bottomSlope_deg = 20;
+    SetSectionDefaults(section, bsd, kUnsetBelow);
+    EXPECT_EQ(section.name, L"Frame 10");
+    EXPECT_EQ(section.x_m, 7.5F);
+    EXPECT_EQ(section.breadth_m, 32);
+    EXPECT_EQ(section.draught_m, 14);
+    EXPECT_EQ(section.shipType, 9);
+    EXPECT_EQ(section.navigationCode, -2);
+    EXPECT_EQ(section.bottomSlope_deg, 20);
+    EXPECT_EQ(section.sideSlope_deg, 45);
+}
+
+TEST_F(Exchange, WithoutAThresholdEveryFieldTakesItsDefault) {
+    SectionModel section = SmallSection(L"Frame 10", 7.5F);
+    section.shipType = 9;
+    section.navigationCode = -2;
+    section.bottomSlope_deg = 20;
+    SetSectionDefaults(section, bsd);
+    EXPECT_EQ(section.name, L"Frame 10");
+    EXPECT_EQ(section.x_m, 108.89F);
+    EXPECT_EQ(section.breadth_m, 32.25F);
+    EXPECT_EQ(section.shipType, 3);
+    EXPECT_EQ(section.navigationCode, 5);
+    EXPECT_EQ(section.bottomSlope_deg, 30);
+}
+
+TEST_F(Exchange, NamelessSectionGetsAName) {
+    for (const std::wstring& name : {std::wstring(), std::wstring(L"  "), GetMessage(102)}) {
+        SectionModel section = SmallSection(name, 1);
+        SetSectionDefaults(section, bsd, kUnsetBelow);
+        EXPECT_EQ(section.name, GetMessage(161));
+    }
+}
+
+// ---- Export of a whole database ----------------------------------------------------------------
+
+TEST_F(Exchange, WholeDatabaseIsWrittenInTheDescribedOrder) {
+    WriteModels(
+        {SmallSection(L"Frame 10", 7.5F), SmallSection(L"", 0), SmallSection(L"Frame 20", 15)});
+    EXPECT_TRUE(ExportDatabase(source, target));
+    EXPECT_EQ(Library::calls,
+              (Calls{"createvelkdb ship.vel", "exportvelkbsd ship.vel", "extendvelkdb ship.vel",
+                     "exportvelkmainsec ship.vel 1", "exportsectiongeometry ship.vel 1",
+                     "exportvelkcompload ship.vel 1", "addsectvelkdb ship.vel 'Frame 10' 7.5",
+                     "extendvelkdb ship.vel", "exportvelkmainsec ship.vel 2",
+                     "exportsectiongeometry ship.vel 2", "exportvelkcompload ship.vel 2",
+                     "addsectvelkdb ship.vel 'Frame 20' 15"}));
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(Exchange, OldTargetIsDeletedFirst) {
+    WriteModels({});
+    WriteFileBytes(target, "old");
+    static std::wstring path;
+    path = target;
+    const FakeFunction fake(createvelkdb, [](const char*, int16_t* status) {
+        EXPECT_FALSE(FileExists(path));
+        *status = 0;
+    });
+    EXPECT_TRUE(ExportDatabase(source, target));
+}
+
+TEST_F(Exchange, SourceIsNeverItsOwnTarget) {
+    WriteModels({SmallSection(L"Frame 10", 7.5F)});
+    const std::string before = ReadFileBytes(source);
+    EXPECT_FALSE(ExportDatabase(source, source));
+    EXPECT_TRUE(Library::calls.empty());
+    EXPECT_EQ(ReadFileBytes(source), before);
+}
+
+TEST_F(Exchange, NothingHappensWithoutAModelDatabase) {
+    WriteFileBytes(target, "old");
+    EXPECT_FALSE(ExportDatabase(source, target));
+    WriteFileBytes(source, "no database");
+    EXPECT_FALSE(ExportDatabase(source, target));
+    EXPECT_TRUE(Library::calls.empty());
+    EXPECT_EQ(ReadFileBytes(target), "old");
+}
+
+TEST_F(Exchange, DatabaseThatCanNotBeCreatedEndsTheExport) {
+    WriteModels({SmallSection(L"Frame 10", 7.5F)});
+    Library::createStatus = 4;
+    EXPECT_FALSE(ExportDatabase(source, target));
+    EXPECT_EQ(Library::calls, Calls{"createvelkdb ship.vel"});
+    EXPECT_EQ(Warnings(), Calls{WarningText(1067, {target})});
+}
+
+TEST_F(Exchange, ShipDataThatCanNotBeWrittenEndTheExport) {
+    WriteModels({SmallSection(L"Frame 10", 7.5F)});
+    Library::bsdStatus = 3;
+    EXPECT_FALSE(ExportDatabase(source, target));
+    EXPECT_EQ(Library::calls.size(), 2u);
+    EXPECT_EQ(Warnings(), Calls{WarningText(1068, {target, 3})});
+}
+
+TEST_F(Exchange, SlotThatIsRefusedEndsTheLoop) {
+    WriteModels({SmallSection(L"Frame 10", 7.5F), SmallSection(L"", 0),
+                 SmallSection(L"Frame 20", 15), SmallSection(L"Frame 30", 20)});
+    Library::extendFailsAt = 2;
+    EXPECT_FALSE(ExportDatabase(source, target));
+    EXPECT_EQ(Library::calls.size(), 8u);
+    EXPECT_EQ(Library::calls.back(), "extendvelkdb ship.vel");
+    EXPECT_EQ(Warnings(), Calls{WarningText(1003, {2, target})});
+}
+
+TEST_F(Exchange, NameThatIsRefusedDoesNotEndTheLoop) {
+    WriteModels({SmallSection(L"Frame 10", 7.5F), SmallSection(L"Frame 20", 15)});
+    Library::nameStatus = 6;
+    EXPECT_TRUE(ExportDatabase(source, target));
+    EXPECT_EQ(Library::calls.size(), 12u);
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(Exchange, WholeDatabaseTakesDefaultsInSilenceForItsDepthToo) {
+    SectionModel section = SmallSection(L"Frame 10", 0);
+    section.depth_m = 0;
+    WriteModels({section});
+    EXPECT_TRUE(ExportDatabase(source, target));
+    EXPECT_EQ(Library::record.main.depth_m, 19.6F);
+    EXPECT_EQ(Library::record.main.x_m, 108.89F);
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(Exchange, TitlesCrossInOemPaddedToThirty) {
+    bsd.Titles(1).Assign(L"\u00C9toile");
+    bsd.Titles(5).Assign(L"ETOILE");
+    bsd.Remark.Assign(L"\u00E9");
+    WriteModels({});
+    ExportDatabase(source, target);
+    EXPECT_EQ(std::string(Library::bsd.Titles[0], 30), "\x90toile" + std::string(24, ' '));
+    EXPECT_EQ(std::string(Library::bsd.Titles[4], 30), "ETOILE" + std::string(24, ' '));
+    EXPECT_EQ(Library::bsd.Remark[0], '\xE9') << "only the titles are OEM";
+    BasicShipData back;
+    EXPECT_EQ(LoadBsdFromLegacy(target, back), 0);
+    EXPECT_EQ(back.Titles(1), bsd.Titles(1));
+    EXPECT_EQ(back.Remark, bsd.Remark);
+    EXPECT_EQ(back.MainData, bsd.MainData);
+}
+
+TEST_F(Exchange, ShipDataCrossInALargerZeroedBuffer) {
+    const FakeFunction fake(importvelknavi, [](const char*, LegacyBsd* taken, int16_t* status) {
+        const auto* bytes = reinterpret_cast<const char*>(taken);
+        for (size_t i = 0; i < kLegacyBsdBufferSize; ++i) EXPECT_EQ(bytes[i], 0) << i;
+        std::memset(reinterpret_cast<char*>(taken), ' ', kLegacyBsdBufferSize);
+        *status = 0;
+    });
+    BasicShipData back;
+    EXPECT_EQ(LoadBsdFromLegacy(target, back), 0);
+}
+
+TEST_F(Exchange, ShipDataThatCanNotBeReadLeaveTheRecord) {
+    Library::naviStatus = 3;
+    BasicShipData back = bsd;
+    EXPECT_EQ(LoadBsdFromLegacy(target, back), 3);
+    EXPECT_EQ(back, bsd);
+}
+
+// ---- Import and list ---------------------------------------------------------------------------
+
+TEST_F(Exchange, SectionIsImportedInTheDescribedOrder) {
+    SectionModel section = SmallSection(L"Frame 10", 7.5F);
+    ToLegacyRecord(section, Library::record);
+    WriteFileBytes(target, "any");
+    RecordingScreen::events.clear();
+    SectionModel back;
+    EXPECT_TRUE(ImportSection(target, 7, back));
+    EXPECT_EQ(Library::calls,
+              (Calls{"importvelkmainsec ship.vel 7", "importsectiongeometry ship.vel 7",
+                     "importvelkcompload ship.vel 7"}));
+    EXPECT_EQ(back.name, L"Frame 10");
+    const Calls told = Told();
+    ASSERT_EQ(told.size(), 4u);
+    EXPECT_EQ(told[0], Caption(610, {L"Frame 10"}));
+    EXPECT_EQ(told[1], Caption(613, {}));
+    EXPECT_EQ(told[2], Caption(616, {L"Frame 10"}));
+    EXPECT_EQ(told[3], "caption ");
+}
+
+TEST_F(Exchange, MissingFileIsReportedBeforeAnyCall) {
+    SectionModel section;
+    EXPECT_FALSE(ImportSection(target, 1, section));
+    EXPECT_TRUE(Library::calls.empty());
+    EXPECT_EQ(Warnings(), Calls{WarningText(1020, {target})});
+}
+
+TEST_F(Exchange, ListHasTheNamesInAnsi) {
+    Library::listCount = 2;
+    std::memcpy(Library::entries[0].name, "\x90tamb\x93t                       ", 30);
+    std::memcpy(Library::entries[1].name, "0123456789012345678901234567890123456789", 40);
+    int16_t status = -1;
+    const std::vector<ModelEntry> list = ListLegacySections(target, status);
+    EXPECT_EQ(Library::calls, Calls{"getvelksections ship.vel"});
+    ASSERT_EQ(list.size(), 2u);
+    EXPECT_EQ(list[0].name, L"\u00C9tamb\u00F4t");
+    EXPECT_EQ(list[1].name.size(), 40u);
+    EXPECT_EQ(list[0].kind, ModelKind::kSection);
+    EXPECT_EQ(list[1].kind, ModelKind::kSection);
+}
+
+TEST_F(Exchange, OemCharacterThatAnsiLacksIsAQuestionMark) {
+    Library::listCount = 1;
+    std::memcpy(Library::entries[0].name, "\xB0 tank ", 7);  // a shade
+    int16_t status = -1;
+    EXPECT_EQ(ListLegacySections(target, status).at(0).name, L"? tank");
+}
+
+TEST_F(Exchange, CountThatIsTooLargeListsTwenty) {
+    Library::listCount = 500;
+    int16_t status = -1;
+    EXPECT_EQ(ListLegacySections(target, status).size(), 20u);
+    Library::listCount = -3;
+    EXPECT_TRUE(ListLegacySections(target, status).empty());
+}
+
+TEST_F(Exchange, ListOfADamagedDatabaseIsEmpty) {
+    Library::listCount = 2;
+    Library::listStatus = 3;
+    int16_t status = -1;
+    EXPECT_TRUE(ListLegacySections(target, status).empty());
+    EXPECT_EQ(status, 3);
+}
+
+}  // namespace
+}  // namespace corvane

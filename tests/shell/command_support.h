@@ -1,0 +1,97 @@
+// For the tests of commands: a window that records, a file prompt that answers, programs that do
+// what the test tells them, and small databases.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <functional>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "database/model_kind.h"
+#include "platform/ztutil32.h"
+#include "shell/exchange_boxes.h"
+#include "shell/state.h"
+#include "tests/support/support.h"
+
+namespace corvane::test {
+
+// What the main window shows. Everything goes to RecordingScreen::events too, "rows 3", "lock",
+// "unlock", "rule 1", "close".
+struct ShownWindow {
+    static int rowCount;
+    static int selected;
+    static int rule;
+    static bool locked;
+    static std::wstring database;
+    static bool previewCleared;
+    // What the user does in the exchange boxes; at first, cancel.
+    static std::function<bool(ExportChoice&)> askExport;
+    static std::function<bool(ImportChoice&)> askImport;
+    ShownWindow();
+};
+
+// A file prompt that gives these answers, one after the other, and then cancels. A test may look
+// at what was asked.
+struct FakePrompt {
+    struct Question {
+        std::wstring extension, types, proposed, caption;
+        int32_t flags = 0;
+        std::wstring directory;  // the current one
+        bool suppressListEvents = false;
+    };
+    static std::vector<std::wstring> answers;
+    static std::vector<Question> questions;
+    FakeFunction<decltype(ZTUtilPromptForName)> fake;
+    explicit FakePrompt(std::initializer_list<std::wstring> given = {});
+};
+
+// Stands in for every program: notes the command line and the window's lock, and does what the test
+// says.
+struct FakeProgram {
+    static std::vector<std::wstring> commandLines;
+    static int16_t windowStyle;
+    static int16_t result;
+    static bool wasLocked;
+    static std::wstring statusLine;
+    static void (*deed)();
+    FakeFunction<decltype(ShellAndWait)> fake;
+    explicit FakeProgram(void (*what)() = [] {});
+};
+
+// A test of commands: folders of its own for programs, work, browsing and databases, each ending
+// with "\".
+struct CommandTest : testing::Test {
+    RecordingScreen screen;
+    ShownWindow window;
+    TemporaryFolder folder;
+    KeepCurrentDirectory keeper;
+    std::wstring programs = folder.File(L"Velk data\\");
+    std::wstring work = folder.File(L"work\\");
+    std::wstring browse = folder.File(L"browse\\");
+
+    CommandTest();
+
+    // The path of a file in the test's folder.
+    std::wstring File(std::wstring_view name) const { return folder.File(name); }
+    // Makes a database of these models in the test's folder, and returns its path.
+    std::wstring Make(std::wstring_view name, std::initializer_list<ModelKind> kinds = {}) const;
+    // The same, and opens it, with valid data of a ship named "SHIP".
+    void MakeOpen(std::wstring_view name, std::initializer_list<ModelKind> kinds = {}) const;
+    // An empty file in the programs' folder, so that the program is there.
+    void Install(std::wstring_view program) const;
+
+    // The warning boxes that were shown, and whether there was exactly one that holds `text`.
+    static std::vector<std::string> Warnings() { return RecordingScreen::Of("warning"); }
+    static testing::AssertionResult OnlyWarning(std::string_view text);
+};
+
+// A block of a model as text.
+std::string ModelText(int number, ModelKind kind);
+// Appends text to a file.
+void Append(const std::wstring& path, const std::string& text);
+
+}  // namespace corvane::test

@@ -1,0 +1,348 @@
+// BSD > Open and BSD > Import.
+#include "shell/commands/bsd_commands.h"
+
+#include <gtest/gtest.h>
+
+#include "bsd/bsd_file.h"
+#include "bsd/legacy_form.h"
+#include "database/database_file.h"
+#include "files/file_system.h"
+#include "files/paths.h"
+#include "platform/system.h"
+#include "platform/ztvelk32.h"
+#include "report/messages.h"
+#include "shell/state.h"
+#include "tests/shell/command_support.h"
+#include "tests/support/without_stamps.h"
+
+namespace corvane {
+namespace {
+
+using test::CommandTest;
+using test::FakeProgram;
+using test::FakePrompt;
+using test::Narrow;
+using test::ReadFileBytes;
+using test::RecordingScreen;
+using test::ShownWindow;
+using test::WriteFileBytes;
+
+struct FileBsd : CommandTest {};
+struct ImportBsd : CommandTest {};
+
+constexpr ModelKind kSection = ModelKind::kSection;
+
+std::wstring ShipName() {
+    return shell.bsd.Titles(5).Trimmed();
+}
+
+// Saves data of another name into the open database, as the BSD program does.
+void SaveOtherName() {
+    BasicShipData bsd = shell.bsd;
+    bsd.Titles(5).Assign(L"OTHER NAME");
+    EXPECT_TRUE(SaveBsdToDatabase(shell.settings.DatabasePath, bsd));
+}
+
+// ---- Open --------------------------------------------------------------------------------------
+
+TEST_F(FileBsd, ProgramIsRunOnTheDatabase) {
+    MakeOpen(L"My ship.ve2", {kSection});
+    Install(L"BsdEdit.exe");
+    shell.debugMode = true;
+    const FakeProgram program;
+    ME_FileBSD_Click();
+    ASSERT_EQ(FakeProgram::commandLines.size(), 1U);
+    EXPECT_EQ(Narrow(FakeProgram::commandLines[0]),
+              Narrow(programs) + "BsdEdit.exe /d \"" + Narrow(File(L"My ship.ve2")) + "\"");
+    EXPECT_TRUE(FakeProgram::wasLocked);
+    EXPECT_EQ(FakeProgram::statusLine, L"BsdEdit.exe is running...");
+    EXPECT_EQ(RecordingScreen::Of("rows"), std::vector<std::string>{"1"});
+    EXPECT_EQ(RecordingScreen::caption, L"");
+    EXPECT_EQ(RecordingScreen::Of("pointer").back(), "reset");
+}
+
+TEST_F(FileBsd, ChangedDataAreReadAgain) {
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"BsdEdit.exe");
+    const FakeProgram program(SaveOtherName);
+    ME_FileBSD_Click();
+    EXPECT_EQ(ShipName(), L"OTHER NAME");
+    EXPECT_EQ(RecordingScreen::Of("title").back(), "Corvane - ship.ve2 - OTHER NAME");
+}
+
+TEST_F(FileBsd, UntouchedDatabaseIsNotReadAgain) {
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"BsdEdit.exe");
+    shell.bsd.Titles(5).Assign(L"IN MEMORY");
+    const FakeProgram program;
+    ME_FileBSD_Click();
+    EXPECT_EQ(ShipName(), L"IN MEMORY");
+}
+
+TEST_F(FileBsd, DataThatAreStillInvalidAreToldInTheStatusLine) {
+    MakeOpen(L"ship.ve2");
+    Install(L"BsdEdit.exe");
+    shell.bsd = BasicShipData();
+    const FakeProgram program;
+    ME_FileBSD_Click();
+    EXPECT_EQ(RecordingScreen::caption, GetMessage(kMsgInputBsdFirst) + L"...");
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(FileBsd, MissingProgramIsReportedWithItsPath) {
+    MakeOpen(L"ship.ve2");
+    const FakeProgram program;
+    ME_FileBSD_Click();
+    EXPECT_TRUE(FakeProgram::commandLines.empty());
+    EXPECT_TRUE(OnlyWarning("'" + Narrow(programs) + "BsdEdit.exe' can not be opened"));
+    EXPECT_EQ(RecordingScreen::Of("pointer").back(), "reset");
+}
+
+TEST_F(FileBsd, MissingDatabaseIsReported) {
+    MakeOpen(L"ship.ve2");
+    Install(L"BsdEdit.exe");
+    KillFile(File(L"ship.ve2"));
+    const FakeProgram program;
+    ME_FileBSD_Click();
+    EXPECT_TRUE(FakeProgram::commandLines.empty());
+    EXPECT_TRUE(OnlyWarning("ship.ve2' can not be opened"));
+}
+
+TEST_F(FileBsd, DatabaseThatLostItsDataIsToldOnce) {
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"BsdEdit.exe");
+    const FakeProgram program([] {
+        WriteFileBytes(shell.settings.DatabasePath,
+                       "CORVANE DATABASE\r\n" + test::ModelText(1, kSection));
+    });
+    ME_FileBSD_Click();
+    EXPECT_TRUE(OnlyWarning("ship.ve2 : not a valid Corvane file"));
+    EXPECT_EQ(shell.bsd, BasicShipData());
+    EXPECT_EQ(ShownWindow::rowCount, 1);
+}
+
+TEST_F(FileBsd, DeletedDatabaseIsReportedAndTheDataStay) {
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"BsdEdit.exe");
+    const FakeProgram program([] { KillFile(shell.settings.DatabasePath); });
+    ME_FileBSD_Click();
+    EXPECT_TRUE(OnlyWarning("ship.ve2' is missing"));
+    EXPECT_EQ(ShipName(), L"SHIP");
+    EXPECT_EQ(ShownWindow::rowCount, 0);
+}
+
+TEST_F(FileBsd, OverwrittenDatabaseIsReported) {
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"BsdEdit.exe");
+    const FakeProgram program([] { WriteFileBytes(shell.settings.DatabasePath, "no database"); });
+    ME_FileBSD_Click();
+    ASSERT_FALSE(Warnings().empty());
+    EXPECT_NE(Warnings().back().find("is no Corvane database any more"), std::string::npos);
+    EXPECT_EQ(ShownWindow::rowCount, 0);
+    EXPECT_EQ(shell.bsd, BasicShipData());
+}
+
+// ---- Import ------------------------------------------------------------------------------------
+
+constexpr char kQuestion[] = "You will erase the current BSD !";
+
+std::wstring GoldenBsd() {
+    return test::DataPath("golden/standalone.bsd");
+}
+
+TEST_F(ImportBsd, AsksForAFileInTheBrowseDirectory) {
+    MakeOpen(L"ship.ve2");
+    RecordingScreen::answerYes = true;
+    const FakePrompt prompt;
+    ME_FileImportBSD_Click();
+    ASSERT_EQ(FakePrompt::questions.size(), 1U);
+    const FakePrompt::Question& asked = FakePrompt::questions[0];
+    EXPECT_EQ(asked.extension, L"bsd");
+    EXPECT_EQ(asked.types, GetMessage(kMsgBsdFiles));
+    EXPECT_EQ(asked.caption, L"Import");
+    EXPECT_EQ(asked.proposed, L"");
+    EXPECT_EQ(asked.flags, 0);
+    EXPECT_EQ(asked.directory, StripTrailingBackslash(browse));
+}
+
+TEST_F(ImportBsd, ValidDataAreErasedOnlyAfterTheQuestion) {
+    MakeOpen(L"ship.ve2");
+    const std::string bytes = ReadFileBytes(File(L"ship.ve2"));
+    const FakePrompt prompt{GoldenBsd()};
+    ME_FileImportBSD_Click();
+    EXPECT_EQ(RecordingScreen::Of("ask ok"), std::vector<std::string>{kQuestion});
+    EXPECT_TRUE(FakePrompt::questions.empty());
+    EXPECT_EQ(ShipName(), L"SHIP");
+    EXPECT_EQ(ReadFileBytes(File(L"ship.ve2")), bytes);
+}
+
+TEST_F(ImportBsd, InvalidDataAreErasedWithoutAQuestion) {
+    MakeOpen(L"ship.ve2");
+    shell.bsd.MainData(9) = 0;
+    const FakePrompt prompt;
+    ME_FileImportBSD_Click();
+    EXPECT_TRUE(RecordingScreen::Of("ask ok").empty());
+    EXPECT_EQ(FakePrompt::questions.size(), 1U);
+}
+
+TEST_F(ImportBsd, DatabaseIsTheGoldenOneButForItsStamps) {
+    WriteFileBytes(File(L"Emeraude Bay.ve2"),
+                   ReadFileBytes(test::DataPath("golden/new_database.ve2")));
+    shell.settings.DatabasePath = File(L"Emeraude Bay.ve2");
+    const FakePrompt prompt{GoldenBsd()};
+    ME_FileImportBSD_Click();
+    EXPECT_EQ(ReadFileBytes(File(L"Emeraude Bay.ve2")),
+              ReadFileBytes(test::DataPath("golden/imported_bsd.ve2")));
+    BasicShipData read;
+    EXPECT_TRUE(LoadBsdFromDatabase(File(L"Emeraude Bay.ve2"), read));
+    EXPECT_EQ(read, shell.bsd);
+    EXPECT_EQ(ShipName(), L"EMERAUDE");
+    EXPECT_EQ(RecordingScreen::Of("title").back(), "Corvane - Emeraude Bay.ve2 - EMERAUDE");
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(ImportBsd, OtherExtensionsAreDatabases) {
+    RecordingScreen::answerYes = true;
+    for (const wchar_t* name : {L"source.ve2", L"source.VEW", L"source.txt", L"source"}) {
+        MakeOpen(L"ship.ve2", {kSection});
+        const std::wstring source = Make(name);
+        BasicShipData bsd;
+        ASSERT_TRUE(ImportBsdFile(GoldenBsd(), bsd));
+        ASSERT_TRUE(SaveBsdToDatabase(source, bsd));
+        const FakePrompt prompt{source};
+        ME_FileImportBSD_Click();
+        EXPECT_EQ(ShipName(), L"EMERAUDE") << Narrow(name);
+        BasicShipData saved;
+        EXPECT_TRUE(LoadBsdFromDatabase(File(L"ship.ve2"), saved));
+        EXPECT_EQ(saved, shell.bsd);
+        EXPECT_EQ(CountModels(File(L"ship.ve2")), 1);
+        EXPECT_TRUE(Warnings().empty());
+    }
+}
+
+TEST_F(ImportBsd, UpperCaseExtensionIsAStandaloneFile) {
+    MakeOpen(L"ship.ve2");
+    RecordingScreen::answerYes = true;
+    WriteFileBytes(File(L"SHIP.BSD"), ReadFileBytes(GoldenBsd()));
+    const FakePrompt prompt{File(L"SHIP.BSD")};
+    ME_FileImportBSD_Click();
+    EXPECT_EQ(ShipName(), L"EMERAUDE");
+    EXPECT_EQ(shell.settings.BrowseDirectory, folder.path);
+}
+
+TEST_F(ImportBsd, NothingOfTheErasedDataIsLeft) {
+    MakeOpen(L"ship.ve2");
+    RecordingScreen::answerYes = true;
+    shell.bsd.ExtraData(1) = 77;
+    shell.bsd.Block12(3) = 88;
+    // Layout version 3 has no extra data.
+    std::string bytes = ReadFileBytes(GoldenBsd());
+    bytes[0] = '3';
+    WriteFileBytes(File(L"old.bsd"), bytes);
+    const FakePrompt prompt{File(L"old.bsd")};
+    ME_FileImportBSD_Click();
+    EXPECT_EQ(shell.bsd.ExtraData(1), 0);
+    EXPECT_EQ(shell.bsd.Block12(3), 0);
+}
+
+TEST_F(ImportBsd, LegacyDatabaseIsReadByItsLibrary) {
+    MakeOpen(L"ship.ve2", {kSection});
+    RecordingScreen::answerYes = true;
+    WriteFileBytes(File(L"old.VEL"), "legacy");
+    const test::FakeFunction fake(
+        importvelknavi, +[](const char* path, LegacyBsd* bsd, int16_t* status) {
+            EXPECT_NE(std::string_view(path).find("old.VEL"), std::string_view::npos);
+            ToLegacyForm(NewBasicShipData(L"LEGACY"), *bsd);
+            *status = 0;
+        });
+    const FakePrompt prompt{File(L"old.VEL")};
+    ME_FileImportBSD_Click();
+    EXPECT_EQ(ShipName(), L"LEGACY");
+    BasicShipData saved;
+    EXPECT_TRUE(LoadBsdFromDatabase(File(L"ship.ve2"), saved));
+    EXPECT_EQ(saved.Titles(5).Trimmed(), L"LEGACY");
+    EXPECT_EQ(CountModels(File(L"ship.ve2")), 1);
+    EXPECT_TRUE(Warnings().empty());
+}
+
+// Imports from a file that gives nothing: one message, and nothing has changed.
+struct BadSource : CommandTest {
+    void ExpectRefused(const std::wstring& source, std::string_view message) {
+        RecordingScreen::answerYes = true;
+        RecordingScreen::events.clear();
+        const std::string bytes = ReadFileBytes(shell.settings.DatabasePath);
+        const BasicShipData bsd = shell.bsd;
+        const FakePrompt prompt{source};
+        ME_FileImportBSD_Click();
+        EXPECT_TRUE(OnlyWarning(message));
+        EXPECT_EQ(shell.bsd, bsd);
+        EXPECT_EQ(ReadFileBytes(shell.settings.DatabasePath), bytes);
+        EXPECT_TRUE(RecordingScreen::Of("rows").empty());
+    }
+};
+
+TEST_F(BadSource, WithoutAnythingOfUseIsRefused) {
+    MakeOpen(L"ship.ve2", {kSection});
+    for (const wchar_t* name : {L"a.bsd", L"a.ve2", L"a.vew", L"a.txt"}) {
+        for (const char* bytes : {"", "no data at all\r\n", "CORVANE DATABASE\r\n"}) {
+            WriteFileBytes(File(name), bytes);
+            ExpectRefused(File(name), Narrow(File(name)) + " : not a valid Corvane file");
+        }
+    }
+}
+
+TEST_F(BadSource, ThatIsMissingIsRefused) {
+    MakeOpen(L"ship.ve2");
+    ExpectRefused(File(L"none.bsd"), "none.bsd' can not be opened");
+    ExpectRefused(L"Q:\\none.bsd", "none.bsd' can not be opened");
+    ExpectRefused(work, "is a folder");
+    ExpectRefused(File(L"\u03A9.bsd"), "can not be used");
+}
+
+TEST_F(BadSource, ThatIsADamagedLegacyDatabaseIsRefused) {
+    MakeOpen(L"ship.ve2");
+    WriteFileBytes(File(L"old.vel"), "no legacy database");
+    ExpectRefused(File(L"old.vel"), "old.vel' could not be read (status ");
+}
+
+TEST_F(BadSource, ThatIsTheOpenDatabaseIsRefused) {
+    MakeOpen(L"ship.ve2", {kSection});
+    ExpectRefused(File(L"ship.ve2"), "ship.ve2' is the open database itself");
+    ExpectRefused(File(L"work\\..\\ship.ve2"), "ship.ve2' is the open database itself");
+}
+
+TEST_F(BadSource, GoodOneIsRefusedForAReadOnlyDatabase) {
+    MakeOpen(L"ship.ve2");
+    ASSERT_EQ(system::SetReadOnly(File(L"ship.ve2"), true), system::kErrorNone);
+    ExpectRefused(GoldenBsd(), "ship.ve2 is read only!");
+}
+
+TEST_F(BadSource, GoodOneIsRefusedForADatabaseWithoutABlock) {
+    WriteFileBytes(File(L"bare.ve2"), "CORVANE DATABASE\r\n");
+    shell.settings.DatabasePath = File(L"bare.ve2");
+    ExpectRefused(GoldenBsd(), "bare.ve2 : not a valid Corvane file");
+}
+
+TEST_F(ImportBsd, MissingDatabaseIsReported) {
+    MakeOpen(L"ship.ve2");
+    KillFile(File(L"ship.ve2"));
+    RecordingScreen::answerYes = true;
+    const FakePrompt prompt{GoldenBsd()};
+    ME_FileImportBSD_Click();
+    EXPECT_TRUE(OnlyWarning("ship.ve2' can not be opened"));
+    EXPECT_TRUE(FakePrompt::questions.empty());
+}
+
+TEST_F(ImportBsd, CancelChangesNothing) {
+    MakeOpen(L"ship.ve2");
+    RecordingScreen::answerYes = true;
+    const std::string bytes = ReadFileBytes(File(L"ship.ve2"));
+    const FakePrompt prompt;
+    ME_FileImportBSD_Click();
+    EXPECT_EQ(ReadFileBytes(File(L"ship.ve2")), bytes);
+    EXPECT_EQ(shell.settings.BrowseDirectory, browse);
+    EXPECT_TRUE(RecordingScreen::Of("rows").empty());
+}
+
+}  // namespace
+}  // namespace corvane

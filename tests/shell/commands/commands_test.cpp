@@ -1,0 +1,133 @@
+#include "shell/commands/commands.h"
+
+#include <gtest/gtest.h>
+
+#include <cwctype>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "shell/state.h"
+#include "shell/window_contents.h"
+#include "tests/support/support.h"
+
+namespace corvane {
+namespace {
+
+constexpr ModelKind kKinds[] = {ModelKind::kSection, ModelKind::kBulkhead, ModelKind::kTorsion};
+
+// The letter behind the first "&", in lower case; 0 without one.
+wchar_t KeyboardLetter(const std::wstring& caption) {
+    const size_t mark = caption.find(L'&');
+    if (mark == std::wstring::npos || mark + 1 >= caption.size()) return 0;
+    return static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(caption[mark + 1])));
+}
+
+void ExpectDifferentLetters(const std::vector<std::wstring>& captions) {
+    std::set<wchar_t> letters;
+    for (const std::wstring& caption : captions) {
+        const wchar_t letter = KeyboardLetter(caption);
+        EXPECT_NE(letter, 0) << test::Narrow(caption);
+        EXPECT_TRUE(letters.insert(letter).second) << test::Narrow(caption);
+    }
+}
+
+// Captions of a menu's items, a separator as "-".
+std::vector<std::wstring> Items(Menu menu) {
+    std::vector<std::wstring> captions;
+    for (const Command& command : Commands()) {
+        if (command.menu == menu) captions.push_back(command.id == 0 ? L"-" : command.caption);
+    }
+    return captions;
+}
+
+using Captions = std::vector<std::wstring>;
+
+TEST(Commands, MenusHaveTheirItemsInOrder) {
+    EXPECT_EQ(Items(Menu::kFile),
+              (Captions{L"&New database...", L"&Open database...", L"&Save database as...",
+                        L"Save as &Velk Dos...", L"-", L"&Quit"}));
+    EXPECT_EQ(Items(Menu::kBsd), (Captions{L"&Open...", L"&Import..."}));
+    EXPECT_EQ(Items(Menu::kCreate),
+              (Captions{L"&Section...", L"&Bulkhead Arrangement", L"&Model for Torsion"}));
+    EXPECT_EQ(Items(Menu::kSection),
+              (Captions{L"&Edit...", L"&Rule...", L"-", L"&Copy...", L"&Delete...", L"-",
+                        L"&Import...", L"E&xport to Velk Dos..."}));
+    EXPECT_EQ(Items(Menu::kHelp), (Captions{L"&About..."}));
+}
+
+TEST(Commands, TopMenusStandInOrder) {
+    Captions captions;
+    for (int i = 0; i < kMenuCount; ++i) captions.emplace_back(MenuCaption(static_cast<Menu>(i)));
+    EXPECT_EQ(captions, (Captions{L"&File", L"&BSD", L"&Create", L"&Section", L"&Help"}));
+}
+
+TEST(Commands, SectionMenuIsNamedAfterTheKind) {
+    for (const ModelKind kind : kKinds) {
+        std::wstring caption = SectionMenuCaption(kind);
+        std::erase(caption, L'&');
+        EXPECT_EQ(caption, KindName(kind));
+    }
+}
+
+TEST(Commands, LettersOfTopMenusDifferForEveryKind) {
+    for (const ModelKind kind : kKinds) {
+        Captions captions;
+        for (int i = 0; i < kMenuCount; ++i) {
+            const auto menu = static_cast<Menu>(i);
+            captions.emplace_back(menu == Menu::kSection ? SectionMenuCaption(kind)
+                                                         : MenuCaption(menu));
+        }
+        ExpectDifferentLetters(captions);
+    }
+}
+
+TEST(Commands, LettersWithinAMenuDiffer) {
+    for (int i = 0; i < kMenuCount; ++i) {
+        Captions captions = Items(static_cast<Menu>(i));
+        std::erase(captions, L"-");
+        ExpectDifferentLetters(captions);
+    }
+}
+
+TEST(Commands, IdentifiersAndNamesAreUnique) {
+    std::set<uint16_t> ids;
+    std::set<std::string> names;
+    for (const Command& command : Commands()) {
+        if (command.id == 0) continue;
+        EXPECT_TRUE(ids.insert(command.id).second) << command.name;
+        EXPECT_TRUE(names.insert(command.name).second) << command.name;
+    }
+}
+
+TEST(Commands, EveryCommandIsFoundByItsIdentifier) {
+    for (const Command& command : Commands()) {
+        if (command.id == 0) continue;
+        EXPECT_EQ(FindCommand(command.id), &command) << command.name;
+    }
+}
+
+TEST(Commands, SeparatorAndUnknownIdentifierAreNoCommands) {
+    EXPECT_EQ(FindCommand(0), nullptr);
+    EXPECT_EQ(FindCommand(1), nullptr);
+    EXPECT_EQ(FindCommand(65535), nullptr);
+}
+
+TEST(Commands, EveryCommandCanBeRun) {
+    for (const Command& command : Commands()) {
+        if (command.id == 0) continue;
+        EXPECT_NE(command.run, nullptr) << command.name;
+    }
+}
+
+TEST(Commands, QuitClosesTheWindow) {
+    const test::RecordingScreen screen;
+    MainWindow window{};
+    window.close = [] { test::RecordingScreen::events.emplace_back("close"); };
+    shell.mainWindow = &window;
+    FindCommand(ME_FileQuit)->run();
+    EXPECT_EQ(test::RecordingScreen::events, std::vector<std::string>{"close"});
+}
+
+}  // namespace
+}  // namespace corvane

@@ -1,0 +1,493 @@
+// Section > Export to Velk Dos and File > Save as Velk Dos.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "bsd/bsd_file.h"
+#include "database/database_file.h"
+#include "database/editing.h"
+#include "database/section_file.h"
+#include "files/file_system.h"
+#include "files/paths.h"
+#include "legacy/exchange.h"
+#include "platform/system.h"
+#include "report/messages.h"
+#include "shell/commands/exchange_commands.h"
+#include "shell/window_contents.h"
+#include "tests/companions/legacy_file.h"
+#include "tests/database/sample_database.h"
+#include "tests/legacy/legacy_support.h"
+#include "tests/shell/command_support.h"
+#include "tests/shell/sample_models.h"
+#include "text/text.h"
+
+namespace corvane {
+namespace {
+
+using namespace test;
+using Names = std::vector<std::wstring>;
+using Told = std::vector<std::string>;
+
+struct ExportCommands : CommandTest {
+    std::wstring legacy = File(L"old.vel");
+    std::wstring path = File(L"ship.ve2");
+
+    // Opens a database of these sections.
+    void OpenSections(std::vector<SectionModel> sections) {
+        MakeOpen(L"ship.ve2");
+        int32_t number = 0;
+        for (SectionModel& section : sections) {
+            ASSERT_TRUE(ReplaceSection(path, section, ++number, false));
+        }
+        RecordingScreen::events.clear();
+    }
+    void OpenSample() {
+        WriteFileBytes(path, ReadFileBytes(SamplePath()));
+        shell.settings.DatabasePath = path;
+        ASSERT_TRUE(LoadBsdFromDatabase(path, shell.bsd));
+        shell.currentModel = 1;
+        RecordingScreen::events.clear();
+    }
+    // The test's files; its folders have no extension.
+    Names Files() const {
+        Names names = FilesIn(folder.path);
+        std::erase_if(names, [](const std::wstring& name) { return FileExtension(name).empty(); });
+        return names;
+    }
+    static SectionModel SmallSection(const std::wstring& name) {
+        SectionModel section;
+        section.name = name;
+        section.x_m = 7.5F;
+        section.breadth_m = section.depth_m = section.draught_m = 10;
+        section.panels.push_back(PanelOfNodes(2, 0, 1));
+        return section;
+    }
+    static Names ListedNames(const std::wstring& file) {
+        int16_t status = -1;
+        Names names;
+        for (const ModelEntry& entry : ListLegacySections(file, status)) {
+            names.push_back(entry.name);
+        }
+        EXPECT_EQ(status, 0);
+        return names;
+    }
+    static std::wstring NameInSlot(const std::wstring& file, int16_t slot) {
+        SectionModel section;
+        EXPECT_TRUE(ImportSection(file, slot, section));
+        return section.name;
+    }
+};
+
+// ---- Section > Export --------------------------------------------------------------------------
+
+struct ExportSectionCommand : ExportCommands {
+    ExportSectionCommand() { OpenSections({SmallSection(L"Frame 10"), SmallSection(L"Frame 20")}); }
+
+    // What the user chooses.
+    ExportChoice New(const std::wstring& name) const { return {legacy, true, 0, name}; }
+    ExportChoice Over(int16_t slot) const { return {legacy, false, slot, L"Any"}; }
+
+    // What the user answers. The box's proposals are in `proposed`.
+    inline static ExportChoice answer, proposed;
+    static void Answer(const ExportChoice& choice) {
+        answer = choice;
+        ShownWindow::askExport = [](ExportChoice& asked) {
+            proposed = asked;
+            asked = answer;
+            return true;
+        };
+    }
+    static void Export(const ExportChoice& choice) {
+        Answer(choice);
+        RecordingScreen::events.clear();
+        ME_SectionExport_Click();
+    }
+    // Nothing is told but this, and the legacy database stays.
+    void ExpectRefused(const ExportChoice& choice, const std::string& warning) {
+        const std::string before = FileExists(legacy) ? ReadFileBytes(legacy) : "";
+        Export(choice);
+        EXPECT_EQ(Warnings(), Told{warning});
+        EXPECT_EQ(FileExists(legacy) ? ReadFileBytes(legacy) : "", before);
+        EXPECT_EQ(Files().size(), FileExists(legacy) ? 2u : 1u);
+    }
+    static void FailWhenAsked() {
+        ShownWindow::askExport = [](ExportChoice&) {
+            ADD_FAILURE() << "the box was shown";
+            return false;
+        };
+    }
+};
+
+TEST_F(ExportSectionCommand, SectionGoesIntoANewSlotBehindTheOthers) {
+    WriteLegacyDatabase(legacy, {L"One", L"Two"});
+    const std::string one = SlotBytes(legacy, 1);
+    shell.currentModel = 2;
+    Export(New(L"Frame 20"));
+    EXPECT_EQ(ListedNames(legacy), (Names{L"One", L"Two", L"Frame 20"}));
+    EXPECT_EQ(NameInSlot(legacy, 3), L"Frame 20");
+    EXPECT_EQ(SlotBytes(legacy, 1), one);
+    EXPECT_TRUE(Warnings().empty());
+    EXPECT_TRUE(RecordingScreen::caption.empty());
+    EXPECT_EQ(shell.currentModel, 2);
+}
+
+TEST_F(ExportSectionCommand, SectionsNameIsProposedAndTheFolderRemembered) {
+    WriteLegacyDatabase(legacy, {});
+    Export(New(L"Frame 10"));
+    EXPECT_EQ(proposed.name, L"Frame 10");
+    EXPECT_TRUE(proposed.createNew);
+    EXPECT_EQ(shell.settings.BrowseDirectory, folder.path);
+}
+
+TEST_F(ExportSectionCommand, NewSectionBearsTheNameThatTheUserGives) {
+    WriteLegacyDatabase(legacy, {});
+    Export(New(L"  Midship  "));
+    Export(New(L"   "));
+    EXPECT_EQ(ListedNames(legacy), (Names{L"Midship", L"Frame 10"}));
+    EXPECT_EQ(NameInSlot(legacy, 1), L"Midship");
+    SectionModel section;
+    ASSERT_TRUE(ReadSectionBlock(path, 1, false, section));
+    EXPECT_EQ(section.name, L"Frame 10") << "the open database keeps its name";
+}
+
+TEST_F(ExportSectionCommand, NameGoesOutInOemAndComesBack) {
+    WriteLegacyDatabase(legacy, {});
+    Export(New(L"\u00C9tambot \u20AC"));
+    EXPECT_EQ(SlotBytes(legacy, 1).substr(0, 11), "\x90tambot ?  ");
+    EXPECT_EQ(ListedNames(legacy), Names{L"\u00C9tambot ?"});
+    EXPECT_EQ(NameInSlot(legacy, 1), L"\u00C9tambot \u20AC") << "the main block is ANSI";
+}
+
+TEST_F(ExportSectionCommand, ReplacedSlotKeepsItsNameInTheListAndTheOthersStay) {
+    WriteLegacyDatabase(legacy, {L"One", L"Two", L"Three"});
+    const std::string one = SlotBytes(legacy, 1);
+    const std::string three = SlotBytes(legacy, 3);
+    Export(Over(2));
+    EXPECT_EQ(ListedNames(legacy), (Names{L"One", L"Two", L"Three"}));
+    EXPECT_EQ(NameInSlot(legacy, 2), L"Frame 10");
+    EXPECT_EQ(SlotBytes(legacy, 1), one);
+    EXPECT_EQ(SlotBytes(legacy, 3), three);
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(ExportSectionCommand, NewSlotFollowsTheLastOneHoweverManyThereAre) {
+    for (const int count : {0, 1, 19, 20, 21, 500}) {
+        WriteLegacyDatabase(legacy, {L"One"});
+        RepeatSection(legacy, count);
+        Export(New(L"New"));
+        EXPECT_TRUE(Warnings().empty()) << count;
+        EXPECT_EQ(NameInSlot(legacy, static_cast<int16_t>(count + 1)), L"New") << count;
+        for (int slot = 1; slot <= count; slot += 7) {
+            EXPECT_EQ(NameInSlot(legacy, static_cast<int16_t>(slot)), L"One");
+        }
+    }
+}
+
+TEST_F(ExportSectionCommand, SlotBeyondTheListCanBeReplaced) {
+    WriteLegacyDatabase(legacy, {L"One"});
+    RepeatSection(legacy, 22);
+    Export(Over(22));
+    EXPECT_EQ(NameInSlot(legacy, 22), L"Frame 10");
+    EXPECT_EQ(NameInSlot(legacy, 21), L"One");
+}
+
+TEST_F(ExportSectionCommand, CallsFollowTheListingAndTheDescribedExport) {
+    const FakeLegacyLibrary library;
+    FakeLegacyLibrary::listCount = 2;
+    WriteFileBytes(legacy, "any");
+    Export(New(L"Frame 10"));
+    EXPECT_EQ(FakeLegacyLibrary::calls,
+              (Told{"getvelksections old.vel", "extendvelkdb old.vel",
+                    "exportvelkmainsec old.vel 3", "exportsectiongeometry old.vel 3",
+                    "exportvelkcompload old.vel 3", "addsectvelkdb old.vel 'Frame 10' 7.5"}));
+    FakeLegacyLibrary::calls.clear();
+    Export(Over(1));
+    EXPECT_EQ(FakeLegacyLibrary::calls,
+              (Told{"getvelksections old.vel", "exportvelkmainsec old.vel 1",
+                    "exportsectiongeometry old.vel 1", "exportvelkcompload old.vel 1"}));
+}
+
+TEST_F(ExportSectionCommand, FirstStatusLineTellsSectionAndDatabase) {
+    WriteLegacyDatabase(legacy, {});
+    Export(New(L"A section's name of thirty"));
+    const Told captions = RecordingScreen::Of("caption");
+    const std::string expected =
+        Narrow(FormatMessage(kMsgExportingSection, {ShortenText(L"A section's name of thirty", 20),
+                                                    ShortenText(legacy, 20)}));
+    EXPECT_NE(std::find(captions.begin(), captions.end(), expected + "..."), captions.end());
+    EXPECT_EQ(captions.back(), "");
+}
+
+TEST_F(ExportSectionCommand, MissingDimensionsAreToldAndTakenFromTheShip) {
+    SectionModel section = SmallSection(L"Frame 10");
+    section.breadth_m = 0;
+    OpenSections({section});
+    shell.bsd.MainData(2) = 32.5F;
+    WriteLegacyDatabase(legacy, {});
+    Export(New(L"Frame 10"));
+    EXPECT_EQ(Warnings(), Told{WarningText(1074, {L"Frame 10"})});
+    SectionModel back;
+    ASSERT_TRUE(ImportSection(legacy, 1, back));
+    EXPECT_EQ(back.breadth_m, 32.5F);
+}
+
+TEST_F(ExportSectionCommand, WhatHasNoRoomIsToldAndTheOtherSlotsStay) {
+    const struct {
+        int given, offset, panels;
+        int32_t limit;
+    } cases[] = {{1, 100, 1, 100}, {60, 0, 1, 60}, {1, 1, 31, 30}};
+    for (const auto& item : cases) {
+        SectionModel section = SmallSection(L"Large");
+        section.panels.clear();
+        for (int16_t i = 1; i <= item.panels; ++i) {
+            section.panels.push_back(PanelOfNodes(item.given, item.offset, i));
+        }
+        OpenSections({section});
+        WriteLegacyDatabase(legacy, {L"One"});
+        const std::string one = SlotBytes(legacy, 1);
+        Export(New(L"Large"));
+        EXPECT_EQ(Warnings(), Told{WarningText(1025, {item.limit})});
+        EXPECT_EQ(ListedNames(legacy), (Names{L"One", L"Large"}));
+        EXPECT_EQ(SlotBytes(legacy, 1), one);
+    }
+}
+
+TEST_F(ExportSectionCommand, SampleSectionsComeBackThroughTheCommands) {
+    OpenSample();
+    WriteLegacyDatabase(legacy, {L"One"});
+    for (int16_t number = 1; number <= kSectionCount; ++number) {
+        shell.currentModel = number;
+        Export(New(L""));
+    }
+    ShownWindow::askImport = [this](ImportChoice& choice) {
+        choice = {legacy, ListForExchange(legacy)};
+        choice.items.erase(choice.items.begin());
+        return true;
+    };
+    const int32_t before = CountModels(path);
+    ME_SectionImport_Click();
+    EXPECT_TRUE(Warnings().empty());
+    for (int32_t number = 1; number <= kSectionCount; ++number) {
+        SectionModel section;
+        SectionModel back;
+        ASSERT_TRUE(ReadSectionBlock(path, number, false, section));
+        ASSERT_TRUE(ReadSectionBlock(path, before + number, false, back));
+        EXPECT_NE(back.identifier, section.identifier);
+        SetImportedHead(section);
+        back.identifier.clear();
+        EXPECT_EQ(ExactText(back), ExactText(section)) << number;
+    }
+}
+
+TEST_F(ExportSectionCommand, CancelChangesNothing) {
+    ME_SectionExport_Click();
+    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_EQ(shell.settings.BrowseDirectory, browse);
+}
+
+TEST_F(ExportSectionCommand, OtherKindsAreRefusedBeforeTheBox) {
+    WriteFileBytes(path, DatabaseText(FiveBlocks()));
+    FailWhenAsked();
+    shell.currentModel = 2;
+    ME_SectionExport_Click();
+    shell.currentModel = 4;
+    ME_SectionExport_Click();
+    EXPECT_EQ(Warnings(), (Told{WarningText(3560, {L"Bulkhead", L"Bulkhead 40"}),
+                                WarningText(3560, {L"Torsion", L"Girder"})}));
+}
+
+TEST_F(ExportSectionCommand, ModelThatIsNotTheRowsIsRefusedBeforeTheBox) {
+    std::vector<SampleBlock> blocks = FiveBlocks();
+    blocks[1].number = blocks[2].number = " 3 ";
+    WriteFileBytes(path, DatabaseText(blocks));
+    FailWhenAsked();
+    shell.currentModel = 3;
+    ME_SectionExport_Click();
+    shell.currentModel = 9;
+    ME_SectionExport_Click();
+    system::RemoveFile(path);
+    ME_SectionExport_Click();
+    EXPECT_EQ(Warnings(), (Told{WarningText(3522, {3, path}), WarningText(1011, {9, path}),
+                                WarningText(1020, {path})}));
+}
+
+TEST_F(ExportSectionCommand, AnotherModelInItsPlaceAfterTheBoxIsLeftAlone) {
+    WriteLegacyDatabase(legacy, {L"One"});
+    const std::string before = ReadFileBytes(legacy);
+    ShownWindow::askExport = [this](ExportChoice& choice) {
+        choice.path = legacy;
+        WriteFileBytes(path, DatabaseText(FiveBlocks()));
+        shell.currentModel = 1;
+        return true;
+    };
+    shell.currentModel = 2;
+    std::vector<SampleBlock> blocks = FiveBlocks();
+    blocks[0].name = "Before";
+    blocks[1].keyword = "SECTION";
+    WriteFileBytes(path, DatabaseText(blocks));
+    ME_SectionExport_Click();
+    EXPECT_EQ(Warnings(), Told{WarningText(3523, {path})});
+    EXPECT_EQ(RecordingScreen::Of("rows"), Told{"5"});
+    EXPECT_EQ(ReadFileBytes(legacy), before);
+}
+
+TEST_F(ExportSectionCommand, TargetThatCanNotBeWrittenIsToldAndStays) {
+    ExpectRefused(New(L"New"), WarningText(1020, {legacy}));
+    WriteFileBytes(legacy, "no legacy database");
+    ExpectRefused(New(L"New"), WarningText(3556, {legacy, kLegacyForeign}));
+    WriteLegacyDatabase(legacy, {L"One"});
+    const std::string whole = ReadFileBytes(legacy);
+    for (size_t size = 1; size < whole.size(); size += 1709) {
+        WriteFileBytes(legacy, whole.substr(0, size));
+        ExpectRefused(New(L"New"), WarningText(3556, {legacy, kLegacyDamaged}));
+    }
+    for (size_t i = 8; i < whole.size(); i += 1709) {
+        std::string bytes = whole;
+        bytes[i] = static_cast<char>(bytes[i] ^ 0x10);
+        WriteFileBytes(legacy, bytes);
+        ExpectRefused(Over(1), WarningText(3556, {legacy, kLegacyDamaged}));
+    }
+}
+
+TEST_F(ExportSectionCommand, ReadOnlyTargetIsToldBeforeAnyCall) {
+    WriteLegacyDatabase(legacy, {L"One"});
+    ASSERT_EQ(system::SetReadOnly(legacy, true), system::kErrorNone);
+    ExpectRefused(New(L"New"), WarningText(1086, {legacy}));
+    ExpectRefused(Over(1), WarningText(1086, {legacy}));
+    ASSERT_EQ(system::SetReadOnly(legacy, false), system::kErrorNone);
+}
+
+TEST_F(ExportSectionCommand, SlotThatIsNotThereIsTold) {
+    WriteLegacyDatabase(legacy, {L"One"});
+    for (const int16_t slot : {int16_t{0}, int16_t{-1}, int16_t{2}}) {
+        ExpectRefused(Over(slot), WarningText(3561, {int32_t{slot}, legacy}));
+    }
+}
+
+TEST_F(ExportSectionCommand, FullDatabaseTakesNoFurtherSection) {
+    WriteLegacyDatabase(legacy, {L"One"});
+    RepeatSection(legacy, 999);
+    ExpectRefused(New(L"New"), WarningText(1002, {legacy}));
+}
+
+// ---- File > Save as Velk Dos -------------------------------------------------------------------
+
+struct SaveLegacyCommand : ExportCommands {
+    SaveLegacyCommand() { OpenSections({SmallSection(L"Frame 10"), SmallSection(L"Frame 20")}); }
+
+    static void Save(const std::wstring& target) {
+        const FakePrompt prompt{target};
+        RecordingScreen::events.clear();
+        ME_FileSaveLegacy_Click();
+    }
+    void ExpectOnly(const Names& files) const { EXPECT_EQ(Files(), files); }
+};
+
+TEST_F(SaveLegacyCommand, SectionsAndShipOfTheSampleAreWritten) {
+    OpenSample();
+    Save(legacy);
+    EXPECT_TRUE(Warnings().empty());
+    EXPECT_EQ(ListedNames(legacy).size(), static_cast<size_t>(kSectionCount));
+    const std::wstring expected = DataPath("../samples/aurora_bay.vel");
+    EXPECT_EQ(ReadFileBytes(legacy), ReadFileBytes(expected));
+    EXPECT_TRUE(RecordingScreen::caption.empty());
+    EXPECT_EQ(RecordingScreen::events.back(), "pointer reset");
+    EXPECT_EQ(shell.settings.DatabasePath, path) << "the open database stays open";
+    ExpectOnly({L"old.vel", L"ship.ve2"});
+}
+
+TEST_F(SaveLegacyCommand, UserIsAskedWithTheDatabasesBaseName) {
+    const FakePrompt prompt{L""};
+    ME_FileSaveLegacy_Click();
+    ASSERT_EQ(FakePrompt::questions.size(), 1u);
+    const FakePrompt::Question& asked = FakePrompt::questions[0];
+    EXPECT_EQ(asked.proposed, L"ship.vel");
+    EXPECT_EQ(asked.extension, L"vel");
+    EXPECT_EQ(asked.types, GetMessage(105));
+    EXPECT_EQ(asked.caption, L"Save as Velk Dos");
+    EXPECT_EQ(asked.flags, -1) << "asks before it overwrites";
+    EXPECT_EQ(asked.directory + L"\\", browse);
+    EXPECT_TRUE(RecordingScreen::events.empty());
+    ExpectOnly({L"ship.ve2"});
+}
+
+TEST_F(SaveLegacyCommand, ExistingFileIsReplaced) {
+    WriteLegacyDatabase(legacy, {L"One", L"Two", L"Three"});
+    Save(legacy);
+    EXPECT_EQ(ListedNames(legacy), (Names{L"Frame 10", L"Frame 20"}));
+    EXPECT_EQ(shell.settings.BrowseDirectory, folder.path);
+}
+
+TEST_F(SaveLegacyCommand, LibraryThatFailsLeavesTheOldFile) {
+    WriteFileBytes(legacy, "old");
+    const FakeLegacyLibrary library;
+    FakeLegacyLibrary::createStatus = 4;
+    Save(legacy);
+    EXPECT_EQ(Warnings(), Told{WarningText(1067, {legacy})});
+    FakeLegacyLibrary::createStatus = 0;
+    FakeLegacyLibrary::bsdStatus = 4;
+    Save(legacy);
+    EXPECT_EQ(Warnings(), Told{WarningText(1068, {legacy, 4})});
+    FakeLegacyLibrary::bsdStatus = 0;
+    FakeLegacyLibrary::calls.clear();
+    FakeLegacyLibrary::extendFailsAt = 2;
+    Save(legacy);
+    EXPECT_EQ(Warnings(), Told{WarningText(1003, {2, legacy})});
+    EXPECT_EQ(ReadFileBytes(legacy), "old");
+    EXPECT_EQ(RecordingScreen::events.back(), "pointer reset");
+}
+
+TEST_F(SaveLegacyCommand, NewFileThatIsNotThereIsToldAndLeavesTheOldOne) {
+    WriteFileBytes(legacy, "old");
+    const FakeLegacyLibrary library;  // says yes to all and writes nothing
+    Save(legacy);
+    EXPECT_TRUE(OnlyWarning(Narrow(legacy)));
+    EXPECT_EQ(ReadFileBytes(legacy), "old");
+}
+
+TEST_F(SaveLegacyCommand, OpenDatabaseIsNeverTheTarget) {
+    const std::string before = ReadFileBytes(path);
+    Save(path);
+    EXPECT_EQ(Warnings(), Told{WarningText(1067, {path})});
+    EXPECT_EQ(ReadFileBytes(path), before);
+}
+
+TEST_F(SaveLegacyCommand, ReadOnlyTargetIsToldAndStays) {
+    WriteFileBytes(legacy, "old");
+    ASSERT_EQ(system::SetReadOnly(legacy, true), system::kErrorNone);
+    Save(legacy);
+    ASSERT_EQ(system::SetReadOnly(legacy, false), system::kErrorNone);
+    EXPECT_EQ(Warnings(), Told{WarningText(1086, {legacy})});
+    EXPECT_EQ(ReadFileBytes(legacy), "old");
+}
+
+TEST_F(SaveLegacyCommand, SectionThatCanNotBeReadIsToldAndLeftOut) {
+    std::vector<SampleBlock> blocks = FiveBlocks();
+    blocks[2].number = " 2 ";  // that of a bulkhead arrangement before it
+    WriteFileBytes(path, DatabaseText(blocks));
+    Save(legacy);
+    EXPECT_EQ(Warnings().size(), 1u);
+    EXPECT_EQ(ListedNames(legacy), (Names{L"Frame 10", L"Aft"}));
+}
+
+TEST_F(SaveLegacyCommand, FileThatIsNoDatabaseIsToldBeforeThePrompt) {
+    WriteFileBytes(path, "no database");
+    const FakePrompt prompt{legacy};
+    ME_FileSaveLegacy_Click();
+    system::RemoveFile(path);
+    ME_FileSaveLegacy_Click();
+    EXPECT_EQ(Warnings(), (Told{WarningText(1083, {path}), WarningText(1020, {path})}));
+    EXPECT_TRUE(FakePrompt::questions.empty());
+    ExpectOnly({});
+}
+
+TEST_F(SaveLegacyCommand, DatabaseWithoutSectionsGivesOneWithoutSections) {
+    WriteFileBytes(path, SampleHead());
+    Save(legacy);
+    EXPECT_TRUE(Warnings().empty());
+    EXPECT_TRUE(ListedNames(legacy).empty());
+    EXPECT_TRUE(FileExists(legacy));
+}
+
+}  // namespace
+}  // namespace corvane

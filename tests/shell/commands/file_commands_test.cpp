@@ -1,0 +1,580 @@
+// New, Open, Save As.
+#include "shell/commands/file_commands.h"
+
+#include <gtest/gtest.h>
+
+#include "bsd/bsd_file.h"
+#include "database/database_file.h"
+#include "files/file_system.h"
+#include "files/paths.h"
+#include "platform/system.h"
+#include "report/messages.h"
+#include "shell/state.h"
+#include "tests/shell/command_support.h"
+#include "tests/support/without_stamps.h"
+#include "text/text.h"
+
+namespace corvane {
+namespace {
+
+using test::CommandTest;
+using test::FakePrompt;
+using test::Narrow;
+using test::ReadFileBytes;
+using test::RecordingScreen;
+using test::ShownWindow;
+using test::WriteFileBytes;
+
+struct FileNew : CommandTest {};
+struct FileOpen : CommandTest {};
+struct FileSaveAs : CommandTest {};
+
+// What a command that does nothing leaves as it is.
+struct Before {
+    std::wstring databasePath = shell.settings.DatabasePath;
+    std::wstring browseDirectory = shell.settings.BrowseDirectory;
+    BasicShipData bsd = shell.bsd;
+    int16_t currentModel = shell.currentModel;
+
+    bool IsUnchanged() const {
+        return shell.settings.DatabasePath == databasePath && shell.bsd == bsd &&
+               shell.settings.BrowseDirectory == browseDirectory &&
+               shell.currentModel == currentModel && RecordingScreen::Of("rows").empty();
+    }
+};
+
+std::wstring ShipName() {
+    return shell.bsd.Titles(5).Trimmed();
+}
+
+// ---- New ---------------------------------------------------------------------------------------
+
+TEST_F(FileNew, AsksForANameToSaveUnderInTheBrowseDirectory) {
+    const FakePrompt prompt;
+    const std::wstring current = system::CurrentDirectory();
+    ME_FileNew_Click();
+    ASSERT_EQ(FakePrompt::questions.size(), 1U);
+    const FakePrompt::Question& asked = FakePrompt::questions[0];
+    EXPECT_EQ(asked.extension, L"ve2");
+    EXPECT_EQ(asked.types, GetMessage(kMsgDatabaseFiles));
+    EXPECT_EQ(asked.caption, L"New database");
+    EXPECT_EQ(asked.proposed, L"");
+    EXPECT_EQ(asked.flags, -1);
+    EXPECT_EQ(asked.directory, StripTrailingBackslash(browse));
+    EXPECT_EQ(system::CurrentDirectory(), current);
+}
+
+TEST_F(FileNew, FileIsTheGoldenOneButForItsStamps) {
+    const FakePrompt prompt{File(L"Emeraude Bay.ve2")};
+    ME_FileNew_Click();
+    EXPECT_EQ(test::WithoutStamps(ReadFileBytes(File(L"Emeraude Bay.ve2"))),
+              test::WithoutStamps(ReadFileBytes(test::DataPath("golden/new_database.ve2"))));
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(FileNew, NameLongerThanEightGivesItsFirstEightInUpperCase) {
+    struct {
+        const wchar_t* file;
+        const wchar_t* shipName;
+    } const cases[] = {{L"emeraude bay.ve2", L"EMERAUDE"},
+                       {L"été.ve2", L"ÉTÉ"},
+                       {L"ab.cd.ve2", L"AB.CD"},
+                       {L"12345678.ve2", L"12345678"},
+                       {L"noextension", L"NOEXTENS"}};
+    for (const auto& [file, shipName] : cases) {
+        const FakePrompt prompt{File(file)};
+        ME_FileNew_Click();
+        EXPECT_EQ(Narrow(ShipName()), Narrow(shipName));
+        BasicShipData written;
+        EXPECT_TRUE(LoadBsdFromDatabase(File(file), written));
+        EXPECT_EQ(Narrow(written.Titles(5).Trimmed()), Narrow(shipName));
+    }
+}
+
+TEST_F(FileNew, NewFileIsTheOpenDatabaseWithNewData) {
+    MakeOpen(L"old.ve2", {ModelKind::kSection, ModelKind::kSection});
+    shell.currentModel = 2;
+    shell.previewShown = true;
+    shell.previewSection.x_m = 12;
+    const FakePrompt prompt{browse + L"fresh.ve2"};
+    ME_FileNew_Click();
+    EXPECT_EQ(shell.settings.DatabasePath, browse + L"fresh.ve2");
+    EXPECT_EQ(ShownWindow::database, browse + L"fresh.ve2");
+    EXPECT_EQ(shell.bsd, NewBasicShipData(L"FRESH"));
+    EXPECT_FALSE(IsBsdDefined(shell.bsd));
+    EXPECT_EQ(shell.currentModel, 1);
+    EXPECT_FALSE(shell.previewShown);
+    EXPECT_EQ(shell.previewSection.x_m, 0);
+    EXPECT_TRUE(ShownWindow::previewCleared);
+    EXPECT_EQ(ShownWindow::rowCount, 0);
+    EXPECT_EQ(ShownWindow::selected, -1);
+    EXPECT_EQ(RecordingScreen::Of("position"), std::vector<std::string>{""});
+    EXPECT_EQ(RecordingScreen::Of("frame"), std::vector<std::string>{""});
+    EXPECT_EQ(Narrow(RecordingScreen::caption), Narrow(GetMessage(kMsgInputBsdFirst)) + "...");
+}
+
+TEST_F(FileNew, BrowseDirectoryBecomesThatOfTheFile) {
+    const FakePrompt prompt{File(L"new.ve2")};
+    ME_FileNew_Click();
+    EXPECT_EQ(shell.settings.BrowseDirectory, folder.path);
+}
+
+TEST_F(FileNew, NameWithoutAFolderLiesWhereThePromptStarted) {
+    const FakePrompt prompt{L"new.ve2"};
+    ME_FileNew_Click();
+    EXPECT_EQ(shell.settings.DatabasePath, browse + L"new.ve2");
+    EXPECT_TRUE(FileExists(browse + L"new.ve2"));
+}
+
+TEST_F(FileNew, CancelChangesNothing) {
+    MakeOpen(L"old.ve2", {ModelKind::kSection});
+    for (const wchar_t* answer : {L"", L"Cancel"}) {
+        const Before before;
+        const FakePrompt prompt{answer};
+        ME_FileNew_Click();
+        EXPECT_EQ(FakePrompt::questions.size(), 1U);
+        EXPECT_TRUE(before.IsUnchanged());
+        EXPECT_TRUE(Warnings().empty());
+    }
+}
+
+TEST_F(FileNew, ExistingFileIsReplaced) {
+    const std::wstring path = Make(L"old.ve2", {ModelKind::kSection, ModelKind::kTorsion});
+    const FakePrompt prompt{path};
+    ME_FileNew_Click();
+    EXPECT_EQ(CountModels(path), 0);
+    EXPECT_EQ(shell.settings.DatabasePath, path);
+    EXPECT_EQ(test::FilesIn(folder.path),
+              (std::vector<std::wstring>{L"Velk data", L"browse", L"old.ve2", L"work"}));
+}
+
+TEST_F(FileNew, OpenDatabaseMayBeReplaced) {
+    MakeOpen(L"ship.ve2", {ModelKind::kSection});
+    const FakePrompt prompt{File(L"SHIP.ve2")};
+    ME_FileNew_Click();
+    EXPECT_EQ(ShownWindow::rowCount, 0);
+    EXPECT_TRUE(Warnings().empty());
+}
+
+// ---- Names that can't be used, for New and Save As ---------------------------------------------
+
+struct BadName {
+    const char* name;
+    int32_t message;
+    std::wstring (*path)(const CommandTest& test);
+};
+
+const BadName kBadNames[] = {
+    {"QuestionMark", kMsgNameNotUsable, [](const CommandTest& t) { return t.File(L"a?.ve2"); }},
+    {"Star", kMsgNameNotUsable, [](const CommandTest& t) { return t.File(L"a*.ve2"); }},
+    {"Quote", kMsgNameNotUsable, [](const CommandTest& t) { return t.File(L"a\".ve2"); }},
+    {"Less", kMsgNameNotUsable, [](const CommandTest& t) { return t.File(L"a<.ve2"); }},
+    {"Greater", kMsgNameNotUsable, [](const CommandTest& t) { return t.File(L"a>.ve2"); }},
+    {"Bar", kMsgNameNotUsable, [](const CommandTest& t) { return t.File(L"a|.ve2"); }},
+    {"Colon", kMsgNameNotUsable, [](const CommandTest& t) { return t.File(L"a:b.ve2"); }},
+    // It separates folders, as a backslash does.
+    {"Slash", kMsgFolderMissing, [](const CommandTest& t) { return t.File(L"a/b.ve2"); }},
+    {"Backslash", kMsgFolderMissing, [](const CommandTest& t) { return t.File(L"a\\b.ve2"); }},
+    {"Tab", kMsgNameNotUsable, [](const CommandTest& t) { return t.File(L"a\tb.ve2"); }},
+    {"GreekLetters", kMsgNameNotUsable,
+     [](const CommandTest& t) { return t.File(L"\u03A9\u03BC\u03AD\u03B3\u03B1.ve2"); }},
+    {"ChineseLetters", kMsgNameNotUsable,
+     [](const CommandTest& t) { return t.File(L"\u8239.ve2"); }},
+    {"Path260", kMsgPathTooLong,
+     [](const CommandTest& t) {
+         return t.folder.path + std::wstring(256 - t.folder.path.size(), L'a') + L".ve2";
+     }},
+    {"BufferFull", kMsgPathTooLong,
+     [](const CommandTest& t) {
+         return t.folder.path + std::wstring(400 - t.folder.path.size(), L'a');
+     }},
+    {"Folder", kMsgNameOfFolder,
+     [](const CommandTest& t) { return StripTrailingBackslash(t.work); }},
+    {"FolderWithBackslash", kMsgNameOfFolder, [](const CommandTest& t) { return t.work; }},
+    {"MissingFolder", kMsgFolderMissing,
+     [](const CommandTest& t) { return t.File(L"none\\a.ve2"); }},
+    {"MissingDrive", kMsgFolderMissing,
+     [](const CommandTest&) { return std::wstring(L"Q:\\a.ve2"); }},
+    {"ReadOnlyFile", kMsgReadOnly,
+     [](const CommandTest& t) {
+         const std::wstring path = t.File(L"fixed.ve2");
+         WriteFileBytes(path, "fixed");
+         EXPECT_EQ(system::SetReadOnly(path, true), system::kErrorNone);
+         return path;
+     }},
+};
+
+struct BadNames : CommandTest, testing::WithParamInterface<BadName> {
+    // Runs the command with the bad name as the prompt's answer: one message, and nothing has
+    // happened.
+    void ExpectRefused(void (*command)(), const char* types) {
+        MakeOpen(L"open.ve2", {ModelKind::kSection});
+        const std::wstring path = GetParam().path(*this);
+        const auto files = test::FilesIn(folder.path);
+        const std::string database = ReadFileBytes(File(L"open.ve2"));
+        const Before before;
+        const FakePrompt prompt{path};
+        command();
+        EXPECT_EQ(Narrow(FakePrompt::questions.at(0).types), types);
+        const std::string message = Narrow(GetMessage(GetParam().message));
+        EXPECT_TRUE(OnlyWarning(message.substr(0, message.find("\xC2\xA4"))));
+        EXPECT_TRUE(before.IsUnchanged());
+        EXPECT_EQ(test::FilesIn(folder.path), files);
+        EXPECT_EQ(ReadFileBytes(File(L"open.ve2")), database);
+        EXPECT_EQ(system::SetReadOnly(path, false) == system::kErrorNone &&
+                      FileExists(File(L"fixed.ve2")),
+                  GetParam().message == kMsgReadOnly);
+    }
+};
+
+TEST_P(BadNames, AreRefusedByNew) {
+    ExpectRefused(ME_FileNew_Click, "Corvane databases (*.ve2)|*.ve2|");
+}
+
+TEST_P(BadNames, AreRefusedBySaveAs) {
+    ExpectRefused(ME_FileSaveAs_Click, "Corvane databases (*.ve2)|*.ve2|");
+}
+
+INSTANTIATE_TEST_SUITE_P(FilePrompt, BadNames, testing::ValuesIn(kBadNames),
+                         [](const auto& instance) { return std::string(instance.param.name); });
+
+TEST_F(FileNew, LongestUsablePathIsTaken) {
+    const std::wstring path = folder.path + std::wstring(255 - folder.path.size(), L'a') + L".ve2";
+    ASSERT_EQ(path.size(), 259U);
+    const FakePrompt prompt{path};
+    ME_FileNew_Click();
+    EXPECT_EQ(shell.settings.DatabasePath, path);
+    EXPECT_TRUE(FileExists(path));
+}
+
+// A folder in which nobody can make a file: the reason is told.
+struct UnwritableFolder : CommandTest {
+    void ExpectNotMade(void (*command)()) {
+        // The host has one, also under Wine.
+        if (!IsDirectory(L"Z:\\proc")) GTEST_SKIP() << "this system has no such folder";
+        MakeOpen(L"open.ve2", {ModelKind::kSection});
+        const Before before;
+        const FakePrompt prompt{L"Z:\\proc\\new.ve2"};
+        command();
+        EXPECT_TRUE(OnlyWarning("The file 'Z:\\proc\\new.ve2' can not be written:\r"));
+        EXPECT_EQ(shell.settings.DatabasePath, before.databasePath);
+        EXPECT_EQ(shell.bsd, before.bsd);
+        EXPECT_TRUE(RecordingScreen::Of("rows").empty());
+    }
+};
+
+TEST_F(UnwritableFolder, IsToldByNew) {
+    ExpectNotMade(ME_FileNew_Click);
+}
+
+TEST_F(UnwritableFolder, IsToldBySaveAs) {
+    ExpectNotMade(ME_FileSaveAs_Click);
+}
+
+// ---- Open --------------------------------------------------------------------------------------
+
+TEST_F(FileOpen, AsksForAnExistingFileInTheWorkDirectory) {
+    MakeOpen(L"ship.ve2");
+    const std::wstring current = system::CurrentDirectory();
+    const FakePrompt prompt;
+    ME_FileOpen_Click();
+    ASSERT_EQ(FakePrompt::questions.size(), 1U);
+    const FakePrompt::Question& asked = FakePrompt::questions[0];
+    EXPECT_EQ(asked.extension, L"ve2");
+    EXPECT_EQ(Narrow(asked.types),
+              "Corvane databases (*.ve2;*.vew)|*.ve2;*.vew|Velk Dos databases (*.vel)|*.vel|");
+    EXPECT_EQ(asked.caption, L"Open database");
+    EXPECT_EQ(asked.proposed, L"ship.ve2");
+    EXPECT_EQ(asked.flags, 0);
+    EXPECT_EQ(asked.directory, StripTrailingBackslash(work));
+    EXPECT_EQ(system::CurrentDirectory(), current);
+}
+
+TEST_F(FileOpen, ListEventsAreSuppressedWhileThePromptIsUp) {
+    const FakePrompt prompt;
+    ME_FileOpen_Click();
+    EXPECT_TRUE(FakePrompt::questions.at(0).suppressListEvents);
+    EXPECT_FALSE(shell.suppressListEvents);
+}
+
+TEST_F(FileOpen, DatabaseIsShownWithItsFirstModel) {
+    MakeOpen(L"old.ve2", {ModelKind::kSection});
+    shell.currentModel = 7;
+    shell.bsd = BasicShipData();
+    const FakePrompt prompt{Make(L"other.ve2", {ModelKind::kTorsion, ModelKind::kBulkhead})};
+    ME_FileOpen_Click();
+    EXPECT_EQ(shell.settings.DatabasePath, File(L"other.ve2"));
+    EXPECT_EQ(shell.settings.BrowseDirectory, folder.path);
+    EXPECT_EQ(shell.currentModel, 1);
+    EXPECT_EQ(ShipName(), L"SHIP");
+    EXPECT_TRUE(IsBsdDefined(shell.bsd));
+    EXPECT_EQ(ShownWindow::rowCount, 2);
+    EXPECT_EQ(ShownWindow::selected, 0);
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(FileOpen, CancelChangesNothing) {
+    MakeOpen(L"old.ve2", {ModelKind::kSection});
+    for (const wchar_t* answer : {L"", L"Cancel"}) {
+        const Before before;
+        const FakePrompt prompt{answer};
+        ME_FileOpen_Click();
+        EXPECT_TRUE(before.IsUnchanged());
+        EXPECT_TRUE(Warnings().empty());
+    }
+}
+
+TEST_F(FileOpen, DatabaseWithoutDataOpensWithAFreshRecord) {
+    MakeOpen(L"old.ve2", {ModelKind::kSection});
+    WriteFileBytes(File(L"bare.ve2"), "CORVANE DATABASE\r\n");
+    const FakePrompt prompt{File(L"bare.ve2")};
+    ME_FileOpen_Click();
+    EXPECT_EQ(shell.settings.DatabasePath, File(L"bare.ve2"));
+    EXPECT_EQ(shell.bsd, BasicShipData());
+    EXPECT_TRUE(OnlyWarning(" : not a valid Corvane file"));
+}
+
+TEST_F(FileOpen, DataWithoutASignatureAreEnough) {
+    const std::string bytes = ReadFileBytes(Make(L"whole.ve2"));
+    WriteFileBytes(File(L"head.ve2"), bytes.substr(bytes.find("\r\n") + 2));
+    const FakePrompt prompt{File(L"head.ve2")};
+    ME_FileOpen_Click();
+    EXPECT_EQ(shell.settings.DatabasePath, File(L"head.ve2"));
+    EXPECT_EQ(ShipName(), L"SHIP");
+}
+
+TEST_F(FileOpen, FileThatIsNoDatabaseIsRefused) {
+    MakeOpen(L"old.ve2", {ModelKind::kSection});
+    const std::string contents[] = {"", "x", "some text\r\n", std::string(300000, '\0'),
+                                    std::string(300000, '-')};
+    for (const wchar_t* name : {L"no.ve2", L"no.vew", L"no.txt", L"no"}) {
+        for (const std::string& bytes : contents) {
+            RecordingScreen::events.clear();
+            WriteFileBytes(File(name), bytes);
+            const Before before;
+            FakePrompt prompt{File(name), File(L"copy.ve2")};
+            ME_FileOpen_Click();
+            EXPECT_TRUE(OnlyWarning(Narrow(File(name)) + " : not a valid Corvane file"));
+            EXPECT_TRUE(RecordingScreen::Of("ask").empty());
+            EXPECT_EQ(shell.settings.DatabasePath, before.databasePath);
+            EXPECT_EQ(shell.bsd, before.bsd);
+            EXPECT_EQ(ReadFileBytes(File(name)), bytes);
+            EXPECT_FALSE(FileExists(File(L"copy.ve2")));
+        }
+    }
+}
+
+TEST_F(FileOpen, MissingFileAndFolderAreReported) {
+    MakeOpen(L"old.ve2");
+    struct {
+        std::wstring path;
+        const char* message;
+    } const cases[] = {{File(L"none.ve2"), "none.ve2' can not be opened"},
+                       {L"Q:\\ship.ve2", "Q:\\ship.ve2' can not be opened"},
+                       {work, "is a folder"},
+                       {File(L"\u03A9.ve2"), "?.ve2' can not be used"},
+                       {folder.path + std::wstring(390 - folder.path.size(), L'a'), "too long"}};
+    for (const auto& [path, message] : cases) {
+        RecordingScreen::events.clear();
+        const Before before;
+        const FakePrompt prompt{path};
+        ME_FileOpen_Click();
+        EXPECT_TRUE(OnlyWarning(message));
+        EXPECT_TRUE(before.IsUnchanged());
+    }
+}
+
+TEST_F(FileOpen, LegacyDatabaseIsConverted) {
+    MakeOpen(L"old.ve2");
+    WriteFileBytes(File(L"ship.VEL"), "legacy");
+    const Before before;
+    const FakePrompt prompt{File(L"ship.VEL")};
+    ME_FileOpen_Click();
+    EXPECT_EQ(RecordingScreen::Of("legacy"), std::vector<std::string>{Narrow(File(L"ship.VEL"))});
+    EXPECT_EQ(shell.settings.DatabasePath, before.databasePath);
+    EXPECT_TRUE(Warnings().empty());
+}
+
+// ---- Open: the copy of a file with the older extension -----------------------------------------
+
+constexpr char kCopyQuestion[] =
+    "This file has an old Velk extension. Do you want to make a copy ?";
+
+TEST_F(FileOpen, NoOpensTheOldFileInPlace) {
+    const std::wstring path = Make(L"ship.vew", {ModelKind::kSection});
+    const FakePrompt prompt{path};
+    ME_FileOpen_Click();
+    EXPECT_EQ(RecordingScreen::Of("ask"), std::vector<std::string>{kCopyQuestion});
+    EXPECT_EQ(FakePrompt::questions.size(), 1U);
+    EXPECT_EQ(shell.settings.DatabasePath, path);
+    EXPECT_EQ(ShownWindow::rowCount, 1);
+}
+
+TEST_F(FileOpen, UpperCaseExtensionOffersTheCopyToo) {
+    const FakePrompt prompt{Make(L"SHIP.VEW")};
+    ME_FileOpen_Click();
+    EXPECT_EQ(RecordingScreen::Of("ask"), std::vector<std::string>{kCopyQuestion});
+}
+
+TEST_F(FileOpen, YesOpensTheCopy) {
+    RecordingScreen::answerYes = true;
+    const std::wstring path = Make(L"ship.vew", {ModelKind::kSection});
+    const std::string bytes = ReadFileBytes(path);
+    const FakePrompt prompt{path, browse + L"copy.ve2"};
+    ME_FileOpen_Click();
+    ASSERT_EQ(FakePrompt::questions.size(), 2U);
+    const FakePrompt::Question& asked = FakePrompt::questions[1];
+    EXPECT_EQ(asked.proposed, L"ship.ve2");
+    EXPECT_EQ(asked.extension, L"ve2");
+    EXPECT_EQ(asked.types, GetMessage(kMsgDatabaseFiles));
+    EXPECT_EQ(asked.caption, L"Save database as");
+    EXPECT_EQ(asked.flags, -1);
+    EXPECT_EQ(asked.directory, StripTrailingBackslash(work));
+    EXPECT_EQ(shell.settings.DatabasePath, browse + L"copy.ve2");
+    EXPECT_EQ(shell.settings.BrowseDirectory, browse);
+    EXPECT_EQ(ReadFileBytes(browse + L"copy.ve2"), bytes);
+    EXPECT_EQ(ReadFileBytes(path), bytes);
+    EXPECT_EQ(ShipName(), L"SHIP");
+}
+
+TEST_F(FileOpen, CancelledCopyLeavesTheOpenDatabase) {
+    MakeOpen(L"old.ve2");
+    RecordingScreen::answerYes = true;
+    const FakePrompt prompt{Make(L"ship.vew")};
+    const Before before;
+    ME_FileOpen_Click();
+    EXPECT_EQ(FakePrompt::questions.size(), 2U);
+    EXPECT_EQ(shell.settings.DatabasePath, before.databasePath);
+    EXPECT_EQ(shell.bsd, before.bsd);
+    EXPECT_TRUE(RecordingScreen::Of("rows").empty());
+}
+
+TEST_F(FileOpen, CopyThatCannotBeMadeLeavesTheOpenDatabase) {
+    MakeOpen(L"old.ve2");
+    RecordingScreen::answerYes = true;
+    const FakePrompt prompt{Make(L"ship.vew"), File(L"none\\copy.ve2")};
+    ME_FileOpen_Click();
+    EXPECT_TRUE(OnlyWarning("none\\copy.ve2' can not be made"));
+    EXPECT_EQ(shell.settings.DatabasePath, File(L"old.ve2"));
+}
+
+TEST_F(FileOpen, CopyOntoItselfOpensTheFile) {
+    RecordingScreen::answerYes = true;
+    const std::wstring path = Make(L"ship.vew", {ModelKind::kSection});
+    const std::string bytes = ReadFileBytes(path);
+    const FakePrompt prompt{path, path};
+    ME_FileOpen_Click();
+    EXPECT_EQ(shell.settings.DatabasePath, path);
+    EXPECT_EQ(ReadFileBytes(path), bytes);
+}
+
+TEST_F(FileOpen, CopyNamedStarBearsItsFoldersName) {
+    RecordingScreen::answerYes = true;
+    for (const wchar_t* name : {L"work\\star.vew", L"work\\STAR.VEW"}) {
+        const std::wstring path = Make(name, {ModelKind::kSection});
+        const std::string bytes = ReadFileBytes(path);
+        const FakePrompt prompt{path, File(L"copy.ve2")};
+        ME_FileOpen_Click();
+        // The field has 30 characters.
+        const std::wstring expected = CleanFileName(work).substr(0, 30);
+        EXPECT_EQ(Narrow(ShipName()), Narrow(expected));
+        BasicShipData saved;
+        EXPECT_TRUE(LoadBsdFromDatabase(File(L"copy.ve2"), saved));
+        EXPECT_EQ(saved, shell.bsd);
+        EXPECT_EQ(CountModels(File(L"copy.ve2")), 1);
+        EXPECT_EQ(ReadFileBytes(path), bytes) << "the old file stays";
+    }
+}
+
+TEST_F(FileOpen, OldFileNamedStarKeepsItsNameWithoutACopy) {
+    const FakePrompt prompt{Make(L"star.vew")};
+    ME_FileOpen_Click();
+    EXPECT_EQ(ShipName(), L"SHIP");
+}
+
+// ---- Save As -----------------------------------------------------------------------------------
+
+TEST_F(FileSaveAs, ProposesTheBaseNameInTheBrowseDirectory) {
+    MakeOpen(L"ship.vew");
+    const FakePrompt prompt;
+    ME_FileSaveAs_Click();
+    ASSERT_EQ(FakePrompt::questions.size(), 1U);
+    const FakePrompt::Question& asked = FakePrompt::questions[0];
+    EXPECT_EQ(asked.proposed, L"ship.ve2");
+    EXPECT_EQ(asked.extension, L"ve2");
+    EXPECT_EQ(asked.types, GetMessage(kMsgDatabaseFiles));
+    EXPECT_EQ(asked.caption, L"Save database as");
+    EXPECT_EQ(asked.flags, -1);
+    EXPECT_EQ(asked.directory, StripTrailingBackslash(browse));
+}
+
+TEST_F(FileSaveAs, CopyIsTheSameToTheByteAndBecomesTheOpenDatabase) {
+    MakeOpen(L"ship.ve2", {ModelKind::kSection, ModelKind::kTorsion});
+    test::Append(File(L"ship.ve2"), "stray bytes \xFF without a line end");
+    const std::string bytes = ReadFileBytes(File(L"ship.ve2"));
+    shell.currentModel = 2;
+    const BasicShipData bsd = shell.bsd;
+    const FakePrompt prompt{work + L"copy.ve2"};
+    ME_FileSaveAs_Click();
+    EXPECT_EQ(ReadFileBytes(work + L"copy.ve2"), bytes);
+    EXPECT_EQ(ReadFileBytes(File(L"ship.ve2")), bytes);
+    EXPECT_EQ(shell.settings.DatabasePath, work + L"copy.ve2");
+    EXPECT_EQ(shell.settings.BrowseDirectory, work);
+    EXPECT_EQ(ShownWindow::database, work + L"copy.ve2");
+    EXPECT_EQ(shell.currentModel, 2);
+    EXPECT_EQ(ShownWindow::selected, 1);
+    EXPECT_EQ(shell.bsd, bsd);
+}
+
+TEST_F(FileSaveAs, CancelChangesNothing) {
+    MakeOpen(L"ship.ve2", {ModelKind::kSection});
+    const Before before;
+    const FakePrompt prompt;
+    ME_FileSaveAs_Click();
+    EXPECT_TRUE(before.IsUnchanged());
+}
+
+TEST_F(FileSaveAs, ExistingFileIsReplaced) {
+    MakeOpen(L"ship.ve2", {ModelKind::kSection});
+    const FakePrompt prompt{Make(L"other.ve2")};
+    ME_FileSaveAs_Click();
+    EXPECT_EQ(ReadFileBytes(File(L"other.ve2")), ReadFileBytes(File(L"ship.ve2")));
+}
+
+TEST_F(FileSaveAs, OpenDatabaseItselfIsNotHarmed) {
+    MakeOpen(L"ship.ve2", {ModelKind::kSection});
+    const std::string bytes = ReadFileBytes(File(L"ship.ve2"));
+    const FakePrompt prompt{File(L"work\\..\\ship.ve2")};
+    ME_FileSaveAs_Click();
+    EXPECT_EQ(ReadFileBytes(File(L"ship.ve2")), bytes);
+    EXPECT_EQ(shell.settings.DatabasePath, File(L"ship.ve2"));
+    EXPECT_EQ(ShownWindow::rowCount, 1);
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(FileSaveAs, ReadOnlyDatabaseGivesAWritableCopy) {
+    MakeOpen(L"ship.ve2", {ModelKind::kSection});
+    ASSERT_EQ(system::SetReadOnly(File(L"ship.ve2"), true), system::kErrorNone);
+    const FakePrompt prompt{File(L"copy.ve2")};
+    ME_FileSaveAs_Click();
+    EXPECT_EQ(shell.settings.DatabasePath, File(L"copy.ve2"));
+    EXPECT_FALSE(IsReadOnlyFile(File(L"copy.ve2")));
+}
+
+TEST_F(FileSaveAs, MissingDatabaseIsReported) {
+    shell.settings.DatabasePath = File(L"gone.ve2");
+    const FakePrompt prompt{File(L"copy.ve2")};
+    ME_FileSaveAs_Click();
+    EXPECT_TRUE(OnlyWarning("gone.ve2' can not be opened"));
+    EXPECT_TRUE(FakePrompt::questions.empty());
+}
+
+TEST_F(FileSaveAs, NothingHappensWithoutADatabase) {
+    const FakePrompt prompt{File(L"copy.ve2")};
+    ME_FileSaveAs_Click();
+    EXPECT_TRUE(FakePrompt::questions.empty());
+    EXPECT_TRUE(RecordingScreen::events.empty());
+}
+
+}  // namespace
+}  // namespace corvane

@@ -1,0 +1,251 @@
+// What the boxes of the exchange list, preview and tell.
+#include "shell/exchange_boxes.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+#include "bsd/labels.h"
+#include "platform/system.h"
+#include "report/messages.h"
+#include "shell/window_contents.h"
+#include "tests/database/sample_database.h"
+#include "tests/legacy/legacy_support.h"
+#include "tests/shell/command_support.h"
+
+namespace corvane {
+namespace {
+
+using namespace test;
+using Texts = std::vector<std::wstring>;
+using Told = std::vector<std::string>;
+
+struct ExchangeBoxes : CommandTest {
+    std::wstring legacy = File(L"ship.vel");
+    std::wstring database = File(L"other.ve2");
+
+    ExchangeBoxes() {
+        shell.settings.DatabasePath = L"C:\\before.ve2";
+        shell.bsd.Titles(5).Assign(L"BEFORE");
+        shell.currentModel = 7;
+    }
+    static Texts TextsOf(const std::vector<ExchangeItem>& items) {
+        Texts texts;
+        for (const ExchangeItem& item : items) texts.push_back(item.text);
+        return texts;
+    }
+    // Nothing is shown of what can't be read but this message, and the state stays.
+    static void ExpectUnlisted(const std::wstring& path, const std::string& warning) {
+        RecordingScreen::events.clear();
+        EXPECT_TRUE(ListForExchange(path).empty());
+        EXPECT_EQ(Warnings(), Told{warning});
+        ExpectStateUntouched();
+    }
+    static void ExpectStateUntouched() {
+        EXPECT_EQ(shell.settings.DatabasePath, L"C:\\before.ve2");
+        EXPECT_EQ(shell.bsd.Titles(5).Trimmed(), L"BEFORE");
+        EXPECT_EQ(shell.currentModel, 7);
+    }
+};
+
+// ---- Lists -------------------------------------------------------------------------------------
+
+TEST_F(ExchangeBoxes, LegacyDatabaseIsListedByItsSections) {
+    WriteLegacyDatabase(legacy, {L"Frame 10", L"\u00C9tambot"});
+    const std::vector<ExchangeItem> items = ListForExchange(legacy);
+    EXPECT_EQ(TextsOf(items), (Texts{L"Frame 10", L"\u00C9tambot"}));
+    EXPECT_EQ(items.at(0).number, 1);
+    EXPECT_EQ(items.at(1).number, 2);
+    EXPECT_EQ(items.at(1).kind, ModelKind::kSection);
+    EXPECT_TRUE(Warnings().empty());
+    ExpectStateUntouched();
+}
+
+TEST_F(ExchangeBoxes, ExtensionInUpperCaseIsALegacyDatabase) {
+    WriteLegacyDatabase(File(L"SHIP.VEL"), {L"Frame 10"});
+    EXPECT_EQ(TextsOf(ListForExchange(File(L"SHIP.VEL"))), Texts{L"Frame 10"});
+}
+
+TEST_F(ExchangeBoxes, ModelDatabaseIsListedByItsModelsAndTheirKinds) {
+    for (const wchar_t* name : {L"other.ve2", L"other.vew", L"OTHER.VEW"}) {
+        WriteFileBytes(File(name), DatabaseText(FiveBlocks()));
+        const std::vector<ExchangeItem> items = ListForExchange(File(name));
+        EXPECT_EQ(TextsOf(items), (Texts{L"Frame 10", L"Bulkhead 40 (bulkhead)", L"Frame 20",
+                                         L"Girder (torsion)", L"Aft"}));
+        EXPECT_EQ(items.at(3).number, 4);
+        EXPECT_EQ(items.at(3).kind, ModelKind::kTorsion);
+    }
+    EXPECT_TRUE(Warnings().empty());
+    ExpectStateUntouched();
+}
+
+TEST_F(ExchangeBoxes, ModelsAreNumberedByTheirRowsWhateverTheFileSays) {
+    std::vector<SampleBlock> blocks(2);
+    blocks[0].number = blocks[1].number = " 7 ";
+    WriteFileBytes(database, DatabaseText(blocks));
+    const std::vector<ExchangeItem> items = ListForExchange(database);
+    ASSERT_EQ(items.size(), 2u);
+    EXPECT_EQ(items[0].number, 1);
+    EXPECT_EQ(items[1].number, 2);
+}
+
+TEST_F(ExchangeBoxes, DatabasesWithoutModelsGiveAnEmptyListInSilence) {
+    WriteLegacyDatabase(legacy, {});
+    WriteFileBytes(database, SampleHead());
+    EXPECT_TRUE(ListForExchange(legacy).empty());
+    EXPECT_TRUE(ListForExchange(database).empty());
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(ExchangeBoxes, OfTwentyOneSectionsTwentyAreListed) {
+    Texts names;
+    for (int i = 1; i <= 21; ++i) names.push_back(L"Frame " + std::to_wstring(i));
+    WriteLegacyDatabase(legacy, names);
+    names.pop_back();
+    EXPECT_EQ(TextsOf(ListForExchange(legacy)), names);
+}
+
+TEST_F(ExchangeBoxes, WhatCanNotBeListedIsReported) {
+    ExpectUnlisted(legacy, WarningText(1020, {legacy}));
+    ExpectUnlisted(database, WarningText(1020, {database}));
+    WriteFileBytes(legacy, "no legacy database");
+    ExpectUnlisted(legacy, WarningText(3556, {legacy, kLegacyForeign}));
+    WriteFileBytes(database, "no database");
+    ExpectUnlisted(database, WarningText(1083, {database}));
+    WriteFileBytes(database, "");
+    ExpectUnlisted(database, WarningText(1083, {database}));
+    const std::wstring folderName = File(L"work.vel");
+    system::MakeDirectory(folderName);
+    ExpectUnlisted(folderName, WarningText(1020, {folderName}));
+    system::RemoveEmptyDirectory(folderName);
+}
+
+TEST_F(ExchangeBoxes, DamagedLegacyDatabaseIsReportedWithItsStatus) {
+    WriteLegacyDatabase(legacy, {L"Frame 10"});
+    const std::string bytes = ReadFileBytes(legacy);
+    for (const size_t size : {bytes.size() - 1, size_t{1300}, size_t{40}, size_t{9}}) {
+        WriteFileBytes(legacy, bytes.substr(0, size));
+        ExpectUnlisted(legacy, WarningText(3556, {legacy, kLegacyDamaged}));
+    }
+}
+
+TEST_F(ExchangeBoxes, DatabaseCutAnywhereIsListedAsFarAsItGoes) {
+    const std::string bytes = DatabaseText(FiveBlocks());
+    const size_t signature = FetchStructuralLines().signature.size();
+    size_t listed = 0;
+    for (size_t size = 0; size < bytes.size(); size += 7) {
+        WriteFileBytes(database, bytes.substr(0, size));
+        RecordingScreen::events.clear();
+        const size_t before = std::exchange(listed, ListForExchange(database).size());
+        EXPECT_GE(listed, before);
+        EXPECT_EQ(Warnings().size(), size < signature ? 1u : 0u) << size;
+    }
+    EXPECT_EQ(listed, 5u);
+    ExpectStateUntouched();
+}
+
+// ---- Preview -----------------------------------------------------------------------------------
+
+TEST_F(ExchangeBoxes, LegacySectionIsReadWithItsShipData) {
+    WriteLegacyDatabase(legacy, {L"Frame 10", L"Frame 20"});
+    SectionModel section;
+    BasicShipData bsd;
+    ASSERT_TRUE(ReadForExchange(legacy, {L"Frame 20", 2}, section, bsd));
+    EXPECT_EQ(section.name, L"Frame 20");
+    EXPECT_EQ(section.panels.size(), 1u);
+    EXPECT_EQ(bsd.Titles(1).Trimmed(), L"\u00C9toile");
+    EXPECT_TRUE(RecordingScreen::caption.empty());
+    ExpectStateUntouched();
+}
+
+TEST_F(ExchangeBoxes, LegacyPreviewFollowsTheDescribedConversation) {
+    const FakeLegacyLibrary library;
+    WriteFileBytes(legacy, "any");
+    SectionModel section;
+    BasicShipData bsd;
+    EXPECT_TRUE(ReadForExchange(legacy, {L"Frame 30", 3}, section, bsd));
+    EXPECT_EQ(FakeLegacyLibrary::calls,
+              (Told{"importvelkmainsec ship.vel 3", "importsectiongeometry ship.vel 3",
+                    "importvelkcompload ship.vel 3", "importvelknavi ship.vel"}));
+}
+
+TEST_F(ExchangeBoxes, LegacyShipDataThatCanNotBeReadAreReported) {
+    const FakeLegacyLibrary library;
+    FakeLegacyLibrary::naviStatus = 3;
+    WriteFileBytes(legacy, "any");
+    SectionModel section;
+    BasicShipData bsd;
+    EXPECT_FALSE(ReadForExchange(legacy, {L"Frame 10", 1}, section, bsd));
+    EXPECT_EQ(Warnings(), Told{WarningText(3556, {legacy, 3})});
+}
+
+TEST_F(ExchangeBoxes, SectionOfADatabaseIsReadWithItsShipData) {
+    const std::wstring path = DataPath("../samples/aurora_bay.ve2");
+    SectionModel section;
+    BasicShipData bsd;
+    ASSERT_TRUE(ReadForExchange(path, ListForExchange(path).at(1), section, bsd));
+    EXPECT_FALSE(section.panels.empty());
+    EXPECT_TRUE(IsBsdDefined(bsd));
+    EXPECT_TRUE(Warnings().empty());
+    ExpectStateUntouched();
+}
+
+TEST_F(ExchangeBoxes, OtherKindsHaveNoPreview) {
+    WriteFileBytes(database, DatabaseText(FiveBlocks()));
+    SectionModel section;
+    BasicShipData bsd;
+    const std::vector<ExchangeItem> items = ListForExchange(database);
+    EXPECT_FALSE(ReadForExchange(database, items.at(1), section, bsd));
+    EXPECT_FALSE(ReadForExchange(database, items.at(3), section, bsd));
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(ExchangeBoxes, SectionWithoutShipDataIsDrawnWithNone) {
+    SampleBlock block;
+    const StructuralLines lines = FetchStructuralLines();
+    WriteFileBytes(database, lines.signature + "\r\n" + BlockText(block));
+    SectionModel section;
+    BasicShipData bsd = NewBasicShipData(L"OTHER");
+    EXPECT_TRUE(ReadForExchange(database, {L"Frame 10", 1}, section, bsd));
+    EXPECT_EQ(Warnings().size(), 1u);
+    EXPECT_FALSE(IsBsdDefined(bsd));
+    EXPECT_EQ(bsd.Titles(5).Trimmed(), L"") << "no other ship's data";
+}
+
+TEST_F(ExchangeBoxes, SectionThatIsGoneIsReported) {
+    WriteLegacyDatabase(legacy, {L"Frame 10"});
+    WriteFileBytes(database, DatabaseText(FiveBlocks()));
+    SectionModel section;
+    BasicShipData bsd;
+    EXPECT_FALSE(ReadForExchange(database, {L"Frame 60", 6}, section, bsd));
+    EXPECT_EQ(Warnings(), Told{WarningText(1011, {6, database})});
+    RecordingScreen::events.clear();
+    system::RemoveFile(legacy);
+    EXPECT_FALSE(ReadForExchange(legacy, {L"Frame 10", 1}, section, bsd));
+    EXPECT_EQ(Warnings(), Told{WarningText(1020, {legacy})});
+}
+
+TEST_F(ExchangeBoxes, SectionWhoseNumberIsNotItsRowIsReported) {
+    std::vector<SampleBlock> blocks(3);
+    blocks[1].number = " 3 ";
+    blocks[2].number = " 3 ";
+    WriteFileBytes(database, DatabaseText(blocks));
+    SectionModel section;
+    BasicShipData bsd;
+    EXPECT_FALSE(ReadForExchange(database, {L"Frame 10", 3}, section, bsd));
+    EXPECT_EQ(Warnings(), Told{WarningText(3522, {3, database})});
+}
+
+// ---- Service text ------------------------------------------------------------------------------
+
+TEST_F(ExchangeBoxes, ServiceTextIsTheShipsNameAndType) {
+    BasicShipData bsd;
+    bsd.Titles(1).Assign(L"  Aurora Bay ");
+    bsd.TypeCodes(1) = 5;
+    EXPECT_EQ(ServiceText(bsd), L"Aurora Bay (" + ShipTypeName(5, false) + L")");
+    shell.milMode = true;
+    EXPECT_EQ(ServiceText(bsd), L"Aurora Bay (MIL Combat Ship)");
+}
+
+}  // namespace
+}  // namespace corvane

@@ -1,0 +1,521 @@
+// The command lines of the suite's programs, and the commands that run them on models.
+#include "shell/suite_programs.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "database/database_file.h"
+#include "files/file_system.h"
+#include "platform/system.h"
+#include "report/messages.h"
+#include "shell/state.h"
+#include "shell/window_contents.h"
+#include "tests/shell/command_support.h"
+
+namespace corvane {
+namespace {
+
+using test::CommandTest;
+using test::FakeProgram;
+using test::Narrow;
+using test::RecordingScreen;
+using test::ShownWindow;
+
+struct SiblingPrograms : CommandTest {};
+struct SectionInput : CommandTest {};
+struct SectionRule : CommandTest {};
+struct CreateModel : CommandTest {};
+struct LockedRun : CommandTest {};
+struct DamagingProgram : CommandTest {};
+
+constexpr ModelKind kSection = ModelKind::kSection;
+constexpr ModelKind kBulkhead = ModelKind::kBulkhead;
+constexpr ModelKind kTorsion = ModelKind::kTorsion;
+
+// ---- Paths and command lines -------------------------------------------------------------------
+
+TEST_F(SiblingPrograms, PathsOfEveryKindAndRuleSet) {
+    shell.settings.DataDirectory = L"C:\\Velk data\\";
+    struct {
+        ModelKind kind;
+        bool jbpMode;
+        const wchar_t* input;
+        const wchar_t* rule;
+    } const cases[] = {
+        {kSection, false, L"C:\\Velk data\\SectInput.exe", L"C:\\Velk data\\SectRule.exe"},
+        {kSection, true, L"C:\\Velk data\\SectInput.exe", L"C:\\Velk data\\CsrCheck.exe"},
+        {kBulkhead, false, L"C:\\Velk data\\BhdInput.exe", L"C:\\Velk data\\BhdCheck.exe"},
+        {kBulkhead, true, L"C:\\Velk data\\BhdInput.exe", L"C:\\Velk data\\BhdCheck.exe"},
+        {kTorsion, false, L"C:\\Velk data\\TorModel.exe", L"C:\\Velk data\\TorModel.exe"},
+        {kTorsion, true, L"C:\\Velk data\\TorModel.exe", L"C:\\Velk data\\TorModel.exe"},
+    };
+    for (const auto& [kind, jbpMode, input, rule] : cases) {
+        shell.jbpMode = jbpMode;
+        for (const bool milMode : {false, true}) {
+            shell.milMode = milMode;
+            EXPECT_EQ(Narrow(InputProgramPath(kind)), Narrow(input));
+            EXPECT_EQ(Narrow(RuleProgramPath(kind)), Narrow(rule));
+            EXPECT_EQ(Narrow(BsdProgramPath()), "C:\\Velk data\\BsdEdit.exe");
+        }
+    }
+}
+
+struct Switches {
+    bool debug, mil, jbp;
+    const char* text;
+};
+constexpr Switches kSwitches[] = {
+    {false, false, false, ""},         {true, false, false, "/d "},
+    {false, true, false, "/mil "},     {false, false, true, "/JBP "},
+    {true, true, false, "/d /mil "},   {true, false, true, "/d /JBP "},
+    {false, true, true, "/mil /JBP "}, {true, true, true, "/d /mil /JBP "},
+};
+
+TEST_F(SiblingPrograms, SwitchesStandInTheirOrderWithABlankBehindEach) {
+    for (const Switches& switches : kSwitches) {
+        shell.debugMode = switches.debug;
+        shell.milMode = switches.mil;
+        shell.jbpMode = switches.jbp;
+        EXPECT_EQ(Narrow(SwitchString()), switches.text);
+    }
+}
+
+TEST_F(SiblingPrograms, CommandLinesOfEveryKindSwitchAndModelNumber) {
+    shell.settings.DataDirectory = L"C:\\Velk data\\";
+    shell.settings.DatabasePath = L"C:\\My ships\\Aurora Bay.ve2";
+    const std::string database = "\"C:\\My ships\\Aurora Bay.ve2\"";
+    for (const Switches& switches : kSwitches) {
+        shell.debugMode = switches.debug;
+        shell.milMode = switches.mil;
+        shell.jbpMode = switches.jbp;
+        for (const ModelKind kind : {kSection, kBulkhead, kTorsion}) {
+            for (const int number : {-2, -1, 0, 1, 3, 12, 32767}) {
+                shell.currentModel = static_cast<int16_t>(number);
+                const std::string input = Narrow(InputProgramPath(kind));
+                const std::string rule = Narrow(RuleProgramPath(kind));
+                const std::string behind = number >= 1 ? " " + std::to_string(number) : "";
+                EXPECT_EQ(Narrow(EditCommandLine(InputProgramPath(kind))),
+                          input + " " + switches.text + database + behind);
+                EXPECT_EQ(Narrow(RuleCommandLine(RuleProgramPath(kind))),
+                          rule + " " + switches.text + database + " " + std::to_string(number));
+                EXPECT_EQ(Narrow(BsdCommandLine(BsdProgramPath())),
+                          "C:\\Velk data\\BsdEdit.exe " + std::string(switches.text) + database);
+            }
+        }
+    }
+}
+
+TEST_F(SiblingPrograms, CommandLineOfTheDescribedExample) {
+    shell.milMode = true;
+    shell.currentModel = 3;
+    shell.settings.DatabasePath = L"C:\\a.ve2";
+    EXPECT_EQ(EditCommandLine(L"C:\\p.exe"), L"C:\\p.exe /mil \"C:\\a.ve2\" 3");
+}
+
+// ---- Running -----------------------------------------------------------------------------------
+
+TEST_F(LockedRun, WindowIsLockedAndPaintsBeforeTheProgramStarts) {
+    const FakeProgram program;
+    EXPECT_TRUE(RunAndWait(L"C:\\a b\\p.exe \"x y\" 3").HasRun());
+    EXPECT_EQ(FakeProgram::commandLines, std::vector<std::wstring>{L"C:\\a b\\p.exe \"x y\" 3"});
+    EXPECT_EQ(FakeProgram::windowStyle, 0);
+    EXPECT_TRUE(FakeProgram::wasLocked);
+    EXPECT_FALSE(ShownWindow::locked);
+    EXPECT_EQ(RecordingScreen::events, (std::vector<std::string>{"lock", "pending", "pointer busy",
+                                                                 "pointer reset", "unlock"}));
+}
+
+TEST_F(LockedRun, RuleOptionIsRestored) {
+    ShownWindow::rule = 1;
+    shell.jbpMode = true;
+    // A click that reaches the options although they are locked.
+    const FakeProgram program([] {
+        ShownWindow::rule = 2;
+        RuleSetChosen(RuleSet::kMil);
+    });
+    EXPECT_TRUE(RunAndWait(L"C:\\p.exe").HasRun());
+    EXPECT_EQ(ShownWindow::rule, 1);
+    EXPECT_TRUE(shell.jbpMode);
+    EXPECT_FALSE(shell.milMode);
+}
+
+TEST_F(LockedRun, RuleFlagsOfTheCommandLineStay) {
+    ShownWindow::rule = 1;
+    shell.jbpMode = shell.milMode = true;
+    const FakeProgram program;
+    EXPECT_TRUE(RunAndWait(L"C:\\p.exe").HasRun());
+    EXPECT_TRUE(shell.jbpMode);
+    EXPECT_TRUE(shell.milMode);
+}
+
+TEST_F(LockedRun, FailureUnlocksToo) {
+    const FakeProgram program;
+    FakeProgram::result = 0;
+    EXPECT_FALSE(RunAndWait(L"C:\\p.exe").HasRun());
+    EXPECT_FALSE(ShownWindow::locked);
+}
+
+TEST_F(LockedRun, CurrentDirectoryStays) {
+    const std::wstring before = system::CurrentDirectory();
+    const FakeProgram program;
+    RunAndWait(L"C:\\p.exe");
+    EXPECT_EQ(system::CurrentDirectory(), before);
+}
+
+// ---- Edit --------------------------------------------------------------------------------------
+
+TEST_F(SectionInput, ProgramOfTheModelsKindIsRun) {
+    MakeOpen(L"My ship.ve2", {kSection, kBulkhead, kTorsion});
+    const wchar_t* const names[] = {L"SectInput.exe", L"BhdInput.exe", L"TorModel.exe"};
+    for (int16_t number = 1; number <= 3; ++number) {
+        Install(names[number - 1]);
+        shell.currentModel = number;
+        const FakeProgram program;
+        ME_SectionInput_Click();
+        ASSERT_EQ(FakeProgram::commandLines.size(), 1U);
+        EXPECT_EQ(Narrow(FakeProgram::commandLines[0]), Narrow(programs + names[number - 1]) +
+                                                            " \"" + Narrow(File(L"My ship.ve2")) +
+                                                            "\" " + std::to_string(number));
+        EXPECT_EQ(Narrow(FakeProgram::statusLine), Narrow(names[number - 1]) + " is running...");
+        EXPECT_EQ(ShownWindow::selected, number - 1);
+        EXPECT_EQ(RecordingScreen::caption, L"");
+        EXPECT_TRUE(Warnings().empty());
+    }
+}
+
+TEST_F(SectionInput, ListIsReadAnewAfterTheRun) {
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"SectInput.exe");
+    const FakeProgram program(
+        [] { test::Append(shell.settings.DatabasePath, test::ModelText(2, kTorsion)); });
+    ME_SectionInput_Click();
+    EXPECT_EQ(RecordingScreen::Of("rows"), std::vector<std::string>{"2"});
+    EXPECT_EQ(shell.currentModel, 1);
+}
+
+TEST_F(SectionInput, PointerIsBusyUntilTheEnd) {
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"SectInput.exe");
+    const FakeProgram program;
+    ME_SectionInput_Click();
+    const auto pointers = RecordingScreen::Of("pointer");
+    ASSERT_FALSE(pointers.empty());
+    EXPECT_EQ(pointers.front(), "busy");
+    EXPECT_EQ(pointers.back(), "reset");
+}
+
+// Runs a command that must not run a program, and tells of one thing.
+void ExpectNoRun(void (*command)(), std::string_view warning) {
+    RecordingScreen::events.clear();
+    const FakeProgram program;
+    command();
+    EXPECT_TRUE(FakeProgram::commandLines.empty());
+    EXPECT_TRUE(CommandTest::OnlyWarning(warning));
+    EXPECT_EQ(RecordingScreen::Of("rows").size(), 0U);
+    EXPECT_FALSE(ShownWindow::locked);
+}
+
+TEST_F(SectionInput, NothingHappensWithoutADatabase) {
+    const FakeProgram program;
+    ME_SectionInput_Click();
+    EXPECT_TRUE(FakeProgram::commandLines.empty());
+    EXPECT_TRUE(RecordingScreen::events.empty());
+}
+
+TEST_F(SectionInput, MissingDatabaseIsReported) {
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"SectInput.exe");
+    KillFile(File(L"ship.ve2"));
+    ExpectNoRun(ME_SectionInput_Click, "ship.ve2' can not be opened");
+}
+
+TEST_F(SectionInput, InvalidDataAreReported) {
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"SectInput.exe");
+    for (const int item : {1, 2, 3, 9}) {
+        const float before = std::exchange(shell.bsd.MainData(item), 0.0f);
+        ExpectNoRun(ME_SectionInput_Click, "Please input valid BSD first");
+        shell.bsd.MainData(item) = before;
+    }
+}
+
+TEST_F(SectionInput, MissingProgramIsReportedWithItsPath) {
+    MakeOpen(L"ship.ve2", {kSection, kBulkhead, kTorsion});
+    for (int16_t number = 1; number <= 3; ++number) {
+        shell.currentModel = number;
+        const auto kind = static_cast<ModelKind>(number - 1);
+        ExpectNoRun(ME_SectionInput_Click,
+                    "'" + Narrow(InputProgramPath(kind)) + "' can not be opened");
+    }
+}
+
+TEST_F(SectionInput, FolderInThePlaceOfTheProgramIsReported) {
+    MakeOpen(L"ship.ve2", {kSection});
+    ASSERT_EQ(system::MakeDirectory(programs + L"SectInput.exe"), system::kErrorNone);
+    ExpectNoRun(ME_SectionInput_Click, "SectInput.exe' can not be opened");
+}
+
+TEST_F(SectionInput, ModelThatTheDatabaseLacksIsReported) {
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"SectInput.exe");
+    shell.currentModel = 2;
+    ExpectNoRun(ME_SectionInput_Click, "There is no model 2 in");
+}
+
+// ---- Rule --------------------------------------------------------------------------------------
+
+TEST_F(SectionRule, ProgramOfKindAndRuleSetIsRun) {
+    MakeOpen(L"ship.ve2", {kSection, kBulkhead, kTorsion});
+    struct {
+        RuleSet ruleSet;
+        int16_t number;
+        const wchar_t* program;
+        const char* switches;
+    } const cases[] = {
+        {RuleSet::kQuor, 1, L"SectRule.exe", ""},     {RuleSet::kCsr, 1, L"CsrCheck.exe", "/JBP "},
+        {RuleSet::kMil, 1, L"SectRule.exe", "/mil "}, {RuleSet::kQuor, 2, L"BhdCheck.exe", ""},
+        {RuleSet::kCsr, 2, L"BhdCheck.exe", "/JBP "}, {RuleSet::kMil, 2, L"BhdCheck.exe", "/mil "},
+        {RuleSet::kQuor, 3, L"TorModel.exe", ""},     {RuleSet::kCsr, 3, L"TorModel.exe", "/JBP "},
+        {RuleSet::kMil, 3, L"TorModel.exe", "/mil "}};
+    for (const auto& [ruleSet, number, name, switches] : cases) {
+        RuleSetChosen(ruleSet);
+        Install(name);
+        shell.currentModel = number;
+        const FakeProgram program;
+        ME_SectionVelkRule_Click();
+        ASSERT_EQ(FakeProgram::commandLines.size(), 1U);
+        EXPECT_EQ(Narrow(FakeProgram::commandLines[0]), Narrow(programs + name) + " " + switches +
+                                                            "\"" + Narrow(File(L"ship.ve2")) +
+                                                            "\" " + std::to_string(number));
+        EXPECT_EQ(Narrow(FakeProgram::statusLine), Narrow(name) + " is running...");
+        EXPECT_EQ(RecordingScreen::caption, L"");
+        KillFile(programs + name);
+    }
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(SectionRule, MissingDatabaseIsReportedWithItsPath) {
+    MakeOpen(L"ship.ve2", {kSection});
+    KillFile(File(L"ship.ve2"));
+    shell.currentModel = 0;
+    ExpectNoRun(ME_SectionVelkRule_Click, "'" + Narrow(File(L"ship.ve2")) + "' can not be opened");
+}
+
+TEST_F(SectionRule, NoCurrentModelIsReportedWithNumberAndPath) {
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"SectRule.exe");
+    for (const int16_t number : {int16_t{0}, int16_t{-1}, int16_t{2}}) {
+        shell.currentModel = number;
+        ExpectNoRun(ME_SectionVelkRule_Click, "There is no model " + std::to_string(number) +
+                                                  " in the database '" + Narrow(File(L"ship.ve2")));
+    }
+}
+
+TEST_F(SectionRule, InvalidDataAreReported) {
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"SectRule.exe");
+    shell.bsd = BasicShipData();
+    ExpectNoRun(ME_SectionVelkRule_Click, "Please input valid BSD first");
+}
+
+TEST_F(SectionRule, MissingProgramIsReportedWithItsPath) {
+    MakeOpen(L"ship.ve2", {kSection});
+    shell.jbpMode = true;
+    ExpectNoRun(ME_SectionVelkRule_Click,
+                "'" + Narrow(programs) + "CsrCheck.exe' can not be opened");
+}
+
+// ---- Create ------------------------------------------------------------------------------------
+
+struct CreateCase {
+    void (*command)();
+    ModelKind kind;
+    const wchar_t* program;
+};
+const CreateCase kCreates[] = {{ME_SectionNew_Click, kSection, L"SectInput.exe"},
+                               {ME_NewBulkhead_Click, kBulkhead, L"BhdInput.exe"},
+                               {ME_NewTorsion_Click, kTorsion, L"TorModel.exe"}};
+
+// What the state was while the program ran.
+int16_t currentModelInRun;
+bool suppressListEventsInRun;
+
+void NoteState() {
+    currentModelInRun = shell.currentModel;
+    suppressListEventsInRun = shell.suppressListEvents;
+}
+
+TEST_F(CreateModel, InputProgramOfTheKindGetsNoModelNumber) {
+    MakeOpen(L"ship.ve2", {kTorsion, kSection});
+    shell.debugMode = true;
+    for (const CreateCase& create : kCreates) {
+        Install(create.program);
+        const FakeProgram program(NoteState);
+        create.command();
+        ASSERT_EQ(FakeProgram::commandLines.size(), 1U);
+        EXPECT_EQ(Narrow(FakeProgram::commandLines[0]),
+                  Narrow(programs + create.program) + " /d \"" + Narrow(File(L"ship.ve2")) + "\"");
+        EXPECT_EQ(currentModelInRun, -static_cast<int>(create.kind));
+        EXPECT_TRUE(suppressListEventsInRun);
+        EXPECT_FALSE(shell.suppressListEvents);
+    }
+}
+
+TEST_F(CreateModel, NewLastModelBecomesTheCurrentOne) {
+    MakeOpen(L"ship.ve2", {kSection, kSection, kSection});
+    Install(L"BhdInput.exe");
+    const FakeProgram program(
+        [] { test::Append(shell.settings.DatabasePath, test::ModelText(4, kBulkhead)); });
+    ME_NewBulkhead_Click();
+    EXPECT_EQ(shell.currentModel, 4);
+    EXPECT_EQ(RecordingScreen::Of("rows"), std::vector<std::string>{"4"});
+    EXPECT_EQ(ShownWindow::selected, 3);
+}
+
+TEST_F(CreateModel, FirstModelBecomesTheCurrentOne) {
+    MakeOpen(L"ship.ve2");
+    Install(L"SectInput.exe");
+    const FakeProgram program(
+        [] { test::Append(shell.settings.DatabasePath, test::ModelText(1, kSection)); });
+    ME_SectionNew_Click();
+    EXPECT_EQ(shell.currentModel, 1);
+    EXPECT_EQ(ShownWindow::selected, 0);
+}
+
+TEST_F(CreateModel, ModelBeforeStaysCurrentWhenNoneWasMade) {
+    MakeOpen(L"ship.ve2", {kSection, kSection, kSection});
+    Install(L"TorModel.exe");
+    shell.currentModel = 2;
+    const FakeProgram program;
+    ME_NewTorsion_Click();
+    EXPECT_EQ(shell.currentModel, 2);
+    EXPECT_EQ(ShownWindow::selected, 1);
+}
+
+TEST_F(CreateModel, ModelBeforeStaysCurrentWhenNothingIsRun) {
+    MakeOpen(L"ship.ve2", {kSection, kSection});
+    shell.currentModel = 2;
+    for (const CreateCase& create : kCreates) {
+        ExpectNoRun(create.command, "'" + Narrow(programs + create.program) + "' can not be");
+        EXPECT_EQ(shell.currentModel, 2);
+        EXPECT_FALSE(shell.suppressListEvents);
+    }
+    shell.bsd = BasicShipData();
+    ExpectNoRun(ME_SectionNew_Click, "Please input valid BSD first");
+    EXPECT_EQ(shell.currentModel, 2);
+    KillFile(File(L"ship.ve2"));
+    ExpectNoRun(ME_SectionNew_Click, "ship.ve2' can not be opened");
+    EXPECT_EQ(shell.currentModel, 2);
+}
+
+// ---- What a program can leave behind -----------------------------------------------------------
+
+TEST_F(DamagingProgram, ThatCannotBeStartedIsReported) {
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"SectInput.exe");
+    const FakeProgram program;
+    FakeProgram::result = 0;
+    ME_SectionInput_Click();
+    EXPECT_TRUE(OnlyWarning("The program '" + Narrow(programs) +
+                            "SectInput.exe' could not be started:\r" +
+                            Narrow(system::ErrorText(system::kErrorFileNotFound))));
+    EXPECT_EQ(ShownWindow::rowCount, 1);
+    EXPECT_EQ(RecordingScreen::caption, L"");
+}
+
+TEST_F(DamagingProgram, ThatCrashesIsReportedAndTheListIsRight) {
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"SectInput.exe");
+    const FakeProgram program(
+        [] { test::Append(shell.settings.DatabasePath, test::ModelText(2, kSection)); });
+    FakeProgram::result = kProgramCrashed;
+    ME_SectionInput_Click();
+    EXPECT_TRUE(OnlyWarning("The program SectInput.exe was ended by a fault of its own."));
+    EXPECT_EQ(ShownWindow::rowCount, 2);
+}
+
+TEST_F(DamagingProgram, ThatDeletesTheDatabaseIsReported) {
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"SectInput.exe");
+    const FakeProgram program([] { KillFile(shell.settings.DatabasePath); });
+    ME_SectionInput_Click();
+    EXPECT_TRUE(OnlyWarning("The database '" + Narrow(File(L"ship.ve2")) + "' is missing"));
+    EXPECT_EQ(ShownWindow::rowCount, 0);
+    EXPECT_TRUE(ShownWindow::previewCleared);
+    // The shell goes on: what follows is reported, and nothing runs.
+    ExpectNoRun(ME_SectionInput_Click, "ship.ve2' can not be opened");
+    ExpectNoRun(ME_SectionNew_Click, "ship.ve2' can not be opened");
+}
+
+TEST_F(DamagingProgram, ThatOverwritesTheDatabaseIsReported) {
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"SectRule.exe");
+    const FakeProgram program(
+        [] { test::WriteFileBytes(shell.settings.DatabasePath, "no database"); });
+    ME_SectionVelkRule_Click();
+    EXPECT_TRUE(OnlyWarning("The file '" + Narrow(File(L"ship.ve2")) +
+                            "' is no Corvane database any more since SectRule.exe has run."));
+    EXPECT_EQ(ShownWindow::rowCount, 0);
+}
+
+TEST_F(DamagingProgram, ThatEmptiesTheDatabaseInCreateIsReported) {
+    MakeOpen(L"ship.ve2", {kSection, kSection});
+    Install(L"SectInput.exe");
+    shell.currentModel = 2;
+    const FakeProgram program([] { test::WriteFileBytes(shell.settings.DatabasePath, ""); });
+    ME_SectionNew_Click();
+    EXPECT_TRUE(OnlyWarning("' is no Corvane database any more"));
+    EXPECT_EQ(shell.currentModel, 2);
+    EXPECT_EQ(ShownWindow::selected, -1);
+}
+
+TEST_F(DamagingProgram, ThatLeavesTheDatabaseReadOnlyIsReported) {
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"SectInput.exe");
+    const FakeProgram program([] { (void)system::SetReadOnly(shell.settings.DatabasePath, true); });
+    ME_SectionInput_Click();
+    EXPECT_TRUE(OnlyWarning("ship.ve2' is read-only"));
+    EXPECT_EQ(ShownWindow::rowCount, 1);
+    // It was so before the next run: nothing new is to be told.
+    RecordingScreen::events.clear();
+    ME_SectionInput_Click();
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(DamagingProgram, ThatCutsTheDatabaseOffLeavesWhatCanBeRead) {
+    MakeOpen(L"ship.ve2", {kSection, kSection, kSection});
+    Install(L"SectInput.exe");
+    const FakeProgram program([] {
+        const std::string bytes = test::ReadFileBytes(shell.settings.DatabasePath);
+        test::WriteFileBytes(shell.settings.DatabasePath, bytes.substr(0, bytes.size() * 4 / 5));
+    });
+    ME_SectionInput_Click();
+    EXPECT_GE(ShownWindow::rowCount, 1);
+    EXPECT_LT(ShownWindow::rowCount, 4);
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(DamagingProgram, PathThatTheProgramsCannotBeToldIsReported) {
+    const std::wstring path = File(L"\u03A9mega.ve2");
+    ASSERT_EQ(system::CopyBytes(Make(L"ship.ve2", {kSection}), path, false), system::kErrorNone);
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"SectInput.exe");
+    shell.settings.DatabasePath = path;
+    ExpectNoRun(ME_SectionInput_Click, "The program SectInput.exe can not be run on");
+}
+
+TEST_F(DamagingProgram, FailureToStartIsTheDebugReportToo) {
+    MakeOpen(L"ship.ve2", {kSection});
+    Install(L"SectInput.exe");
+    shell.debugMode = true;
+    const FakeProgram program;
+    FakeProgram::result = 0;
+    ME_SectionInput_Click();
+    const auto plain = RecordingScreen::Of("plain");
+    ASSERT_EQ(plain.size(), 1U);
+    EXPECT_EQ(plain[0].find("ExShell (" + Narrow(FakeProgram::commandLines.at(0)) + ") "), 0U);
+}
+
+}  // namespace
+}  // namespace corvane

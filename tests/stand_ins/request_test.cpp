@@ -1,0 +1,101 @@
+// The command line that a program of the suite gets.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/system.h"
+#include "stand_ins/request.h"
+#include "tests/support/support.h"
+
+namespace corvane::siblings {
+namespace {
+
+using test::Narrow;
+using test::RecordingScreen;
+
+struct RequestTest : testing::Test {
+    RecordingScreen screen;
+    Request request;
+};
+
+struct GoodLine {
+    const wchar_t* line;
+    const wchar_t* switches;
+    const wchar_t* path;
+    int32_t model;
+};
+
+TEST_F(RequestTest, EveryLineThatTheShellBuildsIsRead) {
+    for (const GoodLine& good : std::vector<GoodLine>{
+             {L"\"C:\\a\\ship.ve2\"", L"none", L"C:\\a\\ship.ve2", 0},
+             {L"\"C:\\a\\ship.ve2\" 3", L"none", L"C:\\a\\ship.ve2", 3},
+             {L"/mil \"C:\\a\\ship.ve2\" 3", L"/mil", L"C:\\a\\ship.ve2", 3},
+             {L"/d /mil /JBP \"C:\\my ships\\a b.ve2\" 12", L"/d /mil /JBP",
+              L"C:\\my ships\\a b.ve2", 12},
+         }) {
+        ASSERT_TRUE(ReadRequest(good.line, request)) << Narrow(good.line);
+        EXPECT_EQ(Narrow(SwitchText(request)), Narrow(good.switches));
+        EXPECT_EQ(Narrow(request.databasePath), Narrow(system::AbsolutePath(good.path)));
+        EXPECT_EQ(request.model, good.model);
+    }
+    EXPECT_TRUE(RecordingScreen::Of("warning").empty());
+}
+
+TEST_F(RequestTest, SwitchesStandAnywhereAndInEitherCase) {
+    ASSERT_TRUE(ReadRequest(L"  /jbp\t\"C:\\x.ve2\"/D 7 /MIL ", request));
+    EXPECT_TRUE(request.debug && request.mil && request.jbp);
+    EXPECT_EQ(request.model, 7);
+}
+
+TEST_F(RequestTest, QuotedTextIsNoSwitch) {
+    ASSERT_TRUE(ReadRequest(L"\"/d\" 2", request));
+    EXPECT_FALSE(request.debug);
+    EXPECT_EQ(Narrow(request.databasePath), Narrow(system::AbsolutePath(L"/d")));
+}
+
+TEST_F(RequestTest, DatabaseWithoutBlanksNeedsNoQuotes) {
+    ASSERT_TRUE(ReadRequest(L"C:\\ship.ve2 2", request));
+    EXPECT_EQ(Narrow(request.databasePath), Narrow(system::AbsolutePath(L"C:\\ship.ve2")));
+}
+
+struct BadLine {
+    const wchar_t* line;
+    const char* told;  // the report begins with it
+};
+
+TEST_F(RequestTest, GarbageIsToldWithTheFormThatIsWanted) {
+    for (const BadLine& bad : std::vector<BadLine>{
+             {L"", "No database was given."},
+             {L"   ", "No database was given."},
+             {L"/d /mil", "No database was given."},
+             {L"\"\" 3", "No database was given."},
+             {L"/x \"C:\\a.ve2\"", "There is no switch '/x'."},
+             {L"/dd \"C:\\a.ve2\"", "There is no switch '/dd'."},
+             {L"\"C:\\a.ve2", "The command line has a quote that is not closed:\r\r\"C:\\a.ve2"},
+             {L"\"C:\\a.ve2\" 3 4", "The command line has more than a database and a model number"},
+             {L"\"C:\\a.ve2\" three", "'three' is not the number of a model."},
+             {L"\"C:\\a.ve2\" 0", "'0' is not the number of a model."},
+             {L"\"C:\\a.ve2\" -1", "'-1' is not the number of a model."},
+             {L"\"C:\\a.ve2\" 3x", "'3x' is not the number of a model."},
+             {L"\"C:\\a.ve2\" 32768", "'32768' is not the number of a model."},
+             {L"\"C:\\a.ve2\" 99999999999", "'99999999999' is not the number of a model."},
+             {L"\"C:\\a.ve2\" \"\"", "'' is not the number of a model."},
+         }) {
+        RecordingScreen::events.clear();
+        EXPECT_FALSE(ReadRequest(bad.line, request)) << Narrow(bad.line);
+        const std::vector<std::string> told = RecordingScreen::Of("warning");
+        ASSERT_EQ(told.size(), 1U) << Narrow(bad.line);
+        EXPECT_TRUE(told[0].starts_with(bad.told)) << told[0];
+        EXPECT_NE(told[0].find("[/d] [/mil] [/JBP] \"database\" [model number]"), std::string::npos)
+            << told[0];
+    }
+}
+
+TEST_F(RequestTest, LongestModelNumberOfTheShellIsTaken) {
+    ASSERT_TRUE(ReadRequest(L"\"C:\\a.ve2\" 32767", request));
+    EXPECT_EQ(request.model, 32767);
+}
+
+}  // namespace
+}  // namespace corvane::siblings

@@ -1,0 +1,56 @@
+// What the tests of the stand-ins share: a database with the sample ship, and a form over it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "platform/system.h"
+#include "stand_ins/form.h"
+#include "tests/support/support.h"
+
+namespace corvane::siblings {
+
+struct StandInTest : testing::Test {
+    test::RecordingScreen screen;
+    test::TemporaryFolder folder;
+    std::wstring path = system::AbsolutePath(folder.File(L"my ship.ve2"));
+    Form form;
+
+    void SetUp() override {
+        test::WriteFileBytes(path,
+                             test::ReadFileBytes(test::DataPath("../samples/aurora_bay.ve2")));
+    }
+
+    // The command line of a program for this database.
+    std::wstring Line(const std::wstring& rest = L"") const { return L"\"" + path + L"\"" + rest; }
+    std::string Bytes() const { return test::ReadFileBytes(path); }
+    std::string Fact(const std::wstring& label) const {
+        const auto found =
+            std::ranges::find_if(form.facts, [&](const auto& fact) { return fact.label == label; });
+        return found == form.facts.end() ? "(none)" : test::Narrow(found->value);
+    }
+    // The one warning that was shown.
+    static std::string Told() {
+        const std::vector<std::string> told = test::RecordingScreen::Of("warning");
+        return told.size() == 1 ? told[0] : "(" + std::to_string(told.size()) + " warnings)";
+    }
+    // The field with this label, "&" left out.
+    Field& FieldOf(const std::wstring& label) {
+        for (Field& field : form.fields) {
+            std::wstring plain = field.label;
+            std::erase(plain, L'&');
+            if (plain == label) return field;
+        }
+        ADD_FAILURE() << test::Narrow(label);
+        return form.fields.at(0);
+    }
+    void Enter(const std::wstring& label, const std::wstring& value) {
+        FieldOf(label).value = value;
+    }
+    std::string Shown(const std::wstring& label) { return test::Narrow(FieldOf(label).value); }
+};
+
+}  // namespace corvane::siblings

@@ -1,0 +1,285 @@
+#include "tests/support/support.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "platform/grvelk.h"
+#include "platform/system.h"
+#include "shell/state.h"
+#include "tests/support/damage.h"
+
+namespace corvane::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+#if !defined(_WIN32)
+// Names the folder of settings files on the host.
+constexpr char kFolderVariable[] = "CORVANE_WINDOWS_DIRECTORY";
+// Names the folder of temporary files there.
+constexpr char kTemporaryVariable[] = "TMPDIR";
+#endif
+
+ShellState* savedState = nullptr;
+
+void Record(std::string event) {
+    RecordingScreen::events.push_back(std::move(event));
+}
+
+}  // namespace
+
+fs::path NativePath(const std::wstring& path) {
+#if defined(_WIN32)
+    return fs::path(path);
+#else
+    std::wstring native = path;
+    std::replace(native.begin(), native.end(), L'\\', L'/');
+    if (native.size() > 1 && native[1] == L':') native.erase(0, 2);
+    return fs::path(Narrow(native));
+#endif
+}
+
+TemporaryFolder::TemporaryFolder() {
+    static int counter = 0;
+    const auto* info = testing::UnitTest::GetInstance()->current_test_info();
+    std::string name = std::string("corvane_") + (info ? info->name() : "test") + "_" +
+                       std::to_string(system::Milliseconds()) + "_" + std::to_string(++counter);
+    // A test with parameters has a slash in its name.
+    std::replace(name.begin(), name.end(), '/', '_');
+    path = system::TemporaryDirectory() + std::wstring(name.begin(), name.end()) + L"\\";
+    fs::create_directories(NativePath(path));
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code ignored;
+    for (const auto& entry : fs::recursive_directory_iterator(NativePath(path), ignored)) {
+        fs::permissions(entry.path(), fs::perms::owner_write, fs::perm_options::add, ignored);
+    }
+    fs::remove_all(NativePath(path), ignored);
+}
+
+void WriteFileBytes(const std::wstring& path, std::string_view bytes) {
+    std::ofstream file(NativePath(path), std::ios::binary | std::ios::trunc);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    ASSERT_TRUE(file.good()) << Narrow(path);
+}
+
+std::string ReadFileBytes(const std::wstring& path) {
+    std::ifstream file(NativePath(path), std::ios::binary);
+    EXPECT_TRUE(file.good()) << Narrow(path);
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    return bytes.str();
+}
+
+std::vector<std::wstring> FilesIn(const std::wstring& folder) {
+    std::vector<std::wstring> names;
+    for (const auto& entry : fs::directory_iterator(NativePath(folder))) {
+        // wstring() would ask the C locale, which may know no letter but English ones.
+        const std::u32string name = entry.path().filename().u32string();
+        names.emplace_back(name.begin(), name.end());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::wstring DataPath(std::string_view name) {
+    const char* folder = std::getenv("CORVANE_TEST_DATA");
+    std::string path =
+        std::string(folder != nullptr ? folder : CORVANE_TESTS_FOLDER) + "/" + std::string(name);
+    std::replace(path.begin(), path.end(), '/', '\\');
+    if (path.size() > 1 && path[1] != ':') path.insert(0, "Z:");
+    return std::wstring(path.begin(), path.end());
+}
+
+bool ReadOnlyHasEffect() {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.File(L"read_only");
+    WriteFileBytes(path, "");
+    EXPECT_EQ(system::SetReadOnly(path, true), system::kErrorNone);
+    return !std::ofstream(NativePath(path), std::ios::binary | std::ios::app).is_open();
+}
+
+KeepCurrentDirectory::KeepCurrentDirectory() : path(system::CurrentDirectory()) {}
+
+KeepCurrentDirectory::~KeepCurrentDirectory() {
+    EXPECT_EQ(system::SetCurrentTo(path), system::kErrorNone);
+}
+
+#if defined(_WIN32)
+
+TemporaryFilesInMemory::TemporaryFilesInMemory() = default;
+TemporaryFilesInMemory::~TemporaryFilesInMemory() = default;
+
+// The profile functions look nowhere but in the Windows folder: the file there makes room.
+FreshSettingsFile::FreshSettingsFile() {
+    path = fs::path(std::getenv("SystemRoot")).wstring() + L"\\" + kSettingsFile;
+    wasThere = fs::exists(path);
+    if (wasThere) before = ReadFileBytes(path);
+    fs::remove(path);
+}
+
+FreshSettingsFile::~FreshSettingsFile() {
+    if (wasThere) {
+        WriteFileBytes(path, before);
+    } else {
+        fs::remove(path);
+    }
+}
+
+#else
+
+TemporaryFilesInMemory::TemporaryFilesInMemory() {
+    const char* old = std::getenv(kTemporaryVariable);
+    wasSet = old != nullptr;
+    if (wasSet) savedFolder = old;
+    if (fs::is_directory("/dev/shm")) setenv(kTemporaryVariable, "/dev/shm", 1);
+}
+
+TemporaryFilesInMemory::~TemporaryFilesInMemory() {
+    if (wasSet) {
+        setenv(kTemporaryVariable, savedFolder.c_str(), 1);
+    } else {
+        unsetenv(kTemporaryVariable);
+    }
+}
+
+FreshSettingsFile::FreshSettingsFile() : path(folder.File(kSettingsFile)) {
+    const char* old = std::getenv(kFolderVariable);
+    wasThere = old != nullptr;
+    if (wasThere) before = old;
+    setenv(kFolderVariable, NativePath(folder.path).c_str(), 1);
+}
+
+FreshSettingsFile::~FreshSettingsFile() {
+    if (wasThere) {
+        setenv(kFolderVariable, before.c_str(), 1);
+    } else {
+        unsetenv(kFolderVariable);
+    }
+}
+
+#endif
+
+std::map<int32_t, std::string> FakeCatalogue::texts;
+std::vector<int32_t> FakeCatalogue::asked;
+
+FakeCatalogue::FakeCatalogue(std::map<int32_t, std::string> newTexts) {
+    texts = std::move(newTexts);
+    asked.clear();
+    ZTGrVel32_LoadVelkinString.pointer = [](int32_t number, char* buffer, int32_t size) {
+        asked.push_back(number);
+        const auto found = texts.find(number);
+        if (found == texts.end()) return int32_t{0};
+        return static_cast<int32_t>(found->second.copy(buffer, static_cast<size_t>(size)));
+    };
+}
+
+FakeCatalogue::~FakeCatalogue() {
+    // The next call finds the library's own function.
+    ZTGrVel32_LoadVelkinString.pointer = nullptr;
+}
+
+std::string Narrow(std::wstring_view text) {
+    std::string utf8;
+    for (const wchar_t character : text) {
+        const auto code = static_cast<unsigned long>(character);
+        if (code < 0x80) {
+            utf8 += static_cast<char>(code);
+        } else if (code < 0x800) {
+            utf8 += static_cast<char>(0xC0 | (code >> 6));
+            utf8 += static_cast<char>(0x80 | (code & 0x3F));
+        } else {
+            utf8 += static_cast<char>(0xE0 | ((code >> 12) & 0x0F));
+            utf8 += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
+            utf8 += static_cast<char>(0x80 | (code & 0x3F));
+        }
+    }
+    return utf8;
+}
+
+std::vector<std::string> RecordingScreen::events;
+std::wstring RecordingScreen::caption;
+std::wstring RecordingScreen::tag;
+bool RecordingScreen::answerYes = false;
+std::wstring RecordingScreen::answerText;
+
+RecordingScreen::RecordingScreen() {
+    EXPECT_EQ(savedState, nullptr);
+    savedState = new ShellState(shell);
+    shell = ShellState();
+    events.clear();
+    caption.clear();
+    tag = L"-1";
+    answerYes = false;
+    answerText.clear();
+
+    Screen& screen = shell.screen;
+    screen.statusCaption = [] { return caption; };
+    screen.setStatusCaption = [](const std::wstring& text) {
+        caption = text;
+        Record("caption " + Narrow(text));
+    };
+    screen.setStatusColour = [](StatusColour colour) {
+        Record(colour == StatusColour::kRed ? "colour red" : "colour text");
+    };
+    screen.statusTag = [] { return tag; };
+    screen.setStatusTag = [](const std::wstring& text) { tag = text; };
+    screen.showWarningBox = [](const std::wstring& text) { Record("warning " + Narrow(text)); };
+    screen.showPlainBox = [](const std::wstring& text) { Record("plain " + Narrow(text)); };
+    screen.askYesNo = [](const std::wstring& text) {
+        Record("ask " + Narrow(text));
+        return answerYes;
+    };
+    screen.askIrreversible = [](const std::wstring& text) {
+        Record("ask irreversible " + Narrow(text));
+        return answerYes;
+    };
+    screen.askOkCancel = [](const std::wstring& text) {
+        Record("ask ok " + Narrow(text));
+        return answerYes;
+    };
+    screen.askText = [](const std::wstring& text, std::wstring& answer) {
+        Record("ask text " + Narrow(text) + " [" + Narrow(answer) + "]");
+        if (answerYes) answer = answerText;
+        return answerYes;
+    };
+    screen.showAbout = [](const std::wstring& text) { Record("about " + Narrow(text)); };
+    screen.setBusyPointer = [] { Record("pointer busy"); };
+    screen.resetPointer = [] { Record("pointer reset"); };
+    screen.processPendingMessages = [] { Record("pending"); };
+    screen.loadMainWindow = [] { Record("main load"); };
+    screen.showMainWindow = [] { Record("main show"); };
+    screen.setMainCaption = [](const std::wstring& text) { Record("title " + Narrow(text)); };
+    screen.refreshMainWindow = [] { Record("main refresh"); };
+    screen.showSplash = [](const std::wstring& text) { Record("splash show " + Narrow(text)); };
+    screen.unloadSplash = [] { Record("splash unload"); };
+    screen.activateRunningInstance = [](const std::wstring& text) {
+        Record("activate " + Narrow(text));
+    };
+    screen.openLegacyDatabase = [](const std::wstring& path) { Record("legacy " + Narrow(path)); };
+}
+
+RecordingScreen::~RecordingScreen() {
+    shell = *savedState;
+    delete savedState;
+    savedState = nullptr;
+}
+
+std::vector<std::string> RecordingScreen::Of(std::string_view word) {
+    std::vector<std::string> found;
+    for (const std::string& event : events) {
+        if (event.compare(0, word.size(), word) == 0 && event.size() > word.size() &&
+            event[word.size()] == ' ') {
+            found.push_back(event.substr(word.size() + 1));
+        }
+    }
+    return found;
+}
+
+}  // namespace corvane::test

@@ -1,0 +1,200 @@
+#include "text/text.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "tests/support/support.h"
+
+namespace corvane {
+namespace {
+
+using test::Narrow;
+
+TEST(Trim, TakesBlanksOffBothEndsOnly) {
+    EXPECT_EQ(Trim(std::wstring_view(L"  a b  ")), L"a b");
+    EXPECT_EQ(Trim(std::wstring_view(L"a")), L"a");
+    EXPECT_EQ(Trim(std::wstring_view(L"")), L"");
+    EXPECT_EQ(Trim(std::wstring_view(L"   ")), L"");
+    EXPECT_EQ(Trim(std::string_view("  a b  ")), "a b");
+    EXPECT_EQ(Trim(std::string_view("   ")), "");
+}
+
+TEST(Trim, KeepsTabsAndLineEnds) {
+    EXPECT_EQ(Trim(std::wstring_view(L" \ta\r\n ")), L"\ta\r\n");
+    EXPECT_EQ(Trim(std::string_view(" \ta\r\n ")), "\ta\r\n");
+    EXPECT_EQ(Trim(std::wstring_view(L"\u00A0a\u00A0")), L"\u00A0a\u00A0");
+}
+
+TEST(LetterCase, AsciiLettersOnlyChangeAmongThemselves) {
+    EXPECT_EQ(LowerCase(L"SHIP.VE2 @[`{09"), L"ship.ve2 @[`{09");
+    EXPECT_EQ(UpperCase(std::wstring_view(L"ship.ve2 @[`{09")), L"SHIP.VE2 @[`{09");
+    EXPECT_EQ(UpperCase(std::string_view("ship.ve2 @[`{09")), "SHIP.VE2 @[`{09");
+}
+
+TEST(LetterCase, AccentedLettersHaveTheirOtherCase) {
+    const std::wstring upper = L"ÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖØÙÚÛÜÝÞŠŒŽŸ";
+    const std::wstring lower = L"àáâãäåæçèéêëìíîïðñòóôõöøùúûüýþšœžÿ";
+    EXPECT_EQ(Narrow(LowerCase(upper)), Narrow(lower));
+    EXPECT_EQ(Narrow(UpperCase(std::wstring_view(lower))), Narrow(upper));
+    EXPECT_EQ(LowerCase(lower), lower);
+    EXPECT_EQ(UpperCase(std::wstring_view(upper)), upper);
+}
+
+TEST(LetterCase, SignsBetweenTheLettersStayThemselves) {
+    for (const wchar_t* sign : {L"×", L"÷", L"ß", L"µ", L"ƒ", L"ª", L"º", L"¤", L"§", L"²"}) {
+        EXPECT_EQ(LowerCase(sign), sign) << Narrow(sign);
+        EXPECT_EQ(UpperCase(std::wstring_view(sign)), sign) << Narrow(sign);
+    }
+}
+
+TEST(LetterCase, EveryAnsiByteHasTheUpperCaseOfItsCharacter) {
+    const std::set<int> pairsBy32 = {0xD7, 0xF7};  // no letters: the times and division signs
+    for (int code = 0; code < 256; ++code) {
+        int expected = code;
+        if ((code >= 'a' && code <= 'z') || (code >= 0xE0 && code <= 0xFE)) expected = code - 32;
+        if (pairsBy32.contains(code)) expected = code;
+        if (code == 0x9A || code == 0x9C || code == 0x9E) expected = code - 16;
+        if (code == 0xFF) expected = 0x9F;
+        const std::string byte(1, static_cast<char>(code));
+        EXPECT_EQ(UpperCase(std::string_view(byte)), std::string(1, static_cast<char>(expected)))
+            << code;
+    }
+}
+
+TEST(LetterCase, ComparingIgnoresTheCaseOfAllLetters) {
+    EXPECT_TRUE(EqualsIgnoringCase(L"Vent Été", L"VENT éTÉ"));
+    EXPECT_TRUE(EqualsIgnoringCase(L"", L""));
+    EXPECT_FALSE(EqualsIgnoringCase(L"ship", L"ships"));
+    EXPECT_FALSE(EqualsIgnoringCase(L"ships", L"ship"));
+    EXPECT_FALSE(EqualsIgnoringCase(L"×", L"÷"));
+    EXPECT_FALSE(EqualsIgnoringCase(L"[", L"{"));
+}
+
+TEST(CutAtNul, KeepsWhatStandsBeforeTheFirstNul) {
+    EXPECT_EQ(CutAtNul(std::wstring_view(L"ab\0cd\0", 6)), L"ab");
+    EXPECT_EQ(CutAtNul(std::wstring_view(L"\0ab", 3)), L"");
+    EXPECT_EQ(CutAtNul(L"whole text"), L"whole text");
+    EXPECT_EQ(CutAtNul(L""), L"");
+}
+
+TEST(CleanFileName, RemovesEveryCharacterOfTheSetAndNoOther) {
+    const std::wstring set = L" ~*?^}{|><;,:/\\¤¨.§!%µç`@=+\"[]";
+    ASSERT_EQ(set.size(), 30U);
+    for (wchar_t character = 1; character < 0x180; ++character) {
+        const std::wstring text = {L'a', character, L'b'};
+        const bool goes = set.find(character) != std::wstring::npos;
+        EXPECT_EQ(CleanFileName(text), goes ? L"ab" : text) << static_cast<int>(character);
+    }
+}
+
+TEST(CleanFileName, KeepsTheOtherCharactersInOrder) {
+    EXPECT_EQ(CleanFileName(L"M/V \"Star\" [2].ve2"), L"MVStar2ve2");
+    EXPECT_EQ(CleanFileName(L"C:\\data\\my ship.ve2"), L"Cdatamyshipve2");
+    EXPECT_EQ(CleanFileName(L"a-b_c(d)#&$'"), L"a-b_c(d)#&$'");
+    EXPECT_EQ(CleanFileName(L"Été"), L"Été");
+    EXPECT_EQ(CleanFileName(L" .,;"), L"");
+    EXPECT_EQ(CleanFileName(L""), L"");
+}
+
+TEST(ShortenText, TenLettersInSevenGiveTwoTwoPointsAndTwo) {
+    EXPECT_EQ(ShortenText(L"abcdefghij", 7), L"ab..ij");
+}
+
+TEST(ShortenText, LengthThreeLeavesTheTextWhole) {
+    EXPECT_EQ(ShortenText(L"abcdefghij", 3), L"abcdefghij");
+}
+
+TEST(ShortenText, TableOfLengths) {
+    struct Case {
+        std::wstring text;
+        int16_t maxLen;
+        std::wstring expected;
+    };
+    const Case cases[] = {
+        {L"abcdefghij", 10, L"abcdefghij"},
+        {L"abcdefghij", 9, L"abc..hij"},
+        {L"abcdefghij", 8, L"ab..ij"},
+        {L"abcdefghij", 6, L"a..j"},
+        {L"abcdefghij", 5, L"a..j"},
+        {L"abcdefghij", 4, L".."},
+        {L"abcdefghij", 0, L"abcdefghij"},
+        {L"abcdefghij", -1, L"abcdefghij"},
+        {L"", 0, L""},
+        {L"", 7, L""},
+        {L"abcdefghij", 32767, L"abcdefghij"},
+        {L"abcdefghij", -32768, L"abcdefghij"},
+    };
+    for (const Case& each : cases) {
+        EXPECT_EQ(ShortenText(each.text, each.maxLen), each.expected) << each.maxLen;
+    }
+}
+
+TEST(ShortenText, BothEndsAreTrimmed) {
+    EXPECT_EQ(ShortenText(L"ab cdefg hi", 9), L"ab..hi");
+    EXPECT_EQ(ShortenText(L"a         b", 7), L"a..b");
+}
+
+TEST(MenuCaptionText, AmpersandAndEllipsisGo) {
+    EXPECT_EQ(MenuCaptionText(L"&Open..."), L"Open");
+}
+
+TEST(MenuCaptionText, AmpersandInsideGoes) {
+    EXPECT_EQ(MenuCaptionText(L"Save &As"), L"Save As");
+}
+
+TEST(MenuCaptionText, DoubledAmpersandBetweenLettersBecomesOne) {
+    EXPECT_EQ(MenuCaptionText(L"a&&b"), L"a&b");
+}
+
+TEST(MenuCaptionText, CaptionWithoutAmpersandAndEllipsisStays) {
+    EXPECT_EQ(MenuCaptionText(L"Close"), L"Close");
+    EXPECT_EQ(MenuCaptionText(L""), L"");
+}
+
+TEST(MenuCaptionText, ThreeAmpersandsYieldTwo) {
+    EXPECT_EQ(MenuCaptionText(L"a&&&b"), L"a&&b");
+    EXPECT_EQ(MenuCaptionText(L"&&&&"), L"&&&");
+}
+
+TEST(MenuCaptionText, EverythingBehindTheEllipsisGoes) {
+    EXPECT_EQ(MenuCaptionText(L"&Save database as...\tCtrl+S"), L"Save database as");
+    EXPECT_EQ(MenuCaptionText(L"..."), L"");
+    EXPECT_EQ(MenuCaptionText(L"a....b"), L"a");
+}
+
+TEST(MenuCaptionText, TwoPointsAndATrailingAmpersandAreNoEllipsisAndNoCharacter) {
+    EXPECT_EQ(MenuCaptionText(L"a..b"), L"a..b");
+    EXPECT_EQ(MenuCaptionText(L"a.."), L"a..");
+    EXPECT_EQ(MenuCaptionText(L"end&"), L"end");
+    EXPECT_EQ(MenuCaptionText(L"&"), L"");
+}
+
+TEST(ExpandLineBreaks, EverySuperscriptTwoBecomesACarriageReturn) {
+    EXPECT_EQ(ExpandLineBreaks(L"one²two²²three"), L"one\rtwo\r\rthree");
+    EXPECT_EQ(ExpandLineBreaks(L"²"), L"\r");
+    EXPECT_EQ(ExpandLineBreaks(L"m2 and m³"), L"m2 and m³");
+    EXPECT_EQ(ExpandLineBreaks(L""), L"");
+}
+
+TEST(CharacterSets, AsciiIsTheSameInBoth) {
+    EXPECT_EQ(OemToAnsiText("Ship 12-A"), L"Ship 12-A");
+    EXPECT_EQ(AnsiToOemText(L"Ship 12-A"), "Ship 12-A");
+}
+
+// 850 and 437, the Western OEM code pages, agree on these.
+TEST(CharacterSets, AccentedLettersAreConverted) {
+    EXPECT_EQ(OemToAnsiText("\x82t\x82 \x87 \x94 \x81 \xA4"), L"été ç ö ü ñ");
+    EXPECT_EQ(AnsiToOemText(L"été ç ö ü ñ"), "\x82t\x82 \x87 \x94 \x81 \xA4");
+}
+
+TEST(CharacterSets, TextIsCutAtTheFirstNulAndTrimmed) {
+    EXPECT_EQ(OemToAnsiText(std::string_view("  ab  \0 cd", 10)), L"ab");
+    EXPECT_EQ(AnsiToOemText(std::wstring_view(L"  ab  \0 cd", 10)), "ab");
+    EXPECT_EQ(OemToAnsiText(std::string_view("\0ab", 3)), L"");
+    EXPECT_EQ(AnsiToOemText(L"    "), "");
+    EXPECT_EQ(OemToAnsiText(""), L"");
+}
+
+}  // namespace
+}  // namespace corvane

@@ -1,0 +1,154 @@
+// PIC_Section: what the picture shows, keeps and loses.
+#include "ui/pictures/section_picture.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "shell/state.h"
+#include "shell/window_contents.h"
+#include "tests/companions/sample_section.h"
+#include "tests/support/support.h"
+
+namespace corvane {
+namespace {
+
+// A section of one deck at half the depth, over the whole breadth of 20 m.
+SectionModel OneDeck() {
+    SectionModel section;
+    section.symmetryMode = 1;
+    Panel panel;
+    panel.nodes = {test::ComputedNode(0, 5), test::ComputedNode(10, 5)};
+    section.panels.assign(1, panel);
+    return section;
+}
+
+// Computes the straight line of the one deck, as far as drawing needs it.
+int16_t ComputeDeck(Section* section, DrawingParameters*) {
+    section->strakes[0].items[0] = test::StraightItem(0, 5, 10, 5, 0);
+    return 0;
+}
+
+// A picture in a hidden window.
+struct SectionPicture : testing::Test {
+    test::RecordingScreen keptState;
+    test::FakeFunction<decltype(QuickCompute)> quickCompute{QuickCompute, ComputeDeck};
+    HWND parent = nullptr;
+    HWND picture = nullptr;
+
+    SectionPicture() {
+        parent = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 400, 300, nullptr, nullptr,
+                                 nullptr, nullptr);
+        picture = CreateSectionPicture(parent, {DrawPreview, L""});
+        SetWindowPos(picture, nullptr, 0, 0, 304, 204, SWP_NOZORDER | SWP_NOACTIVATE);
+        for (const int item : {1, 3, 9}) shell.bsd.MainData(item) = 10;
+        shell.bsd.MainData(2) = 20;
+    }
+    ~SectionPicture() override { DestroyWindow(parent); }
+
+    void ShowDeck() {
+        shell.previewSection = OneDeck();
+        shell.previewShown = true;
+        RedrawSectionPicture(picture);
+    }
+    // Number of pixels in the colour of plating that a repaint shows.
+    int PlatingPixels() const {
+        RECT client{};
+        GetClientRect(picture, &client);
+        const HDC screen = GetDC(picture);
+        const HDC dc = CreateCompatibleDC(screen);
+        const HBITMAP bitmap = CreateCompatibleBitmap(screen, client.right, client.bottom);
+        const HGDIOBJ before = SelectObject(dc, bitmap);
+        SendMessageW(picture, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
+        int count = 0;
+        for (int y = 0; y < client.bottom; ++y) {
+            for (int x = 0; x < client.right; ++x) {
+                count += GetPixel(dc, x, y) == RGB(0, 0, 255) ? 1 : 0;
+            }
+        }
+        SelectObject(dc, before);
+        DeleteObject(bitmap);
+        DeleteDC(dc);
+        ReleaseDC(picture, screen);
+        return count;
+    }
+};
+
+TEST_F(SectionPicture, BeginsEmpty) {
+    EXPECT_EQ(PlatingPixels(), 0);
+}
+
+TEST_F(SectionPicture, ShowsTheSectionInMemory) {
+    ShowDeck();
+    EXPECT_GT(PlatingPixels(), 300) << "two rows of pixels nearly across the picture";
+}
+
+TEST_F(SectionPicture, RepaintNeedsNeitherSectionNorLibrary) {
+    ShowDeck();
+    const int shown = PlatingPixels();
+    shell.previewShown = false;
+    shell.previewSection = {};
+    EXPECT_EQ(PlatingPixels(), shown);
+}
+
+TEST_F(SectionPicture, KeepsItsContentsWhenTheBsdIsNotDefined) {
+    ShowDeck();
+    const int shown = PlatingPixels();
+    shell.bsd.MainData(9) = 0;
+    shell.previewSection = {};
+    RedrawSectionPicture(picture);
+    EXPECT_EQ(PlatingPixels(), shown);
+}
+
+TEST_F(SectionPicture, ClearingEmptiesIt) {
+    ShowDeck();
+    ClearSectionPicture(picture);
+    EXPECT_EQ(PlatingPixels(), 0);
+}
+
+TEST_F(SectionPicture, DrawsAnewAtANewSize) {
+    ShowDeck();
+    const int before = PlatingPixels();
+    SetWindowPos(picture, nullptr, 0, 0, 154, 104, SWP_NOZORDER | SWP_NOACTIVATE);
+    const int after = PlatingPixels();
+    EXPECT_GT(after, before / 3);
+    EXPECT_LT(after, before * 2 / 3);
+}
+
+TEST_F(SectionPicture, PaintErasesNothingFirst) {
+    EXPECT_EQ(SendMessageW(picture, WM_ERASEBKGND, 0, 0), TRUE);
+    ShowDeck();
+    EXPECT_FALSE(GetUpdateRect(picture, nullptr, TRUE)) << "hidden: nothing to paint";
+}
+
+TEST_F(SectionPicture, ThousandDrawingsLeakNoObject) {
+    ShowDeck();
+    const HANDLE process = GetCurrentProcess();
+    const DWORD before = GetGuiResources(process, GR_GDIOBJECTS);
+    for (int i = 0; i < 1000; ++i) {
+        RedrawSectionPicture(picture);
+        if (i % 100 == 0) ClearSectionPicture(picture);
+    }
+    EXPECT_EQ(GetGuiResources(process, GR_GDIOBJECTS), before);
+}
+
+TEST_F(SectionPicture, ResizingLeaksNoObject) {
+    ShowDeck();
+    const HANDLE process = GetCurrentProcess();
+    const DWORD before = GetGuiResources(process, GR_GDIOBJECTS);
+    for (int i = 0; i < 100; ++i) {
+        SetWindowPos(picture, nullptr, 0, 0, 100 + i, 120 + i, SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    EXPECT_EQ(GetGuiResources(process, GR_GDIOBJECTS), before);
+}
+
+TEST_F(SectionPicture, EmptySizeDrawsNothingBad) {
+    SetWindowPos(picture, nullptr, 0, 0, 0, 0, SWP_NOZORDER | SWP_NOACTIVATE);
+    ShowDeck();
+    ClearSectionPicture(picture);
+    SetWindowPos(picture, nullptr, 0, 0, 304, 204, SWP_NOZORDER | SWP_NOACTIVATE);
+    EXPECT_GT(PlatingPixels(), 300);
+}
+
+}  // namespace
+}  // namespace corvane

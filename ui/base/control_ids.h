@@ -1,0 +1,69 @@
+// Identifiers of the windows' controls; tests and screen readers find them by these. Menu items
+// have theirs in shell/commands/commands.h.
+#pragma once
+
+namespace corvane {
+
+enum ControlId : int {
+    BT_Ok = 1,  // IDOK, which Enter presses
+    BT_Cancel,  // IDCANCEL, which Esc presses
+    TX_DataBase = 1000,
+    Command1,
+    LI_Sections,
+    LB_X,
+    LB_Frame,
+    PAN_Help,
+    LB_DataBase,  // names TX_DataBase
+    LN_Status,    // the line above PAN_Help
+    PIC_Section,
+    OP_Preview,
+    LB_Models,    // names LI_Sections
+    SP_Sections,  // between LI_Sections and PIC_Section
+    BT_Open,
+    BT_Rule,
+    BT_Bsd,
+    GR_Rule,  // around OP_Rule
+    OP_Rule,  // the first of kRuleSetCount options
+    // FM_Load and FM_About.
+    LB_Title = 1100,
+    LB_Version,
+    LB_32bits,  // never shown
+    LB_Warning1,
+    LB_Warning2,
+    IM_Velk,
+    PAN_Product,  // the frame around them
+    // FM_About.
+    LB_Notice,  // names TX_Notice
+    TX_Notice,
+    // The input box.
+    LB_Question = 1200,  // names TX_Answer
+    TX_Answer,
+    // FM_Export and FM_Inport, which also have LI_Sections, OP_Preview and PIC_Section.
+    Panel3D2 = 1300,  // the frame around the three lists of the place
+    LB_Drives,        // names DRV_Db
+    DRV_Db,
+    LB_Folders,  // names DIR_Db
+    DIR_Db,
+    LB_Files,  // names FIL_Db
+    FIL_Db,
+    LB_Sections,                 // names LI_Sections
+    OP_CreateNew,                // the first of two options: 0 replaces a section, 1 creates one
+    LB_Name = OP_CreateNew + 2,  // names TX_Name
+    TX_Name,
+    BT_Browse,
+    LB_Service,
+};
+
+inline constexpr int kRuleSetCount = 3;
+
+// Window classes.
+inline constexpr wchar_t kMainWindowClass[] = L"FM_Main";
+inline constexpr wchar_t kSectionPictureClass[] = L"PIC_Section";
+inline constexpr wchar_t kSplitterClass[] = L"SP_Sections";
+inline constexpr wchar_t kSplashClass[] = L"FM_Load";
+inline constexpr wchar_t kAboutClass[] = L"FM_About";
+inline constexpr wchar_t kInputBoxClass[] = L"InputBox";
+inline constexpr wchar_t kExportBoxClass[] = L"FM_Export";
+inline constexpr wchar_t kImportBoxClass[] = L"FM_Inport";
+
+}  // namespace corvane

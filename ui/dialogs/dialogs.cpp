@@ -1,0 +1,240 @@
+#include "ui/dialogs/dialogs.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "ui/base/control_ids.h"
+#include "ui/base/dpi.h"
+#include "ui/main_window/windows_screen.h"
+
+namespace corvane {
+namespace {
+
+// Lengths in pixels at 96 dots per inch.
+constexpr int kLeastButtonWidth = 80;
+constexpr int kButtonPadding = 10;
+constexpr int kButtonGap = 7;
+
+// A dialog while it is open; lives in RunDialog.
+struct OpenDialog {
+    const DialogKind& kind;
+    const std::wstring& caption;
+    void* contents;
+    HFONT font = nullptr;
+};
+
+OpenDialog& StateOf(HWND window) {
+    return *reinterpret_cast<OpenDialog*>(GetWindowLongPtrW(window, DWLP_USER));
+}
+
+BOOL CALLBACK SetFont(HWND control, LPARAM font) {
+    SendMessageW(control, WM_SETFONT, static_cast<WPARAM>(font), TRUE);
+    return TRUE;
+}
+
+void TakeResolution(HWND window, UINT dpi) {
+    OpenDialog& dialog = StateOf(window);
+    const HFONT old = dialog.font;
+    dialog.font = CreateMessageFont(dpi);
+    EnumChildWindows(window, SetFont, reinterpret_cast<LPARAM>(dialog.font));
+    const SIZE client = dialog.kind.place(window, dialog.contents, dpi);
+    const SIZE size = WindowSize(window, client, false, dpi);
+    SetWindowPos(window, nullptr, 0, 0, size.cx, size.cy,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    if (old != nullptr) DeleteObject(old);
+}
+
+// Of the screen that the window is on, what no task bar covers.
+RECT WorkArea(HWND window) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof(monitor);
+    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+    return monitor.rcWork;
+}
+
+// In the middle of the owner, as far as the screen has room there.
+void Centre(HWND window, HWND owner) {
+    const RECT screen = WorkArea(owner != nullptr ? owner : window);
+    RECT middle = screen;
+    if (owner != nullptr && !IsIconic(owner)) GetWindowRect(owner, &middle);
+    RECT own{};
+    GetWindowRect(window, &own);
+    const LONG width = own.right - own.left;
+    const LONG height = own.bottom - own.top;
+    const LONG left = middle.left + (middle.right - middle.left - width) / 2;
+    const LONG top = middle.top + (middle.bottom - middle.top - height) / 2;
+    SetWindowPos(window, nullptr, std::max(screen.left, std::min(left, screen.right - width)),
+                 std::max(screen.top, std::min(top, screen.bottom - height)), 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void OnInitialise(HWND window) {
+    OpenDialog& dialog = StateOf(window);
+    ScaleDialogOurselves(window);
+    SetWindowTextW(window, dialog.caption.c_str());
+    dialog.kind.addControls(window, dialog.contents);
+    SendMessageW(window, DM_SETDEFID, IDOK, 0);
+    TakeResolution(window, DpiOf(window));
+    Centre(window, GetWindow(window, GW_OWNER));
+    const HWND first = GetDlgItem(window, dialog.kind.firstFocus);
+    SetFocus(first);
+    // Only now: a field without a size would scroll its text away.
+    const LRESULT code = SendMessageW(first, WM_GETDLGCODE, 0, 0);
+    if ((code & DLGC_HASSETSEL) != 0) SendMessageW(first, EM_SETSEL, 0, -1);
+}
+
+bool MayClose(HWND window) {
+    const OpenDialog& dialog = StateOf(window);
+    return dialog.kind.accept == nullptr || dialog.kind.accept(window, dialog.contents);
+}
+
+void OnCommand(HWND window, const Notification& notification) {
+    const OpenDialog& dialog = StateOf(window);
+    const int id = notification.control;
+    if (id == IDOK && !MayClose(window)) return;
+    if (id == IDOK || id == IDCANCEL) {
+        EndDialog(window, id);
+    } else if (dialog.kind.notify != nullptr) {
+        dialog.kind.notify(window, dialog.contents, notification);
+    }
+}
+
+// TRUE: the message needs nothing more. Of WM_CTLCOLORSTATIC the background's brush.
+INT_PTR HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_INITDIALOG:
+            SetWindowLongPtrW(window, DWLP_USER, lParam);
+            OnInitialise(window);
+            return FALSE;  // the focus has been set
+        case WM_COMMAND:
+            OnCommand(window, {LOWORD(wParam), HIWORD(wParam)});
+            return TRUE;
+        case WM_DRAWITEM:
+            if (StateOf(window).kind.draw == nullptr) return FALSE;
+            StateOf(window).kind.draw(StateOf(window).contents,
+                                      *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+            return TRUE;
+        case WM_CTLCOLORSTATIC:
+            if (StateOf(window).kind.colour == nullptr) return FALSE;
+            return reinterpret_cast<INT_PTR>(StateOf(window).kind.colour(
+                reinterpret_cast<HWND>(lParam), reinterpret_cast<HDC>(wParam)));
+        case WM_DPICHANGED: {
+            const auto& area = *reinterpret_cast<const RECT*>(lParam);
+            SetWindowPos(window, nullptr, area.left, area.top, 0, 0,
+                         SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+            TakeResolution(window, LOWORD(wParam));
+            return TRUE;
+        }
+        default:
+            return FALSE;
+    }
+}
+
+INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    // Before the first message and after the last there is no state.
+    if (message != WM_INITDIALOG && GetWindowLongPtrW(window, DWLP_USER) == 0) return FALSE;
+    try {
+        return HandleMessage(window, message, wParam, lParam);
+    } catch (...) {
+        ReportFault();
+        EndDialog(window, IDCANCEL);
+        return FALSE;
+    }
+}
+
+void RegisterDialogClass(const wchar_t* className) {
+    WNDCLASSEXW windowClass{};
+    windowClass.cbSize = sizeof(windowClass);
+    windowClass.lpfnWndProc = DefDlgProcW;
+    windowClass.cbWndExtra = DLGWINDOWEXTRA;
+    windowClass.hInstance = GetModuleHandleW(nullptr);
+    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+    windowClass.lpszClassName = className;
+    RegisterClassExW(&windowClass);
+}
+
+// A dialog template without controls: style, number of controls, places, menu, class and caption.
+std::vector<WORD> EmptyTemplate(const std::wstring& className) {
+    DLGTEMPLATE head{};
+    head.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
+    std::vector<WORD> words(sizeof(head) / sizeof(WORD));
+    std::copy_n(reinterpret_cast<const WORD*>(&head), words.size(), words.begin());
+    words.push_back(0);
+    words.insert(words.end(), className.begin(), className.end());
+    words.insert(words.end(), {0, 0});
+    return words;
+}
+
+}  // namespace
+
+bool RunDialog(const DialogKind& kind, const std::wstring& caption, void* contents) {
+    RegisterDialogClass(kind.className);
+    const std::vector<WORD> words = EmptyTemplate(kind.className);
+    OpenDialog dialog{kind, caption, contents};
+    const INT_PTR answer = DialogBoxIndirectParamW(
+        GetModuleHandleW(nullptr), reinterpret_cast<const DLGTEMPLATE*>(words.data()),
+        DialogOwner(), DialogProcedure, reinterpret_cast<LPARAM>(&dialog));
+    if (dialog.font != nullptr) DeleteObject(dialog.font);
+    return answer == IDOK;
+}
+
+HWND DialogOwner() {
+    const HWND main = OwnWindow(kMainWindowClass);
+    return main != nullptr && IsWindowVisible(main) ? GetLastActivePopup(main) : nullptr;
+}
+
+HWND AddControl(HWND window, const DialogControl& control) {
+    return CreateWindowExW(control.exStyle, control.windowClass, control.text.c_str(),
+                           WS_CHILD | control.style, 0, 0, 0, 0, window,
+                           reinterpret_cast<HMENU>(INT_PTR{control.id}), nullptr, nullptr);
+}
+
+void PlaceControl(HWND window, int id, const RECT& place) {
+    SetWindowPos(GetDlgItem(window, id), nullptr, place.left, place.top, place.right - place.left,
+                 place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void PlaceOnTop(HWND window, int id, LONG height, RECT& area) {
+    PlaceControl(window, id, {area.left, area.top, area.right, area.top + height});
+    area.top += height;
+}
+
+SIZE ControlTextSize(HWND window, int id) {
+    const HWND control = GetDlgItem(window, id);
+    const auto font = reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0));
+    return TextSize(window, font, WindowText(control));
+}
+
+int HeightForText(HWND window, int id, int width) {
+    const HWND control = GetDlgItem(window, id);
+    const std::wstring text = WindowText(control);
+    const HDC dc = GetDC(window);
+    const HGDIOBJ old =
+        SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
+    RECT area{0, 0, width, 0};
+    DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &area,
+              DT_CALCRECT | DT_WORDBREAK | DT_EDITCONTROL | DT_NOPREFIX | DT_EXPANDTABS);
+    SelectObject(dc, old);
+    ReleaseDC(window, dc);
+    const RECT screen = WorkArea(window);
+    return std::min(area.bottom, (screen.bottom - screen.top) / 2);
+}
+
+SIZE ButtonSize(HWND window, int id, UINT dpi) {
+    const SIZE text = ControlTextSize(window, id);
+    const int padding = Scaled(kButtonPadding, dpi);
+    return {std::max<LONG>(Scaled(kLeastButtonWidth, dpi), text.cx + 2 * padding),
+            text.cy + padding};
+}
+
+void PlaceButtons(HWND window, std::initializer_list<int> ids, const RECT& area, UINT dpi) {
+    LONG right = area.right;
+    for (auto id = std::rbegin(ids); id != std::rend(ids); ++id) {
+        const SIZE size = ButtonSize(window, *id, dpi);
+        PlaceControl(window, *id, {right - size.cx, area.bottom - size.cy, right, area.bottom});
+        right -= size.cx + Scaled(kButtonGap, dpi);
+    }
+}
+
+}  // namespace corvane

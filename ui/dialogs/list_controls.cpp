@@ -1,0 +1,65 @@
+#include "ui/dialogs/list_controls.h"
+
+#include <algorithm>
+
+#include "shell/state.h"
+
+namespace corvane {
+
+void SelectAllInList(HWND list, bool value) {
+    if (!IsWindowEnabled(list)) return;
+    const LONG_PTR style = GetWindowLongPtrW(list, GWL_STYLE);
+    if ((style & (LBS_MULTIPLESEL | LBS_EXTENDEDSEL)) != 0) {
+        SendMessageW(list, LB_SETSEL, value ? TRUE : FALSE, -1);
+        SendMessageW(list, LB_SETCARETINDEX, static_cast<WPARAM>(-1), FALSE);
+    } else {
+        SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+    }
+    shell.screen.processPendingMessages();
+}
+
+void AddListItemWithData(HWND list, const std::wstring& text, int32_t data) {
+    // A sorted list puts the item where it belongs, so its index is the answer's.
+    const LRESULT index =
+        SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    if (index >= 0) SendMessageW(list, LB_SETITEMDATA, static_cast<WPARAM>(index), data);
+}
+
+void FillList(HWND list, const std::vector<std::wstring>& items) {
+    SendMessageW(list, WM_SETREDRAW, FALSE, 0);
+    SendMessageW(list, LB_RESETCONTENT, 0, 0);
+    for (const std::wstring& item : items) {
+        SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
+    }
+    SendMessageW(list, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(list, nullptr, TRUE);
+}
+
+void FitScrolling(HWND list) {
+    const HDC dc = GetDC(list);
+    const HGDIOBJ before =
+        SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(list, WM_GETFONT, 0, 0)));
+    constexpr int kEdge = 6;  // on both sides of a text [px]
+    int widest = 0;
+    const LRESULT count = SendMessageW(list, LB_GETCOUNT, 0, 0);
+    for (LRESULT i = 0; i < count; ++i) {
+        const std::wstring text = ListItemText(list, i);
+        SIZE size{};
+        GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
+        widest = std::max(widest, static_cast<int>(size.cx) + kEdge);
+    }
+    SelectObject(dc, before);
+    ReleaseDC(list, dc);
+    SendMessageW(list, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest), 0);
+}
+
+std::wstring ListItemText(HWND list, LRESULT index) {
+    const LRESULT length = SendMessageW(list, LB_GETTEXTLEN, static_cast<WPARAM>(index), 0);
+    if (index < 0 || length == LB_ERR) return {};
+    std::wstring text(static_cast<size_t>(length), L'\0');
+    SendMessageW(list, LB_GETTEXT, static_cast<WPARAM>(index),
+                 reinterpret_cast<LPARAM>(text.data()));
+    return text;
+}
+
+}  // namespace corvane

@@ -1,0 +1,45 @@
+// The program's entry: start-up, then the messages of the windows until the main one is closed.
+#include "platform/system.h"
+#include "shell/start_up.h"
+#include "shell/state.h"
+#include "ui/base/control_ids.h"
+#include "ui/base/controls.h"
+#include "ui/main_window/menus.h"
+#include "ui/main_window/windows_screen.h"
+
+namespace corvane {
+namespace {
+
+int HandleMessages() {
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        const HWND window = OwnWindow(kMainWindowClass);
+        if (window != nullptr && !OpensTopMenu(window, message) &&
+            IsDialogMessageW(window, &message)) {
+            continue;
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    return static_cast<int>(message.wParam);
+}
+
+int Run() {
+    INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_LISTVIEW_CLASSES | ICC_STANDARD_CLASSES};
+    InitCommonControlsEx(&controls);
+    shell.screen = WindowsScreen();
+    try {
+        if (!Main(system::RawCommandLine())) return 0;
+        return HandleMessages();
+    } catch (...) {
+        ReportFault();
+        return 1;
+    }
+}
+
+}  // namespace
+}  // namespace corvane
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+    return corvane::Run();
+}

@@ -1,0 +1,309 @@
+#include "ui/main_window/main_window.h"
+
+#include <algorithm>
+#include <memory>
+
+#include "report/messages.h"
+#include "shell/start_up.h"
+#include "shell/state.h"
+#include "ui/base/dpi.h"
+#include "ui/main_window/main_window_controls.h"
+#include "ui/main_window/menus.h"
+#include "ui/main_window/model_list_view.h"
+#include "ui/main_window/splitter.h"
+#include "ui/main_window/tool_tips.h"
+#include "ui/main_window/windows_screen.h"
+
+namespace corvane {
+namespace {
+
+// Posted to the window itself after a row lost its selection: by then it is known whether another
+// row got it.
+constexpr UINT kSelectionLost = WM_APP;
+
+int SelectedRow(HWND window) {
+    return SelectedModelRow(GetDlgItem(window, LI_Sections));
+}
+
+// The first size, held to the screen that the window is on.
+void TakeFirstSize(HWND window, UINT dpi) {
+    const SIZE client{Scaled(kFirstClientSize.cx, dpi), Scaled(kFirstClientSize.cy, dpi)};
+    const SIZE size = WindowSize(window, client, true, dpi);
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof(monitor);
+    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+    const RECT& area = monitor.rcWork;
+    const LONG width = std::min(size.cx, area.right - area.left);
+    const LONG height = std::min(size.cy, area.bottom - area.top);
+    SetWindowPos(window, nullptr, area.left + (area.right - area.left - width) / 2,
+                 area.top + (area.bottom - area.top - height) / 2, width, height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void OnCreate(HWND window) {
+    AddMainControls(window, *StateOfMainWindow(window));
+    const UINT dpi = DpiOf(window);
+    TakeFirstSize(window, dpi);
+    TakeResolution(window, dpi);
+    UpdateEnabling(window);
+}
+
+void ShutDownOnce(HWND window) {
+    MainWindowState& state = *StateOfMainWindow(window);
+    if (state.shutDown) return;
+    state.shutDown = true;
+    ShutDown();
+}
+
+void OnDestroy(HWND window) {
+    ShutDownOnce(window);
+    ReleaseMainControls(window);
+    shell.mainWindow = nullptr;
+    PostQuitMessage(0);
+}
+
+void OnNcDestroy(HWND window) {
+    const std::unique_ptr<MainWindowState> state(StateOfMainWindow(window));
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    if (state != nullptr) DeleteObject(state->layout.font);
+}
+
+void RunCommand(HWND window, uint16_t id) {
+    const Command* command = FindCommand(id);
+    if (command == nullptr || command->run == nullptr) return;
+    if (StateOfMainWindow(window)->locked) return;
+    if (IsEnabled(*command, SelectedRow(window) >= 0)) command->run();
+}
+
+// The selected row is shown anew, with the preview or without.
+void OnPreviewClick(HWND window) {
+    const int row = SelectedRow(window);
+    if (row >= 0) SelectModel(StateOfMainWindow(window)->rows.at(static_cast<size_t>(row)));
+}
+
+// The enter key reaches the window where no button takes it.
+void OnEnter(HWND window) {
+    if (GetFocus() == GetDlgItem(window, LI_Sections)) RunCommand(window, ME_SectionInput);
+}
+
+void OnCommand(HWND window, uint16_t id, uint16_t notification) {
+    if (id == IDOK) return OnEnter(window);
+    if (id == OP_Preview) return OnPreviewClick(window);
+    if (id >= OP_Rule && id < OP_Rule + kRuleSetCount) {
+        // Options tell of a click when they get the focus, too.
+        const auto ruleSet = static_cast<RuleSet>(id - OP_Rule);
+        if (notification == BN_CLICKED && ruleSet != CurrentRuleSet()) RuleSetChosen(ruleSet);
+        return;
+    }
+    const auto button = std::ranges::find(kCommandButtons, id, &CommandButton::control);
+    RunCommand(window, button == std::end(kCommandButtons) ? id : button->command);
+}
+
+void OnListChanged(HWND window, const NMLISTVIEW& change) {
+    const MainWindowState& state = *StateOfMainWindow(window);
+    if (state.filling || (change.uChanged & LVIF_STATE) == 0) return;
+    const bool was = (change.uOldState & LVIS_SELECTED) != 0;
+    const bool is = (change.uNewState & LVIS_SELECTED) != 0;
+    if (!was && is) SelectModel(state.rows.at(static_cast<size_t>(change.iItem)));
+    if (was && !is) PostMessageW(window, kSelectionLost, 0, 0);
+}
+
+// The command runs when the list is through with the message.
+void PostCommand(HWND window, uint16_t id) {
+    PostMessageW(window, WM_COMMAND, id, 0);
+}
+
+void OnListNotify(HWND window, LPARAM lParam) {
+    switch (reinterpret_cast<const NMHDR*>(lParam)->code) {
+        case LVN_ITEMCHANGED:
+            return OnListChanged(window, *reinterpret_cast<const NMLISTVIEW*>(lParam));
+        case LVN_KEYDOWN:
+            if (reinterpret_cast<const NMLVKEYDOWN*>(lParam)->wVKey != VK_DELETE) return;
+            return PostCommand(window, ME_SectionRemove);
+        case NM_DBLCLK:
+            if (reinterpret_cast<const NMITEMACTIVATE*>(lParam)->iItem < 0) return;
+            return PostCommand(window, ME_SectionInput);
+        default:
+            return;
+    }
+}
+
+LRESULT OnNotify(HWND window, LPARAM lParam) {
+    const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
+    if (header.idFrom == LI_Sections) {
+        OnListNotify(window, lParam);
+    } else if (header.code == TTN_GETDISPINFOW) {
+        FillToolTip(*reinterpret_cast<NMTTDISPINFOW*>(lParam),
+                    StateOfMainWindow(window)->toolTipText);
+    }
+    return 0;
+}
+
+// A status line in red tells that the work stopped there.
+LRESULT OnColourStatic(HWND window, HDC dc, HWND control) {
+    const bool red = GetDlgCtrlID(control) == PAN_Help &&
+                     StateOfMainWindow(window)->statusColour == StatusColour::kRed;
+    SetTextColor(dc, red ? RGB(255, 0, 0) : GetSysColor(COLOR_BTNTEXT));
+    SetBkColor(dc, GetSysColor(COLOR_BTNFACE));
+    return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+}
+
+// The keyboard letter of a label or a frame goes to the control behind it; dialogs do that by
+// themselves.
+void OnNextControl(HWND window, WPARAM which, bool isHandle) {
+    const HWND next = isHandle ? reinterpret_cast<HWND>(which)
+                               : GetNextDlgTabItem(window, GetFocus(), which != FALSE);
+    if (next != nullptr) SetFocus(next);
+}
+
+void OnSplitterMoved(HWND window, int left) {
+    Layout& layout = StateOfMainWindow(window)->layout;
+    layout.listShare = ListShareFor(window, layout, left);
+    LayOutMainWindow(window, layout);
+    UpdateWindow(window);
+}
+
+void OnMinMaxInfo(HWND window, MINMAXINFO& limits) {
+    const UINT dpi = DpiOf(window);
+    const SIZE client{Scaled(kLeastClientSize.cx, dpi), Scaled(kLeastClientSize.cy, dpi)};
+    const SIZE size = WindowSize(window, client, true, dpi);
+    limits.ptMinTrackSize = {size.cx, size.cy};
+}
+
+void OnDpiChanged(HWND window, UINT dpi, const RECT& area) {
+    SetWindowPos(window, nullptr, area.left, area.top, area.right - area.left,
+                 area.bottom - area.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    TakeResolution(window, dpi);
+}
+
+// Messages of the window's life.
+LRESULT HandleLife(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_CLOSE:
+            if (!IsChildRunning() && !StateOfMainWindow(window)->locked) DestroyWindow(window);
+            return 0;
+        case WM_ENDSESSION:
+            if (wParam != FALSE) ShutDownOnce(window);
+            return 0;
+        case WM_DESTROY:
+            OnDestroy(window);
+            return 0;
+        case WM_NCDESTROY:
+            OnNcDestroy(window);
+            break;
+        case WM_ACTIVATE:
+            if (LOWORD(wParam) == WA_INACTIVE) RememberFocus(window);
+            break;
+        case WM_SETFOCUS:
+            GiveFocus(window);
+            return 0;
+        case WM_NEXTDLGCTL:
+            OnNextControl(window, wParam, LOWORD(lParam) != FALSE);
+            return 0;
+        case WM_SYSCOLORCHANGE:
+            SendMessageW(GetDlgItem(window, LI_Sections), message, wParam, lParam);
+            SendMessageW(GetDlgItem(window, PIC_Section), message, wParam, lParam);
+            ShowButtonPictures(window);
+            break;
+        case WM_SETTINGCHANGE:
+            TakeResolution(window, StateOfMainWindow(window)->layout.dpi);
+            break;
+        case WM_DPICHANGED:
+            OnDpiChanged(window, LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+            return 0;
+        default:
+            break;
+    }
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_CREATE:
+            OnCreate(window);
+            return 0;
+        case WM_SIZE:
+            LayOutMainWindow(window, StateOfMainWindow(window)->layout);
+            return 0;
+        case WM_GETMINMAXINFO:
+            OnMinMaxInfo(window, *reinterpret_cast<MINMAXINFO*>(lParam));
+            return 0;
+        case WM_COMMAND:
+            OnCommand(window, LOWORD(wParam), HIWORD(wParam));
+            return 0;
+        case WM_NOTIFY:
+            return OnNotify(window, lParam);
+        case WM_CTLCOLORSTATIC:
+            return OnColourStatic(window, reinterpret_cast<HDC>(wParam),
+                                  reinterpret_cast<HWND>(lParam));
+        case WM_SETCURSOR:
+            if (!StateOfMainWindow(window)->busy) break;
+            SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+            return TRUE;
+        case kSplitterMoved:
+            OnSplitterMoved(window, static_cast<int>(wParam));
+            return 0;
+        case kSelectionLost:
+            if (SelectedRow(window) < 0) DeselectModel();
+            return 0;
+        default:
+            return HandleLife(window, message, wParam, lParam);
+    }
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_NCCREATE) {
+        const auto& creation = *reinterpret_cast<const CREATESTRUCTW*>(lParam);
+        SetWindowLongPtrW(window, GWLP_USERDATA,
+                          reinterpret_cast<LONG_PTR>(creation.lpCreateParams));
+    }
+    // Before the state is there, and after it has gone, the window needs nothing of ours.
+    if (StateOfMainWindow(window) == nullptr)
+        return DefWindowProcW(window, message, wParam, lParam);
+    try {
+        return HandleMessage(window, message, wParam, lParam);
+    } catch (...) {
+        ReportFault();
+        return message == WM_CREATE ? -1 : 0;
+    }
+}
+
+}  // namespace
+
+MainWindowState* StateOfMainWindow(HWND window) {
+    return reinterpret_cast<MainWindowState*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+}
+
+HWND MainHandle() {
+    return OwnWindow(kMainWindowClass);
+}
+
+MainWindowState* MainState() {
+    const HWND window = MainHandle();
+    return window == nullptr ? nullptr : StateOfMainWindow(window);
+}
+
+HWND MainControl(int id) {
+    return GetDlgItem(MainHandle(), id);
+}
+
+void LoadMainWindow() {
+    WNDCLASSEXW windowClass{};
+    windowClass.cbSize = sizeof(windowClass);
+    windowClass.lpfnWndProc = MainWindowProcedure;
+    windowClass.hInstance = GetModuleHandleW(nullptr);
+    windowClass.hIcon = LoadIconW(windowClass.hInstance, MAKEINTRESOURCEW(1));
+    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+    windowClass.lpszClassName = kMainWindowClass;
+    RegisterClassExW(&windowClass);
+    const HWND window =
+        CreateWindowExW(WS_EX_CONTROLPARENT, kMainWindowClass, shell.title.c_str(),
+                        WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT,
+                        CW_USEDEFAULT, CW_USEDEFAULT, nullptr, CreateMenuBar(),
+                        windowClass.hInstance, std::make_unique<MainWindowState>().release());
+    if (window != nullptr) shell.mainWindow = &MainWindowProcedures();
+}
+
+}  // namespace corvane

@@ -1,0 +1,129 @@
+#include "ui/main_window/main_window_controls.h"
+
+#include "ui/base/dpi.h"
+#include "ui/main_window/menus.h"
+#include "ui/main_window/model_list_view.h"
+#include "ui/main_window/splitter.h"
+#include "ui/main_window/tool_tips.h"
+#include "ui/pictures/button_pictures.h"
+#include "ui/pictures/section_picture.h"
+
+namespace corvane {
+namespace {
+
+HWND AddControl(HWND window, int id, const wchar_t* windowClass, const wchar_t* text, DWORD style) {
+    DWORD exStyle = 0;
+    // A text field has a sunken edge; what stands in a frame is not covered by it.
+    if (id == TX_DataBase) exStyle = WS_EX_CLIENTEDGE;
+    if (id == GR_Rule) exStyle = WS_EX_TRANSPARENT;
+    return CreateWindowExW(exStyle, windowClass, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0,
+                           window, reinterpret_cast<HMENU>(INT_PTR{id}), nullptr, nullptr);
+}
+
+void AddRuleSets(HWND window) {
+    AddControl(window, GR_Rule, WC_BUTTONW, L"R&ule set", BS_GROUPBOX | WS_GROUP);
+    DWORD first = WS_GROUP | WS_TABSTOP;
+    int id = OP_Rule;
+    for (const wchar_t* caption : {L"QUOR", L"CSR for BC", L"QUOR MIL"}) {
+        AddControl(window, id++, WC_BUTTONW, caption, BS_AUTORADIOBUTTON | first);
+        first = 0;
+    }
+    const int chosen = OP_Rule + static_cast<int>(CurrentRuleSet());
+    CheckRadioButton(window, OP_Rule, OP_Rule + kRuleSetCount - 1, chosen);
+}
+
+bool CanHaveFocus(HWND control) {
+    const auto style = GetWindowLongPtrW(control, GWL_STYLE);
+    return IsWindow(control) && (style & WS_VISIBLE) != 0 && (style & WS_DISABLED) == 0;
+}
+
+}  // namespace
+
+// In the order of the tab key. The label before a control names it for screen readers.
+void AddMainControls(HWND window, MainWindowState& state) {
+    const DWORD label = SS_LEFTNOWORDWRAP | SS_NOPREFIX | SS_ENDELLIPSIS;
+    const DWORD button = WS_TABSTOP | BS_PUSHBUTTON;
+    AddControl(window, LB_DataBase, WC_STATICW, L"&Database:", SS_LEFT);
+    AddControl(window, TX_DataBase, WC_EDITW, L"",
+               WS_TABSTOP | ES_READONLY | ES_AUTOHSCROLL | ES_LEFT);
+    AddControl(window, Command1, WC_BUTTONW, L"&Open...", button);
+    AddControl(window, LB_Models, WC_STATICW, L"&Models:", SS_LEFT);
+    CreateModelList(window);
+    CreateSplitter(window, SP_Sections, L"Divider between the models and the preview");
+    AddControl(window, OP_Preview, WC_BUTTONW, L"&Preview", WS_TABSTOP | BS_AUTOCHECKBOX);
+    SendMessageW(GetDlgItem(window, OP_Preview), BM_SETCHECK, BST_CHECKED, 0);
+    CreateSectionPicture(window, {DrawPreview, L""});
+    AddControl(window, LB_X, WC_STATICW, L"", label);
+    AddControl(window, LB_Frame, WC_STATICW, L"", label);
+    AddControl(window, BT_Open, WC_BUTTONW, L"&Edit", button | WS_GROUP);
+    AddControl(window, BT_Rule, WC_BUTTONW, L"&Rule", button);
+    AddRuleSets(window);
+    AddControl(window, BT_Bsd, WC_BUTTONW, L"&Basic Data", button | WS_GROUP);
+    AddControl(window, LN_Status, WC_STATICW, L"", SS_ETCHEDHORZ);
+    AddControl(window, PAN_Help, WC_STATICW, L"", label | SS_NOTIFY);
+    state.toolTips = CreateToolTips(window);
+    AddToolTip(state.toolTips, GetDlgItem(window, TX_DataBase));
+    AddToolTip(state.toolTips, GetDlgItem(window, PAN_Help));
+}
+
+void TakeResolution(HWND window, UINT dpi) {
+    MainWindowState& state = *StateOfMainWindow(window);
+    const HFONT old = state.layout.font;
+    state.layout.dpi = dpi;
+    state.layout.font = CreateMessageFont(dpi);
+    const auto font = reinterpret_cast<WPARAM>(state.layout.font);
+    for (HWND control = GetWindow(window, GW_CHILD); control != nullptr;
+         control = GetWindow(control, GW_HWNDNEXT)) {
+        SendMessageW(control, WM_SETFONT, font, TRUE);
+    }
+    ScaleModelList(GetDlgItem(window, LI_Sections), dpi);
+    if (old != nullptr) DeleteObject(old);
+    ShowButtonPictures(window);
+    LayOutMainWindow(window, state.layout);
+}
+
+void ShowButtonPictures(HWND window) {
+    const MainWindowState& state = *StateOfMainWindow(window);
+    const UINT dpi = state.layout.dpi;
+    ShowEditPicture(GetDlgItem(window, BT_Open), state.kind, dpi);
+    ShowRulePicture(GetDlgItem(window, BT_Rule), state.kind, CurrentRuleSet(), dpi);
+    ShowShipPicture(GetDlgItem(window, BT_Bsd), dpi);
+}
+
+void ReleaseMainControls(HWND window) {
+    for (const ControlId id : {BT_Open, BT_Rule, BT_Bsd}) RemovePicture(GetDlgItem(window, id));
+}
+
+void UpdateEnabling(HWND window) {
+    const bool locked = StateOfMainWindow(window)->locked;
+    const HWND list = GetDlgItem(window, LI_Sections);
+    const bool rowSelected = SelectedModelRow(list) >= 0;
+    UpdateMenus(window, rowSelected, locked);
+    EnableWindow(list, !locked && IsDatabaseOpen());
+    for (const CommandButton& button : kCommandButtons) {
+        const bool enabled = IsEnabled(*FindCommand(button.command), rowSelected);
+        EnableWindow(GetDlgItem(window, button.control), !locked && enabled);
+    }
+    const HWND focus = GetFocus();
+    if (!locked && focus != nullptr && IsChild(window, focus) && !CanHaveFocus(focus)) {
+        GiveFocus(window);
+    }
+}
+
+void RememberFocus(HWND window) {
+    MainWindowState& state = *StateOfMainWindow(window);
+    const HWND focus = GetFocus();
+    if (!state.locked && focus != nullptr && IsChild(window, focus)) state.focus = focus;
+}
+
+void GiveFocus(HWND window) {
+    const HWND candidates[] = {StateOfMainWindow(window)->focus, GetDlgItem(window, LI_Sections),
+                               GetDlgItem(window, TX_DataBase)};
+    for (const HWND candidate : candidates) {
+        if (!CanHaveFocus(candidate)) continue;
+        SetFocus(candidate);
+        return;
+    }
+}
+
+}  // namespace corvane

@@ -1,0 +1,42 @@
+// The main window's own record, for the files that are the main window.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "shell/screen.h"
+#include "shell/window_contents.h"
+#include "ui/base/control_ids.h"
+#include "ui/base/controls.h"
+#include "ui/main_window/main_window_layout.h"
+
+namespace corvane {
+
+// Belongs to the window from its creation on, and goes with it.
+struct MainWindowState {
+    Layout layout;  // with font and resolution
+    HWND toolTips = nullptr;
+    std::wstring toolTipText;  // what the tool tip shows
+    HWND focus = nullptr;      // the control that gets the focus with the window's activation
+    std::vector<ModelRow> rows;
+    ModelKind kind = ModelKind::kSection;  // that the buttons are shown for
+    bool filling = false;                  // the program, not the user, changes the list
+    bool busy = false;                     // the pointer is the hourglass
+    bool locked = false;                   // a program of the suite runs
+    bool shutDown = false;
+    StatusColour statusColour = StatusColour::kButtonText;
+    std::wstring statusTag = L"-1";
+};
+
+// Null before the window has its record and after.
+MainWindowState* StateOfMainWindow(HWND window);
+
+// The thread's main window, its record and its controls; null when there is none.
+HWND MainHandle();
+MainWindowState* MainState();
+HWND MainControl(int id);
+
+// What the core asks of the main window.
+const MainWindow& MainWindowProcedures();
+
+}  // namespace corvane

@@ -1,0 +1,85 @@
+#include "ui/main_window/menus.h"
+
+#include <cwchar>
+
+#include "shell/window_contents.h"
+
+namespace corvane {
+namespace {
+
+HMENU CreatePopup(Menu menu) {
+    const HMENU popup = CreatePopupMenu();
+    for (const Command& command : Commands()) {
+        if (command.menu != menu) continue;
+        if (command.id == 0) {
+            AppendMenuW(popup, MF_SEPARATOR, 0, nullptr);
+        } else {
+            AppendMenuW(popup, MF_STRING, command.id, command.caption);
+        }
+    }
+    return popup;
+}
+
+wchar_t Upper(wchar_t letter) {
+    CharUpperBuffW(&letter, 1);
+    return letter;
+}
+
+// The letter of a top menu that stands behind "&", as a capital; 0 without one.
+wchar_t KeyboardLetter(HMENU bar, int position) {
+    wchar_t caption[64] = L"";
+    GetMenuStringW(bar, static_cast<UINT>(position), caption, 64, MF_BYPOSITION);
+    const wchar_t* mark = std::wcschr(caption, L'&');
+    return mark == nullptr ? L'\0' : Upper(mark[1]);
+}
+
+UINT Greyed(bool enabled) {
+    return enabled ? MF_ENABLED : MF_GRAYED;
+}
+
+}  // namespace
+
+HMENU CreateMenuBar() {
+    const HMENU bar = CreateMenu();
+    for (int i = 0; i < kMenuCount; ++i) {
+        const auto menu = static_cast<Menu>(i);
+        AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(CreatePopup(menu)),
+                    MenuCaption(menu));
+    }
+    return bar;
+}
+
+void SetSectionMenuText(HWND window, const std::wstring& text) {
+    std::wstring caption = text;
+    MENUITEMINFOW item{};
+    item.cbSize = sizeof(item);
+    item.fMask = MIIM_STRING;
+    item.dwTypeData = caption.data();
+    SetMenuItemInfoW(GetMenu(window), static_cast<UINT>(Menu::kSection), TRUE, &item);
+    DrawMenuBar(window);
+}
+
+void UpdateMenus(HWND window, bool rowSelected, bool locked) {
+    const HMENU bar = GetMenu(window);
+    for (const Command& command : Commands()) {
+        if (command.id == 0) continue;
+        const bool enabled = !locked && IsEnabled(command, rowSelected);
+        EnableMenuItem(bar, command.id, MF_BYCOMMAND | Greyed(enabled));
+    }
+    for (int i = 0; i < kMenuCount; ++i) {
+        const bool enabled = !locked && IsMenuEnabled(static_cast<Menu>(i));
+        EnableMenuItem(bar, static_cast<UINT>(i), MF_BYPOSITION | Greyed(enabled));
+    }
+    DrawMenuBar(window);
+}
+
+bool OpensTopMenu(HWND window, const MSG& message) {
+    if (message.message != WM_SYSCHAR) return false;
+    const auto letter = static_cast<wchar_t>(message.wParam);
+    for (int i = 0; i < kMenuCount; ++i) {
+        if (KeyboardLetter(GetMenu(window), i) == Upper(letter)) return true;
+    }
+    return false;
+}
+
+}  // namespace corvane

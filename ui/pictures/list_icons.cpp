@@ -1,0 +1,90 @@
+#include "ui/pictures/list_icons.h"
+
+#include <cmath>
+#include <numbers>
+#include <vector>
+
+#include "ui/base/dpi.h"
+
+namespace corvane {
+namespace {
+
+// Half of the ring in the middle, from one angle to the other [degrees], and its arrow head.
+void StrokeTurn(DrawnPicture& picture, int from, int to, COLORREF colour) {
+    constexpr double kRadius = 5.2;
+    const auto onRing = [](int degrees, double radius) {
+        const double angle = degrees * std::numbers::pi / 180;
+        return PicturePoint{kKindUnits / 2.0 + radius * std::cos(angle),
+                            kKindUnits / 2.0 + radius * std::sin(angle)};
+    };
+    std::vector<PicturePoint> ring;
+    for (int angle = from; angle <= to; angle += 10) ring.push_back(onRing(angle, kRadius));
+    Stroke(picture, ring, 1.5, colour);
+    const PicturePoint head[] = {onRing(to - 28, kRadius + 2.6), onRing(to, kRadius),
+                                 onRing(to - 36, kRadius - 2.0)};
+    Stroke(picture, head, 1.5, colour);
+}
+
+// Shell and inner skin of a midship section.
+void DrawSection(DrawnPicture& picture, COLORREF colour) {
+    const PicturePoint shell[] = {{1.5, 2.5},   {1.5, 11.5},  {3.5, 13.5},
+                                  {12.5, 13.5}, {14.5, 11.5}, {14.5, 2.5}};
+    const PicturePoint innerSkin[] = {{1.5, 2.5},  {4.5, 2.5},  {4.5, 8.5},  {6.5, 10.5},
+                                      {9.5, 10.5}, {11.5, 8.5}, {11.5, 2.5}, {14.5, 2.5}};
+    Stroke(picture, shell, 1.5, colour);
+    Stroke(picture, innerSkin, 1.0, colour);
+}
+
+// A plate with its stiffeners.
+void DrawBulkhead(DrawnPicture& picture, COLORREF colour) {
+    const PicturePoint plate[] = {{1.5, 2.5}, {14.5, 2.5}, {14.5, 13.5}, {1.5, 13.5}, {1.5, 2.5}};
+    Stroke(picture, plate, 1.5, colour);
+    for (const double x : {4.75, 8.0, 11.25}) {
+        const PicturePoint stiffener[] = {{x, 2.5}, {x, 13.5}};
+        Stroke(picture, stiffener, 1.0, colour);
+    }
+}
+
+// Two arrows that turn around the middle.
+void DrawTorsion(DrawnPicture& picture, COLORREF colour) {
+    StrokeTurn(picture, 190, 330, colour);
+    StrokeTurn(picture, 10, 150, colour);
+}
+
+}  // namespace
+
+COLORREF KindColour(ModelKind kind) {
+    switch (kind) {
+        case ModelKind::kBulkhead:
+            return RGB(153, 77, 0);
+        case ModelKind::kTorsion:
+            return RGB(0, 115, 62);
+        case ModelKind::kSection:
+            break;
+    }
+    return RGB(0, 84, 153);
+}
+
+void DrawKind(DrawnPicture& picture, ModelKind kind, COLORREF colour) {
+    switch (kind) {
+        case ModelKind::kBulkhead:
+            return DrawBulkhead(picture, colour);
+        case ModelKind::kTorsion:
+            return DrawTorsion(picture, colour);
+        case ModelKind::kSection:
+            return DrawSection(picture, colour);
+    }
+}
+
+HIMAGELIST CreateKindIcons(UINT dpi) {
+    const int size = SystemMetric(SM_CXSMICON, dpi);
+    const HIMAGELIST icons = ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, 3, 0);
+    for (const ModelKind kind : {ModelKind::kSection, ModelKind::kBulkhead, ModelKind::kTorsion}) {
+        DrawnPicture picture = NewPicture(size, kKindUnits);
+        DrawKind(picture, kind, KindColour(kind));
+        AddPicture(icons, picture);
+    }
+    return icons;
+}
+
+}  // namespace corvane

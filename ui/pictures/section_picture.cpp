@@ -1,0 +1,243 @@
+#include "ui/pictures/section_picture.h"
+
+#include <uxtheme.h>
+
+#include <memory>
+#include <utility>
+
+#include "ui/base/control_ids.h"
+#include "ui/base/dpi.h"
+#include "ui/main_window/windows_screen.h"
+
+namespace corvane {
+namespace {
+
+// Belongs to the window from its creation on, and goes with it.
+struct PictureState {
+    PictureContents source;
+    HBITMAP contents = nullptr;  // what the window shows; all drawing goes here
+    SIZE size{};                 // [px]
+    Picture scale;               // the user scale, kept from one drawing to the next
+};
+
+// Drawing on a bitmap, for as long as this lives.
+struct BitmapDevice {
+    HDC dc;
+    HGDIOBJ before;
+    HFONT font = nullptr;
+
+    BitmapDevice(HWND window, HBITMAP bitmap) {
+        const HDC screen = GetDC(window);
+        dc = CreateCompatibleDC(screen);
+        ReleaseDC(window, screen);
+        before = SelectObject(dc, bitmap);
+    }
+    ~BitmapDevice() {
+        SelectObject(dc, GetStockObject(SYSTEM_FONT));
+        SelectObject(dc, before);
+        if (font != nullptr) DeleteObject(font);
+        DeleteDC(dc);
+    }
+    BitmapDevice(const BitmapDevice&) = delete;
+    BitmapDevice& operator=(const BitmapDevice&) = delete;
+};
+
+PictureState* StateOf(HWND window) {
+    return reinterpret_cast<PictureState*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+}
+
+void FillBackground(HDC dc, SIZE size) {
+    const RECT all{0, 0, size.cx, size.cy};
+    FillRect(dc, &all, GetSysColorBrush(COLOR_WINDOW));
+}
+
+void ClearPicture(Picture& picture) {
+    RECT client{};
+    GetClientRect(static_cast<HWND>(picture.window), &client);
+    FillBackground(static_cast<HDC>(picture.dc), {client.right, client.bottom});
+}
+
+HFONT PictureFont(HWND window, int percent) {
+    const HFONT font = CreateMessageFont(DpiOf(window), percent);
+    const std::wstring& typeface = StateOf(window)->source.typeface;
+    LOGFONTW description{};
+    if (typeface.empty() || GetObjectW(font, sizeof description, &description) == 0) return font;
+    DeleteObject(font);
+    lstrcpynW(description.lfFaceName, typeface.c_str(), LF_FACESIZE);
+    return CreateFontIndirectW(&description);
+}
+
+// A broad ship has more strakes in the same room, and smaller numbers on them.
+void SetPictureFont(Picture& picture, float breadth) {
+    constexpr float kBroad_m = 20;
+    auto& device = *static_cast<BitmapDevice*>(picture.context);
+    const HWND window = static_cast<HWND>(picture.window);
+    const HFONT font = PictureFont(window, breadth < kBroad_m ? 90 : 75);
+    SelectObject(device.dc, font);
+    if (device.font != nullptr) DeleteObject(device.font);
+    device.font = font;
+}
+
+float Twips(LONG pixels, UINT dpi) {
+    constexpr float kTwipsPerInch = 1440;
+    return static_cast<float>(pixels) * kTwipsPerInch / static_cast<float>(dpi);
+}
+
+// Draws on the kept bitmap and shows it.
+void DrawOn(HWND window, const std::function<void(Picture&)>& draw) {
+    PictureState& state = *StateOf(window);
+    if (state.contents == nullptr) return;
+    BitmapDevice device(window, state.contents);
+    Picture& picture = state.scale;
+    picture.window = window;
+    picture.dc = device.dc;
+    picture.width = Twips(state.size.cx, DpiOf(window));
+    picture.height = Twips(state.size.cy, DpiOf(window));
+    picture.context = &device;
+    picture.clear = ClearPicture;
+    picture.setFont = SetPictureFont;
+    picture.systemColour = [](int index) { return static_cast<int32_t>(GetSysColor(index)); };
+    draw(picture);
+    picture.dc = nullptr;
+    picture.context = nullptr;
+    InvalidateRect(window, nullptr, FALSE);
+}
+
+// A bitmap of the window's size, with as much of the old contents as it holds.
+void TakeSize(HWND window, SIZE size) {
+    PictureState& state = *StateOf(window);
+    if (size.cx < 1 || size.cy < 1) return;
+    const HDC screen = GetDC(window);
+    const HBITMAP contents = CreateCompatibleBitmap(screen, size.cx, size.cy);
+    ReleaseDC(window, screen);
+    if (contents == nullptr) return;
+    {
+        const BitmapDevice target(window, contents);
+        FillBackground(target.dc, size);
+        if (state.contents != nullptr) {
+            const BitmapDevice source(window, state.contents);
+            BitBlt(target.dc, 0, 0, state.size.cx, state.size.cy, source.dc, 0, 0, SRCCOPY);
+        }
+    }
+    if (state.contents != nullptr) DeleteObject(state.contents);
+    state.contents = contents;
+    state.size = size;
+    DrawOn(window, state.source.draw);
+}
+
+void ShowContents(HWND window, HDC dc) {
+    const PictureState& state = *StateOf(window);
+    if (state.contents == nullptr) return;
+    const BitmapDevice source(window, state.contents);
+    BitBlt(dc, 0, 0, state.size.cx, state.size.cy, source.dc, 0, 0, SRCCOPY);
+}
+
+// Paints the edge as the list beside it has it; false without a theme.
+bool PaintThemedEdge(HWND window) {
+    const HTHEME theme = OpenThemeData(window, L"ListView");
+    if (theme == nullptr) return false;
+    RECT edge{};
+    GetWindowRect(window, &edge);
+    OffsetRect(&edge, -edge.left, -edge.top);
+    const UINT dpi = DpiOf(window);
+    const int width = SystemMetric(SM_CXEDGE, dpi);
+    const int height = SystemMetric(SM_CYEDGE, dpi);
+    const HDC dc = GetWindowDC(window);
+    ExcludeClipRect(dc, width, height, edge.right - width, edge.bottom - height);
+    DrawThemeBackground(theme, dc, 0, 0, &edge, nullptr);
+    ReleaseDC(window, dc);
+    CloseThemeData(theme);
+    return true;
+}
+
+void OnPaint(HWND window) {
+    PAINTSTRUCT paint{};
+    const HDC dc = BeginPaint(window, &paint);
+    ShowContents(window, dc);
+    EndPaint(window, &paint);
+}
+
+// The background is in the colours of the system.
+void OnColoursChanged(HWND window) {
+    DrawOn(window, SyncGraphicsFrame);
+    DrawOn(window, StateOf(window)->source.draw);
+}
+
+void OnNcDestroy(HWND window) {
+    const std::unique_ptr<PictureState> state(StateOf(window));
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    if (state->contents != nullptr) DeleteObject(state->contents);
+}
+
+LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_SIZE:
+            TakeSize(window, {LOWORD(lParam), HIWORD(lParam)});
+            return 0;
+        case WM_ERASEBKGND:
+            // The contents cover the whole window.
+            return TRUE;
+        case WM_NCPAINT:
+            if (PaintThemedEdge(window)) return 0;
+            break;
+        case WM_PAINT:
+            OnPaint(window);
+            return 0;
+        case WM_PRINTCLIENT:
+            ShowContents(window, reinterpret_cast<HDC>(wParam));
+            return 0;
+        case WM_SYSCOLORCHANGE:
+            OnColoursChanged(window);
+            return 0;
+        case WM_NCDESTROY:
+            OnNcDestroy(window);
+            break;
+        default:
+            break;
+    }
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+LRESULT CALLBACK PictureProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_NCCREATE) {
+        const auto& creation = *reinterpret_cast<const CREATESTRUCTW*>(lParam);
+        SetWindowLongPtrW(window, GWLP_USERDATA,
+                          reinterpret_cast<LONG_PTR>(creation.lpCreateParams));
+    }
+    // Before the state is there, and after it has gone, the window needs nothing of ours.
+    if (StateOf(window) == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+    try {
+        return HandleMessage(window, message, wParam, lParam);
+    } catch (...) {
+        ReportFault();
+        return 0;
+    }
+}
+
+}  // namespace
+
+HWND CreateSectionPicture(HWND parent, PictureContents contents) {
+    WNDCLASSEXW windowClass{};
+    windowClass.cbSize = sizeof(windowClass);
+    windowClass.lpfnWndProc = PictureProcedure;
+    windowClass.hInstance = GetModuleHandleW(nullptr);
+    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    windowClass.lpszClassName = kSectionPictureClass;
+    RegisterClassExW(&windowClass);
+    auto state = std::make_unique<PictureState>();
+    state->source = std::move(contents);
+    return CreateWindowExW(WS_EX_CLIENTEDGE, kSectionPictureClass, L"Preview of the section",
+                           WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, parent,
+                           reinterpret_cast<HMENU>(INT_PTR{PIC_Section}), windowClass.hInstance,
+                           state.release());
+}
+
+void RedrawSectionPicture(HWND picture) {
+    DrawOn(picture, StateOf(picture)->source.draw);
+}
+
+void ClearSectionPicture(HWND picture) {
+    DrawOn(picture, SyncGraphicsFrame);
+}
+
+}  // namespace corvane
