@@ -117,7 +117,7 @@ bool SaveFields(Form& form) {
         arrangement.bulkheads = {MakeBulkhead(NumberOf(form.fields[kBreadth]) / 2,
                                               NumberOf(form.fields[kDepth]), corrugated)};
     }
-    if (!ReplaceBulkheadArrangement(path, arrangement, number, false)) return false;
+    if (!ReplaceBulkheadArrangement(path, arrangement, number)) return false;
     form.request.model = number;
     form.modelName = arrangement.name;
     return true;

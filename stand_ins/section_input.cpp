@@ -139,7 +139,7 @@ bool SaveFields(Form& form) {
     if (!Draft(form, before)) return false;
     std::wstring path = form.request.databasePath;
     const int32_t number = NumberToSave(form);
-    if (number == 0 || !ReplaceSection(path, before.section, number, false)) return false;
+    if (number == 0 || !ReplaceSection(path, before.section, number)) return false;
     form.request.model = number;
     form.modelName = before.section.name;
     return true;
