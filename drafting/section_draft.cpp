@@ -60,18 +60,12 @@ Node At(Place place) {
     return node;
 }
 
-Node OffsetFrom(NodeReference reference, float dy, float dz) {
-    Node node = At({dy, dz});
-    node.kind = kNodeOffset;
+Node On(NodeReference reference) {
+    Node node = At({0, 0});
+    node.kind = kNodeCoincident;
     node.relative = -1;
     node.onStrake = reference.strake;
     node.onNode = reference.node;
-    return node;
-}
-
-Node On(NodeReference reference) {
-    Node node = OffsetFrom(reference, 0, 0);
-    node.kind = kNodeCoincident;
     return node;
 }
 
@@ -90,28 +84,9 @@ Node AtBreadth(int16_t strake, Place place) {
     return node;
 }
 
-Node WhereMeets(int16_t strake, Place from, Place to) {
-    Node node{};
-    node.kind = kNodeIntersection;
-    node.relative = -1;
-    node.extension[0] = Fine(from.y);
-    node.extension[1] = Fine(from.z);
-    node.extension[2] = Fine(to.y);
-    node.extension[3] = Fine(to.z);
-    node.extensionStrake = strake;
-    return node;
-}
-
 Node WithRadius(Node node, float radius) {
     node.shape = kShapeArcByRadius;
     node.radius = radius;
-    return node;
-}
-
-Node WithTangent(Node node, Place tangent) {
-    node.shape = kShapeArcByTangent;
-    node.tangentY = Fine(tangent.y);
-    node.tangentZ = Fine(tangent.z);
     return node;
 }
 
@@ -122,14 +97,10 @@ int16_t AddPanel(SectionDraft& draft, const std::wstring& name, int16_t kind,
     panel.kind = kind;
     panel.span_m = draft.model.webSpacing_m;
     panel.nodes = nodes;
-    const auto own = static_cast<int16_t>(draft.model.panels.size() + 1);
     int16_t number = 0;
-    for (Node& node : panel.nodes) {
-        node.number = ++number;
-        if (node.kind == kNodeOffset && node.onStrake == kThisPanel) node.onStrake = own;
-    }
+    for (Node& node : panel.nodes) node.number = ++number;
     draft.model.panels.push_back(panel);
-    return own;
+    return static_cast<int16_t>(draft.model.panels.size());
 }
 
 void ComputeDraft(SectionDraft& draft) {
@@ -186,8 +157,6 @@ void LayPlates(SectionDraft& draft, int16_t number, const PlatePlan& plan) {
     const int count = std::max(1, static_cast<int>(std::ceil(length / plan.width_m - 0.01F)));
     panel.thickness_mm = plan.thicknesses_mm.front();
     panel.material = plan.material;
-    // Without longitudinals the frames carry the plating.
-    if (panel.spacing_m == 0) panel.spacing_m = draft.model.frameSpacing_m;
     const std::vector<float> supports = SupportsOn(draft, number);
     for (int i = 0; i < count; ++i) {
         const size_t wanted = std::min<size_t>(i, plan.thicknesses_mm.size() - 1);
@@ -215,7 +184,6 @@ void AddRowFrom(SectionDraft& draft, int16_t number, const RowStart& start,
     detail.connection = plan.bracket ? 2 : 1;
     detail.spans.push_back(SpanOf(draft, plan));
     Panel& panel = PanelAt(draft, number);
-    if (panel.spacing_m == 0) panel.spacing_m = plan.spacing_m;
     panel.stiffeners.push_back(row);
     panel.stiffenerDetails.push_back(detail);
 }
@@ -223,19 +191,11 @@ void AddRowFrom(SectionDraft& draft, int16_t number, const RowStart& start,
 void AddRow(SectionDraft& draft, int16_t panel, NodeReference from, NodeReference to,
             const StiffenerPlan& plan) {
     const float gap = AbscissaOf(draft, panel, to) - AbscissaOf(draft, panel, from);
-    if (gap < 0) {
-        AddRow(draft, panel, to, from, plan);
-        return;
-    }
     const float bays = std::max(1.0F, std::round(gap / plan.spacing_m));
     if (bays < 2) return;
     StiffenerPlan even = plan;
     even.spacing_m = Rounded(gap / bays);
     AddRowFrom(draft, panel, {from, even.spacing_m, static_cast<int16_t>(bays - 1)}, even);
-}
-
-void DropLast(SectionDraft& draft, int16_t panel) {
-    --PanelAt(draft, panel).stiffeners.back().count;
 }
 
 // ---- Compartments ------------------------------------------------------------------------------
@@ -285,7 +245,7 @@ void AddCompartment(SectionDraft& draft, const CompartmentPlan& plan) {
     compartment.designValues(2) = plan.airPipe_m;
     std::vector<Place> places;
     for (const NodeReference& node : plan.outline) places.push_back(PlaceOf(draft, node));
-    if (plan.density > 0) compartment.levels = LevelsOf(places, draft.model.holdLength_m);
+    compartment.levels = LevelsOf(places, draft.model.holdLength_m);
     draft.model.compartments.push_back(compartment);
 }
 
@@ -350,7 +310,6 @@ void MeasureHullGirder(SectionDraft& draft) {
     SectionModel& model = draft.model;
     Sums sums;
     for (size_t i = 0; i < model.panels.size(); ++i) {
-        if (model.panels[i].kind >= kHatch) continue;
         AddPlates(draft.view.strakes[i], model.panels[i], sums);
         AddStiffeners(draft.view.strakes[i], model.panels[i], sums);
     }

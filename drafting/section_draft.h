@@ -16,11 +16,6 @@ inline constexpr int16_t kSide = 3;
 inline constexpr int16_t kDeck = 4;
 inline constexpr int16_t kInnerBottom = 5;
 inline constexpr int16_t kGirder = 6;
-inline constexpr int16_t kSlopingPlate = 7;
-inline constexpr int16_t kLongitudinalBulkhead = 8;
-// From here on a panel is no part of the hull girder.
-inline constexpr int16_t kHatch = 9;
-inline constexpr int16_t kPlatform = 10;
 
 // Materials.
 inline constexpr int16_t kMild = 1;  // 235 N/mm2
@@ -29,9 +24,6 @@ inline constexpr int16_t kHigh = 2;  // 315 N/mm2
 // What a compartment holds.
 inline constexpr int32_t kBallast = 1;
 inline constexpr int32_t kCargo = 2;
-inline constexpr int32_t kFuel = 3;
-inline constexpr int32_t kVoid = 4;
-inline constexpr int32_t kStore = 5;
 
 struct Place {
     float y = 0;
@@ -46,20 +38,13 @@ struct SectionDraft {
 
 // ---- Panels and their nodes --------------------------------------------------------------------
 
-// In a node's reference: the panel that the node will belong to.
-inline constexpr int16_t kThisPanel = 0;
-
 Node At(Place place);
 Node On(NodeReference node);
-Node OffsetFrom(NodeReference node, float dy, float dz);
 // On a strake at the place's height, near its y; at its y, near its height.
 Node AtHeight(int16_t strake, Place place);
 Node AtBreadth(int16_t strake, Place place);
-// Where the line through two places meets a strake.
-Node WhereMeets(int16_t strake, Place from, Place to);
 // The way from the node to the next one is an arc.
 Node WithRadius(Node node, float radius);
-Node WithTangent(Node node, Place tangent);
 
 // Returns the panel's number.
 int16_t AddPanel(SectionDraft& draft, const std::wstring& name, int16_t kind,
@@ -99,9 +84,6 @@ struct RowStart {
 };
 void AddRowFrom(SectionDraft& draft, int16_t panel, const RowStart& start,
                 const StiffenerPlan& plan);
-
-// The last stiffener of the panel's last row is left out: there is no room for it in a corner.
-void DropLast(SectionDraft& draft, int16_t panel);
 
 // ---- The rest ----------------------------------------------------------------------------------
 
