@@ -200,7 +200,7 @@ bool TakeFields(Form& form, BasicShipData& bsd) {
 }
 
 // All that the form has no field for stays as it is in the file.
-bool SaveFields(Form& form) {
+bool SaveFields(Form& form, Question) {
     BasicShipData bsd;
     const std::wstring& path = form.request.databasePath;
     return LoadBsdFromDatabase(path, bsd) && TakeFields(form, bsd) && SaveBsdToDatabase(path, bsd);

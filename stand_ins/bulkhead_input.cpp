@@ -103,7 +103,7 @@ Bulkhead MakeBulkhead(float half, float depth, bool corrugated) {
     return bulkhead;
 }
 
-bool SaveFields(Form& form) {
+bool SaveFields(Form& form, Question) {
     std::wstring path = form.request.databasePath;
     BulkheadArrangement arrangement;
     const int32_t number = NumberToSave(form);

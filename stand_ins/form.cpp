@@ -222,9 +222,9 @@ bool OpenForm(const StandIn& standIn, const std::wstring& commandLine, Form& for
     return standIn.fill(form);
 }
 
-std::wstring SaveForm(const StandIn& standIn, Form& form) {
+std::wstring SaveForm(const StandIn& standIn, Form& form, Question askYesNo) {
     form.fault = CheckFields(form.fields);
-    if (form.fault >= 0 || !IsUnchanged(form) || !standIn.save(form)) return {};
+    if (form.fault >= 0 || !IsUnchanged(form) || !standIn.save(form, askYesNo)) return {};
     TakeSaved(standIn, form);
     const std::wstring what = standIn.use == ModelUse::kNone
                                   ? std::wstring(L"basic ship data")

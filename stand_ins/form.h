@@ -63,6 +63,9 @@ enum class ModelUse {
     kRequired,
 };
 
+// Asks the user a question. No is the answer that changes nothing.
+using Question = bool (*)(const std::wstring& text);
+
 struct StandIn {
     const wchar_t* title;  // of the window
     const wchar_t* note;   // what it does, and what it does not
@@ -73,7 +76,7 @@ struct StandIn {
     // Writes what the fields say, which CheckFields has passed. A new model's number and the name
     // go into the form, on failure the field that is wrong, if one is. False: reported, the file is
     // as it was. Null: nothing is ever written.
-    bool (*save)(Form& form);
+    bool (*save)(Form& form, Question askYesNo);
 };
 
 // Reads the command line, looks whether the database can be used, and fills the form in. False:
@@ -82,7 +85,7 @@ bool OpenForm(const StandIn& standIn, const std::wstring& commandLine, Form& for
 
 // Checks the fields and saves; the result tells what was saved. Empty: it was not, and that was
 // reported. A file that another program changed since it was read is not written.
-std::wstring SaveForm(const StandIn& standIn, Form& form);
+std::wstring SaveForm(const StandIn& standIn, Form& form, Question askYesNo);
 
 // ---- For the programs --------------------------------------------------------------------------
 

@@ -5,7 +5,6 @@
 #include "database/editing.h"
 #include "database/section_file.h"
 #include "report/messages.h"
-#include "shell/state.h"
 #include "stand_ins/midship.h"
 #include "stand_ins/stand_ins.h"
 #include "text/numbers.h"
@@ -106,21 +105,21 @@ bool CheckTogether(Form& form, const MidshipParameters& parameters) {
 }
 
 // The user's leave to put parametric panels in the place of others.
-bool MayReplace(const Before& before) {
+bool MayReplace(const Before& before, Question askYesNo) {
     if (before.isNew || before.section.panels.empty() ||
         IsMidship(before.section, before.parameters)) {
         return true;
     }
-    return shell.screen.askYesNo(SubstituteArguments(
+    return askYesNo(SubstituteArguments(
         L"The section '¤' was not made by this stand-in. To save other dimensions, all its panels "
         L"and compartments are replaced by those of a simple midship section.²²Replace them?",
         {before.section.name}));
 }
 
-bool Draft(Form& form, Before& before) {
+bool Draft(Form& form, Before& before, Question askYesNo) {
     const MidshipParameters parameters = EnteredParameters(form);
     if (!before.isNew && AreUntouched(form, before.parameters)) return true;
-    if (!CheckTogether(form, parameters) || !MayReplace(before)) return false;
+    if (!CheckTogether(form, parameters) || !MayReplace(before, askYesNo)) return false;
     const int16_t code = DraftMidship(before.section, parameters);
     if (code == 0) return true;
     ReportMessage(
@@ -130,13 +129,13 @@ bool Draft(Form& form, Before& before) {
     return false;
 }
 
-bool SaveFields(Form& form) {
+bool SaveFields(Form& form, Question askYesNo) {
     Before before;
     if (!ReadBefore(form, before)) return false;
     before.section.name = Trim(form.fields[kName].value);
     before.section.x_m = NumberOf(form.fields[kX]);
     if (before.isNew) SetHead(before.section, before.bsd);
-    if (!Draft(form, before)) return false;
+    if (!Draft(form, before, askYesNo)) return false;
     std::wstring path = form.request.databasePath;
     const int32_t number = NumberToSave(form);
     if (number == 0 || !ReplaceSection(path, before.section, number)) return false;

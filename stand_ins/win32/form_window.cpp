@@ -49,6 +49,11 @@ int ShowBox(const std::wstring& text, UINT style) {
     return MessageBoxW(OwnWindow(), text.c_str(), shell.title.c_str(), style);
 }
 
+// No is the default button: it changes nothing.
+bool AskYesNo(const std::wstring& text) {
+    return ShowBox(text, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
+}
+
 void SetStatus(const std::wstring& text) {
     const HWND status = GetDlgItem(OwnWindow(), kStatusId);
     SetWindowTextW(status, text.c_str());
@@ -71,10 +76,6 @@ Screen StandInScreen() {
         ShowBox(text, MB_OK | MB_ICONEXCLAMATION);
     };
     screen.showPlainBox = [](const std::wstring& text) { ShowBox(text, MB_OK); };
-    // No is proposed: it changes nothing.
-    screen.askYesNo = [](const std::wstring& text) {
-        return ShowBox(text, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
-    };
     screen.setBusyPointer = [] { SetCursor(LoadCursorW(nullptr, IDC_WAIT)); };
     screen.resetPointer = [] { SetCursor(LoadCursorW(nullptr, IDC_ARROW)); };
     return screen;
@@ -212,7 +213,7 @@ void OnSave(HWND window) {
     }
     SetStatus(L"");
     SetStatusColour(StatusColour::kButtonText);
-    const std::wstring saved = SaveForm(state.standIn, state.form);
+    const std::wstring saved = SaveForm(state.standIn, state.form, AskYesNo);
     if (saved.empty()) {
         if (state.form.fault >= 0) FocusField(window, state.form.fault);
         return;

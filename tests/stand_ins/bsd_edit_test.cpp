@@ -28,7 +28,7 @@ struct BsdEditTest : StandInTest {
         const std::string before = Bytes();
         const std::wstring old = FieldOf(label).value;
         Enter(label, value);
-        EXPECT_EQ(SaveForm(kBsdEditor, form), L"");
+        EXPECT_EQ(SaveForm(kBsdEditor, form, Ask), L"");
         EXPECT_TRUE(Told().starts_with(told)) << Told();
         EXPECT_EQ(&form.fields.at(static_cast<size_t>(form.fault)), &FieldOf(label));
         EXPECT_EQ(Bytes(), before);
@@ -55,7 +55,7 @@ TEST_F(BsdEditTest, ShowsTheShip) {
 TEST_F(BsdEditTest, SavingWithoutAChangeKeepsTheShip) {
     const std::string before = Bytes();
     Open(Line());
-    EXPECT_EQ(Narrow(SaveForm(kBsdEditor, form)), "Saved: basic ship data, in my ship.ve2");
+    EXPECT_EQ(Narrow(SaveForm(kBsdEditor, form, Ask)), "Saved: basic ship data, in my ship.ve2");
     EXPECT_EQ(Bytes(), before);
 }
 
@@ -74,7 +74,7 @@ TEST_F(BsdEditTest, EveryFieldIsSavedAndAllElseStays) {
     Enter(L"First frame", L"-4");
     Enter(L"x of frame 0", L"0.5");
     Enter(L"Frame zones", L"\r\n  10 \t 0.65  \r\n\r\n200 0.7");
-    ASSERT_NE(SaveForm(kBsdEditor, form), L"") << Told();
+    ASSERT_NE(SaveForm(kBsdEditor, form, Ask), L"") << Told();
 
     wanted.Titles(1).Assign(L"Côte d'Émeraude");
     wanted.Titles(5).Assign(L"EMERAUDE");
@@ -102,13 +102,13 @@ TEST_F(BsdEditTest, NewShipIsDefinedAfterwards) {
     BasicShipData fresh = NewBasicShipData(L"NEW");
     ASSERT_TRUE(CreateDatabaseFile(path, fresh));
     Open(Line());
-    EXPECT_EQ(SaveForm(kBsdEditor, form), L"") << "its dimensions are still 0";
+    EXPECT_EQ(SaveForm(kBsdEditor, form, Ask), L"") << "its dimensions are still 0";
     EXPECT_TRUE(Told().starts_with("Length: '0' is not a number from 1 to 1000 m")) << Told();
     Enter(L"Length", L"100");
     Enter(L"Breadth", L"18");
     Enter(L"Depth", L"9");
     Enter(L"Block coefficient", L"0.7");
-    ASSERT_NE(SaveForm(kBsdEditor, form), L"");
+    ASSERT_NE(SaveForm(kBsdEditor, form, Ask), L"");
     EXPECT_TRUE(IsBsdDefined(Saved()));
     EXPECT_EQ(Saved().MainData(4), 9.0F);
 }
@@ -119,7 +119,7 @@ TEST_F(BsdEditTest, HeightThatIsNotTheDepthStays) {
     ASSERT_TRUE(SaveBsdToDatabase(path, bsd));
     Open(Line());
     Enter(L"Depth", L"18");
-    ASSERT_NE(SaveForm(kBsdEditor, form), L"");
+    ASSERT_NE(SaveForm(kBsdEditor, form, Ask), L"");
     EXPECT_EQ(Saved().MainData(3), 18.0F);
     EXPECT_EQ(Saved().MainData(4), 25.0F);
     EXPECT_EQ(Saved().MainData(5), 18.0F);
@@ -129,10 +129,10 @@ TEST_F(BsdEditTest, RuleSetMilHasItsOwnTypesAndKeepsTheOldOne) {
     Open(L"/mil " + Line());
     ASSERT_EQ(FieldOf(L"Ship type").choices.size(), 3U);
     EXPECT_EQ(Shown(L"Ship type"), Narrow(ShipTypeName(1, false)));
-    ASSERT_NE(SaveForm(kBsdEditor, form), L"");
+    ASSERT_NE(SaveForm(kBsdEditor, form, Ask), L"");
     EXPECT_EQ(Saved().ShipType(), 1);
     Enter(L"Ship type", L"MIL Auxiliary Ship");
-    ASSERT_NE(SaveForm(kBsdEditor, form), L"");
+    ASSERT_NE(SaveForm(kBsdEditor, form, Ask), L"");
     EXPECT_EQ(Saved().ShipType(), 19);
 }
 
@@ -142,7 +142,7 @@ TEST_F(BsdEditTest, UnknownTypeStays) {
     ASSERT_TRUE(SaveBsdToDatabase(path, bsd));
     Open(Line());
     EXPECT_EQ(Shown(L"Ship type"), Narrow(BsdLabel(kLabelUnknownType)));
-    ASSERT_NE(SaveForm(kBsdEditor, form), L"");
+    ASSERT_NE(SaveForm(kBsdEditor, form, Ask), L"");
     EXPECT_EQ(Saved().ShipType(), 40);
 }
 
@@ -178,11 +178,11 @@ TEST_F(BsdEditTest, FortyZonesAndNoneAreTaken) {
     std::wstring forty;
     for (int i = 1; i <= 40; ++i) forty += std::to_wstring(i) + L" 0.6\r\n";
     Enter(L"Frame zones", forty);
-    ASSERT_NE(SaveForm(kBsdEditor, form), L"") << Told();
+    ASSERT_NE(SaveForm(kBsdEditor, form, Ask), L"") << Told();
     EXPECT_EQ(Saved().FrameZoneCount, 40);
     EXPECT_EQ(Saved().FrameNumbers(40), 40);
     Enter(L"Frame zones", L"  \r\n");
-    ASSERT_NE(SaveForm(kBsdEditor, form), L"") << Told();
+    ASSERT_NE(SaveForm(kBsdEditor, form, Ask), L"") << Told();
     EXPECT_EQ(Saved().FrameZoneCount, 0);
     EXPECT_EQ(Saved().FrameNumbers(1), 0);
 }

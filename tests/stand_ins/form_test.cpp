@@ -24,7 +24,7 @@ bool FillNothing(Form&) {
 
 int saveCount = 0;
 
-bool CountSave(Form& form) {
+bool CountSave(Form& form, Question) {
     ++saveCount;
     form.request.model = 1;
     form.modelName = L"saved";
@@ -180,7 +180,7 @@ struct SaveTest : FormTest {
         ASSERT_TRUE(OpenForm(kEditor, Line(), form));
     }
     bool Save() {
-        saved = SaveForm(kEditor, form);
+        saved = SaveForm(kEditor, form, Ask);
         return !saved.empty();
     }
 };

@@ -21,7 +21,7 @@ struct OtherModelsTest : StandInTest {
     void Open(const StandIn& standIn, const std::wstring& rest) {
         ASSERT_TRUE(OpenForm(standIn, Line(rest), form)) << Told();
     }
-    std::string Save(const StandIn& standIn) { return Narrow(SaveForm(standIn, form)); }
+    std::string Save(const StandIn& standIn) { return Narrow(SaveForm(standIn, form, Ask)); }
     ModelEntry Entry(size_t number) const { return ListModelsWithPositions(path).at(number - 1); }
     BulkheadArrangement Arrangement(int32_t number) const {
         BulkheadArrangement arrangement;

@@ -23,7 +23,7 @@ struct SectionInputTest : StandInTest {
     void Open(const std::wstring& rest) {
         ASSERT_TRUE(OpenForm(kSectionInput, Line(rest), form)) << Told();
     }
-    std::string Save() { return Narrow(SaveForm(kSectionInput, form)); }
+    std::string Save() { return Narrow(SaveForm(kSectionInput, form, Ask)); }
     SectionModel Saved(int32_t number) const {
         SectionModel section;
         EXPECT_TRUE(ReadSectionBlock(path, number, false, section));
@@ -94,7 +94,7 @@ TEST_F(SectionInputTest, OldSectionIsReplacedAndKeepsItsIdentifier) {
     Enter(L"Stiffener spacing", L"0.7");
     Enter(L"Position x", L"100");
     EXPECT_NE(Save(), "") << Told();
-    EXPECT_TRUE(RecordingScreen::Of("ask").empty()) << "the section is the stand-in's own";
+    EXPECT_TRUE(asked.empty()) << "the section is the stand-in's own";
     const SectionModel after = Saved(15);
     EXPECT_EQ(after.identifier, before.identifier);
     EXPECT_EQ(after.x_m, 100.0F);
@@ -108,7 +108,7 @@ TEST_F(SectionInputTest, NameAndPositionAloneKeepAForeignSectionsPanels) {
     Enter(L"Name", L"Renamed");
     Enter(L"Position x", L"110.25");
     EXPECT_EQ(Save(), "Saved: section 5, Renamed, in my ship.ve2") << Told();
-    EXPECT_TRUE(RecordingScreen::Of("ask").empty());
+    EXPECT_TRUE(asked.empty());
     const SectionModel after = Saved(5);
     EXPECT_EQ(after.x_m, 110.25F);
     EXPECT_EQ(after.panels.size(), before.panels.size());
@@ -122,12 +122,11 @@ TEST_F(SectionInputTest, ForeignSectionIsReplacedOnlyWithLeave) {
     Open(L" 5");
     Enter(L"Depth", L"20");
     EXPECT_EQ(Save(), "");
-    ASSERT_EQ(RecordingScreen::Of("ask").size(), 1U);
-    EXPECT_NE(RecordingScreen::Of("ask")[0].find("'Midship section, hold 4' was not made by"),
-              std::string::npos);
+    ASSERT_EQ(asked.size(), 1U);
+    EXPECT_NE(asked[0].find("'Midship section, hold 4' was not made by"), std::string::npos);
     EXPECT_EQ(Bytes(), before);
 
-    RecordingScreen::answerYes = true;
+    answerYes = true;
     EXPECT_NE(Save(), "") << Told();
     EXPECT_EQ(Saved(5).depth_m, 20.0F);
     EXPECT_EQ(Saved(5).compartments.size(), 2U);

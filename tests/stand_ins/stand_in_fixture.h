@@ -19,7 +19,17 @@ struct StandInTest : testing::Test {
     std::wstring path = system::AbsolutePath(folder.File(L"my ship.ve2"));
     Form form;
 
+    // The questions that were asked, and the answer to each.
+    static inline std::vector<std::string> asked;
+    static inline bool answerYes = false;
+    static bool Ask(const std::wstring& text) {
+        asked.push_back(test::Narrow(text));
+        return answerYes;
+    }
+
     void SetUp() override {
+        asked.clear();
+        answerYes = false;
         test::WriteFileBytes(path,
                              test::ReadFileBytes(test::DataPath("../samples/aurora_bay.ve2")));
     }
