@@ -21,11 +21,11 @@ Panel& PanelAt(SectionDraft& draft, int16_t number) {
 }
 
 float AbscissaOf(SectionDraft& draft, int16_t panel, NodeReference node) {
-    const Place place = PlaceOf(draft, node);
+    const Point point = PointOf(draft, node);
     float s = 0;
     int16_t item = 0;
     Strake& strake = draft.view.strakes[static_cast<size_t>(panel - 1)];
-    const int16_t status = YZToS(&strake, place.y, place.z, &s, &item, 5 * draft.model.tolerance_m);
+    const int16_t status = YZToS(&strake, point.y, point.z, &s, &item, 5 * draft.model.tolerance_m);
     if (status != 0 && draft.code == 0) draft.code = kCodeOffStrake;
     return s;
 }
@@ -52,11 +52,11 @@ Span SpanOf(const SectionDraft& draft, const StiffenerPlan& plan) {
 
 // ---- Panels and their nodes --------------------------------------------------------------------
 
-Node At(Place place) {
+Node At(Point point) {
     Node node{};
     node.kind = kNodeGiven;
-    node.givenY = Fine(place.y);
-    node.givenZ = Fine(place.z);
+    node.givenY = Fine(point.y);
+    node.givenZ = Fine(point.z);
     return node;
 }
 
@@ -69,8 +69,8 @@ Node On(NodeReference reference) {
     return node;
 }
 
-Node AtHeight(int16_t strake, Place place) {
-    Node node = At(place);
+Node AtHeight(int16_t strake, Point point) {
+    Node node = At(point);
     node.kind = kNodeOnStrake;
     node.relative = -1;
     node.onStrake = strake;
@@ -78,8 +78,8 @@ Node AtHeight(int16_t strake, Place place) {
     return node;
 }
 
-Node AtBreadth(int16_t strake, Place place) {
-    Node node = AtHeight(strake, place);
+Node AtBreadth(int16_t strake, Point point) {
+    Node node = AtHeight(strake, point);
     node.inter = 1;
     return node;
 }
@@ -110,7 +110,7 @@ void ComputeDraft(SectionDraft& draft) {
     if (draft.code == 0) draft.code = code;
 }
 
-Place PlaceOf(const SectionDraft& draft, NodeReference reference) {
+Point PointOf(const SectionDraft& draft, NodeReference reference) {
     const Panel& panel = draft.model.panels[static_cast<size_t>(reference.strake - 1)];
     const Node& node = panel.nodes[static_cast<size_t>(reference.node - 1)];
     return {node.y, node.z};
@@ -120,7 +120,7 @@ Place PlaceOf(const SectionDraft& draft, NodeReference reference) {
 
 namespace {
 
-// Abscissas where something stands on the panel: stiffeners, and the ends of other panels.
+// Abscissas of stiffeners and of other panels' nodes on the panel.
 std::vector<float> SupportsOn(SectionDraft& draft, int16_t number) {
     Strake& strake = draft.view.strakes[static_cast<size_t>(number - 1)];
     std::vector<float> supports;
@@ -140,7 +140,7 @@ std::vector<float> SupportsOn(SectionDraft& draft, int16_t number) {
     return supports;
 }
 
-// A seam keeps clear of what stands on the plating.
+// The seam, moved forward until it is clear of all supports.
 float ClearOf(const std::vector<float>& supports, float seam) {
     constexpr float kClearance_m = 0.15F;
     constexpr float kStep_m = 0.05F;
@@ -202,11 +202,11 @@ void AddRow(SectionDraft& draft, int16_t panel, NodeReference from, NodeReferenc
 
 namespace {
 
-// How broad the outline is at a height, on one side of the ship.
-float BreadthAt(const std::vector<Place>& outline, float z) {
+// Breadth of the outline at a height, on one side of the ship.
+float BreadthAt(const std::vector<Point>& outline, float z) {
     std::vector<float> crossings;
-    Place before = outline.back();
-    for (const Place& corner : outline) {
+    Point before = outline.back();
+    for (const Point& corner : outline) {
         if ((before.z <= z) != (corner.z <= z)) {
             const float part = (z - before.z) / (corner.z - before.z);
             crossings.push_back(before.y + part * (corner.y - before.y));
@@ -219,9 +219,9 @@ float BreadthAt(const std::vector<Place>& outline, float z) {
     return breadth;
 }
 
-std::vector<FillingLevel> LevelsOf(const std::vector<Place>& outline, float length) {
+std::vector<FillingLevel> LevelsOf(const std::vector<Point>& outline, float length) {
     const auto [lowest, highest] = std::minmax_element(outline.begin(), outline.end(),
-                                                       [](Place a, Place b) { return a.z < b.z; });
+                                                       [](Point a, Point b) { return a.z < b.z; });
     std::vector<FillingLevel> levels;
     for (const float part : {0.3F, 0.6F, 0.9F}) {
         const float height = part * (highest->z - lowest->z);
@@ -243,9 +243,9 @@ void AddCompartment(SectionDraft& draft, const CompartmentPlan& plan) {
     compartment.hold = plan.contents == kCargo ? int16_t{1} : int16_t{0};
     compartment.designValues(1) = plan.density;
     compartment.designValues(2) = plan.airPipe_m;
-    std::vector<Place> places;
-    for (const NodeReference& node : plan.outline) places.push_back(PlaceOf(draft, node));
-    compartment.levels = LevelsOf(places, draft.model.holdLength_m);
+    std::vector<Point> points;
+    for (const NodeReference& node : plan.outline) points.push_back(PointOf(draft, node));
+    compartment.levels = LevelsOf(points, draft.model.holdLength_m);
     draft.model.compartments.push_back(compartment);
 }
 
@@ -259,14 +259,14 @@ struct Sums {
     double inertiaY = 0;  // about the base line
     double inertiaZ = 0;  // about the centre line
 
-    // What stands beside the centre line stands on the other side as well.
-    void Add(Place place, double area_m2) {
-        const double both = std::abs(place.y) < 0.001F ? 1 : 2;
+    // What is not on the centre line is on both sides of the ship.
+    void Add(Point point, double area_m2) {
+        const double both = std::abs(point.y) < 0.001F ? 1 : 2;
         const double part = both * area_m2;
         area += part;
-        moment += part * place.z;
-        inertiaY += part * place.z * place.z;
-        inertiaZ += part * place.y * place.y;
+        moment += part * point.z;
+        inertiaY += part * point.z * point.z;
+        inertiaZ += part * point.y * point.y;
     }
 };
 
@@ -276,10 +276,10 @@ void AddPlates(Strake& strake, const Panel& panel, Sums& sums) {
     for (const Plate& plate : panel.plates) {
         const float slice = (plate.end_m - start) / kSlices;
         for (int i = 0; i < kSlices; ++i) {
-            Place place;
-            SToYZ(&strake, start + (static_cast<float>(i) + 0.5F) * slice, &place.y, &place.z,
+            Point point;
+            SToYZ(&strake, start + (static_cast<float>(i) + 0.5F) * slice, &point.y, &point.z,
                   0.001F);
-            sums.Add(place, double{slice} * plate.thickness_mm / 1000);
+            sums.Add(point, double{slice} * plate.thickness_mm / 1000);
         }
         start = plate.end_m;
     }
@@ -290,12 +290,12 @@ void AddStiffeners(Strake& strake, const Panel& panel, Sums& sums) {
         const double area_mm2 = double{row.webHeight_mm} * row.webThickness_mm +
                                 double{row.flangeBreadth_mm} * row.flangeThickness_mm;
         for (int i = 0; i < row.count; ++i) {
-            Place place;
-            SToYZ(&strake, row.s + static_cast<float>(i) * row.spacing, &place.y, &place.z, 0.001F);
+            Point point;
+            SToYZ(&strake, row.s + static_cast<float>(i) * row.spacing, &point.y, &point.z, 0.001F);
             const float middle = row.webHeight_mm / 2000;
-            place.y += row.normalY * middle;
-            place.z += row.normalZ * middle;
-            sums.Add(place, area_mm2 / 1e6);
+            point.y += row.normalY * middle;
+            point.z += row.normalZ * middle;
+            sums.Add(point, area_mm2 / 1e6);
         }
     }
 }

@@ -57,7 +57,7 @@ bool FillFields(Form& form) {
 
 // ---- One bulkhead from side to side ------------------------------------------------------------
 
-// Bands of one plate each, thicker below.
+// Bands of one plate each, thicker towards the bottom.
 void LayPlates(Bulkhead& bulkhead, float half, float depth) {
     constexpr float kHeight_m = 2.5F;
     constexpr float kHighest_mm = 9;

@@ -84,7 +84,7 @@ void AddPanels(Midship& ship) {
                                                  : AtHeight(ship.top.side, {ship.form.half, z});
     ship.inner = AddPanel(draft, L"Inner bottom", kInnerBottom, {At({0, z}), end});
     AddGirders(ship);
-    // The spacing that was asked for; the rows' own are rounded to the room that they have.
+    // The parameter, which is read back; the rows' spacings are rounded to fill their panels.
     for (Panel& panel : draft.model.panels) panel.spacing_m = parameters.spacing;
 }
 
@@ -177,7 +177,7 @@ const Panel* FindKind(const SectionModel& section, int16_t kind) {
     return found == section.panels.end() ? nullptr : &*found;
 }
 
-// As far as the file's seven digits tell.
+// Within the seven digits of the file.
 bool IsSameLength(float a, float b) {
     return std::abs(a - b) <= 1e-5F * std::max(1.0F, std::abs(a));
 }
@@ -262,7 +262,7 @@ void SetHead(SectionModel& section, const BasicShipData& bsd) {
     section.frameSpacing_m = FrameSpacingAt(bsd, section.x_m);
     section.webSpacing_m = WholeMillimetres(4 * section.frameSpacing_m);
     section.holdLength_m = WholeMillimetres(8 * section.webSpacing_m);
-    // The shell of the ship has no moments for it.
+    // The ship's data have no moments.
     section.momentsAbsent = -1;
 }
 

@@ -24,7 +24,7 @@ enum SectionField : size_t {
     kSpacing,
 };
 
-// What the file says of the section before it is changed.
+// What the file has before the section is changed.
 struct Before {
     BasicShipData bsd;
     SectionModel section;
@@ -74,7 +74,7 @@ MidshipParameters EnteredParameters(const Form& form) {
             WholeMillimetres(form.fields[kBilgeRadius]), WholeMillimetres(form.fields[kSpacing])};
 }
 
-// Whether the fields still say what the form showed at first.
+// Whether the fields still have the values that the form showed at first.
 bool AreUntouched(const Form& form, const MidshipParameters& shown) {
     const MidshipParameters entered = EnteredParameters(form);
     const auto near = [](float a, float b) { return std::abs(a - b) < 0.00051F; };
@@ -104,8 +104,8 @@ bool CheckTogether(Form& form, const MidshipParameters& parameters) {
     return true;
 }
 
-// The user's leave to put parametric panels in the place of others.
-bool MayReplace(const Before& before, Question askYesNo) {
+// Whether a foreign section's panels may be replaced; asks the user.
+bool ConfirmReplacing(const Before& before, Question askYesNo) {
     if (before.isNew || before.section.panels.empty() ||
         IsMidship(before.section, before.parameters)) {
         return true;
@@ -119,7 +119,7 @@ bool MayReplace(const Before& before, Question askYesNo) {
 bool Draft(Form& form, Before& before, Question askYesNo) {
     const MidshipParameters parameters = EnteredParameters(form);
     if (!before.isNew && AreUntouched(form, before.parameters)) return true;
-    if (!CheckTogether(form, parameters) || !MayReplace(before, askYesNo)) return false;
+    if (!CheckTogether(form, parameters) || !ConfirmReplacing(before, askYesNo)) return false;
     const int16_t code = DraftMidship(before.section, parameters);
     if (code == 0) return true;
     ReportMessage(
