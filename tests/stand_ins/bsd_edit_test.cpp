@@ -14,7 +14,7 @@ namespace corvane::siblings {
 namespace {
 
 using test::Narrow;
-using test::RecordingScreen;
+using test::RecordedReports;
 
 struct BsdEditTest : StandInTest {
     void Open(const std::wstring& line) {
@@ -26,7 +26,7 @@ struct BsdEditTest : StandInTest {
         return bsd;
     }
     void ExpectRefusal(const wchar_t* label, const wchar_t* value, const char* report) {
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         const std::string before = Bytes();
         const std::wstring old = FieldOf(label).value;
         Enter(label, value);
@@ -156,15 +156,15 @@ TEST_F(BsdEditTest, WrongValuesAreReportedAndNothingIsWritten) {
     ExpectRefusal(L"Depth", L"19,6", "Depth: '19,6' is not a number");
     ExpectRefusal(L"Block coefficient", L"1.2", "Block coefficient: '1.2' is not");
     ExpectRefusal(L"First frame", L"1.5", "First frame: '1.5' is not a whole number");
-    ExpectRefusal(L"Display name", L"Ωmega", "Display name: the database can not hold");
+    ExpectRefusal(L"Display name", L"Ωmega", "Display name: the database cannot hold");
 }
 
 TEST_F(BsdEditTest, WrongFrameZonesAreReportedWithTheirLine) {
     Open(Line());
-    ExpectRefusal(L"Frame zones", L"12", "Frame zones: this line is no zone.\r\r'12'");
-    ExpectRefusal(L"Frame zones", L"12 0.6 0.7", "Frame zones: this line is no zone.");
-    ExpectRefusal(L"Frame zones", L"12 x", "Frame zones: this line is no zone.");
-    ExpectRefusal(L"Frame zones", L"12.5 0.6", "Frame zones: this line is no zone.");
+    ExpectRefusal(L"Frame zones", L"12", "Frame zones: this line is not a zone.\r\r'12'");
+    ExpectRefusal(L"Frame zones", L"12 0.6 0.7", "Frame zones: this line is not a zone.");
+    ExpectRefusal(L"Frame zones", L"12 x", "Frame zones: this line is not a zone.");
+    ExpectRefusal(L"Frame zones", L"12.5 0.6", "Frame zones: this line is not a zone.");
     ExpectRefusal(L"Frame zones", L"-6 0.6", "Frame zones: the last frame of this zone is not");
     ExpectRefusal(L"Frame zones", L"12 0.6\r\n12 0.7", "Frame zones: the last frame of this zone");
     ExpectRefusal(L"Frame zones", L"40000 0.6", "Frame zones: the last frame of this zone");
