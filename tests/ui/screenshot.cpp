@@ -43,6 +43,8 @@ Picture CopyScreen(const RECT& area) {
     information.bmiHeader = HeaderOf(picture);
     GetDIBits(memory, bitmap, 0, static_cast<UINT>(picture.height), picture.pixels.data(),
               &information, DIB_RGB_COLORS);
+    // The fourth byte of a pixel has no meaning; what it holds depends on the system.
+    for (uint32_t& pixel : picture.pixels) pixel &= 0xFFFFFF;
     DeleteObject(bitmap);
     DeleteDC(memory);
     ReleaseDC(nullptr, screen);
