@@ -93,8 +93,8 @@ TEST_F(MainWindowTest, MouseDragsTheSplitter) {
     DragMouse(from, {from.x - 90, from.y});
     EXPECT_TRUE(WaitUntil([&] { return Place(SP_Sections).left == before.left - 90; }))
         << Place(SP_Sections).left << " from " << before.left;
-    EXPECT_EQ(Place(LI_Sections).right, Place(SP_Sections).left);
-    EXPECT_EQ(Place(PIC_Section).left, Place(SP_Sections).right);
+    EXPECT_TRUE(WaitUntil([&] { return Place(LI_Sections).right == Place(SP_Sections).left; }));
+    EXPECT_TRUE(WaitUntil([&] { return Place(PIC_Section).left == Place(SP_Sections).right; }));
     EXPECT_TRUE(FocusBecomes(main, LI_Sections)) << "the mouse leaves the focus where it is";
 }
 
