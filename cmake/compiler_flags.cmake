@@ -18,7 +18,7 @@ target_compile_definitions(corvane_flags INTERFACE _GLIBCXX_ASSERTIONS)
 # ./test sets the option. Another compiler may warn of correct code, in its own headers even, so
 # its warnings never stop a build.
 option(CORVANE_WERROR "Warnings are errors, with the compilers that the checks know" OFF)
-set(known_compilers GNU-12 GNU-14 Clang-14)
+set(known_compilers GNU-12 GNU-14 Clang-19)
 string(REGEX MATCH "^[0-9]+" compiler ${CMAKE_CXX_COMPILER_VERSION})
 string(PREPEND compiler ${CMAKE_CXX_COMPILER_ID}-)
 if(NOT compiler IN_LIST known_compilers)
