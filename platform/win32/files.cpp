@@ -47,6 +47,7 @@ bool IsReadOnly(const std::wstring& path) {
 // Renames over a file that others hold open, who go on reading the old text: Windows 10 can, on its
 // own file system. What it takes is younger than the headers that this program is built with.
 ErrorNumber RenameInOneStep(const std::wstring& from, const std::wstring& to) {
+    // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): as said above.
     constexpr auto kRenameInfoEx = static_cast<FILE_INFO_BY_HANDLE_CLASS>(22);
     constexpr BOOLEAN kReplaceWithPosixSemantics = 3;
     const std::wstring name = NativePath(to);
