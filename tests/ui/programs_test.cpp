@@ -122,7 +122,8 @@ TEST(SiblingProgram, SeesTheExactCommandLine) {
         Choose(session.main, command);
         EXPECT_EQ(session.Ran(program),
                   Narrow(session.File(program)) + " /d /mil " + quoted + number);
-        EXPECT_TRUE(session.BecomesLocked(false));
+        EXPECT_TRUE(session.BecomesLocked(false))
+            << Narrow(program) << (ChildOf(session.program.id) != 0 ? " still runs" : " has ended");
     }
     EXPECT_TRUE(session.RowCountBecomes(14));
 }
