@@ -30,6 +30,9 @@ if(WIN32 AND compiler STREQUAL GNU-14)
     # In the standard library's code for texts, its optimiser warns of overruns that cannot be.
     target_compile_options(corvane_flags INTERFACE
         -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
+elseif(compiler STREQUAL Clang-19)
+    # GCC 12's standard library sorts with a function that is deprecated.
+    target_compile_options(corvane_flags INTERFACE -Wno-deprecated-declarations)
 endif()
 
 if(CORVANE_SANITIZE)
