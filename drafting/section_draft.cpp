@@ -244,6 +244,7 @@ void AddCompartment(SectionDraft& draft, const CompartmentPlan& plan) {
     compartment.designValues(1) = plan.density;
     compartment.designValues(2) = plan.airPipe_m;
     std::vector<Point> points;
+    points.reserve(plan.outline.size());
     for (const NodeReference& node : plan.outline) points.push_back(PointOf(draft, node));
     compartment.levels = LevelsOf(points, draft.model.holdLength_m);
     draft.model.compartments.push_back(compartment);
