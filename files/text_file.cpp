@@ -1,12 +1,10 @@
 #include "files/text_file.h"
 
-#include <emmintrin.h>
-
 #include <algorithm>
-#include <bit>
 #include <cassert>
 #include <cstring>
 
+#include "text/line_search.h"
 #include "text/text.h"
 
 namespace corvane {
@@ -14,41 +12,6 @@ namespace {
 
 constexpr size_t kLongestMarker = 1000;
 static_assert(kLongestLine + kLongestMarker < kTextBufferSize);
-
-// Bits of the 16 bytes at `at` that equal the byte in all places of `pattern`.
-uint32_t EqualBytes(const char* at, __m128i pattern) {
-    const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
-    return static_cast<uint32_t>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, pattern)));
-}
-
-// The first line feed in [begin, end), or `end`.
-const char* FindLineFeed(const char* begin, const char* end) {
-    const __m128i feeds = _mm_set1_epi8('\n');
-    const char* at = begin;
-    for (; end - at >= 16; at += 16) {
-        const uint32_t found = EqualBytes(at, feeds);
-        if (found != 0) return at + std::countr_zero(found);
-    }
-    return std::find(at, end, '\n');
-}
-
-// The first line feed in [begin, end) that `first` follows, or `end`; one byte behind `end` is
-// looked at.
-const char* FindLineStart(const char* begin, const char* end, char first) {
-    const __m128i feeds = _mm_set1_epi8('\n');
-    const __m128i firsts = _mm_set1_epi8(first);
-    const char* at = begin;
-    for (; end - at >= 32; at += 32) {
-        const uint32_t low = EqualBytes(at, feeds) & EqualBytes(at + 1, firsts);
-        const uint32_t high = EqualBytes(at + 16, feeds) & EqualBytes(at + 17, firsts);
-        const uint32_t found = low | (high << 16);
-        if (found != 0) return at + std::countr_zero(found);
-    }
-    for (; at < end; ++at) {
-        if (at[0] == '\n' && at[1] == first) return at;
-    }
-    return end;
-}
 
 std::string_view WithoutReturn(const char* begin, const char* end) {
     if (end > begin && end[-1] == '\r') --end;
