@@ -4,6 +4,8 @@
 #include <map>
 
 #include "benchmarks/measured_database.h"
+#include "database/listing.h"
+#include "database/scanning.h"
 #include "platform/system.h"
 
 namespace corvane {

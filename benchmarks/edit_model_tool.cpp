@@ -6,7 +6,7 @@
 
 #include "benchmarks/measure.h"
 #include "database/editing.h"
-#include "database/section_file.h"
+#include "database/section_block.h"
 
 namespace corvane {
 namespace {

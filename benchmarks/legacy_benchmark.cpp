@@ -1,9 +1,11 @@
 // A full legacy database, 20 sections, converted into a model database, and one written.
 #include <benchmark/benchmark.h>
 
-#include "database/database_file.h"
+#include "database/creating.h"
 #include "database/editing.h"
-#include "database/section_file.h"
+#include "database/listing.h"
+#include "database/scanning.h"
+#include "database/section_block.h"
 #include "files/file_system.h"
 #include "legacy/exchange.h"
 #include "platform/system.h"

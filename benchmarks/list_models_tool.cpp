@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "benchmarks/measure.h"
-#include "database/database_file.h"
+#include "database/listing.h"
 #include "platform/system.h"
 
 int main(int count, char** arguments) {

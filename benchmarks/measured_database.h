@@ -6,7 +6,8 @@
 #include <cstdint>
 #include <string>
 
-#include "database/database_file.h"
+#include "database/copying.h"
+#include "database/creating.h"
 #include "files/file_system.h"
 #include "files/text_file.h"
 #include "text/numbers.h"

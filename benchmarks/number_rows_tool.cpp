@@ -17,7 +17,7 @@ size_t RowInGeneralForm(const ValueRow& row, RowText& text) {
     char* to = text.data();
     for (int i = 1; i <= row.count; ++i) {
         if (i > 1) *to++ = ' ';
-        to = AppendGeneral(to, HeldSingle(row.values(i)));
+        to = AppendGeneral(to, ClampToSingle(row.values(i)));
     }
     *to++ = '\n';
     return static_cast<size_t>(to - text.data());

@@ -1,9 +1,9 @@
 // One section of 30 strakes, 100 nodes and 200 stiffeners, read from a file and written to one.
 #include <benchmark/benchmark.h>
 
-#include "database/database_file.h"
-#include "database/section_file.h"
+#include "database/section_block.h"
 #include "files/file_system.h"
+#include "files/text_file.h"
 #include "platform/system.h"
 #include "report/messages.h"
 

@@ -1,6 +1,6 @@
 // A bulkhead arrangement: transverse bulkheads of the ship with their stools, stiffeners and
 // corrugations, and the holds that they bound; as a BHA block of the database holds it.
-// docs/bulkhead-block.md tells table by table what each column is and how it is written.
+// docs/bulkhead-block.md says table by table what each column is and how it is written.
 //
 // Numbers are those of the file, in file order. Integers of 16 bits are int16_t, of 32 bits
 // int32_t; a boolean is -1 or 0. Lengths are in m, scantlings in mm; y is the distance from the
@@ -20,7 +20,7 @@ namespace corvane {
 struct PrimaryStiffener {
     int32_t direction = 0;  // 0 horizontal, 1 vertical
     float position_m = 0;   // z of a horizontal one, y of a vertical one
-    // Where it begins and ends, along its direction; for information, not every one tells them.
+    // Where it begins and ends, along its direction; for information, not every one has them.
     bool hasExtremities = false;
     float lowerExtremity_m = 0;
     float upperExtremity_m = 0;
@@ -28,18 +28,17 @@ struct PrimaryStiffener {
 };
 
 // Table BRACK SCANT: the bracket at an end of a secondary stiffener. The scantlings and the length
-// stand in the file when the bracket is enabled.
+// are in the file when the bracket is enabled.
 struct EndBracket {
     int16_t enabled = 0;  // boolean
-    int16_t fixed = 0;    // boolean: its end can't turn
+    int16_t fixed = 0;    // boolean: its end cannot turn
     Scantlings scantlings;
     float length_m = 0;
     bool operator==(const EndBracket&) const = default;
 };
 
-// What a span of a secondary stiffener, between two primary ones, has of its own: table SPAN SCANT
-// has the spans with scantlings, table SPAN BRACK those with bracket lengths. One without them
-// has those of its stiffener.
+// What a span of a secondary stiffener, between two primary ones, has instead of its stiffener's:
+// table SPAN SCANT has the spans with scantlings, table SPAN BRACK those with bracket lengths.
 struct BulkheadSpan {
     bool hasScantlings = false;
     Scantlings scantlings;
@@ -71,7 +70,7 @@ struct Corrugation {
     float pitch_m = 0;       // S1: from one to the next
     float flange_m = 0;      // a: breadth of the flange
     float depth_m = 0;       // d
-    int16_t fixedUpper = 0;  // booleans: the supports can't turn
+    int16_t fixedUpper = 0;  // booleans: the supports cannot turn
     int16_t fixedLower = 0;
     bool operator==(const Corrugation&) const = default;
 };
@@ -88,7 +87,7 @@ struct BulkheadStrake {
 
 struct Stool {
     int16_t enabled = 0;  // boolean
-    float z_m = 0;        // of the end at which the bulkhead stands on it or hangs from it
+    float z_m = 0;        // of the end where the bulkhead meets it
     bool operator==(const Stool&) const = default;
 };
 

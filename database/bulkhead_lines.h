@@ -2,9 +2,9 @@
 // Scantlings, the columns of nodes and most lines of holds are those of a section
 // (database/section_lines.h).
 //
-// What is declared of an item are its lines from behind the bulkhead's number, and behind the
-// numbers of the stiffener, bracket, span, band and strake that follow it, to the end of the last
-// line.
+// What is declared of an item are its lines from after the bulkhead's number, and after the numbers
+// of the stiffener, bracket, span, band and strake that follow it, to the end of the last line.
+// docs/bulkhead-block.md has the tables in words.
 #pragma once
 
 #include "database/bulkhead.h"
@@ -12,6 +12,8 @@
 
 namespace corvane {
 
+// Labels of the tables that are texts of the layout; those of bulkheads, nodes and holds are the
+// catalogue's, as in a section. A label is compared trimmed, otherwise exactly.
 inline constexpr char kPrimaryStiffenerTable[] =
     "------------------ PRIMARY STIFF ------------------";
 inline constexpr char kSecondaryStiffenerTable[] =
@@ -32,7 +34,7 @@ void Value(Row& row, Stool& stool) {
     Values(row, stool.enabled, stool.z_m);
 }
 
-// The lines behind the name.
+// The lines after the name: position and symmetry, hoppers, state, identifier.
 template <class Row>
 void HeadLines(Row& row, BulkheadArrangement& arrangement) {
     Values(row, arrangement.x_m, arrangement.stoolVolume_m3, arrangement.symmetric);
@@ -44,6 +46,8 @@ void HeadLines(Row& row, BulkheadArrangement& arrangement) {
     TextLine(row, arrangement.identifier);
 }
 
+// The table of bulkheads, which has the label of a section's panels. Its first column is the name,
+// padded, so that no number comes before it.
 template <class Row>
 void BulkheadLine(Row& row, Bulkhead& bulkhead) {
     Values(row, PaddedName{bulkhead.name}, bulkhead.kind, bulkhead.material, bulkhead.stiffening,
@@ -51,6 +55,7 @@ void BulkheadLine(Row& row, Bulkhead& bulkhead) {
     EndLine(row);
 }
 
+// Unlike a section's node, one of kind 5 has no further columns.
 template <class Row>
 void BulkheadNodeLine(Row& row, Node& node) {
     NodeValues(row, node);
@@ -58,7 +63,7 @@ void BulkheadNodeLine(Row& row, Node& node) {
 }
 
 // ---- Stiffeners --------------------------------------------------------------------------------
-// Fields that not every row has are told by the row's length.
+// Whether a row has the fields that not every row has, its length says.
 
 template <class Row>
 void ItemLines(Row& row, PrimaryStiffener& stiffener) {
@@ -71,6 +76,7 @@ void ItemLines(Row& row, PrimaryStiffener& stiffener) {
     EndLine(row);
 }
 
+// The count of spans is kept as the file has it, whatever spans have rows.
 template <class Row>
 void ItemLines(Row& row, SecondaryStiffener& stiffener) {
     Values(row, stiffener.position_m, stiffener.scantlings, stiffener.material, stiffener.spanCount,
@@ -79,6 +85,7 @@ void ItemLines(Row& row, SecondaryStiffener& stiffener) {
     EndLine(row);
 }
 
+// One of the two ends of a secondary stiffener: only an enabled bracket has a profile and a length.
 template <class Row>
 void EndBracketLine(Row& row, EndBracket& bracket) {
     Values(row, bracket.enabled, bracket.fixed);
@@ -89,6 +96,7 @@ void EndBracketLine(Row& row, EndBracket& bracket) {
     EndLine(row);
 }
 
+// Both tables have only the spans that differ from their stiffener.
 template <class Row>
 void SpanScantlingLine(Row& row, BulkheadSpan& span) {
     Values(row, span.scantlings, span.material);
@@ -103,6 +111,7 @@ void SpanBracketLine(Row& row, BulkheadSpan& span) {
 
 // ---- Plating -----------------------------------------------------------------------------------
 
+// One row for each bulkhead, a plane one too.
 template <class Row>
 void CorrugationLine(Row& row, Corrugation& corrugation) {
     Values(row, corrugation.start_m, corrugation.pitch_m, corrugation.flange_m, corrugation.depth_m,
@@ -110,6 +119,7 @@ void CorrugationLine(Row& row, Corrugation& corrugation) {
     EndLine(row);
 }
 
+// A plate by its upper and its outer edge.
 template <class Row>
 void StrakeLine(Row& row, BulkheadStrake& strake) {
     Values(row, strake.z_m, strake.y_m, strake.thickness_mm, strake.material);
@@ -118,7 +128,7 @@ void StrakeLine(Row& row, BulkheadStrake& strake) {
 
 // ---- Holds -------------------------------------------------------------------------------------
 
-// In the place of a compartment's nodes.
+// Instead of a compartment's nodes. A reader accepts any line here.
 inline constexpr char kNoNodeList[] = "no node list";
 inline void NoNodeLine(RowWriter& row) {
     WriteLine(row.writer, kNoNodeList);
@@ -127,7 +137,8 @@ inline void NoNodeLine(RowReader& row) {
     EndLine(row);
 }
 
-// The lines behind the name.
+// The lines after the name. The ballast flag is 1 or -1 here, and the comment rule comes directly
+// after it, on the same line.
 template <class Row>
 void HoldLines(Row& row, Compartment& hold) {
     NoNodeLine(row);

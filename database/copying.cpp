@@ -1,8 +1,8 @@
-// Copying heads and blocks from one file to another: as spans of bytes, so that only the few lines
-// that may change are looked at.
+#include "database/copying.h"
+
 #include <algorithm>
 
-#include "database/database_file.h"
+#include "database/scanning.h"
 #include "report/messages.h"
 #include "text/numbers.h"
 

@@ -1,8 +1,11 @@
-// New files and new blocks.
+#include "database/creating.h"
+
 #include "bsd/bsd_file.h"
-#include "database/database_file.h"
+#include "bsd/bsd_records.h"
+#include "database/scanning.h"
 #include "files/file_system.h"
 #include "files/rewrite.h"
+#include "files/text_file.h"
 #include "report/reporters.h"
 #include "text/numbers.h"
 

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
-#include "database/bulkhead_file.h"
-#include "database/database_file.h"
-#include "database/section_file.h"
+#include "database/bulkhead_block.h"
+#include "database/copying.h"
+#include "database/model_kind.h"
+#include "database/scanning.h"
+#include "database/section_block.h"
 #include "files/file_system.h"
 #include "files/rewrite.h"
 #include "report/reporters.h"
@@ -136,7 +138,7 @@ std::string_view ClosingComments(std::string_view text) {
 // the old block ended with still stand before the next marker, as all comments there do. Where the
 // new block ends with the same ones it brings them again, and the file would grow each time: they
 // are passed over.
-void PassClosingComments(TextReader& reader, std::string_view closing) {
+void SkipClosingComments(TextReader& reader, std::string_view closing) {
     const int64_t place = LinePosition(reader);
     while (!closing.empty()) {
         const size_t end = closing.find("\r\n");
@@ -167,7 +169,7 @@ bool ReplaceBlock(std::wstring& path, int32_t number, const EditOptions& options
     writeBlock(rewrite.writer);
     if (found) {
         SkipBlock(reader);
-        PassClosingComments(reader, ClosingComments(WrittenTail(rewrite.writer)));
+        SkipClosingComments(reader, ClosingComments(WrittenTail(rewrite.writer)));
         CopyBlocks(reader, rewrite.writer, {});
     }
     return FinishEdit(reader, rewrite);

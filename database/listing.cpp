@@ -1,8 +1,10 @@
-// What a database's models are: names, kinds and positions.
+#include "database/listing.h"
+
 #include <algorithm>
 #include <limits>
 
-#include "database/database_file.h"
+#include "database/model_kind.h"
+#include "database/scanning.h"
 #include "report/messages.h"
 #include "text/numbers.h"
 #include "text/text.h"
@@ -35,7 +37,7 @@ bool ReadKeyword(TextReader& reader, const Listing& listing, ModelEntry& entry,
 }
 
 // From behind the keyword to the line behind the name label.
-bool PassNameLabel(TextReader& reader, const Listing& listing) {
+bool SkipToName(TextReader& reader, const Listing& listing) {
     std::string_view line;
     while (ReadBlockLine(reader, listing.modelMarker, line)) {
         if (line == listing.nameLabel) return true;
@@ -58,7 +60,7 @@ void ReadEntry(TextReader& reader, Listing& listing, Detail detail, ModelEntry& 
     entry.kind = KindOfKeyword(line);
     const bool hasPosition = detail == Detail::kPositions && FactsOf(entry.kind).hasPosition;
     if (!hasPosition) entry.x = -1;
-    if (!PassNameLabel(reader, listing)) return;
+    if (!SkipToName(reader, listing)) return;
     if (!ReadBlockLine(reader, listing.modelMarker, line)) return;
     entry.name = system::WideFromAnsi(Trim(line));
     if (hasPosition) entry.x = ReadPosition(reader, listing);
@@ -96,7 +98,7 @@ float ModelPosition(const std::wstring& path, int32_t number) {
     std::string_view line;
     FindLine(reader, listing.modelMarker);
     ReadLine(reader, line);
-    if (!ReadKeyword(reader, listing, entry, line) || !PassNameLabel(reader, listing)) return 0;
+    if (!ReadKeyword(reader, listing, entry, line) || !SkipToName(reader, listing)) return 0;
     if (!ReadBlockLine(reader, listing.modelMarker, line)) return 0;  // the name
     return ReadPosition(reader, listing);
 }

@@ -58,21 +58,21 @@ void ParseLine(RowReader& row) {
 
 }  // namespace
 
-int16_t HeldCount(size_t count) {
+int16_t ClampToCount(size_t count) {
     return static_cast<int16_t>(std::min<size_t>(count, kMostItems));
 }
 
-int16_t HeldInt16(double value) {
-    return static_cast<int16_t>(std::clamp<int32_t>(HeldInt32(value), INT16_MIN, INT16_MAX));
+int16_t ClampToInt16(double value) {
+    return static_cast<int16_t>(std::clamp<int32_t>(ClampToInt32(value), INT16_MIN, INT16_MAX));
 }
 
-int32_t HeldInt32(double value) {
+int32_t ClampToInt32(double value) {
     const double held = std::clamp<double>(value, INT32_MIN, INT32_MAX);
     const auto whole = static_cast<int32_t>(held);
     return whole == held ? whole : static_cast<int32_t>(std::nearbyint(held));
 }
 
-float HeldSingle(double value) {
+float ClampToSingle(double value) {
     constexpr double kLargest = std::numeric_limits<float>::max();
     return static_cast<float>(std::clamp(value, -kLargest, kLargest));
 }
@@ -168,11 +168,11 @@ void LoadLine(RowReader& row) {
             row.place = RowReader::Place::kEnd;
             return;
         }
-    } while (row.passBlankLines && IsBlank(row.line));
+    } while (row.skipBlankLines && IsBlank(row.line));
     row.place = IsHeaderLine(row.line) ? RowReader::Place::kHeader : RowReader::Place::kRow;
 }
 
-bool TakeNumber(RowReader& row, double& value) {
+bool ReadNumber(RowReader& row, double& value) {
     ParseLine(row);
     if (row.next > row.row.count) return false;
     value = row.row.values(row.next++);
@@ -186,17 +186,17 @@ int NumbersLeft(RowReader& row) {
 
 void Value(RowReader& row, float& value) {
     double number = 0;
-    if (TakeNumber(row, number)) value = HeldSingle(number);
+    if (ReadNumber(row, number)) value = ClampToSingle(number);
 }
 
 void Value(RowReader& row, int16_t& value) {
     double number = 0;
-    if (TakeNumber(row, number)) value = HeldInt16(number);
+    if (ReadNumber(row, number)) value = ClampToInt16(number);
 }
 
 void Value(RowReader& row, int32_t& value) {
     double number = 0;
-    if (TakeNumber(row, number)) value = HeldInt32(number);
+    if (ReadNumber(row, number)) value = ClampToInt32(number);
 }
 
 void Value(RowReader& row, General field) {
@@ -209,12 +209,12 @@ void Value(RowReader& row, Magnitude field) {
 
 void Value(RowReader& row, Flag field) {
     double number = 0;
-    if (TakeNumber(row, number)) field.value = static_cast<int16_t>(number != 0 ? -1 : 0);
+    if (ReadNumber(row, number)) field.value = static_cast<int16_t>(number != 0 ? -1 : 0);
 }
 
 void Value(RowReader& row, PlusMinusFlag field) {
     double number = 0;
-    if (TakeNumber(row, number)) field.value = static_cast<int16_t>(number > 0 ? -1 : 0);
+    if (ReadNumber(row, number)) field.value = static_cast<int16_t>(number > 0 ? -1 : 0);
 }
 
 // The name ends at the first tab, or where its columns do.

@@ -1,4 +1,4 @@
-// The rows of a model block, for writing and for reading alike. The lines of a table are declared
+// The rows of a model block, for the writer and the reader alike. The lines of a table are declared
 // once, as a procedure over a Row, which is a RowWriter or a RowReader:
 //
 //     template <class Row>
@@ -7,8 +7,10 @@
 //         EndLine(row);
 //     }
 //
-// A writer puts the fields into the file, a tab between them; a reader takes them from it, and a
-// field that its line does not have keeps its value.
+// A writer writes the fields, a tab between them; a reader reads them, and a field that its line
+// does not have keeps its value. So every procedure here exists twice, for a RowWriter and for a
+// RowReader, and a table is declared once. No failure is reported here: the file's `error` keeps
+// it.
 #pragma once
 
 #include <array>
@@ -16,7 +18,7 @@
 #include <string>
 #include <string_view>
 
-#include "database/database_file.h"
+#include "database/scanning.h"
 #include "files/text_file.h"
 #include "text/array.h"
 #include "text/numbers.h"
@@ -25,15 +27,15 @@ namespace corvane {
 
 // Rows of a table, items of a panel, nodes of a compartment: counted with 16 bits.
 inline constexpr int kMostItems = INT16_MAX;
-int16_t HeldCount(size_t count);
-// A number of a file as an integer: rounded to the nearest, held to the range of the type.
-int16_t HeldInt16(double value);
-int32_t HeldInt32(double value);
-// Held to the range of singles.
-float HeldSingle(double value);
+int16_t ClampToCount(size_t count);
+// A number of a file as an integer: rounded to the nearest, clamped to the range of the type.
+int16_t ClampToInt16(double value);
+int32_t ClampToInt32(double value);
+// Clamped to the range of singles.
+float ClampToSingle(double value);
 
 // ---- Fields ------------------------------------------------------------------------------------
-// A float, int16_t or int32_t by itself stands in print form.
+// How a field is written (text/numbers.h). A float, int16_t or int32_t by itself is in print form.
 
 struct General {  // in general form, as text
     float& value;
@@ -44,7 +46,7 @@ struct Magnitude {  // in general form, without its sign
 struct Flag {  // -1 true, 0 false
     int16_t& value;
 };
-struct PaddedName {  // padded with blanks to 40 characters
+struct PaddedName {  // padded with blanks to 40 characters, cut when it is longer
     std::wstring& text;
 };
 inline constexpr size_t kNameWidth = 40;
@@ -54,6 +56,8 @@ struct PlusMinusFlag {  // 1 true, -1 false
 
 // ---- Writing -----------------------------------------------------------------------------------
 
+// One block that is being written. A row collects in `text` and goes to the writer at its end, so
+// that a field costs no call of the writer.
 struct RowWriter {
     TextWriter& writer;
     StructuralLines lines = FetchStructuralLines();
@@ -73,6 +77,7 @@ void Value(RowWriter& row, Flag field);
 void Value(RowWriter& row, PaddedName field);
 void Value(RowWriter& row, PlusMinusFlag field);
 
+// The line's end, CR LF. The next field is the first of its line.
 void EndLine(RowWriter& row);
 // A tab at the end of a line.
 void ClosingTab(RowWriter& row);
@@ -80,9 +85,11 @@ void ClosingTab(RowWriter& row);
 void ClosingRule(RowWriter& row);
 // Nothing between the field before and the next one.
 void Abut(RowWriter& row);
+// Whole lines; between rows only.
 void CommentRule(RowWriter& row);
 void EmptyLine(RowWriter& row);
 // A whole line of text. Characters that would make another kind of line of it are replaced.
+// A std::wstring is converted to the ANSI code page; a std::string is ANSI already.
 void TextLine(RowWriter& row, const std::wstring& text);
 void TextLine(RowWriter& row, const std::string& text);
 // Whether fields that not every row has are there.
@@ -92,18 +99,19 @@ inline bool HasFields(RowWriter&, bool present, int) {
 
 // ---- Reading -----------------------------------------------------------------------------------
 
-// The lines of one block, table by table. A reader stands on a line of data, or on the header line
-// or the end of the block that follows the last one; comment lines are passed over.
+// The lines of one block, table by table. A reader is at a line of data, or at the header line or
+// the end of the block that follows the last one; comment lines are skipped. The numbers of a line
+// are parsed when the first of them is asked for, so that a line that nobody reads costs nothing.
 struct RowReader {
     enum class Place { kRow, kHeader, kEnd };
 
     TextReader& reader;
-    std::string modelMarker;
-    bool passBlankLines = false;
+    std::string modelMarker;  // of the next block, which ends this one
+    bool skipBlankLines = false;
     Place place = Place::kEnd;
     std::string_view line;  // what is left of it, as long as it is text
-    bool parsed = false;
-    int next = 1;  // place in `row` of the next field
+    bool parsed = false;    // `row` has the line's numbers
+    int next = 1;           // index in `row` of the next field
     ValueRow row;
 
     explicit RowReader(TextReader& file);
@@ -116,8 +124,8 @@ bool IsBlank(std::string_view line);
 // Goes to the next line whatever it is.
 void LoadLine(RowReader& row);
 
-// The next number of the line; false when it has no more.
-bool TakeNumber(RowReader& row, double& value);
+// The next number of the line; false, and `value` untouched, when it has no more.
+bool ReadNumber(RowReader& row, double& value);
 int NumbersLeft(RowReader& row);
 
 void Value(RowReader& row, float& value);
@@ -129,13 +137,15 @@ void Value(RowReader& row, Flag field);
 void Value(RowReader& row, PaddedName field);
 void Value(RowReader& row, PlusMinusFlag field);
 
-// Goes to the next line unless this one is none of data.
+// Goes to the next line unless this one is not a line of data: a table never swallows the header
+// line after it.
 void EndLine(RowReader& row);
+// What only a writer has.
 inline void ClosingTab(RowReader&) {}
 inline void ClosingRule(RowReader&) {}
 inline void Abut(RowReader&) {}
 inline void CommentRule(RowReader&) {}
-// Passes over blank lines.
+// Skips blank lines, however many there are.
 void EmptyLine(RowReader& row);
 void TextLine(RowReader& row, std::wstring& text);
 void TextLine(RowReader& row, std::string& text);
@@ -145,6 +155,7 @@ inline bool HasFields(RowReader& row, bool, int numbers) {
 
 // ---- Both --------------------------------------------------------------------------------------
 
+// A list has as many columns as elements.
 template <class Row, class T, int first, int last>
 void Value(Row& row, Array<T, first, last>& array) {
     for (T& element : array.elements) Value(row, element);
@@ -154,6 +165,7 @@ void GeneralValues(Row& row, Array<float, first, last>& array) {
     for (float& element : array.elements) Value(row, General{element});
 }
 
+// Several columns, in this order.
 template <class Row, class... Fields>
 void Values(Row& row, Fields&&... fields) {
     (Value(row, fields), ...);

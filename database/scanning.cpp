@@ -1,5 +1,5 @@
-// Recognising a database and finding the blocks in it.
-#include "database/database_file.h"
+#include "database/scanning.h"
+
 #include "report/reporters.h"
 #include "text/numbers.h"
 #include "text/text.h"
@@ -8,7 +8,7 @@ namespace corvane {
 namespace {
 
 // From a place before the marker at `marker` to the comment lines directly in front of it.
-void StandBeforeMarker(TextReader& reader, int64_t from, int64_t marker) {
+void SeekBeforeMarker(TextReader& reader, int64_t from, int64_t marker) {
     SeekLine(reader, from);
     std::string_view line;
     int64_t place = from;
@@ -71,7 +71,7 @@ bool FindModel(TextReader& reader, int32_t number, std::string& keyword) {
             if (!ReadBlockLine(reader, marker, line)) line = {};
             if (keyword.empty() || keyword == line) {
                 keyword = line;
-                StandBeforeMarker(reader, from, place);
+                SeekBeforeMarker(reader, from, place);
                 return true;
             }
         }

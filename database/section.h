@@ -1,12 +1,17 @@
 // One transverse section of the hull, as a SECTION block of the database holds it.
-// docs/section-block.md tells table by table what each column is and how it is written.
+// docs/section-block.md says table by table what each column is and how it is written; the lines
+// are declared in database/section_lines.h.
 //
 // A panel is a strake of the section: its line through the nodes, its plates, its stiffeners. The
 // nodes and stiffeners that the geometry library works on are the library's own records
-// (platform/grvelk.h); LibraryView hands them over in place.
+// (platform/grvelk.h); database/section_view.h hands them over in place.
 //
-// Numbers are those of the file, in file order. Integers of 16 bits are int16_t, of 32 bits
-// int32_t; a boolean is -1 or 0. Lengths are in m, scantlings in mm, angles in degrees.
+// Numbers are those of the file, in file order, and none is checked: a number that the editor of
+// the suite would refuse is kept. Fields without a comment have a meaning for the suite's programs
+// only. Integers of 16 bits are int16_t, of 32 bits int32_t; a boolean is -1 or 0. Lengths are in
+// m, scantlings in mm, angles in degrees. The defaults are those of a field that a block lacks.
+//
+// A list has at most 32,767 items (kMostItems): its items are numbered with 16 bits, from 1.
 #pragma once
 
 #include <cstdint>
@@ -42,7 +47,7 @@ struct Plate {
 
 // Table 11: stresses at the nine points of a span where fatigue is checked.
 struct FatigueTable {
-    bool present = false;
+    bool present = false;  // whether the block has rows for it
     float length_m = 0;
     int16_t detail = 0;
     int32_t weld = 0;
@@ -53,6 +58,7 @@ struct FatigueTable {
     bool operator==(const FatigueTable&) const = default;
 };
 
+// The end bracket of a span, in the columns that only a span with a bracket has.
 struct SpanBracket {
     bool present = false;
     int32_t kind = 0;
@@ -89,7 +95,7 @@ struct StiffenerDetail {
 
 // Table 8: a primary bracket or web between a node of the panel and another one.
 struct PrimaryBracket {
-    int16_t item = 0;
+    int16_t item = 0;  // its own number
     NodeReference from{};
     NodeReference to{};
     int16_t aftFrame = 0;
@@ -106,11 +112,11 @@ struct PrimaryBracket {
 
 // Table 9: an opening in the panel's plating.
 struct Opening {
-    int16_t item = 0;
-    NodeReference at{};
+    int16_t item = 0;    // its own number
+    NodeReference at{};  // where it is in the section
     int16_t shape = 0;
     int16_t count = 0;
-    int16_t reinforced = 0;
+    int16_t reinforced = 0;  // boolean
     int16_t aftFrame = 0;
     int16_t foreFrame = 0;
     float length_m = 0;
@@ -119,14 +125,14 @@ struct Opening {
 
 // Table 10: a pillar or cross tie from the panel to another one. Two lines.
 struct Pillar {
-    int16_t item = 0;
-    NodeReference to{};
+    int16_t item = 0;    // its own number
+    NodeReference to{};  // its other end
     int16_t count = 0;
     int32_t kind = 0;
     float length_m = 0;
-    float offset_m = 0;
+    float offset_m = 0;  // abscissa on the panel
     int16_t material = 0;
-    int32_t profile = kProfileFlat;
+    int32_t profile = kProfileFlat;  // kProfile...
     float area_cm2 = 0;
     int16_t lowerConnection = 0;
     int32_t upperConnection = 0;
@@ -156,6 +162,7 @@ struct Panel {
     std::vector<float> plateEnds;
 };
 
+// A filling level of a tank, and the free surface there.
 struct FillingLevel {
     float level_m = 0;
     float surfaceLength_m = 0;
@@ -186,17 +193,18 @@ struct Compartment {
     float centreZ_m = 0;
 };
 
+// The whole block. A new record is an empty section.
 struct SectionModel {
     std::wstring name;
-    std::string identifier;
+    std::string identifier;    // unique among all models; a writer makes one where it is empty
     double formatVersion = 0;  // of the block that was read
 
     // The head's lines, in order.
-    float x_m = 0;
+    float x_m = 0;  // position along the ship
     float breadth_m = 0;
     float depth_m = 0;
     float draught_m = 0;
-    int16_t shipType = 0;
+    int16_t shipType = 0;  // the three codes as in the Basic Ship Data
     int16_t classCode = 0;
     int16_t navigationCode = 0;
     float frameSpacing_m = 0;
@@ -211,9 +219,9 @@ struct SectionModel {
     float sideSlope_deg = 0;
     int32_t stressRule = 0;
     int32_t bucklingRule = 0;
-    int32_t momentsAbsent = 0;  // boolean
-    int16_t moduliAbsent = 0;   // boolean
-    float tolerance_m = 0.001f;
+    int32_t momentsAbsent = 0;   // boolean: the moments above are not given
+    int16_t moduliAbsent = 0;    // boolean: the moduli above are not given
+    float tolerance_m = 0.001f;  // points that are nearer than this are the same
     float ballastDraught_m = 0;
     float cargoHeight_m = 0;
     int32_t symmetryMode = 0;  // 0 and 2: one side is drawn; 1: both
@@ -221,7 +229,7 @@ struct SectionModel {
     int16_t corrosionRule = 0;
     float holdLength_m = 0;
     float holdAft_m = 0;
-    // The head's last line.
+    // The head's last line: results, which the shell only keeps.
     float neutralAxis_m = 0;
     float area_m2 = 0;
     float inertiaY_m4 = 0;
@@ -232,14 +240,5 @@ struct SectionModel {
     std::vector<Panel> panels;
     std::vector<Compartment> compartments;
 };
-
-// A section in the library's form: addresses into the model, and the arrays that the model has in
-// another shape. Valid while the model lives and none of its vectors changes.
-struct LibraryView {
-    Section section{};
-    std::vector<Strake> strakes;
-    std::vector<CompartmentOutline> outlines;
-};
-void MakeLibraryView(SectionModel& model, LibraryView& view);
 
 }  // namespace corvane

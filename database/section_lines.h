@@ -1,8 +1,10 @@
 // The lines of a section block, each declared once for the writer and the reader (database/rows.h).
 // The nodes, the scantlings and the compartments are those of a bulkhead arrangement too.
 //
-// What an ItemLines declares is the item's lines from behind the panel's number to the end of the
-// last one.
+// What an ItemLines declares is the item's lines from after the panel's number to the end of the
+// last one. The order of the fields is the order of the columns: a field that moves here moves in
+// every file. The legends over the columns are texts of the catalogue; docs/section-block.md has
+// the table in words.
 #pragma once
 
 #include <algorithm>
@@ -12,12 +14,14 @@
 
 namespace corvane {
 
+// Panel and node, both from 1.
 template <class Row>
 void Value(Row& row, NodeReference& reference) {
     Values(row, reference.strake, reference.node);
 }
 
-// The group typ, h1, e1, h2, e2.
+// The group typ, h1, e1, h2, e2: five columns, the flange last. The gap of a doubled profile is not
+// written.
 template <class Row>
 void Value(Row& row, Scantlings& scantlings) {
     Values(row, scantlings.type, scantlings.webHeight_mm, scantlings.webThickness_mm,
@@ -26,13 +30,14 @@ void Value(Row& row, Scantlings& scantlings) {
 
 // ---- Head --------------------------------------------------------------------------------------
 
-// The lines behind the name.
+// The lines after the name: 14 lines, the last with the results.
 template <class Row>
 void HeadLines(Row& row, SectionModel& section) {
     Values(row, section.x_m, section.breadth_m, section.depth_m, section.draught_m,
            section.shipType, section.classCode, section.navigationCode, section.frameSpacing_m,
            section.webSpacing_m);
     EndLine(row);
+    // Hogging, sagging, harbour.
     for (int k = 1; k <= 3; ++k) {
         Values(row, Magnitude{section.stillWaterMoment_kNm(k)},
                Magnitude{section.waveMoment_kNm(k)}, Magnitude{section.shearForce_kN(k)});
@@ -52,12 +57,14 @@ void HeadLines(Row& row, SectionModel& section) {
     EndLine(row);
     TextLine(row, section.identifier);
     EmptyLine(row);
+    // Two lines of two zeros; what a file has there is not kept.
     int16_t reserved = 0;
     for (int k = 1; k <= 2; ++k) {
         Values(row, reserved, reserved);
         EndLine(row);
     }
     Values(row, section.neutralAxis_m, section.area_m2, section.inertiaY_m4, section.inertiaZ_m4);
+    // From here on the print form's own blanks part the fields.
     for (int16_t& code : section.resultCodes.elements) {
         Abut(row);
         Value(row, code);
@@ -67,21 +74,23 @@ void HeadLines(Row& row, SectionModel& section) {
     EndLine(row);
 }
 
-// ---- Panels and what stands on them ------------------------------------------------------------
+// ---- Panels and their items --------------------------------------------------------------------
 
-// The panel's number and its counts are for the human reader: rows count.
+// Table 1. The panel's number and its counts are for the human reader: a reader counts the rows of
+// the other tables.
 template <class Row>
 void PanelLine(Row& row, Panel& panel, int16_t number) {
-    int16_t nodes = HeldCount(panel.nodes.size());
-    int16_t plates = HeldCount(panel.plates.size());
-    int16_t stiffeners = HeldCount(panel.stiffeners.size());
-    int16_t brackets = HeldCount(panel.brackets.size());
+    int16_t nodes = ClampToCount(panel.nodes.size());
+    int16_t plates = ClampToCount(panel.plates.size());
+    int16_t stiffeners = ClampToCount(panel.stiffeners.size());
+    int16_t brackets = ClampToCount(panel.brackets.size());
     Values(row, PaddedName{panel.name}, panel.spacing_m, panel.span_m, panel.thickness_mm,
            panel.kind, panel.material, number, nodes, plates, stiffeners, brackets);
     EndLine(row);
 }
 
-// The columns that a bulkhead's node has too.
+// The columns that a bulkhead's node has too. The file says whether a node is absolute (1 or 0),
+// the library's record whether it is relative (-1 or 0).
 template <class Row>
 void NodeValues(Row& row, Node& node) {
     int16_t absolute = node.relative == 0 ? 1 : 0;
@@ -91,6 +100,8 @@ void NodeValues(Row& row, Node& node) {
     node.relative = absolute == 0 ? -1 : 0;
 }
 
+// Table 2. Only a node at an intersection has the line that it is on, and the strake that crosses
+// it.
 template <class Row>
 void ItemLines(Row& row, Node& node) {
     NodeValues(row, node);
@@ -101,6 +112,7 @@ void ItemLines(Row& row, Node& node) {
     EndLine(row);
 }
 
+// Table 3. A plate begins where the one before it ends, so only its end is written.
 template <class Row>
 void ItemLines(Row& row, Plate& plate) {
     Values(row, General{plate.end_m}, plate.thickness_mm, plate.material, plate.spacing_m,
@@ -108,7 +120,7 @@ void ItemLines(Row& row, Plate& plate) {
     EndLine(row);
 }
 
-// One stiffener; its spans are a table of their own.
+// Table 4: one stiffener. Its spans are a table of their own, which needs the count of this row.
 struct StiffenerRow {
     Stiffener& stiffener;
     StiffenerDetail& detail;
@@ -121,11 +133,12 @@ void ItemLines(Row& row, StiffenerRow item) {
     int32_t side = stiffener.side;
     Values(row, stiffener.onStrake, stiffener.onNode, stiffener.count, stiffener.offset, side,
            stiffener.spacing, item.spanCount, item.detail.connection, item.detail.mirrored);
-    stiffener.side = HeldInt16(side);
+    stiffener.side = ClampToInt16(side);
     EndLine(row);
 }
 
-// A span with a bracket is told by the length of its line.
+// Table 5. A span has a bracket when its line is long enough for one. Each span ends with an empty
+// line; a reader does without it.
 template <class Row>
 void ItemLines(Row& row, Span& span) {
     Values(row, span.scantlings, General{span.length_m}, span.material, General{span.aftLength_m},
@@ -142,6 +155,7 @@ void ItemLines(Row& row, Span& span) {
     EmptyLine(row);
 }
 
+// Table 11: four lines for one span. The third has the number of stresses, which is always 9.
 template <class Row>
 void ItemLines(Row& row, FatigueTable& fatigue) {
     EndLine(row);  // panel, stiffener, span
@@ -156,6 +170,7 @@ void ItemLines(Row& row, FatigueTable& fatigue) {
     EndLine(row);
 }
 
+// Table 8: four lines and a comment rule for one bracket, two of the lines with a tab at their end.
 template <class Row>
 void ItemLines(Row& row, PrimaryBracket& bracket) {
     Values(row, bracket.item, bracket.from, bracket.to, bracket.aftFrame, bracket.foreFrame,
@@ -172,6 +187,7 @@ void ItemLines(Row& row, PrimaryBracket& bracket) {
     CommentRule(row);
 }
 
+// Table 9.
 template <class Row>
 void ItemLines(Row& row, Opening& opening) {
     Values(row, opening.item, opening.at, opening.shape, opening.count, opening.reinforced,
@@ -179,6 +195,7 @@ void ItemLines(Row& row, Opening& opening) {
     EndLine(row);
 }
 
+// Table 10: two lines for one pillar, the first with its ends, the second with its scantlings.
 template <class Row>
 void ItemLines(Row& row, Pillar& pillar) {
     Values(row, pillar.item, pillar.to, pillar.count, pillar.kind, pillar.length_m);
@@ -191,18 +208,22 @@ void ItemLines(Row& row, Pillar& pillar) {
 
 // ---- Compartments ------------------------------------------------------------------------------
 
-// Behind them stands the pair with node 0 that ends the line.
+// Limits that keep every line within the 400 numbers of a row (text/numbers.h). After an outline's
+// nodes comes the pair with node 0 that ends the line. A writer leaves out what is beyond them.
 inline constexpr size_t kMostOutlineNodes = 199;
 inline constexpr size_t kMostFillingLevels = 133;
 static_assert(2 * (kMostOutlineNodes + 1) <= 400 && 1 + 3 * kMostFillingLevels <= 400,
               "a row has at most 400 numbers");
 
+// The nodes around a compartment. A reader stops at the pair with node 0, or where the line ends.
 void OutlineLine(RowWriter& row, std::vector<NodeReference>& outline);
 void OutlineLine(RowReader& row, std::vector<NodeReference>& outline);
+// The number of levels, then three columns for each. A reader counts the groups of three instead.
 void FillingLevelLine(RowWriter& row, std::vector<FillingLevel>& levels);
 void FillingLevelLine(RowReader& row, std::vector<FillingLevel>& levels);
 
-// The lines between the nodes and the last line.
+// Table 7, the lines between the nodes and the last line: contents, design values, load case,
+// pressures and levels. A hold of a bulkhead arrangement has the same.
 template <class Row>
 void CompartmentValueLines(Row& row, Compartment& compartment) {
     Values(row, compartment.contents, compartment.kind, compartment.symmetric, compartment.hold);
@@ -217,7 +238,7 @@ void CompartmentValueLines(Row& row, Compartment& compartment) {
     FillingLevelLine(row, compartment.levels);
 }
 
-// The lines behind the name.
+// Table 7, the lines after the name.
 template <class Row>
 void CompartmentLines(Row& row, Compartment& compartment) {
     OutlineLine(row, compartment.outline);

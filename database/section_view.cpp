@@ -1,13 +1,14 @@
+#include "database/section_view.h"
+
 #include <algorithm>
 
 #include "database/rows.h"
-#include "database/section.h"
 
 namespace corvane {
 namespace {
 
 // The library's stiffener has a profile of its own: that of the first span.
-void TakeProfiles(Panel& panel) {
+void AdoptProfiles(Panel& panel) {
     const size_t count = std::min(panel.stiffeners.size(), panel.stiffenerDetails.size());
     for (size_t i = 0; i < count; ++i) {
         if (panel.stiffenerDetails[i].spans.empty()) continue;
@@ -22,8 +23,8 @@ void TakeProfiles(Panel& panel) {
 }
 
 Strake StrakeOfPanel(Panel& panel, int16_t number) {
-    TakeProfiles(panel);
-    const int16_t nodeCount = HeldCount(panel.nodes.size());
+    AdoptProfiles(panel);
+    const int16_t nodeCount = ClampToCount(panel.nodes.size());
     const int16_t itemCount = static_cast<int16_t>(std::max(nodeCount - 1, 0));
     panel.items.resize(static_cast<size_t>(itemCount));
     panel.plateEnds.clear();
@@ -36,8 +37,8 @@ Strake StrakeOfPanel(Panel& panel, int16_t number) {
     strake.number = number;
     strake.nodeCount = nodeCount;
     strake.itemCount = itemCount;
-    strake.stiffenerCount = HeldCount(panel.stiffeners.size());
-    strake.plateCount = HeldCount(panel.plates.size());
+    strake.stiffenerCount = ClampToCount(panel.stiffeners.size());
+    strake.plateCount = ClampToCount(panel.plates.size());
     strake.nodes = panel.nodes.data();
     strake.items = panel.items.data();
     strake.stiffeners = panel.stiffeners.data();
@@ -47,7 +48,7 @@ Strake StrakeOfPanel(Panel& panel, int16_t number) {
 
 CompartmentOutline OutlineOf(const Compartment& compartment) {
     CompartmentOutline outline{};
-    outline.nodeCount = HeldCount(compartment.outline.size());
+    outline.nodeCount = ClampToCount(compartment.outline.size());
     outline.nodes = compartment.outline.data();
     return outline;
 }
@@ -58,7 +59,7 @@ void MakeLibraryView(SectionModel& model, LibraryView& view) {
     view.strakes.clear();
     view.outlines.clear();
     view.section = {};
-    const int16_t panels = HeldCount(model.panels.size());
+    const int16_t panels = ClampToCount(model.panels.size());
     for (int16_t i = 0; i < panels; ++i) {
         view.strakes.push_back(StrakeOfPanel(model.panels[i], static_cast<int16_t>(i + 1)));
         if (view.strakes.back().itemCount > 0) view.section.geometryPresent = -1;
@@ -67,8 +68,8 @@ void MakeLibraryView(SectionModel& model, LibraryView& view) {
         view.outlines.push_back(OutlineOf(compartment));
     }
     view.section.strakeCount = panels;
-    view.section.compartmentCount = HeldCount(model.compartments.size());
-    view.section.symmetryMode = HeldInt16(model.symmetryMode);
+    view.section.compartmentCount = ClampToCount(model.compartments.size());
+    view.section.symmetryMode = ClampToInt16(model.symmetryMode);
     view.section.tolerance = model.tolerance_m;
     view.section.strakes = view.strakes.data();
     view.section.compartments = view.outlines.data();

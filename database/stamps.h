@@ -1,4 +1,5 @@
-// Stamp lines: comment lines that tell who wrote a file head or a block, when, and in which layout.
+// Stamp lines: comment lines that say who wrote a file head or a block, when, and in which layout.
+// Readers skip them as they skip every comment.
 #pragma once
 
 #include <string>
@@ -7,7 +8,7 @@
 
 namespace corvane {
 
-// What the stamps tell; gathered once per file written.
+// What the stamps say; gathered once per file written.
 struct Stamp {
     std::wstring firstIdentification;  // from the settings file, trimmed
     std::wstring secondIdentification;
@@ -17,6 +18,7 @@ struct Stamp {
 };
 Stamp CurrentStamp();
 
+// Three lines, and a fourth where there is a user's name.
 void WriteStampLines(TextWriter& writer, const Stamp& stamp, float formatVersion);
 
 }  // namespace corvane

@@ -19,7 +19,7 @@ using TableIndex = ptrdiff_t;
 // Goes to the next header line that is a table's label, from the line that is loaded on; -1 at the
 // block's end.
 TableIndex NextTable(RowReader& row, const std::vector<BlockTable>& tables) {
-    row.passBlankLines = false;
+    row.skipBlankLines = false;
     for (; row.place != RowReader::Place::kEnd; LoadLine(row)) {
         if (AtRow(row)) continue;
         const auto found = std::ranges::find(tables, Trim(row.line), &BlockTable::label);
@@ -30,7 +30,7 @@ TableIndex NextTable(RowReader& row, const std::vector<BlockTable>& tables) {
 
 // From a label line.
 void ReadTable(RowReader& row, const BlockTable& table) {
-    row.passBlankLines = !table.hasEmptyRows;
+    row.skipBlankLines = !table.hasEmptyRows;
     LoadLine(row);
     table.read(row);
 }
@@ -121,10 +121,10 @@ void ReadBlockHead(RowReader& row, double& formatVersion) {
     EndLine(row);
 }
 
-size_t TakeIndex(RowReader& row, size_t size) {
+size_t ReadIndex(RowReader& row, size_t size) {
     double number = 0;
-    if (!TakeNumber(row, number)) return size;
-    const int32_t held = HeldInt32(number);
+    if (!ReadNumber(row, number)) return size;
+    const int32_t held = ClampToInt32(number);
     return held >= 1 && static_cast<size_t>(held) <= size ? static_cast<size_t>(held) - 1 : size;
 }
 

@@ -1,6 +1,9 @@
 // What sections and bulkhead arrangements have in common beyond single lines (database/rows.h):
 // legends, tables that a label line opens, items of panels or bulkheads. An owner is a panel or a
 // bulkhead; owners are numbered from 1, and each row of an item begins with its owner's number.
+//
+// A reader accepts tables in any order and rows of owners that do not exist; a writer writes them
+// in the order of the layout. Neither reports anything: a damaged block gives what could be read.
 #pragma once
 
 #include <algorithm>
@@ -19,7 +22,7 @@ namespace corvane {
 
 // ---- Writing -----------------------------------------------------------------------------------
 
-// A comment rule and the text behind it. `text` is in the ANSI code page.
+// A comment rule and the text after it. `text` is in the ANSI code page.
 void Legend(RowWriter& row, std::string_view text);
 void Legends(RowWriter& row, std::initializer_list<MessageNumber> legends);
 // Legend of a table whose first column is a padded name.
@@ -27,23 +30,24 @@ void NameLegend(RowWriter& row, std::string_view otherColumns);
 
 // The comment rule, the label and the legends.
 void OpenTable(RowWriter& row, MessageNumber label, std::initializer_list<MessageNumber> legends);
-// The table before the compartments, fixed by the layout: what the compartments have counts.
+// The table before the compartments: a number that the layout fixes, whatever they have.
 void WriteCompartmentSize(RowWriter& row);
 // Label and legends of the compartments.
 void CompartmentLegends(RowWriter& row);
 
-// A new unique identifier.
+// A new unique identifier, from the utility library.
 std::string NewIdentifier();
 
+// Whether any owner has an item in this list: a table without rows is left out.
 template <class Owner, class Item>
-bool HasItems(const std::vector<Owner>& owners, std::vector<Item> Owner::*items) {
+bool HasItems(const std::vector<Owner>& owners, std::vector<Item> Owner::* items) {
     return std::ranges::any_of(owners,
                                [items](const Owner& owner) { return !(owner.*items).empty(); });
 }
 
-// What is done for every item of every owner gets the owner's number.
+// Calls action(owner's number, item) for every item of every owner, in their order.
 template <class Owner, class Item, class Action>
-void ForEachItem(std::vector<Owner>& owners, std::vector<Item> Owner::*items, Action action) {
+void ForEachItem(std::vector<Owner>& owners, std::vector<Item> Owner::* items, Action action) {
     int16_t number = 0;
     for (Owner& owner : owners) {
         ++number;
@@ -51,8 +55,9 @@ void ForEachItem(std::vector<Owner>& owners, std::vector<Item> Owner::*items, Ac
     }
 }
 
+// A table's rows.
 template <class Owner, class Item>
-void WriteItems(RowWriter& row, std::vector<Owner>& owners, std::vector<Item> Owner::*items) {
+void WriteItems(RowWriter& row, std::vector<Owner>& owners, std::vector<Item> Owner::* items) {
     ForEachItem(owners, items, [&row](int16_t number, Item& item) {
         Value(row, number);
         ItemLines(row, item);
@@ -61,10 +66,11 @@ void WriteItems(RowWriter& row, std::vector<Owner>& owners, std::vector<Item> Ow
 
 // ---- Reading -----------------------------------------------------------------------------------
 
-// From the block's marker to the line behind the name label, which is then loaded; to the first
-// table, when the block has lost its name label.
+// From the block's marker to the line after the name label, which is then loaded; to the first
+// table, when the block has lost its name label. `formatVersion` stays when the block has none.
 void ReadBlockHead(RowReader& row, double& formatVersion);
 
+// An item as it is before its row is read. A node's kind 0 does not exist: it is given by default.
 template <class Item>
 Item NewItem() {
     return Item{};
@@ -82,42 +88,43 @@ void Keep(std::vector<Item>& items, Item item) {
     if (items.size() < kMostItems) items.push_back(std::move(item));
 }
 
-// The place of the number that comes next in a list of items numbered from 1; the size of the list
+// The index, from 0, of the item whose number, from 1, comes next in the row; the size of the list
 // when there is no such item.
-size_t TakeIndex(RowReader& row, size_t size);
+size_t ReadIndex(RowReader& row, size_t size);
 
 // Rows of owners that do not exist are left out.
 template <class Owner, class Item>
-void ReadItems(RowReader& row, std::vector<Owner>& owners, std::vector<Item> Owner::*items) {
+void ReadItems(RowReader& row, std::vector<Owner>& owners, std::vector<Item> Owner::* items) {
     while (AtRow(row)) {
-        const size_t owner = TakeIndex(row, owners.size());
+        const size_t owner = ReadIndex(row, owners.size());
         auto item = NewItem<Item>();
         ItemLines(row, item);
         if (owner < owners.size()) Keep(owners[owner].*items, std::move(item));
     }
 }
 
+// One table that a reader knows.
 struct BlockTable {
-    std::string label;
-    std::function<void(RowReader&)> read;
-    bool hasEmptyRows = false;  // an empty line can be a name
+    std::string label;                     // its label line, trimmed
+    std::function<void(RowReader&)> read;  // called at its first row, reads to the next header line
+    bool hasEmptyRows = false;             // an empty line can be a name
 };
 
-// Reads the tables of a block, from the line that is loaded on to the block's end. A table is told
-// by its label and ends at the next header line; tables may be missing, stand in any order, or be
-// unknown. `tables` has them in an order in which each finds what its rows belong to: where the
-// file has another one, `reset` takes back what was read, and they are read again in this order.
+// Reads the tables of a block, from the line that is loaded to the block's end. A table is known by
+// its label and ends at the next header line; tables may be missing, in any order, or unknown.
+// `tables` has them in an order in which each finds what its rows belong to: where the file has
+// another order, `reset` removes what was read, and they are read again in this one.
 void ReadTables(RowReader& row, const std::vector<BlockTable>& tables,
                 const std::function<void()>& reset);
 
-// The names of compartments or holds, and the lines behind each.
+// The names of compartments or holds, and the lines after each.
 template <class Compartment>
 void ReadCompartments(RowReader& row, std::vector<Compartment>& compartments,
                       void (*lines)(RowReader&, Compartment&)) {
     while (AtRow(row)) {
         Compartment compartment;
         TextLine(row, compartment.name);
-        // A nameless compartment still has its lines; blank lines alone are none.
+        // A nameless compartment still has its lines; blank lines alone are not a compartment.
         if (compartment.name.empty() && (!AtRow(row) || IsBlank(row.line))) continue;
         lines(row, compartment);
         Keep(compartments, std::move(compartment));

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "database/section.h"
+#include "database/section_view.h"
 
 namespace corvane::drafting {
 

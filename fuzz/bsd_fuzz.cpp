@@ -7,8 +7,8 @@
 #include <cstdlib>
 #include <vector>
 
-#include "bsd/bsd_file.h"
 #include "bsd/bsd_layout.h"
+#include "bsd/bsd_records.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 // reads back as itself.
 #include "fuzz/fuzz.h"
 
-#include "database/bulkhead_file.h"
+#include "database/bulkhead_block.h"
 #include "fuzz/block_text.h"
 
 namespace {

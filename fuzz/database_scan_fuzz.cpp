@@ -7,7 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "database/database_file.h"
+#include "database/copying.h"
+#include "database/listing.h"
+#include "database/scanning.h"
 #include "files/file_system.h"
 #include "fuzz/fuzz.h"
 #include "text/numbers.h"

@@ -9,7 +9,8 @@
 #include <memory>
 #include <string>
 
-#include "legacy/section_record.h"
+#include "legacy/section_from_legacy.h"
+#include "legacy/section_to_legacy.h"
 #include "platform/system.h"
 
 namespace corvane {

@@ -2,7 +2,8 @@
 // itself.
 #include "fuzz/fuzz.h"
 
-#include "database/section_file.h"
+#include "database/section_block.h"
+#include "database/section_view.h"
 #include "fuzz/block_text.h"
 
 namespace {

@@ -1,10 +1,11 @@
-// The absolute geometry of a whole section, step by step through the geometry library.
+#include "legacy/absolute_geometry.h"
+
 #include <cmath>
 #include <string>
 #include <vector>
 
 #include "legacy/geometry.h"
-#include "legacy/section_records.h"
+#include "legacy/strake_access.h"
 #include "platform/ztutil32.h"
 #include "report/reporters.h"
 

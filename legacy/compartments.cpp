@@ -4,8 +4,9 @@
 #include <cmath>
 
 #include "legacy/fields.h"
-#include "legacy/from_legacy.h"
-#include "legacy/section_records.h"
+#include "legacy/legacy_tables.h"
+#include "legacy/strake_access.h"
+#include "legacy/strakes_from_legacy.h"
 #include "report/reporters.h"
 
 namespace corvane {
@@ -69,16 +70,16 @@ void ComputeCompartment(const Section& section, Compartment& compartment) {
         moment.z += part * (a.z + b.z) / 3;
     }
     const bool flat = area == 0 || !std::isfinite(area);
-    compartment.area_m2 = flat ? 0 : HeldSingle(std::abs(area));
-    compartment.centreY_m = flat ? 0 : HeldSingle(moment.y / area);
-    compartment.centreZ_m = flat ? 0 : HeldSingle(moment.z / area);
+    compartment.area_m2 = flat ? 0 : ClampToSingle(std::abs(area));
+    compartment.centreY_m = flat ? 0 : ClampToSingle(moment.y / area);
+    compartment.centreZ_m = flat ? 0 : ClampToSingle(moment.z / area);
 }
 
 CompartmentList ListCompartments(const LegacyExport& work) {
     CompartmentList list;
     for (Compartment& compartment : work.section.compartments) {
         LegacyCompartment entry = ListCompartment(work.geometry, compartment);
-        entry.levelCount = HeldCount(compartment.levels.size());
+        entry.levelCount = ClampToCount(compartment.levels.size());
         list.compartments.push_back(entry);
         for (FillingLevel& level : compartment.levels) {
             CopyLevel(ToLegacy(), level, list.levels.emplace_back());

@@ -1,9 +1,11 @@
-// The compartments of a section in the legacy form, and back.
+// The compartments of a section in the legacy form, and back. The legacy form has a compartment in
+// two blocks: outline, levels and codes in the geometry block, name and loads in a block of their
+// own. What has no room is reported and left out.
 #pragma once
 
 #include <vector>
 
-#include "legacy/to_legacy.h"
+#include "legacy/strakes_to_legacy.h"
 
 namespace corvane {
 
@@ -11,8 +13,8 @@ namespace corvane {
 // Stored into the compartment.
 void ComputeCompartment(const Section& section, Compartment& compartment);
 
-// What the geometry block gets of each compartment; made before that block is filled, written into
-// it at the end.
+// What the geometry block has of each compartment; made before that block is filled, written into
+// it at the end: only then the nodes have their numbers.
 struct CompartmentList {
     std::vector<LegacyCompartment> compartments;
     std::vector<LegacyLevel> levels;
@@ -24,10 +26,11 @@ void FillCompLoad(const LegacyExport& work);
 // The list, as far as there is room.
 void FillCompartments(const LegacyExport& work, const CompartmentList& list);
 
-// The nodes of the legacy numbering, in its order: where each of them stands.
+// The nodes of the legacy numbering, in its order, by strake and node.
 using NodeNumbering = std::vector<NodeReference>;
 NodeNumbering NumberNodes(const LegacyGeometry& legacy);
 
+// Adds the compartments; outline nodes that do not exist are left out.
 void ReadCompartments(const LegacySectionRecord& record, SectionModel& section);
 
 }  // namespace corvane

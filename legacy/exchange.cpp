@@ -8,9 +8,11 @@
 
 #include "bsd/bsd_file.h"
 #include "bsd/legacy_form.h"
-#include "database/section_file.h"
+#include "database/scanning.h"
+#include "database/section_block.h"
 #include "files/file_system.h"
-#include "legacy/section_record.h"
+#include "legacy/section_from_legacy.h"
+#include "legacy/section_to_legacy.h"
 #include "platform/system.h"
 #include "platform/ztvelk32.h"
 #include "report/reporters.h"

@@ -1,5 +1,5 @@
 // The exchange with a legacy database: whole conversations with the legacy library. The library
-// does all work on the file; what it tells by a status other than 0 is reported, and ends the
+// does all work on the file; a status other than 0 is reported, and ends the
 // conversation. What it had written by then stays in the file.
 #pragma once
 
@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "bsd/basic_ship_data.h"
-#include "database/database_file.h"
+#include "database/listing.h"
 #include "database/section.h"
 
 namespace corvane {
@@ -33,20 +33,20 @@ struct LegacySlot {
 
 // Writes the section into a slot of an existing legacy database. The section gets the defaults that
 // it lacks (with message 1074 when breadth or draught is one of them) and its geometry computed.
-// False when the library told a failure.
+// False when the library reports a failure.
 bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShipData& bsd);
 
-// Makes a new legacy database at `target`, in the place of any file there, of all sections of the
-// model database `source`, in file order; one that can't be read is reported and left out. Nothing
-// happens when `source` is no model database. False then, and when the library told a failure.
-// `told` is the name that messages have for the target, where that is to be put elsewhere.
+// Makes a new legacy database at `target`, instead of any file there, of all sections of the
+// model database `source`, in file order; one that cannot be read is reported and left out. Nothing
+// happens when `source` is not a model database. False then, and when the library reports a
+// failure. `told` is the name that messages have for the target, where that is to be put elsewhere.
 bool ExportDatabase(const std::wstring& source, const std::wstring& target,
                     const std::wstring& told = {});
 
 // ---- Import ------------------------------------------------------------------------------------
 
-// Reads section `number`, from 1. A missing file is reported (1020): false then. That the library
-// failed to read the section can't be told; it is empty then.
+// Reads section `number`, from 1. A missing file is reported (1020): false then. A section that
+// the library fails to read cannot be recognised as such; it is empty then.
 bool ImportSection(const std::wstring& path, int16_t number, SectionModel& section);
 
 // The names of the database's sections, at most 20; x is -1. `status` is the library's: the list

@@ -1,5 +1,9 @@
 // The fields that the section and the legacy form hold alike, each pair declared once for both
-// directions. Copy is ToLegacy or FromLegacy; a procedure copies one record's fields.
+// directions. Copy is ToLegacy or FromLegacy; a procedure copies one record's fields, ours first.
+//
+// What the two forms hold in different ways (texts, node kinds, coordinates, profiles, abscissas)
+// is not here: the sources named beside each part convert it. docs/legacy-form.md has the tables in
+// words. Units are the same in both forms; where the legacy name has no unit it is the metre.
 #pragma once
 
 #include <cstddef>
@@ -10,11 +14,12 @@
 
 namespace corvane {
 
-// An integer that is too large for the legacy form becomes the largest that it has.
+// The legacy form has integers of 16 bits only: one of ours that is too large becomes the largest
+// that it has. Every number of the legacy form fits into ours.
 struct ToLegacy {
     void operator()(float& ours, float& legacy) const { legacy = ours; }
     void operator()(int16_t& ours, int16_t& legacy) const { legacy = ours; }
-    void operator()(int32_t& ours, int16_t& legacy) const { legacy = HeldInt16(ours); }
+    void operator()(int32_t& ours, int16_t& legacy) const { legacy = ClampToInt16(ours); }
 };
 
 struct FromLegacy {
@@ -23,12 +28,14 @@ struct FromLegacy {
     void operator()(int32_t& ours, int16_t& legacy) const { ours = legacy; }
 };
 
+// Lists of the same length; ours counts from 1.
 template <class Copy, class T, int last, size_t size>
 void CopyList(Copy copy, Array<T, 1, last>& ours, T (&legacy)[size]) {
     static_assert(last == size);
     for (int i = 1; i <= last; ++i) copy(ours(i), legacy[i - 1]);
 }
 
+// The legacy form has the two numbers of a reference as two fields.
 template <class Copy>
 void CopyReference(Copy copy, NodeReference& ours, int16_t& strake, int16_t& node) {
     copy(ours.strake, strake);
@@ -37,7 +44,8 @@ void CopyReference(Copy copy, NodeReference& ours, int16_t& strake, int16_t& nod
 
 // ---- Head --------------------------------------------------------------------------------------
 
-// Without the moduli, which are not always there.
+// The main block, without the name, and without the moduli, which are not always there
+// (legacy/section_to_legacy.cpp, legacy/section_from_legacy.cpp).
 template <class Copy>
 void CopyMainFields(Copy copy, SectionModel& ours, LegacyMainSection& legacy) {
     copy(ours.x_m, legacy.x_m);
@@ -53,6 +61,7 @@ void CopyMainFields(Copy copy, SectionModel& ours, LegacyMainSection& legacy) {
     CopyList(copy, ours.waveMoment_kNm, legacy.waveMoment_kNm);
 }
 
+// What the main block has no room for; it is in the geometry block.
 template <class Copy>
 void CopyHeadRest(Copy copy, SectionModel& ours, LegacyHeadRest& legacy) {
     CopyList(copy, ours.shearForce_kN, legacy.shearForce_kN);
@@ -73,7 +82,8 @@ void CopyHeadRest(Copy copy, SectionModel& ours, LegacyHeadRest& legacy) {
 
 // ---- Strakes and nodes -------------------------------------------------------------------------
 
-// `i` from 0. Without name and nodes.
+// A strake is one of our panels. `i` is its index, from 0. Without name and nodes
+// (legacy/strakes_to_legacy.cpp, legacy/strakes_from_legacy.cpp).
 template <class Copy>
 void CopyStrake(Copy copy, Panel& ours, LegacyGeometry& legacy, size_t i) {
     copy(ours.spacing_m, legacy.strakeSpacing[i]);
@@ -83,7 +93,9 @@ void CopyStrake(Copy copy, Panel& ours, LegacyGeometry& legacy, size_t i) {
     copy(ours.material, legacy.strakeMaterial[i]);
 }
 
-// `g` from 0. Without kind, coordinates and the strake that it is defined on.
+// `g` is the node's index, from 0, in the one numbering of the legacy form. Without its kind
+// (legacy/node_kinds.h), its coordinates, and the strake that it is defined on, which loses its
+// sign in the legacy form.
 template <class Copy>
 void CopyNode(Copy copy, Node& ours, LegacyGeometry& legacy, size_t g) {
     copy(ours.onNode, legacy.nodeOnNode[g]);
@@ -93,6 +105,7 @@ void CopyNode(Copy copy, Node& ours, LegacyGeometry& legacy, size_t g) {
     copy(ours.relative, legacy.nodeRelative[g]);
 }
 
+// A node has a curve when the way to the next node is not straight; without the number of the node.
 template <class Copy>
 void CopyCurve(Copy copy, Node& ours, LegacyCurve& legacy) {
     copy(ours.radius, legacy.radius);
@@ -100,14 +113,18 @@ void CopyCurve(Copy copy, Node& ours, LegacyCurve& legacy) {
     copy(ours.tangentZ, legacy.tangentZ);
 }
 
+// A node at an intersection has an extension: the line that it is on, and the strake that crosses
+// it.
 template <class Copy>
 void CopyExtension(Copy copy, Node& ours, LegacyExtension& legacy) {
     copy(ours.extensionStrake, legacy.strake);
     for (int i = 0; i < 5; ++i) copy(ours.extension[i], legacy.line[i]);
 }
 
-// ---- What stands on a strake; without profiles and places --------------------------------------
+// ---- Items of a strake; without profiles and abscissas -----------------------------------------
+// (legacy/items_to_legacy.cpp, legacy/items_from_legacy.cpp)
 
+// The legacy form has each profile once, in a table of its own; the gap of a doubled one is lost.
 template <class Copy>
 void CopyProfile(Copy copy, Scantlings& ours, LegacyProfile& legacy) {
     copy(ours.type, legacy.type);
@@ -219,7 +236,9 @@ void CopyPlate(Copy copy, Plate& ours, LegacyPlate& legacy) {
 }
 
 // ---- Compartments; without names, outlines and levels ------------------------------------------
+// (legacy/compartments.cpp)
 
+// The part that is in the geometry block.
 template <class Copy>
 void CopyCompartment(Copy copy, Compartment& ours, LegacyCompartment& legacy) {
     copy(ours.contents, legacy.contents);
@@ -233,7 +252,7 @@ void CopyCompartment(Copy copy, Compartment& ours, LegacyCompartment& legacy) {
     copy(ours.closing, legacy.closing);
 }
 
-// `i` from 0.
+// The part that is in the block of compartments and loads. `i` is the compartment's index, from 0.
 template <class Copy>
 void CopyLoads(Copy copy, Compartment& ours, LegacyCompLoad& legacy, size_t i) {
     CopyList(copy, ours.designValues, legacy.designValues[i]);
@@ -241,6 +260,7 @@ void CopyLoads(Copy copy, Compartment& ours, LegacyCompLoad& legacy, size_t i) {
     CopyList(copy, ours.wavePressure_kPa, legacy.wavePressure_kPa[i]);
 }
 
+// The levels of all compartments follow one another in one table of the legacy form.
 template <class Copy>
 void CopyLevel(Copy copy, FillingLevel& ours, LegacyLevel& legacy) {
     copy(ours.level_m, legacy.level);

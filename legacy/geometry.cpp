@@ -1,6 +1,6 @@
 #include "legacy/geometry.h"
 
-#include "legacy/section_records.h"
+#include "legacy/strake_access.h"
 #include "platform/ztutil32.h"
 #include "report/reporters.h"
 

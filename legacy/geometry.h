@@ -1,12 +1,12 @@
-// The program's own layer over the geometry library: node references, points and abscissas, and
-// the absolute geometry of a whole section, as it is run before an export and after an import.
+// The program's own layer over the geometry library (platform/grvelk.h): node references, points
+// and abscissas on the library's own record of a section (database/section_view.h).
 //
-// All work on the library's own record of a section (MakeLibraryView). A reference that leads
-// nowhere never reaches the library.
+// Strakes and nodes count from 1; lengths are in m, y and z as everywhere. A reference to what does
+// not exist never reaches the library. The absolute geometry of a whole section is
+// legacy/absolute_geometry.h.
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "platform/grvelk.h"
 
@@ -41,18 +41,5 @@ struct ItemList {
 };
 // Computes the items in order. A code of the library is reported, and the next item follows.
 void ComputeStrakeItems(const ItemList& list, float tolerance, const std::wstring& sectionName);
-
-// A node that lies on a strake which is not its own: there the two strakes meet.
-struct Joint {
-    NodeReference node;
-    int16_t strake;
-    bool operator==(const Joint&) const = default;
-};
-
-// Computes all nodes, strakes and stiffeners of a section, in place, and gives its joints in the
-// order of the nodes. A node is computed after the strake that it is defined on; where strakes wait
-// for one another the library's code says so. What can't be computed is reported once, by the
-// strake where it begins, and the rest goes on.
-std::vector<Joint> ComputeAbsoluteGeometry(Section& section, const std::wstring& sectionName);
 
 }  // namespace corvane

@@ -1,10 +1,12 @@
-// What stands on the strakes of a section, from the legacy form: the six tables behind the nodes.
+#include "legacy/items_from_legacy.h"
+
 #include <cmath>
 #include <vector>
 
 #include "legacy/fields.h"
-#include "legacy/from_legacy.h"
-#include "legacy/section_records.h"
+#include "legacy/legacy_tables.h"
+#include "legacy/strake_access.h"
+#include "legacy/strakes_from_legacy.h"
 #include "report/reporters.h"
 
 namespace corvane {

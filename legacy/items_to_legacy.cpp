@@ -1,10 +1,11 @@
-// What stands on the strakes of a section, in the legacy form: the six tables behind the nodes.
+#include "legacy/items_to_legacy.h"
+
 #include <algorithm>
 
 #include "legacy/fields.h"
 #include "legacy/geometry.h"
-#include "legacy/section_records.h"
-#include "legacy/to_legacy.h"
+#include "legacy/legacy_tables.h"
+#include "legacy/strake_access.h"
 
 namespace corvane {
 namespace {

@@ -1,10 +1,12 @@
-// How a node is defined, in the legacy form: a class and a code.
+// How a node is defined: in the legacy form by a class and a code, with us and the geometry library
+// by one kind (platform/grvelk.h).
 #pragma once
 
-#include "platform/grvelk.h"
+#include <cstdint>
 
 namespace corvane {
 
+// Classes.
 inline constexpr int16_t kByCoordinates = 0;
 inline constexpr int16_t kOnOtherNode = 1;
 inline constexpr int16_t kByIntersection = 2;
@@ -16,35 +18,11 @@ struct LegacyKind {
     int16_t code;
 };
 
-inline bool IsLegacyKind(int32_t kind) {
-    return kind >= kNodeGiven && kind <= kNodeIntersection;
-}
-
-inline LegacyKind LegacyKindOf(int32_t kind) {
-    switch (kind) {
-        case kNodeOnStrake:
-            return {kByCoordinates, kSecondKind};
-        case kNodeOffset:
-            return {kOnOtherNode, 0};
-        case kNodeCoincident:
-            return {kOnOtherNode, kSecondKind};
-        case kNodeIntersection:
-            return {kByIntersection, 0};
-        default:
-            return {kByCoordinates, 0};
-    }
-}
-
-inline int32_t KindOfLegacy(LegacyKind legacy) {
-    const bool second = legacy.code == kSecondKind;
-    switch (legacy.nodeClass) {
-        case kOnOtherNode:
-            return second ? kNodeCoincident : kNodeOffset;
-        case kByIntersection:
-            return kNodeIntersection;
-        default:
-            return second ? kNodeOnStrake : kNodeGiven;
-    }
-}
+// Whether the legacy form has the kind.
+bool IsLegacyKind(int32_t kind);
+// A kind that the legacy form lacks counts as given by coordinates.
+LegacyKind LegacyKindOf(int32_t kind);
+// Any class and code has a kind: those that are unknown count as given by coordinates.
+int32_t KindOfLegacy(LegacyKind legacy);
 
 }  // namespace corvane

@@ -1,11 +1,14 @@
+#include "legacy/section_from_legacy.h"
+
+#include "database/model_kind.h"
+#include "database/section_view.h"
+#include "legacy/absolute_geometry.h"
 #include "legacy/compartments.h"
 #include "legacy/fields.h"
-#include "legacy/from_legacy.h"
-#include "legacy/geometry.h"
-#include "legacy/section_record.h"
-#include "platform/system.h"
+#include "legacy/items_from_legacy.h"
+#include "legacy/legacy_tables.h"
+#include "legacy/strakes_from_legacy.h"
 #include "report/reporters.h"
-#include "text/text.h"
 
 namespace corvane {
 namespace {
@@ -45,10 +48,6 @@ void ReadItems(const LegacyImport& work) {
 }
 
 }  // namespace
-
-std::wstring TextOf(const char* field, size_t size) {
-    return Trim(CutAtNul(system::WideFromAnsi({field, size})));
-}
 
 void FromLegacyRecord(const LegacySectionRecord& record, SectionModel& section) {
     ReportStatus(kMsgConvertingFromLegacy, {TextOf(record.main.name, sizeof(record.main.name))});

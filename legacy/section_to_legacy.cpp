@@ -1,14 +1,16 @@
+#include "legacy/section_to_legacy.h"
+
 #include <algorithm>
 #include <cstring>
 
+#include "database/section_view.h"
+#include "legacy/absolute_geometry.h"
 #include "legacy/compartments.h"
 #include "legacy/fields.h"
-#include "legacy/geometry.h"
-#include "legacy/section_record.h"
-#include "legacy/to_legacy.h"
-#include "platform/system.h"
+#include "legacy/items_to_legacy.h"
+#include "legacy/legacy_tables.h"
+#include "legacy/strakes_to_legacy.h"
 #include "report/reporters.h"
-#include "text/text.h"
 
 namespace corvane {
 namespace {
@@ -33,12 +35,6 @@ void FillGeometry(const LegacyExport& work) {
 }
 
 }  // namespace
-
-void PutText(const std::wstring& text, char* field, size_t size) {
-    const std::string bytes = system::AnsiFromWide(CutAtNul(text));
-    std::memset(field, 0, size);
-    bytes.copy(field, size);
-}
 
 void ToLegacyRecord(SectionModel& section, LegacySectionRecord& record) {
     std::memset(&record, 0, sizeof(record));

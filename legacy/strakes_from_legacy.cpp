@@ -1,11 +1,13 @@
-// Strakes and nodes of a section from the legacy form.
+#include "legacy/strakes_from_legacy.h"
+
 #include <algorithm>
 
+#include "database/section_view.h"
 #include "legacy/fields.h"
-#include "legacy/from_legacy.h"
 #include "legacy/geometry.h"
+#include "legacy/legacy_tables.h"
 #include "legacy/node_kinds.h"
-#include "legacy/section_records.h"
+#include "legacy/strake_access.h"
 #include "report/messages.h"
 
 namespace corvane {

@@ -1,12 +1,13 @@
-// Strakes, nodes and points of a section in the legacy form.
+#include "legacy/strakes_to_legacy.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
 #include "legacy/fields.h"
+#include "legacy/legacy_tables.h"
 #include "legacy/node_kinds.h"
-#include "legacy/section_records.h"
-#include "legacy/to_legacy.h"
+#include "legacy/strake_access.h"
 #include "report/reporters.h"
 
 namespace corvane {
@@ -53,7 +54,7 @@ bool FillExtension(StrakeFill& fill, Node& node) {
 }
 
 // The node as the legacy form can hold it: one of another kind is given by its place.
-Node HeldNode(StrakeFill& fill, NodeReference self) {
+Node NodeForLegacy(StrakeFill& fill, NodeReference self) {
     Node node = NodeAt(fill.work.geometry, self);
     if (!HasBase(fill.work.geometry, node)) {
         ReportMessage(kMsgBaseNodeMissing, {int32_t{self.strake}, int32_t{self.node}});
@@ -92,12 +93,12 @@ bool FillPoint(StrakeFill& fill, const Node& node) {
 bool FillNode(StrakeFill& fill, NodeReference self) {
     if (!HasRoom(fill.nodes + 1, kLegacyNodes)) return false;
     const auto g = static_cast<size_t>(fill.nodes++);
-    Node node = HeldNode(fill, self);
+    Node node = NodeForLegacy(fill, self);
     const LegacyKind kind = LegacyKindOf(node.kind);
     LegacyGeometry& legacy = fill.legacy;
     legacy.nodeClass[g] = kind.nodeClass;
     legacy.nodeCode[g] = kind.code;
-    legacy.nodeOnStrake[g] = HeldInt16(std::abs(int32_t{node.onStrake}));
+    legacy.nodeOnStrake[g] = ClampToInt16(std::abs(int32_t{node.onStrake}));
     CopyNode(ToLegacy(), node, legacy, g);
     legacy.nodeY[g] = node.givenY;
     legacy.nodeZ[g] = node.givenZ;

@@ -1,5 +1,7 @@
 // What the headers of the companion libraries share: the calling convention, and the object
-// through which the shell calls a library function that is bound late.
+// through which the shell calls a library function that is bound late. A library is one of ours
+// (companions/) or any other of the same name with the same functions: nothing is known of it but
+// the contract in its header.
 #pragma once
 
 #include <cstdint>
@@ -29,11 +31,12 @@ template <class Result, class... Arguments>
 struct LibraryFunction<Result CORVANE_STDCALL(Arguments...)> {
     using Pointer = Result(CORVANE_STDCALL*)(Arguments...);
 
-    const char* fileName;
-    const char* function;
-    Pointer pointer = nullptr;
-    uint32_t error = 0;
+    const char* fileName;       // of the library, such as "GrVelk.dll"
+    const char* function;       // its exported name
+    Pointer pointer = nullptr;  // null until it is resolved; tests put their own function here
+    uint32_t error = 0;         // the system's, of the last attempt to resolve it
 
+    // Whether the function can be called; the first success is kept.
     bool Resolve() {
         if (pointer == nullptr) {
             pointer = reinterpret_cast<Pointer>(FindLibraryFunction(fileName, function, error));

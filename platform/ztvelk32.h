@@ -1,5 +1,6 @@
 // ZTVelk32.dll: the legacy DOS database library, and the records that cross to it. All records
-// are plain memory, little-endian, without pointers.
+// are plain memory, little-endian, without pointers. The library and the shell agree on every byte:
+// the offsets are asserted here, the only place in the tree that has them.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +11,7 @@ namespace corvane {
 
 // The Basic Ship Data in the legacy library's form: texts as single-byte characters padded with
 // blanks, 16-bit integers, 32-bit floats. The field names are those of BasicShipData; tables of
-// two dimensions stand with their first index running fastest.
+// two dimensions have their first index running fastest. bsd/legacy_form.h converts the record.
 struct LegacyBsd {
     char FormatVersion[8];
     char Titles[5][30];
@@ -42,6 +43,7 @@ struct LegacyBsd {
     float ExtraData[4];
 };
 
+// Two bytes are unused where a float needs them: before GeneralData, PairData and ReductionFactor.
 static_assert(offsetof(LegacyBsd, FormatVersion) == 0);
 static_assert(offsetof(LegacyBsd, Titles) == 8);
 static_assert(offsetof(LegacyBsd, TypeCodes) == 158);
@@ -72,7 +74,7 @@ static_assert(offsetof(LegacyBsd, ReductionFactor) == 1164);
 static_assert(offsetof(LegacyBsd, ExtraData) == 1168);
 static_assert(sizeof(LegacyBsd) == 1184);
 
-// Size of the buffer in which the record crosses to the library, zeroed behind the record: some
+// Size of the buffer in which the record crosses to the library, zeroed after the record: some
 // libraries touch more than the record's own bytes.
 inline constexpr size_t kLegacyBsdBufferSize = 1388;
 
@@ -80,9 +82,10 @@ inline constexpr size_t kLegacyBsdBufferSize = 1388;
 // Three blocks that are read and written separately. A strake is what the shell's section calls a
 // panel. Strakes are numbered 1 to 30; nodes 1 to 100 in one numbering over all strakes; points 1
 // to 60: the element of number n is [n - 1]. Texts are single-byte characters padded with NULs.
-// Lengths are in m, scantlings in mm. A boolean is -1 or 0. docs/legacy-form.md tells which bytes
-// the suite fixes and which this header settles.
+// Lengths are in m, scantlings in mm. A boolean is -1 or 0. docs/legacy-form.md says which bytes
+// the suite fixes and which this header settles. A member `unused...` is zero.
 
+// Sizes of the tables. What a section has beyond them is reported and left out.
 inline constexpr int kLegacyStrakes = 30;
 inline constexpr int kLegacyNodes = 100;
 inline constexpr int kLegacyPoints = 60;  // the shell uses 59 at most
@@ -101,9 +104,10 @@ inline constexpr int kLegacyCompartments = 8;
 inline constexpr int kLegacyOutlineNodes = 20;
 inline constexpr int kLegacyLevels = 36;  // of all compartments together
 
+// First block: the head of the section.
 struct LegacyMainSection {
     char name[40];  // ANSI
-    float x_m;
+    float x_m;      // position along the ship
     float breadth_m, depth_m, draught_m;
     char unused56[8];
     int16_t shipType, classCode, navigationCode;
@@ -124,14 +128,14 @@ static_assert(offsetof(LegacyMainSection, waveMoment_kNm) == 92);
 static_assert(offsetof(LegacyMainSection, deckModulus_m3) == 104);
 static_assert(sizeof(LegacyMainSection) == 112);
 
-// What the head of a section has and the main block has no place for.
+// What the head of a section has and the main block has no room for.
 struct LegacyHeadRest {
     float shearForce_kN[3];
     float ballastDraught_m, cargoHeight_m, holdLength_m, holdAft_m;
     float neutralAxis_m, area_m2, inertiaY_m4, inertiaZ_m4;
     int16_t symmetryMode, materialGroup, corrosionRule;
     int16_t resultCodes[4];
-    int16_t resultsValid;
+    int16_t resultsValid;  // boolean
 };
 static_assert(sizeof(LegacyHeadRest) == 60);
 
@@ -147,7 +151,7 @@ static_assert(sizeof(LegacyCounts) == 28);
 
 // The way from a node to the next one, where it is not straight.
 struct LegacyCurve {
-    int16_t node;
+    int16_t node;  // at which the curve begins
     int16_t unused;
     float radius, tangentY, tangentZ;
 };
@@ -157,7 +161,7 @@ static_assert(sizeof(LegacyCurve) == 16);
 struct LegacyExtension {
     int16_t node;
     int16_t strake;
-    float line[5];
+    float line[5];  // y and z of two points, and the shift
 };
 static_assert(sizeof(LegacyExtension) == 24);
 
@@ -169,6 +173,7 @@ struct LegacyProfile {
 };
 static_assert(sizeof(LegacyProfile) == 20);
 
+// A stiffener by the point of its strake where it is.
 struct LegacyStiffener {
     int16_t strake;
     int16_t onStrake, onNode;  // node of that strake from which `offset` counts; 0, 0: the start
@@ -180,14 +185,16 @@ struct LegacyStiffener {
 };
 static_assert(sizeof(LegacyStiffener) == 28);
 
+// A span of a stiffener, between two supports along the ship.
 struct LegacySpan {
     int16_t stiffener;  // number in the table of stiffeners
     int16_t profile, material, aftConnection, foreConnection, position;
-    float s;  // place of its stiffener
+    float s;  // abscissa of its stiffener
     float length, aftLength, foreLength, reduction, spacing;
 };
 static_assert(sizeof(LegacySpan) == 36);
 
+// The bracket of a span that has one.
 struct LegacySpanBracket {
     int16_t span;  // number in the table of spans
     int16_t kind, material, profile;
@@ -195,6 +202,7 @@ struct LegacySpanBracket {
 };
 static_assert(sizeof(LegacySpanBracket) == 12);
 
+// The stresses of a span where fatigue is checked.
 struct LegacyFatigueTable {
     int16_t span;  // number in the table of spans
     int16_t detail, weld, environment, grade;
@@ -203,8 +211,9 @@ struct LegacyFatigueTable {
 };
 static_assert(sizeof(LegacyFatigueTable) == 56);
 
+// A primary bracket or web between two nodes.
 struct LegacyBracket {
-    int16_t strake, item;
+    int16_t strake, item;  // the panel that has it, and its own number
     int16_t fromStrake, fromNode, toStrake, toNode;
     int16_t aftFrame, foreFrame, side, kind, material, endType;
     int16_t profiles[3];  // at the root, in the middle, at the toe
@@ -213,8 +222,9 @@ struct LegacyBracket {
 };
 static_assert(sizeof(LegacyBracket) == 44);
 
+// An opening in a strake's plating.
 struct LegacyOpening {
-    int16_t strake, item;
+    int16_t strake, item;  // the panel that has it, and its own number
     int16_t atStrake, atNode;
     int16_t shape, count, reinforced, aftFrame, foreFrame;
     int16_t unused;
@@ -223,8 +233,9 @@ struct LegacyOpening {
 };
 static_assert(sizeof(LegacyOpening) == 32);
 
+// A pillar or cross tie from a strake to another one.
 struct LegacyPillar {
-    int16_t strake, item;
+    int16_t strake, item;  // the panel that has it, and its own number
     int16_t toStrake, toNode;
     int16_t count, kind, material, profileType;
     int16_t lowerConnection, upperConnection, slenderness, corrosion;
@@ -233,13 +244,16 @@ struct LegacyPillar {
 };
 static_assert(sizeof(LegacyPillar) == 44);
 
+// A plate of a strake; it begins where the one before it ends.
 struct LegacyPlate {
     int16_t strake, material, corrosionSide;
     int16_t unused;
-    float end, thickness_mm, spacing, span;
+    float end;  // abscissa on the strake
+    float thickness_mm, spacing, span;
 };
 static_assert(sizeof(LegacyPlate) == 24);
 
+// A compartment, without what is in LegacyCompLoad at the same index.
 struct LegacyCompartment {
     int16_t contents, kind, symmetric, hold, loadCase;
     int16_t flags[3];
@@ -252,19 +266,22 @@ struct LegacyCompartment {
 };
 static_assert(sizeof(LegacyCompartment) == 80);
 
+// A filling level of a compartment, and the free surface there.
 struct LegacyLevel {
     float level, surfaceLength, surfaceBreadth;
 };
 static_assert(sizeof(LegacyLevel) == 12);
 
+// Second block: strakes, nodes, points, and the tables of what is on the strakes. The arrays of one
+// prefix belong together: what they have at one index is one strake, node or point.
 struct LegacyGeometry {
     int16_t strakeCount;
     int16_t unused2;
     float strakeSpacing[kLegacyStrakes];
     float strakeSpan[kLegacyStrakes];
     float strakeThickness_mm[kLegacyStrakes];
-    char strakeName[kLegacyStrakes][26];  // ANSI
-    int16_t strakeFirstNode[kLegacyStrakes];
+    char strakeName[kLegacyStrakes][26];      // ANSI
+    int16_t strakeFirstNode[kLegacyStrakes];  // in the numbering of all nodes
     int16_t strakeNodeCount[kLegacyStrakes];
     int16_t nodePoint[kLegacyNodes];     // number of the point that the node defines; 0: none
     int16_t nodeCode[kLegacyNodes];      // with the class: how the node is defined
@@ -343,7 +360,7 @@ static_assert(offsetof(LegacyGeometry, compartments) == 13800);
 static_assert(offsetof(LegacyGeometry, levels) == 14440);
 static_assert(sizeof(LegacyGeometry) == 14880);
 
-// The long parts of the compartments; the rest of each stands in LegacyCompartment.
+// Third block: the long parts of the compartments; the rest of each is in LegacyCompartment.
 struct LegacyCompLoad {
     char name[kLegacyCompartments][34];  // ANSI
     float designValues[kLegacyCompartments][20];
@@ -358,6 +375,7 @@ static_assert(offsetof(LegacyCompLoad, wavePressure_kPa) == 1232);
 static_assert(offsetof(LegacyCompLoad, count) == 1552);
 static_assert(sizeof(LegacyCompLoad) == 1560);
 
+// The three blocks together, as legacy/ converts them and our own library stores them.
 struct LegacySectionRecord {
     LegacyMainSection main;
     LegacyGeometry geometry;
@@ -370,7 +388,7 @@ static_assert(sizeof(LegacySectionRecord) == 16552);
 // An entry of the list of sections.
 struct LegacySectionEntry {
     char name[40];  // OEM, padded with blanks
-    float x_m;      // as addsectvelkdb was told; the shell has no use for it
+    float x_m;      // as addsectvelkdb got it; the shell has no use for it
 };
 static_assert(offsetof(LegacySectionEntry, x_m) == 40 && sizeof(LegacySectionEntry) == 44);
 
@@ -380,11 +398,12 @@ inline constexpr int kLegacyListedSections = 20;
 // Statuses of our own library. 0 is success, any other value failure, with every library.
 inline constexpr int16_t kLegacyDone = 0;
 inline constexpr int16_t kLegacyFileMissing = 1;
-inline constexpr int16_t kLegacyForeign = 2;  // no legacy database, or one of a later version
-inline constexpr int16_t kLegacyDamaged = 3;
-inline constexpr int16_t kLegacyNotWritten = 4;
-inline constexpr int16_t kLegacyFull = 5;
-inline constexpr int16_t kLegacyNoSection = 6;
+inline constexpr int16_t kLegacyForeign = 2;  // not a legacy database, or one of a later version
+inline constexpr int16_t kLegacyDamaged =
+    3;  // a part of the file is cut off or has a wrong checksum
+inline constexpr int16_t kLegacyNotWritten = 4;  // the old file is as it was
+inline constexpr int16_t kLegacyFull = 5;        // no more slots can be added
+inline constexpr int16_t kLegacyNoSection = 6;   // the file has no slot of this number
 
 }  // namespace corvane
 
@@ -408,6 +427,8 @@ void CORVANE_STDCALL addsectvelkdb(const char* path, const char* name, float pos
 void CORVANE_STDCALL getvelksections(const char* path, int16_t* status, int16_t* count,
                                      corvane::LegacySectionEntry* entries);
 
+// The three blocks of one section: an export writes the block into an existing slot, an import
+// reads it.
 int16_t CORVANE_STDCALL exportvelkmainsec(const char* path, int16_t section,
                                           corvane::LegacyMainSection* record);
 int16_t CORVANE_STDCALL importvelkmainsec(const char* path, int16_t section,
@@ -424,7 +445,7 @@ int16_t CORVANE_STDCALL importvelkcompload(const char* path, int16_t section,
                                            void* compartmentsAndLoads,
                                            corvane::LegacyCompLoad* record);
 
-// The ship's data; the record stands at the beginning of a buffer of kLegacyBsdBufferSize bytes.
+// The ship's data; the record is at the beginning of a buffer of kLegacyBsdBufferSize bytes.
 // Titles are in the OEM code page.
 void CORVANE_STDCALL exportvelkbsd(const char* path, const corvane::LegacyBsd* bsd,
                                    int16_t* status);

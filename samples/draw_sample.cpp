@@ -5,9 +5,11 @@
 #include <cstdlib>
 #include <string>
 
+#include "bsd/basic_ship_data.h"
 #include "bsd/bsd_file.h"
-#include "database/database_file.h"
-#include "database/section_file.h"
+#include "database/listing.h"
+#include "database/section_block.h"
+#include "database/section_view.h"
 #include "platform/system.h"
 #include "preview/section_preview.h"
 #include "tests/companions/host/drawing_recorder.h"

@@ -1,9 +1,11 @@
 #include "shell/exchange_boxes.h"
 
+#include "bsd/basic_ship_data.h"
 #include "bsd/bsd_file.h"
 #include "bsd/labels.h"
-#include "database/database_file.h"
-#include "database/section_file.h"
+#include "database/listing.h"
+#include "database/scanning.h"
+#include "database/section_block.h"
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "legacy/exchange.h"

@@ -1,5 +1,6 @@
 #include "shell/legacy_conversion.h"
 
+#include "database/creating.h"
 #include "database/editing.h"
 #include "files/file_system.h"
 #include "files/paths.h"

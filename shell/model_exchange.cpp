@@ -6,10 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "database/bulkhead_file.h"
-#include "database/database_file.h"
+#include "database/bulkhead_block.h"
 #include "database/editing.h"
-#include "database/section_file.h"
+#include "database/listing.h"
+#include "database/scanning.h"
+#include "database/section_block.h"
 #include "files/file_system.h"
 #include "legacy/exchange.h"
 #include "report/reporters.h"

@@ -3,7 +3,7 @@
 #include <array>
 #include <limits>
 
-#include "database/database_file.h"
+#include "database/listing.h"
 #include "report/reporters.h"
 #include "text/numbers.h"
 
@@ -27,7 +27,7 @@ ModelRow RowOf(const ModelEntry& model, int number) {
     return row;
 }
 
-template <std::wstring ModelRow::*field>
+template <std::wstring ModelRow::* field>
 const std::wstring& Field(const ModelRow& row) {
     return row.*field;
 }

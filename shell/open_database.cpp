@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "bsd/bsd_file.h"
+#include "database/scanning.h"
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "platform/system.h"

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "bsd/basic_ship_data.h"
-#include "database/database_file.h"
+#include "database/listing.h"
 #include "shell/model_list.h"
 
 namespace corvane {

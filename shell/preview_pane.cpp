@@ -3,8 +3,9 @@
 #include <algorithm>
 
 #include "bsd/frames.h"
-#include "database/database_file.h"
-#include "database/section_file.h"
+#include "database/listing.h"
+#include "database/section_block.h"
+#include "database/section_view.h"
 #include "report/reporters.h"
 #include "shell/model_list.h"
 #include "shell/state.h"

@@ -1,6 +1,8 @@
 #include "shell/suite_programs.h"
 
-#include "database/database_file.h"
+#include "bsd/basic_ship_data.h"
+#include "database/model_kind.h"
+#include "database/scanning.h"
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "platform/system.h"

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "bsd/bsd_file.h"
-#include "database/bulkhead_file.h"
+#include "database/bulkhead_block.h"
 #include "database/editing.h"
 #include "drafting/section_draft.h"
 #include "report/messages.h"

@@ -1,7 +1,8 @@
 #include "stand_ins/form.h"
 
-#include "database/database_file.h"
 #include "database/editing.h"
+#include "database/model_kind.h"
+#include "database/scanning.h"
 #include "files/paths.h"
 #include "platform/system.h"
 #include "report/reporters.h"

@@ -1,5 +1,5 @@
 // The rule programs: they show the model, and check nothing.
-#include "database/section_file.h"
+#include "database/section_block.h"
 #include "stand_ins/stand_ins.h"
 #include "text/numbers.h"
 

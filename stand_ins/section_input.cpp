@@ -3,7 +3,7 @@
 
 #include "bsd/bsd_file.h"
 #include "database/editing.h"
-#include "database/section_file.h"
+#include "database/section_block.h"
 #include "report/reporters.h"
 #include "stand_ins/midship.h"
 #include "stand_ins/stand_ins.h"

@@ -2,7 +2,9 @@
 
 #include <cmath>
 
-#include "database/database_file.h"
+#include "database/copying.h"
+#include "database/creating.h"
+#include "database/scanning.h"
 #include "files/rewrite.h"
 #include "report/reporters.h"
 #include "text/numbers.h"

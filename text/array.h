@@ -1,5 +1,8 @@
 // Arrays whose index bounds are part of the type, so that the indexes in the code are the ones of
-// the file layouts; and texts of fixed length.
+// the file layouts; and texts of fixed length. Templates only, so there is no source beside this.
+//
+// All are plain values: they are copied and compared as a whole, and hold no memory elsewhere. An
+// index out of bounds is a bug and asserted, in release builds, too.
 #pragma once
 
 #include <algorithm>
@@ -11,14 +14,14 @@
 
 namespace corvane {
 
-// Elements first..last, kept inside the record. An index out of bounds is a bug and asserted.
+// Elements first..last, zeroed at first: TypeCodes(1) is the first element of an Array<T, 1, 10>.
 template <class T, int first, int last>
 struct Array {
     static constexpr int kFirst = first;
     static constexpr int kLast = last;
     static constexpr int kCount = last - first + 1;
 
-    std::array<T, kCount> elements{};
+    std::array<T, kCount> elements{};  // in the order of the indexes, for loops over all
 
     T& operator()(int index) {
         assert(index >= first && index <= last);
@@ -31,20 +34,21 @@ struct Array {
     bool operator==(const Array&) const = default;
 };
 
-// A table 1..rows by 1..columns whose first index runs fastest in memory.
+// A table 1..firstIndexes by 1..secondIndexes whose first index runs fastest in memory, which is
+// the order in which the files have it.
 template <class T, int firstIndexes, int secondIndexes>
 struct Table {
     std::array<T, firstIndexes * secondIndexes> elements{};
 
-    T& operator()(int i, int j) { return elements[Place(i, j)]; }
-    const T& operator()(int i, int j) const { return elements[Place(i, j)]; }
+    T& operator()(int i, int j) { return elements[IndexOf(i, j)]; }
+    const T& operator()(int i, int j) const { return elements[IndexOf(i, j)]; }
     bool operator==(const Table&) const = default;
 
 private:
-    static size_t Place(int i, int j) {
+    static size_t IndexOf(int i, int j) {
         assert(i >= 1 && i <= firstIndexes && j >= 1 && j <= secondIndexes);
-        const int place = (j - 1) * firstIndexes + (i - 1);
-        return static_cast<size_t>(place);
+        const int index = (j - 1) * firstIndexes + (i - 1);
+        return static_cast<size_t>(index);
     }
 };
 
@@ -55,6 +59,7 @@ struct FixedText {
     std::array<wchar_t, length> characters;
 
     FixedText() { Assign(L""); }
+    // The new text, whatever there was before.
     void Assign(std::wstring_view text) {
         const size_t kept = std::min(text.size(), characters.size());
         std::copy_n(text.begin(), kept, characters.begin());

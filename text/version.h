@@ -1,4 +1,5 @@
-// The program's version and the texts of versions and dates.
+// The program's version, and the texts of versions and dates, as the title, the About window and
+// the stamps show them.
 #pragma once
 
 #include <string>

@@ -7,8 +7,8 @@
 #include <chrono>
 #include <cstdio>
 
-#include "bsd/bsd_file.h"
-#include "database/database_file.h"
+#include "bsd/basic_ship_data.h"
+#include "database/listing.h"
 #include "platform/system.h"
 #include "shell/state.h"
 #include "ui/base/control_ids.h"

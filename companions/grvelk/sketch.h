@@ -35,8 +35,6 @@ void ForEachSide(const Sketch& sketch, Draw draw) {
     if (sketch.bothSides) draw(-1.0);
 }
 
-inline FramePoint MappedSide(const Sketch& sketch, double side, PlanePoint point) {
-    return Mapped(sketch.mapping, {side * point.y, point.z});
-}
+FramePoint MappedSide(const Sketch& sketch, double side, PlanePoint point);
 
 }  // namespace corvane::grvelk

@@ -1,6 +1,5 @@
 // ScaleWindow and TraceSection.
 #include <algorithm>
-#include <cmath>
 
 #include "companions/grvelk/sketch.h"
 
@@ -35,21 +34,6 @@ void DrawInFrame(const Drawing& drawing, const Frame& frame, const Section& sect
 }
 
 }  // namespace
-
-double ScaledToDevice(const Sketch& sketch, double pixels) {
-    constexpr double kPlainDotsPerInch = 96;
-    const int dotsPerInch = std::clamp(sketch.drawing.dotsPerInch, 24, 2400);
-    return pixels * dotsPerInch / kPlainDotsPerInch;
-}
-
-int32_t ColourOf(const Sketch& sketch, int slot) {
-    return sketch.parameters.colours == nullptr ? 0 : sketch.parameters.colours[slot];
-}
-
-Pen PenOf(const Sketch& sketch, int colourSlot, double width) {
-    const auto pixels = static_cast<int32_t>(std::lround(ScaledToDevice(sketch, width)));
-    return {ColourOf(sketch, colourSlot), std::max(1, pixels)};
-}
 
 }  // namespace corvane::grvelk
 

@@ -1,19 +1,14 @@
-// Texts into the buffers that the shell hands over.
+// Texts into the buffers that the shell hands over. A buffer may be missing or too small: the
+// contract (platform/ztutil32.h) leaves both to the library.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
 
 namespace corvane::ztutil {
 
-// Copies a text, cut to `size` - 1 bytes, and closes it with a NUL.
-inline void CopyText(std::string_view text, char* buffer, int32_t size) {
-    if (buffer == nullptr || size <= 0) return;
-    const size_t length = std::min(text.size(), static_cast<size_t>(size) - 1);
-    std::memcpy(buffer, text.data(), length);
-    buffer[length] = '\0';
-}
+// Copies a text, cut to `size` - 1 bytes, and closes it with a NUL. Without a buffer, or with a
+// `size` below 1, nothing is written.
+void CopyText(std::string_view text, char* buffer, int32_t size);
 
 }  // namespace corvane::ztutil

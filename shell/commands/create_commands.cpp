@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <limits>
 
-#include "database/database_file.h"
+#include "database/model_kind.h"
+#include "database/scanning.h"
 #include "shell/state.h"
 #include "shell/suite_programs.h"
 

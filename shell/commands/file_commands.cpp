@@ -3,7 +3,8 @@
 #include <string>
 
 #include "bsd/bsd_file.h"
-#include "database/database_file.h"
+#include "database/creating.h"
+#include "database/scanning.h"
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "report/reporters.h"

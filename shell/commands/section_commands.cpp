@@ -4,6 +4,7 @@
 #include <string>
 
 #include "database/editing.h"
+#include "database/scanning.h"
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "report/reporters.h"

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "bsd/bsd_file.h"
+#include "bsd/bsd_records.h"
+#include "files/text_file.h"
 #include "tests/support/support.h"
 
 namespace corvane::test {

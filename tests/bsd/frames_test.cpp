@@ -37,7 +37,7 @@ void ExpectNearest(const BasicShipData& bsd, double x, int frame, double distanc
     EXPECT_NEAR(nearest.distance, distance, 1e-12) << x;
 }
 
-TEST(Frames, FrameZeroStandsAtItsAbscissa) {
+TEST(Frames, FrameZeroIsAtItsAbscissa) {
     EXPECT_EQ(FrameX(ThreeZones(), 0), 1.5);
 }
 
@@ -49,7 +49,7 @@ TEST(Frames, AbscissaeGrowByTheSpacingOfTheZoneThatHoldsTheFrame) {
     EXPECT_EQ(FrameX(bsd, 20), 19);
 }
 
-TEST(Frames, NegativeFramesStandBelowFrameZero) {
+TEST(Frames, NegativeFramesAreBelowFrameZero) {
     const BasicShipData bsd = ThreeZones();
     EXPECT_EQ(FrameX(bsd, -1), 1.0);
     EXPECT_EQ(FrameX(bsd, -5), -1.0);
@@ -109,7 +109,7 @@ TEST(Frames, ShipWithoutZonesHasNoFrames) {
     }
 }
 
-TEST(Frames, ZoneCountIsHeldToForty) {
+TEST(Frames, ZoneCountIsClampedToForty) {
     BasicShipData bsd;
     for (int i = 1; i <= 40; ++i) {
         bsd.FrameNumbers(i) = static_cast<int16_t>(i);
@@ -122,7 +122,7 @@ TEST(Frames, ZoneCountIsHeldToForty) {
     }
 }
 
-TEST(Frames, FramesThatRunBackwardsAreNone) {
+TEST(Frames, FramesThatRunBackwardsDoNotCount) {
     const BasicShipData bsd = ShipWithFrames(10, 0, {{5, 1.0f}});
     EXPECT_FALSE(NearestFrame(bsd, 0).found);
 }
@@ -132,7 +132,7 @@ TEST(Frames, FirstOfTwoZonesThatHoldAFrameGivesItsSpacing) {
     EXPECT_EQ(FrameX(bsd, 10), 10);
 }
 
-TEST(Frames, AbscissaThatIsNoNumberHasNoFrame) {
+TEST(Frames, AbscissaThatIsNotANumberHasNoFrame) {
     EXPECT_FALSE(NearestFrame(ThreeZones(), std::nan("")).found);
     EXPECT_FALSE(NearestFrame(ThreeZones(), std::numeric_limits<double>::infinity()).found);
 }

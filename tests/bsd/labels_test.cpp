@@ -30,7 +30,7 @@ TEST(Labels, LabelIsTheCataloguesText) {
     EXPECT_EQ(BsdLabel(102), L"label 102");
 }
 
-TEST(Labels, OnlyTheLengthThatTheLibraryTellsIsTaken) {
+TEST(Labels, OnlyTheLengthThatTheLibraryReturnsIsUsed) {
     const FakeFunction fake(
         BsdVelk_LoadBsdString, +[](int32_t, char* buffer, int32_t) {
             std::memcpy(buffer, "\xC9t\xE9 and more", 13);
@@ -48,7 +48,7 @@ TEST(Labels, LengthBeyondTheBufferIsCut) {
     EXPECT_EQ(BsdLabel(1), std::wstring(3000, L'x'));
 }
 
-TEST(Labels, MissingLabelTellsItsNumber) {
+TEST(Labels, MissingLabelShowsItsNumber) {
     const FakeFunction fake(
         BsdVelk_LoadBsdString, +[](int32_t, char*, int32_t) { return int32_t{0}; });
     EXPECT_EQ(BsdLabel(102), L"Bsd #102");

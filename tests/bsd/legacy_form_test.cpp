@@ -37,7 +37,7 @@ TEST(LegacyForm, RecordHasElevenHundredEightyFourBytes) {
     EXPECT_TRUE(std::is_trivially_copyable_v<LegacyBsd>);
 }
 
-TEST(LegacyForm, TextsStandAtTheirOffsetsPaddedWithBlanks) {
+TEST(LegacyForm, TextsAreAtTheirOffsetsPaddedWithBlanks) {
     LegacyBsd legacy{};
     ToLegacyForm(WholeBsd(), legacy);
     EXPECT_EQ(TextAt(legacy, 0, 8), "4       ");
@@ -46,7 +46,7 @@ TEST(LegacyForm, TextsStandAtTheirOffsetsPaddedWithBlanks) {
     EXPECT_EQ(TextAt(legacy, 1112, 50), "The remark of 50 characters                       ");
 }
 
-TEST(LegacyForm, IntegersStandAtTheirOffsets) {
+TEST(LegacyForm, IntegersAreAtTheirOffsets) {
     LegacyBsd legacy{};
     ToLegacyForm(WholeBsd(), legacy);
     const std::pair<size_t, int> places[] = {{158, 101},  {158 + 18, 110},  {524, 81},  {528, 83},
@@ -58,7 +58,7 @@ TEST(LegacyForm, IntegersStandAtTheirOffsets) {
     }
 }
 
-TEST(LegacyForm, SinglesStandAtTheirOffsets) {
+TEST(LegacyForm, SinglesAreAtTheirOffsets) {
     LegacyBsd legacy{};
     ToLegacyForm(WholeBsd(), legacy);
     const std::pair<size_t, float> places[] = {

@@ -57,7 +57,7 @@ bool BeginsWith(const std::string& text, const std::string& start) {
     return text.compare(0, start.size(), start) == 0;
 }
 
-TEST(CatalogueTest, HasEveryNumberThatTheCodeUses) {
+TEST(CatalogueTest, HasEveryNumberThatTheCodeUses){
 #define EXPECT_MESSAGE(name, number) EXPECT_NE(MessageText(number), "") << #name;
     CORVANE_MESSAGE_NUMBERS(EXPECT_MESSAGE)
 #undef EXPECT_MESSAGE
@@ -101,7 +101,7 @@ TEST(CatalogueTest, NumbersAscendWithoutDoubles) {
     }
 }
 
-TEST(CatalogueTest, OwnNumbersLieBetween3500And3676) {
+TEST(CatalogueTest, OwnNumbersAreBetween3500And3676) {
     for (const Message& message : MessagesOfSource()) {
         EXPECT_LE(message.number, 3676);
         if (message.number > 3131) {
@@ -174,7 +174,7 @@ TEST(StructuralLinesTest, CommentRuleBeginsWithAStar) {
     EXPECT_TRUE(BeginsWith(MessageText(kMsgCommentRule), "*"));
 }
 
-TEST(StructuralLinesTest, MarkerIsNoCommentNoHeaderAndNoKeyword) {
+TEST(StructuralLinesTest, MarkerIsNotACommentNoHeaderAndNoKeyword) {
     const std::string marker = MessageText(kMsgModelMarker);
     EXPECT_FALSE(BeginsWith(marker, "*"));
     EXPECT_FALSE(BeginsWith(marker, "------"));
@@ -187,7 +187,7 @@ TEST(StructuralLinesTest, MarkerIsNoCommentNoHeaderAndNoKeyword) {
     }
 }
 
-TEST(StructuralLinesTest, NameLabelIsNoComment) {
+TEST(StructuralLinesTest, NameLabelIsNotAComment) {
     EXPECT_FALSE(BeginsWith(MessageText(kMsgNameLabel), "*"));
 }
 

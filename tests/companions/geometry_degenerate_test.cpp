@@ -83,7 +83,7 @@ TEST(GeometryDegenerateTest, NoLineIsNeitherOnNorBeside) {
     }
 }
 
-TEST(GeometryDegenerateTest, PointThatIsNoNumber) {
+TEST(GeometryDegenerateTest, PointThatIsNotANumber) {
     TestSection section;
     section.Add({GivenNode(0, 0), GivenNode(4, 0)});
     ASSERT_EQ(section.Compute(), 0);

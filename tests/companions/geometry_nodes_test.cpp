@@ -297,7 +297,7 @@ TEST(GeometryNodesTest, LongChainOfStrakes) {
     ExpectAt(section.NodeOf(1, 1), 1, 0);
 }
 
-TEST(GeometryNodesTest, CoordinatesThatAreNoNumbers) {
+TEST(GeometryNodesTest, CoordinatesThatAreNotNumbers) {
     Node line = LineNode(1, {4, 8, 4, 6});
     line.extension[4] = kNaN;
     const Node nodes[] = {

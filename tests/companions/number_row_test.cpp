@@ -48,7 +48,7 @@ TEST(NumberRowTest, LineEndsSeparateLikeBlanks) {
     EXPECT_EQ(Values("1\r\n2\n"), Row({1, 2}));
 }
 
-TEST(NumberRowTest, NumbersOfAllFormsAreTaken) {
+TEST(NumberRowTest, NumbersOfAllFormsAreRead) {
     struct Case {
         const char* word;
         double value;
@@ -80,7 +80,7 @@ TEST(NumberRowTest, NumbersOfAllFormsAreTaken) {
     for (const Case& one : cases) EXPECT_EQ(Values(one.word), Row({one.value})) << one.word;
 }
 
-TEST(NumberRowTest, WordsThatAreNoNumbersArePassedOver) {
+TEST(NumberRowTest, WordsThatAreNotNumbersAreSkipped) {
     for (const char* word :
          {"-",     "+",        ".",    "-.",    "+-1",   "--1",   "1e",  "1e+", "1E-",
           "e5",    "1.2.3",    "1..2", "12abc", "abc",   "abc12", "nan", "NaN", "inf",
@@ -172,7 +172,7 @@ TEST(NumberRowTest, RandomNumbersOfUpToFifteenDigitsAreExact) {
     }
 }
 
-TEST(NumberRowTest, RandomNumbersOfManyDigitsAreSoToTheLastPlace) {
+TEST(NumberRowTest, RandomNumbersOfManyDigitsAreExactToTheLastDigit) {
     std::mt19937_64 random(21);
     for (int i = 0; i < 20000; ++i) {
         const int digits = 16 + static_cast<int>(random() % 20);

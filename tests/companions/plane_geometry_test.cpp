@@ -71,7 +71,7 @@ TEST(PlaneGeometryTest, SegmentWithoutLengthIsAPoint) {
     EXPECT_FALSE(IsPointInSegment(1.6F, 1, 1, 1, 1, 1, 0.5F));
 }
 
-TEST(PlaneGeometryTest, WhatIsNoNumberIsNowhere) {
+TEST(PlaneGeometryTest, WhatIsNotANumberIsNowhere) {
     for (int place = 0; place < 5; ++place) {
         float v[5] = {0, 0, 0, 0, 1};
         v[place] = kNaN;

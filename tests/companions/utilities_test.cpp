@@ -122,7 +122,7 @@ TEST(FileTypesTest, BarAtTheEndAddsNothing) {
     EXPECT_EQ(Filter(L"Databases|*.ve2|", L"ve2"), L"Databases\0*.ve2\0\0"s);
 }
 
-TEST(FileTypesTest, DescriptionAloneTakesTheExtensionsPattern) {
+TEST(FileTypesTest, DescriptionAloneGetsTheExtensionsPattern) {
     EXPECT_EQ(Filter(L"Databases", L"ve2"), L"Databases\0*.ve2\0\0"s);
     EXPECT_EQ(Filter(L"A|*.a|Databases", L"ve2"), L"A\0*.a\0Databases\0*.ve2\0\0"s);
     EXPECT_EQ(Filter(L"All", L""), L"All\0*.*\0\0"s);

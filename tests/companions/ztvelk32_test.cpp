@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "platform/system.h"
-#include "tests/companions/legacy_file.h"
+#include "tests/companions/file_bytes.h"
 #include "tests/support/damage.h"
 #include "tests/support/support.h"
 
@@ -102,7 +102,7 @@ TEST_F(LegacyFile, NewDatabaseIsEmpty) {
     EXPECT_EQ(ReadFileBytes(path).size(), kLegacyEmptySize);
 }
 
-TEST_F(LegacyFile, NewDatabaseTakesThePlaceOfAnOldFile) {
+TEST_F(LegacyFile, NewDatabaseReplacesAnOldFile) {
     WriteFileBytes(path, "an old file");
     EXPECT_EQ(Create(), kLegacyDone);
     EXPECT_EQ(ListStatus(), kLegacyDone);
@@ -128,7 +128,7 @@ TEST_F(LegacyFile, LastSlotIsNamed) {
     EXPECT_EQ(names[1], "A name that is longer than the forty byt");
 }
 
-TEST_F(LegacyFile, PositionStandsBehindTheName) {
+TEST_F(LegacyFile, PositionFollowsTheName) {
     Create();
     Extend();
     AddSection("Frame 10", 7.5f);
@@ -197,7 +197,7 @@ TEST_F(LegacyFile, NoFileBesideTheDatabaseIsLeft) {
     EXPECT_EQ(FilesIn(folder.path), std::vector<std::wstring>{L"ship.vel"});
 }
 
-TEST_F(LegacyFile, MissingFileIsToldByAll) {
+TEST_F(LegacyFile, MissingFileIsReportedByAll) {
     EXPECT_EQ(Extend(), kLegacyFileMissing);
     EXPECT_EQ(AddSection("Frame 10", 0), kLegacyFileMissing);
     EXPECT_EQ(ListStatus(), kLegacyFileMissing);
@@ -233,7 +233,7 @@ TEST_F(LegacyFile, ReadOnlyFileIsNotWritten) {
     EXPECT_EQ(ReadFileBytes(path), before);
 }
 
-TEST_F(LegacyFile, FolderThatIsMissingCanNotBeWritten) {
+TEST_F(LegacyFile, FolderThatIsMissingCannotBeWritten) {
     int16_t status = -1;
     createvelkdb((name + "x\\ship.vel").c_str(), &status);
     EXPECT_EQ(status, kLegacyNotWritten);
@@ -302,7 +302,7 @@ TEST_F(LegacyFile, MoreSectionsThanThatAreDamage) {
 
 // ---- Foreign and damaged files -----------------------------------------------------------------
 
-TEST_F(LegacyFile, ForeignFilesAreTold) {
+TEST_F(LegacyFile, ForeignFilesAreReported) {
     for (const std::string& bytes :
          {std::string(), std::string("C0"), std::string("CORVANE DATABASE\r\n*\r\n"),
           std::string(40000, '\0'), std::string("CVNLEG\n\n") + std::string(2000, 'x')}) {

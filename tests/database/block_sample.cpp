@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "database/database_file.h"
+#include "database/scanning.h"
 #include "tests/support/support.h"
 
 namespace corvane::test {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "database/bulkhead_file.h"
+#include "database/bulkhead_block.h"
 #include "tests/database/block_sample.h"
 
 namespace corvane::test {

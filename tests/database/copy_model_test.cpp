@@ -1,10 +1,10 @@
 // CopyModel.
-#include "database/section_file.h"
+#include "database/listing.h"
+#include "database/section_block.h"
 #include "files/file_system.h"
 #include "platform/ztutil32.h"
 #include "tests/database/bulkhead_sample.h"
 #include "tests/database/editing_fixture.h"
-#include "tests/support/recorded_reports.h"
 
 namespace corvane {
 namespace {
@@ -15,7 +15,7 @@ using test::DatabaseText;
 using test::FiveBlocks;
 using test::SampleBlock;
 using test::SampleHead;
-using test::WithoutDates;
+using test::WithoutStamps;
 
 constexpr char kNewIdentifier[] = "A-NEW-IDENTIFIER";
 
@@ -50,7 +50,7 @@ TEST_F(CopyModelTest, SectionGetsTheNextNumberTheNewNameAndANewIdentifier) {
     SectionModel copy = section;
     copy.name = L"Copy";
     copy.identifier = kNewIdentifier;
-    EXPECT_EQ(WithoutDates(Text()), WithoutDates(text + BlockText(copy, 6)));
+    EXPECT_EQ(WithoutStamps(Text()), WithoutStamps(text + BlockText(copy, 6)));
     EXPECT_TRUE(test::RecordedReports::Of("warning").empty());
 }
 
@@ -120,7 +120,7 @@ TEST_F(CopyModelTest, BulkheadArrangementGetsTheNextNumberTheNewNameAndANewIdent
     EXPECT_EQ(Copy(2, ModelKind::kBulkhead), 4);
     arrangement.name = L"Copy";
     arrangement.identifier = kNewIdentifier;
-    EXPECT_EQ(WithoutDates(Text()), WithoutDates(text + BlockText(arrangement, 4)));
+    EXPECT_EQ(WithoutStamps(Text()), WithoutStamps(text + BlockText(arrangement, 4)));
     EXPECT_TRUE(test::RecordedReports::Of("warning").empty());
 }
 
@@ -176,7 +176,7 @@ TEST_F(CopyModelTest, TorsionModelBetweenBlocksOfLikeNumbersIsCopiedAlone) {
 
 // ---- Refusals and messages ---------------------------------------------------------------------
 
-TEST_F(CopyModelTest, StatusLabelIsClearedBehindTheCopy) {
+TEST_F(CopyModelTest, StatusLabelIsClearedAfterTheCopy) {
     Write(SectionAndOthers());
     const std::string writing = test::Narrow(FormatMessage(kMsgWritingDatabase, {path})) + "...";
     for (const auto& [number, kind] :

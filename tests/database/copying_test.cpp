@@ -4,7 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "database/database_file.h"
+#include "database/copying.h"
+#include "database/scanning.h"
 #include "tests/database/sample_database.h"
 #include "tests/support/support.h"
 
@@ -131,7 +132,7 @@ TEST_F(CopyingTest, CommentsBetweenMarkerAndNumberBecomeOneRule) {
     }
 }
 
-TEST_F(CopyingTest, ReaderStandsAtTheMarkerThatEndedTheRun) {
+TEST_F(CopyingTest, ReaderIsAtTheMarkerThatEndedTheRun) {
     Copied(DatabaseText(FiveBlocks()), [this](TextReader& from, TextWriter& to) {
         CopyModels(from, to, 2, 3, 0);
         std::string_view line;
@@ -252,7 +253,7 @@ TEST_F(CopyingTest, BodyOfAnyLengthIsCopied) {
     }
 }
 
-TEST_F(CopyingTest, ReadThatFailsOnTheWayIsToldByTheReader) {
+TEST_F(CopyingTest, ReadThatFailsOnTheWayIsTheReadersError) {
     std::vector<SampleBlock> blocks = FiveBlocks();
     for (SampleBlock& block : blocks) {
         while (block.body.size() < kTextBufferSize) block.body += " 1 \t 2 \t 3 \r\n";

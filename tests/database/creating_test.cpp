@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "database/database_file.h"
+#include "database/creating.h"
+#include "database/listing.h"
+#include "database/scanning.h"
 #include "files/file_system.h"
 #include "report/messages.h"
 #include "tests/database/sample_database.h"
@@ -89,7 +91,7 @@ TEST_F(CreatingTest, NewFileIsADatabaseWithoutModels) {
     EXPECT_EQ(test::FilesIn(folder.path), std::vector<std::wstring>{L"ship.ve2"});
 }
 
-TEST_F(CreatingTest, DraughtNearZeroTakesTheDepthInTheCallersRecordToo) {
+TEST_F(CreatingTest, DraughtNearZeroBecomesTheDepthInTheCallersRecordToo) {
     BasicShipData bsd = SampleShip();
     ASSERT_TRUE(CreateDatabaseFile(path, bsd));
     EXPECT_EQ(bsd.MainData(4), bsd.MainData(3));
@@ -123,7 +125,7 @@ TEST_F(CreatingTest, ReadOnlyFileIsReportedWithItsPathAndStays) {
     system::SetReadOnly(path, false);
 }
 
-TEST_F(CreatingTest, FileThatCanNotBePutInPlaceIsReportedAndTheNewTextKept) {
+TEST_F(CreatingTest, FileThatCannotBePutInPlaceIsReportedAndTheNewTextKept) {
     // The catalogue's text of this message with bars between its arguments.
     const test::FakeCatalogue catalogue({{kMsgFileNotWritten, "\xA4|\xA4|\xA4"}});
     const std::wstring missing = folder.File(L"no folder\\ship.ve2");
@@ -186,7 +188,7 @@ TEST_F(CreatingTest, BulkheadArrangementHasItsOwnFormatVersion) {
     EXPECT_NE(head.find("*- F .443 \r\n"), std::string::npos) << head;
 }
 
-TEST_F(CreatingTest, BlockBehindANewHeadIsListed) {
+TEST_F(CreatingTest, BlockAfterANewHeadIsListed) {
     BasicShipData bsd = SampleShip();
     ASSERT_TRUE(CreateDatabaseFile(path, bsd));
     const std::string text = test::ReadFileBytes(path) +

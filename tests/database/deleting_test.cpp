@@ -101,7 +101,7 @@ TEST_F(DeletingTest, OfADoubleNumberOnlyTheFirstBlockGoes) {
     EXPECT_EQ(Text(), Copied({blocks[0], blocks[3]}) + CopiedBlockText(blocks[4], -1));
 }
 
-TEST_F(DeletingTest, OnlyLargerNumbersBehindTheModelAreTakenDown) {
+TEST_F(DeletingTest, OnlyLargerNumbersAfterTheModelAreLowered) {
     const std::vector<SampleBlock> blocks = Numbered({" 9 ", " 3 ", " 1 ", " 2147483647 ", "-7 "});
     Write(DatabaseText(blocks));
     EXPECT_TRUE(DeleteModel(path, 3, false));
@@ -142,7 +142,7 @@ TEST_F(DeletingTest, ReadOnlyFileIsReportedAndNoOtherAskedFor) {
     EXPECT_TRUE(IsReadOnlyFile(path));
 }
 
-TEST_F(DeletingTest, FileThatIsNoDatabaseIsReportedAndStays) {
+TEST_F(DeletingTest, FileThatIsNotADatabaseIsReportedAndStays) {
     Write("a letter\r\n");
     EXPECT_FALSE(DeleteModel(path, 1, true));
     ExpectRefusal("a letter\r\n", kMsgNoDatabase, {path});
@@ -160,7 +160,7 @@ TEST_F(DeletingTest, EmptyPathDoesNothing) {
     EXPECT_TRUE(test::RecordedReports::events.empty());
 }
 
-TEST_F(DeletingTest, StatusLabelTellsOfTheDeletingAndIsClearedBehindIt) {
+TEST_F(DeletingTest, StatusLabelShowsTheDeletingAndIsClearedAfterIt) {
     Write(DatabaseText(FiveBlocks()));
     EXPECT_TRUE(DeleteModel(path, 2, false));
     const std::string deleting = test::Narrow(FormatMessage(kMsgDeletingModel, {path})) + "...";

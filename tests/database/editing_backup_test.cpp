@@ -17,7 +17,7 @@ struct EditingBackupTest : test::EditingTest {
     void SetUp() override { Write(text); }
 };
 
-TEST_F(EditingBackupTest, BackupStandsBesideTheFileWithTheOldText) {
+TEST_F(EditingBackupTest, BackupIsBesideTheFileWithTheOldText) {
     for (const auto& [name, backupName] :
          {std::pair(L"ship.ve2", L"ship.bak"), std::pair(L"my.ship.ve2", L"my.ship.bak")}) {
         path = folder.File(name);

@@ -13,21 +13,9 @@
 #include "tests/database/section_sample.h"
 #include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
+#include "tests/support/without_stamps.h"
 
 namespace corvane::test {
-
-// The text without the stamp lines that tell the time.
-inline std::string WithoutDates(std::string_view text) {
-    const std::string begin =
-        GetMessageBytes(kMsgCommentRule) + ' ' + GetMessageBytes(kMsgStampWritten) + " : ";
-    std::string result;
-    while (!text.empty()) {
-        const size_t end = std::min(text.find('\n'), text.size() - 1) + 1;
-        if (!text.starts_with(begin)) result += text.substr(0, end);
-        text.remove_prefix(end);
-    }
-    return result;
-}
 
 struct EditingTest : testing::Test {
     RecordedReports screen;

@@ -16,7 +16,7 @@ using test::BlockText;
 using test::RandomArrangement;
 using test::RandomSection;
 using test::WithLineFeeds;
-using test::WithoutDates;
+using test::WithoutStamps;
 
 constexpr uint32_t kFiles = 10'000;
 
@@ -193,8 +193,8 @@ struct EditingIdentityTest : test::TemporaryFilesInMemory, test::EditingTest {
         const std::string& rewritten = file.pieces[place].rewritten;
         if (rewritten.empty()) return;
         EXPECT_EQ(
-            WithoutDates(text.substr(before.size(), text.size() - before.size() - behind.size())),
-            WithoutDates(rewritten));
+            WithoutStamps(text.substr(before.size(), text.size() - before.size() - behind.size())),
+            WithoutStamps(rewritten));
     }
 };
 

@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "database/database_file.h"
+#include "database/listing.h"
+#include "database/scanning.h"
 #include "tests/database/sample_database.h"
 #include "tests/support/support.h"
 
@@ -52,7 +53,7 @@ TEST_F(ListingTest, ListsNamesKindsAndPositionsInFileOrder) {
     EXPECT_EQ(entries[4].x, -3.5f);
 }
 
-TEST_F(ListingTest, NumbersAreListedAsTheyStand) {
+TEST_F(ListingTest, NumbersAreListedAsTheyAre) {
     std::vector<SampleBlock> blocks = FiveBlocks();
     blocks[1].number = " 7 ";
     blocks[2].number = "7 aft";
@@ -86,7 +87,7 @@ TEST_F(ListingTest, TorsionModelHasNoPositionAndSectionAtZeroHasOne) {
     EXPECT_EQ(OnlyEntry(block).x, 0.0f);
 }
 
-TEST_F(ListingTest, OfATorsionModelNoRowBehindTheNameIsRead) {
+TEST_F(ListingTest, OfATorsionModelNoRowAfterTheNameIsRead) {
     SampleBlock torsion;
     torsion.keyword = "TORSION";
     std::string text = BlockText(torsion);
@@ -142,7 +143,7 @@ TEST_F(ListingTest, PositionBeyondSinglePrecisionIsTheLargestSingle) {
     EXPECT_EQ(ModelPosition(path, 1), std::numeric_limits<float>::lowest());
 }
 
-TEST_F(ListingTest, CommentsMayStandBetweenAnyLinesOfTheHead) {
+TEST_F(ListingTest, CommentsMayBeBetweenAnyLinesOfTheHead) {
     std::string text;
     const std::string block = BlockText(SampleBlock());
     for (size_t at = 0; at < block.size();) {
@@ -179,7 +180,7 @@ TEST_F(ListingTest, NamesAreTextsOfTheAnsiCodePage) {
     EXPECT_EQ(OnlyEntry(block).name, std::wstring(lines.nameLabel.begin(), lines.nameLabel.end()));
 }
 
-TEST_F(ListingTest, NumbersThatAreDoubleOrNotDenseAreListedAsTheyStand) {
+TEST_F(ListingTest, NumbersThatAreDoubleOrNotDenseAreListedAsTheyAre) {
     std::vector<SampleBlock> blocks = FiveBlocks();
     blocks[0].number = " 7 ";
     blocks[1].number = " 7 ";
@@ -233,7 +234,7 @@ TEST_F(ListingTest, EmptyBlocksInARowEachHaveAnEntry) {
     EXPECT_EQ(CountModels(path), 3);
 }
 
-TEST_F(ListingTest, ModelNamedLikeTheMarkerIsTakenForANewBlock) {
+TEST_F(ListingTest, ModelNamedLikeTheMarkerCountsAsANewBlock) {
     SampleBlock block;
     block.name = lines.modelMarker;
     Write(DatabaseText({block}));
@@ -267,7 +268,7 @@ TEST_F(ListingTest, PositionOfAMissingModelIsMinusOne) {
     EXPECT_EQ(ModelPosition(L"", 1), -1.0f);
 }
 
-TEST_F(ListingTest, FileThatCanNotBeReadHasAnEmptyList) {
+TEST_F(ListingTest, FileThatCannotBeReadHasAnEmptyList) {
     EXPECT_TRUE(ListModels(L"").empty());
     EXPECT_TRUE(ListModels(folder.path).empty());
     EXPECT_TRUE(ListModelsWithPositions(folder.File(L"missing.ve2")).empty());

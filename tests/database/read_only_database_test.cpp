@@ -13,7 +13,7 @@ using test::DatabaseText;
 using test::FiveBlocks;
 using test::Narrow;
 using test::SampleHead;
-using test::WithoutDates;
+using test::WithoutStamps;
 
 // The names that were proposed to the user, and what the user answers to one question after the
 // other; "" cancels.
@@ -80,7 +80,7 @@ TEST_F(ReadOnlyDatabaseTest, TextIsCopiedToTheOtherFileAndReplacedThere) {
     test::WriteFileBytes(expected, text);
     path = expected;
     EXPECT_TRUE(ReplaceSection(path, section, 2, kAsking));
-    EXPECT_EQ(WithoutDates(test::ReadFileBytes(other)), WithoutDates(Text()));
+    EXPECT_EQ(WithoutStamps(test::ReadFileBytes(other)), WithoutStamps(Text()));
     EXPECT_EQ(proposals.size(), 1U);
 }
 

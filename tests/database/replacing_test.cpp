@@ -13,7 +13,7 @@ using test::DatabaseText;
 using test::FiveBlocks;
 using test::SampleBlock;
 using test::SampleHead;
-using test::WithoutDates;
+using test::WithoutStamps;
 
 struct ReplacingTest : test::EditingTest {
     // The blocks as an edit leaves them, the section in the place of the one at `place`.
@@ -24,7 +24,7 @@ struct ReplacingTest : test::EditingTest {
                                      BlockText(section, LeadingInteger(blocks[i].number))
                                : CopiedBlockText(blocks[i], 0);
         }
-        return WithoutDates(text);
+        return WithoutStamps(text);
     }
     void ExpectRefusedNumber(std::string_view text, int32_t number) {
         EXPECT_FALSE(ReplaceSection(path, section, number, {.keepBackup = true}));
@@ -35,7 +35,7 @@ struct ReplacingTest : test::EditingTest {
 TEST_F(ReplacingTest, ReplacingTheOnlyModelWritesHeadNewBlockNothingElse) {
     Write(DatabaseText({SampleBlock()}));
     EXPECT_TRUE(ReplaceSection(path, section, 1));
-    EXPECT_EQ(WithoutDates(Text()), WithoutDates(SampleHead() + BlockText(section, 1)));
+    EXPECT_EQ(WithoutStamps(Text()), WithoutStamps(SampleHead() + BlockText(section, 1)));
     EXPECT_EQ(test::FilesIn(folder.path).size(), 1U);
     EXPECT_TRUE(test::RecordedReports::Of("warning").empty());
 }
@@ -45,7 +45,7 @@ TEST_F(ReplacingTest, EachOfFiveModelsIsReplacedAndTheOthersStay) {
     for (size_t i = 0; i < blocks.size(); ++i) {
         Write(DatabaseText(blocks));
         EXPECT_TRUE(ReplaceSection(path, section, static_cast<int32_t>(i) + 1));
-        EXPECT_EQ(WithoutDates(Text()), WithSectionAt(blocks, i)) << i;
+        EXPECT_EQ(WithoutStamps(Text()), WithSectionAt(blocks, i)) << i;
     }
 }
 
@@ -53,21 +53,21 @@ TEST_F(ReplacingTest, NumberOneAboveTheCountAppends) {
     const std::vector<SampleBlock> blocks = FiveBlocks();
     std::string expected = SampleHead();
     for (const SampleBlock& block : blocks) expected += CopiedBlockText(block, 0);
-    expected = WithoutDates(expected + BlockText(section, 6));
+    expected = WithoutStamps(expected + BlockText(section, 6));
     Write(DatabaseText(blocks));
     EXPECT_TRUE(ReplaceSection(path, section, 6));
-    EXPECT_EQ(WithoutDates(Text()), expected);
+    EXPECT_EQ(WithoutStamps(Text()), expected);
 
     // The last line gets the end that it lacks.
     Write(DatabaseText(blocks).substr(0, DatabaseText(blocks).size() - 2));
     EXPECT_TRUE(ReplaceSection(path, section, 6));
-    EXPECT_EQ(WithoutDates(Text()), expected);
+    EXPECT_EQ(WithoutStamps(Text()), expected);
 }
 
 TEST_F(ReplacingTest, FirstModelIsAppendedToTheHead) {
     Write(SampleHead());
     EXPECT_TRUE(ReplaceSection(path, section, 1));
-    EXPECT_EQ(WithoutDates(Text()), WithoutDates(SampleHead() + BlockText(section, 1)));
+    EXPECT_EQ(WithoutStamps(Text()), WithoutStamps(SampleHead() + BlockText(section, 1)));
 }
 
 TEST_F(ReplacingTest, RecordComesBackAsItWasReplaced) {
@@ -100,9 +100,9 @@ TEST_F(ReplacingTest, BulkheadArrangementIsReplacedAndAppended) {
     const std::string expected = Copied({blocks[0]}) + BlockText(arrangement, 2) +
                                  CopiedBlockText(blocks[2], 0) + CopiedBlockText(blocks[3], 0) +
                                  CopiedBlockText(blocks[4], 0);
-    EXPECT_EQ(WithoutDates(Text()), WithoutDates(expected));
+    EXPECT_EQ(WithoutStamps(Text()), WithoutStamps(expected));
     EXPECT_TRUE(ReplaceBulkheadArrangement(path, arrangement, 6));
-    EXPECT_EQ(WithoutDates(Text()), WithoutDates(expected + BlockText(arrangement, 6)));
+    EXPECT_EQ(WithoutStamps(Text()), WithoutStamps(expected + BlockText(arrangement, 6)));
     const std::string text = Text();
     EXPECT_FALSE(ReplaceBulkheadArrangement(path, arrangement, 8));
     ExpectRefusal(text, kMsgModelMissing, {8, path});
@@ -121,7 +121,7 @@ TEST_F(ReplacingTest, BulkheadArrangementPutBackTenTimesLeavesNothingBehind) {
             ASSERT_TRUE(ReadBulkheadBlock(path, 1, read));
             ASSERT_TRUE(ReplaceBulkheadArrangement(path, read, 1));
         }
-        EXPECT_EQ(WithoutDates(Text()), WithoutDates(text)) << bare;
+        EXPECT_EQ(WithoutStamps(Text()), WithoutStamps(text)) << bare;
     }
 }
 
@@ -137,7 +137,7 @@ TEST_F(ReplacingTest, FirstBlockOfADoubleNumberIsReplaced) {
     const std::vector<SampleBlock> blocks = Numbered({" 1 ", " 2 ", " 2 ", " 2 ", " 5 "});
     Write(DatabaseText(blocks));
     EXPECT_TRUE(ReplaceSection(path, section, 2));
-    EXPECT_EQ(WithoutDates(Text()), WithSectionAt(blocks, 1));
+    EXPECT_EQ(WithoutStamps(Text()), WithSectionAt(blocks, 1));
 }
 
 TEST_F(ReplacingTest, NumbersInAnyOrderAreFound) {
@@ -147,19 +147,19 @@ TEST_F(ReplacingTest, NumbersInAnyOrderAreFound) {
         if (numbers[i] < 1) continue;
         Write(DatabaseText(blocks));
         EXPECT_TRUE(ReplaceSection(path, section, numbers[i]));
-        EXPECT_EQ(WithoutDates(Text()), WithSectionAt(blocks, i)) << i;
+        EXPECT_EQ(WithoutStamps(Text()), WithSectionAt(blocks, i)) << i;
     }
 }
 
-TEST_F(ReplacingTest, ModelIsAppendedBehindTheHighestNumberOfAFileWithGaps) {
+TEST_F(ReplacingTest, ModelIsAppendedAfterTheHighestNumberOfAFileWithGaps) {
     const std::vector<SampleBlock> blocks = Numbered({" 1 ", " 90 ", " 3 ", " 4 ", " 5 "});
     const std::string text = DatabaseText(blocks);
     Write(text);
     ExpectRefusedNumber(text, 6);
     EXPECT_EQ(NextModelNumber(path), 91);
     EXPECT_TRUE(ReplaceSection(path, section, 91));
-    EXPECT_EQ(WithoutDates(Text()),
-              WithoutDates(WithSectionAt(blocks, 5) + BlockText(section, 91)));
+    EXPECT_EQ(WithoutStamps(Text()),
+              WithoutStamps(WithSectionAt(blocks, 5) + BlockText(section, 91)));
 }
 
 TEST_F(ReplacingTest, NextNumberIsAboveTheCountAndAboveAllNumbers) {
@@ -188,12 +188,12 @@ TEST_F(ReplacingTest, DamagedBlocksPassUnchanged) {
                                lines.commentRule + "\r\nno number\r\n";
     Write(SampleHead() + BlockText(blocks[0]) + damaged + BlockText(blocks[1]) + damaged);
     EXPECT_TRUE(ReplaceSection(path, section, 2));
-    EXPECT_EQ(WithoutDates(Text()),
-              WithoutDates(Copied({blocks[0]}) + copied + BlockText(section, 2) + copied));
+    EXPECT_EQ(WithoutStamps(Text()),
+              WithoutStamps(Copied({blocks[0]}) + copied + BlockText(section, 2) + copied));
     Write(SampleHead() + damaged + BlockText(blocks[0]) + damaged);
     EXPECT_TRUE(ReplaceSection(path, section, 1));
-    EXPECT_EQ(WithoutDates(Text()),
-              WithoutDates(SampleHead() + copied + BlockText(section, 1) + copied));
+    EXPECT_EQ(WithoutStamps(Text()),
+              WithoutStamps(SampleHead() + copied + BlockText(section, 1) + copied));
 }
 
 // ---- Comments before markers -------------------------------------------------------------------
@@ -217,7 +217,7 @@ struct ClosingRuleTest : ReplacingTest {
             EXPECT_TRUE(ReadSectionBlock(path, 1, false, read));
             EXPECT_TRUE(ReplaceSection(path, read, 1));
         }
-        return WithoutDates(Text());
+        return WithoutStamps(Text());
     }
 };
 
@@ -227,7 +227,7 @@ TEST_F(ClosingRuleTest, ReplacingTenTimesLeavesNothingBehind) {
         next.number = " 2 ";
         next.beforeMarker = comments;
         const std::string text = SampleHead() + BlockText(section, 1) + BlockText(next);
-        EXPECT_EQ(AfterTenTimesReadAndReplaced(text), WithoutDates(text)) << comments;
+        EXPECT_EQ(AfterTenTimesReadAndReplaced(text), WithoutStamps(text)) << comments;
     }
 }
 
@@ -243,7 +243,7 @@ TEST_F(ClosingRuleTest, CommentsOfTheNextBlockSurviveAChangeOfTheTables) {
     EXPECT_TRUE(Text().ends_with(BlockText(next)));
     EXPECT_TRUE(ReplaceSection(path, bare, 1));
     EXPECT_TRUE(Text().ends_with(BlockText(next)));
-    EXPECT_EQ(AfterTenTimesReadAndReplaced(Text()), WithoutDates(Text()));
+    EXPECT_EQ(AfterTenTimesReadAndReplaced(Text()), WithoutStamps(Text()));
 }
 
 TEST_F(ReplacingTest, CommentsBeforeTheNextMarkerStay) {
@@ -251,12 +251,12 @@ TEST_F(ReplacingTest, CommentsBeforeTheNextMarkerStay) {
     blocks[1].beforeMarker = "*\r\n* a note on the second\r\n*\r\n*\r\n";
     Write(DatabaseText(blocks));
     EXPECT_TRUE(ReplaceSection(path, section, 1));
-    EXPECT_EQ(WithoutDates(Text()), WithSectionAt(blocks, 0));
+    EXPECT_EQ(WithoutStamps(Text()), WithSectionAt(blocks, 0));
 }
 
 // ---- Refusals and messages ---------------------------------------------------------------------
 
-TEST_F(ReplacingTest, StatusLabelTellsOfTheWritingAndIsClearedBehindIt) {
+TEST_F(ReplacingTest, StatusLabelShowsTheWritingAndIsClearedAfterIt) {
     Write(DatabaseText(FiveBlocks()));
     EXPECT_TRUE(ReplaceSection(path, section, 1));
     const std::string writing = test::Narrow(FormatMessage(kMsgWritingDatabase, {path})) + "...";
@@ -280,7 +280,7 @@ TEST_F(ReplacingTest, FileThatIsNotThereIsReported) {
     EXPECT_TRUE(test::FilesIn(folder.path).empty());
 }
 
-TEST_F(ReplacingTest, FileThatIsNoDatabaseIsReportedAndStays) {
+TEST_F(ReplacingTest, FileThatIsNotADatabaseIsReportedAndStays) {
     for (const char* text : {"", "* only comments\r\n", "a letter\r\n", "\r\n", "\xFF\xFE"}) {
         Write(text);
         EXPECT_FALSE(ReplaceSection(path, section, 1, {.keepBackup = true}));

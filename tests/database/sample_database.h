@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "bsd/bsd_file.h"
-#include "database/database_file.h"
+#include "database/scanning.h"
 #include "files/text_file.h"
 #include "text/numbers.h"
 

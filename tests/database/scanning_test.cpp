@@ -4,7 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "database/database_file.h"
+#include "database/copying.h"
+#include "database/listing.h"
+#include "database/scanning.h"
 #include "tests/database/sample_database.h"
 #include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
@@ -99,7 +101,7 @@ TEST_F(ScanningTest, FormsOfTheSignatureLine) {
     }
 }
 
-TEST_F(ScanningTest, FileThatCanNotBeReadIsNoDatabase) {
+TEST_F(ScanningTest, FileThatCannotBeReadIsNotADatabase) {
     EXPECT_FALSE(IsDatabaseFile(L""));
     EXPECT_FALSE(IsDatabaseFile(folder.File(L"missing.ve2")));
     EXPECT_FALSE(IsDatabaseFile(folder.path));
@@ -125,7 +127,7 @@ TEST_F(ScanningTest, CountsInAFileWithLineFeedsAndWithoutLastLineEnd) {
     EXPECT_EQ(CountModels(path), 6);
 }
 
-TEST_F(ScanningTest, LineThatEqualsTheMarkerOnlyPartlyIsNone) {
+TEST_F(ScanningTest, LineThatEqualsTheMarkerOnlyPartlyIsNotAMarker) {
     const std::string& marker = lines.modelMarker;
     Write(SampleHead() + test::JoinLines({marker + " ", " " + marker, marker + marker,
                                           marker.substr(1), marker.substr(0, marker.size() - 1),
@@ -152,7 +154,7 @@ TEST_F(ScanningTest, MarkersAreFoundWhereverTheBufferEnds) {
     }
 }
 
-TEST_F(ScanningTest, FileThatCanNotBeReadHasNoModels) {
+TEST_F(ScanningTest, FileThatCannotBeReadHasNoModels) {
     EXPECT_EQ(CountModels(L""), 0);
     EXPECT_EQ(CountModels(folder.File(L"missing.ve2")), 0);
     EXPECT_EQ(CountModels(folder.path), 0);
@@ -193,7 +195,7 @@ TEST_F(ScanningTest, FoundModelWithoutCommentsBeginsWithItsMarker) {
     EXPECT_EQ(NextLines(reader, 2), expected);
 }
 
-TEST_F(ScanningTest, CommentsBeforeTheReadersPlaceDoNotBelongToTheModel) {
+TEST_F(ScanningTest, CommentsBeforeTheReadersPositionDoNotBelongToTheModel) {
     SampleBlock block;
     block.beforeMarker = "* one\r\n* two\r\n";
     Write(BlockText(block));
@@ -218,7 +220,7 @@ TEST_F(ScanningTest, CommentAfterTheKeywordOfABlockThatEndsThereBelongsToTheNext
     EXPECT_EQ(NextLines(reader, 3), expected);
 }
 
-TEST_F(ScanningTest, ModelIsFoundFromTheReadersPlaceOn) {
+TEST_F(ScanningTest, ModelIsFoundFromTheReadersPositionOn) {
     Write(DatabaseText(FiveBlocks()));
     TextReader reader;
     ASSERT_TRUE(OpenText(reader, path));
@@ -284,7 +286,7 @@ TEST_F(ScanningTest, OfTwoBlocksWithOneNumberTheFirstThatFitsIsFound) {
     EXPECT_TRUE(FindModel(reader, 1, keyword));
 }
 
-TEST_F(ScanningTest, NumberLineIsReadWithWhatStandsBehindTheNumber) {
+TEST_F(ScanningTest, NumberLineIsReadWithWhatFollowsTheNumber) {
     std::vector<SampleBlock> blocks = FiveBlocks();
     blocks[0].number = "1 the first";
     blocks[1].number = "\t2";
@@ -300,7 +302,7 @@ TEST_F(ScanningTest, NumberLineIsReadWithWhatStandsBehindTheNumber) {
     }
 }
 
-TEST_F(ScanningTest, DamagedBlockDoesNotHideTheOneBehindIt) {
+TEST_F(ScanningTest, DamagedBlockDoesNotHideTheOneAfterIt) {
     // Of the second block only the first `kept` lines are left.
     const std::string& marker = lines.modelMarker;
     const std::vector<std::string> head = {marker, " 2 ", "BHA", lines.nameLabel};

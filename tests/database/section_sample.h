@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "database/section_file.h"
+#include "database/section_block.h"
 #include "tests/database/block_sample.h"
 
 namespace corvane::test {

@@ -1,6 +1,7 @@
 // MakeLibraryView: a section as the geometry library takes it.
 #include <gtest/gtest.h>
 
+#include "database/section_view.h"
 #include "tests/database/section_sample.h"
 
 namespace corvane {
@@ -65,7 +66,7 @@ TEST(SectionViewTest, ProfileOfAStiffenerIsThatOfItsFirstSpan) {
     EXPECT_EQ(view.section.strakes[0].stiffeners[1].profile, kProfileTee);
 }
 
-TEST(SectionViewTest, CountsAreHeldToSixteenBits) {
+TEST(SectionViewTest, CountsAreClampedToSixteenBits) {
     SectionModel model;
     model.panels.resize(1);
     model.panels[0].nodes.resize(40000);

@@ -5,8 +5,8 @@
 #include <cstring>
 #include <string>
 
-#include "database/database_file.h"
-#include "files/paths.h"
+#include "database/model_kind.h"
+#include "files/text_file.h"
 #include "platform/system.h"
 #include "platform/ztutil32.h"
 #include "report/messages.h"
@@ -125,7 +125,7 @@ TEST_F(StampsTest, UserNameThatFillsTheBufferIsKept) {
     EXPECT_GE(CurrentStamp().userName.size(), 200u);
 }
 
-TEST_F(StampsTest, UserNameIsEmptyWhenTheLibraryKnowsNone) {
+TEST_F(StampsTest, UserNameIsEmptyWhenTheLibraryDoesNotKnowIt) {
     const test::FakeFunction fake(corvane::LoginName, [](char*, int32_t) {});
     EXPECT_TRUE(CurrentStamp().userName.empty());
 }

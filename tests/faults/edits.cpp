@@ -1,13 +1,16 @@
 #include "tests/faults/edits.h"
 
 #include "bsd/bsd_file.h"
-#include "database/database_file.h"
+#include "database/creating.h"
 #include "database/editing.h"
+#include "database/scanning.h"
 #include "database/stamps.h"
 #include "files/rewrite.h"
+#include "files/text_file.h"
 #include "platform/ztutil32.h"
 #include "report/messages.h"
 #include "tests/database/bulkhead_sample.h"
+#include "tests/database/sample_database.h"
 #include "tests/database/section_sample.h"
 #include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
@@ -23,13 +26,13 @@ constexpr size_t kTorsionText = kTextBufferSize + 20'000;
 constexpr size_t kLongText = 3 * kTextBufferSize + 1'000;
 
 std::string TorsionBlock() {
-    const StructuralLines lines = FetchStructuralLines();
-    std::string text = lines.modelMarker + "\r\n" + lines.commentRule + "\r\n 1 \r\nTORSION\r\n" +
-                       lines.commentRule + "\r\n" + lines.nameLabel + "\r\nHold 3\r\n";
-    for (int row = 1; text.size() < kTorsionText; ++row) {
-        text += ' ' + std::to_string(row) + " \t .5 \t 12.5 \t 3.25 \r\n";
+    test::SampleBlock block;
+    block.keyword = "TORSION";
+    block.name = "Hold 3";
+    for (int row = 1; block.body.size() < kTorsionText; ++row) {
+        block.body += ' ' + std::to_string(row) + " \t .5 \t 12.5 \t 3.25 \r\n";
     }
-    return text;
+    return BlockText(block);
 }
 
 std::string MakeOldDatabase() {

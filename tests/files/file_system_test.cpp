@@ -27,7 +27,7 @@ TEST(FileExists, OfAFile) {
     EXPECT_TRUE(FilesIn(folder.path) == Names{L"ship.ve2"});
 }
 
-TEST(FileExists, FolderIsNoFile) {
+TEST(FileExists, FolderIsNotAFile) {
     const TemporaryFolder folder;
     EXPECT_FALSE(FileExists(folder.path));
     EXPECT_FALSE(FileExists(StripTrailingBackslash(folder.path)));
@@ -74,7 +74,7 @@ TEST(IsDirectory, OfFoldersWithAndWithoutBackslash) {
     EXPECT_TRUE(IsDirectory(L"  " + folder.path + L"  "));
 }
 
-TEST(IsDirectory, FilesAndWhatIsMissingAreNone) {
+TEST(IsDirectory, FilesAndWhatIsMissingAreNotDirectories) {
     const TemporaryFolder folder;
     WriteFileBytes(folder.File(L"ship.ve2"), "");
     EXPECT_FALSE(IsDirectory(folder.File(L"ship.ve2")));
@@ -145,7 +145,7 @@ TEST(TempFileName, TwiceGivesTwoNamesThatDoNotExist) {
     EXPECT_FALSE(FileExists(second));
 }
 
-TEST(TempFileName, LiesInTheTemporaryFolderUnderTheProgramsLetters) {
+TEST(TempFileName, IsInTheTemporaryFolderUnderTheProgramsLetters) {
     const std::wstring name = TempFileName();
     EXPECT_EQ(DirectoryOf(name), system::TemporaryDirectory());
     EXPECT_EQ(FileNameOf(name).substr(0, 3), L"Cor");
@@ -159,7 +159,7 @@ TEST(NewTemporaryFile, MakesAnEmptyFile) {
     EXPECT_FALSE(FileExists(path));
 }
 
-TEST(AwaitReadable, TellsWhyNotAtOnce) {
+TEST(AwaitReadable, SaysWhyNotAtOnce) {
     const TemporaryFolder folder;
     WriteFileBytes(folder.File(L"ship.ve2"), "");
     const int64_t start = system::Milliseconds();
@@ -171,7 +171,7 @@ TEST(AwaitReadable, TellsWhyNotAtOnce) {
     EXPECT_LT(system::Milliseconds() - start, 900);
 }
 
-TEST(RemoveOwnFile, MissingFileIsNoError) {
+TEST(RemoveOwnFile, MissingFileIsNotAnError) {
     const TemporaryFolder folder;
     EXPECT_EQ(RemoveOwnFile(folder.File(L"none")), system::kErrorNone);
 }
@@ -277,7 +277,7 @@ TEST(ReplaceFile, ReadOnlyTargetIsRefusedUntouched) {
     EXPECT_TRUE(FilesIn(files.folder.path) == Names{L"ship.ve2"});
 }
 
-TEST(ReplaceFile, FolderIsNoTarget) {
+TEST(ReplaceFile, FolderIsNotATarget) {
     const Replacing files;
     WriteFileBytes(files.temporary, "new");
     EXPECT_FALSE(ReplaceFile(files.temporary, StripTrailingBackslash(files.folder.path)).Done());

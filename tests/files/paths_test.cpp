@@ -23,7 +23,7 @@ TEST(WithTrailingBackslash, DrivesAndTheRoot) {
     EXPECT_EQ(WithTrailingBackslash(L"my folder"), L"my folder\\");
 }
 
-TEST(StripTrailingBackslash, TakesOffOneOnly) {
+TEST(StripTrailingBackslash, RemovesOneOnly) {
     EXPECT_EQ(StripTrailingBackslash(L"C:\\data\\"), L"C:\\data");
     EXPECT_EQ(StripTrailingBackslash(L"C:\\data\\\\"), L"C:\\data\\");
     EXPECT_EQ(StripTrailingBackslash(L" C:\\data\\ "), L"C:\\data");
@@ -47,7 +47,7 @@ TEST(DirectoryOf, PathEndsWithItsLastBackslash) {
     EXPECT_EQ(DirectoryOf(L"\\\\server\\share\\b.ve2"), L"\\\\server\\share\\");
 }
 
-TEST(FileNameOf, IsTheTextBehindTheLastBackslashUntrimmed) {
+TEST(FileNameOf, IsTheTextAfterTheLastBackslashUntrimmed) {
     EXPECT_EQ(FileNameOf(L"C:\\a\\b.ve2"), L"b.ve2");
     EXPECT_EQ(FileNameOf(L"C:\\a\\ b.ve2 "), L" b.ve2 ");
     EXPECT_EQ(FileNameOf(L"b.ve2"), L"b.ve2");
@@ -75,7 +75,7 @@ TEST(FileExtension, IsInLowerCase) {
     EXPECT_EQ(FileExtension(L"ship.ÉTÉ"), L"été");
 }
 
-TEST(FileExtension, NameWithoutAPointHasNone) {
+TEST(FileExtension, NameWithoutAPointHasNoExtension) {
     EXPECT_EQ(FileExtension(L"ship"), L"");
     EXPECT_EQ(FileExtension(L""), L"");
 }

@@ -26,7 +26,7 @@ struct RewriteTest : testing::Test {
     }
 };
 
-TEST_F(RewriteTest, NewTextTakesThePlaceOfTheOld) {
+TEST_F(RewriteTest, NewTextReplacesTheOld) {
     EXPECT_EQ(ReadFileBytes(target), "old");
     EXPECT_TRUE(FinishRewrite(rewrite));
     EXPECT_EQ(ReadFileBytes(target), "new");
@@ -47,7 +47,7 @@ TEST_F(RewriteTest, TextThatCouldNotBeReadWholeIsRemovedAndReported) {
     }
 }
 
-TEST_F(RewriteTest, TextThatCanNotBePutInPlaceIsKeptAndItsPathTold) {
+TEST_F(RewriteTest, TextThatCannotBePutInPlaceIsKeptAndItsPathReported) {
     ASSERT_EQ(system::SetReadOnly(target, true), system::kErrorNone);
     EXPECT_FALSE(FinishRewrite(rewrite));
     EXPECT_EQ(ReadFileBytes(target), "old");
@@ -84,7 +84,7 @@ struct BackupTest : testing::Test {
     }
 };
 
-TEST_F(BackupTest, OldTextStandsBesideTheNewOne) {
+TEST_F(BackupTest, OldTextIsBesideTheNewOne) {
     test::WriteFileBytes(folder.File(L"ship.ve2"), "old");
     EXPECT_TRUE(Write(L"ship.ve2", "new"));
     EXPECT_EQ(Text(L"ship.ve2"), "new");

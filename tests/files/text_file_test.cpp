@@ -360,7 +360,7 @@ TEST(FindLine, TextOfOneByteAndOfTheLongestMarker) {
                 static_cast<int64_t>(kTextBufferSize) - 500);
 }
 
-TEST(FindLine, FindsTheLineItStandsAtAgainAndThenTheNext) {
+TEST(FindLine, FindsTheLineItIsAtAgainAndThenTheNext) {
     OneFile file("MARK\r\none\r\nMARK\r\ntwo\r\nMARK");
     for (const int64_t position : {0, 11, 22}) {
         ASSERT_TRUE(FindLine(file.reader, "MARK"));
@@ -401,7 +401,7 @@ TEST(FindLine, MarkerAtEveryOffsetOfAShortFile) {
     }
 }
 
-TEST(FindLine, BehindALineLongerThanTheBuffer) {
+TEST(FindLine, AfterALineLongerThanTheBuffer) {
     const std::string longLine = std::string(3 * kTextBufferSize, 'M') + "\r\n";
     ExpectFound(longLine + "MARK\r\n", "MARK", static_cast<int64_t>(longLine.size()));
     ExpectFound("MARK" + longLine + "MARK\r\n", "MARK", static_cast<int64_t>(longLine.size()) + 4);

@@ -185,7 +185,7 @@ TEST(CopySpan, LargeFilesAndLongLinesAreCopiedUnchanged) {
     EXPECT_TRUE(CopyOf(file, middle, -1) == bytes.substr(static_cast<size_t>(middle)));
 }
 
-TEST(CopySpan, BehindALineThatWasCut) {
+TEST(CopySpan, AfterALineThatWasCut) {
     const std::string bytes = std::string(2 * kTextBufferSize, 'l') + "\r\none\r\ntwo\r\n";
     OneFile file(bytes);
     file.Next();

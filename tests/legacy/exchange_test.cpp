@@ -4,9 +4,13 @@
 
 #include <gtest/gtest.h>
 
-#include "bsd/bsd_file.h"
-#include "database/section_file.h"
+#include "bsd/basic_ship_data.h"
+#include "database/copying.h"
+#include "database/creating.h"
+#include "database/section_block.h"
+#include "database/stamps.h"
 #include "files/file_system.h"
+#include "files/text_file.h"
 #include "platform/system.h"
 #include "report/reporters.h"
 #include "tests/legacy/legacy_support.h"
@@ -135,7 +139,7 @@ TEST_F(Exchange, DatabaseThatTakesNoSlotEndsTheExport) {
     EXPECT_EQ(Warnings(), Calls{WarningText(1002, {target})});
 }
 
-TEST_F(Exchange, SlotThatCanNotBeNamedIsReported) {
+TEST_F(Exchange, SlotThatCannotBeNamedIsReported) {
     Library::nameStatus = 4;
     SectionModel section = SmallSection(L"Frame 10", 7.5F);
     EXPECT_FALSE(ExportSection({target, 12}, section, bsd));
@@ -228,7 +232,7 @@ TEST_F(Exchange, DefaultsLeaveWhatIsSet) {
     EXPECT_EQ(section.sideSlope_deg, 45);
 }
 
-TEST_F(Exchange, WithoutAThresholdEveryFieldTakesItsDefault) {
+TEST_F(Exchange, WithoutAThresholdEveryFieldGetsItsDefault) {
     SectionModel section = SmallSection(L"Frame 10", 7.5F);
     section.shipType = 9;
     section.navigationCode = -2;
@@ -295,7 +299,7 @@ TEST_F(Exchange, NothingHappensWithoutAModelDatabase) {
     EXPECT_EQ(ReadFileBytes(target), "old");
 }
 
-TEST_F(Exchange, DatabaseThatCanNotBeCreatedEndsTheExport) {
+TEST_F(Exchange, DatabaseThatCannotBeCreatedEndsTheExport) {
     WriteModels({SmallSection(L"Frame 10", 7.5F)});
     Library::createStatus = 4;
     EXPECT_FALSE(ExportDatabase(source, target));
@@ -303,7 +307,7 @@ TEST_F(Exchange, DatabaseThatCanNotBeCreatedEndsTheExport) {
     EXPECT_EQ(Warnings(), Calls{WarningText(1067, {target})});
 }
 
-TEST_F(Exchange, ShipDataThatCanNotBeWrittenEndTheExport) {
+TEST_F(Exchange, ShipDataThatCannotBeWrittenEndTheExport) {
     WriteModels({SmallSection(L"Frame 10", 7.5F)});
     Library::bsdStatus = 3;
     EXPECT_FALSE(ExportDatabase(source, target));
@@ -329,7 +333,7 @@ TEST_F(Exchange, NameThatIsRefusedDoesNotEndTheLoop) {
     EXPECT_TRUE(Warnings().empty());
 }
 
-TEST_F(Exchange, WholeDatabaseTakesDefaultsInSilenceForItsDepthToo) {
+TEST_F(Exchange, WholeDatabaseGetsDefaultsInSilenceForItsDepthToo) {
     SectionModel section = SmallSection(L"Frame 10", 0);
     section.depth_m = 0;
     WriteModels({section});
@@ -366,7 +370,7 @@ TEST_F(Exchange, ShipDataCrossInALargerZeroedBuffer) {
     EXPECT_EQ(LoadBsdFromLegacy(target, back), 0);
 }
 
-TEST_F(Exchange, ShipDataThatCanNotBeReadLeaveTheRecord) {
+TEST_F(Exchange, ShipDataThatCannotBeReadLeaveTheRecord) {
     Library::naviStatus = 3;
     BasicShipData back = bsd;
     EXPECT_EQ(LoadBsdFromLegacy(target, back), 3);

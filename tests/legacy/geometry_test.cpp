@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "database/section.h"
+#include "database/section_view.h"
+#include "legacy/absolute_geometry.h"
 #include "platform/ztutil32.h"
 #include "tests/companions/section_builder.h"
 #include "tests/support/recorded_reports.h"

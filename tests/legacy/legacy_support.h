@@ -8,7 +8,8 @@
 #include <vector>
 
 #include "database/section.h"
-#include "legacy/section_record.h"
+#include "legacy/section_from_legacy.h"
+#include "legacy/section_to_legacy.h"
 #include "platform/ztvelk32.h"
 #include "report/messages.h"
 #include "tests/support/support.h"

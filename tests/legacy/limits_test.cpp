@@ -6,7 +6,6 @@
 #include "report/messages.h"
 #include "tests/companions/section_builder.h"
 #include "tests/legacy/legacy_support.h"
-#include "tests/support/recorded_reports.h"
 
 namespace corvane {
 namespace {
@@ -258,7 +257,7 @@ TEST(LegacyLimits, ManyMoreAreReportedOnce) {
     }
 }
 
-TEST(LegacyLimits, EqualProfilesStandOnce) {
+TEST(LegacyLimits, EqualProfilesAreThereOnce) {
     const RecordedReports screen;
     SectionModel section;
     section.panels.push_back(PanelOfNodes(2, 0, 1));
@@ -284,7 +283,7 @@ TEST(LegacyLimits, SpansOfStiffenersWithoutRoomAreLeftOut) {
     EXPECT_EQ(record->geometry.counts.spans, 0);
 }
 
-TEST(LegacyLimits, IntersectionsWithoutRoomAreGivenByTheirPlaces) {
+TEST(LegacyLimits, IntersectionsWithoutRoomAreGivenByTheirCoordinates) {
     const RecordedReports screen;
     SectionModel section;
     section.panels.push_back(PanelOfNodes(2, 0, 1));
@@ -303,7 +302,7 @@ TEST(LegacyLimits, IntersectionsWithoutRoomAreGivenByTheirPlaces) {
     EXPECT_EQ(back.panels[1].nodes[10].givenY, 30);
 }
 
-TEST(LegacyLimits, IntegersAreHeldToSixteenBits) {
+TEST(LegacyLimits, IntegersAreClampedToSixteenBits) {
     const RecordedReports screen;
     SectionModel section;
     section.panels.push_back(PanelOfNodes(2, 0, 1));

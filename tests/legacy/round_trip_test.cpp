@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "bsd/bsd_file.h"
-#include "database/section_file.h"
+#include "database/section_block.h"
 #include "legacy/exchange.h"
 #include "tests/legacy/legacy_support.h"
 #include "tests/support/recorded_reports.h"

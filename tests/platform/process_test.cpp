@@ -16,7 +16,7 @@ TEST(Process, SecondProcessOfTheSameProgramIsRefused) {
     EXPECT_TRUE(ClaimSingleInstance());
 }
 
-TEST(Process, InstanceNameTellsProgramsApart) {
+TEST(Process, InstanceNameDistinguishesPrograms) {
     EXPECT_EQ(InstanceName(L"c:\\a\\corvane.exe"), InstanceName(L"c:\\a\\corvane.exe"));
     EXPECT_NE(InstanceName(L"c:\\a\\corvane.exe"), InstanceName(L"c:\\b\\corvane.exe"));
     EXPECT_EQ(InstanceName(std::wstring(400, L'x')).find(L'\\'), std::wstring::npos);

@@ -184,7 +184,7 @@ TEST(Profile, WritingAReadOnlyFileIsError5) {
     EXPECT_EQ(ReadFileBytes(path), "[A]\r\nkey=old\r\n");
 }
 
-TEST(Profile, NameWithoutFolderLiesInTheWindowsFolder) {
+TEST(Profile, NameWithoutFolderIsInTheWindowsFolder) {
     const TemporaryFolder folder;
     const std::wstring name = L"corvane_profile_test.ini";
     ASSERT_EQ(WriteProfileText("A", "key", "here", name), kErrorNone);

@@ -220,7 +220,7 @@ TEST(FilesByName, MissingFileHasAStatusAndNoError) {
     }
 }
 
-TEST(FilesByName, ReadOnlyCanBeSetAndTakenAway) {
+TEST(FilesByName, ReadOnlyCanBeSetAndCleared) {
     const TemporaryFolder folder;
     const std::wstring path = folder.File(L"a");
     WriteFileBytes(path, "x");
@@ -266,7 +266,7 @@ TEST(FilesByName, RemoveRefusesAReadOnlyFileAndAFolder) {
     EXPECT_EQ(FilesIn(folder.path).size(), 2U);
 }
 
-TEST(FilesByName, CopyTakesTheBytes) {
+TEST(FilesByName, CopyHasTheBytes) {
     const TemporaryFolder folder;
     std::string bytes;
     for (int i = 0; i < 200'000; ++i) bytes += static_cast<char>(i * 7);
@@ -305,7 +305,7 @@ TEST(FilesByName, CopyFailures) {
     EXPECT_EQ(FilesIn(folder.path).size(), 1U);
 }
 
-TEST(FilesByName, RenameTakesThePlaceOfTheTarget) {
+TEST(FilesByName, RenameReplacesTheTarget) {
     const TemporaryFolder folder;
     WriteFileBytes(folder.File(L"new"), "new");
     WriteFileBytes(folder.File(L"target"), "old");

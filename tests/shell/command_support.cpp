@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "bsd/bsd_file.h"
-#include "database/database_file.h"
+#include "database/creating.h"
 #include "files/paths.h"
 #include "platform/system.h"
 #include "shell/open_database.h"

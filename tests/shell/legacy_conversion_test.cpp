@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include "bsd/basic_ship_data.h"
 #include "bsd/bsd_file.h"
-#include "database/database_file.h"
-#include "database/section_file.h"
+#include "database/listing.h"
+#include "database/scanning.h"
+#include "database/section_block.h"
 #include "files/file_system.h"
 #include "legacy/exchange.h"
 #include "platform/system.h"

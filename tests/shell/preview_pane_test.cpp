@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "database/database_file.h"
+#include "database/listing.h"
 #include "tests/shell/fake_view.h"
 #include "tests/shell/shown_database.h"
 

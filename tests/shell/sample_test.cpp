@@ -8,11 +8,15 @@
 #include <string>
 #include <vector>
 
+#include "bsd/basic_ship_data.h"
 #include "bsd/bsd_file.h"
 #include "bsd/frames.h"
-#include "database/bulkhead_file.h"
-#include "database/database_file.h"
-#include "database/section_file.h"
+#include "database/bulkhead_block.h"
+#include "database/listing.h"
+#include "database/scanning.h"
+#include "database/section_block.h"
+#include "database/section_view.h"
+#include "files/text_file.h"
 #include "legacy/exchange.h"
 #include "preview/section_preview.h"
 #include "tests/shell/sample_models.h"

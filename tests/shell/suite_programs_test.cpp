@@ -5,7 +5,8 @@
 
 #include <algorithm>
 
-#include "database/database_file.h"
+#include "bsd/basic_ship_data.h"
+#include "database/model_kind.h"
 #include "files/file_system.h"
 #include "platform/system.h"
 #include "report/messages.h"

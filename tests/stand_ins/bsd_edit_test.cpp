@@ -6,7 +6,8 @@
 
 #include "bsd/bsd_file.h"
 #include "bsd/labels.h"
-#include "database/database_file.h"
+#include "database/creating.h"
+#include "database/scanning.h"
 #include "stand_ins/stand_ins.h"
 #include "tests/stand_ins/stand_in_fixture.h"
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "bsd/bsd_file.h"
+#include "bsd/basic_ship_data.h"
 #include "drafting/section_draft.h"
 #include "platform/grvelk.h"
 #include "tests/support/support.h"

@@ -3,8 +3,9 @@
 
 #include <string>
 
-#include "database/bulkhead_file.h"
-#include "database/database_file.h"
+#include "database/bulkhead_block.h"
+#include "database/listing.h"
+#include "database/scanning.h"
 #include "stand_ins/stand_ins.h"
 #include "stand_ins/torsion.h"
 #include "tests/stand_ins/stand_in_fixture.h"

@@ -4,9 +4,12 @@
 #include <string>
 #include <vector>
 
-#include "bsd/bsd_file.h"
-#include "database/database_file.h"
-#include "database/section_file.h"
+#include "bsd/basic_ship_data.h"
+#include "database/creating.h"
+#include "database/listing.h"
+#include "database/scanning.h"
+#include "database/section_block.h"
+#include "database/section_view.h"
 #include "stand_ins/midship.h"
 #include "stand_ins/stand_ins.h"
 #include "tests/stand_ins/stand_in_fixture.h"

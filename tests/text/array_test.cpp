@@ -29,7 +29,7 @@ TEST(Array, EqualWhenAllElementsAre) {
     EXPECT_NE(a, b);
 }
 
-TEST(Array, TakesNoMoreRoomThanItsElements) {
+TEST(Array, HasNoMoreRoomThanItsElements) {
     EXPECT_EQ(sizeof(Array<float, 1, 30>), 30 * sizeof(float));
     EXPECT_EQ(sizeof(Table<float, 2, 10>), 20 * sizeof(float));
 }

@@ -103,7 +103,7 @@ TEST(GeneralForm, Integers) {
     EXPECT_EQ(GeneralText(std::numeric_limits<int32_t>::min()), L"-2147483648");
 }
 
-TEST(GeneralForm, WhatIsNoNumberIsWrittenAsZero) {
+TEST(GeneralForm, WhatIsNotANumberIsWrittenAsZero) {
     EXPECT_EQ(General(std::numeric_limits<float>::quiet_NaN()), "0");
     EXPECT_EQ(General(std::numeric_limits<float>::infinity()), "0");
     EXPECT_EQ(General(-std::numeric_limits<double>::infinity()), "0");
@@ -195,7 +195,7 @@ TEST(GeneralForm, NoTextIsLongerThanItsRoom) {
 
 // ---- The print form ----------------------------------------------------------------------------
 
-TEST(PrintForm, BlankInFrontInPlaceOfPlusAndBlankBehind) {
+TEST(PrintForm, BlankInFrontInsteadOfPlusAndBlankAtTheEnd) {
     EXPECT_EQ(PrintForm(12.5F), " 12.5 ");
     EXPECT_EQ(PrintForm(-12.5F), "-12.5 ");
     EXPECT_EQ(PrintForm(0.0F), " 0 ");
@@ -352,7 +352,7 @@ TEST(LeadingNumber, StopsAtANul) {
     EXPECT_EQ(LeadingNumber(std::wstring_view(L"1\0002", 3)), 1);
 }
 
-TEST(LeadingNumber, FullWidthAndOtherDigitsAreNone) {
+TEST(LeadingNumber, FullWidthAndOtherDigitsAreNotNumbers) {
     EXPECT_EQ(LeadingNumber(std::wstring_view(L"\uFF11")), 0);
     EXPECT_EQ(LeadingNumber(std::wstring_view(L"1\u0131")), 1);
 }
@@ -396,7 +396,7 @@ TEST(LeadingInteger, RoundsToTheNearestAndEvenFromTheMiddle) {
     EXPECT_EQ(LeadingInteger(std::wstring_view(L"1020")), 1020);
 }
 
-TEST(LeadingInteger, IsHeldToItsRange) {
+TEST(LeadingInteger, IsClampedToItsRange) {
     EXPECT_EQ(LeadingInteger("2147483647"), 2147483647);
     EXPECT_EQ(LeadingInteger("2147483648"), 2147483647);
     EXPECT_EQ(LeadingInteger("1E300"), 2147483647);
@@ -410,7 +410,7 @@ TEST(ReadsAsNumber, WholeTextIsOneNumber) {
     }
 }
 
-TEST(ReadsAsNumber, OtherTextsAreNone) {
+TEST(ReadsAsNumber, OtherTextsAreNotNumbers) {
     for (const wchar_t* text : {L"", L" ", L"abc", L"12abc", L"1 2", L"1\t2", L"-", L".", L"1E",
                                 L"E5", L"1,5", L"12.5.6", L"Res #12", L"- 5", L"0x10"}) {
         EXPECT_FALSE(ReadsAsNumber(text)) << Narrow(text);
@@ -462,7 +462,7 @@ TEST(ParseValues, NeverMoreThanFourHundred) {
     }
 }
 
-TEST(ParseValues, LineNeedsNoNulBehindIt) {
+TEST(ParseValues, LineNeedsNoNulAfterIt) {
     ValueRow row;
     const std::string text = "12 345";
     EXPECT_EQ(ParseValues(std::string_view(text).substr(0, 4), row), 2);

@@ -11,7 +11,7 @@ namespace {
 
 using test::Narrow;
 
-TEST(Trim, TakesBlanksOffBothEndsOnly) {
+TEST(Trim, RemovesBlanksAtBothEndsOnly) {
     EXPECT_EQ(Trim(std::wstring_view(L"  a b  ")), L"a b");
     EXPECT_EQ(Trim(std::wstring_view(L"a")), L"a");
     EXPECT_EQ(Trim(std::wstring_view(L"")), L"");
@@ -71,7 +71,7 @@ TEST(LetterCase, ComparingIgnoresTheCaseOfAllLetters) {
     EXPECT_FALSE(EqualsIgnoringCase(L"[", L"{"));
 }
 
-TEST(CutAtNul, KeepsWhatStandsBeforeTheFirstNul) {
+TEST(CutAtNul, KeepsWhatIsBeforeTheFirstNul) {
     EXPECT_EQ(CutAtNul(std::wstring_view(L"ab\0cd\0", 6)), L"ab");
     EXPECT_EQ(CutAtNul(std::wstring_view(L"\0ab", 3)), L"");
     EXPECT_EQ(CutAtNul(L"whole text"), L"whole text");
@@ -157,7 +157,7 @@ TEST(MenuCaptionText, ThreeAmpersandsYieldTwo) {
     EXPECT_EQ(MenuCaptionText(L"&&&&"), L"&&&");
 }
 
-TEST(MenuCaptionText, EverythingBehindTheEllipsisGoes) {
+TEST(MenuCaptionText, EverythingAfterTheEllipsisGoes) {
     EXPECT_EQ(MenuCaptionText(L"&Save database as...\tCtrl+S"), L"Save database as");
     EXPECT_EQ(MenuCaptionText(L"..."), L"");
     EXPECT_EQ(MenuCaptionText(L"a....b"), L"a");

@@ -12,7 +12,7 @@ TEST(VersionText, ZeroIsUnknown) {
     EXPECT_EQ(VersionText(-0.0F), L"Unknown ver.");
 }
 
-TEST(VersionText, OneToFourDigitsBehindThePoint) {
+TEST(VersionText, OneToFourDigitsAfterThePoint) {
     EXPECT_EQ(VersionText(2.5F), L"2.5");
     EXPECT_EQ(VersionText(1.23456F), L"1.2346");
     EXPECT_EQ(VersionText(3.0F), L"3.0");

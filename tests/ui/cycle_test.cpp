@@ -6,8 +6,9 @@
 #include <utility>
 #include <vector>
 
+#include "bsd/basic_ship_data.h"
 #include "bsd/bsd_file.h"
-#include "database/database_file.h"
+#include "database/listing.h"
 #include "shell/commands/commands.h"
 #include "stand_ins/win32/form_control_ids.h"
 #include "tests/support/support.h"

@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "database/database_file.h"
+#include "database/listing.h"
+#include "database/scanning.h"
 #include "legacy/exchange.h"
 #include "tests/ui/file_dialog.h"
 #include "tests/ui/main_window_fixture.h"

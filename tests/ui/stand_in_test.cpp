@@ -4,8 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "bsd/basic_ship_data.h"
 #include "bsd/bsd_file.h"
-#include "database/database_file.h"
+#include "database/listing.h"
+#include "database/scanning.h"
 #include "stand_ins/win32/form_control_ids.h"
 #include "tests/support/support.h"
 #include "tests/ui/driver.h"

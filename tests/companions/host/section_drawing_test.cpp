@@ -271,7 +271,7 @@ TEST(SectionDrawingTest, OutlineMayRunBackAlongAStrake) {
     EXPECT_EQ(area.back(), (Pixel{150, 140}));
 }
 
-TEST(SectionDrawingTest, OutlineToNowhereIsPassedOver) {
+TEST(SectionDrawingTest, OutlineToNowhereIsSkipped) {
     PlainPicture picture;
     picture.sample.doubleBottom = {{0, 0}, {4, 1}, {-1, 5}, {1, 9}, {1, -3}, {1, 2}};
     picture.sample.Link();
@@ -502,7 +502,7 @@ void TraceWith(float value) {
     }
 }
 
-TEST(SectionDrawingTest, CoordinatesThatAreNoNumbers) {
+TEST(SectionDrawingTest, CoordinatesThatAreNotNumbers) {
     TraceWith(kNaN);
     TraceWith(kInfinity);
     TraceWith(-kInfinity);

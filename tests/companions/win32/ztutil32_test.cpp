@@ -71,7 +71,7 @@ TEST(ChildProgramTest, ReturnsWhenTheProgramHasEnded) {
     EXPECT_TRUE(Exists(child.program + L".ended"));
 }
 
-TEST(ChildProgramTest, FaultOfTheProgramIsToldFromItsEnd) {
+TEST(ChildProgramTest, FaultOfTheProgramIsDistinguishedFromItsEnd) {
     const ChildInFolderWithBlanks child;
     EXPECT_EQ(RunChild(child.program + L" crash"), kProgramCrashed);
     EXPECT_TRUE(Exists(child.program + L".ran"));

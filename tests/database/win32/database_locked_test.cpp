@@ -3,7 +3,10 @@
 
 #include <string>
 
-#include "database/database_file.h"
+#include "database/copying.h"
+#include "database/creating.h"
+#include "database/listing.h"
+#include "database/scanning.h"
 #include "platform/win32/win32.h"
 #include "tests/database/sample_database.h"
 #include "tests/support/recorded_reports.h"
@@ -53,7 +56,7 @@ TEST_F(DatabaseLockedTest, OurReaderKeepsNobodyFromDeletingTheFile) {
     EXPECT_TRUE(FindModel(reader, 5, keyword));
 }
 
-TEST_F(DatabaseLockedTest, LockedBytesEndTheScanAndAreTold) {
+TEST_F(DatabaseLockedTest, LockedBytesEndTheScanAndAreReported) {
     // The last half can't be read: a copy would lack it, and the reader says so.
     Hold(GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
     const DWORD half = static_cast<DWORD>(text.size() / 2);

@@ -149,7 +149,7 @@ TEST(RemoveOwnFile, WaitsForAProgramThatHoldsTheFileAWhile) {
     EXPECT_TRUE(FilesIn(files.folder.path).empty());
 }
 
-TEST(ReplaceFile, TemporaryThatCanNotBeRemovedIsNamed) {
+TEST(ReplaceFile, TemporaryThatCannotBeRemovedIsNamed) {
     const Replacing files;
     HANDLE held =
         CreateFileW(files.temporary.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,

@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include "bsd/basic_ship_data.h"
 #include "bsd/bsd_file.h"
 #include "bsd/legacy_form.h"
-#include "database/database_file.h"
+#include "database/model_kind.h"
+#include "database/scanning.h"
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "platform/system.h"

@@ -4,9 +4,10 @@
 #include <algorithm>
 
 #include "bsd/bsd_file.h"
-#include "database/database_file.h"
 #include "database/editing.h"
-#include "database/section_file.h"
+#include "database/listing.h"
+#include "database/scanning.h"
+#include "database/section_block.h"
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "legacy/exchange.h"
@@ -15,7 +16,7 @@
 #include "shell/commands/file_commands.h"
 #include "shell/commands/section_commands.h"
 #include "shell/open_database.h"
-#include "tests/companions/legacy_file.h"
+#include "tests/companions/file_bytes.h"
 #include "tests/database/sample_database.h"
 #include "tests/legacy/legacy_support.h"
 #include "tests/shell/command_support.h"

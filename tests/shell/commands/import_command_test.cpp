@@ -1,16 +1,18 @@
 // Section > Import: models of another database are appended to the open one.
 #include <gtest/gtest.h>
 
-#include "database/bulkhead_file.h"
-#include "database/database_file.h"
-#include "database/section_file.h"
+#include "bsd/basic_ship_data.h"
+#include "database/bulkhead_block.h"
+#include "database/listing.h"
+#include "database/scanning.h"
+#include "database/section_block.h"
 #include "files/file_system.h"
 #include "legacy/exchange.h"
 #include "platform/system.h"
 #include "report/messages.h"
 #include "shell/commands/section_commands.h"
 #include "shell/open_database.h"
-#include "tests/companions/legacy_file.h"
+#include "tests/companions/file_bytes.h"
 #include "tests/database/sample_database.h"
 #include "tests/legacy/legacy_support.h"
 #include "tests/shell/command_support.h"

@@ -7,7 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "database/database_file.h"
+#include "database/listing.h"
+#include "database/scanning.h"
 #include "platform/system.h"
 #include "shell/commands/commands.h"
 #include "shell/open_database.h"

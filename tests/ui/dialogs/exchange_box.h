@@ -8,6 +8,7 @@
 
 #include "shell/state.h"
 #include "tests/shell/fake_view.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 #include "tests/ui/dialogs/modal_window.h"
 #include "ui/base/control_ids.h"

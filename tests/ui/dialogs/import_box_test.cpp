@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "database/database_file.h"
+#include "database/listing.h"
 #include "platform/ztutil32.h"
 #include "report/messages.h"
 #include "tests/shell/fake_view.h"

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/shell/fake_view.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane {

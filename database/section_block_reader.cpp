@@ -1,9 +1,11 @@
+#include "database/section_block.h"
+
 #include <algorithm>
 #include <utility>
 
-#include "database/bulkhead_file.h"
-#include "database/database_file.h"
-#include "database/section_file.h"
+#include "database/bulkhead_block.h"
+#include "database/model_kind.h"
+#include "database/scanning.h"
 #include "database/section_lines.h"
 #include "database/tables.h"
 #include "report/reporters.h"
@@ -33,7 +35,7 @@ void ReadPanels(RowReader& row, Reading& reading) {
 void ReadStiffeners(RowReader& row, Reading& reading) {
     std::vector<Panel>& panels = reading.section.panels;
     while (AtRow(row)) {
-        const size_t index = TakeIndex(row, panels.size());
+        const size_t index = ReadIndex(row, panels.size());
         Stiffener stiffener{};
         stiffener.count = 1;
         StiffenerDetail detail;
@@ -53,7 +55,7 @@ void ReadSpans(RowReader& row, Reading& reading) {
     std::vector<Panel>& panels = reading.section.panels;
     std::vector<size_t> current(panels.size());  // by panel: the stiffener whose rows come now
     while (AtRow(row)) {
-        const size_t index = TakeIndex(row, panels.size());
+        const size_t index = ReadIndex(row, panels.size());
         Span span;
         ItemLines(row, span);
         if (index == panels.size() || panels[index].stiffenerDetails.empty()) continue;
@@ -76,13 +78,13 @@ void ReadFatigue(RowReader& row, Reading& reading) {
     while (AtRow(row)) {
         FatigueTable unplaced;
         FatigueTable* fatigue = &unplaced;
-        const size_t panel = TakeIndex(row, panels.size());
+        const size_t panel = ReadIndex(row, panels.size());
         if (panel < panels.size()) {
             std::vector<StiffenerDetail>& details = panels[panel].stiffenerDetails;
-            const size_t stiffener = TakeIndex(row, details.size());
+            const size_t stiffener = ReadIndex(row, details.size());
             if (stiffener < details.size()) {
                 std::vector<Span>& spans = details[stiffener].spans;
-                const size_t span = TakeIndex(row, spans.size());
+                const size_t span = ReadIndex(row, spans.size());
                 if (span < spans.size()) fatigue = &spans[span].fatigue;
             }
         }
@@ -93,7 +95,7 @@ void ReadFatigue(RowReader& row, Reading& reading) {
 
 // The table of a list of items, each with lines of its own.
 template <class Item>
-BlockTable ItemTable(MessageNumber label, Reading& reading, std::vector<Item> Panel::*items) {
+BlockTable ItemTable(MessageNumber label, Reading& reading, std::vector<Item> Panel::* items) {
     std::vector<Panel>& panels = reading.section.panels;
     return {GetMessageBytes(label),
             [&panels, items](RowReader& row) { ReadItems(row, panels, items); }};
@@ -145,28 +147,6 @@ SectionModel SectionOfBulkheads(BulkheadArrangement&& arrangement) {
 }
 
 }  // namespace
-
-void OutlineLine(RowReader& row, std::vector<NodeReference>& outline) {
-    NodeReference node{};
-    while (outline.size() < kMostOutlineNodes && NumbersLeft(row) >= 2) {
-        Value(row, node);
-        if (node.node == 0) break;
-        outline.push_back(node);
-    }
-    EndLine(row);
-}
-
-// The number of levels is that of the groups of three, whatever the first number says.
-void FillingLevelLine(RowReader& row, std::vector<FillingLevel>& levels) {
-    int32_t count = 0;
-    Value(row, count);
-    while (NumbersLeft(row) >= 3) {
-        FillingLevel level;
-        Values(row, level.level_m, level.surfaceLength_m, level.surfaceBreadth_m);
-        levels.push_back(level);
-    }
-    EndLine(row);
-}
 
 void ReadSectionLines(TextReader& reader, ModelKind kind, SectionModel& section) {
     if (kind == ModelKind::kBulkhead) {

@@ -1,7 +1,9 @@
+#include "database/bulkhead_block.h"
+
 #include <algorithm>
 
-#include "database/bulkhead_file.h"
 #include "database/bulkhead_lines.h"
+#include "database/creating.h"
 #include "database/tables.h"
 #include "platform/system.h"
 #include "report/messages.h"
@@ -81,7 +83,7 @@ void WriteEndBrackets(RowWriter& row, std::vector<Bulkhead>& bulkheads) {
 struct SpanTable {
     const char* label;
     const char* legend;
-    bool BulkheadSpan::*present;
+    bool BulkheadSpan::* present;
     void (*line)(RowWriter&, BulkheadSpan&);
 };
 constexpr SpanTable kSpanTables[] = {

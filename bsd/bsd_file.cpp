@@ -1,5 +1,8 @@
 #include "bsd/bsd_file.h"
+#include "files/text_file.h"
+
 #include "bsd/bsd_layout.h"
+#include "bsd/bsd_records.h"
 #include "bsd/labels.h"
 #include "files/file_system.h"
 #include "files/rewrite.h"
@@ -14,7 +17,7 @@ void WarnOfForeignFile(const std::wstring& path) {
 }
 
 // Passes over the comment lines that follow.
-void PassCommentLines(TextReader& reader) {
+void SkipCommentLines(TextReader& reader) {
     std::string_view line;
     int64_t position = LinePosition(reader);
     while (ReadLine(reader, line) && IsCommentLine(line)) position = LinePosition(reader);
@@ -23,7 +26,7 @@ void PassCommentLines(TextReader& reader) {
 
 // From the block's header line, goes to what is kept of the text behind the header: the line that
 // opens the next block or the first model, or the block's last line when there is none.
-void PassOldBlock(TextReader& reader) {
+void SkipOldBlock(TextReader& reader) {
     const std::string modelMarker = GetMessageBytes(kMsgModelMarker);
     std::string_view line;
     ReadLine(reader, line);
@@ -45,7 +48,7 @@ void WriteWithNewBlock(TextReader& reader, TextWriter& writer, BasicShipData& bs
     WriteLine(writer, kBsdHeaderLine);
     WriteLine(writer, "*");
     WriteBasicShipData(writer, bsd);
-    PassOldBlock(reader);
+    SkipOldBlock(reader);
     CopySpan(reader, -1, writer);
 }
 
@@ -60,7 +63,7 @@ bool LoadBsdFromDatabase(const std::wstring& path, BasicShipData& bsd) {
     }
     std::string_view header;
     ReadLine(reader, header);
-    PassCommentLines(reader);
+    SkipCommentLines(reader);
     ReadBasicShipData(reader, bsd);
 
     const std::wstring name = bsd.Titles(1).Trimmed();

@@ -1,7 +1,8 @@
+#include "bsd/bsd_records.h"
+
 #include <algorithm>
 #include <array>
 
-#include "bsd/bsd_file.h"
 #include "bsd/bsd_layout.h"
 #include "report/messages.h"
 #include "text/numbers.h"

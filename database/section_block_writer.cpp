@@ -1,6 +1,8 @@
+#include "database/section_block.h"
+
 #include <algorithm>
 
-#include "database/section_file.h"
+#include "database/creating.h"
 #include "database/section_lines.h"
 #include "database/tables.h"
 #include "report/messages.h"
@@ -28,7 +30,7 @@ void WriteStiffeners(RowWriter& row, SectionModel& section) {
         panel.stiffenerDetails.resize(panel.stiffeners.size());
         for (size_t i = 0; i < panel.stiffeners.size(); ++i) {
             StiffenerDetail& detail = panel.stiffenerDetails[i];
-            int32_t spanCount = HeldCount(detail.spans.size());
+            int32_t spanCount = ClampToCount(detail.spans.size());
             Value(row, number);
             ItemLines(row, StiffenerRow{panel.stiffeners[i], detail, spanCount});
         }
@@ -95,30 +97,6 @@ void WriteFurtherItems(RowWriter& row, SectionModel& section) {
 }
 
 }  // namespace
-
-void OutlineLine(RowWriter& row, std::vector<NodeReference>& outline) {
-    const size_t count = std::min(outline.size(), kMostOutlineNodes);
-    NodeReference closing{};
-    for (size_t i = 0; i < count; ++i) {
-        if (outline[i].node == 0) {
-            closing = outline[i];
-            break;
-        }
-        Value(row, outline[i]);
-    }
-    Value(row, closing);
-    EndLine(row);
-}
-
-void FillingLevelLine(RowWriter& row, std::vector<FillingLevel>& levels) {
-    const size_t count = std::min(levels.size(), kMostFillingLevels);
-    Value(row, static_cast<int32_t>(count));
-    for (size_t i = 0; i < count; ++i) {
-        Values(row, General{levels[i].level_m}, General{levels[i].surfaceLength_m},
-               General{levels[i].surfaceBreadth_m});
-    }
-    EndLine(row);
-}
 
 void WriteSectionBody(TextWriter& writer, SectionModel& section) {
     if (section.identifier.empty()) section.identifier = NewIdentifier();

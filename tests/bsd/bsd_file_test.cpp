@@ -2,6 +2,7 @@
 
 #include "bsd/bsd_file.h"
 #include "bsd/labels.h"
+#include "platform/system.h"
 #include "report/messages.h"
 #include "tests/bsd/bsd_support.h"
 #include "tests/support/recorded_reports.h"
@@ -65,7 +66,7 @@ using BsdImport = BsdBlock;
 
 // ---- Loading -----------------------------------------------------------------------------------
 
-TEST_F(BsdLoad, BlockIsFoundBehindTheFileHead) {
+TEST_F(BsdLoad, BlockIsFoundAfterTheFileHead) {
     Write(kHead + Golden() + Model());
     EXPECT_EQ(Loaded(), DistinctBsdFromFile());
     EXPECT_TRUE(Warnings().empty());
@@ -130,7 +131,7 @@ TEST_F(BsdLoad, EmptyFirstTitleBecomesALabel) {
     }
 }
 
-TEST_F(BsdLoad, TruncatedBlockTakesNothingFromTheModelBehindIt) {
+TEST_F(BsdLoad, TruncatedBlockReadsNothingOfTheModelAfterIt) {
     Write(kHead + Golden().substr(0, 500) + "\r\n" + Model() + "1\r\n2\r\n3\r\n");
     const BasicShipData bsd = Loaded();
     EXPECT_EQ(bsd.MainData(1), 5.01f);
@@ -146,7 +147,7 @@ TEST_F(BsdLoad, EmptyBlockAtTheEndLoadsNothingButTheLabel) {
     EXPECT_EQ(bsd.MainData(1), 0);
 }
 
-TEST_F(BsdLoad, FirstBlockOfTwoIsTaken) {
+TEST_F(BsdLoad, FirstBlockOfTwoIsRead) {
     Write(kHead + Golden() + BlockOf(OtherBsd()));
     EXPECT_EQ(Loaded().Titles(1).Trimmed(), L"Title one");
 }
@@ -206,7 +207,7 @@ TEST_F(BsdSave, BytesOutsideOfTheBlockPassUnchanged) {
     EXPECT_EQ(Saved(head + Golden() + tail), head + BlockOf(OtherBsd()) + tail + "\r\n");
 }
 
-TEST_F(BsdSave, BlockBehindAModelEndsAtTheNextModel) {
+TEST_F(BsdSave, BlockAfterAModelEndsAtTheNextModel) {
     EXPECT_EQ(Saved(kHead + Model() + Golden() + Model()),
               kHead + Model() + BlockOf(OtherBsd()) + Model());
 }
@@ -358,7 +359,7 @@ TEST_F(BsdImport, FieldsThatTheFileLacksKeepTheirValues) {
     EXPECT_EQ(bsd, expected);
 }
 
-TEST_F(BsdImport, FirstTitleIsTakenAsItStands) {
+TEST_F(BsdImport, FirstTitleIsReadAsItIs) {
     Write("5\r\n  Name\r\n");
     BasicShipData bsd;
     EXPECT_TRUE(ImportBsdFile(path, bsd));

@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "bsd/bsd_file.h"
+#include "bsd/bsd_records.h"
 #include "report/messages.h"
 #include "tests/bsd/bsd_support.h"
 #include "tests/support/support.h"
@@ -48,7 +48,7 @@ TEST(BsdReader, StandaloneGoldenFileReadsAndWritesBackUnchanged) {
     EXPECT_EQ(RecordsWritten(bsd), bytes);
 }
 
-TEST(BsdReader, WrittenFileReadsBackButForWhatTheFileHasNoPlaceFor) {
+TEST(BsdReader, WrittenFileReadsBackButForWhatTheFileLacks) {
     BasicShipData bsd = DistinctBsdFromFile();
     bsd.MainData(4) = 0;
     for (int i = 1; i <= 12; ++i) bsd.Block12(i) = static_cast<float>(i);
@@ -62,7 +62,7 @@ TEST(BsdReader, WrittenFileReadsBackButForWhatTheFileHasNoPlaceFor) {
     EXPECT_EQ(read, expected);
 }
 
-TEST(BsdReader, ElementsOfBlockTwelveWithoutAPlaceKeepTheirValues) {
+TEST(BsdReader, ElementsOfBlockTwelveThatTheFileLacksKeepTheirValues) {
     BasicShipData bsd;
     for (int i = 1; i <= 12; ++i) bsd.Block12(i) = static_cast<float>(-i);
     ReadRecords(GoldenRecords(), bsd);
@@ -131,7 +131,7 @@ TEST(BsdReader, VersionEndsAtACommaAndTheFirstTitleFollows) {
     EXPECT_EQ(bsd.Titles(2).Trimmed(), L"Second title");
 }
 
-TEST(BsdReader, VersionThatIsNoNumberCountsAsBelowTwo) {
+TEST(BsdReader, VersionThatIsNotANumberCountsAsBelowTwo) {
     const BasicShipData bsd = RecordsRead(WithLine(1, "new"));
     EXPECT_EQ(bsd.FormatVersion.Trimmed(), L"new");
     EXPECT_EQ(bsd.MainData(11), 0);
@@ -247,7 +247,7 @@ TEST(BsdReader, LineStructureOfNumbersIsNotEnforced) {
     }
 }
 
-TEST(BsdReader, ItemThatIsNoNumberIsPassedOverAndItsFieldKeepsItsValue) {
+TEST(BsdReader, ItemThatIsNotANumberIsSkippedAndItsFieldKeepsItsValue) {
     for (const char* item :
          {"x", "-", "1.2.3", "1x", "0x10", "\"5\"", "nan", "inf", "1;2", "E5", "."}) {
         const std::string line = "4.1\t" + std::string(item) + "\t4.3\t4.4\t4.5\t4.6\t";
@@ -277,7 +277,7 @@ TEST(BsdReader, TabBeforeTheLineEndOpensNoItem) {
     EXPECT_EQ(bsd, DistinctBsdFromFile());
 }
 
-TEST(BsdReader, CommentLineInsideTheRecordsIsTakenAsItems) {
+TEST(BsdReader, CommentLineInsideTheRecordsIsReadAsItems) {
     const std::string line = "4.1\t4.2\t4.3\t4.4\t4.5\t4.6\t\r\n* note";
     const BasicShipData bsd = RecordsRead(WithLine(kGeneralLine, line));
     EXPECT_EQ(bsd.MainData(1), 0);
@@ -303,7 +303,7 @@ TEST(BsdReader, NumbersAreReadInAllTheirForms) {
     }
 }
 
-TEST(BsdReader, IntegersAreRoundedAndHeldToSixteenBits) {
+TEST(BsdReader, IntegersAreRoundedAndClampedToSixteenBits) {
     struct Case {
         const char* text;
         int value;
@@ -331,7 +331,7 @@ TEST(BsdReader, LastLineMayLackItsEnd) {
     }
 }
 
-TEST(BsdReader, ReaderStandsBehindTheRecords) {
+TEST(BsdReader, ReaderIsAfterTheRecords) {
     const TemporaryFolder folder;
     WriteFileBytes(folder.File(L"a.bsd"), GoldenRecords() + "next\r\n");
     TextReader reader;

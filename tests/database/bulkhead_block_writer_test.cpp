@@ -5,7 +5,7 @@
 #include <limits>
 #include <memory>
 
-#include "database/database_file.h"
+#include "database/scanning.h"
 #include "platform/system.h"
 #include "platform/ztutil32.h"
 #include "report/messages.h"
@@ -114,7 +114,7 @@ TEST_F(BulkheadWriterTest, CorrugationAndStrakeTablesAreThereWithoutRows) {
     }
 }
 
-TEST_F(BulkheadWriterTest, HoldHasTheLineNoNodeListInThePlaceOfNodePairs) {
+TEST_F(BulkheadWriterTest, HoldHasTheLineNoNodeListInsteadOfNodePairs) {
     BulkheadArrangement arrangement = OneBulkhead();
     arrangement.holds.resize(1);
     arrangement.holds[0].name = L"Hold 1";
@@ -136,7 +136,7 @@ TEST_F(BulkheadWriterTest, EveryHoldEndsWithItsFlagAndACommentRule) {
     EXPECT_FALSE(Has(text, "*\r\n*\r\n\r\nno"));
 }
 
-TEST_F(BulkheadWriterTest, BracketThatIsNotEnabledEndsItsLineBehindFixed) {
+TEST_F(BulkheadWriterTest, BracketThatIsNotEnabledEndsItsLineAfterFixed) {
     BulkheadArrangement arrangement = OneBulkhead();
     arrangement.bulkheads[0].secondaryStiffeners.resize(1);
     EndBracket& bracket = arrangement.bulkheads[0].secondaryStiffeners[0].brackets(2);
@@ -168,17 +168,6 @@ TEST_F(BulkheadWriterTest, ArrangementWithoutIdentifierGetsOneAndKeepsIt) {
     EXPECT_EQ(arrangement.identifier, kept);
 }
 
-TEST_F(BulkheadWriterTest, IdentifierIsCutAtItsFirstNul) {
-    test::FakeFunction fake(GenerateID, [](char* buffer, int32_t size) {
-        ASSERT_GT(size, 8);
-        const char text[] = "AB\0CD";
-        std::copy_n(text, sizeof text, buffer);
-    });
-    BulkheadArrangement arrangement;
-    BodyText(arrangement);
-    EXPECT_EQ(arrangement.identifier, "AB");
-}
-
 TEST_F(BulkheadWriterTest, NamesArePaddedAndNeverMakeOtherLines) {
     BulkheadArrangement arrangement = OneBulkhead();
     arrangement.name = L"* star";
@@ -189,22 +178,6 @@ TEST_F(BulkheadWriterTest, NamesArePaddedAndNeverMakeOtherLines) {
     EXPECT_EQ(Line(text, 7), " * star");
     EXPECT_TRUE(Has(text, "\r\n_----- dashes" + std::string(27, ' ') + "\t 0 \t 0 \t"));
     EXPECT_TRUE(Has(text, "\r\n " + FetchStructuralLines().modelMarker + "\r\nno node list\r\n"));
-}
-
-TEST_F(BulkheadWriterTest, NumbersWithoutTextAreZero) {
-    BulkheadArrangement arrangement = OneBulkhead();
-    arrangement.x_m = std::numeric_limits<float>::quiet_NaN();
-    arrangement.stoolVolume_m3 = -std::numeric_limits<float>::infinity();
-    EXPECT_EQ(Line(BodyText(arrangement), 8), " 0 \t 0 \t 0 ");
-}
-
-TEST_F(BulkheadWriterTest, FillingLevelsAreHeldToOneRow) {
-    BulkheadArrangement arrangement = OneBulkhead();
-    arrangement.holds.resize(1);
-    arrangement.holds[0].levels.resize(500, {1, 1, 1});
-    const BulkheadArrangement read = test::ReadArrangement(test::BlockText(arrangement, 1));
-    ASSERT_EQ(read.holds.size(), 1u);
-    EXPECT_EQ(read.holds[0].levels.size(), 133u);
 }
 
 TEST_F(BulkheadWriterTest, WriteThatFailsIsTheWritersError) {

@@ -1,8 +1,10 @@
+#include "database/bulkhead_block.h"
+
 #include <utility>
 
-#include "database/bulkhead_file.h"
 #include "database/bulkhead_lines.h"
-#include "database/database_file.h"
+#include "database/model_kind.h"
+#include "database/scanning.h"
 #include "database/tables.h"
 #include "report/reporters.h"
 
@@ -20,22 +22,22 @@ void ReadBulkheads(RowReader& row, Bulkheads& bulkheads) {
 }
 
 // The bulkhead whose number comes next; null when there is no such bulkhead.
-Bulkhead* TakeBulkhead(RowReader& row, Bulkheads& bulkheads) {
-    const size_t index = TakeIndex(row, bulkheads.size());
+Bulkhead* ReadOwner(RowReader& row, Bulkheads& bulkheads) {
+    const size_t index = ReadIndex(row, bulkheads.size());
     return index < bulkheads.size() ? &bulkheads[index] : nullptr;
 }
 
 // The secondary stiffener whose two numbers come next.
-SecondaryStiffener* TakeStiffener(RowReader& row, Bulkheads& bulkheads) {
-    Bulkhead* bulkhead = TakeBulkhead(row, bulkheads);
+SecondaryStiffener* ReadStiffenerOwner(RowReader& row, Bulkheads& bulkheads) {
+    Bulkhead* bulkhead = ReadOwner(row, bulkheads);
     if (bulkhead == nullptr) return nullptr;
     std::vector<SecondaryStiffener>& stiffeners = bulkhead->secondaryStiffeners;
-    const size_t index = TakeIndex(row, stiffeners.size());
+    const size_t index = ReadIndex(row, stiffeners.size());
     return index < stiffeners.size() ? &stiffeners[index] : nullptr;
 }
 
 // A number that is a place of its own, from 1 on; 0 when there is none.
-int16_t TakeNumberFrom1(RowReader& row) {
+int16_t ReadNumberFrom1(RowReader& row) {
     int16_t number = 0;
     Value(row, number);
     return std::max<int16_t>(number, 0);
@@ -43,7 +45,7 @@ int16_t TakeNumberFrom1(RowReader& row) {
 
 void ReadNodes(RowReader& row, Bulkheads& bulkheads) {
     while (AtRow(row)) {
-        Bulkhead* bulkhead = TakeBulkhead(row, bulkheads);
+        Bulkhead* bulkhead = ReadOwner(row, bulkheads);
         auto node = NewItem<Node>();
         BulkheadNodeLine(row, node);
         if (bulkhead != nullptr) Keep(bulkhead->nodes, node);
@@ -54,22 +56,22 @@ void ReadEndBrackets(RowReader& row, Bulkheads& bulkheads) {
     while (AtRow(row)) {
         EndBracket unplaced;
         EndBracket* bracket = &unplaced;
-        if (SecondaryStiffener* stiffener = TakeStiffener(row, bulkheads)) {
+        if (SecondaryStiffener* stiffener = ReadStiffenerOwner(row, bulkheads)) {
             auto& brackets = stiffener->brackets.elements;
-            const size_t index = TakeIndex(row, brackets.size());
+            const size_t index = ReadIndex(row, brackets.size());
             if (index < brackets.size()) bracket = &brackets[index];
         }
         EndBracketLine(row, *bracket);
     }
 }
 
-template <bool BulkheadSpan::*present, void (*line)(RowReader&, BulkheadSpan&)>
+template <bool BulkheadSpan::* present, void (*line)(RowReader&, BulkheadSpan&)>
 void ReadSpans(RowReader& row, Bulkheads& bulkheads) {
     while (AtRow(row)) {
         BulkheadSpan unplaced;
         BulkheadSpan* span = &unplaced;
-        if (SecondaryStiffener* stiffener = TakeStiffener(row, bulkheads)) {
-            const int16_t number = TakeNumberFrom1(row);
+        if (SecondaryStiffener* stiffener = ReadStiffenerOwner(row, bulkheads)) {
+            const int16_t number = ReadNumberFrom1(row);
             if (number > 0) span = &stiffener->spans[number];
         }
         span->*present = true;
@@ -80,7 +82,7 @@ void ReadSpans(RowReader& row, Bulkheads& bulkheads) {
 void ReadCorrugations(RowReader& row, Bulkheads& bulkheads) {
     while (AtRow(row)) {
         Corrugation unplaced;
-        Bulkhead* bulkhead = TakeBulkhead(row, bulkheads);
+        Bulkhead* bulkhead = ReadOwner(row, bulkheads);
         CorrugationLine(row, bulkhead != nullptr ? bulkhead->corrugation : unplaced);
     }
 }
@@ -88,9 +90,9 @@ void ReadCorrugations(RowReader& row, Bulkheads& bulkheads) {
 // Strakes stand in a band as their rows do, whatever their own numbers are.
 void ReadStrakes(RowReader& row, Bulkheads& bulkheads) {
     while (AtRow(row)) {
-        Bulkhead* bulkhead = TakeBulkhead(row, bulkheads);
-        const int16_t band = TakeNumberFrom1(row);
-        TakeNumberFrom1(row);
+        Bulkhead* bulkhead = ReadOwner(row, bulkheads);
+        const int16_t band = ReadNumberFrom1(row);
+        ReadNumberFrom1(row);
         BulkheadStrake strake;
         StrakeLine(row, strake);
         if (bulkhead != nullptr && band > 0) Keep(bulkhead->bands[band], strake);

@@ -3,7 +3,7 @@
 
 #include <limits>
 
-#include "database/database_file.h"
+#include "database/scanning.h"
 #include "report/messages.h"
 #include "tests/database/bulkhead_sample.h"
 #include "tests/support/support.h"
@@ -167,7 +167,7 @@ TEST_F(BulkheadDamageTest, LastRowOfOneSpanBracketOrCorrugationCounts) {
     ExpectStable(read);
 }
 
-TEST_F(BulkheadDamageTest, FieldsThatNotEveryRowHasAreToldByItsLength) {
+TEST_F(BulkheadDamageTest, FieldsThatNotEveryRowHasAreRecognisedByItsLength) {
     std::string text = Replaced(block, " 2 \t 0 \t 9 \t0\t14.5\r\n", " 2 \t 0 \t 9 \t0\r\n");
     text = Replaced(text, "\t-1 \t-1 \t 0 \t 300 \t 12 \t 100 \t 15 \t .6 \r\n",
                     "\t-1 \t-1 \t 0 \t 300 \t 12 \t 100 \t 15 \r\n");
@@ -180,7 +180,7 @@ TEST_F(BulkheadDamageTest, FieldsThatNotEveryRowHasAreToldByItsLength) {
     ExpectStable(read);
 }
 
-TEST_F(BulkheadDamageTest, NumbersOutOfRangeAreHeldToTheirType) {
+TEST_F(BulkheadDamageTest, NumbersOutOfRangeAreClampedToTheirType) {
     std::string text = Replaced(block, " 2 \t 3 \r\nID", " 3E+9 \t 99999 \r\nID");
     text = Replaced(text, " 104.75 \t 1250.5 ", " 1E+300 \t-1E+300 ");
     const BulkheadArrangement read = ReadArrangement(text);
@@ -206,7 +206,7 @@ TEST_F(BulkheadDamageTest, FlagOfAHoldIsSetByAnyNumberAboveZeroAndClearWhenItIsM
     }
 }
 
-TEST_F(BulkheadDamageTest, ManyRowsAreHeldToSixteenBitCounts) {
+TEST_F(BulkheadDamageTest, ManyRowsAreClampedToSixteenBitCounts) {
     std::string nodes;
     std::string strakes;
     for (int i = 0; i < 40000; ++i) {

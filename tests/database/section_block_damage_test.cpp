@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "database/database_file.h"
+#include "database/scanning.h"
 #include "report/messages.h"
 #include "tests/database/section_sample.h"
 #include "tests/support/support.h"
@@ -118,14 +118,14 @@ TEST_F(SectionDamageTest, RowsOfAPanelThatDoesNotExistAreLeftOut) {
     }
 }
 
-TEST_F(SectionDamageTest, RowsGoToThePanelTheyNameWhereverTheyStand) {
+TEST_F(SectionDamageTest, RowsGoToThePanelTheyNameWhereverTheyAre) {
     const SectionModel section = ReadText(Replaced(block, "\r\n 1 \t14.5\t", "\r\n 2 \t14.5\t"));
     EXPECT_EQ(section.panels[0].nodes.size(), 2u);
     ASSERT_EQ(section.panels[1].nodes.size(), 3u);
     EXPECT_EQ(section.panels[1].nodes[0].givenY, 14.5f);
 }
 
-TEST_F(SectionDamageTest, NumbersOutOfRangeAreHeldToTheirType) {
+TEST_F(SectionDamageTest, NumbersOutOfRangeAreClampedToTheirType) {
     std::string text = Replaced(block, " 3 \t 1 \t-2 \t .8 ", " 99999 \t-99999 \t 2.6 \t 1E+300 ");
     text = Replaced(text, "\t 1 \t 2 \r\n 0 ", "\t 3E+9 \t-3E+9 \r\n 0 ");
     const SectionModel section = ReadText(text);
@@ -138,7 +138,7 @@ TEST_F(SectionDamageTest, NumbersOutOfRangeAreHeldToTheirType) {
     ExpectStable(section);
 }
 
-TEST_F(SectionDamageTest, WordsThatAreNoNumbersArePassedOver) {
+TEST_F(SectionDamageTest, WordsThatAreNotNumbersAreSkipped) {
     const SectionModel section =
         ReadText(Replaced(block, " 12.5 \t 32.2 \t", " nan \t inf \t 12.5 \t -inf 32.2 \t"));
     EXPECT_EQ(section.x_m, 12.5f);
@@ -171,7 +171,7 @@ TEST_F(SectionDamageTest, FillingLevelsAreThoseOfTheRow) {
     }
 }
 
-TEST_F(SectionDamageTest, OutlineThatIsNotClosedIsTakenAsItStands) {
+TEST_F(SectionDamageTest, OutlineThatIsNotClosedIsReadAsItIs) {
     const SectionModel section =
         ReadText(Replaced(block, "\r\n 1 \t 1 \t 1 \t 2 \t 2 \t 1 \t 0 \t 0 \r\n",
                           "\r\n 1 \t 1 \t 1 \t 2 \t 2 \r\n"));
@@ -179,7 +179,7 @@ TEST_F(SectionDamageTest, OutlineThatIsNotClosedIsTakenAsItStands) {
     ExpectStable(section);
 }
 
-TEST_F(SectionDamageTest, ManyRowsAreHeldToSixteenBitCounts) {
+TEST_F(SectionDamageTest, ManyRowsAreClampedToSixteenBitCounts) {
     std::string rows;
     for (int i = 0; i < 40000; ++i) rows += " 1 \t1\t1\r\n";
     const size_t place = block.find(" 1 \t0\t0\t 1 ");

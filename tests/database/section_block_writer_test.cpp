@@ -5,7 +5,7 @@
 #include <limits>
 #include <memory>
 
-#include "database/database_file.h"
+#include "database/scanning.h"
 #include "platform/system.h"
 #include "platform/ztutil32.h"
 #include "report/messages.h"
@@ -185,7 +185,7 @@ TEST_F(SectionWriterTest, NamesNeverMakeOtherLines) {
     }
 }
 
-TEST_F(SectionWriterTest, BetweenCompartmentsStandsOneCommentRule) {
+TEST_F(SectionWriterTest, BetweenCompartmentsIsOneCommentRule) {
     SectionModel section = OnePanel();
     section.compartments.resize(3);
     const std::string last = "\r\n 0 \t 0 \t 0 \t 0 \t 0 \t 0 \r\n";

@@ -3,7 +3,8 @@
 
 #include <algorithm>
 
-#include "database/database_file.h"
+#include "database/model_kind.h"
+#include "database/scanning.h"
 #include "report/messages.h"
 #include "tests/database/section_sample.h"
 #include "tests/support/recorded_reports.h"
@@ -103,7 +104,7 @@ TEST_F(SectionReaderTest, StatusShowsThePathWhileItReadsAndIsClearedThen) {
     EXPECT_TRUE(test::RecordedReports::Of("warning").empty());
 }
 
-TEST_F(SectionReaderTest, FileThatIsNoDatabaseIsMessage1083) {
+TEST_F(SectionReaderTest, FileThatIsNotADatabaseIsMessage1083) {
     test::WriteFileBytes(path, "something else\r\n");
     SectionModel section;
     section.name = L"kept";
@@ -127,7 +128,7 @@ TEST_F(SectionReaderTest, NumberThatNoBlockHasIsMessage1011) {
     EXPECT_EQ(section.name, L"kept");
 }
 
-TEST_F(SectionReaderTest, TorsionModelIsPassedOverInSilence) {
+TEST_F(SectionReaderTest, TorsionModelIsSkippedInSilence) {
     SectionModel section;
     section.name = L"kept";
     for (const bool allowBulkhead : {false, true}) {
@@ -195,7 +196,7 @@ TEST_F(SectionReaderTest, LineFeedsAloneAreLineEnds) {
     EXPECT_EQ(Rewritten(text), body);
 }
 
-TEST_F(SectionReaderTest, CommentLinesMayStandAnywhere) {
+TEST_F(SectionReaderTest, CommentLinesMayBeAnywhere) {
     EXPECT_EQ(Rewritten(test::WithLineBehindEach(golden, "* a comment, 1 2 3")), body);
 }
 
@@ -220,7 +221,7 @@ TEST_F(SectionReaderTest, TrailingTextIsIgnored) {
     EXPECT_EQ(Rewritten(text), body);
 }
 
-TEST_F(SectionReaderTest, BlankLinesBetweenRowsArePassedOver) {
+TEST_F(SectionReaderTest, BlankLinesBetweenRowsAreSkipped) {
     std::string text = Replaced(golden, "\r\n 1 \t14.5", "\r\n\r\n \t \r\n 1 \t14.5");
     text = Replaced(text, "\r\n 0 \t 1200 ", "\r\n\r\n 0 \t 1200 ");
     text = Replaced(text, "\r\n 0 \t 0 \r\n 0 \t 0 \r\n 7.5",
@@ -233,7 +234,7 @@ TEST_F(SectionReaderTest, SpansNeedNoEmptyLineBetweenThem) {
     EXPECT_EQ(Rewritten(text), body);
 }
 
-TEST_F(SectionReaderTest, BlankLinesBehindTheLastCompartmentAreNone) {
+TEST_F(SectionReaderTest, BlankLinesAfterTheLastCompartmentAreNotCompartments) {
     const size_t end = golden.find("\r\n*\r\n" + GetMessageBytes(kMsgBracketTable));
     const std::string text = golden.substr(0, end) + "\r\n\r\n\r\n \r\n";
     EXPECT_EQ(ReadText(text).compartments.size(), 2u);
@@ -241,7 +242,7 @@ TEST_F(SectionReaderTest, BlankLinesBehindTheLastCompartmentAreNone) {
 
 constexpr size_t kParts = 13;  // file head, block head, eleven tables
 
-TEST_F(SectionReaderTest, TablesMayStandInAnyOrder) {
+TEST_F(SectionReaderTest, TablesMayBeInAnyOrder) {
     ASSERT_EQ(test::Tables(golden).size(), kParts);
     EXPECT_EQ(Rewritten(test::WithTablesReversed(golden)), body);
 }
@@ -270,7 +271,7 @@ TEST_F(SectionReaderTest, EachTableMayBeMissing) {
     }
 }
 
-TEST_F(SectionReaderTest, UnknownTablesArePassedOver) {
+TEST_F(SectionReaderTest, UnknownTablesAreSkipped) {
     const std::string text =
         Replaced(golden, "------------------ NODES",
                  "------------------ NOTES ------------------\r\n 1 \t 2 \r\nwords\r\n"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "bsd/bsd_file.h"
+#include "bsd/basic_ship_data.h"
 #include "bsd/bsd_layout.h"
 #include "report/messages.h"
 #include "tests/bsd/bsd_support.h"
@@ -25,7 +25,7 @@ constexpr int kGeneralLine = 9;
 constexpr int kRemarkLine = 69;
 constexpr int kLineCount = 71;
 
-TEST(BsdWriter, EveryFieldStandsAtItsPlaceInTheGoldenText) {
+TEST(BsdWriter, EveryFieldIsAtItsOffsetInTheGoldenText) {
     BasicShipData bsd = DistinctBsd();
     EXPECT_EQ(RecordsWritten(bsd), GoldenRecords());
 }
@@ -74,7 +74,7 @@ TEST(BsdWriter, VersionLineIsFiveWhateverWasRead) {
     EXPECT_EQ(bsd.FormatVersion.Trimmed(), L"2");
 }
 
-TEST(BsdWriter, FourthDimensionNearZeroTakesTheThird) {
+TEST(BsdWriter, FourthDimensionNearZeroBecomesTheThird) {
     for (const float value : {0.0f, 0.0009f, -0.0009f}) {
         BasicShipData bsd;
         bsd.MainData(3) = 21.5f;
@@ -136,7 +136,7 @@ TEST(BsdWriter, TextsHaveAllTheirCharacters) {
     EXPECT_EQ(LineOf(text, kRemarkLine), " leading and trailing " + std::string(28, ' '));
 }
 
-TEST(BsdWriter, BlockTwelveLeavesOutWhatHasNoPlace) {
+TEST(BsdWriter, BlockTwelveLeavesOutWhatTheFileLacks) {
     BasicShipData bsd;
     for (int i = 1; i <= 12; ++i) bsd.Block12(i) = static_cast<float>(i);
     const std::string text = RecordsWritten(bsd);

@@ -1,5 +1,6 @@
 // A section in the legacy form, byte by byte, and what an import makes of it.
-#include "legacy/section_record.h"
+#include "legacy/section_from_legacy.h"
+#include "legacy/section_to_legacy.h"
 
 #include <gtest/gtest.h>
 
@@ -45,7 +46,7 @@ struct LegacyRecord : testing::Test {
 
 // ---- Main block --------------------------------------------------------------------------------
 
-TEST_F(LegacyRecord, HeadStandsInTheMainBlock) {
+TEST_F(LegacyRecord, HeadIsInTheMainBlock) {
     section = FullSection();
     section.moduliAbsent = 0;
     Export();
@@ -124,7 +125,7 @@ TEST_F(LegacyRecord, LongNameIsCutToForty) {
 
 // ---- Strakes and nodes -------------------------------------------------------------------------
 
-TEST_F(LegacyRecord, StrakesStandInTheirTables) {
+TEST_F(LegacyRecord, StrakesAreInTheirTables) {
     section.panels = {PanelOfNodes(3, 0, 1), PanelOfNodes(2, 1, 2)};
     section.panels[1].name = L"Inner bottom, a long name of a panel";
     section.panels[1].spacing_m = 0.8F;
@@ -196,7 +197,7 @@ TEST_F(LegacyRecord, NodeOnANodeThatDoesNotExistIsReported) {
     EXPECT_EQ(SectionOf(*record).panels[1].nodes[0].onNode, 3) << "it is kept as it stands";
 }
 
-TEST_F(LegacyRecord, NodeOfAnotherKindIsReportedAndGivenByItsPlace) {
+TEST_F(LegacyRecord, NodeOfAnotherKindIsReportedAndGivenByItsCoordinates) {
     Node node = GivenNode(5, 6);
     node.kind = 9;
     ExportNode(node);
@@ -208,7 +209,7 @@ TEST_F(LegacyRecord, NodeOfAnotherKindIsReportedAndGivenByItsPlace) {
     EXPECT_EQ(back.panels[1].nodes[0].givenZ, 6);
 }
 
-TEST_F(LegacyRecord, ImportTakesTheCoordinatesOfPoints) {
+TEST_F(LegacyRecord, ImportReadsTheCoordinatesOfPoints) {
     section.panels = {PanelOfNodes(2, 0, 1)};
     Export();
     record->geometry.pointY[1] = 8;
@@ -322,7 +323,7 @@ TEST_F(PlaceTest, FourTablesComeBackThroughTheLibrary) {
         << "stiffeners, spans, openings, pillars";
 }
 
-TEST_F(PlaceTest, PlaceCountsMoreThanTheOffset) {
+TEST_F(PlaceTest, AbscissaCountsMoreThanTheOffset) {
     record->geometry.stiffeners[0].s = 2.25F;
     record->geometry.spans[0].s = 2.25F;
     EXPECT_TRUE(ImportWarnings().empty());
@@ -338,7 +339,7 @@ TEST_F(PlaceTest, OffsetBeyondAnEndIsKept) {
     EXPECT_EQ(section.panels[0].stiffeners[1].offset, 7);
 }
 
-TEST_F(PlaceTest, StiffenerThatCanNotBePlacedIsReportedAndKept) {
+TEST_F(PlaceTest, StiffenerThatCannotBePlacedIsReportedAndKept) {
     record->geometry.stiffeners[1].onNode = 9;
     EXPECT_EQ(ImportWarnings(), std::vector<std::string>{WarningText(2001, {2, 1, 2})});
     ASSERT_EQ(section.panels[0].stiffeners.size(), 2u);
@@ -361,7 +362,7 @@ TEST_F(PlaceTest, SpanOfNoStiffenerIsReportedAndLeftOut) {
     EXPECT_EQ(section.panels[0].stiffenerDetails[1].spans.size(), 1u);
 }
 
-TEST_F(PlaceTest, SpanThatStandsElsewhereIsReportedAndLeftOut) {
+TEST_F(PlaceTest, SpanThatIsElsewhereIsReportedAndLeftOut) {
     record->geometry.spans[0].s = 1.5F;
     EXPECT_EQ(ImportWarnings(), std::vector<std::string>{WarningText(2013, {1, 1})});
     EXPECT_TRUE(section.panels[0].stiffenerDetails[0].spans.empty());

@@ -1,7 +1,8 @@
+#include "bsd/bsd_records.h"
+
 #include <algorithm>
 #include <limits>
 
-#include "bsd/bsd_file.h"
 #include "bsd/bsd_layout.h"
 #include "report/messages.h"
 #include "text/numbers.h"
@@ -82,7 +83,7 @@ bool TakeItem(ItemReader& items, std::string_view& item) {
 }
 
 // The next item when it is a number; any other item is passed over.
-bool TakeNumber(ItemReader& items, std::string_view& number) {
+bool ReadNumber(ItemReader& items, std::string_view& number) {
     if (!TakeItem(items, number) || !ReadsAsNumber(system::WideFromAnsi(number))) return false;
     ++items.numberCount;
     return true;
@@ -91,14 +92,14 @@ bool TakeNumber(ItemReader& items, std::string_view& number) {
 void ReadField(ItemReader& items, float& field) {
     constexpr double kLargest = std::numeric_limits<float>::max();
     std::string_view number;
-    if (!TakeNumber(items, number)) return;
+    if (!ReadNumber(items, number)) return;
     field = static_cast<float>(std::clamp(LeadingNumber(number), -kLargest, kLargest));
 }
 
 void ReadField(ItemReader& items, int16_t& field) {
     using Limits = std::numeric_limits<int16_t>;
     std::string_view number;
-    if (!TakeNumber(items, number)) return;
+    if (!ReadNumber(items, number)) return;
     field = static_cast<int16_t>(
         std::clamp<int32_t>(LeadingInteger(number), Limits::min(), Limits::max()));
 }

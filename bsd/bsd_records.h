@@ -1,0 +1,19 @@
+// The records of the Basic Ship Data, as lines of a text: a database's block and a standalone file
+// both hold them. bsd/bsd_layout.h declares their order; docs/bsd-file.md shows the layout.
+#pragma once
+
+#include "bsd/basic_ship_data.h"
+#include "files/text_file.h"
+
+namespace corvane {
+
+// Reads the records from the reader's next line on. An item that is bad or missing is skipped and
+// its field keeps its value; the next header line or model marker ends the records and stays
+// unread. Returns how many numbers were read.
+int ReadBasicShipData(TextReader& reader, BasicShipData& bsd);
+
+// Writes the records in layout version 5. MainData(4) becomes MainData(3), in the caller's record
+// too, when it is near zero.
+void WriteBasicShipData(TextWriter& writer, BasicShipData& bsd);
+
+}  // namespace corvane

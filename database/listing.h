@@ -1,0 +1,33 @@
+// The list of a database's models: numbers, names, kinds and positions, as the model list and the
+// boxes of export and import show them.
+//
+// A listing reads the heads of the blocks only. A damaged block has an entry too, with what could
+// be read of it, so a list is always as long as CountModels says.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "database/model_kind.h"
+
+namespace corvane {
+
+// One model of a list, in file order.
+struct ModelEntry {
+    int32_t number = 0;  // as the block has it: not always its index in the file
+    std::wstring name;   // trimmed
+    ModelKind kind = ModelKind::kSection;
+    float x = -1;  // [m] position; -1 for a torsion model, 0 where the block has no position row
+};
+
+// The models of a file, as far as it can be read; empty for a file that cannot be opened.
+// ListModels leaves x at -1.
+std::vector<ModelEntry> ListModels(const std::wstring& path);
+std::vector<ModelEntry> ListModelsWithPositions(const std::wstring& path);
+
+// Position [m] of one model; -1 when the file has no model of this number, 0 when its block has no
+// position row. The row after a torsion model's name is read like any other.
+float ModelPosition(const std::wstring& path, int32_t number);
+
+}  // namespace corvane

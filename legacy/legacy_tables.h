@@ -1,0 +1,52 @@
+// Tables and texts of fixed size, as the records of the legacy form (platform/ztvelk32.h) have
+// them: a table is an array and a count of used entries, a text is an array of single-byte
+// characters.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "report/reporters.h"
+
+namespace corvane {
+
+// ---- Filling -----------------------------------------------------------------------------------
+
+// A table that is being filled, entry by entry.
+template <class Entry, int size>
+struct Filling {
+    Entry (&table)[size];
+    int16_t& count;
+    int32_t message;  // what has no room is reported once, with the table's size
+    bool full = false;
+
+    // The next entry, zeroed like the whole record; null when the table is full.
+    Entry* Next() {
+        if (count < size) return &table[count++];
+        if (!full) ReportMessage(message, {int32_t{size}});
+        full = true;
+        return nullptr;
+    }
+};
+template <class Entry, int size>
+Filling(Entry (&)[size], int16_t&, int32_t) -> Filling<Entry, size>;
+
+// Single-byte text, up to its first NUL, cut to the field; NULs fill it up.
+void PutText(const std::wstring& text, char* field, size_t size);
+
+// ---- Reading -----------------------------------------------------------------------------------
+
+// The entries of a table that are used. A count that is outside of the table counts as the nearest
+// that is not.
+template <class Entry, int size>
+std::span<const Entry> Used(const Entry (&table)[size], int16_t count) {
+    return {table, static_cast<size_t>(std::clamp<int>(count, 0, size))};
+}
+
+// Single-byte text up to its first NUL, trimmed.
+std::wstring TextOf(const char* field, size_t size);
+
+}  // namespace corvane

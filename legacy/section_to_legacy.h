@@ -1,0 +1,14 @@
+// A section to the legacy form (platform/ztvelk32.h). docs/legacy-form.md says table by table what
+// that form holds. What it has no room for is reported and left out.
+#pragma once
+
+#include "database/section.h"
+#include "platform/ztvelk32.h"
+
+namespace corvane {
+
+// Fills the record from the section, whose geometry is computed first, in place. Every byte of the
+// record is set. Messages in the status line say what is being done; it is not cleared at the end.
+void ToLegacyRecord(SectionModel& section, LegacySectionRecord& record);
+
+}  // namespace corvane

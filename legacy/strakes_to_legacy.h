@@ -1,0 +1,21 @@
+// Strakes, nodes and points of a section in the legacy form: a part of ToLegacyRecord.
+#pragma once
+
+#include "database/section.h"
+#include "platform/ztvelk32.h"
+
+namespace corvane {
+
+// An export in the making. The section's geometry has been computed, the record is zeroed.
+struct LegacyExport {
+    SectionModel& section;
+    const Section& geometry;  // the library's view of the section
+    LegacySectionRecord& record;
+};
+
+// Fills the strakes' and the nodes' tables, up to the first strake or node that has no room, which
+// is reported. A node of a kind that the legacy form lacks is reported, and given by its
+// coordinates.
+void FillStrakes(const LegacyExport& work);
+
+}  // namespace corvane
