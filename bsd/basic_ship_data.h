@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-// Only the meanings told here are fixed by the shell; the other numbers belong to the editor and
+// Only the meanings given here are fixed by the shell; the other numbers belong to the editor and
 // the rule programs of the suite, which read them by position.
 struct BasicShipData {
     FixedText<8> FormatVersion;         // layout that the data were read from: 1 to 5

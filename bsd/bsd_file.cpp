@@ -24,7 +24,7 @@ void SkipCommentLines(TextReader& reader) {
     SeekLine(reader, position);
 }
 
-// From the block's header line, goes to what is kept of the text behind the header: the line that
+// From the block's header line, goes to what is kept of the text after the header: the line that
 // opens the next block or the first model, or the block's last line when there is none.
 void SkipOldBlock(TextReader& reader) {
     const std::string modelMarker = GetMessageBytes(kMsgModelMarker);
@@ -40,7 +40,7 @@ void SkipOldBlock(TextReader& reader) {
     SeekLine(reader, position);
 }
 
-// Writes the database's text with the new block. The reader stands at the old block's header line.
+// Writes the database's text with the new block. The reader is at the old block's header line.
 void WriteWithNewBlock(TextReader& reader, TextWriter& writer, BasicShipData& bsd) {
     const int64_t header = LinePosition(reader);
     SeekLine(reader, 0);

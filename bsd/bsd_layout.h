@@ -15,12 +15,12 @@ inline constexpr std::string_view kTab = "\t";
 inline constexpr std::string_view kLineEnd = "\r\n";
 inline constexpr std::string_view kTabAndLineEnd = "\t\r\n";
 
-// Whether a line opens what stands behind the records: another block, or a model.
+// Whether a line opens what follows the records: another block, or a model.
 inline bool OpensBlock(std::string_view line, std::string_view modelMarker) {
     return line == modelMarker || IsHeaderLine(line);
 }
 
-// A tab behind every value, and a line end behind every `perLine` of them. A list whose length is
+// A tab after every value, and a line end after every `perLine` of them. A list whose length is
 // no multiple of `perLine` leaves its last line open.
 template <class List, class Visit>
 void VisitRows(List&& list, int perLine, Visit& visit) {
@@ -75,7 +75,7 @@ void VisitNumbers(BasicShipData& bsd, Visit visit) {
     VisitLine(visit, bsd.Block12(7), bsd.Block12(11));
 }
 
-// The same for the numbers behind the remark; ExtraData are in files from layout version 4 on.
+// The same for the numbers after the remark; ExtraData are in files from layout version 4 on.
 template <class Visit>
 void VisitReductionFactor(BasicShipData& bsd, Visit visit) {
     VisitLine(visit, bsd.ReductionFactor);

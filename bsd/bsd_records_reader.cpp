@@ -42,7 +42,7 @@ void PassBlanks(std::string_view& text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
 }
 
-// The rest of the current line; of the next one when the current one's end is behind us.
+// The rest of the current line; of the next one when the current one's end has been read.
 bool TakeLine(ItemReader& items, std::string_view& line) {
     if (!items.inLine && !NextLine(items)) return false;
     line = items.rest;
@@ -62,8 +62,8 @@ bool TakeText(ItemReader& items, std::string_view& text) {
     return true;
 }
 
-// What stands before the next blank, tab, comma or line end, empty before a comma. Blanks, tabs
-// and one comma or line end behind it are swallowed, so that a tab before the end of a line opens
+// What is before the next blank, tab, comma or line end, empty before a comma. Blanks, tabs
+// and one comma or line end after it are swallowed, so that a tab before the end of a line opens
 // no item of its own.
 bool TakeItem(ItemReader& items, std::string_view& item) {
     PassBlanks(items.rest);
@@ -82,7 +82,7 @@ bool TakeItem(ItemReader& items, std::string_view& item) {
     return true;
 }
 
-// The next item when it is a number; any other item is passed over.
+// The next item when it is a number; any other item is skipped.
 bool ReadNumber(ItemReader& items, std::string_view& number) {
     if (!TakeItem(items, number) || !ReadsAsNumber(system::WideFromAnsi(number))) return false;
     ++items.numberCount;
@@ -115,7 +115,7 @@ void ReadVersionAndTitles(ItemReader& items, BasicShipData& bsd) {
     }
 }
 
-// The remark ends at a comma. What its line holds behind the comma is dropped, so that the numbers
+// The remark ends at a comma. What its line has after the comma is dropped, so that the numbers
 // of the next lines still reach their fields.
 void ReadRemark(ItemReader& items, BasicShipData& bsd) {
     std::string_view line;

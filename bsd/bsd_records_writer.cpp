@@ -19,7 +19,7 @@ void WriteNumber(TextWriter& writer, Number value) {
     WriteText(writer, {text.data(), static_cast<size_t>(end - text.data())});
 }
 
-// A text on a line of its own, blanks at its end included. A line break in the text becomes a
+// A text on its own line, blanks at its end included. A line break in the text becomes a
 // blank, and a text that readers would take for the head of another block gets another first
 // character: either would cut the records short.
 void WriteTextLine(TextWriter& writer, std::wstring_view text, std::string_view modelMarker) {

@@ -1,4 +1,4 @@
-// The frame table: where the ship's frames stand, from the zones of the Basic Ship Data.
+// The frame table: where the ship's frames are, from the zones of the Basic Ship Data.
 #pragma once
 
 #include "bsd/basic_ship_data.h"

@@ -37,7 +37,7 @@ constexpr bool IsWellFormed(const std::array<Entry, Count>& entries) {
     return true;
 }
 
-// The character that one or two bytes make; `text` moves behind them.
+// The character that one or two bytes make; `text` moves past them.
 inline char NextCharacter(const char*& text) {
     const auto byte = static_cast<unsigned char>(*text++);
     if (byte < 0x80) return static_cast<char>(byte);

@@ -36,7 +36,7 @@ SecondaryStiffener* ReadStiffenerOwner(RowReader& row, Bulkheads& bulkheads) {
     return index < stiffeners.size() ? &stiffeners[index] : nullptr;
 }
 
-// A number that is a place of its own, from 1 on; 0 when there is none.
+// A number that counts as it is, from 1; 0 when the row has no such number.
 int16_t ReadNumberFrom1(RowReader& row) {
     int16_t number = 0;
     Value(row, number);
@@ -87,7 +87,7 @@ void ReadCorrugations(RowReader& row, Bulkheads& bulkheads) {
     }
 }
 
-// Strakes stand in a band as their rows do, whatever their own numbers are.
+// Strakes are in a band in the order of their rows, whatever their own numbers are.
 void ReadStrakes(RowReader& row, Bulkheads& bulkheads) {
     while (AtRow(row)) {
         Bulkhead* bulkhead = ReadOwner(row, bulkheads);

@@ -17,7 +17,7 @@ struct NumberLine {
     int64_t end = 0;
 };
 
-// From behind a marker.
+// The reader is after a marker.
 NumberLine ReadNumberLine(TextReader& reader, std::string_view marker) {
     NumberLine result;
     std::string_view line;

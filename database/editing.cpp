@@ -97,7 +97,7 @@ int32_t NextNumberOrReport(TextReader& reader, const std::wstring& path) {
 
 // ---- Steps that the edits share ----------------------------------------------------------------
 
-// Copies what stands before the block `number`; false when there is no such block.
+// Copies what is before the block `number`; false when there is no such block.
 bool CopyToBlock(TextReader& reader, TextWriter& writer, int32_t number) {
     SeekLine(reader, 0);
     CopyFileHead(reader, writer);
@@ -134,10 +134,10 @@ std::string_view ClosingComments(std::string_view text) {
     return text.substr(begin);
 }
 
-// A section may end with comments: the legend of an empty table, the rule behind a row. Those that
-// the old block ended with still stand before the next marker, as all comments there do. Where the
+// A section may end with comments: the legend of an empty table, the rule after a row. Those that
+// the old block ended with are still before the next marker, as all comments there do. Where the
 // new block ends with the same ones it brings them again, and the file would grow each time: they
-// are passed over.
+// are skipped.
 void SkipClosingComments(TextReader& reader, std::string_view closing) {
     const int64_t place = LinePosition(reader);
     while (!closing.empty()) {

@@ -28,7 +28,7 @@ struct Listing {
     ValueRow row;
 };
 
-// From behind a marker over the number to the keyword.
+// From a marker over the number to the keyword; the marker has been read.
 bool ReadKeyword(TextReader& reader, const Listing& listing, ModelEntry& entry,
                  std::string_view& keyword) {
     if (!ReadBlockLine(reader, listing.modelMarker, keyword)) return false;
@@ -36,7 +36,7 @@ bool ReadKeyword(TextReader& reader, const Listing& listing, ModelEntry& entry,
     return ReadBlockLine(reader, listing.modelMarker, keyword);
 }
 
-// From behind the keyword to the line behind the name label.
+// From the keyword, which has been read, to the line after the name label.
 bool SkipToName(TextReader& reader, const Listing& listing) {
     std::string_view line;
     while (ReadBlockLine(reader, listing.modelMarker, line)) {
@@ -52,7 +52,7 @@ float ReadPosition(TextReader& reader, Listing& listing) {
     return FirstValue(line, listing.row);
 }
 
-// Reads from behind a marker as far as the block has what is wanted of it.
+// Reads from a marker, which has been read, as far as the block has what is wanted of it.
 void ReadEntry(TextReader& reader, Listing& listing, Detail detail, ModelEntry& entry) {
     if (detail == Detail::kPositions) entry.x = 0;
     std::string_view line;

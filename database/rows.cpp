@@ -34,7 +34,7 @@ void EndField(RowWriter& row, const char* end) {
     row.used = static_cast<size_t>(end - row.text.data());
 }
 
-// The text as it can stand in a line and be read back: trimmed, no control characters, neither a
+// The text as it can be in a line and be read back: trimmed, no control characters, neither a
 // comment nor a header line nor the model marker.
 std::string LineText(std::string_view bytes, std::string_view modelMarker) {
     std::string text(bytes.substr(0, kLongestName));

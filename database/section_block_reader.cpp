@@ -93,7 +93,7 @@ void ReadFatigue(RowReader& row, Reading& reading) {
     }
 }
 
-// The table of a list of items, each with lines of its own.
+// The table of a list of items, each with its own lines.
 template <class Item>
 BlockTable ItemTable(MessageNumber label, Reading& reading, std::vector<Item> Panel::* items) {
     std::vector<Panel>& panels = reading.section.panels;

@@ -120,7 +120,7 @@ void ItemLines(Row& row, Plate& plate) {
     EndLine(row);
 }
 
-// Table 4: one stiffener. Its spans are a table of their own, which needs the count of this row.
+// Table 4: one stiffener. Its spans have their own table, which needs the count of this row.
 struct StiffenerRow {
     Stiffener& stiffener;
     StiffenerDetail& detail;

@@ -7,7 +7,7 @@
 namespace corvane {
 namespace {
 
-// The library's stiffener has a profile of its own: that of the first span.
+// The library's stiffener has its own profile: that of the first span.
 void AdoptProfiles(Panel& panel) {
     const size_t count = std::min(panel.stiffeners.size(), panel.stiffenerDetails.size());
     for (size_t i = 0; i < count; ++i) {

@@ -35,7 +35,7 @@ void ReadTable(RowReader& row, const BlockTable& table) {
     table.read(row);
 }
 
-// As long as the tables stand in the right order, as they nearly always do; false at the first one
+// As long as the tables are in the right order, as they nearly always do; false at the first one
 // that does not.
 bool ReadTablesAsTheyStand(RowReader& row, const std::vector<BlockTable>& tables) {
     TableIndex last = 0;

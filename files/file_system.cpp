@@ -78,7 +78,7 @@ ErrorNumber RenamePatiently(const std::wstring& from, const std::wstring& to) {
     return CallPatiently(IsHeldByAnother, [&] { return system::RenameOver(from, to); });
 }
 
-// Whether a file of that name is known to be there, be it one that can't be opened.
+// Whether a file of that name is known to be there, even if it cannot be opened.
 bool IsThere(const std::wstring& path) {
     system::FileStatus status;
     return system::GetFileStatus(path, status) == kErrorNone && status.exists;
@@ -88,7 +88,7 @@ void RemoveOrTell(const std::wstring& path, ReplaceResult& result) {
     if (RemoveOwnFile(path) != kErrorNone) result.leftOver = path;
 }
 
-// The way for a target that a reader holds for good. The old text stands under the backup name
+// The way for a target that a reader holds for good. The old text is under the backup name
 // until the new one is in place; it is not removed unless the target has one of the two.
 void SwapWithBackup(const std::wstring& copy, const std::wstring& target, ReplaceResult& result) {
     std::wstring backup;

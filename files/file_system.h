@@ -23,8 +23,8 @@ bool IsSameFile(const std::wstring& a, const std::wstring& b);
 // Deletes a file; nothing happens when there is none.
 void KillFile(const std::wstring& path);
 
-// Deletes a file that this run has made and closed, be it held by another program: that is waited
-// for, about a second. A file that isn't there is no error.
+// Deletes a file that this run has made and closed, even if another program holds it: that is
+// waited for, about a second. A file that is not there is not an error.
 system::ErrorNumber RemoveOwnFile(const std::wstring& path);
 
 // Creates an empty file under a new name in the temporary folder, beginning with the application
@@ -37,18 +37,18 @@ system::ErrorNumber NewTemporaryFile(std::wstring& path);
 std::wstring TempFileName();
 
 // What ReplaceFile did. On success `error` is kErrorNone. On failure the target is untouched and
-// the new text still stands in the temporary file.
+// the new text is still in the temporary file.
 struct ReplaceResult {
     system::ErrorNumber error = system::kErrorNone;
-    // The one exception, when a system's own swap of two files stops halfway and can't be undone:
-    // the target is missing and its old text stands whole in this file. Empty otherwise.
+    // The one exception, when a system's own swap of two files stops halfway and cannot be undone:
+    // the target is missing and its old text is whole in this file. Empty otherwise.
     std::wstring oldText;
     // A file made on the way that could not be removed. Empty otherwise.
     std::wstring leftOver;
     bool Done() const { return error == system::kErrorNone; }
 };
 
-// Puts the text of the file `temporary` in the place of `target`, which need not exist, and removes
+// Replaces `target`, which need not exist, by the text of the file `temporary`, and removes
 // `temporary`. The target is never missing and never half written on the way: the text is copied
 // to a new file beside the target, flushed to the disk, and renamed over it; a program that holds
 // the target is waited for, about a second. The target keeps its attributes. A read-only target

@@ -17,11 +17,11 @@ std::wstring StripTrailingBackslash(std::wstring_view path);
 // The trimmed path up to and with its last "\"; the current directory, without trailing "\", when
 // the path holds none.
 std::wstring DirectoryOf(std::wstring_view path);
-// The text behind the last "\", not trimmed; the whole text when it holds none.
+// The text after the last "\", not trimmed; the whole text when it holds none.
 std::wstring FileNameOf(std::wstring_view path);
-// The trimmed name up to its last ".", wherever that stands: also one in a folder's name.
+// The trimmed name up to its last ".", wherever that is: also one in a folder's name.
 std::wstring StripExtension(std::wstring_view name);
-// The text behind the last "." of the trimmed name, in lower case; "" without a ".".
+// The text after the last "." of the trimmed name, in lower case; "" without a ".".
 std::wstring FileExtension(std::wstring_view name);
 // Where the old text of a file is kept: the name without its extension (StripExtension), ".bak".
 std::wstring BackupPath(std::wstring_view path);

@@ -18,7 +18,7 @@ std::string_view WithoutReturn(const char* begin, const char* end) {
     return {begin, static_cast<size_t>(end - begin)};
 }
 
-// Moves the unread bytes to the buffer's front and reads behind them. False when nothing came.
+// Moves the unread bytes to the buffer's front and reads after them. False when nothing came.
 bool Refill(TextReader& reader) {
     if (reader.atEnd) return false;
     const size_t unread = reader.end - reader.next;
@@ -66,7 +66,7 @@ std::string_view CutLine(TextReader& reader) {
     return {buffer, kLongestLine};
 }
 
-// Whether the line at buffer[at] is `text`. Enough bytes to tell are in the buffer, or the file
+// Whether the line at buffer[at] is `text`. Enough bytes to decide are in the buffer, or the file
 // ends there.
 bool LineEquals(const TextReader& reader, size_t at, std::string_view text) {
     const char* const buffer = reader.buffer.get();
@@ -78,7 +78,7 @@ bool LineEquals(const TextReader& reader, size_t at, std::string_view text) {
     return buffer[behind] == '\r' && (behind + 1 == reader.end || buffer[behind + 1] == '\n');
 }
 
-// Looks for the text in what is in memory. On success the reader stands at the line; otherwise at
+// Looks for the text in what is in memory. On success the reader is at the line; otherwise at
 // the first byte that must be looked at again when more has been read.
 bool FindInBuffer(TextReader& reader, std::string_view text) {
     const char* const buffer = reader.buffer.get();
@@ -102,12 +102,12 @@ bool FindInBuffer(TextReader& reader, std::string_view text) {
     return false;
 }
 
-// Looks for the text from the reader's place on, like FindLine. What is passed over is given to
+// Looks for the text from the reader's position on, like FindLine. What is skipped is given to
 // `pass`, piece by piece.
 template <class Pass>
 bool FindAndPass(TextReader& reader, std::string_view text, Pass pass) {
     assert(!text.empty() && text.size() <= kLongestMarker);
-    // The reader stands at a line's begin; every other line is found by the line feed before it.
+    // The reader is at a line's beginning; every other line is found by the line feed before it.
     while (reader.end - reader.next < text.size() + 2 && Refill(reader)) {
     }
     if (reader.end > reader.next && LineEquals(reader, reader.next, text)) return true;
@@ -115,7 +115,7 @@ bool FindAndPass(TextReader& reader, std::string_view text, Pass pass) {
         const size_t begin = reader.next;
         const bool atEnd = reader.atEnd;
         const bool found = FindInBuffer(reader, text);
-        // The last bytes can't be judged before it is known that the file ends with them.
+        // The last bytes cannot be judged before it is known that the file ends with them.
         if (!found && atEnd) reader.next = reader.end;
         pass(std::string_view(reader.buffer.get() + begin, reader.next - begin));
         if (found) return true;
@@ -273,7 +273,7 @@ void CopySpan(TextReader& from, int64_t position, TextWriter& to) {
             break;
         }
     }
-    // Only the file's last line can be without its end: what is written behind it must begin a
+    // Only the file's last line can be without its end: what is written after it must begin a
     // line of its own.
     if (last != '\n') WriteText(to, "\r\n");
 }

@@ -21,7 +21,7 @@ inline constexpr size_t kKeptTail = 8 * 1024;
 
 // ---- Kinds of lines ----------------------------------------------------------------------------
 
-// The first character is "*". An empty line is no comment.
+// The first character is "*". An empty line is not a comment.
 bool IsCommentLine(std::string_view line);
 // The line, trimmed, begins with six dashes.
 bool IsHeaderLine(std::string_view line);
@@ -39,7 +39,7 @@ struct TextReader {
     size_t next = 0;
     size_t end = 0;
     int64_t bufferOffset = 0;
-    bool atEnd = false;                              // the file has no bytes behind `end`
+    bool atEnd = false;                              // the file has no bytes after `end`
     system::ErrorNumber error = system::kErrorNone;  // of the first read that failed
 
     TextReader() = default;
@@ -54,7 +54,7 @@ bool OpenText(TextReader& reader, const std::wstring& path);
 // The next line without its end; false at the end of the file or after a failed read. The view
 // holds until the next call with this reader.
 bool ReadLine(TextReader& reader, std::string_view& line);
-// The next line that is no comment.
+// The next line that is not a comment.
 bool ReadSignificantLine(TextReader& reader, std::string_view& line);
 
 // Where the next line begins, in bytes from the start of the file.
@@ -64,7 +64,7 @@ void SeekLine(TextReader& reader, int64_t position);
 
 // Goes to the next line that equals `text` (not empty, at most 1,000 bytes, without "*" in front);
 // the next ReadLine gives that line. False, and the reader at the end, when there is none. This
-// passes over a file at the speed of memory: no line in between is looked at.
+// goes through a file at the speed of memory: no line in between is looked at.
 bool FindLine(TextReader& reader, std::string_view text);
 
 // ---- Writing -----------------------------------------------------------------------------------
@@ -94,10 +94,10 @@ std::string_view WrittenTail(const TextWriter& writer);
 bool CloseText(TextWriter& writer);
 
 // Copies the bytes from the reader's next line up to the place `position` (-1: to the end of the
-// file), unchanged; the reader then stands there. A file whose last line has no end gets one.
+// file), unchanged; the reader is then there. A file whose last line has no end gets one.
 void CopySpan(TextReader& from, int64_t position, TextWriter& to);
 
-// Copies the lines before the next one that equals `text`, where the reader then stands, as
+// Copies the lines before the next one that equals `text`, where the reader then is, as
 // FindLine does; all lines, as CopySpan does, when there is none, and the result is false.
 bool CopyToLine(TextReader& from, std::string_view text, TextWriter& to);
 

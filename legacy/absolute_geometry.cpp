@@ -53,7 +53,7 @@ bool IsOnNode(const Node& node) {
     return node.kind == kNodeOffset || node.kind == kNodeCoincident;
 }
 
-// The strake that a node is defined on, or a node of it; 0 when it stands by itself.
+// The strake that a node is defined on, or a node of it; 0 when it is defined on nothing.
 int16_t BaseStrake(const Node& node) {
     if (node.kind == kNodeIntersection) return node.extensionStrake;
     return node.kind == kNodeOnStrake || IsOnNode(node) ? node.onStrake : int16_t{0};
@@ -152,7 +152,7 @@ void ComputeStrakes(Work& work) {
 
 // ---- Stiffeners --------------------------------------------------------------------------------
 
-// A stiffener within the tolerance of a knuckle stands at the knuckle.
+// A stiffener within the tolerance of a knuckle is put at the knuckle.
 void SnapToNode(const Strake& strake, Stiffener& stiffener, float tolerance) {
     for (int i = 0; i < ItemsOf(strake); ++i) {
         const StrakeItem& item = strake.items[i];
@@ -174,7 +174,7 @@ void PlaceStiffener(const Section& section, int16_t number, Stiffener& stiffener
     const int16_t status = AbsStiff(section.strakes, section.strakeCount, number, &stiffener);
     constexpr int16_t kOutside = 1;
     if (status != 0 && status != kOutside) return;
-    // The foot stands on the line of the strake, whatever the library made of its offset.
+    // The foot is on the line of the strake, whatever the library made of its offset.
     float y = stiffener.y;
     float z = stiffener.z;
     ComputePointFromYZ(&strake, stiffener.y, stiffener.z, &y, &z, section.tolerance);
@@ -218,7 +218,7 @@ void ComputeAbscissas(const Section& section) {
     }
 }
 
-// How far an arc stands off its chord; 0 for a straight line. Height of a circular segment.
+// How far an arc is from its chord; 0 for a straight line. Height of a circular segment.
 float Rise(const StrakeItem& item) {
     return item.arcRadius * (1 - std::cos(item.sweep / 2));
 }

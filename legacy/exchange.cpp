@@ -54,7 +54,7 @@ int16_t AddSlot(const std::wstring& path) {
     return status;
 }
 
-// Fills the slot. What the library makes of the three blocks is not told.
+// Fills the slot. What the library makes of the three blocks is unknown.
 void ExportBlocks(const std::wstring& path, int16_t number, SectionModel& section) {
     const auto record = std::make_unique<LegacySectionRecord>();
     ToLegacyRecord(section, *record);
@@ -127,7 +127,7 @@ bool StartDatabase(const std::wstring& source, const Target& target, BasicShipDa
     return false;
 }
 
-// Whether the slot can be read: a record that a call can't fill is left as it was.
+// Whether the slot can be read: a record that a call cannot fill is left as it was.
 bool HasSlot(const std::string& file, int16_t number) {
     alignas(LegacyMainSection) std::array<char, sizeof(LegacyMainSection)> block;
     block.fill('\xA5');

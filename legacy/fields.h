@@ -124,7 +124,7 @@ void CopyExtension(Copy copy, Node& ours, LegacyExtension& legacy) {
 // ---- Items of a strake; without profiles and abscissas -----------------------------------------
 // (legacy/items_to_legacy.cpp, legacy/items_from_legacy.cpp)
 
-// The legacy form has each profile once, in a table of its own; the gap of a doubled one is lost.
+// The legacy form has each profile once, in a table; the gap of a doubled one is lost.
 template <class Copy>
 void CopyProfile(Copy copy, Scantlings& ours, LegacyProfile& legacy) {
     copy(ours.type, legacy.type);

@@ -22,7 +22,7 @@ Panel* PanelOf(const LegacyImport& work, int16_t strake) {
 }
 
 // Turns an abscissa on the strake into the stiffener's offset from its node. False, and the offset
-// stays, when that can't be done.
+// stays, when that cannot be done.
 bool MakeRelative(const Section& section, int16_t strake, float s, Stiffener& stiffener) {
     stiffener.s = s;
     const int16_t status = RelStiff(section.strakes, section.strakeCount, strake, &stiffener);
@@ -83,7 +83,7 @@ std::vector<Span> ListSpans(const LegacyImport& work) {
     return spans;
 }
 
-// Message 2013: what it belongs to does not exist, or stands elsewhere.
+// Message 2013: what it belongs to does not exist, or is elsewhere.
 void ReportNotAttached(size_t item, int16_t owner) {
     ReportMessage(kMsgLegacyItemNotAttached, {static_cast<int32_t>(item), int32_t{owner}});
 }
@@ -139,7 +139,7 @@ std::vector<StiffenerDetail*> DetailsByNumber(const LegacyImport& work) {
     return details;
 }
 
-// Whether the span stands where its stiffener stands. Where neither can be placed, it does.
+// Whether the span is where its stiffener is. Where neither can be placed, it is.
 bool StandsAtStiffener(const LegacyImport& work, const LegacySpan& span) {
     const LegacyStiffener& owner = work.legacy.stiffeners[span.stiffener - 1];
     Stiffener place{};
@@ -207,7 +207,7 @@ void ReadOpenings(const LegacyImport& work) {
         Stiffener place{};
         place.onStrake = entry.atStrake;
         place.onNode = entry.atNode;
-        // An opening stands at its node: whatever else its place says can't be held.
+        // An opening is at its node: whatever else its position says has no field.
         if (panel == nullptr || !MakeRelative(work.geometry, entry.strake, entry.s, place) ||
             !(std::abs(place.offset) <= work.geometry.tolerance)) {
             ReportNotPlaced(work, number, entry.strake);

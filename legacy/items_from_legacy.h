@@ -18,6 +18,7 @@ struct LegacyImport {
 void ReadStiffeners(const LegacyImport& work);
 // After ReadStiffeners: spans belong to stiffeners.
 void ReadSpans(const LegacyImport& work);
+// These four do not depend on one another.
 void ReadBrackets(const LegacyImport& work);
 void ReadOpenings(const LegacyImport& work);
 void ReadPillars(const LegacyImport& work);

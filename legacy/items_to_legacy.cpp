@@ -16,7 +16,7 @@ bool SameProfile(const LegacyProfile& a, const LegacyProfile& b) {
            a.flangeThickness_mm == b.flangeThickness_mm;
 }
 
-// The table of profiles, in which each stands once.
+// The table of profiles, in which each is once.
 struct Profiles {
     LegacyGeometry& legacy;
     Filling<LegacyProfile, kLegacyProfiles> filling{legacy.profiles, legacy.counts.profiles,
@@ -48,7 +48,7 @@ void ForEachPanel(const LegacyExport& work, Visit visit) {
     }
 }
 
-// Abscissa of the stiffener on its strake; 0 when it can't be placed.
+// Abscissa of the stiffener on its strake; 0 when it cannot be placed.
 float PlaceOf(const Section& section, int16_t strake, Stiffener stiffener) {
     stiffener.s = 0;
     AbsStiff(section.strakes, section.strakeCount, strake, &stiffener);

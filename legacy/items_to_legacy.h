@@ -8,10 +8,13 @@
 namespace corvane {
 
 void FillStiffeners(const LegacyExport& work);
+// After FillStiffeners: a span has its stiffener's number. Also the brackets and the fatigue tables
+// of spans, and the profiles, each of them once.
 void FillSpans(const LegacyExport& work);
 void FillBrackets(const LegacyExport& work);
 void FillOpenings(const LegacyExport& work);
 void FillPillars(const LegacyExport& work);
+// In the order of the panels; the last of the tables on strakes.
 void FillPlates(const LegacyExport& work);
 
 }  // namespace corvane

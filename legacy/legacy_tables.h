@@ -19,7 +19,7 @@ namespace corvane {
 template <class Entry, int size>
 struct Filling {
     Entry (&table)[size];
-    int16_t& count;
+    int16_t& count;   // of used entries; goes up with each
     int32_t message;  // what has no room is reported once, with the table's size
     bool full = false;
 

@@ -10,7 +10,7 @@ namespace corvane {
 inline constexpr int16_t kByCoordinates = 0;
 inline constexpr int16_t kOnOtherNode = 1;
 inline constexpr int16_t kByIntersection = 2;
-// The code that tells the second kind of a class from the first.
+// The code that distinguishes the second kind of a class from the first.
 inline constexpr int16_t kSecondKind = 2;
 
 struct LegacyKind {

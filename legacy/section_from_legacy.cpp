@@ -25,7 +25,7 @@ constexpr int32_t kBucklingRule = 2;
 void ReadMain(LegacyMainSection legacy, SectionModel& section) {
     section.name = TextOf(legacy.name, sizeof(legacy.name));
     CopyMainFields(FromLegacy(), section, legacy);
-    // Hogging and sagging in still water tell; the other moments don't.
+    // Hogging and sagging in still water decide; the other moments do not.
     const auto& moment = legacy.stillWaterMoment_kNm;
     section.momentsAbsent = moment[0] == 0 || moment[1] == 0 ? kTrue : 0;
     section.deckModulus_m3 = legacy.deckModulus_m3;

@@ -63,7 +63,7 @@ bool HasPoint(const LegacyGeometry& legacy, size_t g) {
     return point >= 1 && point <= kLegacyPoints && legacy.pointUsed[point - 1] != 0;
 }
 
-// A node that stands by itself has the coordinates of the point that it defines.
+// A node that is defined on nothing has the coordinates of the point that it defines.
 void ReadPoints(const LegacyGeometry& legacy, SectionModel& section) {
     LibraryView view;
     MakeLibraryView(section, view);

@@ -43,7 +43,7 @@ bool HasBase(const Section& section, const Node& node) {
     }
 }
 
-// Takes the line of an intersection over. False when there is no room for it.
+// Copies the line of an intersection. False when there is no room for it.
 bool FillExtension(StrakeFill& fill, Node& node) {
     int16_t& count = fill.legacy.counts.extensions;
     if (count == kLegacyExtensions) return false;

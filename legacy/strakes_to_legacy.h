@@ -1,4 +1,5 @@
-// Strakes, nodes and points of a section in the legacy form: a part of ToLegacyRecord.
+// Strakes, nodes and points of a section in the legacy form: a part of ToLegacyRecord. The legacy
+// form numbers the nodes over all strakes, and has a point for every node with coordinates.
 #pragma once
 
 #include "database/section.h"

@@ -53,7 +53,7 @@ struct LibraryFunction<Result CORVANE_STDCALL(Arguments...)> {
 }  // namespace corvane
 
 // Declares the late-bound twin, in namespace corvane, of a library function declared above it.
-// NOLINTBEGIN(bugprone-macro-parentheses): the name declared cannot stand in parentheses.
+// NOLINTBEGIN(bugprone-macro-parentheses): the name declared cannot be in parentheses.
 #define CORVANE_LATE_BOUND(libraryName, functionName)                                          \
     namespace corvane {                                                                        \
     inline LibraryFunction<decltype(::functionName)> functionName{libraryName, #functionName}; \

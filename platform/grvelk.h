@@ -11,9 +11,9 @@ namespace corvane {
 // y is the distance from the centre line, positive to port, z the height above the base line, both
 // in metres in the plane of the section; s is the abscissa along a strake from its first node.
 // Strakes, nodes and stiffeners are numbered from 1; a node reference is the pair (strake, node),
-// (0, 0) is none. A boolean is a 16-bit integer, -1 true. The records are plain memory with natural
-// alignment; addresses stand at multiples of 8 on 32 and 64 bits alike, so that all offsets are the
-// same. All arrays belong to the caller.
+// (0, 0) refers to nothing. A boolean is a 16-bit integer, -1 true. The records are plain memory
+// with natural alignment; addresses are at multiples of 8 on 32 and 64 bits alike, so that all
+// offsets are the same. All arrays belong to the caller.
 
 // How a strake goes on from a node to the next one.
 inline constexpr int32_t kShapeStraight = 0;
@@ -91,7 +91,7 @@ static_assert(offsetof(Stiffener, count) == 24 && offsetof(Stiffener, offset) ==
 static_assert(offsetof(Stiffener, spacing) == 32 && offsetof(Stiffener, profile) == 36);
 static_assert(offsetof(Stiffener, webHeight_mm) == 40 && sizeof(Stiffener) == 56);
 
-// One strake of the section: its line through the nodes, and what stands on it.
+// One strake of the section: its line through the nodes, and the items on it.
 struct Strake {
     float values[3];  // spacing [m], span [m], thickness [mm]: the strake's defaults
     float length;     // [m] computed
@@ -158,9 +158,9 @@ inline constexpr int16_t kCodeTangentLengths = 6;  // tangent point not equally 
 inline constexpr int16_t kCodeNoNodes = 7;         // fewer than two nodes
 inline constexpr int16_t kCodeNoIntersection = 8;  // the line does not meet the strake
 inline constexpr int16_t kCodeOffStrake = 9;       // the coordinate lies outside of the strake
-inline constexpr int16_t kCodeBadNumber = 10;      // a coordinate or radius that is no number
+inline constexpr int16_t kCodeBadNumber = 10;      // a coordinate or radius that is not a number
 
-// What QuickCompute and TraceSection are told about one drawing; every byte without a name is zero.
+// What QuickCompute and TraceSection get about one drawing; every byte without a name is zero.
 #pragma pack(push, 4)
 struct DrawingParameters {
     int16_t drawPlating;  // boolean
@@ -208,7 +208,7 @@ extern "C" {
 
 // Abscissa of a point on a strake. `flag` gets the number of the item that holds it. Status 0: the
 // point lies on the strake within `tolerance`; 1: it does not, `s` is that of the nearest point;
-// any other value: the strake has no computed line, or a coordinate is no number.
+// any other value: the strake has no computed line, or a coordinate is not a number.
 int16_t CORVANE_STDCALL YZToS(corvane::Strake* strake, float y, float z, float* s, int16_t* flag,
                               float tolerance);
 // Point at an abscissa. Status 0: it lies on the strake; 1: `s` is outside of 0..length by more
@@ -220,15 +220,15 @@ int16_t CORVANE_STDCALL SToYZ(corvane::Strake* strake, float s, float* y, float*
 // another node or on a strake, or does not exist.
 int16_t CORVANE_STDCALL Absnode(corvane::Strake* strakes, int16_t count, int16_t strake,
                                 int16_t node);
-// The node on which the first node of strake `k` is defined; (0, 0) when it stands by itself. The
-// result is 0 on success, a kCode... otherwise.
+// The node on which the first node of strake `k` is defined; (0, 0) when it is defined on nothing.
+// The result is 0 on success, a kCode... otherwise.
 int16_t CORVANE_STDCALL RelNode(corvane::Strake* strakes, int16_t count, int16_t k, int16_t* strake,
                                 int16_t* node);
 
 // Computes place, normal and abscissa of a stiffener from its offset (AbsStiff), or its offset
-// from its reference node from its abscissa (RelStiff). Status 0 on success, 1 when the place lies
+// from its reference node from its abscissa (RelStiff). Status 0 on success, 1 when the point is
 // outside of the strake by more than 1 mm (AbsStiff gives the end's place), a kCode... otherwise:
-// nothing is changed then. A reference node on another strake stands for the point nearest to it.
+// nothing is changed then. A reference node on another strake means the point nearest to it.
 int16_t CORVANE_STDCALL AbsStiff(corvane::Strake* strakes, int16_t count, int16_t strake,
                                  corvane::Stiffener* stiffener);
 int16_t CORVANE_STDCALL RelStiff(corvane::Strake* strakes, int16_t count, int16_t strake,

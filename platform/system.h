@@ -3,7 +3,7 @@
 //
 // Paths are Windows paths: "\" separates folders, a drive is a letter and ":". On the host the
 // drives C: and Z: are both the root of the file system, "/" is accepted as a separator, and the
-// current directory is told as "C:\..." unless Z: was chosen.
+// current directory is given as "C:\..." unless Z: was chosen.
 //
 // A procedure that can fail returns a Windows error number, kErrorNone on success. Nothing here
 // shows a message.
@@ -73,7 +73,7 @@ struct FileStatus {
     uint32_t attributes = 0;  // as the system has them, for CopyAttributes' sake; 0 on the host
 };
 
-// Fills `status`; a missing file is no error (exists is false then).
+// Fills `status`; a missing file is not an error (exists is false then).
 ErrorNumber GetFileStatus(const std::wstring& path, FileStatus& status);
 ErrorNumber SetReadOnly(const std::wstring& path, bool readOnly);
 // Gives `to` the attributes (on the host: permissions) of `from`.
@@ -82,11 +82,11 @@ ErrorNumber RemoveFile(const std::wstring& path);
 // Copies the bytes of a file; fails when `to` exists and `overwrite` is false.
 ErrorNumber CopyBytes(const std::wstring& from, const std::wstring& to, bool overwrite);
 // Renames a file on one volume, replacing `to`, and waits until the disk has it. Once the file is
-// in place there is no failure any more: should the disk be late, it holds the old text, whole.
+// in place there is no longer a failure: when the disk is late, it has the whole old text.
 ErrorNumber RenameOver(const std::wstring& from, const std::wstring& to);
-// Puts `replacement` in the place of an existing `target`. Works where a reader that permits
+// Replaces an existing `target` by `replacement`. Works where a reader that permits
 // deletion holds the target open. The old text goes to `backup`, or is gone, where the system can
-// exchange the files in one step. After a failure `target` may be missing; its text then stands in
+// exchange the files in one step. After a failure `target` may be missing; its text is then in
 // `backup`. Absolute paths only.
 ErrorNumber SwapIn(const std::wstring& target, const std::wstring& replacement,
                    const std::wstring& backup);
@@ -111,7 +111,7 @@ ErrorNumber NewTemporaryName(const std::wstring& directory, const std::wstring& 
 std::wstring ProgramPath();
 
 // ---- Profile functions -------------------------------------------------------------------------
-// INI files. A name without a folder lies in the Windows folder; on the host, in the folder that
+// INI files. A name without a folder is in the Windows folder; on the host, in the folder that
 // the environment variable CORVANE_WINDOWS_DIRECTORY names, else in the temporary folder. Texts
 // are ANSI.
 

@@ -22,12 +22,12 @@ float CORVANE_STDCALL GetZTUtilVersion();
 // Whether the user's decimal symbol is "." and no digit grouping symbol can be mistaken for it.
 int16_t CORVANE_STDCALL IsRegionalOK();
 
-// Changes the user's regional settings so that IsRegionalOK holds; false when they can't be.
+// Changes the user's regional settings so that IsRegionalOK holds; false when they cannot be.
 int16_t CORVANE_STDCALL SetRegionalOK();
 
 // Reads the numbers of `line` into `values`, at most `most`, and returns how many. Numbers are
 // separated by blanks, tabs, commas or semicolons; "." is the decimal point; the exponent letter
-// is E or D; a word that is no number is passed over; what follows number `most` is ignored.
+// is E or D; a word that is not a number is skipped; what follows number `most` is ignored.
 int32_t CORVANE_STDCALL GetValsC(const char* line, double* values, int32_t most);
 
 // Puts a new text, different at each call on any machine, into `buffer` (`size` bytes).
@@ -40,7 +40,7 @@ void CORVANE_STDCALL LoginName(char* buffer, int32_t size);
 // text up to the first ".exe" that a blank or the end follows, so a folder with blanks in its name
 // needs no quotes. `windowStyle` is a show-window code, 0 no preference. While it waits the
 // calling thread's windows go on painting, but take no input. False: nothing was started, and the
-// system's last error tells why. kProgramCrashed: it was started, and a fault of its own ended it.
+// system's last error says why. kProgramCrashed: it was started, and it crashed.
 int16_t CORVANE_STDCALL ShellAndWait(const char* commandLine, int16_t windowStyle);
 
 // Asks the user for a file name.

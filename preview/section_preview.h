@@ -30,12 +30,12 @@ struct Picture {
 void DrawSectionPreview(Section& section, const BasicShipData& bsd, Picture& picture);
 
 // Sets the picture's user scale so that a section of this breadth and height [m] fits with its
-// margins and undistorted, and tells the library the same frame. A degenerate extent leaves the
+// margins and undistorted, and gives the library the same frame. A degenerate extent leaves the
 // scale and the library's frame as they are.
 void FitPreviewScale(Picture& picture, float breadth, float height, int16_t symmetryMode,
                      const DrawingParameters& parameters);
 
-// Clears the picture and tells the library the picture's user scale.
+// Clears the picture and gives the library the picture's user scale.
 void SyncGraphicsFrame(Picture& picture);
 
 // The colours of the drawing, and the parameters that point to them.

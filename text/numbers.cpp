@@ -147,7 +147,7 @@ std::wstring WideGeneral(Number value) {
     return std::wstring(text.data(), AppendGeneral(text.data(), value));
 }
 
-// Rounds to `places` digits behind the point, half away from zero.
+// Rounds to `places` digits after the point, half away from zero.
 void RoundToPlaces(DecimalDigits& number, int places) {
     const int kept = number.exponent + 1 + places;
     if (kept >= number.count) return;
@@ -175,9 +175,9 @@ struct NumberScan {
     bool negative = false;
     uint64_t mantissa = 0;  // the first 19 significant digits
     int dropped = 0;        // digits before the point that the mantissa has no room for
-    int afterPoint = 0;     // digits of the mantissa behind the point
+    int afterPoint = 0;     // digits of the mantissa after the point
     bool anyDigit = false;
-    int exponent = 0;  // written behind E or D, held to +-99999
+    int exponent = 0;  // written after E or D, clamped to +-99999
 };
 
 double ValueOf(const NumberScan& scan) {
@@ -209,7 +209,7 @@ void TakeDigit(NumberScan& scan, int digit, bool behindPoint) {
     }
 }
 
-// Where the text goes on at `at`, blanks and tabs passed over.
+// Where the text goes on at `at`, blanks and tabs skipped.
 template <class Text>
 size_t PassBlanks(Text text, size_t at) {
     while (at < text.size() && (text[at] == ' ' || text[at] == '\t')) ++at;

@@ -16,14 +16,14 @@ inline constexpr int kLongestNumber = 32;
 // The general form: the shortest text of at most 7 significant digits (15 for a double); with an
 // exponent (1E+38, 1.5E-05: sign and at least two digits) where the decimal exponent is below -4
 // or not below the number of digits. Both write at `to` and return the end of the text; at most
-// kLongestNumber characters. A value that is no number or infinite is written as "0": the files
+// kLongestNumber characters. A value that is not a number or infinite is written as "0": the files
 // have no text for it.
 char* AppendGeneral(char* to, float value);
 char* AppendGeneral(char* to, double value);
 char* AppendGeneral(char* to, int32_t value);
 
 // The print form of numeric output: the general form without the zero before the point, with a
-// blank in front in place of a plus sign, and a blank behind.
+// blank in front instead of a plus sign, and a blank at the end.
 char* AppendPrintForm(char* to, float value);
 char* AppendPrintForm(char* to, double value);
 char* AppendPrintForm(char* to, int32_t value);
@@ -43,7 +43,7 @@ std::wstring DecimalText(double value, int least, int most);
 // the range of double gives the largest one.
 double LeadingNumber(std::string_view text);
 double LeadingNumber(std::wstring_view text);
-// The same, as an integer: rounded to the nearest, held to the range of 32 bits.
+// The same, as an integer: rounded to the nearest, clamped to the range of 32 bits.
 int32_t LeadingInteger(std::string_view text);
 int32_t LeadingInteger(std::wstring_view text);
 
@@ -63,7 +63,7 @@ struct ValueRow {
 };
 
 // Reads up to 400 numbers of a line (ANSI) through the utility library, and returns how many there
-// are. All values behind the count are 0, so none of an earlier line survives.
+// are. All values after the count are 0, so none of an earlier line survives.
 int ParseValues(std::string_view line, ValueRow& row);
 
 }  // namespace corvane

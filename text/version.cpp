@@ -7,7 +7,7 @@
 namespace corvane {
 namespace {
 
-// One letter for each hundred of revisions from 100 on; "j" and "k" are no version letters.
+// One letter for each hundred of revisions from 100 on; "j" and "k" are not version letters.
 constexpr std::wstring_view kRevisionLetters = L"abcdefghilmno";
 
 // Experimental versions have revisions from 2000 on; those up to 2099 are numbered test versions.

@@ -36,7 +36,7 @@ Point UnitVector(double angle);
 // Whether both coordinates are numbers that the records can hold.
 bool IsStorable(Point point);
 bool IsStorable(double value);
-// A tolerance below zero, or one that is no number, is none.
+// A tolerance below zero, or one that is not a number, is none.
 double Allowance(float tolerance);
 
 struct Curve {
@@ -69,12 +69,12 @@ struct Crossing {
 // The curve of an item: false when its ends coincide or one of its numbers is none. What
 // ComputeStrake refuses beyond that is taken as the nearest arc that there is.
 bool MakeCurve(const StrakeItem& item, Curve& curve);
-// 0 or the kCode that says why the item is no line.
+// 0 or the kCode that says why the item is not a line.
 int16_t CheckItem(const StrakeItem& item, double tolerance);
 
 // Curvature, left turn positive.
 double CurvatureOf(const Curve& curve);
-// `along` is held to 0..length.
+// `along` is clamped to 0..length.
 Point PointAt(const Curve& curve, double along);
 Point DirectionAt(const Curve& curve, double along);
 Place NearestOn(const Curve& curve, Point point);

@@ -34,14 +34,14 @@ struct Mapping {
     double width, height;     // [px]
     double pixelsPerMetre;    // the smaller one of the two scales, positive
 };
-// False for a frame without extent, or with an edge that is no number.
+// False for a frame without extent, or with an edge that is not a number.
 bool MakeMapping(const Frame& frame, const Drawing& drawing, Mapping& mapping);
 FramePoint Mapped(const Mapping& mapping, PlanePoint point);
 
 // Lines may reach this far beyond the frame [px], so that no end of a broad one shows.
 inline constexpr int kBeyondFrame = 16;
 
-// Polylines in the making. What lies outside of the frame is cut off; what is no number is left
+// Polylines in the making. What lies outside of the frame is cut off; what is not a number is left
 // out.
 struct LineGroup {
     Mapping mapping;
@@ -53,7 +53,8 @@ void AddLine(LineGroup& group, FramePoint from, FramePoint to);
 // Draws the lines and forgets them.
 void Stroke(LineGroup& group, const Drawing& drawing, Pen pen);
 
-// The part of an area that lies on the frame; empty when there is none, or a corner is no number.
+// The part of an area that lies on the frame; empty when there is none, or a corner is not a
+// number.
 std::vector<Pixel> ClippedArea(const Mapping& mapping, std::vector<FramePoint> corners);
 
 }  // namespace corvane::grvelk

@@ -29,7 +29,7 @@ int16_t CheckBase(const Strake& base) {
     return HasLine(base) ? int16_t{0} : kCodeNoNodes;
 }
 
-// The given coordinate counts, the other one tells which of several places is meant.
+// The given coordinate counts, the other one says which of several points is meant.
 int16_t PlaceOnStrake(const Node& node, const Strake& base, double tolerance, Point& place) {
     const Point given{node.givenY, node.givenZ};
     if (!IsStorable(given)) return kCodeBadNumber;
@@ -91,7 +91,7 @@ int16_t FindPlace(const NodePlace& wanted, Strake* strakes, int16_t count, Point
                                       : PlaceOnLine(node, *base, wanted.tolerance, place);
 }
 
-// Every node is cleared, those that stand by themselves are placed.
+// Every node is cleared, those that are defined on nothing are placed.
 void PrepareNodes(Strake& strake, int16_t count) {
     strake.strakeCount = count;
     for (int16_t i = 0; i < NodesOf(strake); ++i) {

@@ -12,7 +12,7 @@ int16_t ComputeLine(Strake& strake, float tolerance) {
     int16_t first = ItemsOf(strake) > 0 ? int16_t{0} : kCodeNoNodes;
     for (int item = 1; item <= ItemsOf(strake); ++item) {
         SetUpItem(strake, item);
-        // A node that is missing has been told of.
+        // A node that is missing has been reported.
         if (strake.nodes[item - 1].computed == 0 || strake.nodes[item].computed == 0) continue;
         const int16_t code = ::ComputeStrake(strake.items, static_cast<int16_t>(item), tolerance);
         if (first == 0) first = code;

@@ -18,7 +18,7 @@ struct Walk {
 
     const Strake* strakes;
     int16_t count;
-    std::vector<size_t> first;  // place of a strake in `states`; its nodes stand behind it
+    std::vector<size_t> first;  // index of a strake in `states`; its nodes come after it
     std::vector<State> states;
     std::vector<Frame> stack;
     std::vector<Step> steps;

@@ -6,7 +6,7 @@ using namespace corvane::grvelk;
 
 namespace {
 
-// How far beyond an end a stiffener may stand and still be on the strake [m].
+// How far beyond an end a stiffener may be and still be on the strake [m].
 constexpr double kBeyondEnd = 0.001;
 
 struct Request {

@@ -7,7 +7,7 @@
 namespace corvane::grvelk {
 namespace {
 
-// An outline of more corners is no outline: it is cut short.
+// An outline of more corners is not an outline: it is cut short.
 constexpr size_t kMostCorners = 20000;
 
 const Strake* StrakeAt(const Section& section, int16_t number) {

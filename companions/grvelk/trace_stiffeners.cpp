@@ -23,12 +23,12 @@ struct Profile {
 
 double Visible(const Sketch& sketch, double length_mm, double least_px) {
     const double least = ScaledToDevice(sketch, least_px) / sketch.mapping.pixelsPerMetre;
-    // What is no number is drawn as the least that can be seen.
+    // What is not a number is drawn as the least that can be seen.
     return length_mm / 1000 > least ? length_mm / 1000 : least;
 }
 
 Profile ProfileOf(const Sketch& sketch, const Stiffener& stiffener) {
-    // A bulb is a fifth of its web, unless it is told.
+    // A bulb is a fifth of its web, unless its size is given.
     const double breadth_mm = stiffener.profile == kProfileBulb && !(stiffener.flangeBreadth_mm > 0)
                                   ? stiffener.webHeight_mm / 5
                                   : stiffener.flangeBreadth_mm;

@@ -4,7 +4,7 @@
 //   number = [sign] (digits ["." [digits]] | "." digits) [("E" | "D") [sign] digits]
 //
 // The letter may be small. A word that is not wholly a number, such as "12abc", "0x10", "nan",
-// "1e", "1.2.3" or a lone sign, is passed over. What is too large becomes the largest double.
+// "1e", "1.2.3" or a lone sign, is skipped. What is too large becomes the largest double.
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -15,7 +15,7 @@
 
 namespace {
 
-// A number as it stands in the text: mantissa times ten to the exponent.
+// A number as it is in the text: mantissa times ten to the exponent.
 struct Decimal {
     bool isNegative = false;
     bool isExact = true;    // the mantissa holds all digits
@@ -73,7 +73,7 @@ bool ReadMantissa(const char*& text, Decimal& number) {
     return count > 0;
 }
 
-// Reads the exponent, when there is one; false when its letter stands without digits.
+// Reads the exponent, when there is one; false when its letter has no digits.
 bool ReadExponent(const char*& text, Decimal& number) {
     if (*text != 'E' && *text != 'e' && *text != 'D' && *text != 'd') return true;
     ++text;

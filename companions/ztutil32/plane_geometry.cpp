@@ -1,5 +1,5 @@
-// Tests in the section plane. Tolerances are inclusive; a coordinate that is no number makes every
-// test false. Computed in double precision, so that nothing overflows.
+// Tests in the section plane. Tolerances are inclusive; a coordinate that is not a number makes
+// every test false. Computed in double precision, so that nothing overflows.
 #include <algorithm>
 #include <cmath>
 

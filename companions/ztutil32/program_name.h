@@ -6,7 +6,7 @@
 
 namespace corvane::ztutil {
 
-// Whether ".exe", in any case, stands at `position`.
+// Whether ".exe", in any case, is at `position`.
 template <class Character>
 bool IsExtensionAt(std::basic_string_view<Character> text, size_t position) {
     constexpr std::string_view kExtension = ".exe";

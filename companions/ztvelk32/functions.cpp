@@ -1,4 +1,4 @@
-// The library's functions: each reads the file, does one thing, and writes the file anew.
+// The library's functions: each reads the file, does one thing, and writes the file again.
 #include <algorithm>
 #include <cstring>
 #include <new>
@@ -13,7 +13,7 @@ using namespace corvane::ztvelk32;
 
 namespace {
 
-// Nothing is thrown out of the library; what there is no memory for can't be written.
+// Nothing is thrown out of the library; what there is no memory for cannot be written.
 template <class Operation>
 int16_t Guarded(const char* path, Operation operation) {
     if (path == nullptr || *path == '\0') return kLegacyFileMissing;

@@ -33,7 +33,7 @@ uint32_t Checksum(const void* bytes, size_t size) {
     return sum;
 }
 
-// Everything but the checksum, which stands at the record's end.
+// Everything but the checksum, which is at the record's end.
 template <class Record>
 uint32_t ChecksumOf(const Record& record) {
     static_assert(offsetof(Record, checksum) + sizeof(uint32_t) == sizeof(Record));

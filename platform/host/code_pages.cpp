@@ -4,7 +4,7 @@
 namespace corvane::system {
 namespace {
 
-// Code page 1252, bytes 80 to 9F; the bytes that it leaves undefined stand for themselves, as in
+// Code page 1252, bytes 80 to 9F; the bytes that it leaves undefined map to themselves, as in
 // Windows. All other bytes are their own characters.
 constexpr std::array<wchar_t, 32> kPage1252{
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,

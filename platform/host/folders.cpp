@@ -21,7 +21,7 @@ bool HasDrive(const std::wstring& path) {
     return path.size() >= 2 && path[1] == L':';
 }
 
-// The drive that the current directory is told on: the one chosen last.
+// The drive that the current directory is on: the one chosen last.
 wchar_t& CurrentDrive() {
     static wchar_t drive = L'C';
     return drive;

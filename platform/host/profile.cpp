@@ -83,7 +83,7 @@ std::string_view KeyName(std::string_view line) {
     return name;
 }
 
-// The lines of the first section of that name, behind its own line; found is false without one.
+// The lines of the first section of that name, after its own line; found is false without one.
 struct SectionLines {
     bool found = false;
     size_t begin = 0;
@@ -130,7 +130,7 @@ bool FindValue(const std::wstring& file, std::string_view section, std::string_v
     return true;
 }
 
-// Puts a new key behind the section's last line that is not blank.
+// Puts a new key after the section's last line that is not blank.
 void InsertKey(std::vector<std::string>& lines, const SectionLines& place,
                const std::string& line) {
     size_t end = place.end;

@@ -183,7 +183,7 @@ ErrorNumber RenameOver(const std::wstring& from, const std::wstring& to) {
 }
 
 // ReplaceFileW renames twice, so that a program that ends in between leaves the target missing. It
-// is for the systems and volumes that can't do better.
+// is for the systems and volumes that cannot do better.
 ErrorNumber SwapIn(const std::wstring& target, const std::wstring& replacement,
                    const std::wstring& backup) {
     if (IsReadOnly(target)) return kErrorAccessDenied;

@@ -7,7 +7,7 @@
 namespace corvane {
 namespace {
 
-// A damaged library is the caller's to report: Windows is not to show a box of its own.
+// A damaged library is the caller's to report: Windows is not to show its own box.
 HMODULE LoadCompanion(const std::wstring& name, uint32_t& error) {
     DWORD oldMode = 0;
     SetThreadErrorMode(SEM_FAILCRITICALERRORS, &oldMode);

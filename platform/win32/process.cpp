@@ -16,7 +16,7 @@ bool ClaimMutex() {
 }
 
 // The length of the program's own path where the command line begins with it: a path with blanks
-// may stand there without quotes. 0 where it does not.
+// may be there without quotes. 0 where it does not.
 size_t UnquotedNameLength(const wchar_t* commandLine) {
     const std::wstring path = ProgramPath();
     const int length = static_cast<int>(path.size());

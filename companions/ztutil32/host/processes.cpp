@@ -14,7 +14,7 @@
 
 namespace {
 
-// The words of the rest of a command line; what stands in quotes is one word.
+// The words of the rest of a command line; what is in quotes is one word.
 std::vector<std::string> WordsOf(std::string_view text) {
     std::vector<std::string> words;
     bool inWord = false;

@@ -11,7 +11,7 @@ CORVANE_EXPORT int16_t CORVANE_STDCALL IsRegionalOK() {
     return corvane::ztutil::Boolean(symbol == nullptr || std::string_view(symbol) == ".");
 }
 
-// The symbol "fixed" stands for settings that can't be changed.
+// The symbol "fixed" means settings that cannot be changed.
 CORVANE_EXPORT int16_t CORVANE_STDCALL SetRegionalOK() {
     const char* symbol = std::getenv("CORVANE_DECIMAL");
     if (symbol != nullptr && std::string_view(symbol) != "fixed") {

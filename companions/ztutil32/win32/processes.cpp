@@ -30,7 +30,7 @@ void DropInput(UINT first, UINT last, QuitRequest& quit) {
 
 // Lets windows paint and answer other threads. What was typed or clicked is thrown away, or it
 // would reach the windows once the child has ended. One painting at a time, so that a window that
-// asks for it for ever can't keep the child's end unnoticed.
+// asks for it for ever cannot keep the child's end unnoticed.
 void ServeWindows(QuitRequest& quit) {
     MSG message;
     if (TakeMessage(WM_PAINT, WM_PAINT, message, quit)) DispatchMessageW(&message);
@@ -63,7 +63,7 @@ bool HasCrashed(HANDLE process) {
     return GetExitCodeProcess(process, &exitCode) != 0 && (exitCode & kErrorBits) == kErrorBits;
 }
 
-// Null when the program can't be started; the system's error tells why.
+// Null when the program cannot be started; the system's error says why.
 HANDLE Start(std::wstring commandLine, int16_t windowStyle) {
     const std::wstring program = corvane::ztutil::ProgramName(std::wstring_view(commandLine));
     if (program.empty()) {
