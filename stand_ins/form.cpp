@@ -32,8 +32,8 @@ bool IsUsable(const StandIn& standIn, Form& form) {
     TextReader reader;
     if (!OpenText(reader, path)) {
         ReportMessage(
-            L"The database '¤' can not be read:²¤²²Close the program that holds it, or "
-            L"see to it that you may read it; then try again.",
+            L"The database '¤' cannot be read:²¤²²Close the program that is using it, or make "
+            L"sure that you may read it; then try again.",
             {path, system::ErrorText(reader.error)});
         return false;
     }
@@ -44,8 +44,8 @@ bool IsUsable(const StandIn& standIn, Form& form) {
     }
     if (standIn.save != nullptr && status.isReadOnly) {
         ReportMessage(
-            L"The database '¤' is read-only and can not be changed.²²Take the file's "
-            L"attribute off, or save the database under another name in Corvane.",
+            L"The database '¤' is read-only and cannot be changed.²²Clear the file's "
+            L"read-only attribute, or save the database under another name in Corvane.",
             {path});
         return false;
     }
@@ -119,7 +119,7 @@ std::wstring PlainLabel(const Field& field) {
 bool CheckLetters(const Field& field) {
     if (system::WideFromAnsi(system::AnsiFromWide(field.value)) == field.value) return true;
     ReportMessage(
-        L"¤: the database can not hold all characters of '¤'.²²Use the letters of "
+        L"¤: the database cannot hold all characters of '¤'.²²Use the letters of "
         L"Western Europe.",
         {PlainLabel(field), field.value});
     return false;
@@ -133,8 +133,8 @@ bool CheckName(const Field& field) {
     }
     if (IsCommentLine(name) || IsHeaderLine(name) || name == GetMessageBytes(kMsgModelMarker)) {
         ReportMessage(
-            L"¤: '¤' has a meaning of its own in the database.²²Let the name begin with "
-            L"a letter.",
+            L"¤: '¤' has a special meaning in the database.²²Begin the name with a "
+            L"letter.",
             {PlainLabel(field), field.value});
         return false;
     }
@@ -151,7 +151,7 @@ bool CheckNumber(const Field& field) {
     }
     const std::wstring unit = field.unit.empty() ? field.unit : L' ' + field.unit;
     ReportMessage(whole ? L"¤: '¤' is not a whole number from ¤ to ¤¤."
-                        : L"¤: '¤' is not a number from ¤ to ¤¤.²²Decimals stand behind a point, "
+                        : L"¤: '¤' is not a number from ¤ to ¤¤.²²Write decimals after a point, "
                           L"as in 12.5.",
                   {PlainLabel(field), field.value, field.range.least, field.range.most, unit});
     return false;
@@ -189,8 +189,8 @@ bool IsUnchanged(const Form& form) {
     }
     if (status.isReadOnly) {
         ReportMessage(
-            L"The database '¤' has become read-only: nothing was saved.²²Take the file's "
-            L"attribute off and save again.",
+            L"The database '¤' has become read-only: nothing was saved.²²Clear the file's "
+            L"read-only attribute and save again.",
             {path});
         return false;
     }
@@ -227,7 +227,7 @@ std::wstring SaveForm(const StandIn& standIn, Form& form) {
     if (form.fault >= 0 || !IsUnchanged(form) || !standIn.save(form)) return {};
     TakeSaved(standIn, form);
     const std::wstring what = standIn.use == ModelUse::kNone
-                                  ? std::wstring(L"basic ship data")
+                                  ? std::wstring(L"Basic Ship Data")
                                   : LowerCase(KindName(standIn.kind)) + L' ' + ModelText(form);
     return L"Saved: " + what + L", in " + FileNameOf(form.request.databasePath);
 }

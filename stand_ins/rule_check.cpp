@@ -7,8 +7,8 @@ namespace corvane::siblings {
 namespace {
 
 constexpr wchar_t kNote[] =
-    L"This stand-in checks nothing: no rule was applied, and no result means that the model is "
-    L"right. It shows which model it was asked to check.";
+    L"This stand-in checks nothing: no rule was applied, and nothing here means that the model "
+    L"is right. It shows which model it was asked to check.";
 
 // What the section's head and tables, or the bulkhead arrangement's, say about its size.
 bool ShowModel(Form& form) {

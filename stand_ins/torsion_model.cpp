@@ -43,7 +43,7 @@ bool SaveFields(Form& form) {
     model.holdCount = static_cast<int32_t>(NumberOf(form.fields[kHolds]));
     if (model.fore_m <= model.aft_m) {
         form.fault = kFore;
-        ReportMessage(L"Fore end: ¤ m does not lie before the aft end, ¤ m.²²Make it larger.",
+        ReportMessage(L"Fore end: ¤ m is not forward of the aft end, ¤ m.²²Make it larger.",
                       {model.fore_m, model.aft_m});
         return false;
     }

@@ -81,7 +81,7 @@ Screen StandInScreen() {
 }
 
 void ReportFault() noexcept {
-    MessageBoxW(OwnWindow(), L"An unexpected fault, such as a lack of memory, has ended this.",
+    MessageBoxW(OwnWindow(), L"An unexpected error, such as a lack of memory, ended the action.",
                 L"Corvane (stand-in)", MB_OK | MB_ICONEXCLAMATION);
 }
 

@@ -227,7 +227,7 @@ TEST_F(SectionInput, MissingDatabaseIsReported) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"SectInput.exe");
     KillFile(File(L"ship.ve2"));
-    ExpectNoRun(ME_SectionInput_Click, "ship.ve2' can not be opened");
+    ExpectNoRun(ME_SectionInput_Click, "ship.ve2' cannot be opened");
 }
 
 TEST_F(SectionInput, InvalidDataAreReported) {
@@ -246,14 +246,14 @@ TEST_F(SectionInput, MissingProgramIsReportedWithItsPath) {
         shell.currentModel = number;
         const auto kind = static_cast<ModelKind>(number - 1);
         ExpectNoRun(ME_SectionInput_Click,
-                    "'" + Narrow(InputProgramPath(kind)) + "' can not be opened");
+                    "'" + Narrow(InputProgramPath(kind)) + "' cannot be opened");
     }
 }
 
 TEST_F(SectionInput, FolderInThePlaceOfTheProgramIsReported) {
     MakeOpen(L"ship.ve2", {kSection});
     ASSERT_EQ(system::MakeDirectory(programs + L"SectInput.exe"), system::kErrorNone);
-    ExpectNoRun(ME_SectionInput_Click, "SectInput.exe' can not be opened");
+    ExpectNoRun(ME_SectionInput_Click, "SectInput.exe' cannot be opened");
 }
 
 TEST_F(SectionInput, ModelThatTheDatabaseLacksIsReported) {
@@ -299,7 +299,7 @@ TEST_F(SectionRule, MissingDatabaseIsReportedWithItsPath) {
     MakeOpen(L"ship.ve2", {kSection});
     KillFile(File(L"ship.ve2"));
     shell.currentModel = 0;
-    ExpectNoRun(ME_SectionVelkRule_Click, "'" + Narrow(File(L"ship.ve2")) + "' can not be opened");
+    ExpectNoRun(ME_SectionVelkRule_Click, "'" + Narrow(File(L"ship.ve2")) + "' cannot be opened");
 }
 
 TEST_F(SectionRule, NoCurrentModelIsReportedWithNumberAndPath) {
@@ -323,7 +323,7 @@ TEST_F(SectionRule, MissingProgramIsReportedWithItsPath) {
     MakeOpen(L"ship.ve2", {kSection});
     shell.jbpMode = true;
     ExpectNoRun(ME_SectionVelkRule_Click,
-                "'" + Narrow(programs) + "CsrCheck.exe' can not be opened");
+                "'" + Narrow(programs) + "CsrCheck.exe' cannot be opened");
 }
 
 // ---- Create ------------------------------------------------------------------------------------
@@ -397,7 +397,7 @@ TEST_F(CreateModel, ModelBeforeStaysCurrentWhenNothingIsRun) {
     MakeOpen(L"ship.ve2", {kSection, kSection});
     shell.currentModel = 2;
     for (const CreateCase& create : kCreates) {
-        ExpectNoRun(create.command, "'" + Narrow(programs + create.program) + "' can not be");
+        ExpectNoRun(create.command, "'" + Narrow(programs + create.program) + "' cannot be");
         EXPECT_EQ(shell.currentModel, 2);
         EXPECT_FALSE(shell.suppressListEvents);
     }
@@ -405,7 +405,7 @@ TEST_F(CreateModel, ModelBeforeStaysCurrentWhenNothingIsRun) {
     ExpectNoRun(ME_SectionNew_Click, "Please input valid BSD first");
     EXPECT_EQ(shell.currentModel, 2);
     KillFile(File(L"ship.ve2"));
-    ExpectNoRun(ME_SectionNew_Click, "ship.ve2' can not be opened");
+    ExpectNoRun(ME_SectionNew_Click, "ship.ve2' cannot be opened");
     EXPECT_EQ(shell.currentModel, 2);
 }
 
@@ -431,7 +431,7 @@ TEST_F(DamagingProgram, ThatCrashesIsReportedAndTheListIsRight) {
         [] { test::Append(shell.settings.DatabasePath, test::ModelText(2, kSection)); });
     FakeProgram::result = kProgramCrashed;
     ME_SectionInput_Click();
-    EXPECT_TRUE(OnlyWarning("The program SectInput.exe was ended by a fault of its own."));
+    EXPECT_TRUE(OnlyWarning("The program SectInput.exe stopped because of an error."));
     EXPECT_EQ(ShownWindow::rowCount, 2);
 }
 
@@ -440,12 +440,12 @@ TEST_F(DamagingProgram, ThatDeletesTheDatabaseIsReported) {
     Install(L"SectInput.exe");
     const FakeProgram program([] { KillFile(shell.settings.DatabasePath); });
     ME_SectionInput_Click();
-    EXPECT_TRUE(OnlyWarning("The database '" + Narrow(File(L"ship.ve2")) + "' is missing"));
+    EXPECT_TRUE(OnlyWarning("The database '" + Narrow(File(L"ship.ve2")) + "' has been missing"));
     EXPECT_EQ(ShownWindow::rowCount, 0);
     EXPECT_TRUE(ShownWindow::previewCleared);
     // The shell goes on: what follows is reported, and nothing runs.
-    ExpectNoRun(ME_SectionInput_Click, "ship.ve2' can not be opened");
-    ExpectNoRun(ME_SectionNew_Click, "ship.ve2' can not be opened");
+    ExpectNoRun(ME_SectionInput_Click, "ship.ve2' cannot be opened");
+    ExpectNoRun(ME_SectionNew_Click, "ship.ve2' cannot be opened");
 }
 
 TEST_F(DamagingProgram, ThatOverwritesTheDatabaseIsReported) {
@@ -455,7 +455,7 @@ TEST_F(DamagingProgram, ThatOverwritesTheDatabaseIsReported) {
         [] { test::WriteFileBytes(shell.settings.DatabasePath, "no database"); });
     ME_SectionVelkRule_Click();
     EXPECT_TRUE(OnlyWarning("The file '" + Narrow(File(L"ship.ve2")) +
-                            "' is no Corvane database any more since SectRule.exe has run."));
+                            "' is no longer a Corvane database since SectRule.exe ran."));
     EXPECT_EQ(ShownWindow::rowCount, 0);
 }
 
@@ -465,7 +465,7 @@ TEST_F(DamagingProgram, ThatEmptiesTheDatabaseInCreateIsReported) {
     shell.currentModel = 2;
     const FakeProgram program([] { test::WriteFileBytes(shell.settings.DatabasePath, ""); });
     ME_SectionNew_Click();
-    EXPECT_TRUE(OnlyWarning("' is no Corvane database any more"));
+    EXPECT_TRUE(OnlyWarning("' is no longer a Corvane database"));
     EXPECT_EQ(shell.currentModel, 2);
     EXPECT_EQ(ShownWindow::selected, -1);
 }
@@ -502,7 +502,7 @@ TEST_F(DamagingProgram, PathThatTheProgramsCannotBeToldIsReported) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"SectInput.exe");
     shell.settings.DatabasePath = path;
-    ExpectNoRun(ME_SectionInput_Click, "The program SectInput.exe can not be run on");
+    ExpectNoRun(ME_SectionInput_Click, "The program SectInput.exe cannot be run on");
 }
 
 TEST_F(DamagingProgram, FailureToStartIsTheDebugReportToo) {

@@ -55,7 +55,7 @@ TEST_F(BsdEditTest, ShowsTheShip) {
 TEST_F(BsdEditTest, SavingWithoutAChangeKeepsTheShip) {
     const std::string before = Bytes();
     Open(Line());
-    EXPECT_EQ(Narrow(SaveForm(kBsdEditor, form)), "Saved: basic ship data, in my ship.ve2");
+    EXPECT_EQ(Narrow(SaveForm(kBsdEditor, form)), "Saved: Basic Ship Data, in my ship.ve2");
     EXPECT_EQ(Bytes(), before);
 }
 
@@ -154,15 +154,15 @@ TEST_F(BsdEditTest, WrongValuesAreToldAndNothingIsWritten) {
     ExpectRefusal(L"Depth", L"19,6", "Depth: '19,6' is not a number");
     ExpectRefusal(L"Block coefficient", L"1.2", "Block coefficient: '1.2' is not");
     ExpectRefusal(L"First frame", L"1.5", "First frame: '1.5' is not a whole number");
-    ExpectRefusal(L"Display name", L"Ωmega", "Display name: the database can not hold");
+    ExpectRefusal(L"Display name", L"Ωmega", "Display name: the database cannot hold");
 }
 
 TEST_F(BsdEditTest, WrongFrameZonesAreToldWithTheirLine) {
     Open(Line());
-    ExpectRefusal(L"Frame zones", L"12", "Frame zones: this line is no zone.\r\r'12'");
-    ExpectRefusal(L"Frame zones", L"12 0.6 0.7", "Frame zones: this line is no zone.");
-    ExpectRefusal(L"Frame zones", L"12 x", "Frame zones: this line is no zone.");
-    ExpectRefusal(L"Frame zones", L"12.5 0.6", "Frame zones: this line is no zone.");
+    ExpectRefusal(L"Frame zones", L"12", "Frame zones: this line is not a zone.\r\r'12'");
+    ExpectRefusal(L"Frame zones", L"12 0.6 0.7", "Frame zones: this line is not a zone.");
+    ExpectRefusal(L"Frame zones", L"12 x", "Frame zones: this line is not a zone.");
+    ExpectRefusal(L"Frame zones", L"12.5 0.6", "Frame zones: this line is not a zone.");
     ExpectRefusal(L"Frame zones", L"-6 0.6", "Frame zones: the last frame of this zone is not");
     ExpectRefusal(L"Frame zones", L"12 0.6\r\n12 0.7", "Frame zones: the last frame of this zone");
     ExpectRefusal(L"Frame zones", L"40000 0.6", "Frame zones: the last frame of this zone");
@@ -170,7 +170,7 @@ TEST_F(BsdEditTest, WrongFrameZonesAreToldWithTheirLine) {
     ExpectRefusal(L"Frame zones", L"12 10.5", "Frame zones: the spacing is not above 0");
     std::wstring many;
     for (int i = 1; i <= 41; ++i) many += std::to_wstring(i) + L" 0.6\r\n";
-    ExpectRefusal(L"Frame zones", many.c_str(), "Frame zones: there are more than 40.");
+    ExpectRefusal(L"Frame zones", many.c_str(), "Frame zones: there are more than 40 zones.");
 }
 
 TEST_F(BsdEditTest, FortyZonesAndNoneAreTaken) {

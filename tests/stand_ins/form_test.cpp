@@ -105,7 +105,7 @@ TEST_F(FormTest, ForeignFileIsTold) {
 TEST_F(FormTest, ReadOnlyDatabaseIsRefusedByAnEditorOnly) {
     ASSERT_EQ(system::SetReadOnly(path, true), system::kErrorNone);
     EXPECT_FALSE(OpenForm(kEditor, Line(L" 5"), form));
-    EXPECT_NE(Told().find("' is read-only and can not be changed."), std::string::npos) << Told();
+    EXPECT_NE(Told().find("' is read-only and cannot be changed."), std::string::npos) << Told();
     RecordingScreen::events.clear();
     EXPECT_TRUE(OpenForm(kSectionRule, Line(L" 5"), form));
 }

@@ -175,7 +175,7 @@ TEST_F(OtherModelsTest, ModelWithoutAWholeHeadIsNotRenamed) {
     test::WriteFileBytes(path, bytes);
     EXPECT_FALSE(RenameModel(path, L"x", 14));
     EXPECT_TRUE(Told().starts_with("Model 14 of '")) << Told();
-    EXPECT_NE(Told().find("has lost the line of its name"), std::string::npos);
+    EXPECT_NE(Told().find("has lost its name line"), std::string::npos);
     EXPECT_EQ(Bytes(), bytes);
 }
 
@@ -198,7 +198,7 @@ TEST_F(OtherModelsTest, EndsInTheWrongOrderAreTold) {
     Open(kTorsionModel, L"");
     Enter(L"Fore end", L"32.55");
     EXPECT_EQ(Save(kTorsionModel), "");
-    EXPECT_TRUE(Told().starts_with("Fore end: 32.55 m does not lie before the aft end")) << Told();
+    EXPECT_TRUE(Told().starts_with("Fore end: 32.55 m is not forward of the aft end")) << Told();
     EXPECT_EQ(form.fault, 2);
     EXPECT_EQ(Bytes(), before);
 }

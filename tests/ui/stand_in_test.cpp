@@ -81,7 +81,7 @@ struct Start {
 TEST_F(StandInUiTest, EachShowsWhatItWasAskedAndCloseChangesNothing) {
     const std::string before = Bytes();
     for (const Start& start : std::vector<Start>{
-             {L"BsdEdit.exe", L"", "Basic ship data (stand-in)", " "},
+             {L"BsdEdit.exe", L"", "Basic Ship Data (stand-in)", " "},
              {L"SectInput.exe", L"", "Section input (stand-in)", "Model: a new one"},
              {L"SectInput.exe", L" 5", "Section input (stand-in)",
               "Model: 5, Midship section, hold 4"},
@@ -133,7 +133,7 @@ TEST_F(StandInUiTest, BsdEditorSavesTheShip) {
     Send(type, CB_SETCURSEL, 4, 0);
     Enter(window, 4, L"30.5");
     Enter(window, 11, L"20 0.7\r\n100 0.8");
-    EXPECT_EQ(Save(window), "Saved: basic ship data, in my ship.ve2");
+    EXPECT_EQ(Save(window), "Saved: Basic Ship Data, in my ship.ve2");
     BasicShipData bsd;
     ASSERT_TRUE(LoadBsdFromDatabase(database, bsd));
     EXPECT_EQ(Narrow(bsd.Titles(1).Trimmed()), "Boreal Bay");
@@ -284,7 +284,7 @@ TEST_F(StandInUiTest, WhatCannotBeOpenedIsToldAndTheProgramEnds) {
     ExpectRefusal(installation, L"\"" + installation.File(L"text.ve2") + L"\"",
                   "is not a Corvane database.");
     ASSERT_TRUE(SetFileAttributesW(database.c_str(), FILE_ATTRIBUTE_READONLY));
-    ExpectRefusal(installation, Line(), "is read-only and can not be changed.");
+    ExpectRefusal(installation, Line(), "is read-only and cannot be changed.");
 }
 
 // Holds a file as another program would.
@@ -302,7 +302,7 @@ struct Holder {
 
 TEST_F(StandInUiTest, LockedDatabaseIsTold) {
     const Holder holder(database, 0);
-    ExpectRefusal(installation, Line(), "can not be read:");
+    ExpectRefusal(installation, Line(), "cannot be read:");
 }
 
 TEST_F(StandInUiTest, DatabaseThatAnotherProgramHoldsIsNotWritten) {

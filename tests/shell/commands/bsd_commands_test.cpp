@@ -94,7 +94,7 @@ TEST_F(FileBsd, MissingProgramIsReportedWithItsPath) {
     const FakeProgram program;
     ME_FileBSD_Click();
     EXPECT_TRUE(FakeProgram::commandLines.empty());
-    EXPECT_TRUE(OnlyWarning("'" + Narrow(programs) + "BsdEdit.exe' can not be opened"));
+    EXPECT_TRUE(OnlyWarning("'" + Narrow(programs) + "BsdEdit.exe' cannot be opened"));
     EXPECT_EQ(RecordingScreen::Of("pointer").back(), "reset");
 }
 
@@ -105,7 +105,7 @@ TEST_F(FileBsd, MissingDatabaseIsReported) {
     const FakeProgram program;
     ME_FileBSD_Click();
     EXPECT_TRUE(FakeProgram::commandLines.empty());
-    EXPECT_TRUE(OnlyWarning("ship.ve2' can not be opened"));
+    EXPECT_TRUE(OnlyWarning("ship.ve2' cannot be opened"));
 }
 
 TEST_F(FileBsd, DatabaseThatLostItsDataIsToldOnce) {
@@ -126,7 +126,7 @@ TEST_F(FileBsd, DeletedDatabaseIsReportedAndTheDataStay) {
     Install(L"BsdEdit.exe");
     const FakeProgram program([] { KillFile(shell.settings.DatabasePath); });
     ME_FileBSD_Click();
-    EXPECT_TRUE(OnlyWarning("ship.ve2' is missing"));
+    EXPECT_TRUE(OnlyWarning("ship.ve2' has been missing"));
     EXPECT_EQ(ShipName(), L"SHIP");
     EXPECT_EQ(ShownWindow::rowCount, 0);
 }
@@ -137,7 +137,7 @@ TEST_F(FileBsd, OverwrittenDatabaseIsReported) {
     const FakeProgram program([] { WriteFileBytes(shell.settings.DatabasePath, "no database"); });
     ME_FileBSD_Click();
     ASSERT_FALSE(Warnings().empty());
-    EXPECT_NE(Warnings().back().find("is no Corvane database any more"), std::string::npos);
+    EXPECT_NE(Warnings().back().find("is no longer a Corvane database"), std::string::npos);
     EXPECT_EQ(ShownWindow::rowCount, 0);
     EXPECT_EQ(shell.bsd, BasicShipData());
 }
@@ -293,10 +293,10 @@ TEST_F(BadSource, WithoutAnythingOfUseIsRefused) {
 
 TEST_F(BadSource, ThatIsMissingIsRefused) {
     MakeOpen(L"ship.ve2");
-    ExpectRefused(File(L"none.bsd"), "none.bsd' can not be opened");
-    ExpectRefused(L"Q:\\none.bsd", "none.bsd' can not be opened");
+    ExpectRefused(File(L"none.bsd"), "none.bsd' cannot be opened");
+    ExpectRefused(L"Q:\\none.bsd", "none.bsd' cannot be opened");
     ExpectRefused(work, "is a folder");
-    ExpectRefused(File(L"\u03A9.bsd"), "can not be used");
+    ExpectRefused(File(L"\u03A9.bsd"), "cannot be used");
 }
 
 TEST_F(BadSource, ThatIsADamagedLegacyDatabaseIsRefused) {
@@ -329,7 +329,7 @@ TEST_F(ImportBsd, MissingDatabaseIsReported) {
     RecordingScreen::answerYes = true;
     const FakePrompt prompt{GoldenBsd()};
     ME_FileImportBSD_Click();
-    EXPECT_TRUE(OnlyWarning("ship.ve2' can not be opened"));
+    EXPECT_TRUE(OnlyWarning("ship.ve2' cannot be opened"));
     EXPECT_TRUE(FakePrompt::questions.empty());
 }
 
