@@ -13,7 +13,7 @@ namespace {
 
 bool Done(std::string_view edit, std::wstring path, int32_t number) {
     if (edit == "delete") return DeleteModel(path, number, false);
-    if (edit == "copy") return CopyModel(path, {number, ModelKind::kSection, L"Copy", true}) != 0;
+    if (edit == "copy") return CopyModel(path, {number, ModelKind::kSection, L"Copy", {true}}) != 0;
     SectionModel section;
     return edit == "click" && ReadSectionBlock(path, number, true, section);
 }

@@ -65,7 +65,7 @@ std::wstring MakeModels() {
     CreateDatabaseFile(path, bsd);
     for (int16_t number = 1; number <= kSections; ++number) {
         SectionModel section = FullSection(number);
-        ReplaceSection(path, section, number, false);
+        ReplaceSection(path, section, number);
     }
     return path;
 }
@@ -83,7 +83,7 @@ void ConvertLegacyDatabase(benchmark::State& state) {
         for (int16_t number = 1; static_cast<size_t>(number) <= list.size(); ++number) {
             SectionModel section;
             ImportSection(legacy, number, section);
-            ReplaceSection(target, section, number, false);
+            ReplaceSection(target, section, number);
         }
         if (CountModels(target) != kSections) state.SkipWithError("sections are missing");
     }

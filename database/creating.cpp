@@ -28,16 +28,15 @@ void WriteFileHead(TextWriter& writer, BasicShipData& bsd) {
 
 void WriteBlockHead(TextWriter& writer, int32_t number, ModelKind kind, const Stamp& stamp) {
     const StructuralLines lines = FetchStructuralLines();
-    const float version =
-        kind == ModelKind::kBulkhead ? kBulkheadFormatVersion : kSectionFormatVersion;
+    const KindFacts& facts = FactsOf(kind);
     WriteLine(writer, lines.modelMarker);
     WriteLine(writer, lines.commentRule);
     WriteLine(writer, PrintForm(number));
-    WriteLine(writer, KeywordOfKind(kind));
+    WriteLine(writer, facts.keyword);
     WriteLine(writer, lines.commentRule);
     WriteLine(writer, lines.versionLabel);
-    WriteLine(writer, PrintForm(version));
-    WriteStampLines(writer, stamp, version);
+    WriteLine(writer, PrintForm(facts.formatVersion));
+    WriteStampLines(writer, stamp, facts.formatVersion);
     WriteLine(writer, lines.commentRule);
     WriteLine(writer, lines.nameLabel);
 }

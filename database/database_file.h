@@ -17,10 +17,6 @@
 
 namespace corvane {
 
-// Layout versions, written into block heads and stamps.
-inline constexpr float kSectionFormatVersion = 2.002f;
-inline constexpr float kBulkheadFormatVersion = 0.443f;
-
 // The structural lines that are texts of the catalogue, as ANSI bytes.
 struct StructuralLines {
     std::string commentRule;   // 3001, begins with "*"

@@ -7,7 +7,6 @@
 #include "database/section_file.h"
 #include "files/file_system.h"
 #include "files/rewrite.h"
-#include "files/running.h"
 #include "report/messages.h"
 #include "text/numbers.h"
 #include "text/text.h"
@@ -19,8 +18,8 @@ using system::kErrorNone;
 
 // ---- The file ----------------------------------------------------------------------------------
 
-// Opens the database that is to be edited, be it that another program holds it for a moment. What
-// is no database is reported.
+// Opens the database that is to be edited, even if another program holds it for a moment. What is
+// not a database is reported.
 bool OpenDatabase(TextReader& reader, const std::wstring& path) {
     AwaitReadable(path);
     if (OpenText(reader, path) && IsDatabase(reader)) return true;
@@ -35,22 +34,13 @@ bool OpenDatabase(TextReader& reader, const std::wstring& path) {
     return false;
 }
 
-std::wstring AskForDatabaseName(const std::wstring& proposed) {
-    FilePrompt prompt;
-    prompt.defaultExtension = L"ve2";
-    prompt.fileName = proposed;
-    prompt.caption = L"Save DB as...";
-    prompt.title = GetMessage(kMsgDatabaseFiles);
-    prompt.flags = -1;
-    return PromptForFileName(prompt);
-}
-
-// Takes the text of a read-only database to a file that the user names; `path` becomes its name.
-bool MoveToWritableFile(std::wstring& path) {
+// Copies the text of a read-only database to a file that the user names; `path` becomes its name.
+bool MoveToWritableFile(std::wstring& path, AskForDatabase ask) {
     std::wstring target = path;
     while (IsReadOnlyFile(target)) {
         ReportMessage(kMsgReadOnly, {target});
-        target = AskForDatabaseName(target);
+        if (ask == nullptr) return false;
+        target = ask(target);
         if (target.empty()) return false;
     }
     // Meanwhile the user may have made the file itself writable, and named it again.
@@ -65,12 +55,12 @@ bool MoveToWritableFile(std::wstring& path) {
     return true;
 }
 
-// Opens the database, or the one that the user names in the place of a read-only one.
-bool OpenWritableDatabase(TextReader& reader, std::wstring& path) {
+// Opens the database, or the one that the user names instead of a read-only one.
+bool OpenWritableDatabase(TextReader& reader, std::wstring& path, AskForDatabase ask) {
     if (path.empty() || !OpenDatabase(reader, path)) return false;
     if (!IsReadOnlyFile(path)) return true;
     system::CloseFile(reader.file);
-    return MoveToWritableFile(path) && OpenDatabase(reader, path);
+    return MoveToWritableFile(path, ask) && OpenDatabase(reader, path);
 }
 
 // ---- Numbers -----------------------------------------------------------------------------------
@@ -159,27 +149,22 @@ void PassClosingComments(TextReader& reader, std::string_view closing) {
     }
 }
 
-struct Replacement {
-    int32_t number = 0;
-    bool keepBackup = false;
-};
-
 // `writeBlock` writes the new block.
 template <class WriteBlock>
-bool ReplaceBlock(std::wstring& path, Replacement replacement, WriteBlock writeBlock) {
+bool ReplaceBlock(std::wstring& path, int32_t number, const EditOptions& options,
+                  WriteBlock writeBlock) {
     TextReader reader;
-    if (!OpenWritableDatabase(reader, path)) return false;
+    if (!OpenWritableDatabase(reader, path, options.ask)) return false;
     ReportStatus(kMsgWritingDatabase, {path});
     Rewrite rewrite;
     BeginRewrite(rewrite, path);
-    rewrite.keepBackup = replacement.keepBackup;
-    const int32_t number = replacement.number;
+    rewrite.keepBackup = options.keepBackup;
     // A damaged block counts as 0, and is nobody's model.
     const bool found = number >= 1 && CopyToBlock(reader, rewrite.writer, number);
     if (!found && reader.error == kErrorNone && number != NextNumber(reader)) {
         return AbandonForMissingModel(rewrite, number);
     }
-    writeBlock(rewrite.writer, number);
+    writeBlock(rewrite.writer);
     if (found) {
         SkipBlock(reader);
         PassClosingComments(reader, ClosingComments(WrittenTail(rewrite.writer)));
@@ -190,23 +175,7 @@ bool ReplaceBlock(std::wstring& path, Replacement replacement, WriteBlock writeB
 
 // ---- Copying -----------------------------------------------------------------------------------
 
-bool CopySection(std::wstring& path, const ModelCopy& copy, int32_t newNumber) {
-    SectionModel section;
-    if (!ReadSectionBlock(path, copy.number, false, section)) return false;
-    section.name = Trim(copy.newName);
-    section.identifier.clear();  // the writer makes a new one
-    return ReplaceSection(path, section, newNumber, true);
-}
-
-bool CopyBulkheadArrangement(std::wstring& path, const ModelCopy& copy, int32_t newNumber) {
-    BulkheadArrangement arrangement;
-    if (!ReadBulkheadBlock(path, copy.number, arrangement)) return false;
-    arrangement.name = Trim(copy.newName);
-    arrangement.identifier.clear();
-    return ReplaceBulkheadArrangement(path, arrangement, newNumber, true);
-}
-
-// From a reader of its own, be it of the same file.
+// The source has its own reader, even if it is the same file.
 bool AppendTorsionBlock(const std::wstring& path, const ModelSource& source, int32_t newNumber,
                         bool keepBackup) {
     TextReader reader;
@@ -232,55 +201,24 @@ bool AppendTorsionBlock(const std::wstring& path, const ModelSource& source, int
     return FinishEdit(reader, rewrite);
 }
 
-bool CopyOfKind(std::wstring& path, const ModelCopy& copy, int32_t newNumber) {
-    switch (copy.kind) {
-        case ModelKind::kSection:
-            return CopySection(path, copy, newNumber);
-        case ModelKind::kBulkhead:
-            return CopyBulkheadArrangement(path, copy, newNumber);
-        case ModelKind::kTorsion:
-            return AppendTorsionBlock(path, {path, copy.number}, newNumber, copy.keepBackup);
-    }
-    return false;
+AppendResult ResultOf(bool isAppended) {
+    return isAppended ? AppendResult::kAppended : AppendResult::kNotWritten;
 }
 
 }  // namespace
 
-bool ReplaceSection(std::wstring& path, SectionModel& section, int32_t number, bool keepBackup) {
-    return ReplaceBlock(path, {number, keepBackup},
-                        [&section](TextWriter& writer, int32_t blockNumber) {
-                            WriteSectionBlock(writer, section, blockNumber);
-                        });
+bool ReplaceSection(std::wstring& path, SectionModel& section, int32_t number,
+                    const EditOptions& options) {
+    return ReplaceBlock(path, number, options, [&section, number](TextWriter& writer) {
+        WriteSectionBlock(writer, section, number);
+    });
 }
 
 bool ReplaceBulkheadArrangement(std::wstring& path, BulkheadArrangement& arrangement,
-                                int32_t number, bool keepBackup) {
-    return ReplaceBlock(path, {number, keepBackup},
-                        [&arrangement](TextWriter& writer, int32_t blockNumber) {
-                            WriteBulkheadBlock(writer, arrangement, blockNumber);
-                        });
-}
-
-int32_t NextModelNumber(const std::wstring& path) {
-    TextReader reader;
-    return OpenText(reader, path) ? NextNumber(reader) : 0;
-}
-
-int32_t NumberForAppending(std::wstring& path) {
-    TextReader reader;
-    if (!OpenWritableDatabase(reader, path)) return 0;
-    ReportStatus(kMsgWritingDatabase, {path});
-    return NextNumberOrReport(reader, path);
-}
-
-bool AppendTorsionModel(std::wstring& path, const ModelSource& source, bool keepBackup) {
-    const int32_t number = NumberForAppending(path);
-    return number != 0 && AppendTorsionBlock(path, source, number, keepBackup);
-}
-
-int32_t CopyModel(std::wstring& path, const ModelCopy& copy) {
-    const int32_t number = NumberForAppending(path);
-    return number != 0 && CopyOfKind(path, copy, number) ? number : 0;
+                                int32_t number, const EditOptions& options) {
+    return ReplaceBlock(path, number, options, [&arrangement, number](TextWriter& writer) {
+        WriteBulkheadBlock(writer, arrangement, number);
+    });
 }
 
 bool DeleteModel(const std::wstring& path, int32_t number, bool keepBackup) {
@@ -305,6 +243,78 @@ bool DeleteModel(const std::wstring& path, int32_t number, bool keepBackup) {
         return AbandonForMissingModel(rewrite, number);
     }
     return FinishEdit(reader, rewrite);
+}
+
+int32_t NextModelNumber(const std::wstring& path) {
+    TextReader reader;
+    return OpenText(reader, path) ? NextNumber(reader) : 0;
+}
+
+int32_t NumberForAppending(std::wstring& path, AskForDatabase ask) {
+    TextReader reader;
+    if (!OpenWritableDatabase(reader, path, ask)) return 0;
+    ReportStatus(kMsgWritingDatabase, {path});
+    return NextNumberOrReport(reader, path);
+}
+
+// ---- Copies ------------------------------------------------------------------------------------
+
+int32_t CopyModel(std::wstring& path, const ModelCopy& copy) {
+    const int32_t number = NumberForAppending(path, copy.options.ask);
+    return number != 0 && FactsOf(copy.kind).copy(path, copy, number) ? number : 0;
+}
+
+AppendResult AppendModel(std::wstring& path, const ModelSource& source, ModelKind kind,
+                         const EditOptions& options) {
+    return FactsOf(kind).append(path, source, options);
+}
+
+bool CopySection(std::wstring& path, const ModelCopy& copy, int32_t newNumber) {
+    SectionModel section;
+    if (!ReadSectionBlock(path, copy.number, false, section)) return false;
+    section.name = Trim(copy.newName);
+    section.identifier.clear();  // the writer makes a new one
+    return ReplaceSection(path, section, newNumber, {true, copy.options.ask});
+}
+
+bool CopyBulkheadArrangement(std::wstring& path, const ModelCopy& copy, int32_t newNumber) {
+    BulkheadArrangement arrangement;
+    if (!ReadBulkheadBlock(path, copy.number, arrangement)) return false;
+    arrangement.name = Trim(copy.newName);
+    arrangement.identifier.clear();
+    return ReplaceBulkheadArrangement(path, arrangement, newNumber, {true, copy.options.ask});
+}
+
+bool CopyTorsionModel(std::wstring& path, const ModelCopy& copy, int32_t newNumber) {
+    return AppendTorsionBlock(path, {path, copy.number}, newNumber, copy.options.keepBackup);
+}
+
+AppendResult AppendSection(std::wstring& path, const ModelSource& source,
+                           const EditOptions& options) {
+    SectionModel section;
+    if (!ReadSectionBlock(source.path, source.number, false, section)) {
+        return AppendResult::kNoSource;
+    }
+    section.identifier.clear();
+    const int32_t number = NumberForAppending(path, options.ask);
+    return ResultOf(number != 0 && ReplaceSection(path, section, number, options));
+}
+
+AppendResult AppendBulkheadArrangement(std::wstring& path, const ModelSource& source,
+                                       const EditOptions& options) {
+    BulkheadArrangement arrangement;
+    if (!ReadBulkheadBlock(source.path, source.number, arrangement)) {
+        return AppendResult::kNoSource;
+    }
+    arrangement.identifier.clear();
+    const int32_t number = NumberForAppending(path, options.ask);
+    return ResultOf(number != 0 && ReplaceBulkheadArrangement(path, arrangement, number, options));
+}
+
+AppendResult AppendTorsionModel(std::wstring& path, const ModelSource& source,
+                                const EditOptions& options) {
+    const int32_t number = NumberForAppending(path, options.ask);
+    return ResultOf(number != 0 && AppendTorsionBlock(path, source, number, options.keepBackup));
 }
 
 }  // namespace corvane

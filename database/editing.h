@@ -1,13 +1,11 @@
-// Edits of a model database. Each of them writes the whole file anew (files/rewrite.h): copied
+// Edits of a model database. Each of them writes the whole file again (files/rewrite.h): copied
 // spans, the new block, and number lines that change. After a failure, which is reported, the file
-// is as it was.
+// is as it was, and the result is false or 0.
 //
-// `path` is the database's file. Where it names a read-only file, the user is told (message 1086),
-// and asked for another file by the prompt "Save DB as...": the database's text is taken there, the
-// edit is done there, and `path` becomes that file's name. A cancelled prompt ends the edit.
-// DeleteModel asks for nothing: a read-only file is reported. An empty path does nothing.
-//
-// With `keepBackup` the file's old text is put at BackupPath(path) (files/paths.h) first.
+// `path` is the database's file. When that file is read-only, the user is informed (message 1086)
+// and `options.ask` asks for another file: the database's text is copied there, the edit is done
+// there, and `path` becomes that file's name. DeleteModel asks nothing: a read-only file is
+// reported. An empty path does nothing.
 #pragma once
 
 #include <cstdint>
@@ -19,44 +17,77 @@
 
 namespace corvane {
 
-// Writes the record in the place of the first block `number`; where no block has that number, at
-// the end of the file, when it is the number that a new model gets (NextModelNumber). Any other
-// number is reported (1011). Message 602 meanwhile. True when the file has the record.
-bool ReplaceSection(std::wstring& path, SectionModel& section, int32_t number, bool keepBackup);
-bool ReplaceBulkheadArrangement(std::wstring& path, BulkheadArrangement& arrangement,
-                                int32_t number, bool keepBackup);
+// Asks the user for another file than the read-only one at `proposed`. Its name; empty when the
+// user cancels. It is called again while the answer is a read-only file, too.
+using AskForDatabase = std::wstring (*)(const std::wstring& proposed);
 
-// The larger of the number of blocks and the highest block number, plus 1. 0 when the file can't be
-// read to its end, and when there is no such number.
-int32_t NextModelNumber(const std::wstring& path);
-
-// The same of a database that a model is to be appended to: a read-only one is asked for as by the
-// edits, and why there is no number is reported.
-int32_t NumberForAppending(std::wstring& path);
-
-struct ModelSource {
-    std::wstring path;
-    int32_t number = 0;
+struct EditOptions {
+    bool keepBackup = false;  // the old text is copied to BackupPath(path) (files/paths.h) first
+    AskForDatabase ask =
+        nullptr;  // null, and a cancelled question, end the edit of a read-only file
 };
 
-// Appends a torsion model of another database line by line, with the number for appending. One that
-// is not there is reported (1011). True when the file has the model.
-bool AppendTorsionModel(std::wstring& path, const ModelSource& source, bool keepBackup);
+// Writes the record instead of the first block `number`; when no block has that number, at the end
+// of the file, provided that it is the number that a new model gets (NextModelNumber). Any other
+// number is reported (1011). Message 602 meanwhile. True when the file has the record.
+bool ReplaceSection(std::wstring& path, SectionModel& section, int32_t number,
+                    const EditOptions& options = {});
+bool ReplaceBulkheadArrangement(std::wstring& path, BulkheadArrangement& arrangement,
+                                int32_t number, const EditOptions& options = {});
+
+// Removes the first block of this number and subtracts 1 from every larger number after it. A
+// number that no block has is reported (1011), and nothing is written; one below 1 does nothing.
+// Message 603 meanwhile. True when the file is without the model.
+bool DeleteModel(const std::wstring& path, int32_t number, bool keepBackup);
+
+// The larger of the number of blocks and the highest block number, plus 1. 0 when the file cannot
+// be read to its end, and when there is no such number.
+int32_t NextModelNumber(const std::wstring& path);
+
+// The same of a database that a model is to be appended to: the question about a read-only one is
+// asked as by the edits, and why there is no number is reported.
+int32_t NumberForAppending(std::wstring& path, AskForDatabase ask);
+
+// ---- Copies ------------------------------------------------------------------------------------
 
 struct ModelCopy {
     int32_t number = 0;  // of the model that is copied
     ModelKind kind = ModelKind::kSection;
-    std::wstring newName;     // is trimmed; a torsion model's copy keeps the name of its source
-    bool keepBackup = false;  // of a torsion model; the others always keep one
+    std::wstring newName;  // is trimmed; a torsion model's copy keeps the name of its source
+    EditOptions options;   // only a torsion model is copied without a backup
 };
 
 // Appends a copy of a model: a section or a bulkhead arrangement with the new name and a new
 // identifier; a torsion model line by line. Returns the copy's number, 0 on failure.
 int32_t CopyModel(std::wstring& path, const ModelCopy& copy);
 
-// Removes the first block of this number and takes 1 from every larger number behind it. A number
-// that no block has is reported (1011), and nothing is written; one below 1 does nothing. Message
-// 603 meanwhile. True when the file is without the model.
-bool DeleteModel(const std::wstring& path, int32_t number, bool keepBackup);
+// A model of another database.
+struct ModelSource {
+    std::wstring path;
+    int32_t number = 0;
+};
+
+enum class AppendResult {
+    kAppended,
+    kNoSource,   // the source does not have the model; the database was not touched
+    kNotWritten  // the database is as it was
+};
+
+// Appends a model of another database, with the number for appending: a section or a bulkhead
+// arrangement with a new identifier; a torsion model line by line (kNotWritten and message 1011,
+// when the source does not have it). What fails is reported.
+AppendResult AppendModel(std::wstring& path, const ModelSource& source, ModelKind kind,
+                         const EditOptions& options);
+
+// The procedures of the single kinds, for the table in database/model_kind.cpp.
+bool CopySection(std::wstring& path, const ModelCopy& copy, int32_t newNumber);
+bool CopyBulkheadArrangement(std::wstring& path, const ModelCopy& copy, int32_t newNumber);
+bool CopyTorsionModel(std::wstring& path, const ModelCopy& copy, int32_t newNumber);
+AppendResult AppendSection(std::wstring& path, const ModelSource& source,
+                           const EditOptions& options);
+AppendResult AppendBulkheadArrangement(std::wstring& path, const ModelSource& source,
+                                       const EditOptions& options);
+AppendResult AppendTorsionModel(std::wstring& path, const ModelSource& source,
+                                const EditOptions& options);
 
 }  // namespace corvane

@@ -56,7 +56,7 @@ void ReadEntry(TextReader& reader, Listing& listing, Detail detail, ModelEntry& 
     std::string_view line;
     if (!ReadKeyword(reader, listing, entry, line)) return;
     entry.kind = KindOfKeyword(line);
-    const bool hasPosition = detail == Detail::kPositions && entry.kind != ModelKind::kTorsion;
+    const bool hasPosition = detail == Detail::kPositions && FactsOf(entry.kind).hasPosition;
     if (!hasPosition) entry.x = -1;
     if (!PassNameLabel(reader, listing)) return;
     if (!ReadBlockLine(reader, listing.modelMarker, line)) return;

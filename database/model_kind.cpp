@@ -1,35 +1,87 @@
 #include "database/model_kind.h"
 
+#include <algorithm>
+#include <array>
+#include <cassert>
+
+#include "database/editing.h"
+#include "report/messages.h"
+
 namespace corvane {
+namespace {
+
+constexpr std::array kKinds = {
+    KindFacts{.kind = ModelKind::kSection,
+              .keyword = kSectionKeyword,
+              .name = L"Section",
+              .icon = 1,
+              .menuCaption = L"&Section",
+              .exchangeSuffix = L"",
+              .colour = 0x005499,
+              .formatVersion = kSectionFormatVersion,
+              .hasPosition = true,
+              .inputProgram = {.message = kMsgSectionProgram},
+              .ruleProgram = {.message = kMsgRuleProgram},
+              .csrProgram = {.fixedName = L"CsrCheck.exe"},
+              .copy = CopySection,
+              .append = AppendSection},
+    KindFacts{.kind = ModelKind::kBulkhead,
+              .keyword = kBulkheadKeyword,
+              .name = L"Bulkhead",
+              .icon = 2,
+              .menuCaption = L"Bul&khead",
+              .exchangeSuffix = L" (bulkhead)",
+              .colour = 0x994D00,
+              .formatVersion = kBulkheadFormatVersion,
+              .hasPosition = true,
+              .inputProgram = {.fixedName = L"BhdInput.exe"},
+              .ruleProgram = {.fixedName = L"BhdCheck.exe"},
+              .csrProgram = {.fixedName = L"BhdCheck.exe"},
+              .copy = CopyBulkheadArrangement,
+              .append = AppendBulkheadArrangement},
+    KindFacts{.kind = ModelKind::kTorsion,
+              .keyword = kTorsionKeyword,
+              .name = L"Torsion",
+              .icon = 3,
+              .menuCaption = L"&Torsion",
+              .exchangeSuffix = L" (torsion)",
+              .colour = 0x00733E,
+              .formatVersion = kSectionFormatVersion,
+              .hasPosition = false,
+              .inputProgram = {.fixedName = L"TorModel.exe"},
+              .ruleProgram = {.fixedName = L"TorModel.exe"},
+              .csrProgram = {.fixedName = L"TorModel.exe"},
+              .copy = CopyTorsionModel,
+              .append = AppendTorsionModel},
+};
+
+}  // namespace
+
+std::wstring ProgramFileName(const ProgramFile& program) {
+    return program.fixedName != nullptr ? program.fixedName : GetMessage(program.message);
+}
+
+std::span<const KindFacts> Kinds() {
+    return kKinds;
+}
+
+const KindFacts& FactsOf(ModelKind kind) {
+    const auto index = static_cast<size_t>(kind);
+    assert(index < kKinds.size() && kKinds[index].kind == kind);
+    return kKinds[index];
+}
 
 ModelKind KindOfKeyword(std::string_view keyword) {
-    if (keyword == kBulkheadKeyword) return ModelKind::kBulkhead;
-    if (keyword == kTorsionKeyword) return ModelKind::kTorsion;
-    return ModelKind::kSection;
+    const auto found = std::ranges::find(kKinds, keyword, &KindFacts::keyword);
+    return found == kKinds.end() ? ModelKind::kSection : found->kind;
 }
 
 std::string_view KeywordOfKind(ModelKind kind) {
-    switch (kind) {
-        case ModelKind::kBulkhead:
-            return kBulkheadKeyword;
-        case ModelKind::kTorsion:
-            return kTorsionKeyword;
-        case ModelKind::kSection:
-            break;
-    }
-    return kSectionKeyword;
+    return FactsOf(kind).keyword;
 }
 
 std::wstring KindName(ModelKind kind) {
-    switch (kind) {
-        case ModelKind::kBulkhead:
-            return L"Bulkhead";
-        case ModelKind::kTorsion:
-            return L"Torsion";
-        case ModelKind::kSection:
-            break;
-    }
-    return L"Section";
+    return FactsOf(kind).name;
 }
 
 }  // namespace corvane

@@ -1,17 +1,63 @@
-// The kinds of models in a database.
+// The kinds of models in a database. All that differs from kind to kind is one table, a row for
+// each kind: whoever needs a kind's keyword, icon, caption, program or procedure looks it up here,
+// and a new kind is a new row.
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
 namespace corvane {
 
+// The numbers are those by which the shell creates a model of a kind.
 enum class ModelKind : int16_t { kSection = 0, kBulkhead = 1, kTorsion = 2 };
 
 inline constexpr std::string_view kSectionKeyword = "SECTION";
 inline constexpr std::string_view kBulkheadKeyword = "BHA";
 inline constexpr std::string_view kTorsionKeyword = "TORSION";
+
+// Layout versions, written into block heads and stamps. A torsion model has that of a section.
+inline constexpr float kSectionFormatVersion = 2.002f;
+inline constexpr float kBulkheadFormatVersion = 0.443f;
+
+// A program of the suite by its file's name, without a folder: a fixed name, or else the
+// catalogue's message of this number.
+struct ProgramFile {
+    const wchar_t* fixedName = nullptr;
+    int32_t message = 0;
+};
+std::wstring ProgramFileName(const ProgramFile& program);
+
+// Of database/editing.h, which has the procedures of the table.
+struct EditOptions;
+struct ModelCopy;
+struct ModelSource;
+enum class AppendResult;
+
+struct KindFacts {
+    ModelKind kind;
+    std::string_view keyword;       // the line after the number in the block's head
+    const wchar_t* name;            // in the model list
+    int icon;                       // from 1: which picture of IML_Small
+    const wchar_t* menuCaption;     // of the menu for a model of this kind
+    const wchar_t* exchangeSuffix;  // after the model's name in the lists of export and import
+    uint32_t colour;                // 0xRRGGBB, of the kind's picture and of its name in the list
+    float formatVersion;
+    bool hasPosition;          // the line after the name gives x
+    ProgramFile inputProgram;  // creates and edits a model
+    ProgramFile ruleProgram;   // checks it
+    ProgramFile csrProgram;    // checks it under the rule set CSR
+    // Appends a copy of a model of the same database, as model `newNumber`. True when it is there.
+    bool (*copy)(std::wstring& path, const ModelCopy& copy, int32_t newNumber);
+    // Appends a model of another database, with the number for appending.
+    AppendResult (*append)(std::wstring& path, const ModelSource& source,
+                           const EditOptions& options);
+};
+
+// The table, in the order of the kinds' numbers.
+std::span<const KindFacts> Kinds();
+const KindFacts& FactsOf(ModelKind kind);
 
 // The kind of a keyword line, compared exactly; any unknown keyword is a section.
 ModelKind KindOfKeyword(std::string_view keyword);

@@ -21,11 +21,11 @@ Panel& PanelAt(SectionDraft& draft, int16_t number) {
 }
 
 float AbscissaOf(SectionDraft& draft, int16_t panel, NodeReference node) {
-    const Place place = PlaceOf(draft, node);
+    const Point point = PointOf(draft, node);
     float s = 0;
     int16_t item = 0;
     Strake& strake = draft.view.strakes[static_cast<size_t>(panel - 1)];
-    const int16_t status = YZToS(&strake, place.y, place.z, &s, &item, 5 * draft.model.tolerance_m);
+    const int16_t status = YZToS(&strake, point.y, point.z, &s, &item, 5 * draft.model.tolerance_m);
     if (status != 0 && draft.code == 0) draft.code = kCodeOffStrake;
     return s;
 }
@@ -52,31 +52,25 @@ Span SpanOf(const SectionDraft& draft, const StiffenerPlan& plan) {
 
 // ---- Panels and their nodes --------------------------------------------------------------------
 
-Node At(Place place) {
+Node At(Point point) {
     Node node{};
     node.kind = kNodeGiven;
-    node.givenY = Fine(place.y);
-    node.givenZ = Fine(place.z);
+    node.givenY = Fine(point.y);
+    node.givenZ = Fine(point.z);
     return node;
 }
 
-Node OffsetFrom(NodeReference reference, float dy, float dz) {
-    Node node = At({dy, dz});
-    node.kind = kNodeOffset;
+Node On(NodeReference reference) {
+    Node node = At({0, 0});
+    node.kind = kNodeCoincident;
     node.relative = -1;
     node.onStrake = reference.strake;
     node.onNode = reference.node;
     return node;
 }
 
-Node On(NodeReference reference) {
-    Node node = OffsetFrom(reference, 0, 0);
-    node.kind = kNodeCoincident;
-    return node;
-}
-
-Node AtHeight(int16_t strake, Place place) {
-    Node node = At(place);
+Node AtHeight(int16_t strake, Point point) {
+    Node node = At(point);
     node.kind = kNodeOnStrake;
     node.relative = -1;
     node.onStrake = strake;
@@ -84,34 +78,15 @@ Node AtHeight(int16_t strake, Place place) {
     return node;
 }
 
-Node AtBreadth(int16_t strake, Place place) {
-    Node node = AtHeight(strake, place);
+Node AtBreadth(int16_t strake, Point point) {
+    Node node = AtHeight(strake, point);
     node.inter = 1;
-    return node;
-}
-
-Node WhereMeets(int16_t strake, Place from, Place to) {
-    Node node{};
-    node.kind = kNodeIntersection;
-    node.relative = -1;
-    node.extension[0] = Fine(from.y);
-    node.extension[1] = Fine(from.z);
-    node.extension[2] = Fine(to.y);
-    node.extension[3] = Fine(to.z);
-    node.extensionStrake = strake;
     return node;
 }
 
 Node WithRadius(Node node, float radius) {
     node.shape = kShapeArcByRadius;
     node.radius = radius;
-    return node;
-}
-
-Node WithTangent(Node node, Place tangent) {
-    node.shape = kShapeArcByTangent;
-    node.tangentY = Fine(tangent.y);
-    node.tangentZ = Fine(tangent.z);
     return node;
 }
 
@@ -122,14 +97,10 @@ int16_t AddPanel(SectionDraft& draft, const std::wstring& name, int16_t kind,
     panel.kind = kind;
     panel.span_m = draft.model.webSpacing_m;
     panel.nodes = nodes;
-    const auto own = static_cast<int16_t>(draft.model.panels.size() + 1);
     int16_t number = 0;
-    for (Node& node : panel.nodes) {
-        node.number = ++number;
-        if (node.kind == kNodeOffset && node.onStrake == kThisPanel) node.onStrake = own;
-    }
+    for (Node& node : panel.nodes) node.number = ++number;
     draft.model.panels.push_back(panel);
-    return own;
+    return static_cast<int16_t>(draft.model.panels.size());
 }
 
 void ComputeDraft(SectionDraft& draft) {
@@ -139,7 +110,7 @@ void ComputeDraft(SectionDraft& draft) {
     if (draft.code == 0) draft.code = code;
 }
 
-Place PlaceOf(const SectionDraft& draft, NodeReference reference) {
+Point PointOf(const SectionDraft& draft, NodeReference reference) {
     const Panel& panel = draft.model.panels[static_cast<size_t>(reference.strake - 1)];
     const Node& node = panel.nodes[static_cast<size_t>(reference.node - 1)];
     return {node.y, node.z};
@@ -149,7 +120,7 @@ Place PlaceOf(const SectionDraft& draft, NodeReference reference) {
 
 namespace {
 
-// Abscissas where something stands on the panel: stiffeners, and the ends of other panels.
+// Abscissas of stiffeners and of other panels' nodes on the panel.
 std::vector<float> SupportsOn(SectionDraft& draft, int16_t number) {
     Strake& strake = draft.view.strakes[static_cast<size_t>(number - 1)];
     std::vector<float> supports;
@@ -169,7 +140,7 @@ std::vector<float> SupportsOn(SectionDraft& draft, int16_t number) {
     return supports;
 }
 
-// A seam keeps clear of what stands on the plating.
+// The seam, moved forward until it is clear of all supports.
 float ClearOf(const std::vector<float>& supports, float seam) {
     constexpr float kClearance_m = 0.15F;
     constexpr float kStep_m = 0.05F;
@@ -186,8 +157,6 @@ void LayPlates(SectionDraft& draft, int16_t number, const PlatePlan& plan) {
     const int count = std::max(1, static_cast<int>(std::ceil(length / plan.width_m - 0.01F)));
     panel.thickness_mm = plan.thicknesses_mm.front();
     panel.material = plan.material;
-    // Without longitudinals the frames carry the plating.
-    if (panel.spacing_m == 0) panel.spacing_m = draft.model.frameSpacing_m;
     const std::vector<float> supports = SupportsOn(draft, number);
     for (int i = 0; i < count; ++i) {
         const size_t wanted = std::min<size_t>(i, plan.thicknesses_mm.size() - 1);
@@ -215,7 +184,6 @@ void AddRowFrom(SectionDraft& draft, int16_t number, const RowStart& start,
     detail.connection = plan.bracket ? 2 : 1;
     detail.spans.push_back(SpanOf(draft, plan));
     Panel& panel = PanelAt(draft, number);
-    if (panel.spacing_m == 0) panel.spacing_m = plan.spacing_m;
     panel.stiffeners.push_back(row);
     panel.stiffenerDetails.push_back(detail);
 }
@@ -223,10 +191,6 @@ void AddRowFrom(SectionDraft& draft, int16_t number, const RowStart& start,
 void AddRow(SectionDraft& draft, int16_t panel, NodeReference from, NodeReference to,
             const StiffenerPlan& plan) {
     const float gap = AbscissaOf(draft, panel, to) - AbscissaOf(draft, panel, from);
-    if (gap < 0) {
-        AddRow(draft, panel, to, from, plan);
-        return;
-    }
     const float bays = std::max(1.0F, std::round(gap / plan.spacing_m));
     if (bays < 2) return;
     StiffenerPlan even = plan;
@@ -234,19 +198,15 @@ void AddRow(SectionDraft& draft, int16_t panel, NodeReference from, NodeReferenc
     AddRowFrom(draft, panel, {from, even.spacing_m, static_cast<int16_t>(bays - 1)}, even);
 }
 
-void DropLast(SectionDraft& draft, int16_t panel) {
-    --PanelAt(draft, panel).stiffeners.back().count;
-}
-
 // ---- Compartments ------------------------------------------------------------------------------
 
 namespace {
 
-// How broad the outline is at a height, on one side of the ship.
-float BreadthAt(const std::vector<Place>& outline, float z) {
+// Breadth of the outline at a height, on one side of the ship.
+float BreadthAt(const std::vector<Point>& outline, float z) {
     std::vector<float> crossings;
-    Place before = outline.back();
-    for (const Place& corner : outline) {
+    Point before = outline.back();
+    for (const Point& corner : outline) {
         if ((before.z <= z) != (corner.z <= z)) {
             const float part = (z - before.z) / (corner.z - before.z);
             crossings.push_back(before.y + part * (corner.y - before.y));
@@ -259,9 +219,9 @@ float BreadthAt(const std::vector<Place>& outline, float z) {
     return breadth;
 }
 
-std::vector<FillingLevel> LevelsOf(const std::vector<Place>& outline, float length) {
+std::vector<FillingLevel> LevelsOf(const std::vector<Point>& outline, float length) {
     const auto [lowest, highest] = std::minmax_element(outline.begin(), outline.end(),
-                                                       [](Place a, Place b) { return a.z < b.z; });
+                                                       [](Point a, Point b) { return a.z < b.z; });
     std::vector<FillingLevel> levels;
     for (const float part : {0.3F, 0.6F, 0.9F}) {
         const float height = part * (highest->z - lowest->z);
@@ -283,9 +243,9 @@ void AddCompartment(SectionDraft& draft, const CompartmentPlan& plan) {
     compartment.hold = plan.contents == kCargo ? int16_t{1} : int16_t{0};
     compartment.designValues(1) = plan.density;
     compartment.designValues(2) = plan.airPipe_m;
-    std::vector<Place> places;
-    for (const NodeReference& node : plan.outline) places.push_back(PlaceOf(draft, node));
-    if (plan.density > 0) compartment.levels = LevelsOf(places, draft.model.holdLength_m);
+    std::vector<Point> points;
+    for (const NodeReference& node : plan.outline) points.push_back(PointOf(draft, node));
+    compartment.levels = LevelsOf(points, draft.model.holdLength_m);
     draft.model.compartments.push_back(compartment);
 }
 
@@ -299,14 +259,14 @@ struct Sums {
     double inertiaY = 0;  // about the base line
     double inertiaZ = 0;  // about the centre line
 
-    // What stands beside the centre line stands on the other side as well.
-    void Add(Place place, double area_m2) {
-        const double both = std::abs(place.y) < 0.001F ? 1 : 2;
+    // What is not on the centre line is on both sides of the ship.
+    void Add(Point point, double area_m2) {
+        const double both = std::abs(point.y) < 0.001F ? 1 : 2;
         const double part = both * area_m2;
         area += part;
-        moment += part * place.z;
-        inertiaY += part * place.z * place.z;
-        inertiaZ += part * place.y * place.y;
+        moment += part * point.z;
+        inertiaY += part * point.z * point.z;
+        inertiaZ += part * point.y * point.y;
     }
 };
 
@@ -316,10 +276,10 @@ void AddPlates(Strake& strake, const Panel& panel, Sums& sums) {
     for (const Plate& plate : panel.plates) {
         const float slice = (plate.end_m - start) / kSlices;
         for (int i = 0; i < kSlices; ++i) {
-            Place place;
-            SToYZ(&strake, start + (static_cast<float>(i) + 0.5F) * slice, &place.y, &place.z,
+            Point point;
+            SToYZ(&strake, start + (static_cast<float>(i) + 0.5F) * slice, &point.y, &point.z,
                   0.001F);
-            sums.Add(place, double{slice} * plate.thickness_mm / 1000);
+            sums.Add(point, double{slice} * plate.thickness_mm / 1000);
         }
         start = plate.end_m;
     }
@@ -330,12 +290,12 @@ void AddStiffeners(Strake& strake, const Panel& panel, Sums& sums) {
         const double area_mm2 = double{row.webHeight_mm} * row.webThickness_mm +
                                 double{row.flangeBreadth_mm} * row.flangeThickness_mm;
         for (int i = 0; i < row.count; ++i) {
-            Place place;
-            SToYZ(&strake, row.s + static_cast<float>(i) * row.spacing, &place.y, &place.z, 0.001F);
+            Point point;
+            SToYZ(&strake, row.s + static_cast<float>(i) * row.spacing, &point.y, &point.z, 0.001F);
             const float middle = row.webHeight_mm / 2000;
-            place.y += row.normalY * middle;
-            place.z += row.normalZ * middle;
-            sums.Add(place, area_mm2 / 1e6);
+            point.y += row.normalY * middle;
+            point.z += row.normalZ * middle;
+            sums.Add(point, area_mm2 / 1e6);
         }
     }
 }
@@ -350,7 +310,6 @@ void MeasureHullGirder(SectionDraft& draft) {
     SectionModel& model = draft.model;
     Sums sums;
     for (size_t i = 0; i < model.panels.size(); ++i) {
-        if (model.panels[i].kind >= kHatch) continue;
         AddPlates(draft.view.strakes[i], model.panels[i], sums);
         AddStiffeners(draft.view.strakes[i], model.panels[i], sums);
     }

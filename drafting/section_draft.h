@@ -1,5 +1,5 @@
-// A section in the making: panels from a few words each, then rows of stiffeners and plates that
-// are measured along the computed panels.
+// Drafts a section: first its panels, each from a few words; then, along the computed panels, rows
+// of stiffeners and plates.
 #pragma once
 
 #include <string>
@@ -16,11 +16,6 @@ inline constexpr int16_t kSide = 3;
 inline constexpr int16_t kDeck = 4;
 inline constexpr int16_t kInnerBottom = 5;
 inline constexpr int16_t kGirder = 6;
-inline constexpr int16_t kSlopingPlate = 7;
-inline constexpr int16_t kLongitudinalBulkhead = 8;
-// From here on a panel is no part of the hull girder.
-inline constexpr int16_t kHatch = 9;
-inline constexpr int16_t kPlatform = 10;
 
 // Materials.
 inline constexpr int16_t kMild = 1;  // 235 N/mm2
@@ -29,11 +24,8 @@ inline constexpr int16_t kHigh = 2;  // 315 N/mm2
 // What a compartment holds.
 inline constexpr int32_t kBallast = 1;
 inline constexpr int32_t kCargo = 2;
-inline constexpr int32_t kFuel = 3;
-inline constexpr int32_t kVoid = 4;
-inline constexpr int32_t kStore = 5;
 
-struct Place {
+struct Point {
     float y = 0;
     float z = 0;
 };
@@ -46,34 +38,27 @@ struct SectionDraft {
 
 // ---- Panels and their nodes --------------------------------------------------------------------
 
-// In a node's reference: the panel that the node will belong to.
-inline constexpr int16_t kThisPanel = 0;
-
-Node At(Place place);
+Node At(Point point);
 Node On(NodeReference node);
-Node OffsetFrom(NodeReference node, float dy, float dz);
-// On a strake at the place's height, near its y; at its y, near its height.
-Node AtHeight(int16_t strake, Place place);
-Node AtBreadth(int16_t strake, Place place);
-// Where the line through two places meets a strake.
-Node WhereMeets(int16_t strake, Place from, Place to);
-// The way from the node to the next one is an arc.
+// On a strake: at the point's z, the nearest to its y; at its y, the nearest to its z.
+Node AtHeight(int16_t strake, Point point);
+Node AtBreadth(int16_t strake, Point point);
+// The line from this node to the next one is an arc.
 Node WithRadius(Node node, float radius);
-Node WithTangent(Node node, Place tangent);
 
 // Returns the panel's number.
 int16_t AddPanel(SectionDraft& draft, const std::wstring& name, int16_t kind,
                  const std::vector<Node>& nodes);
 
-// Computes what has been drafted; the procedures below want it.
+// Computes what has been drafted. Required before the procedures below, again after a change.
 void ComputeDraft(SectionDraft& draft);
-Place PlaceOf(const SectionDraft& draft, NodeReference node);
+Point PointOf(const SectionDraft& draft, NodeReference node);
 
 // ---- Plates and stiffeners ---------------------------------------------------------------------
 
-// About equal plates along the whole panel, at most about `width_m` each, with seams that keep
-// clear of what ComputeDraft found to stand on the panel; a plate without a thickness of its own
-// has the last one of the list.
+// Plates of about equal width along the whole panel, at most about `width_m` each. Their seams keep
+// clear of the stiffeners and panels that ComputeDraft found on the panel. Plates beyond the list
+// have its last thickness.
 struct PlatePlan {
     float width_m;
     std::vector<float> thicknesses_mm;
@@ -88,10 +73,11 @@ struct StiffenerPlan {
     float spacing_m;  // about
     bool bracket;     // at the ends of the spans
 };
-// A row between two nodes, evenly spaced, with none at the nodes themselves.
+// A row between two nodes, evenly spaced, without stiffeners at the nodes themselves. `to` is not
+// before `from` in the panel's direction.
 void AddRow(SectionDraft& draft, int16_t panel, NodeReference from, NodeReference to,
             const StiffenerPlan& plan);
-// `count` stiffeners from a node on, the first one `first_m` away from it.
+// `count` stiffeners after a node, the first one at the distance `first_m`.
 struct RowStart {
     NodeReference from;
     float first_m;
@@ -99,9 +85,6 @@ struct RowStart {
 };
 void AddRowFrom(SectionDraft& draft, int16_t panel, const RowStart& start,
                 const StiffenerPlan& plan);
-
-// The last stiffener of the panel's last row is left out: there is no room for it in a corner.
-void DropLast(SectionDraft& draft, int16_t panel);
 
 // ---- The rest ----------------------------------------------------------------------------------
 

@@ -83,6 +83,16 @@ std::wstring AskForFile(const FileQuestion& question) {
     return path;
 }
 
+std::wstring AskForWritableDatabase(const std::wstring& proposed) {
+    FilePrompt prompt;
+    prompt.defaultExtension = L"ve2";
+    prompt.fileName = proposed;
+    prompt.caption = L"Save DB as...";
+    prompt.title = GetMessage(kMsgDatabaseFiles);
+    prompt.flags = -1;
+    return PromptForFileName(prompt);
+}
+
 bool IsSamePath(const std::wstring& a, const std::wstring& b) {
     return EqualsIgnoringCase(a, b);
 }

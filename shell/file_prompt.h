@@ -25,6 +25,10 @@ struct FileQuestion {
 // folder that exists and is no read-only file; any other names a file that can be read.
 std::wstring AskForFile(const FileQuestion& question);
 
+// The question of the edits (database/editing.h) about a read-only database: the prompt "Save DB
+// as...". Empty when the user cancels. BrowseDirectory stays.
+std::wstring AskForWritableDatabase(const std::wstring& proposed);
+
 inline constexpr size_t kLongestPath = 259;
 
 // Whether two absolute paths are spelled alike, but for upper and lower case.

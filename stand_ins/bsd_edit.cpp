@@ -39,7 +39,7 @@ Field TitleField(const wchar_t* label, const Title& title) {
     return field;
 }
 
-// A type that the rule set has no name for stays to be chosen, under its usual name.
+// A type for which the rule set has no name is offered under its usual name.
 Field TypeField(int type, bool milMode) {
     Field field;
     field.label = L"Ship &type";
@@ -99,7 +99,7 @@ bool FillFields(Form& form) {
 // ---- Fields as the ship's data -----------------------------------------------------------------
 
 int16_t TypeOf(const Field& field, bool milMode, int16_t before) {
-    // The type that is there keeps its number, whatever it is called.
+    // The type that the ship has keeps its number, whatever its name is.
     for (const bool mil : {milMode, false}) {
         if (before >= 1 && before <= kTypeCount && ShipTypeName(before, mil) == field.value) {
             return before;
@@ -111,7 +111,7 @@ int16_t TypeOf(const Field& field, bool milMode, int16_t before) {
     return before;
 }
 
-// The heights of the ship's section that were its depth follow the new one.
+// The heights of the ship's section that were equal to its depth follow it.
 void SetDepth(BasicShipData& bsd, float depth) {
     for (const int height : {4, 5}) {
         if (bsd.MainData(height) == bsd.MainData(3)) bsd.MainData(height) = depth;
@@ -181,7 +181,7 @@ bool ReadZones(const std::wstring& text, BasicShipData& bsd) {
     return true;
 }
 
-bool TakeFields(Form& form, BasicShipData& bsd) {
+bool ApplyFields(Form& form, BasicShipData& bsd) {
     const std::vector<Field>& fields = form.fields;
     bsd.Titles(1).Assign(Trim(fields[kDisplayName].value));
     bsd.Titles(5).Assign(Trim(fields[kShipName].value));
@@ -199,11 +199,11 @@ bool TakeFields(Form& form, BasicShipData& bsd) {
     return false;
 }
 
-// All that the form has no field for stays as it is in the file.
-bool SaveFields(Form& form) {
+// What has no field in the form stays as it is in the file.
+bool SaveFields(Form& form, Question) {
     BasicShipData bsd;
     const std::wstring& path = form.request.databasePath;
-    return LoadBsdFromDatabase(path, bsd) && TakeFields(form, bsd) && SaveBsdToDatabase(path, bsd);
+    return LoadBsdFromDatabase(path, bsd) && ApplyFields(form, bsd) && SaveBsdToDatabase(path, bsd);
 }
 
 }  // namespace

@@ -57,7 +57,7 @@ bool FillFields(Form& form) {
 
 // ---- One bulkhead from side to side ------------------------------------------------------------
 
-// Bands of one plate each, thicker below.
+// Bands of one plate each, thicker towards the bottom.
 void LayPlates(Bulkhead& bulkhead, float half, float depth) {
     constexpr float kHeight_m = 2.5F;
     constexpr float kHighest_mm = 9;
@@ -103,7 +103,7 @@ Bulkhead MakeBulkhead(float half, float depth, bool corrugated) {
     return bulkhead;
 }
 
-bool SaveFields(Form& form) {
+bool SaveFields(Form& form, Question) {
     std::wstring path = form.request.databasePath;
     BulkheadArrangement arrangement;
     const int32_t number = NumberToSave(form);
@@ -117,7 +117,7 @@ bool SaveFields(Form& form) {
         arrangement.bulkheads = {MakeBulkhead(NumberOf(form.fields[kBreadth]) / 2,
                                               NumberOf(form.fields[kDepth]), corrugated)};
     }
-    if (!ReplaceBulkheadArrangement(path, arrangement, number, false)) return false;
+    if (!ReplaceBulkheadArrangement(path, arrangement, number)) return false;
     form.request.model = number;
     form.modelName = arrangement.name;
     return true;

@@ -53,7 +53,7 @@ bool IsUsable(const StandIn& standIn, Form& form) {
     return true;
 }
 
-// Kind and name of the model that was asked for; false when there is none.
+// Finds kind and name of the requested model; false when there is no such model.
 bool FindRequested(Form& form) {
     TextReader reader;
     std::string keyword;
@@ -64,7 +64,7 @@ bool FindRequested(Form& form) {
     form.modelKind = KindOfKeyword(keyword);
     const StructuralLines lines = FetchStructuralLines();
     std::string_view line;
-    // The lines before the name belong to this block, the marker at its front too.
+    // The block begins with its marker, which ReadBlockLine would not pass.
     if (FindLine(reader, lines.modelMarker)) ReadLine(reader, line);
     while (ReadBlockLine(reader, lines.modelMarker, line)) {
         if (line != lines.nameLabel) continue;
@@ -76,7 +76,7 @@ bool FindRequested(Form& form) {
     return true;
 }
 
-bool TakeRequested(const StandIn& standIn, Form& form) {
+bool CheckRequested(const StandIn& standIn, Form& form) {
     if (standIn.use == ModelUse::kNone) return true;
     if (form.request.model == 0) {
         if (standIn.use == ModelUse::kOptional) return true;
@@ -115,7 +115,7 @@ std::wstring PlainLabel(const Field& field) {
     return MenuCaptionText(field.label);
 }
 
-// A text that the file's single bytes hold as it is.
+// Whether the file's single bytes can hold the text.
 bool CheckLetters(const Field& field) {
     if (system::WideFromAnsi(system::AnsiFromWide(field.value)) == field.value) return true;
     ReportMessage(
@@ -133,8 +133,8 @@ bool CheckName(const Field& field) {
     }
     if (IsCommentLine(name) || IsHeaderLine(name) || name == GetMessageBytes(kMsgModelMarker)) {
         ReportMessage(
-            L"¤: '¤' has a special meaning in the database.²²Begin the name with a "
-            L"letter.",
+            L"¤: '¤' has a special meaning in the database.²²Begin the name with "
+            L"a letter.",
             {PlainLabel(field), field.value});
         return false;
     }
@@ -151,8 +151,8 @@ bool CheckNumber(const Field& field) {
     }
     const std::wstring unit = field.unit.empty() ? field.unit : L' ' + field.unit;
     ReportMessage(whole ? L"¤: '¤' is not a whole number from ¤ to ¤¤."
-                        : L"¤: '¤' is not a number from ¤ to ¤¤.²²Write decimals after a point, "
-                          L"as in 12.5.",
+                        : L"¤: '¤' is not a number from ¤ to ¤¤.²²Write decimals after a "
+                          L"point, as in 12.5.",
                   {PlainLabel(field), field.value, field.range.least, field.range.most, unit});
     return false;
 }
@@ -175,7 +175,7 @@ bool CheckField(const Field& field) {
 
 // ---- Saving ------------------------------------------------------------------------------------
 
-// Whether the file is the one that was read.
+// Whether the file is still as it was read.
 bool IsUnchanged(const Form& form) {
     const std::wstring& path = form.request.databasePath;
     system::FileStatus status;
@@ -189,8 +189,8 @@ bool IsUnchanged(const Form& form) {
     }
     if (status.isReadOnly) {
         ReportMessage(
-            L"The database '¤' has become read-only: nothing was saved.²²Clear the file's "
-            L"read-only attribute and save again.",
+            L"The database '¤' has become read-only: nothing was saved.²²Clear the "
+            L"file's read-only attribute and save again.",
             {path});
         return false;
     }
@@ -202,7 +202,7 @@ bool IsUnchanged(const Form& form) {
     return false;
 }
 
-void TakeSaved(const StandIn& standIn, Form& form) {
+void AdoptSaved(const StandIn& standIn, Form& form) {
     system::FileStatus status;
     system::GetFileStatus(form.request.databasePath, status);
     form.file = StateOf(status);
@@ -217,15 +217,15 @@ void TakeSaved(const StandIn& standIn, Form& form) {
 bool OpenForm(const StandIn& standIn, const std::wstring& commandLine, Form& form) {
     form = Form();
     if (!ReadRequest(commandLine, form.request)) return false;
-    if (!IsUsable(standIn, form) || !TakeRequested(standIn, form)) return false;
+    if (!IsUsable(standIn, form) || !CheckRequested(standIn, form)) return false;
     AddFacts(standIn, form);
     return standIn.fill(form);
 }
 
-std::wstring SaveForm(const StandIn& standIn, Form& form) {
+std::wstring SaveForm(const StandIn& standIn, Form& form, Question askYesNo) {
     form.fault = CheckFields(form.fields);
-    if (form.fault >= 0 || !IsUnchanged(form) || !standIn.save(form)) return {};
-    TakeSaved(standIn, form);
+    if (form.fault >= 0 || !IsUnchanged(form) || !standIn.save(form, askYesNo)) return {};
+    AdoptSaved(standIn, form);
     const std::wstring what = standIn.use == ModelUse::kNone
                                   ? std::wstring(L"Basic Ship Data")
                                   : LowerCase(KindName(standIn.kind)) + L' ' + ModelText(form);

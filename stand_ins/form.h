@@ -1,8 +1,8 @@
 // What a program of this folder shows and asks: its window as a record, without a window.
 //
-// The programs stand in for those of the suite. Each is a record StandIn that fills a form in from
-// the database and, when the user saves, writes what the form's fields say. Faults are reported
-// (report/messages.h) by whoever finds them, with the file, the reason and what to do.
+// Each program of this folder replaces one of the suite's. It is a record StandIn that fills in a
+// form from the database and, when the user saves, writes the values of the form's fields. A fault
+// is reported where it is found, with the file, the reason and what to do.
 #pragma once
 
 #include <string>
@@ -14,14 +14,14 @@
 
 namespace corvane::siblings {
 
-// A line that the window shows and nobody changes.
+// A line that the user cannot change.
 struct Fact {
     std::wstring label;
     std::wstring value;
 };
 
 enum class FieldKind {
-    kName,     // a text that must not be empty, and that may become a line of the database
+    kName,     // a text that is not empty and can be a line of the database
     kText,     // any text
     kNumber,   // a number from `range.least` to `range.most`
     kInteger,  // a whole number from `range.least` to `range.most`
@@ -32,14 +32,14 @@ enum class FieldKind {
 struct Field {
     std::wstring label;  // with "&" before the letter of its key
     FieldKind kind = FieldKind::kText;
-    std::wstring value;  // what it shows, and what the user made of it
-    std::wstring unit;   // behind the field
+    std::wstring value;  // as shown at first, then as the user left it
+    std::wstring unit;   // after the field
     Range range{};
     size_t longest = 0;  // characters of a text; 0: no limit
     std::vector<std::wstring> choices;
 };
 
-// The state of the file when it was read, so that nobody else's change is overwritten.
+// The state of the file when it was read: another program's change is not overwritten.
 struct FileState {
     int64_t size = 0;
     int64_t modified = 0;
@@ -49,40 +49,43 @@ struct FileState {
 struct Form {
     Request request;
     FileState file;
-    std::wstring modelName;  // of the model that was asked for
+    std::wstring modelName;  // of the requested model
     ModelKind modelKind = ModelKind::kSection;
     std::vector<Fact> facts;
     std::vector<Field> fields;
-    int fault = -1;  // index of the field that kept the form from being saved; -1: none
+    int fault = -1;  // index of the field that prevented Save; -1: no field
 };
 
-// What the request must tell about a model.
+// Whether the request must have the number of a model.
 enum class ModelUse {
-    kNone,      // the program is about the ship: a model number is passed over
+    kNone,      // the program is about the ship: a model number is ignored
     kOptional,  // without a number a new model is made
     kRequired,
 };
 
+// Asks the user a question. No is the answer that changes nothing.
+using Question = bool (*)(const std::wstring& text);
+
 struct StandIn {
     const wchar_t* title;  // of the window
-    const wchar_t* note;   // what it does, and what it does not
+    const wchar_t* note;   // what the program does and does not do
     ModelUse use;
-    ModelKind kind;  // of the models that it takes
-    // Adds facts and fields of the program's own. False: reported, the program ends.
+    ModelKind kind;  // of the models that it accepts
+    // Adds the program's own facts and fields. False: reported, the program ends.
     bool (*fill)(Form& form);
     // Writes what the fields say, which CheckFields has passed. A new model's number and the name
     // go into the form, on failure the field that is wrong, if one is. False: reported, the file is
     // as it was. Null: nothing is ever written.
-    bool (*save)(Form& form);
+    bool (*save)(Form& form, Question askYesNo);
 };
 
-// Reads the command line, looks whether the database can be used, and fills the form in. False:
+// Reads the command line, checks that the database can be used, and fills in the form. False:
 // reported, the program ends.
 bool OpenForm(const StandIn& standIn, const std::wstring& commandLine, Form& form);
 
-// Checks the fields and saves; the result tells what was saved. Empty: it was not, and that was
-// reported. A file that another program changed since it was read is not written.
-std::wstring SaveForm(const StandIn& standIn, Form& form);
+// Checks the fields and saves; the result says what was saved. Empty: nothing was saved, and why
+// was reported. A file that another program has changed since it was read is not written.
+std::wstring SaveForm(const StandIn& standIn, Form& form, Question askYesNo);
 
 // ---- For the programs --------------------------------------------------------------------------
 
@@ -91,11 +94,11 @@ Field NumberField(const wchar_t* label, const wchar_t* unit, float value, Range 
 
 float NumberOf(const Field& field);
 
-// The number that the model is saved under: the one that was asked for, else the one that a new
-// model gets. 0: there is none, which was reported.
+// The number under which the model is saved: the requested one, else that of a new model. 0: no
+// number is left, which was reported.
 int32_t NumberToSave(const Form& form);
 
-// The fields' own rules; reports the first that is broken and gives its index, else -1.
+// Checks each field alone. Reports the first that is wrong and returns its index, else -1.
 int CheckFields(const std::vector<Field>& fields);
 
 }  // namespace corvane::siblings

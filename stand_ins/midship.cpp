@@ -25,9 +25,9 @@ HullForm FormOf(const MidshipParameters& parameters) {
     constexpr float kCamberPart = 0.0125F;  // of the breadth
     HullForm form;
     form.bilgeRadius = parameters.bilgeRadius;
-    form.baseHalf = form.deckHalf = parameters.breadth / 2;
+    form.half = parameters.breadth / 2;
     // Room for one longitudinal on the keel plate, unless the bottom is too narrow.
-    const float flat = form.baseHalf - form.bilgeRadius;
+    const float flat = form.half - form.bilgeRadius;
     form.keelHalf = WholeMillimetres(std::min(1.25F * parameters.spacing, flat / 2));
     form.depth = parameters.depth;
     form.camber = WholeMillimetres(kCamberPart * parameters.breadth);
@@ -62,7 +62,7 @@ struct Midship {
 void AddGirders(Midship& ship) {
     constexpr float kBays = 4;  // of stiffeners between two girders
     const float pitch = kBays * ship.parameters.spacing;
-    const float end = ship.form.baseHalf - ship.form.bilgeRadius - ship.parameters.spacing;
+    const float end = ship.form.half - ship.form.bilgeRadius - ship.parameters.spacing;
     ship.girders.push_back(AddPanel(ship.draft, L"Centre girder", kGirder,
                                     {On({ship.bottom.keel, 1}), On({ship.inner, 1})}));
     for (int i = 1; static_cast<float>(i) * pitch < end; ++i) {
@@ -78,13 +78,13 @@ void AddPanels(Midship& ship) {
     const MidshipParameters& parameters = ship.parameters;
     SectionDraft& draft = ship.draft;
     ship.bottom = AddBottom(draft, ship.form);
-    ship.top = AddSideAndDeck(draft, ship.form, {{ship.bottom.bilge, 2}, SheerSeam(parameters), 0});
+    ship.top = AddSideAndDeck(draft, ship.form, ship.bottom.bilge, SheerSeam(parameters));
     const float z = parameters.doubleBottom;
     const Node end = z == parameters.bilgeRadius ? On({ship.bottom.bilge, 2})
-                                                 : AtHeight(ship.top.side, SideAt(ship.form, z));
+                                                 : AtHeight(ship.top.side, {ship.form.half, z});
     ship.inner = AddPanel(draft, L"Inner bottom", kInnerBottom, {At({0, z}), end});
     AddGirders(ship);
-    // The spacing that was asked for; the rows' own are rounded to the room that they have.
+    // The parameter, which is read back; the rows' spacings are rounded to fill their panels.
     for (Panel& panel : draft.model.panels) panel.spacing_m = parameters.spacing;
 }
 
@@ -177,7 +177,7 @@ const Panel* FindKind(const SectionModel& section, int16_t kind) {
     return found == section.panels.end() ? nullptr : &*found;
 }
 
-// As far as the file's seven digits tell.
+// Within the seven digits of the file.
 bool IsSameLength(float a, float b) {
     return std::abs(a - b) <= 1e-5F * std::max(1.0F, std::abs(a));
 }
@@ -262,7 +262,7 @@ void SetHead(SectionModel& section, const BasicShipData& bsd) {
     section.frameSpacing_m = FrameSpacingAt(bsd, section.x_m);
     section.webSpacing_m = WholeMillimetres(4 * section.frameSpacing_m);
     section.holdLength_m = WholeMillimetres(8 * section.webSpacing_m);
-    // The shell of the ship has no moments for it.
+    // The ship's data have no moments.
     section.momentsAbsent = -1;
 }
 

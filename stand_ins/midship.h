@@ -19,30 +19,31 @@ struct MidshipParameters {  // [m]
     bool operator==(const MidshipParameters&) const = default;
 };
 
-// Limits of each alone.
+// Limits of each parameter alone.
 inline constexpr Range kBreadthRange{6, 70};
 inline constexpr Range kDepthRange{3, 40};
 inline constexpr Range kDoubleBottomRange{0.6, 10};
 inline constexpr Range kBilgeRadiusRange{0.2, 10};
 inline constexpr Range kSpacingRange{0.4, 1.2};
 
-// The highest double bottom below the depth, and the largest radius with breadth and double bottom.
+// The highest double bottom for the depth, and the largest radius for breadth and double bottom.
 float MostDoubleBottom(const MidshipParameters& parameters);
 float MostBilgeRadius(const MidshipParameters& parameters);
 
 // Parameters for a new section of the ship.
 MidshipParameters UsualParameters(const BasicShipData& bsd);
-// The parameters that a section was drafted from; of a foreign section what it shows of them, the
-// usual ones for the rest.
+// The parameters from which a section was drafted; for a foreign section those that can be seen in
+// it, and the usual ones for the rest.
 MidshipParameters ParametersOf(const SectionModel& section, const BasicShipData& bsd);
-// Whether the section's panels are those that DraftMidship makes of the parameters.
+// Whether the section's panels are those that DraftMidship makes from the parameters.
 bool IsMidship(const SectionModel& section, const MidshipParameters& parameters);
 
-// What a new section's head takes from the ship: type, codes, draught, spacings.
+// Copies the ship's data to a new section's head: type, codes, draught, spacings.
 void SetHead(SectionModel& section, const BasicShipData& bsd);
 
-// Puts panels, compartments, breadth, depth and the girder's results of the parameters in the place
-// of the section's own. The result is the geometry library's code, 0 on success.
+// Replaces the section's panels, compartments, breadth, depth and results of the hull girder by
+// those of the parameters. The result is the geometry library's code, 0 on success; after any other
+// the section is as it was.
 int16_t DraftMidship(SectionModel& section, const MidshipParameters& parameters);
 
 }  // namespace corvane::siblings

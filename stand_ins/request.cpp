@@ -44,7 +44,7 @@ bool SplitWords(const std::wstring& line, std::vector<Word>& words) {
     return true;
 }
 
-bool TakeSwitch(const std::wstring& word, Request& request) {
+bool ApplySwitch(const std::wstring& word, Request& request) {
     bool* const flag = EqualsIgnoringCase(word, L"/d")     ? &request.debug
                        : EqualsIgnoringCase(word, L"/mil") ? &request.mil
                        : EqualsIgnoringCase(word, L"/JBP") ? &request.jbp
@@ -54,8 +54,8 @@ bool TakeSwitch(const std::wstring& word, Request& request) {
     return true;
 }
 
-// Digits alone, and no more than the shell's own model numbers have.
-bool TakeModel(const std::wstring& word, Request& request) {
+// Digits alone, at most as many as the model numbers of Corvane have.
+bool ReadModelNumber(const std::wstring& word, Request& request) {
     constexpr size_t kMostDigits = 5;
     const bool isNumber = !word.empty() && word.size() <= kMostDigits &&
                           word.find_first_not_of(L"0123456789") == std::wstring::npos;
@@ -76,7 +76,7 @@ bool ReadRequest(const std::wstring& commandLine, Request& request) {
     for (const Word& word : words) {
         if (word.quoted || word.text.front() != L'/') {
             arguments.push_back(word.text);
-        } else if (!TakeSwitch(word.text, request)) {
+        } else if (!ApplySwitch(word.text, request)) {
             return false;
         }
     }
@@ -88,7 +88,7 @@ bool ReadRequest(const std::wstring& commandLine, Request& request) {
                            {arguments[2]});
     }
     request.databasePath = system::AbsolutePath(arguments.front());
-    return arguments.size() == 1 || TakeModel(arguments[1], request);
+    return arguments.size() == 1 || ReadModelNumber(arguments[1], request);
 }
 
 std::wstring SwitchText(const Request& request) {

@@ -1,8 +1,8 @@
-// What a program of the suite is asked to do: the command line that Corvane starts it with,
+// What a program of the suite is asked to do. Corvane starts it with the command line
 //
 //     [/d] [/mil] [/JBP] "database" [model number]
 //
-// the switches in any order and place.
+// The switches may be anywhere, in any order.
 #pragma once
 
 #include <cstdint>
@@ -15,15 +15,15 @@ struct Request {
     bool mil = false;           // switch "/mil"
     bool jbp = false;           // switch "/JBP"
     std::wstring databasePath;  // absolute
-    int32_t model = 0;          // number of the model, 1 the first; 0: none was given
+    int32_t model = 0;          // number of the model, from 1; 0: not given
 };
 
-// Reads a command line, the program's own name left out. A text in double quotes is never a switch;
-// a database without blanks needs no quotes. Anything else than the form above is reported, and the
+// Reads a command line without the program's own name. A text in double quotes is never a switch; a
+// database without blanks needs no quotes. Any other form than the one above is reported, and the
 // result is false.
 bool ReadRequest(const std::wstring& commandLine, Request& request);
 
-// The switches that were given, as they stand on the command line; "none" without any.
+// The given switches as they are written on the command line; "none" without any.
 std::wstring SwitchText(const Request& request);
 
 }  // namespace corvane::siblings

@@ -10,7 +10,7 @@ constexpr wchar_t kNote[] =
     L"This stand-in checks nothing: no rule was applied, and nothing here means that the model "
     L"is right. It shows which model it was asked to check.";
 
-// What the section's head and tables, or the bulkhead arrangement's, say about its size.
+// Position, dimensions and number of parts of a section or a bulkhead arrangement.
 bool ShowModel(Form& form) {
     SectionModel model;
     const int32_t number = form.request.model;

@@ -5,7 +5,6 @@
 #include "database/editing.h"
 #include "database/section_file.h"
 #include "report/messages.h"
-#include "shell/state.h"
 #include "stand_ins/midship.h"
 #include "stand_ins/stand_ins.h"
 #include "text/numbers.h"
@@ -25,7 +24,7 @@ enum SectionField : size_t {
     kSpacing,
 };
 
-// What the file says of the section before it is changed.
+// What the file has before the section is changed.
 struct Before {
     BasicShipData bsd;
     SectionModel section;
@@ -75,7 +74,7 @@ MidshipParameters EnteredParameters(const Form& form) {
             WholeMillimetres(form.fields[kBilgeRadius]), WholeMillimetres(form.fields[kSpacing])};
 }
 
-// Whether the fields still say what the form showed at first.
+// Whether the fields still have the values that the form showed at first.
 bool AreUntouched(const Form& form, const MidshipParameters& shown) {
     const MidshipParameters entered = EnteredParameters(form);
     const auto near = [](float a, float b) { return std::abs(a - b) < 0.00051F; };
@@ -105,22 +104,22 @@ bool CheckTogether(Form& form, const MidshipParameters& parameters) {
     return true;
 }
 
-// The user's leave to put parametric panels in the place of others.
-bool MayReplace(const Before& before) {
+// Whether a foreign section's panels may be replaced; asks the user.
+bool ConfirmReplacing(const Before& before, Question askYesNo) {
     if (before.isNew || before.section.panels.empty() ||
         IsMidship(before.section, before.parameters)) {
         return true;
     }
-    return shell.screen.askYesNo(SubstituteArguments(
+    return askYesNo(SubstituteArguments(
         L"The section '¤' was not made by this stand-in. To save other dimensions, all its panels "
         L"and compartments are replaced by those of a simple midship section.²²Replace them?",
         {before.section.name}));
 }
 
-bool Draft(Form& form, Before& before) {
+bool Draft(Form& form, Before& before, Question askYesNo) {
     const MidshipParameters parameters = EnteredParameters(form);
     if (!before.isNew && AreUntouched(form, before.parameters)) return true;
-    if (!CheckTogether(form, parameters) || !MayReplace(before)) return false;
+    if (!CheckTogether(form, parameters) || !ConfirmReplacing(before, askYesNo)) return false;
     const int16_t code = DraftMidship(before.section, parameters);
     if (code == 0) return true;
     ReportMessage(
@@ -130,16 +129,16 @@ bool Draft(Form& form, Before& before) {
     return false;
 }
 
-bool SaveFields(Form& form) {
+bool SaveFields(Form& form, Question askYesNo) {
     Before before;
     if (!ReadBefore(form, before)) return false;
     before.section.name = Trim(form.fields[kName].value);
     before.section.x_m = NumberOf(form.fields[kX]);
     if (before.isNew) SetHead(before.section, before.bsd);
-    if (!Draft(form, before)) return false;
+    if (!Draft(form, before, askYesNo)) return false;
     std::wstring path = form.request.databasePath;
     const int32_t number = NumberToSave(form);
-    if (number == 0 || !ReplaceSection(path, before.section, number, false)) return false;
+    if (number == 0 || !ReplaceSection(path, before.section, number)) return false;
     form.request.model = number;
     form.modelName = before.section.name;
     return true;

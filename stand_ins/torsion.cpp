@@ -39,8 +39,8 @@ void WriteBlock(TextWriter& writer, const TorsionModel& model, int32_t number) {
     WriteLine(writer, "------------------ TOR RESULTS ------------------");
 }
 
-// From the block's first line to behind its name; `begin` is where the name's line begins.
-bool PassName(TextReader& reader, int64_t& begin) {
+// Skips from the block's first line to after its name; `begin` becomes the offset of the name.
+bool SkipName(TextReader& reader, int64_t& begin) {
     const StructuralLines lines = FetchStructuralLines();
     std::string_view line;
     if (!FindLine(reader, lines.modelMarker) || !ReadLine(reader, line)) return false;
@@ -55,7 +55,7 @@ bool PassName(TextReader& reader, int64_t& begin) {
     return false;
 }
 
-// Some systems let nobody rename over a file that is open.
+// Some systems do not replace a file that is open.
 bool Finish(Rewrite& rewrite, TextReader& reader) {
     system::CloseFile(reader.file);
     return FinishRewrite(rewrite, reader.error);
@@ -71,9 +71,9 @@ bool WriteTorsionModel(const std::wstring& path, const TorsionModel& model, int3
     BeginRewrite(rewrite, path);
     if (reader.error == system::kErrorNone) {
         const bool found = FindModel(reader, number, keyword);
-        const int64_t place = found ? LinePosition(reader) : -1;
+        const int64_t block = found ? LinePosition(reader) : -1;
         SeekLine(reader, 0);
-        CopySpan(reader, place, rewrite.writer);
+        CopySpan(reader, block, rewrite.writer);
         WriteBlock(rewrite.writer, model, number);
         if (found) SkipBlock(reader);
         CopySpan(reader, -1, rewrite.writer);
@@ -89,20 +89,20 @@ bool RenameModel(const std::wstring& path, const std::wstring& name, int32_t num
         ReportMessage(kMsgModelMissing, {number, path});
         return false;
     }
-    if (!PassName(reader, begin)) {
+    if (!SkipName(reader, begin)) {
         ReportMessage(
             L"Model ¤ of '¤' has lost its name line: nothing was saved.²²Delete "
             L"the model in Corvane, or restore the database from a backup.",
             {number, path});
         return false;
     }
-    const int64_t behind = LinePosition(reader);
+    const int64_t end = LinePosition(reader);
     Rewrite rewrite;
     BeginRewrite(rewrite, path);
     SeekLine(reader, 0);
     CopySpan(reader, begin, rewrite.writer);
     WriteLine(rewrite.writer, system::AnsiFromWide(name));
-    SeekLine(reader, behind);
+    SeekLine(reader, end);
     CopySpan(reader, -1, rewrite.writer);
     return Finish(rewrite, reader);
 }

@@ -1,5 +1,5 @@
-// Torsion models: blocks that the shell copies and deletes without looking into them. The body
-// written here is that of the sample ship's: the holds between two ends, and no beams yet.
+// Torsion models: blocks whose contents only the torsion program knows. The body that is written
+// here has the holds between two ends, and no beams yet.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ struct TorsionModel {
     int32_t holdCount = 0;  // of equal length, number 1 the foremost
 };
 
-// Writes the model in the place of block `number`; at the end of the file where no block has that
+// Writes the model instead of block `number`, or at the end of the file when no block has that
 // number. False: reported, the file is as it was.
 bool WriteTorsionModel(const std::wstring& path, const TorsionModel& model, int32_t number);
 

@@ -29,7 +29,7 @@ bool FillFields(Form& form) {
     return true;
 }
 
-bool SaveFields(Form& form) {
+bool SaveFields(Form& form, Question) {
     const std::wstring& path = form.request.databasePath;
     TorsionModel model;
     model.name = Trim(form.fields[kName].value);

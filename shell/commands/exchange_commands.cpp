@@ -59,62 +59,30 @@ struct Import {
     int appended = 0;
 };
 
-enum class Step {
-    kAppended,
-    kLeftOut,  // the source does not give the model
-    kRefused   // the database does not take it
-};
-
-Step StepOf(bool isAppended) {
-    return isAppended ? Step::kAppended : Step::kRefused;
-}
-
 // The backup is made with the first model, so that it holds what was there before.
-bool KeepsBackup(const Import& import) {
-    return import.appended == 0;
+EditOptions OptionsOf(const Import& import) {
+    return {import.appended == 0, AskForWritableDatabase};
 }
 
-bool ReadSection(const Import& import, int32_t number, SectionModel& section) {
-    if (!IsLegacyDatabase(import.source)) {
-        return ReadSectionBlock(import.source, number, false, section);
-    }
-    return ImportSection(import.source, static_cast<int16_t>(number), section);
-}
-
-Step AppendSection(Import& import, int32_t number) {
+AppendResult AppendLegacySection(Import& import, int32_t number) {
     SectionModel section;
-    if (!ReadSection(import, number, section)) return Step::kLeftOut;
+    if (!ImportSection(import.source, static_cast<int16_t>(number), section)) {
+        return AppendResult::kNoSource;
+    }
     section.identifier.clear();  // the writer makes a new one
-    const int32_t newNumber = NumberForAppending(import.path);
-    return StepOf(newNumber != 0 &&
-                  ReplaceSection(import.path, section, newNumber, KeepsBackup(import)));
+    const int32_t newNumber = NumberForAppending(import.path, AskForWritableDatabase);
+    const bool isAppended =
+        newNumber != 0 && ReplaceSection(import.path, section, newNumber, OptionsOf(import));
+    return isAppended ? AppendResult::kAppended : AppendResult::kNotWritten;
 }
 
-Step AppendBulkheadArrangement(Import& import, int32_t number) {
-    BulkheadArrangement arrangement;
-    if (!ReadBulkheadBlock(import.source, number, arrangement)) return Step::kLeftOut;
-    arrangement.identifier.clear();
-    const int32_t newNumber = NumberForAppending(import.path);
-    return StepOf(newNumber != 0 && ReplaceBulkheadArrangement(import.path, arrangement, newNumber,
-                                                               KeepsBackup(import)));
-}
-
-Step AppendItem(Import& import, const ExchangeItem& item) {
+AppendResult AppendItem(Import& import, const ExchangeItem& item) {
+    if (IsLegacyDatabase(import.source)) return AppendLegacySection(import, item.number);
     ModelEntry model;
-    if (!IsLegacyDatabase(import.source) &&
-        !FindInRow(import.models, item.number, import.source, model)) {
-        return Step::kLeftOut;
+    if (!FindInRow(import.models, item.number, import.source, model)) {
+        return AppendResult::kNoSource;
     }
-    switch (item.kind) {
-        case ModelKind::kSection:
-            return AppendSection(import, item.number);
-        case ModelKind::kBulkhead:
-            return AppendBulkheadArrangement(import, item.number);
-        case ModelKind::kTorsion:
-            break;
-    }
-    return StepOf(
-        AppendTorsionModel(import.path, {import.source, item.number}, KeepsBackup(import)));
+    return AppendModel(import.path, {import.source, item.number}, item.kind, OptionsOf(import));
 }
 
 // Whether the file still has what the user chose; reported when not.
@@ -143,9 +111,9 @@ void ImportModels(const ImportChoice& choice) {
     if (!IsLegacyDatabase(choice.path)) import.models = ListModels(choice.path);
     import.path = shell.settings.DatabasePath;
     for (const ExchangeItem& item : choice.items) {
-        const Step step = AppendItem(import, item);
-        if (step == Step::kAppended) ++import.appended;
-        if (step == Step::kRefused) break;
+        const AppendResult result = AppendItem(import, item);
+        if (result == AppendResult::kAppended) ++import.appended;
+        if (result == AppendResult::kNotWritten) break;
     }
     if (import.appended > 0) ShowLastModel(import.path);
 }

@@ -38,7 +38,7 @@ bool AppendSections(const std::wstring& legacyPath, std::wstring& path) {
     for (int16_t number = 1; static_cast<size_t>(number) <= list.size(); ++number) {
         SectionModel section;
         if (!ImportSection(legacyPath, number, section)) return false;
-        if (!ReplaceSection(path, section, number, false)) return false;
+        if (!ReplaceSection(path, section, number)) return false;
     }
     return true;
 }

@@ -6,6 +6,7 @@
 #include "database/editing.h"
 #include "files/running.h"
 #include "shell/current_model.h"
+#include "shell/file_prompt.h"
 #include "shell/state.h"
 #include "shell/window_contents.h"
 #include "text/text.h"
@@ -16,7 +17,8 @@ namespace {
 void CopyCurrentModel(const ModelEntry& model, const std::wstring& name) {
     SetBusyPointer();
     std::wstring path = shell.settings.DatabasePath;
-    const int32_t copy = CopyModel(path, {shell.currentModel, model.kind, name, true});
+    const int32_t copy =
+        CopyModel(path, {shell.currentModel, model.kind, name, {true, AskForWritableDatabase}});
     if (copy != 0) {
         if (path != shell.settings.DatabasePath) OpenInstead(path);
         // The list has no row for a number beyond 16 bits.

@@ -1,4 +1,4 @@
-// Identifiers of a stand-in's controls; tests and screen readers find them by these. Save is IDOK,
+// Identifiers of a stand-in's controls, by which tests and screen readers find them. Save is IDOK,
 // Close is IDCANCEL.
 #pragma once
 

@@ -2,321 +2,278 @@
 
 #include <algorithm>
 #include <string>
-#include <vector>
 
 #include "platform/system.h"
 #include "report/messages.h"
 #include "shell/library_checks.h"
 #include "shell/state.h"
 #include "stand_ins/win32/form_control_ids.h"
-#include "stand_ins/win32/form_layout.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
+#include "ui/dialogs/dialogs.h"
 
 namespace corvane::siblings {
 namespace {
 
-// Belongs to the window for as long as it lives.
-struct WindowState {
-    const StandIn& standIn;
+// Lengths in pixels at 96 dots per inch.
+constexpr int kMargin = 12;
+constexpr int kGap = 6;
+constexpr int kGroupGap = 12;
+constexpr int kFieldWidth = 330;
+constexpr int kNumberWidth = 90;
+constexpr int kDropHeight = 300;
+constexpr int kLinesShown = 5;
+
+// The one window of the process; the procedures of the screen reach it here.
+struct FormWindow {
+    const StandIn* standIn = nullptr;
     Form form;
-    HFONT font = nullptr;
-    bool failed = false;  // the status is red
+    HWND window = nullptr;  // null before it opens and after it has closed
+    bool failed = false;    // the status is red
 };
+FormWindow formWindow;
 
-WindowState* StateOf(HWND window) {
-    return reinterpret_cast<WindowState*>(GetWindowLongPtrW(window, DWLP_USER));
-}
-
-BOOL CALLBACK FindStandIn(HWND found, LPARAM parameter) {
-    wchar_t name[32] = L"";
-    GetClassNameW(found, name, 32);
-    if (std::wstring_view(name) != kStandInClass) return TRUE;
-    *reinterpret_cast<HWND*>(parameter) = found;
-    return FALSE;
-}
-
-// The thread has one window, or none yet.
-HWND OwnWindow() {
-    HWND window = nullptr;
-    EnumThreadWindows(GetCurrentThreadId(), FindStandIn, reinterpret_cast<LPARAM>(&window));
-    return window;
-}
-
-// ---- What the core asks of the screen ----------------------------------------------------------
+// ---- The screen --------------------------------------------------------------------------------
 
 int ShowBox(const std::wstring& text, UINT style) {
-    return MessageBoxW(OwnWindow(), text.c_str(), shell.title.c_str(), style);
+    return MessageBoxW(formWindow.window, text.c_str(), formWindow.standIn->title, style);
+}
+
+// No is the default button: it changes nothing.
+bool AskYesNo(const std::wstring& text) {
+    return ShowBox(text, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
+}
+
+HWND StatusLabel() {
+    return GetDlgItem(formWindow.window, kStatusId);
 }
 
 void SetStatus(const std::wstring& text) {
-    const HWND status = GetDlgItem(OwnWindow(), kStatusId);
-    SetWindowTextW(status, text.c_str());
-    UpdateWindow(status);
+    SetWindowTextW(StatusLabel(), text.c_str());
+    UpdateWindow(StatusLabel());
 }
 
 void SetStatusColour(StatusColour colour) {
-    const HWND window = OwnWindow();
-    if (window == nullptr) return;
-    StateOf(window)->failed = colour == StatusColour::kRed;
-    InvalidateRect(GetDlgItem(window, kStatusId), nullptr, TRUE);
+    formWindow.failed = colour == StatusColour::kRed;
+    if (formWindow.window != nullptr) InvalidateRect(StatusLabel(), nullptr, TRUE);
 }
 
-Screen StandInScreen() {
-    Screen screen;
-    screen.statusCaption = [] { return WindowText(GetDlgItem(OwnWindow(), kStatusId)); };
-    screen.setStatusCaption = SetStatus;
-    screen.setStatusColour = SetStatusColour;
-    screen.showWarningBox = [](const std::wstring& text) {
+template <class View>
+void FillView(View& view) {
+    view.statusCaption = [] { return WindowText(StatusLabel()); };
+    view.setStatusCaption = SetStatus;
+    view.setStatusColour = SetStatusColour;
+    view.showWarningBox = [](const std::wstring& text) {
         ShowBox(text, MB_OK | MB_ICONEXCLAMATION);
     };
-    screen.showPlainBox = [](const std::wstring& text) { ShowBox(text, MB_OK); };
-    // No is proposed: it changes nothing.
-    screen.askYesNo = [](const std::wstring& text) {
-        return ShowBox(text, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
-    };
-    screen.setBusyPointer = [] { SetCursor(LoadCursorW(nullptr, IDC_WAIT)); };
-    screen.resetPointer = [] { SetCursor(LoadCursorW(nullptr, IDC_ARROW)); };
-    return screen;
+    view.showPlainBox = [](const std::wstring& text) { ShowBox(text, MB_OK); };
+    view.setBusyPointer = [] { SetCursor(LoadCursorW(nullptr, IDC_WAIT)); };
+    view.resetPointer = [] { SetCursor(LoadCursorW(nullptr, IDC_ARROW)); };
 }
 
 void ReportFault() noexcept {
-    MessageBoxW(OwnWindow(), L"An unexpected error, such as a lack of memory, ended the action.",
+    MessageBoxW(formWindow.window,
+                L"An unexpected error, such as a lack of memory, ended the action.",
                 L"Corvane (stand-in)", MB_OK | MB_ICONEXCLAMATION);
 }
 
 // ---- Controls ----------------------------------------------------------------------------------
 
-struct ControlPlan {
-    int id;
-    const wchar_t* windowClass;
-    std::wstring text;
-    DWORD style;
-};
-
-HWND AddControl(HWND window, const ControlPlan& plan) {
-    const bool isEdit = plan.windowClass == std::wstring_view(WC_EDITW);
-    return CreateWindowExW(isEdit ? WS_EX_CLIENTEDGE : 0, plan.windowClass, plan.text.c_str(),
-                           WS_CHILD | WS_VISIBLE | plan.style, 0, 0, 0, 0, window,
-                           reinterpret_cast<HMENU>(INT_PTR{plan.id}), nullptr, nullptr);
+void AddLabel(HWND window, int id, const std::wstring& text, DWORD style = SS_NOPREFIX) {
+    AddControl(window, {id, WC_STATICW, text, WS_VISIBLE | SS_LEFT | style});
 }
 
 void AddFact(HWND window, const Fact& fact, int index) {
     const int id = kFactId + 2 * index;
-    AddControl(window, {id, WC_STATICW, fact.label + L":", SS_LEFT | SS_NOPREFIX});
-    AddControl(window, {id + 1, WC_STATICW, fact.value, SS_LEFT | SS_NOPREFIX | SS_PATHELLIPSIS});
+    AddLabel(window, id, fact.label + L":");
+    AddLabel(window, id + 1, fact.value, SS_NOPREFIX | SS_PATHELLIPSIS);
 }
 
-HWND AddInput(HWND window, const Field& field, int id) {
-    if (field.kind == FieldKind::kChoice) {
-        const HWND list =
-            AddControl(window, {id, WC_COMBOBOXW, L"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST});
-        for (const std::wstring& choice : field.choices) {
-            SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(choice.c_str()));
-        }
-        return list;
+void AddChoice(HWND window, const Field& field, int id) {
+    const HWND list = AddControl(
+        window, {id, WC_COMBOBOXW, L"", WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST});
+    for (const std::wstring& choice : field.choices) {
+        SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(choice.c_str()));
     }
-    const bool isLines = field.kind == FieldKind::kLines;
-    const DWORD style =
-        isLines ? ES_MULTILINE | ES_WANTRETURN | ES_AUTOVSCROLL | WS_VSCROLL : ES_AUTOHSCROLL;
-    const HWND edit = AddControl(window, {id, WC_EDITW, L"", WS_TABSTOP | style});
+    const auto chosen = std::find(field.choices.begin(), field.choices.end(), field.value);
+    SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(chosen - field.choices.begin()), 0);
+}
+
+void AddEdit(HWND window, const Field& field, int id) {
+    const DWORD style = field.kind == FieldKind::kLines
+                            ? ES_MULTILINE | ES_WANTRETURN | ES_AUTOVSCROLL | WS_VSCROLL
+                            : ES_AUTOHSCROLL;
+    const HWND edit = AddControl(
+        window, {id, WC_EDITW, field.value, WS_VISIBLE | WS_TABSTOP | style, WS_EX_CLIENTEDGE});
     if (field.longest > 0) SendMessageW(edit, EM_SETLIMITTEXT, field.longest, 0);
-    return edit;
-}
-
-void ShowValue(HWND window, const Field& field, int index) {
-    const HWND input = GetDlgItem(window, kFieldId + index);
-    if (field.kind != FieldKind::kChoice) {
-        SetWindowTextW(input, field.value.c_str());
-        return;
-    }
-    const auto choice = std::find(field.choices.begin(), field.choices.end(), field.value);
-    SendMessageW(input, CB_SETCURSEL, static_cast<WPARAM>(choice - field.choices.begin()), 0);
 }
 
 void AddField(HWND window, const Field& field, int index) {
-    AddControl(window, {kFieldLabelId + index, WC_STATICW, field.label + L":", SS_LEFT});
-    AddInput(window, field, kFieldId + index);
-    AddControl(window, {kFieldUnitId + index, WC_STATICW, field.unit, SS_LEFT | SS_NOPREFIX});
-    ShowValue(window, field, index);
+    // Its letter goes to the control after it.
+    AddLabel(window, kFieldLabelId + index, field.label + L":", 0);
+    const bool isChoice = field.kind == FieldKind::kChoice;
+    (isChoice ? AddChoice : AddEdit)(window, field, kFieldId + index);
+    AddLabel(window, kFieldUnitId + index, field.unit);
 }
 
-// In the order of the tab key.
-void AddControls(HWND window, const WindowState& state) {
-    const Form& form = state.form;
-    AddControl(window, {kNoteId, WC_STATICW, state.standIn.note, SS_LEFT | SS_NOPREFIX});
-    for (size_t i = 0; i < form.facts.size(); ++i) {
-        AddFact(window, form.facts[i], static_cast<int>(i));
+void AddControls(HWND window, void*) {
+    formWindow.window = window;
+    const Form& form = formWindow.form;
+    AddLabel(window, kNoteId, formWindow.standIn->note);
+    int index = 0;
+    for (const Fact& fact : form.facts) AddFact(window, fact, index++);
+    AddLabel(window, kLineId, L"", SS_ETCHEDHORZ);
+    index = 0;
+    for (const Field& field : form.fields) AddField(window, field, index++);
+    AddLabel(window, kStatusId, L"", SS_NOPREFIX | SS_ENDELLIPSIS);
+    const DWORD button = WS_VISIBLE | WS_TABSTOP;
+    const bool saves = formWindow.standIn->save != nullptr;
+    if (saves) AddControl(window, {IDOK, WC_BUTTONW, L"&Save", button | BS_DEFPUSHBUTTON});
+    AddControl(window, {IDCANCEL, WC_BUTTONW, L"&Close",
+                        button | (saves ? BS_PUSHBUTTON : BS_DEFPUSHBUTTON)});
+}
+
+// ---- Layout ------------------------------------------------------------------------------------
+
+struct Layout {
+    HWND window;
+    UINT dpi;
+    int lineHeight;
+    LONG column;  // left edge of the facts' values and of the fields
+    RECT free;    // what is below the controls that have been placed
+};
+
+// Width of the widest label before facts and fields.
+LONG LabelWidth(HWND window) {
+    LONG width = 0;
+    for (size_t i = 0; i < formWindow.form.facts.size(); ++i) {
+        const int id = kFactId + 2 * static_cast<int>(i);
+        width = std::max(width, ControlTextSize(window, id).cx);
     }
-    AddControl(window, {kLineId, WC_STATICW, L"", SS_ETCHEDHORZ});
-    for (size_t i = 0; i < form.fields.size(); ++i) {
-        AddField(window, form.fields[i], static_cast<int>(i));
+    for (size_t i = 0; i < formWindow.form.fields.size(); ++i) {
+        const int id = kFieldLabelId + static_cast<int>(i);
+        width = std::max(width, ControlTextSize(window, id).cx);
     }
-    AddControl(window, {kStatusId, WC_STATICW, L"", SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS});
-    const bool saves = state.standIn.save != nullptr;
-    const DWORD closeStyle = saves ? BS_PUSHBUTTON : BS_DEFPUSHBUTTON;
-    if (saves) AddControl(window, {IDOK, WC_BUTTONW, L"&Save", WS_TABSTOP | BS_DEFPUSHBUTTON});
-    AddControl(window, {IDCANCEL, WC_BUTTONW, L"&Close", WS_TABSTOP | closeStyle});
-    SendMessageW(window, DM_SETDEFID, saves ? IDOK : IDCANCEL, 0);
+    return width;
 }
 
-// ---- The window's messages ---------------------------------------------------------------------
-
-// Font and places of a resolution; the size of the window that they need.
-SIZE TakeResolution(HWND window, UINT dpi) {
-    WindowState& state = *StateOf(window);
-    const HFONT old = state.font;
-    state.font = CreateMessageFont(dpi);
-    const SIZE client = LayOut(window, state.form, state.font, dpi);
-    if (old != nullptr) DeleteObject(old);
-    InvalidateRect(window, nullptr, TRUE);
-    return WindowSize(window, client, false, dpi);
+// A label before the column and a control in it, on one line.
+void PlacePair(Layout& layout, int labelId, int valueId) {
+    RECT& free = layout.free;
+    const LONG bottom = free.top + layout.lineHeight;
+    PlaceControl(layout.window, labelId, {free.left, free.top, layout.column, bottom});
+    PlaceControl(layout.window, valueId, {layout.column, free.top, free.right, bottom});
+    free.top = bottom + Scaled(kGap, layout.dpi) / 2;
 }
 
-void Centre(HWND window, SIZE size) {
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof(monitor);
-    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), &monitor);
-    const RECT& area = monitor.rcWork;
-    SetWindowPos(window, nullptr, area.left + (area.right - area.left - size.cx) / 2,
-                 std::max(area.top, area.top + (area.bottom - area.top - size.cy) / 2), size.cx,
-                 size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+void PlaceField(Layout& layout, const Field& field, int index) {
+    // Of an edit control, above and below its text.
+    const int edge =
+        SystemMetric(SM_CYEDGE, layout.dpi) + 2 * SystemMetric(SM_CYBORDER, layout.dpi);
+    const int gap = Scaled(kGap, layout.dpi);
+    RECT& free = layout.free;
+    const bool isNumber = field.kind == FieldKind::kNumber || field.kind == FieldKind::kInteger;
+    const bool isTall = field.kind == FieldKind::kLines;
+    const LONG right = isNumber ? layout.column + Scaled(kNumberWidth, layout.dpi) : free.right;
+    const LONG bottom = free.top + (isTall ? kLinesShown : 1) * layout.lineHeight + 2 * edge;
+    // The list that drops from a choice is part of its height.
+    const int drop = field.kind == FieldKind::kChoice ? Scaled(kDropHeight, layout.dpi) : 0;
+    PlaceControl(layout.window, kFieldId + index, {layout.column, free.top, right, bottom + drop});
+    const LONG text = free.top + edge;
+    PlaceControl(layout.window, kFieldLabelId + index,
+                 {free.left, text, layout.column, text + layout.lineHeight});
+    // The unit is after a short field, and below a tall one, which needs the whole breadth.
+    const LONG unitTop = isTall ? bottom + gap / 2 : text;
+    const LONG unitBottom = unitTop + layout.lineHeight;
+    if (!field.unit.empty()) {
+        PlaceControl(layout.window, kFieldUnitId + index,
+                     {isTall ? layout.column : right + gap, unitTop, free.right, unitBottom});
+    }
+    free.top = (isTall && !field.unit.empty() ? unitBottom : bottom) + gap;
 }
 
-void FocusField(HWND window, int index) {
-    const HWND input = GetDlgItem(window, kFieldId + index);
-    SendMessageW(window, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(input), TRUE);
+// A line, the fields, and the status of Save.
+void PlaceFields(Layout& layout) {
+    layout.free.top += Scaled(kGap, layout.dpi);
+    PlaceOnTop(layout.window, kLineId, 2, layout.free);
+    layout.free.top += Scaled(kGroupGap, layout.dpi);
+    int index = 0;
+    for (const Field& field : formWindow.form.fields) PlaceField(layout, field, index++);
+    PlaceOnTop(layout.window, kStatusId, layout.lineHeight, layout.free);
 }
 
-void FocusFirst(HWND window, const Form& form) {
-    if (form.fields.empty()) {
-        SetFocus(GetDlgItem(window, IDCANCEL));
+SIZE PlaceControls(HWND window, void*, UINT dpi) {
+    const int margin = Scaled(kMargin, dpi);
+    const int groupGap = Scaled(kGroupGap, dpi);
+    Layout layout{window, dpi, ControlTextSize(window, IDCANCEL).cy, 0, {}};
+    layout.column = margin + LabelWidth(window) + groupGap;
+    RECT& free = layout.free;
+    free = {margin, margin, layout.column + Scaled(kFieldWidth, dpi), margin};
+    PlaceOnTop(window, kNoteId, HeightForText(window, kNoteId, free.right - free.left), free);
+    free.top += groupGap;
+    for (int i = 0; i < static_cast<int>(formWindow.form.facts.size()); ++i) {
+        PlacePair(layout, kFactId + 2 * i, kFactId + 2 * i + 1);
+    }
+    // Without fields nothing is saved.
+    if (!formWindow.form.fields.empty()) PlaceFields(layout);
+    free.bottom = free.top + groupGap + ButtonSize(window, IDCANCEL, dpi).cy;
+    if (formWindow.standIn->save != nullptr) {
+        PlaceButtons(window, {IDOK, IDCANCEL}, free, dpi);
     } else {
-        FocusField(window, 0);
+        PlaceButtons(window, {IDCANCEL}, free, dpi);
     }
+    return {free.right + margin, free.bottom + margin};
 }
 
-void OnInit(HWND window) {
-    const WindowState& state = *StateOf(window);
-    const auto icon =
-        reinterpret_cast<LPARAM>(LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1)));
-    SendMessageW(window, WM_SETICON, ICON_BIG, icon);
-    AddControls(window, state);
-    Centre(window, TakeResolution(window, DpiOf(window)));
-}
+// ---- Save --------------------------------------------------------------------------------------
 
-void OnSave(HWND window) {
-    WindowState& state = *StateOf(window);
-    for (size_t i = 0; i < state.form.fields.size(); ++i) {
-        state.form.fields[i].value = WindowText(GetDlgItem(window, kFieldId + static_cast<int>(i)));
-    }
+void Save(HWND window) {
+    Form& form = formWindow.form;
+    int id = kFieldId;
+    for (Field& field : form.fields) field.value = WindowText(GetDlgItem(window, id++));
     SetStatus(L"");
     SetStatusColour(StatusColour::kButtonText);
-    const std::wstring saved = SaveForm(state.standIn, state.form);
+    const std::wstring saved = SaveForm(*formWindow.standIn, form, AskYesNo);
     if (saved.empty()) {
-        if (state.form.fault >= 0) FocusField(window, state.form.fault);
+        const HWND wrong = form.fault >= 0 ? GetDlgItem(window, kFieldId + form.fault) : nullptr;
+        if (wrong != nullptr) {
+            SendMessageW(window, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(wrong), TRUE);
+        }
         return;
     }
     SetStatus(saved);
-    for (size_t i = 0; i < state.form.facts.size(); ++i) {
-        SetDlgItemTextW(window, kFactId + 2 * static_cast<int>(i) + 1,
-                        state.form.facts[i].value.c_str());
+    id = kFactId + 1;
+    for (const Fact& fact : form.facts) {
+        SetDlgItemTextW(window, id, fact.value.c_str());
+        id += 2;
     }
 }
 
-void OnCommand(HWND window, WORD id) {
-    if (id == IDCANCEL) DestroyWindow(window);
-    if (id == IDOK && StateOf(window)->standIn.save != nullptr) OnSave(window);
-}
-
-void OnDpiChanged(HWND window, UINT dpi, const RECT& area) {
-    const SIZE size = TakeResolution(window, dpi);
-    SetWindowPos(window, nullptr, area.left, area.top, size.cx, size.cy,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-INT_PTR OnColourStatic(HWND window, HDC dc, HWND control) {
-    if (GetDlgCtrlID(control) != kStatusId || !StateOf(window)->failed) return FALSE;
-    SetTextColor(dc, RGB(255, 0, 0));
-    SetBkColor(dc, GetSysColor(COLOR_BTNFACE));
-    return reinterpret_cast<INT_PTR>(GetSysColorBrush(COLOR_BTNFACE));
-}
-
-INT_PTR HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_INITDIALOG:
-            OnInit(window);
-            return FALSE;  // the focus is set once the window is shown
-        case WM_COMMAND:
-            OnCommand(window, LOWORD(wParam));
-            return TRUE;
-        case WM_CTLCOLORSTATIC:
-            return OnColourStatic(window, reinterpret_cast<HDC>(wParam),
-                                  reinterpret_cast<HWND>(lParam));
-        case WM_DPICHANGED:
-            OnDpiChanged(window, LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
-            return TRUE;
-        case WM_DESTROY:
-            PostQuitMessage(0);
-            return TRUE;
-        default:
-            return FALSE;
-    }
-}
-
-INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG) SetWindowLongPtrW(window, DWLP_USER, lParam);
-    if (StateOf(window) == nullptr) return FALSE;
+// Saves, and keeps the window open. A fault leaves the user what has been typed.
+bool SaveAndStay(HWND window, void*) {
     try {
-        return HandleMessage(window, message, wParam, lParam);
+        Save(window);
     } catch (...) {
         ReportFault();
-        return FALSE;
     }
+    return false;
 }
 
-// A dialog of our own class, without controls: a header, no menu, the class, no title.
-std::vector<WORD> DialogTemplate() {
-    DLGTEMPLATE header{};
-    header.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX;
-    const auto* words = reinterpret_cast<const WORD*>(&header);
-    std::vector<WORD> made(words, words + sizeof(header) / sizeof(WORD));
-    made.push_back(0);
-    for (const wchar_t letter : std::wstring_view(kStandInClass)) made.push_back(letter);
-    made.insert(made.end(), {0, 0});
-    return made;
+HBRUSH ColourStatus(HWND label, HDC dc) {
+    if (GetDlgCtrlID(label) != kStatusId || !formWindow.failed) return nullptr;
+    SetTextColor(dc, RGB(255, 0, 0));
+    SetBkColor(dc, GetSysColor(COLOR_BTNFACE));
+    return GetSysColorBrush(COLOR_BTNFACE);
 }
 
-HWND CreateStandInWindow(WindowState& state) {
-    const HINSTANCE instance = GetModuleHandleW(nullptr);
-    WNDCLASSEXW windowClass{};
-    windowClass.cbSize = sizeof(windowClass);
-    windowClass.lpfnWndProc = DefDlgProcW;
-    windowClass.cbWndExtra = DLGWINDOWEXTRA;
-    windowClass.hInstance = instance;
-    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    windowClass.lpszClassName = kStandInClass;
-    RegisterClassExW(&windowClass);
-    const std::vector<WORD> plan = DialogTemplate();
-    return CreateDialogIndirectParamW(instance, reinterpret_cast<LPCDLGTEMPLATEW>(plan.data()),
-                                      nullptr, DialogProcedure, reinterpret_cast<LPARAM>(&state));
-}
-
-int ShowForm(WindowState& state) {
-    const HWND window = CreateStandInWindow(state);
-    if (window == nullptr) return 1;
-    SetWindowTextW(window, state.standIn.title);
-    ShowWindow(window, SW_SHOWDEFAULT);
-    // Not before: a window that has the focus while it is hidden gets an inactive title.
-    FocusFirst(window, state.form);
-    MSG message;
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-        if (IsDialogMessageW(window, &message)) continue;
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
-    DeleteObject(state.font);
-    return static_cast<int>(message.wParam);
+int ShowForm() {
+    DialogKind kind{kStandInClass, kFieldId, AddControls, PlaceControls, SaveAndStay, ColourStatus};
+    if (formWindow.form.fields.empty()) kind.firstFocus = IDCANCEL;
+    kind.isProgram = true;
+    RunDialog(kind, formWindow.standIn->title, nullptr);
+    const bool wasShown = formWindow.window != nullptr;
+    formWindow.window = nullptr;
+    return wasShown ? 0 : 1;
 }
 
 }  // namespace
@@ -324,15 +281,14 @@ int ShowForm(WindowState& state) {
 int RunStandIn(const StandIn& standIn) {
     INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&controls);
-    shell.title = standIn.title;
-    shell.screen = StandInScreen();
+    formWindow.standIn = &standIn;
+    FillView(shell.screen);
     try {
-        WindowState state{standIn, Form()};
         // Without the libraries no file is what it is.
         if (!CheckLibraryVersions()) return 1;
-        if (!OpenForm(standIn, system::RawCommandLine(), state.form)) return 1;
-        shell.debugMode = state.form.request.debug;
-        return ShowForm(state);
+        if (!OpenForm(standIn, system::RawCommandLine(), formWindow.form)) return 1;
+        shell.debugMode = formWindow.form.request.debug;
+        return ShowForm();
     } catch (...) {
         ReportFault();
         return 1;

@@ -5,8 +5,8 @@
 
 namespace corvane::siblings {
 
-// Opens the form, shows it, and returns when the user has closed it; the result is the process's
-// exit status, 1 for a request that nothing could be shown of.
+// Opens the form, shows it, and returns when the user has closed it. The result is the process's
+// exit status: 0, or 1 when the request could not be opened.
 int RunStandIn(const StandIn& standIn);
 
 }  // namespace corvane::siblings

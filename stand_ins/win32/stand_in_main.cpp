@@ -1,4 +1,4 @@
-// The entry of every stand-in; CORVANE_STAND_IN names the one that is built.
+// The entry of every stand-in; CORVANE_STAND_IN is the name of its record.
 #include "platform/win32/win32.h"
 #include "stand_ins/stand_ins.h"
 #include "stand_ins/win32/form_window.h"

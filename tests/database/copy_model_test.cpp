@@ -32,7 +32,7 @@ struct CopyModelTest : test::EditingTest {
         return text;
     }
     int32_t Copy(int32_t number, ModelKind kind, bool keepBackup = false) {
-        return CopyModel(path, {number, kind, L"  Copy ", keepBackup});
+        return CopyModel(path, {number, kind, L"  Copy ", {keepBackup}});
     }
     void ExpectRefusedCopy(std::string_view text, int32_t number, ModelKind kind) {
         EXPECT_EQ(Copy(number, kind, true), 0);
@@ -190,7 +190,7 @@ TEST_F(CopyModelTest, StatusLabelIsClearedBehindTheCopy) {
 
 TEST_F(CopyModelTest, NothingHappensForAnEmptyPathAndOtherFilesAreReported) {
     std::wstring empty;
-    EXPECT_EQ(CopyModel(empty, {1, ModelKind::kSection, L"Copy", true}), 0);
+    EXPECT_EQ(CopyModel(empty, {1, ModelKind::kSection, L"Copy", {true}}), 0);
     EXPECT_TRUE(test::RecordingScreen::events.empty());
     EXPECT_EQ(Copy(1, ModelKind::kTorsion), 0);
     EXPECT_EQ(test::RecordingScreen::Of("warning"),

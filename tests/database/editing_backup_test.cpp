@@ -22,13 +22,13 @@ TEST_F(EditingBackupTest, BackupStandsBesideTheFileWithTheOldText) {
          {std::pair(L"ship.ve2", L"ship.bak"), std::pair(L"my.ship.ve2", L"my.ship.bak")}) {
         path = folder.File(name);
         Write(text);
-        EXPECT_TRUE(ReplaceSection(path, section, 1, false));
+        EXPECT_TRUE(ReplaceSection(path, section, 1));
         EXPECT_FALSE(FileExists(folder.File(backupName)));
         const std::string old = Text();
-        EXPECT_TRUE(ReplaceSection(path, section, 2, true));
+        EXPECT_TRUE(ReplaceSection(path, section, 2, {.keepBackup = true}));
         EXPECT_EQ(test::ReadFileBytes(folder.File(backupName)), old);
         const std::string older = Text();
-        EXPECT_TRUE(ReplaceSection(path, section, 3, true));
+        EXPECT_TRUE(ReplaceSection(path, section, 3, {.keepBackup = true}));
         EXPECT_EQ(test::ReadFileBytes(folder.File(backupName)), older);
     }
     EXPECT_EQ(test::FilesIn(folder.path).size(), 4U);
@@ -42,15 +42,15 @@ TEST_F(EditingBackupTest, DeletingKeepsTheOldText) {
 }
 
 TEST_F(EditingBackupTest, SectionIsCopiedWithABackupWhateverIsAskedFor) {
-    EXPECT_EQ(CopyModel(path, {1, ModelKind::kSection, L"Copy", false}), 6);
+    EXPECT_EQ(CopyModel(path, {1, ModelKind::kSection, L"Copy", {false}}), 6);
     EXPECT_EQ(test::ReadFileBytes(backup), text);
 }
 
 TEST_F(EditingBackupTest, TorsionCopyKeepsABackupAsAsked) {
-    EXPECT_EQ(CopyModel(path, {4, ModelKind::kTorsion, L"", false}), 6);
+    EXPECT_EQ(CopyModel(path, {4, ModelKind::kTorsion, L"", {false}}), 6);
     EXPECT_EQ(test::FilesIn(folder.path).size(), 1U);
     Write(text);
-    EXPECT_EQ(CopyModel(path, {4, ModelKind::kTorsion, L"", true}), 6);
+    EXPECT_EQ(CopyModel(path, {4, ModelKind::kTorsion, L"", {true}}), 6);
     EXPECT_EQ(test::ReadFileBytes(backup), text);
 }
 

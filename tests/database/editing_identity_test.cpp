@@ -169,11 +169,11 @@ struct EditingIdentityTest : test::TemporaryFilesInMemory, test::EditingTest {
         if (file.pieces[place].isBulkhead) {
             BulkheadArrangement record;
             ASSERT_TRUE(ReadBulkheadBlock(path, number, record));
-            ASSERT_TRUE(ReplaceBulkheadArrangement(path, record, number, false));
+            ASSERT_TRUE(ReplaceBulkheadArrangement(path, record, number));
         } else {
             SectionModel record;
             ASSERT_TRUE(ReadSectionBlock(path, number, false, record));
-            ASSERT_TRUE(ReplaceSection(path, record, number, false));
+            ASSERT_TRUE(ReplaceSection(path, record, number));
         }
         const std::string text = Text();
 

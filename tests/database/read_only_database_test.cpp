@@ -1,8 +1,7 @@
-// Edits of a read-only database: another file is asked for, and takes the text.
+// Edits of a read-only database: the user is asked for another file, which then has the text.
 #include <vector>
 
 #include "files/file_system.h"
-#include "platform/ztutil32.h"
 #include "tests/database/editing_fixture.h"
 
 namespace corvane {
@@ -15,40 +14,31 @@ using test::Narrow;
 using test::SampleHead;
 using test::WithoutDates;
 
-// The prompt's texts, and what the user answers to one prompt after the other; "" cancels.
-struct SeenPrompt {
-    std::string extension;
-    std::string title;
-    std::string name;
-    std::string caption;
-    int32_t flags = 0;
-};
-std::vector<SeenPrompt> prompts;
+// The names that were proposed to the user, and what the user answers to one question after the
+// other; "" cancels.
+std::vector<std::wstring> proposals;
 std::vector<std::wstring> answers;
-// Done while the prompt is open.
-void (*duringPrompt)() = nullptr;
+// Done while the question is open.
+void (*duringQuestion)() = nullptr;
 std::wstring originalPath;
 
-int16_t CORVANE_STDCALL Answer(char* extension, char* title, char* buffer, int32_t size,
-                               int32_t flags, char* caption) {
-    prompts.push_back({extension, title, buffer, caption, flags});
-    if (duringPrompt != nullptr) duringPrompt();
-    if (prompts.size() > answers.size() || answers[prompts.size() - 1].empty()) return 0;
-    const std::string answer = system::AnsiFromWide(answers[prompts.size() - 1]);
-    buffer[answer.copy(buffer, static_cast<size_t>(size) - 1)] = '\0';
-    return -1;
+std::wstring Ask(const std::wstring& proposed) {
+    proposals.push_back(proposed);
+    if (duringQuestion != nullptr) duringQuestion();
+    return proposals.size() > answers.size() ? std::wstring() : answers[proposals.size() - 1];
 }
 
+constexpr EditOptions kAsking{.ask = Ask};
+
 struct ReadOnlyDatabaseTest : test::EditingTest {
-    test::FakeFunction<decltype(ZTUtilPromptForName)> fake{ZTUtilPromptForName, Answer};
     const std::wstring original = path;
     const std::wstring other = folder.File(L"other.ve2");
     std::string text = DatabaseText(FiveBlocks());
 
     void SetUp() override {
-        prompts.clear();
+        proposals.clear();
         answers = {other};
-        duringPrompt = nullptr;
+        duringQuestion = nullptr;
         originalPath = original;
         WriteReadOnly(original, text);
     }
@@ -66,39 +56,42 @@ struct ReadOnlyDatabaseTest : test::EditingTest {
     static std::vector<std::string> Warnings() { return test::RecordingScreen::Of("warning"); }
 };
 
-TEST_F(ReadOnlyDatabaseTest, UserIsToldAndAskedForAnotherFile) {
-    EXPECT_TRUE(ReplaceSection(path, section, 1, false));
+TEST_F(ReadOnlyDatabaseTest, ReadOnlyFileIsReportedAndAnotherOneAskedFor) {
+    EXPECT_TRUE(ReplaceSection(path, section, 1, kAsking));
     EXPECT_EQ(Warnings(), std::vector<std::string>{ReadOnlyMessage(original)});
-    ASSERT_EQ(prompts.size(), 1U);
-    EXPECT_EQ(prompts[0].extension, "ve2");
-    EXPECT_EQ(prompts[0].title, GetMessageBytes(kMsgDatabaseFiles));
-    EXPECT_EQ(prompts[0].name, system::AnsiFromWide(original));
-    EXPECT_EQ(prompts[0].caption, "Save DB as...");
-    EXPECT_EQ(prompts[0].flags, -1);
+    EXPECT_EQ(proposals, std::vector<std::wstring>{original});
 }
 
-TEST_F(ReadOnlyDatabaseTest, TextIsTakenToTheOtherFileAndReplacedThere) {
-    EXPECT_TRUE(ReplaceSection(path, section, 2, false));
+TEST_F(ReadOnlyDatabaseTest, EditWithoutAQuestionEndsWithTheReport) {
+    EXPECT_FALSE(ReplaceSection(path, section, 1));
+    EXPECT_EQ(path, original);
+    EXPECT_EQ(Warnings(), std::vector<std::string>{ReadOnlyMessage(original)});
+    ExpectOriginalUntouched();
+    EXPECT_EQ(test::FilesIn(folder.path).size(), 1U);
+}
+
+TEST_F(ReadOnlyDatabaseTest, TextIsCopiedToTheOtherFileAndReplacedThere) {
+    EXPECT_TRUE(ReplaceSection(path, section, 2, kAsking));
     EXPECT_EQ(path, other);
     ExpectOriginalUntouched();
     EXPECT_FALSE(IsReadOnlyFile(other));
     const std::wstring expected = folder.File(L"expected.ve2");
     test::WriteFileBytes(expected, text);
     path = expected;
-    EXPECT_TRUE(ReplaceSection(path, section, 2, false));
+    EXPECT_TRUE(ReplaceSection(path, section, 2, kAsking));
     EXPECT_EQ(WithoutDates(test::ReadFileBytes(other)), WithoutDates(Text()));
-    EXPECT_EQ(prompts.size(), 1U);
+    EXPECT_EQ(proposals.size(), 1U);
 }
 
 TEST_F(ReadOnlyDatabaseTest, ModelIsCopiedInTheOtherFile) {
     for (const auto& [number, kind] :
          {std::pair(1, ModelKind::kSection), std::pair(4, ModelKind::kTorsion)}) {
         path = original;
-        prompts.clear();
-        EXPECT_EQ(CopyModel(path, {number, kind, L"Copy", false}), 6);
+        proposals.clear();
+        EXPECT_EQ(CopyModel(path, {number, kind, L"Copy", kAsking}), 6);
         EXPECT_EQ(path, other);
         ExpectOriginalUntouched();
-        EXPECT_EQ(prompts.size(), 1U);
+        EXPECT_EQ(proposals.size(), 1U);
         EXPECT_EQ(CountModels(other), 6);
         EXPECT_FALSE(IsReadOnlyFile(other));
     }
@@ -106,40 +99,40 @@ TEST_F(ReadOnlyDatabaseTest, ModelIsCopiedInTheOtherFile) {
 
 TEST_F(ReadOnlyDatabaseTest, FileThatTheUserNamesIsOverwritten) {
     test::WriteFileBytes(other, "an old file, longer than nothing");
-    EXPECT_TRUE(ReplaceSection(path, section, 6, false));
+    EXPECT_TRUE(ReplaceSection(path, section, 6, kAsking));
     EXPECT_EQ(CountModels(other), 6);
     EXPECT_EQ(path, other);
 }
 
-TEST_F(ReadOnlyDatabaseTest, CancelledPromptEndsTheEdit) {
+TEST_F(ReadOnlyDatabaseTest, CancelledQuestionEndsTheEdit) {
     for (const bool copy : {false, true}) {
         answers.clear();
-        prompts.clear();
+        proposals.clear();
         test::RecordingScreen::events.clear();
         if (copy) {
-            EXPECT_EQ(CopyModel(path, {1, ModelKind::kSection, L"Copy", true}), 0);
+            EXPECT_EQ(CopyModel(path, {1, ModelKind::kSection, L"Copy", {true, Ask}}), 0);
         } else {
-            EXPECT_FALSE(ReplaceSection(path, section, 1, true));
+            EXPECT_FALSE(ReplaceSection(path, section, 1, {true, Ask}));
         }
         EXPECT_EQ(path, original);
         ExpectOriginalUntouched();
-        EXPECT_EQ(prompts.size(), 1U);
+        EXPECT_EQ(proposals.size(), 1U);
         EXPECT_EQ(Warnings(), std::vector<std::string>{ReadOnlyMessage(original)});
         EXPECT_EQ(test::FilesIn(folder.path).size(), 1U);
     }
 }
 
-TEST_F(ReadOnlyDatabaseTest, FileThatIsReadOnlyTooIsAskedAboutAgain) {
+TEST_F(ReadOnlyDatabaseTest, QuestionIsAskedAgainForAFileThatIsReadOnlyToo) {
     const std::wstring alsoReadOnly = folder.File(L"also.ve2");
     WriteReadOnly(alsoReadOnly, "also");
     answers = {alsoReadOnly, original, other};
-    EXPECT_TRUE(ReplaceSection(path, section, 1, false));
+    EXPECT_TRUE(ReplaceSection(path, section, 1, kAsking));
     EXPECT_EQ(path, other);
     EXPECT_EQ(Warnings(),
               (std::vector<std::string>{ReadOnlyMessage(original), ReadOnlyMessage(alsoReadOnly),
                                         ReadOnlyMessage(original)}));
-    EXPECT_EQ(prompts.size(), 3U);
-    EXPECT_EQ(prompts[1].name, system::AnsiFromWide(alsoReadOnly));
+    EXPECT_EQ(proposals.size(), 3U);
+    EXPECT_EQ(proposals[1], alsoReadOnly);
     EXPECT_EQ(test::ReadFileBytes(alsoReadOnly), "also");
     ExpectOriginalUntouched();
     EXPECT_EQ(CountModels(other), 5);
@@ -147,15 +140,15 @@ TEST_F(ReadOnlyDatabaseTest, FileThatIsReadOnlyTooIsAskedAboutAgain) {
 
 TEST_F(ReadOnlyDatabaseTest, FileMadeWritableMeanwhileIsEditedItself) {
     answers = {folder.path + L".\\ship.ve2"};
-    duringPrompt = [] { system::SetReadOnly(originalPath, false); };
-    EXPECT_TRUE(ReplaceSection(path, section, 6, false));
+    duringQuestion = [] { system::SetReadOnly(originalPath, false); };
+    EXPECT_TRUE(ReplaceSection(path, section, 6, kAsking));
     EXPECT_EQ(CountModels(original), 6);
     EXPECT_EQ(test::FilesIn(folder.path).size(), 1U);
 }
 
-TEST_F(ReadOnlyDatabaseTest, TextThatCanNotBeTakenThereIsReported) {
+TEST_F(ReadOnlyDatabaseTest, TextThatCannotBeCopiedThereIsReported) {
     answers = {folder.File(L"no folder\\other.ve2")};
-    EXPECT_FALSE(ReplaceSection(path, section, 1, true));
+    EXPECT_FALSE(ReplaceSection(path, section, 1, {true, Ask}));
     EXPECT_EQ(path, original);
     ASSERT_EQ(Warnings().size(), 2U);
     EXPECT_NE(Warnings()[1].find(Narrow(answers[0])), std::string::npos);
@@ -163,17 +156,17 @@ TEST_F(ReadOnlyDatabaseTest, TextThatCanNotBeTakenThereIsReported) {
     EXPECT_EQ(test::FilesIn(folder.path).size(), 1U);
 }
 
-TEST_F(ReadOnlyDatabaseTest, OnlyADatabaseIsTakenElsewhere) {
+TEST_F(ReadOnlyDatabaseTest, OnlyADatabaseIsCopiedElsewhere) {
     ASSERT_EQ(system::SetReadOnly(original, false), system::kErrorNone);
     WriteReadOnly(original, "a letter\r\n");
-    EXPECT_FALSE(ReplaceSection(path, section, 1, true));
-    EXPECT_TRUE(prompts.empty());
+    EXPECT_FALSE(ReplaceSection(path, section, 1, {true, Ask}));
+    EXPECT_TRUE(proposals.empty());
     ExpectRefusal("a letter\r\n", kMsgNoDatabase, {path});
 }
 
-TEST_F(ReadOnlyDatabaseTest, DeletingAsksForNothing) {
+TEST_F(ReadOnlyDatabaseTest, DeletingAsksNothing) {
     EXPECT_FALSE(DeleteModel(path, 1, true));
-    EXPECT_TRUE(prompts.empty());
+    EXPECT_TRUE(proposals.empty());
     EXPECT_EQ(Warnings(), std::vector<std::string>{ReadOnlyMessage(original)});
     ExpectOriginalUntouched();
 }

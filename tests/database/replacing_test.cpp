@@ -26,14 +26,14 @@ struct ReplacingTest : test::EditingTest {
         return WithoutDates(text);
     }
     void ExpectRefusedNumber(std::string_view text, int32_t number) {
-        EXPECT_FALSE(ReplaceSection(path, section, number, true));
+        EXPECT_FALSE(ReplaceSection(path, section, number, {.keepBackup = true}));
         ExpectRefusal(text, kMsgModelMissing, {number, path});
     }
 };
 
 TEST_F(ReplacingTest, ReplacingTheOnlyModelWritesHeadNewBlockNothingElse) {
     Write(DatabaseText({SampleBlock()}));
-    EXPECT_TRUE(ReplaceSection(path, section, 1, false));
+    EXPECT_TRUE(ReplaceSection(path, section, 1));
     EXPECT_EQ(WithoutDates(Text()), WithoutDates(SampleHead() + BlockText(section, 1)));
     EXPECT_EQ(test::FilesIn(folder.path).size(), 1U);
     EXPECT_TRUE(test::RecordingScreen::Of("warning").empty());
@@ -43,7 +43,7 @@ TEST_F(ReplacingTest, EachOfFiveModelsIsReplacedAndTheOthersStay) {
     const std::vector<SampleBlock> blocks = FiveBlocks();
     for (size_t i = 0; i < blocks.size(); ++i) {
         Write(DatabaseText(blocks));
-        EXPECT_TRUE(ReplaceSection(path, section, static_cast<int32_t>(i) + 1, false));
+        EXPECT_TRUE(ReplaceSection(path, section, static_cast<int32_t>(i) + 1));
         EXPECT_EQ(WithoutDates(Text()), WithSectionAt(blocks, i)) << i;
     }
 }
@@ -54,24 +54,24 @@ TEST_F(ReplacingTest, NumberOneAboveTheCountAppends) {
     for (const SampleBlock& block : blocks) expected += CopiedBlockText(block, 0);
     expected = WithoutDates(expected + BlockText(section, 6));
     Write(DatabaseText(blocks));
-    EXPECT_TRUE(ReplaceSection(path, section, 6, false));
+    EXPECT_TRUE(ReplaceSection(path, section, 6));
     EXPECT_EQ(WithoutDates(Text()), expected);
 
     // The last line gets the end that it lacks.
     Write(DatabaseText(blocks).substr(0, DatabaseText(blocks).size() - 2));
-    EXPECT_TRUE(ReplaceSection(path, section, 6, false));
+    EXPECT_TRUE(ReplaceSection(path, section, 6));
     EXPECT_EQ(WithoutDates(Text()), expected);
 }
 
 TEST_F(ReplacingTest, FirstModelIsAppendedToTheHead) {
     Write(SampleHead());
-    EXPECT_TRUE(ReplaceSection(path, section, 1, false));
+    EXPECT_TRUE(ReplaceSection(path, section, 1));
     EXPECT_EQ(WithoutDates(Text()), WithoutDates(SampleHead() + BlockText(section, 1)));
 }
 
 TEST_F(ReplacingTest, RecordComesBackAsItWasReplaced) {
     Write(DatabaseText(FiveBlocks()));
-    ASSERT_TRUE(ReplaceSection(path, section, 3, false));
+    ASSERT_TRUE(ReplaceSection(path, section, 3));
     SectionModel read;
     ASSERT_TRUE(ReadSectionBlock(path, 3, false, read));
     EXPECT_EQ(read.identifier, section.identifier);
@@ -81,10 +81,10 @@ TEST_F(ReplacingTest, RecordComesBackAsItWasReplaced) {
 TEST_F(ReplacingTest, SectionWithoutIdentifierGetsOneAndKeepsIt) {
     Write(SampleHead());
     section.identifier.clear();
-    ASSERT_TRUE(ReplaceSection(path, section, 1, false));
+    ASSERT_TRUE(ReplaceSection(path, section, 1));
     const std::string identifier = section.identifier;
     EXPECT_FALSE(identifier.empty());
-    ASSERT_TRUE(ReplaceSection(path, section, 1, false));
+    ASSERT_TRUE(ReplaceSection(path, section, 1));
     EXPECT_EQ(section.identifier, identifier);
     SectionModel read;
     ASSERT_TRUE(ReadSectionBlock(path, 1, false, read));
@@ -95,15 +95,15 @@ TEST_F(ReplacingTest, BulkheadArrangementIsReplacedAndAppended) {
     BulkheadArrangement arrangement = test::FullArrangement();
     const std::vector<SampleBlock> blocks = FiveBlocks();
     Write(DatabaseText(blocks));
-    EXPECT_TRUE(ReplaceBulkheadArrangement(path, arrangement, 2, false));
+    EXPECT_TRUE(ReplaceBulkheadArrangement(path, arrangement, 2));
     const std::string expected = Copied({blocks[0]}) + BlockText(arrangement, 2) +
                                  CopiedBlockText(blocks[2], 0) + CopiedBlockText(blocks[3], 0) +
                                  CopiedBlockText(blocks[4], 0);
     EXPECT_EQ(WithoutDates(Text()), WithoutDates(expected));
-    EXPECT_TRUE(ReplaceBulkheadArrangement(path, arrangement, 6, false));
+    EXPECT_TRUE(ReplaceBulkheadArrangement(path, arrangement, 6));
     EXPECT_EQ(WithoutDates(Text()), WithoutDates(expected + BlockText(arrangement, 6)));
     const std::string text = Text();
-    EXPECT_FALSE(ReplaceBulkheadArrangement(path, arrangement, 8, false));
+    EXPECT_FALSE(ReplaceBulkheadArrangement(path, arrangement, 8));
     ExpectRefusal(text, kMsgModelMissing, {8, path});
 }
 
@@ -118,7 +118,7 @@ TEST_F(ReplacingTest, BulkheadArrangementPutBackTenTimesLeavesNothingBehind) {
         for (int i = 0; i < 10; ++i) {
             BulkheadArrangement read;
             ASSERT_TRUE(ReadBulkheadBlock(path, 1, read));
-            ASSERT_TRUE(ReplaceBulkheadArrangement(path, read, 1, false));
+            ASSERT_TRUE(ReplaceBulkheadArrangement(path, read, 1));
         }
         EXPECT_EQ(WithoutDates(Text()), WithoutDates(text)) << bare;
     }
@@ -135,7 +135,7 @@ TEST_F(ReplacingTest, NumberThatNoBlockHasIsReportedAndNothingWritten) {
 TEST_F(ReplacingTest, FirstBlockOfADoubleNumberIsReplaced) {
     const std::vector<SampleBlock> blocks = Numbered({" 1 ", " 2 ", " 2 ", " 2 ", " 5 "});
     Write(DatabaseText(blocks));
-    EXPECT_TRUE(ReplaceSection(path, section, 2, false));
+    EXPECT_TRUE(ReplaceSection(path, section, 2));
     EXPECT_EQ(WithoutDates(Text()), WithSectionAt(blocks, 1));
 }
 
@@ -145,7 +145,7 @@ TEST_F(ReplacingTest, NumbersInAnyOrderAreFound) {
     for (size_t i = 0; i < blocks.size(); ++i) {
         if (numbers[i] < 1) continue;
         Write(DatabaseText(blocks));
-        EXPECT_TRUE(ReplaceSection(path, section, numbers[i], false));
+        EXPECT_TRUE(ReplaceSection(path, section, numbers[i]));
         EXPECT_EQ(WithoutDates(Text()), WithSectionAt(blocks, i)) << i;
     }
 }
@@ -156,7 +156,7 @@ TEST_F(ReplacingTest, ModelIsAppendedBehindTheHighestNumberOfAFileWithGaps) {
     Write(text);
     ExpectRefusedNumber(text, 6);
     EXPECT_EQ(NextModelNumber(path), 91);
-    EXPECT_TRUE(ReplaceSection(path, section, 91, false));
+    EXPECT_TRUE(ReplaceSection(path, section, 91));
     EXPECT_EQ(WithoutDates(Text()),
               WithoutDates(WithSectionAt(blocks, 5) + BlockText(section, 91)));
 }
@@ -186,11 +186,11 @@ TEST_F(ReplacingTest, DamagedBlocksPassUnchanged) {
                                "\r\n* no number\r\n" + lines.modelMarker + "\r\n" +
                                lines.commentRule + "\r\nno number\r\n";
     Write(SampleHead() + BlockText(blocks[0]) + damaged + BlockText(blocks[1]) + damaged);
-    EXPECT_TRUE(ReplaceSection(path, section, 2, false));
+    EXPECT_TRUE(ReplaceSection(path, section, 2));
     EXPECT_EQ(WithoutDates(Text()),
               WithoutDates(Copied({blocks[0]}) + copied + BlockText(section, 2) + copied));
     Write(SampleHead() + damaged + BlockText(blocks[0]) + damaged);
-    EXPECT_TRUE(ReplaceSection(path, section, 1, false));
+    EXPECT_TRUE(ReplaceSection(path, section, 1));
     EXPECT_EQ(WithoutDates(Text()),
               WithoutDates(SampleHead() + copied + BlockText(section, 1) + copied));
 }
@@ -214,7 +214,7 @@ struct ClosingRuleTest : ReplacingTest {
         for (int i = 0; i < 10; ++i) {
             SectionModel read;
             EXPECT_TRUE(ReadSectionBlock(path, 1, false, read));
-            EXPECT_TRUE(ReplaceSection(path, read, 1, false));
+            EXPECT_TRUE(ReplaceSection(path, read, 1));
         }
         return WithoutDates(Text());
     }
@@ -238,9 +238,9 @@ TEST_F(ClosingRuleTest, CommentsOfTheNextBlockSurviveAChangeOfTheTables) {
     bare.panels.clear();
     // Without brackets, with them, without again.
     Write(SampleHead() + BlockText(bare, 1) + BlockText(next));
-    EXPECT_TRUE(ReplaceSection(path, section, 1, false));
+    EXPECT_TRUE(ReplaceSection(path, section, 1));
     EXPECT_TRUE(Text().ends_with(BlockText(next)));
-    EXPECT_TRUE(ReplaceSection(path, bare, 1, false));
+    EXPECT_TRUE(ReplaceSection(path, bare, 1));
     EXPECT_TRUE(Text().ends_with(BlockText(next)));
     EXPECT_EQ(AfterTenTimesReadAndReplaced(Text()), WithoutDates(Text()));
 }
@@ -249,7 +249,7 @@ TEST_F(ReplacingTest, CommentsBeforeTheNextMarkerStay) {
     std::vector<SampleBlock> blocks = FiveBlocks();
     blocks[1].beforeMarker = "*\r\n* a note on the second\r\n*\r\n*\r\n";
     Write(DatabaseText(blocks));
-    EXPECT_TRUE(ReplaceSection(path, section, 1, false));
+    EXPECT_TRUE(ReplaceSection(path, section, 1));
     EXPECT_EQ(WithoutDates(Text()), WithSectionAt(blocks, 0));
 }
 
@@ -257,21 +257,21 @@ TEST_F(ReplacingTest, CommentsBeforeTheNextMarkerStay) {
 
 TEST_F(ReplacingTest, StatusLabelTellsOfTheWritingAndIsClearedBehindIt) {
     Write(DatabaseText(FiveBlocks()));
-    EXPECT_TRUE(ReplaceSection(path, section, 1, false));
+    EXPECT_TRUE(ReplaceSection(path, section, 1));
     const std::string writing = test::Narrow(FormatMessage(kMsgWritingDatabase, {path})) + "...";
     EXPECT_EQ(Captions(), (std::vector<std::string>{writing, ""}));
 }
 
 TEST_F(ReplacingTest, EmptyPathDoesNothing) {
     std::wstring empty;
-    EXPECT_FALSE(ReplaceSection(empty, section, 1, true));
+    EXPECT_FALSE(ReplaceSection(empty, section, 1, {.keepBackup = true}));
     EXPECT_TRUE(test::RecordingScreen::events.empty());
 }
 
 TEST_F(ReplacingTest, FileThatIsNotThereIsReported) {
     for (std::wstring missing : {folder.File(L"none.ve2"), folder.File(L"no folder\\none.ve2")}) {
         test::RecordingScreen::events.clear();
-        EXPECT_FALSE(ReplaceSection(missing, section, 1, true));
+        EXPECT_FALSE(ReplaceSection(missing, section, 1, {.keepBackup = true}));
         EXPECT_EQ(
             test::RecordingScreen::Of("warning"),
             std::vector<std::string>{test::Narrow(FormatMessage(kMsgFileMissing, {missing}))});
@@ -282,14 +282,14 @@ TEST_F(ReplacingTest, FileThatIsNotThereIsReported) {
 TEST_F(ReplacingTest, FileThatIsNoDatabaseIsReportedAndStays) {
     for (const char* text : {"", "* only comments\r\n", "a letter\r\n", "\r\n", "\xFF\xFE"}) {
         Write(text);
-        EXPECT_FALSE(ReplaceSection(path, section, 1, true));
+        EXPECT_FALSE(ReplaceSection(path, section, 1, {.keepBackup = true}));
         ExpectRefusal(text, kMsgNoDatabase, {path});
     }
 }
 
 TEST_F(ReplacingTest, FolderIsReportedAndStays) {
     ASSERT_EQ(system::MakeDirectory(path), system::kErrorNone);
-    EXPECT_FALSE(ReplaceSection(path, section, 1, true));
+    EXPECT_FALSE(ReplaceSection(path, section, 1, {.keepBackup = true}));
     EXPECT_EQ(test::RecordingScreen::Of("warning").size(), 1U);
     EXPECT_TRUE(IsDirectory(path));
 }

@@ -42,9 +42,9 @@ std::string MakeOldDatabase() {
     test::WriteFileBytes(path, test::ReadFileBytes(path) + TorsionBlock());
     SectionModel section = test::FullSection();
     BulkheadArrangement arrangement = test::FullArrangement();
-    ReplaceSection(path, section, kSection, false);
-    ReplaceBulkheadArrangement(path, arrangement, kBulkhead, false);
-    ReplaceSection(path, section, kLastSection, false);
+    ReplaceSection(path, section, kSection);
+    ReplaceBulkheadArrangement(path, arrangement, kBulkhead);
+    ReplaceSection(path, section, kLastSection);
     return test::ReadFileBytes(path);
 }
 
@@ -79,20 +79,20 @@ bool WriteSection(const std::wstring& path) {
     std::wstring database = path;
     SectionModel section;
     section.name = L"A new section";
-    return ReplaceSection(database, section, kNumber, kKeepBackup);
+    return ReplaceSection(database, section, kNumber, {kKeepBackup});
 }
 
 template <int32_t kNumber, bool kKeepBackup>
 bool WriteBulkhead(const std::wstring& path) {
     std::wstring database = path;
     BulkheadArrangement arrangement;
-    return ReplaceBulkheadArrangement(database, arrangement, kNumber, kKeepBackup);
+    return ReplaceBulkheadArrangement(database, arrangement, kNumber, {kKeepBackup});
 }
 
 template <int32_t kNumber, ModelKind kKind, bool kKeepBackup>
 bool Copy(const std::wstring& path) {
     std::wstring database = path;
-    return CopyModel(database, {kNumber, kKind, L"A copy", kKeepBackup}) == kNewModel;
+    return CopyModel(database, {kNumber, kKind, L"A copy", {kKeepBackup}}) == kNewModel;
 }
 
 template <int32_t kNumber, bool kKeepBackup>

@@ -1,67 +1,118 @@
-// The sample ship that comes with the program.
+// The sample ship that comes with the program: what its files promise to whoever opens them.
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
+#include <cwchar>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "bsd/bsd_file.h"
 #include "bsd/frames.h"
+#include "database/bulkhead_file.h"
 #include "database/database_file.h"
+#include "database/section_file.h"
 #include "legacy/exchange.h"
-#include "shell/state.h"
-#include "shell/window_contents.h"
+#include "preview/section_preview.h"
 #include "tests/support/support.h"
 
 namespace corvane {
 namespace {
 
-std::wstring SamplePath() {
-    return test::DataPath("../samples/aurora_bay.ve2");
-}
+using test::Narrow;
+
+constexpr int32_t kSectionCount = 9;
+constexpr int32_t kLastBulkhead = 12;
 
 struct ExpectedModel {
     const wchar_t* name;
-    const wchar_t* x;
-    const wchar_t* type;
+    ModelKind kind;
+    float x_m;
 };
 
 constexpr ExpectedModel kModels[] = {
-    {L"Engine room, frame 30", L"20.700", L"Section"},
-    {L"Hold 7, frame 61", L"44.700", L"Section"},
-    {L"Hold 6, frame 91", L"68.700", L"Section"},
-    {L"Hold 5, frame 121", L"92.700", L"Section"},
-    {L"Midship section, hold 4", L"108.500", L"Section"},
-    {L"Hold 3, frame 181", L"140.700", L"Section"},
-    {L"Hold 2, frame 211", L"164.700", L"Section"},
-    {L"Hold 1, frame 240", L"187.900", L"Section"},
-    {L"Fore peak, frame 270", L"208.700", L"Section"},
-    {L"Engine room bulkhead, frame 46", L"32.700", L"Bulkhead"},
-    {L"Corrugated bulkhead, holds 5 and 4", L"104.700", L"Bulkhead"},
-    {L"Collision bulkhead, frame 254", L"199.100", L"Bulkhead"},
-    {L"Torsion model, holds 7 to 1", L"", L"Torsion"},
-    {L"Torsion model, holds 5 to 3", L"", L"Torsion"},
+    {L"Engine room, frame 30", ModelKind::kSection, 20.7F},
+    {L"Hold 7, frame 61", ModelKind::kSection, 44.7F},
+    {L"Hold 6, frame 91", ModelKind::kSection, 68.7F},
+    {L"Hold 5, frame 121", ModelKind::kSection, 92.7F},
+    {L"Midship section, hold 4", ModelKind::kSection, 108.5F},
+    {L"Hold 3, frame 181", ModelKind::kSection, 140.7F},
+    {L"Hold 2, frame 211", ModelKind::kSection, 164.7F},
+    {L"Hold 1, frame 240", ModelKind::kSection, 187.9F},
+    {L"Fore peak, frame 270", ModelKind::kSection, 208.7F},
+    {L"Engine room bulkhead, frame 46", ModelKind::kBulkhead, 32.7F},
+    {L"Corrugated bulkhead, holds 5 and 4", ModelKind::kBulkhead, 104.7F},
+    {L"Collision bulkhead, frame 254", ModelKind::kBulkhead, 199.1F},
+    {L"Torsion model, holds 7 to 1", ModelKind::kTorsion, -1},
+    {L"Torsion model, holds 5 to 3", ModelKind::kTorsion, -1},
 };
 
-TEST(Sample, IsADatabaseInOurCatalogue) {
-    EXPECT_TRUE(IsDatabaseFile(SamplePath()));
-}
+struct SampleTest : testing::Test {
+    test::RecordingScreen screen;
+    test::TemporaryFolder folder;
+    std::wstring path = test::DataPath("../samples/aurora_bay.ve2");
+    std::wstring legacyPath = test::DataPath("../samples/aurora_bay.vel");
 
-TEST(Sample, ListsItsModels) {
-    const test::RecordingScreen screen;
-    const std::vector<ModelRow> rows = FillModelList(SamplePath());
-    ASSERT_EQ(rows.size(), std::size(kModels));
-    for (size_t i = 0; i < rows.size(); ++i) {
-        EXPECT_EQ(test::Narrow(rows[i].name), test::Narrow(kModels[i].name));
-        EXPECT_EQ(test::Narrow(rows[i].x), test::Narrow(kModels[i].x));
-        EXPECT_EQ(test::Narrow(rows[i].type), test::Narrow(kModels[i].type));
+    void TearDown() override {
+        EXPECT_EQ(test::RecordingScreen::Of("warning"), std::vector<std::string>{});
     }
+    SectionModel ReadSection(int32_t number) const {
+        SectionModel model;
+        EXPECT_TRUE(ReadSectionBlock(path, number, false, model)) << number;
+        return model;
+    }
+    // The lines after the name label of model `number`, as they are in the file.
+    std::string Body(int32_t number) const {
+        const std::string bytes = test::ReadFileBytes(path);
+        const std::string marker = "====== CORVANE MODEL ======\r\n";
+        const std::string label = "MODEL NAME\r\n";
+        size_t begin = 0;
+        for (int32_t i = 0; i < number; ++i) begin = bytes.find(marker, begin) + marker.size();
+        begin = bytes.find(label, begin) + label.size();
+        return bytes.substr(begin, bytes.find(marker, begin) - begin);
+    }
+    // What a writer of a block's body makes of a model.
+    template <class Writer, class Model>
+    std::string Written(Writer write, Model& model) const {
+        TextWriter writer;
+        EXPECT_TRUE(CreateText(writer, folder.File(L"again.txt")));
+        write(writer, model);
+        EXPECT_TRUE(CloseText(writer));
+        return test::ReadFileBytes(folder.File(L"again.txt"));
+    }
+};
+
+TEST_F(SampleTest, IsADatabaseInOurCatalogue) {
+    EXPECT_TRUE(IsDatabaseFile(path));
 }
 
-TEST(Sample, BasicShipDataAreDefined) {
-    const test::RecordingScreen screen;
+TEST_F(SampleTest, LinesEndWithCrLf) {
+    const std::string bytes = test::ReadFileBytes(path);
+    ASSERT_FALSE(bytes.empty());
+    EXPECT_EQ(bytes.substr(bytes.size() - 2), "\r\n");
+    const auto returns = std::count(bytes.begin(), bytes.end(), '\r');
+    EXPECT_EQ(std::count(bytes.begin(), bytes.end(), '\n'), returns);
+}
+
+TEST_F(SampleTest, ListsItsModels) {
+    const std::vector<ModelEntry> models = ListModelsWithPositions(path);
+    ASSERT_EQ(models.size(), std::size(kModels));
+    std::set<std::wstring> names;
+    for (size_t i = 0; i < models.size(); ++i) {
+        EXPECT_EQ(models[i].number, static_cast<int32_t>(i + 1));
+        EXPECT_EQ(Narrow(models[i].name), Narrow(kModels[i].name));
+        EXPECT_EQ(models[i].kind, kModels[i].kind) << i;
+        // A torsion model has no position in the list.
+        EXPECT_EQ(models[i].x, kModels[i].x_m) << i;
+        names.insert(models[i].name);
+    }
+    EXPECT_EQ(names.size(), models.size()) << "a name twice";
+}
+
+TEST_F(SampleTest, BasicShipDataAreDefined) {
     BasicShipData bsd;
-    ASSERT_TRUE(LoadBsdFromDatabase(SamplePath(), bsd));
+    ASSERT_TRUE(LoadBsdFromDatabase(path, bsd));
     EXPECT_TRUE(IsBsdDefined(bsd));
     EXPECT_EQ(bsd.Titles(1).Trimmed(), L"Aurora Bay");
     EXPECT_EQ(bsd.Titles(5).Trimmed(), L"AURORA BAY");
@@ -72,43 +123,152 @@ TEST(Sample, BasicShipDataAreDefined) {
     EXPECT_EQ(bsd.Remark.Trimmed(), L"Sample data: not a ship in service");
 }
 
-TEST(Sample, FramesReachFromSternToBow) {
-    const test::RecordingScreen screen;
+TEST_F(SampleTest, ModelsAreAtTheFramesOfTheirNames) {
     BasicShipData bsd;
-    ASSERT_TRUE(LoadBsdFromDatabase(SamplePath(), bsd));
-    EXPECT_NEAR(FrameX(bsd, -6), -3.6, 1e-4);
-    EXPECT_NEAR(FrameX(bsd, 12), 7.2, 1e-4);
-    EXPECT_NEAR(FrameX(bsd, 46), 32.7, 1e-4);
-    EXPECT_NEAR(FrameX(bsd, 254), 199.1, 1e-4);
-    EXPECT_NEAR(FrameX(bsd, 292), 221.9, 1e-4);
+    ASSERT_TRUE(LoadBsdFromDatabase(path, bsd));
+    int count = 0;
+    for (const ModelEntry& model : ListModelsWithPositions(path)) {
+        int frame = 0;
+        const size_t word = model.name.find(L"frame ");
+        if (word == std::wstring::npos) continue;
+        ASSERT_EQ(std::swscanf(model.name.c_str() + word, L"frame %d", &frame), 1);
+        EXPECT_NEAR(FrameX(bsd, frame), model.x, 1e-4) << Narrow(model.name);
+        ++count;
+    }
+    EXPECT_EQ(count, 10);
 }
 
-TEST(Sample, SectionsStandAtTheFramesOfTheirNames) {
-    const test::RecordingScreen screen;
-    ASSERT_TRUE(LoadBsdFromDatabase(SamplePath(), shell.bsd));
-    EXPECT_EQ(FrameText(ModelPosition(SamplePath(), 1)), L"Frame : 30");
-    EXPECT_EQ(FrameText(ModelPosition(SamplePath(), 5)), L"Closer Frame : 141 (0.200 m)");
-    EXPECT_EQ(FrameText(ModelPosition(SamplePath(), 9)), L"Frame : 270");
-    EXPECT_EQ(FrameText(ModelPosition(SamplePath(), 12)), L"Frame : 254");
+// ---- Sections ----------------------------------------------------------------------------------
+
+TEST_F(SampleTest, SectionsAreComputedWithoutFault) {
+    for (int32_t number = 1; number <= kSectionCount; ++number) {
+        SectionModel model = ReadSection(number);
+        LibraryView view;
+        MakeLibraryView(model, view);
+        DrawingParameters parameters{};
+        EXPECT_EQ(QuickCompute(&view.section, &parameters), 0) << number;
+        EXPECT_EQ(view.section.geometryPresent, -1) << number;
+        EXPECT_FALSE(model.panels.empty()) << number;
+        EXPECT_FALSE(model.compartments.empty()) << number;
+        for (const Panel& panel : model.panels) {
+            SCOPED_TRACE(Narrow(panel.name));
+            EXPECT_FALSE(panel.plates.empty());
+            for (const Node& node : panel.nodes) EXPECT_EQ(node.computed, -1);
+        }
+    }
 }
 
-TEST(Sample, LegacyDatabaseMadeAgainIsTheSame) {
-    const test::RecordingScreen screen;
-    const test::TemporaryFolder folder;
+int traceCount = 0;
+
+// Points of the plating and ends of the stiffeners' webs that the picture does not show.
+int PointsOutside(const Picture& picture, std::vector<Strake>& strakes, const SectionModel& model) {
+    const auto isOutside = [&picture](float y, float z) {
+        return y < picture.scaleLeft || y > picture.scaleLeft + picture.scaleWidth ||
+               z > picture.scaleTop || z < picture.scaleTop + picture.scaleHeight;
+    };
+    constexpr int kPieces = 50;
+    int outside = 0;
+    for (size_t i = 0; i < model.panels.size(); ++i) {
+        for (int k = 0; k <= kPieces; ++k) {
+            float y = 0;
+            float z = 0;
+            const float s = strakes[i].length * static_cast<float>(k) / kPieces;
+            EXPECT_EQ(SToYZ(&strakes[i], s, &y, &z, 0.001F), 0);
+            outside += isOutside(y, z) ? 1 : 0;
+        }
+        for (const Stiffener& row : model.panels[i].stiffeners) {
+            const float web = row.webHeight_mm / 1000;
+            outside += isOutside(row.y + row.normalY * web, row.z + row.normalZ * web) ? 1 : 0;
+        }
+    }
+    return outside;
+}
+
+TEST_F(SampleTest, SectionsAreDrawnInsideTheirFrame) {
+    BasicShipData bsd;
+    ASSERT_TRUE(LoadBsdFromDatabase(path, bsd));
+    const test::FakeFunction trace(
+        TraceSection, [](DeviceHandle, Section*, DrawingParameters*) { ++traceCount; });
+    traceCount = 0;
+    for (int32_t number = 1; number <= kSectionCount; ++number) {
+        SectionModel model = ReadSection(number);
+        LibraryView view;
+        MakeLibraryView(model, view);
+        Picture picture;
+        picture.width = 4000;
+        picture.height = 5000;
+        picture.clear = [](Picture&) {};
+        picture.setFont = [](Picture&, float) {};
+        picture.systemColour = [](int) { return int32_t{0}; };
+        DrawSectionPreview(view.section, bsd, picture);
+        EXPECT_EQ(traceCount, number) << "is drawn";
+        EXPECT_GT(picture.scaleWidth, 0) << number;
+        EXPECT_EQ(PointsOutside(picture, view.strakes, model), 0) << number;
+    }
+}
+
+TEST_F(SampleTest, SectionsAreWrittenAgainAsTheyAre) {
+    for (int32_t number = 1; number <= kSectionCount; ++number) {
+        SectionModel model = ReadSection(number);
+        EXPECT_EQ(Written(WriteSectionBody, model), Body(number)) << number;
+    }
+}
+
+// ---- The other models --------------------------------------------------------------------------
+
+TEST_F(SampleTest, BulkheadsAreWrittenAgainAsTheyAre) {
+    for (int32_t number = kSectionCount + 1; number <= kLastBulkhead; ++number) {
+        BulkheadArrangement arrangement;
+        ASSERT_TRUE(ReadBulkheadBlock(path, number, arrangement)) << number;
+        EXPECT_FALSE(arrangement.bulkheads.empty()) << number;
+        EXPECT_FALSE(arrangement.holds.empty()) << number;
+        EXPECT_EQ(Written(WriteBulkheadBody, arrangement), Body(number)) << number;
+    }
+}
+
+TEST_F(SampleTest, TorsionModelsHaveTheirFiveTables) {
+    for (const int32_t number : {13, 14}) {
+        const std::string body = Body(number);
+        size_t at = 0;
+        for (const char* table :
+             {"HOLDS", "TRANS BEAM", "BEAM MODELS", "LONG BEAM", "TOR RESULTS"}) {
+            const std::string head =
+                "------------------ " + std::string(table) + " ------------------\r\n";
+            at = body.find(head, at);
+            ASSERT_NE(at, std::string::npos) << number << ' ' << table;
+            at += head.size();
+        }
+    }
+}
+
+// ---- As a legacy database ----------------------------------------------------------------------
+
+TEST_F(SampleTest, LegacyDatabaseMadeAgainIsTheSame) {
     const std::wstring made = folder.File(L"made.vel");
-    ASSERT_TRUE(ExportDatabase(SamplePath(), made));
-    EXPECT_TRUE(test::RecordingScreen::Of("warning").empty());
+    ASSERT_TRUE(ExportDatabase(path, made));
     const std::string bytes = test::ReadFileBytes(made);
     EXPECT_EQ(bytes.size(), 150620u);
-    EXPECT_TRUE(bytes == test::ReadFileBytes(test::DataPath("../samples/aurora_bay.vel")));
+    EXPECT_TRUE(bytes == test::ReadFileBytes(legacyPath));
 }
 
-TEST(Sample, LinesEndWithCrLf) {
-    const std::string bytes = test::ReadFileBytes(SamplePath());
-    ASSERT_FALSE(bytes.empty());
-    EXPECT_EQ(bytes.substr(bytes.size() - 2), "\r\n");
-    const auto returns = std::count(bytes.begin(), bytes.end(), '\r');
-    EXPECT_EQ(std::count(bytes.begin(), bytes.end(), '\n'), returns);
+TEST_F(SampleTest, LegacyDatabaseHasTheShipAndItsSections) {
+    BasicShipData ship;
+    BasicShipData legacy;
+    ASSERT_TRUE(LoadBsdFromDatabase(path, ship));
+    ASSERT_EQ(LoadBsdFromLegacy(legacyPath, legacy), 0);
+    EXPECT_EQ(legacy, ship);
+    int16_t status = -1;
+    const std::vector<ModelEntry> sections = ListLegacySections(legacyPath, status);
+    EXPECT_EQ(status, 0);
+    ASSERT_EQ(sections.size(), size_t{kSectionCount});
+    for (int16_t number = 1; number <= kSectionCount; ++number) {
+        const ExpectedModel& expected = kModels[number - 1];
+        SectionModel section;
+        EXPECT_EQ(Narrow(sections[static_cast<size_t>(number - 1)].name), Narrow(expected.name));
+        ASSERT_TRUE(ImportSection(legacyPath, number, section));
+        EXPECT_EQ(Narrow(section.name), Narrow(expected.name));
+        EXPECT_EQ(section.panels.size(), ReadSection(number).panels.size());
+    }
 }
 
 }  // namespace

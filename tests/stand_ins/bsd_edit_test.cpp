@@ -17,19 +17,21 @@ using test::Narrow;
 using test::RecordingScreen;
 
 struct BsdEditTest : StandInTest {
-    void Open(const std::wstring& line) { ASSERT_TRUE(OpenForm(kBsdEditor, line, form)) << Told(); }
+    void Open(const std::wstring& line) {
+        ASSERT_TRUE(OpenForm(kBsdEditor, line, form)) << Warning();
+    }
     BasicShipData Saved() const {
         BasicShipData bsd;
         EXPECT_TRUE(LoadBsdFromDatabase(path, bsd));
         return bsd;
     }
-    void ExpectRefusal(const wchar_t* label, const wchar_t* value, const char* told) {
+    void ExpectRefusal(const wchar_t* label, const wchar_t* value, const char* report) {
         RecordingScreen::events.clear();
         const std::string before = Bytes();
         const std::wstring old = FieldOf(label).value;
         Enter(label, value);
-        EXPECT_EQ(SaveForm(kBsdEditor, form), L"");
-        EXPECT_TRUE(Told().starts_with(told)) << Told();
+        EXPECT_EQ(SaveForm(kBsdEditor, form, Ask), L"");
+        EXPECT_TRUE(Warning().starts_with(report)) << Warning();
         EXPECT_EQ(&form.fields.at(static_cast<size_t>(form.fault)), &FieldOf(label));
         EXPECT_EQ(Bytes(), before);
         Enter(label, old);
@@ -55,7 +57,7 @@ TEST_F(BsdEditTest, ShowsTheShip) {
 TEST_F(BsdEditTest, SavingWithoutAChangeKeepsTheShip) {
     const std::string before = Bytes();
     Open(Line());
-    EXPECT_EQ(Narrow(SaveForm(kBsdEditor, form)), "Saved: Basic Ship Data, in my ship.ve2");
+    EXPECT_EQ(Narrow(SaveForm(kBsdEditor, form, Ask)), "Saved: Basic Ship Data, in my ship.ve2");
     EXPECT_EQ(Bytes(), before);
 }
 
@@ -74,7 +76,7 @@ TEST_F(BsdEditTest, EveryFieldIsSavedAndAllElseStays) {
     Enter(L"First frame", L"-4");
     Enter(L"x of frame 0", L"0.5");
     Enter(L"Frame zones", L"\r\n  10 \t 0.65  \r\n\r\n200 0.7");
-    ASSERT_NE(SaveForm(kBsdEditor, form), L"") << Told();
+    ASSERT_NE(SaveForm(kBsdEditor, form, Ask), L"") << Warning();
 
     wanted.Titles(1).Assign(L"Côte d'Émeraude");
     wanted.Titles(5).Assign(L"EMERAUDE");
@@ -102,13 +104,13 @@ TEST_F(BsdEditTest, NewShipIsDefinedAfterwards) {
     BasicShipData fresh = NewBasicShipData(L"NEW");
     ASSERT_TRUE(CreateDatabaseFile(path, fresh));
     Open(Line());
-    EXPECT_EQ(SaveForm(kBsdEditor, form), L"") << "its dimensions are still 0";
-    EXPECT_TRUE(Told().starts_with("Length: '0' is not a number from 1 to 1000 m")) << Told();
+    EXPECT_EQ(SaveForm(kBsdEditor, form, Ask), L"") << "its dimensions are still 0";
+    EXPECT_TRUE(Warning().starts_with("Length: '0' is not a number from 1 to 1000 m")) << Warning();
     Enter(L"Length", L"100");
     Enter(L"Breadth", L"18");
     Enter(L"Depth", L"9");
     Enter(L"Block coefficient", L"0.7");
-    ASSERT_NE(SaveForm(kBsdEditor, form), L"");
+    ASSERT_NE(SaveForm(kBsdEditor, form, Ask), L"");
     EXPECT_TRUE(IsBsdDefined(Saved()));
     EXPECT_EQ(Saved().MainData(4), 9.0F);
 }
@@ -119,7 +121,7 @@ TEST_F(BsdEditTest, HeightThatIsNotTheDepthStays) {
     ASSERT_TRUE(SaveBsdToDatabase(path, bsd));
     Open(Line());
     Enter(L"Depth", L"18");
-    ASSERT_NE(SaveForm(kBsdEditor, form), L"");
+    ASSERT_NE(SaveForm(kBsdEditor, form, Ask), L"");
     EXPECT_EQ(Saved().MainData(3), 18.0F);
     EXPECT_EQ(Saved().MainData(4), 25.0F);
     EXPECT_EQ(Saved().MainData(5), 18.0F);
@@ -129,10 +131,10 @@ TEST_F(BsdEditTest, RuleSetMilHasItsOwnTypesAndKeepsTheOldOne) {
     Open(L"/mil " + Line());
     ASSERT_EQ(FieldOf(L"Ship type").choices.size(), 3U);
     EXPECT_EQ(Shown(L"Ship type"), Narrow(ShipTypeName(1, false)));
-    ASSERT_NE(SaveForm(kBsdEditor, form), L"");
+    ASSERT_NE(SaveForm(kBsdEditor, form, Ask), L"");
     EXPECT_EQ(Saved().ShipType(), 1);
     Enter(L"Ship type", L"MIL Auxiliary Ship");
-    ASSERT_NE(SaveForm(kBsdEditor, form), L"");
+    ASSERT_NE(SaveForm(kBsdEditor, form, Ask), L"");
     EXPECT_EQ(Saved().ShipType(), 19);
 }
 
@@ -142,11 +144,11 @@ TEST_F(BsdEditTest, UnknownTypeStays) {
     ASSERT_TRUE(SaveBsdToDatabase(path, bsd));
     Open(Line());
     EXPECT_EQ(Shown(L"Ship type"), Narrow(BsdLabel(kLabelUnknownType)));
-    ASSERT_NE(SaveForm(kBsdEditor, form), L"");
+    ASSERT_NE(SaveForm(kBsdEditor, form, Ask), L"");
     EXPECT_EQ(Saved().ShipType(), 40);
 }
 
-TEST_F(BsdEditTest, WrongValuesAreToldAndNothingIsWritten) {
+TEST_F(BsdEditTest, WrongValuesAreReportedAndNothingIsWritten) {
     Open(Line());
     ExpectRefusal(L"Length", L"0", "Length: '0' is not a number from 1 to 1000 m");
     ExpectRefusal(L"Breadth", L"-32", "Breadth: '-32' is not a number");
@@ -157,7 +159,7 @@ TEST_F(BsdEditTest, WrongValuesAreToldAndNothingIsWritten) {
     ExpectRefusal(L"Display name", L"Ωmega", "Display name: the database cannot hold");
 }
 
-TEST_F(BsdEditTest, WrongFrameZonesAreToldWithTheirLine) {
+TEST_F(BsdEditTest, WrongFrameZonesAreReportedWithTheirLine) {
     Open(Line());
     ExpectRefusal(L"Frame zones", L"12", "Frame zones: this line is not a zone.\r\r'12'");
     ExpectRefusal(L"Frame zones", L"12 0.6 0.7", "Frame zones: this line is not a zone.");
@@ -173,27 +175,27 @@ TEST_F(BsdEditTest, WrongFrameZonesAreToldWithTheirLine) {
     ExpectRefusal(L"Frame zones", many.c_str(), "Frame zones: there are more than 40 zones.");
 }
 
-TEST_F(BsdEditTest, FortyZonesAndNoneAreTaken) {
+TEST_F(BsdEditTest, FortyZonesAndNoZoneAreSaved) {
     Open(Line());
     std::wstring forty;
     for (int i = 1; i <= 40; ++i) forty += std::to_wstring(i) + L" 0.6\r\n";
     Enter(L"Frame zones", forty);
-    ASSERT_NE(SaveForm(kBsdEditor, form), L"") << Told();
+    ASSERT_NE(SaveForm(kBsdEditor, form, Ask), L"") << Warning();
     EXPECT_EQ(Saved().FrameZoneCount, 40);
     EXPECT_EQ(Saved().FrameNumbers(40), 40);
     Enter(L"Frame zones", L"  \r\n");
-    ASSERT_NE(SaveForm(kBsdEditor, form), L"") << Told();
+    ASSERT_NE(SaveForm(kBsdEditor, form, Ask), L"") << Warning();
     EXPECT_EQ(Saved().FrameZoneCount, 0);
     EXPECT_EQ(Saved().FrameNumbers(1), 0);
 }
 
-TEST_F(BsdEditTest, DatabaseWithoutTheBlockIsTold) {
+TEST_F(BsdEditTest, DatabaseWithoutTheBlockIsReported) {
     test::WriteFileBytes(path, "CORVANE DATABASE\r\n*\r\n");
     EXPECT_FALSE(OpenForm(kBsdEditor, Line(), form));
-    EXPECT_EQ(Told(), Narrow(path) + " : not a valid Corvane file");
+    EXPECT_EQ(Warning(), Narrow(path) + " : not a valid Corvane file");
 }
 
-TEST_F(BsdEditTest, ModelNumberIsPassedOver) {
+TEST_F(BsdEditTest, ModelNumberIsIgnored) {
     Open(Line(L" 99"));
     EXPECT_EQ(Fact(L"Model"), "(none)");
 }

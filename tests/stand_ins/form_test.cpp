@@ -1,4 +1,5 @@
-// Forms of the stand-ins: which requests open one, what they show, and what their fields take.
+// Forms of the stand-ins: which requests open one, what they show, and which values their fields
+// accept.
 #include "stand_ins/form.h"
 
 #include <gtest/gtest.h>
@@ -24,7 +25,7 @@ bool FillNothing(Form&) {
 
 int saveCount = 0;
 
-bool CountSave(Form& form) {
+bool CountSave(Form& form, Question) {
     ++saveCount;
     form.request.model = 1;
     form.modelName = L"saved";
@@ -41,8 +42,8 @@ struct FormTest : StandInTest {
     }
 };
 
-TEST_F(FormTest, ShowsWhatItWasAsked) {
-    ASSERT_TRUE(OpenForm(kSectionRule, L"/d /JBP " + Line(L" 5"), form)) << Told();
+TEST_F(FormTest, ShowsTheRequest) {
+    ASSERT_TRUE(OpenForm(kSectionRule, L"/d /JBP " + Line(L" 5"), form)) << Warning();
     EXPECT_EQ(Fact(L"Switches"), "/d /JBP");
     EXPECT_EQ(Fact(L"Database"), Narrow(path));
     EXPECT_EQ(Fact(L"Model"), "5, Midship section, hold 4");
@@ -53,7 +54,7 @@ TEST_F(FormTest, ShowsWhatItWasAsked) {
 }
 
 TEST_F(FormTest, BulkheadRuleShowsTheArrangement) {
-    ASSERT_TRUE(OpenForm(kBulkheadRule, Line(L" 11"), form)) << Told();
+    ASSERT_TRUE(OpenForm(kBulkheadRule, Line(L" 11"), form)) << Warning();
     EXPECT_EQ(Fact(L"Model"), "11, Corrugated bulkhead, holds 5 and 4");
     EXPECT_EQ(Fact(L"Position"), "104.7 m");
     EXPECT_EQ(Fact(L"Bulkheads"), "5");
@@ -66,46 +67,47 @@ TEST_F(FormTest, NewModelIsAskedForWithoutANumber) {
 
 TEST_F(FormTest, ModelOfAnotherKindIsRefused) {
     EXPECT_FALSE(OpenForm(kSectionRule, Line(L" 11"), form));
-    EXPECT_NE(Told().find("Model 11 of '"), std::string::npos) << Told();
-    EXPECT_NE(Told().find("is of the kind 'Bulkhead'; this program is for the kind 'Section'"),
+    EXPECT_NE(Warning().find("Model 11 of '"), std::string::npos) << Warning();
+    EXPECT_NE(Warning().find("is of the kind 'Bulkhead'; this program is for the kind 'Section'"),
               std::string::npos)
-        << Told();
+        << Warning();
 }
 
-TEST_F(FormTest, MissingModelIsTold) {
+TEST_F(FormTest, MissingModelIsReported) {
     EXPECT_FALSE(OpenForm(kSectionRule, Line(L" 99"), form));
-    EXPECT_EQ(Told(), "There is no model 99 in the database '" + Narrow(path) + "'.");
+    EXPECT_EQ(Warning(), "There is no model 99 in the database '" + Narrow(path) + "'.");
 }
 
-TEST_F(FormTest, RuleProgramWantsAModel) {
+TEST_F(FormTest, RuleProgramNeedsAModel) {
     EXPECT_FALSE(OpenForm(kSectionRule, Line(), form));
-    EXPECT_TRUE(Told().starts_with("No model was chosen in '")) << Told();
+    EXPECT_TRUE(Warning().starts_with("No model was chosen in '")) << Warning();
 }
 
-TEST_F(FormTest, MissingDatabaseIsTold) {
+TEST_F(FormTest, MissingDatabaseIsReported) {
     EXPECT_FALSE(OpenForm(kEditor, L"\"" + folder.File(L"none.ve2") + L"\"", form));
-    EXPECT_TRUE(Told().starts_with("The database '")) << Told();
-    EXPECT_NE(Told().find("was not found:\r"), std::string::npos) << Told();
-    // A folder is no database either.
+    EXPECT_TRUE(Warning().starts_with("The database '")) << Warning();
+    EXPECT_NE(Warning().find("was not found:\r"), std::string::npos) << Warning();
+    // A folder is not a database either.
     RecordingScreen::events.clear();
     EXPECT_FALSE(OpenForm(kEditor, L"\"" + folder.path + L"\"", form));
-    EXPECT_NE(Told().find("was not found:\r"), std::string::npos) << Told();
+    EXPECT_NE(Warning().find("was not found:\r"), std::string::npos) << Warning();
 }
 
-TEST_F(FormTest, ForeignFileIsTold) {
+TEST_F(FormTest, ForeignFileIsReported) {
     for (const std::string& bytes :
          {std::string("no database\r\n"), std::string(), std::string(5000, '\0')}) {
         RecordingScreen::events.clear();
         WriteFileBytes(path, bytes);
         EXPECT_FALSE(OpenForm(kEditor, Line(), form));
-        EXPECT_NE(Told().find("' is not a Corvane database."), std::string::npos) << Told();
+        EXPECT_NE(Warning().find("' is not a Corvane database."), std::string::npos) << Warning();
     }
 }
 
 TEST_F(FormTest, ReadOnlyDatabaseIsRefusedByAnEditorOnly) {
     ASSERT_EQ(system::SetReadOnly(path, true), system::kErrorNone);
     EXPECT_FALSE(OpenForm(kEditor, Line(L" 5"), form));
-    EXPECT_NE(Told().find("' is read-only and cannot be changed."), std::string::npos) << Told();
+    EXPECT_NE(Warning().find("' is read-only and cannot be changed."), std::string::npos)
+        << Warning();
     RecordingScreen::events.clear();
     EXPECT_TRUE(OpenForm(kSectionRule, Line(L" 5"), form));
 }
@@ -114,7 +116,7 @@ TEST_F(FormTest, BlockCutOffInItsHeadIsShownAsFarAsItGoes) {
     const std::string whole = ReadFileBytes(path);
     const size_t label = whole.find("MODEL NAME");
     WriteFileBytes(path, whole.substr(0, label));
-    ASSERT_TRUE(OpenForm(kSectionRule, Line(L" 1"), form)) << Told();
+    ASSERT_TRUE(OpenForm(kSectionRule, Line(L" 1"), form)) << Warning();
     EXPECT_EQ(Fact(L"Model"), "1, ");
 }
 
@@ -124,7 +126,7 @@ int CheckOne(const Field& field) {
     return CheckFields({field});
 }
 
-TEST_F(FormTest, NumberOutsideOfItsRangeIsTold) {
+TEST_F(FormTest, NumberOutsideOfItsRangeIsReported) {
     Field depth = NumberField(L"&Depth", L"m", 20, {3, 40});
     EXPECT_EQ(Narrow(depth.value), "20");
     EXPECT_EQ(CheckOne(depth), -1);
@@ -138,31 +140,31 @@ TEST_F(FormTest, NumberOutsideOfItsRangeIsTold) {
         depth.value = bad;
         EXPECT_EQ(CheckOne(depth), 0) << Narrow(bad);
         EXPECT_TRUE(
-            Told().starts_with("Depth: '" + Narrow(bad) + "' is not a number from 3 to 40 m."))
-            << Told();
+            Warning().starts_with("Depth: '" + Narrow(bad) + "' is not a number from 3 to 40 m."))
+            << Warning();
     }
 }
 
-TEST_F(FormTest, IntegerTakesNoDecimals) {
+TEST_F(FormTest, IntegerHasNoDecimals) {
     Field count = NumberField(L"Holds", L"", 5, {1, 20});
     count.kind = FieldKind::kInteger;
     EXPECT_EQ(CheckOne(count), -1);
     count.value = L"5.5";
     EXPECT_EQ(CheckOne(count), 0);
-    EXPECT_EQ(Told(), "Holds: '5.5' is not a whole number from 1 to 20.");
+    EXPECT_EQ(Warning(), "Holds: '5.5' is not a whole number from 1 to 20.");
 }
 
-TEST_F(FormTest, NameThatIsNoNameIsTold) {
+TEST_F(FormTest, NameThatTheFileCannotHoldIsReported) {
     EXPECT_EQ(CheckOne(NameField(L"Côte d'Émeraude")), -1);
     for (const wchar_t* bad : {L"", L"   ", L"* star", L"------ head", L"  ------", L"Ελλάς",
                                L"====== CORVANE MODEL ======"}) {
         RecordingScreen::events.clear();
         EXPECT_EQ(CheckOne(NameField(bad)), 0) << Narrow(bad);
-        EXPECT_TRUE(Told().starts_with("Name: ")) << Told();
+        EXPECT_TRUE(Warning().starts_with("Name: ")) << Warning();
     }
 }
 
-TEST_F(FormTest, FirstFieldThatIsWrongIsGiven) {
+TEST_F(FormTest, FirstWrongFieldIsReturned) {
     const Field good = NumberField(L"A", L"m", 5, {1, 20});
     Field bad = good;
     bad.value = L"?";
@@ -180,12 +182,12 @@ struct SaveTest : FormTest {
         ASSERT_TRUE(OpenForm(kEditor, Line(), form));
     }
     bool Save() {
-        saved = SaveForm(kEditor, form);
+        saved = SaveForm(kEditor, form, Ask);
         return !saved.empty();
     }
 };
 
-TEST_F(SaveTest, TellsWhatWasSaved) {
+TEST_F(SaveTest, SaysWhatWasSaved) {
     ASSERT_TRUE(Save());
     EXPECT_EQ(Narrow(saved), "Saved: section 1, saved, in my ship.ve2");
     EXPECT_EQ(form.fault, -1);
@@ -206,21 +208,21 @@ TEST_F(SaveTest, FileThatSomebodyElseChangedIsNotOverwritten) {
     EXPECT_FALSE(Save());
     EXPECT_EQ(form.fault, -1);
     EXPECT_EQ(saveCount, 0);
-    EXPECT_TRUE(Told().starts_with("Another program has changed the database '")) << Told();
+    EXPECT_TRUE(Warning().starts_with("Another program has changed the database '")) << Warning();
 }
 
-TEST_F(SaveTest, FileThatIsGoneIsTold) {
+TEST_F(SaveTest, FileThatIsGoneIsReported) {
     ASSERT_EQ(system::RemoveFile(path), system::kErrorNone);
     EXPECT_FALSE(Save());
     EXPECT_EQ(saveCount, 0);
-    EXPECT_NE(Told().find("' is gone: nothing was saved."), std::string::npos) << Told();
+    EXPECT_NE(Warning().find("' is gone: nothing was saved."), std::string::npos) << Warning();
 }
 
-TEST_F(SaveTest, FileThatBecameReadOnlyIsTold) {
+TEST_F(SaveTest, FileThatBecameReadOnlyIsReported) {
     ASSERT_EQ(system::SetReadOnly(path, true), system::kErrorNone);
     EXPECT_FALSE(Save());
     EXPECT_EQ(saveCount, 0);
-    EXPECT_NE(Told().find("' has become read-only: nothing was saved."), std::string::npos);
+    EXPECT_NE(Warning().find("' has become read-only: nothing was saved."), std::string::npos);
 }
 
 }  // namespace

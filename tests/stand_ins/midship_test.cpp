@@ -46,7 +46,7 @@ std::vector<MidshipParameters> Range() {
     return all;
 }
 
-// What holds for any section: seams in order within the panel, stiffeners on it, and compartments
+// True of any section: seams in order within the panel, stiffeners on it, and compartments
 // with an area.
 void ExpectSound(SectionModel& section) {
     LibraryView view;
@@ -123,7 +123,7 @@ TEST(MidshipTest, ParametersAreFoundAgain) {
     }
 }
 
-TEST(MidshipTest, IsToldFromOtherSections) {
+TEST(MidshipTest, IsDistinguishedFromOtherSections) {
     const MidshipParameters parameters{20, 12, 1.5F, 1.2F, 0.8F};
     SectionModel section;
     ASSERT_EQ(DraftMidship(section, parameters), 0);
@@ -152,7 +152,7 @@ TEST(MidshipTest, UsualParametersOfAnyShipCanBeDrafted) {
     }
 }
 
-TEST(MidshipTest, HeadTakesTheShipsData) {
+TEST(MidshipTest, HeadHasTheShipsData) {
     BasicShipData bsd;
     bsd.TypeCodes(1) = 7;
     bsd.TypeCodes(2) = 4;

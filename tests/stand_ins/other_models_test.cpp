@@ -19,9 +19,9 @@ constexpr int kSampleCount = 14;
 
 struct OtherModelsTest : StandInTest {
     void Open(const StandIn& standIn, const std::wstring& rest) {
-        ASSERT_TRUE(OpenForm(standIn, Line(rest), form)) << Told();
+        ASSERT_TRUE(OpenForm(standIn, Line(rest), form)) << Warning();
     }
-    std::string Save(const StandIn& standIn) { return Narrow(SaveForm(standIn, form)); }
+    std::string Save(const StandIn& standIn) { return Narrow(SaveForm(standIn, form, Ask)); }
     ModelEntry Entry(size_t number) const { return ListModelsWithPositions(path).at(number - 1); }
     BulkheadArrangement Arrangement(int32_t number) const {
         BulkheadArrangement arrangement;
@@ -38,7 +38,7 @@ TEST_F(OtherModelsTest, NewArrangementIsAppended) {
     Enter(L"Name", L"Bulkhead at frame 100");
     Enter(L"Position x", L"75.9");
     EXPECT_EQ(Save(kBulkheadInput), "Saved: bulkhead 15, Bulkhead at frame 100, in my ship.ve2")
-        << Told();
+        << Warning();
     EXPECT_EQ(Bytes().substr(0, before.size()), before);
     EXPECT_EQ(Entry(15).kind, ModelKind::kBulkhead);
     EXPECT_EQ(Entry(15).x, 75.9F);
@@ -59,7 +59,7 @@ TEST_F(OtherModelsTest, NewArrangementIsAppended) {
 TEST_F(OtherModelsTest, CorrugatedBulkheadHasCorrugationsAndNoStiffeners) {
     Open(kBulkheadInput, L"");
     Enter(L"Type", L"Corrugated");
-    ASSERT_NE(Save(kBulkheadInput), "") << Told();
+    ASSERT_NE(Save(kBulkheadInput), "") << Warning();
     const BulkheadArrangement arrangement = Arrangement(15);
     ASSERT_EQ(arrangement.bulkheads.size(), 1U);
     EXPECT_EQ(arrangement.bulkheads[0].kind, 1);
@@ -69,10 +69,10 @@ TEST_F(OtherModelsTest, CorrugatedBulkheadHasCorrugationsAndNoStiffeners) {
 
 TEST_F(OtherModelsTest, FurtherSaveReplacesTheNewArrangement) {
     Open(kBulkheadInput, L"");
-    ASSERT_NE(Save(kBulkheadInput), "") << Told();
+    ASSERT_NE(Save(kBulkheadInput), "") << Warning();
     const std::string identifier = Arrangement(15).identifier;
     Enter(L"Depth", L"10");
-    ASSERT_NE(Save(kBulkheadInput), "") << Told();
+    ASSERT_NE(Save(kBulkheadInput), "") << Warning();
     EXPECT_EQ(CountModels(path), kSampleCount + 1);
     EXPECT_EQ(Arrangement(15).identifier, identifier);
     EXPECT_EQ(Arrangement(15).bulkheads.at(0).bands.size(), 4U);
@@ -80,7 +80,7 @@ TEST_F(OtherModelsTest, FurtherSaveReplacesTheNewArrangement) {
 
 TEST_F(OtherModelsTest, OldArrangementIsRenamedAndMovedAndKeepsTheRest) {
     Open(kBulkheadInput, L"");
-    ASSERT_NE(Save(kBulkheadInput), "") << Told();
+    ASSERT_NE(Save(kBulkheadInput), "") << Warning();
     const BulkheadArrangement before = Arrangement(15);
     Open(kBulkheadInput, L" 15");
     EXPECT_EQ(form.fields.size(), 2U);
@@ -96,12 +96,12 @@ TEST_F(OtherModelsTest, OldArrangementIsRenamedAndMovedAndKeepsTheRest) {
     EXPECT_EQ(CountModels(path), kSampleCount + 1);
 }
 
-TEST_F(OtherModelsTest, WrongDimensionsOfABulkheadAreTold) {
+TEST_F(OtherModelsTest, WrongDimensionsOfABulkheadAreReported) {
     const std::string before = Bytes();
     Open(kBulkheadInput, L"");
     Enter(L"Depth", L"0");
     EXPECT_EQ(Save(kBulkheadInput), "");
-    EXPECT_TRUE(Told().starts_with("Depth: '0' is not a number from 1 to 100 m.")) << Told();
+    EXPECT_TRUE(Warning().starts_with("Depth: '0' is not a number from 1 to 100 m.")) << Warning();
     EXPECT_EQ(Bytes(), before);
 }
 
@@ -123,7 +123,7 @@ TEST_F(OtherModelsTest, NewTorsionModelIsAppended) {
     Enter(L"Aft end", L"100");
     Enter(L"Fore end", L"160");
     Enter(L"Holds", L"3");
-    EXPECT_EQ(Save(kTorsionModel), "Saved: torsion 15, Holds 3 to 1, in my ship.ve2") << Told();
+    EXPECT_EQ(Save(kTorsionModel), "Saved: torsion 15, Holds 3 to 1, in my ship.ve2") << Warning();
     EXPECT_EQ(Bytes().substr(0, before.size()), before);
     EXPECT_EQ(LastBlock(Bytes()),
               "====== CORVANE MODEL ======\r\n*\r\n 15 \r\nTORSION\r\n*\r\nFORMAT VERSION\r\n"
@@ -139,15 +139,15 @@ TEST_F(OtherModelsTest, NewTorsionModelIsAppended) {
 
 TEST_F(OtherModelsTest, FurtherSaveReplacesTheNewTorsionModel) {
     Open(kTorsionModel, L"");
-    ASSERT_NE(Save(kTorsionModel), "") << Told();
+    ASSERT_NE(Save(kTorsionModel), "") << Warning();
     Enter(L"Name", L"Again");
     Enter(L"Holds", L"2");
-    ASSERT_NE(Save(kTorsionModel), "") << Told();
+    ASSERT_NE(Save(kTorsionModel), "") << Warning();
     EXPECT_EQ(CountModels(path), kSampleCount + 1);
     EXPECT_EQ(Narrow(Entry(15).name), "Again");
 }
 
-TEST_F(OtherModelsTest, TorsionModelInTheMiddleIsReplacedInItsPlace) {
+TEST_F(OtherModelsTest, TorsionModelInTheMiddleIsReplacedThere) {
     const TorsionModel model{L"New 13", 10, 20, 1};
     const std::string before = Bytes();
     ASSERT_TRUE(WriteTorsionModel(path, model, 13));
@@ -165,7 +165,7 @@ TEST_F(OtherModelsTest, RenamingChangesTheNameAlone) {
     EXPECT_EQ(form.fields.size(), 1U);
     EXPECT_EQ(Shown(L"Name"), name);
     Enter(L"Name", L"  Whole ship ");
-    EXPECT_EQ(Save(kTorsionModel), "Saved: torsion 13, Whole ship, in my ship.ve2") << Told();
+    EXPECT_EQ(Save(kTorsionModel), "Saved: torsion 13, Whole ship, in my ship.ve2") << Warning();
     EXPECT_EQ(Bytes(), wanted);
 }
 
@@ -174,12 +174,12 @@ TEST_F(OtherModelsTest, ModelWithoutAWholeHeadIsNotRenamed) {
     bytes.resize(bytes.rfind("MODEL NAME"));
     test::WriteFileBytes(path, bytes);
     EXPECT_FALSE(RenameModel(path, L"x", 14));
-    EXPECT_TRUE(Told().starts_with("Model 14 of '")) << Told();
-    EXPECT_NE(Told().find("has lost its name line"), std::string::npos);
+    EXPECT_TRUE(Warning().starts_with("Model 14 of '")) << Warning();
+    EXPECT_NE(Warning().find("has lost its name line"), std::string::npos);
     EXPECT_EQ(Bytes(), bytes);
 }
 
-TEST_F(OtherModelsTest, DatabaseWithoutANumberLeftIsTold) {
+TEST_F(OtherModelsTest, DatabaseWithoutANumberLeftIsReported) {
     std::string bytes = Bytes();
     const size_t number = bytes.rfind(" 14 \r\nTORSION");
     bytes.replace(number, 4, "2147483647");
@@ -188,17 +188,18 @@ TEST_F(OtherModelsTest, DatabaseWithoutANumberLeftIsTold) {
         Open(*standIn, L"");
         RecordingScreen::events.clear();
         EXPECT_EQ(Save(*standIn), "");
-        EXPECT_TRUE(Told().starts_with("A model in '")) << Told();
+        EXPECT_TRUE(Warning().starts_with("A model in '")) << Warning();
         EXPECT_EQ(Bytes(), bytes);
     }
 }
 
-TEST_F(OtherModelsTest, EndsInTheWrongOrderAreTold) {
+TEST_F(OtherModelsTest, EndsInTheWrongOrderAreReported) {
     const std::string before = Bytes();
     Open(kTorsionModel, L"");
     Enter(L"Fore end", L"32.55");
     EXPECT_EQ(Save(kTorsionModel), "");
-    EXPECT_TRUE(Told().starts_with("Fore end: 32.55 m is not forward of the aft end")) << Told();
+    EXPECT_TRUE(Warning().starts_with("Fore end: 32.55 m is not forward of the aft end"))
+        << Warning();
     EXPECT_EQ(form.fault, 2);
     EXPECT_EQ(Bytes(), before);
 }

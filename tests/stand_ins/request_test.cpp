@@ -1,4 +1,4 @@
-// The command line that a program of the suite gets.
+// The command line of a program of the suite.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -61,10 +61,10 @@ TEST_F(RequestTest, DatabaseWithoutBlanksNeedsNoQuotes) {
 
 struct BadLine {
     const wchar_t* line;
-    const char* told;  // the report begins with it
+    const char* report;  // begins with this
 };
 
-TEST_F(RequestTest, GarbageIsToldWithTheFormThatIsWanted) {
+TEST_F(RequestTest, GarbageIsReportedWithTheRightForm) {
     for (const BadLine& bad : std::vector<BadLine>{
              {L"", "No database was given."},
              {L"   ", "No database was given."},
@@ -84,15 +84,16 @@ TEST_F(RequestTest, GarbageIsToldWithTheFormThatIsWanted) {
          }) {
         RecordingScreen::events.clear();
         EXPECT_FALSE(ReadRequest(bad.line, request)) << Narrow(bad.line);
-        const std::vector<std::string> told = RecordingScreen::Of("warning");
-        ASSERT_EQ(told.size(), 1U) << Narrow(bad.line);
-        EXPECT_TRUE(told[0].starts_with(bad.told)) << told[0];
-        EXPECT_NE(told[0].find("[/d] [/mil] [/JBP] \"database\" [model number]"), std::string::npos)
-            << told[0];
+        const std::vector<std::string> shown = RecordingScreen::Of("warning");
+        ASSERT_EQ(shown.size(), 1U) << Narrow(bad.line);
+        EXPECT_TRUE(shown[0].starts_with(bad.report)) << shown[0];
+        EXPECT_NE(shown[0].find("[/d] [/mil] [/JBP] \"database\" [model number]"),
+                  std::string::npos)
+            << shown[0];
     }
 }
 
-TEST_F(RequestTest, LongestModelNumberOfTheShellIsTaken) {
+TEST_F(RequestTest, LongestModelNumberOfTheShellIsAccepted) {
     ASSERT_TRUE(ReadRequest(L"\"C:\\a.ve2\" 32767", request));
     EXPECT_EQ(request.model, 32767);
 }

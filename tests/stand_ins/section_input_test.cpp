@@ -1,4 +1,4 @@
-// Section input, without its window: sections appended and replaced.
+// Section input without its window: sections are appended and replaced.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -21,18 +21,18 @@ constexpr int kSampleCount = 14;
 
 struct SectionInputTest : StandInTest {
     void Open(const std::wstring& rest) {
-        ASSERT_TRUE(OpenForm(kSectionInput, Line(rest), form)) << Told();
+        ASSERT_TRUE(OpenForm(kSectionInput, Line(rest), form)) << Warning();
     }
-    std::string Save() { return Narrow(SaveForm(kSectionInput, form)); }
+    std::string Save() { return Narrow(SaveForm(kSectionInput, form, Ask)); }
     SectionModel Saved(int32_t number) const {
         SectionModel section;
         EXPECT_TRUE(ReadSectionBlock(path, number, false, section));
         return section;
     }
-    // A section of this stand-in's own, as model 15.
+    // A section that this stand-in made, as model 15.
     void MakeOne() {
         Open(L"");
-        ASSERT_EQ(Save(), "Saved: section 15, Midship section, in my ship.ve2") << Told();
+        ASSERT_EQ(Save(), "Saved: section 15, Midship section, in my ship.ve2") << Warning();
     }
 };
 
@@ -78,7 +78,7 @@ TEST_F(SectionInputTest, FurtherSaveReplacesTheNewSection) {
     EXPECT_EQ(Fact(L"Model"), "15, Midship section");
     Enter(L"Depth", L"21");
     Enter(L"Name", L"Deeper");
-    EXPECT_EQ(Save(), "Saved: section 15, Deeper, in my ship.ve2") << Told();
+    EXPECT_EQ(Save(), "Saved: section 15, Deeper, in my ship.ve2") << Warning();
     EXPECT_EQ(CountModels(path), kSampleCount + 1);
     EXPECT_EQ(Saved(15).identifier, identifier);
     EXPECT_EQ(Saved(15).depth_m, 21.0F);
@@ -93,8 +93,8 @@ TEST_F(SectionInputTest, OldSectionIsReplacedAndKeepsItsIdentifier) {
     EXPECT_EQ(Shown(L"Stiffener spacing"), "0.8");
     Enter(L"Stiffener spacing", L"0.7");
     Enter(L"Position x", L"100");
-    EXPECT_NE(Save(), "") << Told();
-    EXPECT_TRUE(RecordingScreen::Of("ask").empty()) << "the section is the stand-in's own";
+    EXPECT_NE(Save(), "") << Warning();
+    EXPECT_TRUE(asked.empty()) << "the section is the stand-in's own";
     const SectionModel after = Saved(15);
     EXPECT_EQ(after.identifier, before.identifier);
     EXPECT_EQ(after.x_m, 100.0F);
@@ -107,8 +107,8 @@ TEST_F(SectionInputTest, NameAndPositionAloneKeepAForeignSectionsPanels) {
     Open(L" 5");
     Enter(L"Name", L"Renamed");
     Enter(L"Position x", L"110.25");
-    EXPECT_EQ(Save(), "Saved: section 5, Renamed, in my ship.ve2") << Told();
-    EXPECT_TRUE(RecordingScreen::Of("ask").empty());
+    EXPECT_EQ(Save(), "Saved: section 5, Renamed, in my ship.ve2") << Warning();
+    EXPECT_TRUE(asked.empty());
     const SectionModel after = Saved(5);
     EXPECT_EQ(after.x_m, 110.25F);
     EXPECT_EQ(after.panels.size(), before.panels.size());
@@ -117,18 +117,17 @@ TEST_F(SectionInputTest, NameAndPositionAloneKeepAForeignSectionsPanels) {
     EXPECT_EQ(CountModels(path), kSampleCount);
 }
 
-TEST_F(SectionInputTest, ForeignSectionIsReplacedOnlyWithLeave) {
+TEST_F(SectionInputTest, ForeignSectionIsReplacedOnlyAfterYes) {
     const std::string before = Bytes();
     Open(L" 5");
     Enter(L"Depth", L"20");
     EXPECT_EQ(Save(), "");
-    ASSERT_EQ(RecordingScreen::Of("ask").size(), 1U);
-    EXPECT_NE(RecordingScreen::Of("ask")[0].find("'Midship section, hold 4' was not made by"),
-              std::string::npos);
+    ASSERT_EQ(asked.size(), 1U);
+    EXPECT_NE(asked[0].find("'Midship section, hold 4' was not made by"), std::string::npos);
     EXPECT_EQ(Bytes(), before);
 
-    RecordingScreen::answerYes = true;
-    EXPECT_NE(Save(), "") << Told();
+    answerYes = true;
+    EXPECT_NE(Save(), "") << Warning();
     EXPECT_EQ(Saved(5).depth_m, 20.0F);
     EXPECT_EQ(Saved(5).compartments.size(), 2U);
 }
@@ -136,10 +135,10 @@ TEST_F(SectionInputTest, ForeignSectionIsReplacedOnlyWithLeave) {
 struct Refusal {
     const wchar_t* label;
     const wchar_t* value;
-    const char* told;
+    const char* report;
 };
 
-TEST_F(SectionInputTest, DimensionsOutOfRangeAreToldAndNothingIsWritten) {
+TEST_F(SectionInputTest, DimensionsOutOfRangeAreReportedAndNothingIsWritten) {
     const std::string before = Bytes();
     for (const Refusal& refusal : std::vector<Refusal>{
              {L"Name", L" ", "Name: the field is empty."},
@@ -163,7 +162,7 @@ TEST_F(SectionInputTest, DimensionsOutOfRangeAreToldAndNothingIsWritten) {
         RecordingScreen::events.clear();
         Enter(refusal.label, refusal.value);
         EXPECT_EQ(Save(), "");
-        EXPECT_TRUE(Told().starts_with(refusal.told)) << Told();
+        EXPECT_TRUE(Warning().starts_with(refusal.report)) << Warning();
         EXPECT_EQ(&form.fields.at(static_cast<size_t>(form.fault)), &FieldOf(refusal.label));
         EXPECT_EQ(Bytes(), before);
     }
@@ -174,16 +173,16 @@ TEST_F(SectionInputTest, ShipWithoutDimensionsGetsUsualOnes) {
     ASSERT_TRUE(CreateDatabaseFile(path, bsd));
     Open(L"");
     EXPECT_EQ(Shown(L"Breadth"), "20");
-    EXPECT_EQ(Save(), "Saved: section 1, Midship section, in my ship.ve2") << Told();
+    EXPECT_EQ(Save(), "Saved: section 1, Midship section, in my ship.ve2") << Warning();
 }
 
-TEST_F(SectionInputTest, SectionThatWasRemovedMeanwhileIsTold) {
+TEST_F(SectionInputTest, SectionThatWasRemovedMeanwhileIsReported) {
     Open(L" 5");
     BasicShipData bsd = NewBasicShipData(L"NEW");
     ASSERT_TRUE(CreateDatabaseFile(path, bsd));
     RecordingScreen::events.clear();
     EXPECT_EQ(Save(), "");
-    EXPECT_TRUE(Told().starts_with("Another program has changed")) << Told();
+    EXPECT_TRUE(Warning().starts_with("Another program has changed")) << Warning();
 }
 
 }  // namespace

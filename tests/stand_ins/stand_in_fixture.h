@@ -19,7 +19,17 @@ struct StandInTest : testing::Test {
     std::wstring path = system::AbsolutePath(folder.File(L"my ship.ve2"));
     Form form;
 
+    // The questions that were asked, and the answer to each.
+    static inline std::vector<std::string> asked;
+    static inline bool answerYes = false;
+    static bool Ask(const std::wstring& text) {
+        asked.push_back(test::Narrow(text));
+        return answerYes;
+    }
+
     void SetUp() override {
+        asked.clear();
+        answerYes = false;
         test::WriteFileBytes(path,
                              test::ReadFileBytes(test::DataPath("../samples/aurora_bay.ve2")));
     }
@@ -33,9 +43,9 @@ struct StandInTest : testing::Test {
         return found == form.facts.end() ? "(none)" : test::Narrow(found->value);
     }
     // The one warning that was shown.
-    static std::string Told() {
-        const std::vector<std::string> told = test::RecordingScreen::Of("warning");
-        return told.size() == 1 ? told[0] : "(" + std::to_string(told.size()) + " warnings)";
+    static std::string Warning() {
+        const std::vector<std::string> shown = test::RecordingScreen::Of("warning");
+        return shown.size() == 1 ? shown[0] : "(" + std::to_string(shown.size()) + " warnings)";
     }
     // The field with this label, "&" left out.
     Field& FieldOf(const std::wstring& label) {

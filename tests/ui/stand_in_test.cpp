@@ -33,7 +33,7 @@ struct StandInUiTest : testing::Test {
         const std::wstring sample = test::DataPath("../samples/aurora_bay.ve2");
         ASSERT_TRUE(CopyFileW(sample.c_str(), database.c_str(), FALSE)) << GetLastError();
     }
-    // What Corvane puts behind the program's name.
+    // What Corvane writes after the program's name.
     std::wstring Line(const std::wstring& rest = L"") const {
         return L"\"" + database + L"\"" + rest;
     }
@@ -58,7 +58,7 @@ void Click(HWND window, int button) {
     PostMessageW(GetDlgItem(window, button), BM_CLICK, 0, 0);
 }
 
-// Presses Save; the status that comes.
+// Presses Save; the status after it.
 std::string Save(HWND window) {
     Click(window, IDOK);
     EXPECT_TRUE(WaitUntil([&] { return Text(window, kStatusId).starts_with("Saved"); }))
@@ -78,7 +78,7 @@ struct Start {
     const char* model;  // the fourth fact
 };
 
-TEST_F(StandInUiTest, EachShowsWhatItWasAskedAndCloseChangesNothing) {
+TEST_F(StandInUiTest, EachShowsItsRequestAndCloseChangesNothing) {
     const std::string before = Bytes();
     for (const Start& start : std::vector<Start>{
              {L"BsdEdit.exe", L"", "Basic Ship Data (stand-in)", " "},
@@ -201,7 +201,7 @@ TEST_F(StandInUiTest, EnterSavesEscapeClosesAndTabGoesThroughTheFields) {
     EXPECT_EQ(Narrow(ListModels(database).at(12).name), "By keyboard");
 }
 
-TEST_F(StandInUiTest, LinesTakeEnterAndLetTabAndEscapeGo) {
+TEST_F(StandInUiTest, EnterBreaksLinesAndTabAndEscapeLeaveThem) {
     const std::string before = Bytes();
     const Program program(installation, Line(), L"BsdEdit.exe");
     const HWND window = program.Window(kStandInClass);
@@ -232,7 +232,7 @@ TEST_F(StandInUiTest, CloseAfterTypingChangesNothing) {
     EXPECT_EQ(Bytes(), before);
 }
 
-TEST_F(StandInUiTest, WrongFieldIsToldAndGetsTheFocus) {
+TEST_F(StandInUiTest, WrongFieldIsReportedAndHasTheFocus) {
     const std::string before = Bytes();
     const Program program(installation, Line(), L"SectInput.exe");
     const HWND window = program.Window(kStandInClass);
@@ -249,7 +249,7 @@ TEST_F(StandInUiTest, WrongFieldIsToldAndGetsTheFocus) {
     EXPECT_EQ(Bytes(), before);
 }
 
-TEST_F(StandInUiTest, ReplacingAForeignSectionIsAskedAndNoIsKept) {
+TEST_F(StandInUiTest, ReplacingAForeignSectionIsAskedAndNoChangesNothing) {
     const std::string before = Bytes();
     const Program program(installation, Line(L" 5"), L"SectInput.exe");
     const HWND window = program.Window(kStandInClass);
@@ -264,16 +264,16 @@ TEST_F(StandInUiTest, ReplacingAForeignSectionIsAskedAndNoIsKept) {
 }
 
 // SectInput shows a box with these words, and ends.
-void ExpectRefusal(const Installation& installation, const std::wstring& line, const char* told) {
+void ExpectRefusal(const Installation& installation, const std::wstring& line, const char* words) {
     const Program program(installation, line, L"SectInput.exe");
     const Box box = WaitForBox(program);
-    EXPECT_NE(Narrow(box.text).find(told), std::string::npos) << Narrow(box.text);
+    EXPECT_NE(Narrow(box.text).find(words), std::string::npos) << Narrow(box.text);
     EXPECT_TRUE(Press(box, IDOK));
     EXPECT_TRUE(program.HasEnded());
     EXPECT_EQ(program.ExitCode(), 1U);
 }
 
-TEST_F(StandInUiTest, WhatCannotBeOpenedIsToldAndTheProgramEnds) {
+TEST_F(StandInUiTest, WhatCannotBeOpenedIsReportedAndTheProgramEnds) {
     ExpectRefusal(installation, L"", "No database was given.");
     ExpectRefusal(installation, Line(L" five"), "'five' is not the number of a model.");
     ExpectRefusal(installation, L"/? " + Line(), "There is no switch '/?'.");
@@ -300,7 +300,7 @@ struct Holder {
     Holder& operator=(const Holder&) = delete;
 };
 
-TEST_F(StandInUiTest, LockedDatabaseIsTold) {
+TEST_F(StandInUiTest, LockedDatabaseIsReported) {
     const Holder holder(database, 0);
     ExpectRefusal(installation, Line(), "cannot be read:");
 }
@@ -324,7 +324,7 @@ TEST_F(StandInUiTest, DatabaseThatAnotherProgramHoldsIsNotWritten) {
     EXPECT_TRUE(Close(program, window));
 }
 
-TEST_F(StandInUiTest, MissingLibraryIsTold) {
+TEST_F(StandInUiTest, MissingLibraryIsReported) {
     ASSERT_TRUE(DeleteFileW(installation.File(L"ztutil32.dll").c_str()));
     ExpectRefusal(installation, Line(), "ZTUtil32");
 }

@@ -68,14 +68,23 @@ void Centre(HWND window, HWND owner) {
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+// Shows the window as the user wants to have the program started. Not later: a window that has the
+// focus while it is hidden gets an inactive title.
+void ShowProgramWindow(HWND window) {
+    const HICON icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1));
+    SendMessageW(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
+    ShowWindow(window, SW_SHOWDEFAULT);
+}
+
 void OnInitialise(HWND window) {
     OpenDialog& dialog = StateOf(window);
     ScaleDialogOurselves(window);
     SetWindowTextW(window, dialog.caption.c_str());
     dialog.kind.addControls(window, dialog.contents);
-    SendMessageW(window, DM_SETDEFID, IDOK, 0);
+    SendMessageW(window, DM_SETDEFID, GetDlgItem(window, IDOK) != nullptr ? IDOK : IDCANCEL, 0);
     TakeResolution(window, DpiOf(window));
     Centre(window, GetWindow(window, GW_OWNER));
+    if (dialog.kind.isProgram) ShowProgramWindow(window);
     const HWND first = GetDlgItem(window, dialog.kind.firstFocus);
     SetFocus(first);
     // Only now: a field without a size would scroll its text away.
@@ -155,9 +164,9 @@ void RegisterDialogClass(const wchar_t* className) {
 }
 
 // A dialog template without controls: style, number of controls, places, menu, class and caption.
-std::vector<WORD> EmptyTemplate(const std::wstring& className) {
+std::vector<WORD> EmptyTemplate(const std::wstring& className, DWORD style) {
     DLGTEMPLATE head{};
-    head.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
+    head.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | style;
     std::vector<WORD> words(sizeof(head) / sizeof(WORD));
     std::copy_n(reinterpret_cast<const WORD*>(&head), words.size(), words.begin());
     words.push_back(0);
@@ -170,7 +179,8 @@ std::vector<WORD> EmptyTemplate(const std::wstring& className) {
 
 bool RunDialog(const DialogKind& kind, const std::wstring& caption, void* contents) {
     RegisterDialogClass(kind.className);
-    const std::vector<WORD> words = EmptyTemplate(kind.className);
+    const std::vector<WORD> words =
+        EmptyTemplate(kind.className, kind.isProgram ? WS_MINIMIZEBOX : DS_MODALFRAME);
     OpenDialog dialog{kind, caption, contents};
     const INT_PTR answer = DialogBoxIndirectParamW(
         GetModuleHandleW(nullptr), reinterpret_cast<const DLGTEMPLATE*>(words.data()),

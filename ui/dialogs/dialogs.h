@@ -19,7 +19,8 @@ struct DialogKind {
     const wchar_t* className;
     // The control that has the focus at first; the text of a field is selected.
     int firstFocus;
-    // Adds the controls, in the order of the Tab key; IDOK is the default button.
+    // Adds the controls, in the order of the Tab key; IDOK is the default button, IDCANCEL in a
+    // dialog without IDOK.
     void (*addControls)(HWND window, void* contents);
     // Places the controls, all of which have the message font of the resolution, and returns the
     // size that the client area must have.
@@ -32,6 +33,8 @@ struct DialogKind {
     void (*notify)(HWND window, void* contents, const Notification& notification) = nullptr;
     // Draws an item of a control that leaves this to its owner.
     void (*draw)(void* contents, const DRAWITEMSTRUCT& item) = nullptr;
+    // The only window of a program: it has the program's icon and can be minimised.
+    bool isProgram = false;
 };
 
 // Shows the dialog in the middle of its owner, the main window, and returns when the user has

@@ -37,7 +37,7 @@ struct ExportCommands : CommandTest {
         MakeOpen(L"ship.ve2");
         int32_t number = 0;
         for (SectionModel& section : sections) {
-            ASSERT_TRUE(ReplaceSection(path, section, ++number, false));
+            ASSERT_TRUE(ReplaceSection(path, section, ++number));
         }
         RecordingScreen::events.clear();
     }

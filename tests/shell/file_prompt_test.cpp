@@ -1,0 +1,51 @@
+#include "shell/file_prompt.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/system.h"
+#include "platform/ztutil32.h"
+#include "report/messages.h"
+#include "tests/support/support.h"
+
+namespace corvane {
+namespace {
+
+struct SeenPrompt {
+    std::string extension;
+    std::string title;
+    std::string name;
+    std::string caption;
+    int32_t flags = 0;
+};
+SeenPrompt seen;
+std::string answer;  // "" cancels
+
+int16_t CORVANE_STDCALL Answer(char* extension, char* title, char* buffer, int32_t size,
+                               int32_t flags, char* caption) {
+    seen = {extension, title, buffer, caption, flags};
+    if (answer.empty()) return 0;
+    buffer[answer.copy(buffer, static_cast<size_t>(size) - 1)] = '\0';
+    return -1;
+}
+
+struct AskForWritableDatabaseTest : testing::Test {
+    test::FakeFunction<decltype(ZTUtilPromptForName)> fake{ZTUtilPromptForName, Answer};
+};
+
+TEST_F(AskForWritableDatabaseTest, PromptAsksWhereToSaveTheDatabase) {
+    answer = "C:\\ships\\other.ve2";
+    EXPECT_EQ(AskForWritableDatabase(L"C:\\ships\\ship.ve2"), L"C:\\ships\\other.ve2");
+    EXPECT_EQ(seen.extension, "ve2");
+    EXPECT_EQ(seen.title, GetMessageBytes(kMsgDatabaseFiles));
+    EXPECT_EQ(seen.name, "C:\\ships\\ship.ve2");
+    EXPECT_EQ(seen.caption, "Save DB as...");
+    EXPECT_EQ(seen.flags, -1);
+}
+
+TEST_F(AskForWritableDatabaseTest, CancelledPromptGivesNoName) {
+    answer.clear();
+    EXPECT_EQ(AskForWritableDatabase(L"C:\\ships\\ship.ve2"), L"");
+}
+
+}  // namespace
+}  // namespace corvane
