@@ -3,7 +3,7 @@
 #include "bsd/labels.h"
 #include "files/file_system.h"
 #include "files/rewrite.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "text/numbers.h"
 
 namespace corvane {

@@ -4,7 +4,7 @@
 #include "database/bulkhead_lines.h"
 #include "database/database_file.h"
 #include "database/tables.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 
 namespace corvane {
 namespace {

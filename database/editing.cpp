@@ -7,7 +7,7 @@
 #include "database/section_file.h"
 #include "files/file_system.h"
 #include "files/rewrite.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "text/numbers.h"
 #include "text/text.h"
 
@@ -44,7 +44,7 @@ bool MoveToWritableFile(std::wstring& path, AskForDatabase ask) {
         if (target.empty()) return false;
     }
     // Meanwhile the user may have made the file itself writable, and named it again.
-    if (system::AbsolutePath(target) != system::AbsolutePath(path)) {
+    if (!IsSameFile(target, path)) {
         const ReplaceResult copied = PutCopy(path, target);
         if (!copied.Done()) {
             ReportTextNotWritten(target, copied.error);

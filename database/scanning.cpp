@@ -1,6 +1,6 @@
 // Recognising a database and finding the blocks in it.
 #include "database/database_file.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "text/numbers.h"
 #include "text/text.h"
 

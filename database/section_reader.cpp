@@ -6,7 +6,7 @@
 #include "database/section_file.h"
 #include "database/section_lines.h"
 #include "database/tables.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 
 namespace corvane {
 namespace {

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "files/paths.h"
 #include "platform/system.h"
 #include "platform/ztutil32.h"
 #include "report/messages.h"

@@ -5,7 +5,8 @@
 #include <memory>
 
 #include "files/paths.h"
-#include "report/messages.h"
+#include "report/reporters.h"
+#include "text/text.h"
 
 namespace corvane {
 namespace {
@@ -136,6 +137,10 @@ bool IsReadOnlyFile(const std::wstring& path) {
     return system::GetFileStatus(path, status) == kErrorNone && status.exists && status.isReadOnly;
 }
 
+bool IsSameFile(const std::wstring& a, const std::wstring& b) {
+    return EqualsIgnoringCase(system::AbsolutePath(a), system::AbsolutePath(b));
+}
+
 void KillFile(const std::wstring& path) {
     if (!FileExists(path)) return;
     const ErrorNumber error = system::RemoveFile(path);
@@ -181,7 +186,7 @@ std::wstring TempFileName() {
 ReplaceResult PutCopy(const std::wstring& source, const std::wstring& target) {
     ReplaceResult result;
     const std::wstring path = system::AbsolutePath(target);
-    assert(system::AbsolutePath(source) != path);
+    assert(!IsSameFile(source, path));
     system::FileStatus status;
     result.error = system::GetFileStatus(path, status);
     if (status.exists && (status.isReadOnly || status.isDirectory)) {

@@ -16,6 +16,9 @@ bool FileExists(const std::wstring& path);
 system::ErrorNumber AwaitReadable(const std::wstring& path);
 bool IsDirectory(const std::wstring& path);
 bool IsReadOnlyFile(const std::wstring& path);
+// Whether two paths name one file: their absolute forms are spelled alike, but for upper and lower
+// case. The one answer to that question.
+bool IsSameFile(const std::wstring& a, const std::wstring& b);
 
 // Deletes a file; nothing happens when there is none.
 void KillFile(const std::wstring& path);

@@ -6,6 +6,9 @@
 
 namespace corvane {
 
+// Name of the settings file; the profile functions place it in the Windows folder.
+inline constexpr wchar_t kSettingsFile[] = L"Corvane.ini";
+
 // "" for an empty path; otherwise trimmed and ending in exactly one "\" (one that is there already
 // is not doubled).
 std::wstring WithTrailingBackslash(std::wstring_view path);

@@ -2,7 +2,7 @@
 
 #include "files/file_system.h"
 #include "files/paths.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "text/text.h"
 
 namespace corvane {
@@ -27,7 +27,7 @@ bool KeepBackup(const Rewrite& rewrite) {
     ErrorNumber error = system::GetFileStatus(rewrite.target, status);
     if (error == kErrorNone && !status.exists) return true;
     const std::wstring path = BackupPath(rewrite.target);
-    if (LowerCase(system::AbsolutePath(path)) == LowerCase(system::AbsolutePath(rewrite.target))) {
+    if (IsSameFile(path, rewrite.target)) {
         ReportNoBackup(rewrite, GetMessage(kMsgBackupIsTheFile));
         return false;
     }

@@ -5,7 +5,7 @@
 #include "files/file_system.h"
 #include "platform/system.h"
 #include "platform/ztutil32.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "text/text.h"
 
 namespace corvane {
@@ -26,13 +26,13 @@ std::wstring FromLibraryBuffer(const std::string& bytes) {
     return CutAtNul(system::WideFromAnsi(bytes));
 }
 
-RunResult RunToItsEnd(const std::wstring& commandLine, int16_t windowStyle) {
+RunResult RunToItsEnd(const std::wstring& commandLine, int16_t windowStyle, bool& childRunning) {
     const std::string bytes = system::AnsiFromWide(commandLine);
-    SetChildRunning(true);
+    childRunning = true;
     system::ClearLastError();
     const int16_t result = ShellAndWait(bytes.c_str(), windowStyle);
     const system::ErrorNumber lastError = system::LastError();
-    SetChildRunning(false);
+    childRunning = false;
     if (result != 0) return {system::kErrorNone, result == kProgramCrashed};
     if (ShellAndWait.error != system::kErrorNone) return {ShellAndWait.error};
     // A library that does not say why: mostly there is no such program.
@@ -41,28 +41,16 @@ RunResult RunToItsEnd(const std::wstring& commandLine, int16_t windowStyle) {
 
 }  // namespace
 
-void SetBusyPointer() {
-    ShowBusyPointer();
-}
-
-void ResetMousePointer() {
-    ShowDefaultPointer();
-}
-
-bool ChildRunning() {
-    return IsChildRunning();
-}
-
-RunResult RunAndWait(const std::wstring& commandLine, int16_t windowStyle,
+RunResult RunAndWait(const std::wstring& commandLine, int16_t windowStyle, bool& childRunning,
                      const std::wstring& workDir) {
-    SetChildRunning(false);
+    childRunning = false;
     SetBusyPointer();
     std::wstring remembered;
     if (!workDir.empty()) {
         remembered = system::CurrentDirectory();
         ChangeToDirectory(workDir);
     }
-    const RunResult result = RunToItsEnd(commandLine, windowStyle);
+    const RunResult result = RunToItsEnd(commandLine, windowStyle, childRunning);
     if (!workDir.empty()) ChangeToDirectory(remembered);
     ResetMousePointer();
     if (!result.HasRun()) ReportDebugError(L"ExShell (" + commandLine + L")", result.error);

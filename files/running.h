@@ -1,4 +1,4 @@
-// Running another program, the busy pointer, and the file prompt.
+// Running another program, and the file prompt.
 #pragma once
 
 #include <cstdint>
@@ -8,13 +8,6 @@
 
 namespace corvane {
 
-// The screen's pointer: the hourglass, and back to the default.
-void SetBusyPointer();
-void ResetMousePointer();
-
-// True exactly while RunAndWait's program runs.
-bool ChildRunning();
-
 // What is known of a program that was run.
 struct RunResult {
     system::ErrorNumber error = system::kErrorNone;  // why nothing was started
@@ -22,10 +15,10 @@ struct RunResult {
     bool HasRun() const { return error == system::kErrorNone; }
 };
 
-// Runs a program and returns when it has ended, with the hourglass meanwhile. `workDir`, when not
-// empty, is the current directory during the run. When nothing was started the debug report gets
-// the context "ExShell (" commandLine ")".
-RunResult RunAndWait(const std::wstring& commandLine, int16_t windowStyle,
+// Runs a program and returns when it has ended, with the hourglass meanwhile. `childRunning` is
+// true exactly while it runs. `workDir`, when not empty, is the current directory during the run.
+// When nothing was started the debug report gets the context "ExShell (" commandLine ")".
+RunResult RunAndWait(const std::wstring& commandLine, int16_t windowStyle, bool& childRunning,
                      const std::wstring& workDir = {});
 
 // The texts of the file prompt; the library may change them all.

@@ -6,7 +6,7 @@
 #include "legacy/geometry.h"
 #include "legacy/section_records.h"
 #include "platform/ztutil32.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 
 namespace corvane {
 namespace {

@@ -13,7 +13,7 @@
 #include "legacy/section_record.h"
 #include "platform/system.h"
 #include "platform/ztvelk32.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "text/text.h"
 
 namespace corvane {

@@ -2,7 +2,7 @@
 
 #include "legacy/section_records.h"
 #include "platform/ztutil32.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 
 namespace corvane {
 Node NodeRecord(const Section& section, NodeReference reference) {

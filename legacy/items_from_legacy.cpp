@@ -5,7 +5,7 @@
 #include "legacy/fields.h"
 #include "legacy/from_legacy.h"
 #include "legacy/section_records.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 
 namespace corvane {
 namespace {

@@ -4,7 +4,7 @@
 #include "legacy/geometry.h"
 #include "legacy/section_record.h"
 #include "platform/system.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "text/text.h"
 
 namespace corvane {

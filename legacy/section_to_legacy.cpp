@@ -7,6 +7,7 @@
 #include "legacy/section_record.h"
 #include "legacy/to_legacy.h"
 #include "platform/system.h"
+#include "report/reporters.h"
 #include "text/text.h"
 
 namespace corvane {

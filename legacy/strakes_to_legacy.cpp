@@ -7,6 +7,7 @@
 #include "legacy/node_kinds.h"
 #include "legacy/section_records.h"
 #include "legacy/to_legacy.h"
+#include "report/reporters.h"
 
 namespace corvane {
 namespace {

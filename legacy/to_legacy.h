@@ -6,7 +6,7 @@
 
 #include "database/section.h"
 #include "platform/ztvelk32.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 
 namespace corvane {
 

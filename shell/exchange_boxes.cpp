@@ -7,24 +7,11 @@
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "legacy/exchange.h"
-#include "report/messages.h"
-#include "shell/current_model.h"
+#include "report/reporters.h"
 #include "shell/state.h"
 
 namespace corvane {
 namespace {
-
-const wchar_t* KindSuffix(ModelKind kind) {
-    switch (kind) {
-        case ModelKind::kBulkhead:
-            return L" (bulkhead)";
-        case ModelKind::kTorsion:
-            return L" (torsion)";
-        case ModelKind::kSection:
-            break;
-    }
-    return L"";
-}
 
 std::vector<ModelEntry> ListLegacy(const std::wstring& path) {
     int16_t status = 0;
@@ -49,7 +36,7 @@ bool ReadFromLegacy(const std::wstring& path, int32_t slot, SectionModel& sectio
 bool ReadFromDatabase(const std::wstring& path, int32_t row, SectionModel& section,
                       BasicShipData& bsd) {
     ModelEntry model;
-    if (!FindInRow(ListModels(path), row, path, model)) return false;
+    if (!RequireModelInRow(ListModels(path), row, path, model)) return false;
     if (!ReadSectionBlock(path, row, false, section)) return false;
     LoadBsdFromDatabase(path, bsd);
     return true;
@@ -69,7 +56,7 @@ std::vector<ExchangeItem> ListForExchange(const std::wstring& path) {
     }
     for (const ModelEntry& model : IsLegacyDatabase(path) ? ListLegacy(path) : ListDatabase(path)) {
         const auto number = static_cast<int32_t>(items.size() + 1);
-        items.push_back({model.name + KindSuffix(model.kind), number, model.kind});
+        items.push_back({model.name + FactsOf(model.kind).exchangeSuffix, number, model.kind});
     }
     return items;
 }

@@ -6,7 +6,7 @@
 #include "files/paths.h"
 #include "files/running.h"
 #include "platform/system.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "shell/commands/commands.h"
 #include "shell/state.h"
 #include "text/text.h"
@@ -91,10 +91,6 @@ std::wstring AskForWritableDatabase(const std::wstring& proposed) {
     prompt.title = GetMessage(kMsgDatabaseFiles);
     prompt.flags = -1;
     return PromptForFileName(prompt);
-}
-
-bool IsSamePath(const std::wstring& a, const std::wstring& b) {
-    return EqualsIgnoringCase(a, b);
 }
 
 }  // namespace corvane

@@ -8,7 +8,7 @@
 namespace corvane {
 
 struct FileQuestion {
-    uint16_t command = 0;  // the menu item whose caption the prompt bears
+    uint16_t command = 0;  // the menu item whose caption the prompt has
     std::wstring types;    // list of file types, as the utility library takes it
     std::wstring defaultExtension = L"ve2";
     std::wstring proposed;   // file name
@@ -30,8 +30,5 @@ std::wstring AskForFile(const FileQuestion& question);
 std::wstring AskForWritableDatabase(const std::wstring& proposed);
 
 inline constexpr size_t kLongestPath = 259;
-
-// Whether two absolute paths are spelled alike, but for upper and lower case.
-bool IsSamePath(const std::wstring& a, const std::wstring& b);
 
 }  // namespace corvane

@@ -4,11 +4,12 @@
 #include <array>
 
 #include "files/file_system.h"
+#include "files/paths.h"
 #include "platform/bsdvelk.h"
 #include "platform/grvelk.h"
 #include "platform/ztutil32.h"
 #include "platform/ztvelk32.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "shell/state.h"
 #include "text/version.h"
 
@@ -19,7 +20,7 @@ namespace {
 void ChangeToDebugDirectory() {
     const std::wstring path =
         GetIniString(L"Config", L"Velk_Path", shell.settings.DataDirectory, kSettingsFile);
-    shell.screen.showPlainBox(L"Debug : change dir to exe dir : " + path);
+    reportView.showPlainBox(L"Debug : change dir to exe dir : " + path);
     ChangeToDirectory(path);
 }
 

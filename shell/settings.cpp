@@ -8,7 +8,7 @@
 #include "files/paths.h"
 #include "platform/system.h"
 #include "platform/ztutil32.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "text/numbers.h"
 #include "text/text.h"
 
@@ -20,11 +20,21 @@ std::wstring ReadKey(const std::wstring& file, MessageNumber key, const std::wst
     return GetIniString(GetMessage(kMsgSettingsSection), GetMessage(key), fallback, file);
 }
 
+// A limit: a key, what it is when the file has none, and where it goes.
+struct LimitSetting {
+    MessageNumber key;
+    const wchar_t* fallback;
+    float ShellSettings::*limit;
+};
+constexpr LimitSetting kFirstLimit{kMsgFirstLimitKey, L"1.5", &ShellSettings::FirstLimit};
+constexpr LimitSetting kSecondLimit{kMsgSecondLimitKey, L"3.0", &ShellSettings::SecondLimit};
+constexpr LimitSetting kThirdLimit{kMsgThirdLimitKey, L"1.5", &ShellSettings::ThirdLimit};
+
 // False, and the limit as it was, when the number is too large for it.
-bool ReadLimit(const std::wstring& file, MessageNumber key, const wchar_t* fallback, float& limit) {
-    const double value = LeadingNumber(ReadKey(file, key, fallback));
+bool ReadLimit(const std::wstring& file, const LimitSetting& setting, ShellSettings& settings) {
+    const double value = LeadingNumber(ReadKey(file, setting.key, setting.fallback));
     if (std::abs(value) > static_cast<double>(FLT_MAX)) return false;
-    limit = static_cast<float>(value);
+    settings.*setting.limit = static_cast<float>(value);
     return true;
 }
 
@@ -54,16 +64,24 @@ std::wstring UserName() {
     return system::WideFromAnsi(buffer.data());
 }
 
-bool WriteKeys(const std::wstring& file, const ShellSettings& settings) {
-    return WriteKey(file, kMsgWorkDirectoryKey, settings.WorkDirectory) &&
-           WriteKey(file, kMsgBrowseDirectoryKey, settings.BrowseDirectory) &&
-           WriteKey(file, kMsgLoginNameKey, UserName()) &&
-           (settings.KeepDatabasePath ||
-            WriteKey(file, kMsgDatabasePathKey, settings.DatabasePath)) &&
-           WriteKey(file, kMsgFirstLimitKey, GeneralText(settings.FirstLimit)) &&
-           WriteKey(file, kMsgIntegerSettingKey, GeneralText(settings.IntegerSetting)) &&
-           WriteKey(file, kMsgSecondLimitKey, GeneralText(settings.SecondLimit)) &&
-           WriteKey(file, kMsgThirdLimitKey, GeneralText(settings.ThirdLimit));
+// What is written, in this order: a key, and its text.
+struct WrittenSetting {
+    MessageNumber key;
+    std::wstring (*text)(const ShellSettings& settings);
+};
+constexpr WrittenSetting kWritten[] = {
+    {kMsgWorkDirectoryKey, [](const ShellSettings& s) { return s.WorkDirectory; }},
+    {kMsgBrowseDirectoryKey, [](const ShellSettings& s) { return s.BrowseDirectory; }},
+    {kMsgLoginNameKey, [](const ShellSettings&) { return UserName(); }},
+    {kMsgDatabasePathKey, [](const ShellSettings& s) { return s.DatabasePath; }},
+    {kMsgFirstLimitKey, [](const ShellSettings& s) { return GeneralText(s.FirstLimit); }},
+    {kMsgIntegerSettingKey, [](const ShellSettings& s) { return GeneralText(s.IntegerSetting); }},
+    {kMsgSecondLimitKey, [](const ShellSettings& s) { return GeneralText(s.SecondLimit); }},
+    {kMsgThirdLimitKey, [](const ShellSettings& s) { return GeneralText(s.ThirdLimit); }},
+};
+
+bool IsWritten(const WrittenSetting& setting, const ShellSettings& settings) {
+    return setting.key != kMsgDatabasePathKey || !settings.KeepDatabasePath;
 }
 
 }  // namespace
@@ -87,18 +105,22 @@ void ReadSettings(const std::wstring& file, const std::wstring& programDirectory
     ReadDirectories(file, programDirectory, settings);
     settings.DatabasePath = ReadKey(file, kMsgDatabasePathKey, L"");
     if (!FileExists(settings.DatabasePath)) settings.DatabasePath.clear();
-    // A number out of range ends the reading; the fields behind it stay as they were.
-    if (!ReadLimit(file, kMsgFirstLimitKey, L"1.5", settings.FirstLimit)) return;
+    // A number out of range ends the reading; the fields after it stay as they were.
+    if (!ReadLimit(file, kFirstLimit, settings)) return;
     settings.IntegerSetting = system::ReadProfileInteger(
         GetMessageBytes(kMsgSettingsSection), GetMessageBytes(kMsgIntegerSettingKey), -1, file);
-    if (!ReadLimit(file, kMsgSecondLimitKey, L"3.0", settings.SecondLimit)) return;
-    ReadLimit(file, kMsgThirdLimitKey, L"1.5", settings.ThirdLimit);
+    if (!ReadLimit(file, kSecondLimit, settings)) return;
+    ReadLimit(file, kThirdLimit, settings);
 }
 
 bool WriteSettings(const std::wstring& file, const ShellSettings& settings) {
-    if (WriteKeys(file, settings)) return true;
-    ReportStatus(kMsgSettingsNotWritten);
-    return false;
+    for (const WrittenSetting& setting : kWritten) {
+        if (!IsWritten(setting, settings)) continue;
+        if (WriteKey(file, setting.key, setting.text(settings))) continue;
+        ReportStatus(kMsgSettingsNotWritten);
+        return false;
+    }
+    return true;
 }
 
 }  // namespace corvane

@@ -3,14 +3,15 @@
 #include <utility>
 #include <vector>
 
-#include "bsd/bsd_file.h"
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "platform/system.h"
 #include "platform/ztutil32.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "shell/command_line.h"
+#include "shell/legacy_conversion.h"
 #include "shell/library_checks.h"
+#include "shell/rule_set.h"
 #include "shell/state.h"
 #include "text/text.h"
 
@@ -34,9 +35,9 @@ std::wstring ReadCommandLine(std::wstring commandLine) {
 }
 
 void ShowFirstWindows() {
-    shell.screen.loadMainWindow();
-    if (!shell.debugMode) shell.screen.showSplash(shell.title);
-    shell.screen.processPendingMessages();
+    shell.view.loadMainWindow();
+    if (!shell.debugMode) shell.view.showSplash(shell.title);
+    reportView.processPendingMessages();
 }
 
 // Tells the suite's other programs that the shell has been started.
@@ -46,31 +47,22 @@ void WriteStartEntry() {
 }
 
 void OpenLegacyFile(const std::wstring& file) {
-    shell.screen.showMainWindow();
-    shell.screen.unloadSplash();
-    shell.screen.openLegacyDatabase(file);
+    shell.view.showMainWindow();
+    reportView.unloadSplash();
+    OpenLegacyDatabase(file);
 }
 
-void LoadStartDatabase() {
-    ShellSettings& settings = shell.settings;
-    ChangeToDirectory(settings.WorkDirectory);
-    if (!FileExists(settings.DatabasePath)) {
-        settings.DatabasePath.clear();
-        return;
-    }
-    shell.bsd = BasicShipData();
-    LoadBsdFromDatabase(settings.DatabasePath, shell.bsd);
-    shell.currentModel = 1;
+void LoadStartDatabase(const std::wstring& path) {
+    ChangeToDirectory(shell.settings.WorkDirectory);
+    if (FileExists(path)) LoadDatabase(path);
 }
 
 void ShowMainWindow() {
-    shell.title = WithoutRuleSetSuffixes(std::move(shell.title));
-    if (shell.jbpMode) shell.title += kJbpSuffix;
-    if (shell.milMode) shell.title += kMilSuffix;
-    shell.screen.setMainCaption(shell.title);
-    shell.screen.refreshMainWindow();
-    shell.screen.showMainWindow();
-    shell.screen.unloadSplash();
+    UpdateTitle();
+    shell.view.setMainCaption(shell.title);
+    RefreshMainWindow();
+    shell.view.showMainWindow();
+    reportView.unloadSplash();
 }
 
 }  // namespace
@@ -84,7 +76,7 @@ bool Main(const std::wstring& commandLine) {
 void GiveWayToRunningInstance() {
     // The new title keeps the search from finding a window of this process.
     const std::wstring title = std::exchange(shell.title, L"...duplicate instance");
-    shell.screen.activateRunningInstance(title);
+    shell.view.activateRunningInstance(title);
 }
 
 bool StartUp(const std::wstring& commandLine) {
@@ -94,37 +86,32 @@ bool StartUp(const std::wstring& commandLine) {
     ShowFirstWindows();
     shell.startDirectory = system::CurrentDirectory();
     WriteStartEntry();
+    std::wstring path = shell.settings.DatabasePath;
     if (!startFile.empty() && !FileExists(startFile)) {
         ReportMessage(kMsgFileMissing, {startFile});
     } else if (FileExtension(startFile) == L"vel") {
         OpenLegacyFile(startFile);
-        return true;
+        if (IsDatabaseOpen()) return true;
     } else if (!startFile.empty()) {
-        shell.settings.DatabasePath = startFile;
+        path = startFile;
     }
-    LoadStartDatabase();
+    LoadStartDatabase(path);
     ShowMainWindow();
     return true;
 }
 
 bool CheckRegionalSettings() {
     if (IsRegionalOK() != 0) return true;
-    if (!shell.screen.askYesNo(ExpandLineBreaks(kRegionalQuestion))) return false;
+    if (!shell.view.askYesNo(ExpandLineBreaks(kRegionalQuestion))) return false;
     if (SetRegionalOK() != 0) return true;
     ReportMessage(kRegionalFailure);
     return false;
 }
 
 void ShutDown() {
+    shell.settings.DatabasePath = shell.database.path;
     WriteSettings(kSettingsFile, shell.settings);
     ChangeToDirectory(shell.startDirectory);
-}
-
-std::wstring WithoutRuleSetSuffixes(std::wstring title) {
-    while (title.ends_with(kJbpSuffix) || title.ends_with(kMilSuffix)) {
-        title.resize(title.size() - std::size(kJbpSuffix) + 1);
-    }
-    return title;
 }
 
 }  // namespace corvane

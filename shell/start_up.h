@@ -20,10 +20,4 @@ bool CheckRegionalSettings();
 // Writes the settings and restores the current directory; the caller ends the process.
 void ShutDown();
 
-// What the title ends with under the rule sets "CSR for BC" and "QUOR MIL".
-inline constexpr wchar_t kJbpSuffix[] = L" JBP";
-inline constexpr wchar_t kMilSuffix[] = L" MIL";
-// The title without the rule-set suffixes at its end.
-std::wstring WithoutRuleSetSuffixes(std::wstring title);
-
 }  // namespace corvane

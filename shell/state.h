@@ -1,24 +1,23 @@
-// The state of the process: one record, and nothing else in the program is global.
+// The state of the process: one record, and nothing else in the program is global but what the
+// reporters and the companion libraries are called through.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
-#include "bsd/basic_ship_data.h"
-#include "database/section.h"
-#include "report/messages.h"
-#include "shell/screen.h"
+#include "shell/open_database.h"
+#include "shell/preview_pane.h"
 #include "shell/settings.h"
+#include "shell/view.h"
 
 namespace corvane {
-
-struct MainWindow;  // shell/window_contents.h
 
 struct ShellState {
     bool debugMode = false;  // switch "/d"
     bool milMode = false;    // switch "/mil", rule set "QUOR MIL"
     bool jbpMode = false;    // switch "/JBP", rule set "CSR for BC"
     bool childRunning = false;
+    // The main window takes no commands; see LockShell.
+    bool locked = false;
     // While the Open dialog is up and while a model is being created; the import dialog's list
     // takes no clicks then.
     bool suppressListEvents = false;
@@ -29,21 +28,21 @@ struct ShellState {
     std::wstring startDirectory;
 
     ShellSettings settings;
-    // The Basic Ship Data of the open database.
-    BasicShipData bsd;
-    // Number of the selected model, 1 the first; 0 none; -1 and -2 while a bulkhead arrangement or
-    // a torsion model is being created.
-    int16_t currentModel = 0;
+    OpenDatabase database;  // changed by shell/open_database.h alone
+    PreviewPane preview;    // changed by shell/preview_pane.h alone
 
-    // The section in the preview, as it was read when its row was selected.
-    SectionModel previewSection;
-    bool previewShown = false;
-
-    Screen screen;
-    // What the main window can do; null while there is none.
-    const MainWindow* mainWindow = nullptr;
+    View view;
+    // The main window's handle, for the user interface alone; null while there is none.
+    void* mainWindow = nullptr;
 };
 
 extern ShellState shell;
+
+// From now on `view` is what the program shows itself through, its reporters included.
+void UseView(const View& view);
+
+// Keeps the user from the window's commands while a program of the suite runs, and gives them back;
+// the window goes on painting itself.
+void LockShell(bool locked);
 
 }  // namespace corvane

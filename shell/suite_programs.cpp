@@ -1,17 +1,12 @@
 #include "shell/suite_programs.h"
 
-#include <algorithm>
-#include <limits>
-
 #include "database/database_file.h"
 #include "files/file_system.h"
 #include "files/paths.h"
-#include "files/text_file.h"
 #include "platform/system.h"
-#include "report/messages.h"
-#include "shell/commands/file_commands.h"
+#include "report/reporters.h"
+#include "shell/rule_set.h"
 #include "shell/state.h"
-#include "shell/window_contents.h"
 
 namespace corvane {
 namespace {
@@ -19,123 +14,28 @@ namespace {
 // The programs show themselves as they like.
 constexpr int16_t kWindowStyle = 0;
 
-std::wstring ProgramPath(const std::wstring& fileName) {
-    return shell.settings.DataDirectory + fileName;
-}
-
-// What every command line begins with.
-std::wstring CommandLine(const std::wstring& program) {
-    return program + L" " + SwitchString() + L"\"" + shell.settings.DatabasePath + L"\"";
-}
-
-std::wstring CurrentModelText() {
-    return L" " + std::to_wstring(shell.currentModel);
+std::wstring ProgramPath(const ProgramFile& program) {
+    return shell.settings.DataDirectory + ProgramFileName(program);
 }
 
 system::FileStatus DatabaseStatus() {
     system::FileStatus status;
-    system::GetFileStatus(shell.settings.DatabasePath, status);
+    system::GetFileStatus(shell.database.path, status);
     return status;
-}
-
-// The kind of the current model; of one that is being created, the kind that its number tells.
-// False when the database has no such model.
-bool KindOfCurrentModel(ModelKind& kind) {
-    if (shell.currentModel < 1) {
-        kind = static_cast<ModelKind>(-shell.currentModel);
-        return true;
-    }
-    TextReader reader;
-    std::string keyword;
-    if (!OpenText(reader, shell.settings.DatabasePath) ||
-        !FindModel(reader, shell.currentModel, keyword)) {
-        return false;
-    }
-    kind = KindOfKeyword(keyword);
-    return true;
-}
-
-void ReportMissingModel() {
-    ReportMessage(kMsgModelMissing, {int32_t{shell.currentModel}, shell.settings.DatabasePath});
-}
-
-// What a command on a model asks for; `kind` gets the model's.
-bool IsReady(ModelKind& kind) {
-    if (!IsDatabaseThere()) return false;
-    if (!IsBsdDefined(shell.bsd)) {
-        ShowWarning(L"Please input valid BSD first");
-        return false;
-    }
-    if (!KindOfCurrentModel(kind)) {
-        ReportMissingModel();
-        return false;
-    }
-    SetBusyPointer();
-    return true;
-}
-
-void ShowAfterRun(const ProgramRun& run) {
-    RefreshMainWindow();
-    ShowStatus(L"");
-    ReportRun(run);
-}
-
-// Runs the input program of the current model's kind.
-bool RunInputProgram(ProgramRun& run) {
-    ModelKind kind = ModelKind::kSection;
-    if (!IsReady(kind)) return false;
-    run.program = InputProgramPath(kind);
-    run.commandLine = EditCommandLine(run.program);
-    return RunProgram(run);
-}
-
-// Model numbers are 16-bit.
-int16_t ModelCount() {
-    constexpr int kMost = std::numeric_limits<int16_t>::max();
-    return static_cast<int16_t>(std::min(CountModels(shell.settings.DatabasePath), kMost));
-}
-
-void Create(ModelKind kind) {
-    const int16_t before = shell.currentModel;
-    const int16_t count = ModelCount();
-    shell.suppressListEvents = true;
-    shell.currentModel = static_cast<int16_t>(-static_cast<int16_t>(kind));
-    ProgramRun run;
-    const bool wasTried = RunInputProgram(run);
-    shell.suppressListEvents = false;
-    const int16_t countAfter = ModelCount();
-    shell.currentModel = countAfter > count ? countAfter : before;
-    if (wasTried) ShowAfterRun(run);
 }
 
 }  // namespace
 
 std::wstring InputProgramPath(ModelKind kind) {
-    switch (kind) {
-        case ModelKind::kBulkhead:
-            return ProgramPath(L"BhdInput.exe");
-        case ModelKind::kTorsion:
-            return ProgramPath(L"TorModel.exe");
-        case ModelKind::kSection:
-            break;
-    }
-    return ProgramPath(GetMessage(kMsgSectionProgram));
+    return ProgramPath(FactsOf(kind).inputProgram);
 }
 
 std::wstring RuleProgramPath(ModelKind kind) {
-    switch (kind) {
-        case ModelKind::kBulkhead:
-            return ProgramPath(L"BhdCheck.exe");
-        case ModelKind::kTorsion:
-            return ProgramPath(L"TorModel.exe");
-        case ModelKind::kSection:
-            break;
-    }
-    return ProgramPath(shell.jbpMode ? L"CsrCheck.exe" : GetMessage(kMsgRuleProgram));
+    return ProgramPath(shell.jbpMode ? FactsOf(kind).csrProgram : FactsOf(kind).ruleProgram);
 }
 
 std::wstring BsdProgramPath() {
-    return ProgramPath(GetMessage(kMsgBsdProgram));
+    return ProgramPath({nullptr, kMsgBsdProgram});
 }
 
 std::wstring SwitchString() {
@@ -146,44 +46,45 @@ std::wstring SwitchString() {
     return switches;
 }
 
-std::wstring EditCommandLine(const std::wstring& program) {
-    const std::wstring commandLine = CommandLine(program);
-    return shell.currentModel >= 1 ? commandLine + CurrentModelText() : commandLine;
-}
-
-std::wstring RuleCommandLine(const std::wstring& program) {
-    return CommandLine(program) + CurrentModelText();
-}
-
-std::wstring BsdCommandLine(const std::wstring& program) {
-    return CommandLine(program);
+std::wstring CommandLine(const std::wstring& program, int32_t model) {
+    const std::wstring line = program + L" " + SwitchString() + L"\"" + shell.database.path + L"\"";
+    return model >= 1 ? line + L" " + std::to_wstring(model) : line;
 }
 
 RunResult RunAndWait(const std::wstring& commandLine) {
-    const int rule = shell.mainWindow->selectedRule();
+    const int rule = shell.view.selectedRule();
     LockShell(true);
-    shell.screen.processPendingMessages();
-    const RunResult result = RunAndWait(commandLine, kWindowStyle);
+    reportView.processPendingMessages();
+    const RunResult result = RunAndWait(commandLine, kWindowStyle, shell.childRunning);
     LockShell(false);
-    if (shell.mainWindow->selectedRule() != rule) {
-        shell.mainWindow->selectRule(rule);
+    if (shell.view.selectedRule() != rule) {
+        shell.view.selectRule(rule);
         RuleSetChosen(static_cast<RuleSet>(rule));
     }
     return result;
 }
 
-bool RunProgram(ProgramRun& run) {
+bool RequireReadyForModels() {
+    if (!RequireDatabase()) return false;
+    const bool isDefined = IsBsdDefined(shell.database.bsd);
+    if (!isDefined) ShowWarning(L"Please input valid BSD first");
+    return isDefined;
+}
+
+bool RunProgram(ProgramRun& run, int32_t model) {
+    SetBusyPointer();
     if (!FileExists(run.program)) {
         ReportMessage(kMsgFileMissing, {run.program});
         return false;
     }
+    run.commandLine = CommandLine(run.program, model);
     if (system::WideFromAnsi(system::AnsiFromWide(run.commandLine)) != run.commandLine) {
-        ReportMessage(kMsgPathNotTold, {FileNameOf(run.program), shell.settings.DatabasePath});
+        ReportMessage(kMsgPathNotTold, {FileNameOf(run.program), shell.database.path});
         return false;
     }
     ReportStatus(kMsgStartingProgram, {FileNameOf(run.program)});
     const system::FileStatus status = DatabaseStatus();
-    run.wasDatabase = IsDatabaseFile(shell.settings.DatabasePath);
+    run.wasDatabase = IsDatabaseFile(shell.database.path);
     run.wasReadOnly = status.isReadOnly;
     run.modified = status.modified;
     run.result = RunAndWait(run.commandLine);
@@ -195,9 +96,15 @@ bool HasDatabaseChanged(const ProgramRun& run) {
     return !status.exists || status.modified != run.modified;
 }
 
+void ShowAfterRun(const ProgramRun& run) {
+    RefreshMainWindow();
+    ShowStatus(L"");
+    ReportRun(run);
+}
+
 void ReportRun(const ProgramRun& run) {
     const std::wstring name = FileNameOf(run.program);
-    const std::wstring& path = shell.settings.DatabasePath;
+    const std::wstring& path = shell.database.path;
     if (!run.result.HasRun()) {
         ReportMessage(kMsgProgramNotStarted, {run.program, system::ErrorText(run.result.error)});
         return;
@@ -210,34 +117,6 @@ void ReportRun(const ProgramRun& run) {
     } else if (!run.wasReadOnly && DatabaseStatus().isReadOnly) {
         ReportMessage(kMsgReadOnly, {path});
     }
-}
-
-void ME_SectionInput_Click() {
-    ProgramRun run;
-    if (RunInputProgram(run)) ShowAfterRun(run);
-}
-
-void ME_SectionVelkRule_Click() {
-    if (!IsDatabaseThere()) return;
-    if (shell.currentModel < 1) return ReportMissingModel();
-    ModelKind kind = ModelKind::kSection;
-    if (!IsReady(kind)) return;
-    ProgramRun run;
-    run.program = RuleProgramPath(kind);
-    run.commandLine = RuleCommandLine(run.program);
-    if (RunProgram(run)) ShowAfterRun(run);
-}
-
-void ME_SectionNew_Click() {
-    Create(ModelKind::kSection);
-}
-
-void ME_NewBulkhead_Click() {
-    Create(ModelKind::kBulkhead);
-}
-
-void ME_NewTorsion_Click() {
-    Create(ModelKind::kTorsion);
 }
 
 }  // namespace corvane

@@ -1,8 +1,8 @@
-// The suite's other programs: where they lie, what they are told, and the commands that run them on
-// the open database.
+// The suite's other programs: where they are, their command lines, and running them on the open
+// database.
 //
 // While a program runs the shell is locked and touches no file. Afterwards the database is read
-// anew; a program that could not be started or crashed, and a database that the program left
+// again; a program that could not be started or crashed, and a database that the program left
 // missing, read-only or damaged, are reported, and the shell goes on.
 #pragma once
 
@@ -24,10 +24,12 @@ std::wstring BsdProgramPath();
 // "/d ", "/mil ", "/JBP ", in this order, as far as they are set.
 std::wstring SwitchString();
 
-// The program's path is never quoted, the database's always.
-std::wstring EditCommandLine(const std::wstring& program);  // with a model number from 1 on only
-std::wstring RuleCommandLine(const std::wstring& program);
-std::wstring BsdCommandLine(const std::wstring& program);
+// The number that is on no command line: a program that gets none creates a model.
+inline constexpr int32_t kNoModel = 0;
+
+// What a program is started with: its path, the switches, the open database, and a model's number,
+// from 1 on. The program's path is never quoted, the database's always.
+std::wstring CommandLine(const std::wstring& program, int32_t model = kNoModel);
 
 // ---- Running -----------------------------------------------------------------------------------
 
@@ -46,25 +48,21 @@ struct ProgramRun {
     int64_t modified = 0;
 };
 
-// Runs the program with message 622 in the status line. False when nothing was tried: a program
-// that is missing (message 1020), and a path that the code page of the programs can't tell
-// (kMsgPathNotTold), are reported.
-bool RunProgram(ProgramRun& run);
+// What a program for models requires: the open database's file, and a valid ship record. What is
+// missing is reported.
+bool RequireReadyForModels();
+
+// Runs `run.program` on the open database, for a model or for none, with message 622 in the status
+// line. False when nothing was tried: a program
+// that is missing (message 1020), and a path that cannot be passed on in the code page of the
+// programs (kMsgPathNotTold), are reported.
+bool RunProgram(ProgramRun& run, int32_t model = kNoModel);
 // Whether the database's file has another date and time than before the run, or is gone.
 bool HasDatabaseChanged(const ProgramRun& run);
-// Tells the user of what went wrong; called when the window shows the database again.
+
+// Shows the database as the program left it, and reports what went wrong.
+void ShowAfterRun(const ProgramRun& run);
+// The report alone; called when the window shows the database again.
 void ReportRun(const ProgramRun& run);
-
-// ---- Commands ----------------------------------------------------------------------------------
-
-// Edits the current model in the input program of its kind.
-void ME_SectionInput_Click();
-// Checks the current model in the rule program of its kind.
-void ME_SectionVelkRule_Click();
-// Create a model in the input program of a kind. When the number of models grew, the new last one
-// becomes the current one; otherwise the one before stays. suppressListEvents is set meanwhile.
-void ME_SectionNew_Click();
-void ME_NewBulkhead_Click();
-void ME_NewTorsion_Click();
 
 }  // namespace corvane

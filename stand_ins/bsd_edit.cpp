@@ -1,7 +1,7 @@
 // The editor of the Basic Ship Data: names, type, main dimensions and frames.
 #include "bsd/bsd_file.h"
 #include "bsd/labels.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "stand_ins/stand_ins.h"
 #include "text/numbers.h"
 #include "text/text.h"

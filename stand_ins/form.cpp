@@ -4,7 +4,7 @@
 #include "database/editing.h"
 #include "files/paths.h"
 #include "platform/system.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "text/numbers.h"
 #include "text/text.h"
 

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "platform/system.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "text/numbers.h"
 #include "text/text.h"
 

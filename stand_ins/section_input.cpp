@@ -4,7 +4,7 @@
 #include "bsd/bsd_file.h"
 #include "database/editing.h"
 #include "database/section_file.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "stand_ins/midship.h"
 #include "stand_ins/stand_ins.h"
 #include "text/numbers.h"

@@ -4,7 +4,7 @@
 
 #include "database/database_file.h"
 #include "files/rewrite.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "text/numbers.h"
 
 namespace corvane::siblings {

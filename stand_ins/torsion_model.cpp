@@ -1,6 +1,6 @@
 // The torsion program: makes a block of its kind, or renames one.
 #include "bsd/bsd_file.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "stand_ins/stand_ins.h"
 #include "stand_ins/torsion.h"
 #include "text/text.h"

@@ -2,7 +2,6 @@
 
 #include <string_view>
 
-#include "report/messages.h"
 #include "text/numbers.h"
 
 namespace corvane {
@@ -32,10 +31,10 @@ std::wstring VersionText(float version) {
     return DecimalText(version, 1, 4);
 }
 
-std::wstring VersionText(const ProgramVersion& version) {
+std::wstring VersionText(const ProgramVersion& version, bool withRevision) {
     std::wstring text = std::to_wstring(version.major) + L'.' + std::to_wstring(version.minor) +
                         RevisionSuffix(version.revision);
-    if (version.major < 1 || IsDebugMode()) {
+    if (version.major < 1 || withRevision) {
         text += L" (r" + std::to_wstring(version.revision) + L')';
     }
     return text;

@@ -18,9 +18,9 @@ inline constexpr ProgramVersion kProgramVersion{1, 0, 0};
 
 // A version number as text, "2.5" or "1.2346"; 0 is "Unknown ver.".
 std::wstring VersionText(float version);
-// The program's own version: "3.2", a letter or " t4" from the revision, and " (r215)" in debug
-// mode or before version 1.
-std::wstring VersionText(const ProgramVersion& version = kProgramVersion);
+// The program's own version: "3.2", a letter or " t4" from the revision, and " (r215)" when the
+// revision is wanted or before version 1.
+std::wstring VersionText(const ProgramVersion& version, bool withRevision);
 
 // Whether the version is experimental (revision 2000 or more): its results are not for official
 // calculations.

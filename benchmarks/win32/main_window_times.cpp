@@ -11,10 +11,9 @@
 #include "database/database_file.h"
 #include "platform/system.h"
 #include "shell/state.h"
-#include "shell/window_contents.h"
 #include "ui/base/control_ids.h"
 #include "ui/main_window/model_list_view.h"
-#include "ui/main_window/windows_screen.h"
+#include "ui/main_window/windows_view.h"
 
 namespace corvane {
 namespace {
@@ -72,11 +71,11 @@ void Click(HWND window, int row) {
 int MeasureWindow(const std::wstring& path) {
     INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_LISTVIEW_CLASSES | ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&controls);
-    shell.screen = WindowsScreen();
-    shell.settings.DatabasePath = path;
-    if (!LoadBsdFromDatabase(path, shell.bsd)) return 1;
-    shell.screen.loadMainWindow();
-    shell.screen.showMainWindow();
+    UseView(WindowsView());
+    LoadDatabase(path);
+    if (!IsBsdDefined(shell.database.bsd)) return 1;
+    shell.view.loadMainWindow();
+    shell.view.showMainWindow();
     const HWND window = OwnWindow(kMainWindowClass);
     RefreshMainWindow();
     Paint(window);
@@ -90,7 +89,7 @@ int MeasureWindow(const std::wstring& path) {
           }));
     int row = models / 2;
     Print("click", Measure([&] { Click(window, row++); }));
-    return shell.currentModel == models / 2 + 5 ? 0 : 1;
+    return shell.database.currentModel == models / 2 + 5 ? 0 : 1;
 }
 
 }  // namespace

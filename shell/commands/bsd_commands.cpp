@@ -6,27 +6,18 @@
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "legacy/exchange.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "shell/commands/commands.h"
-#include "shell/commands/file_commands.h"
 #include "shell/file_prompt.h"
 #include "shell/state.h"
 #include "shell/suite_programs.h"
-#include "shell/window_contents.h"
 
 namespace corvane {
 namespace {
 
-// Reads the open database's data. While the file can't be read the data stay as they are.
-void ReadAgain() {
-    const std::wstring& path = shell.settings.DatabasePath;
-    BasicShipData bsd;
-    if (LoadBsdFromDatabase(path, bsd) || FileExists(path)) shell.bsd = bsd;
-}
-
-bool IsErasingWanted() {
-    return !IsBsdDefined(shell.bsd) ||
-           shell.screen.askOkCancel(L"You will erase the current BSD !");
+bool ConfirmErasing() {
+    return !IsBsdDefined(shell.database.bsd) ||
+           shell.view.askOkCancel(L"You will erase the current BSD !");
 }
 
 std::wstring AskForSource() {
@@ -35,7 +26,7 @@ std::wstring AskForSource() {
                                     .defaultExtension = L"bsd",
                                     .proposed = L"",
                                     .directory = shell.settings.BrowseDirectory});
-    if (path.empty() || !IsSamePath(path, shell.settings.DatabasePath)) return path;
+    if (path.empty() || !IsSameFile(path, shell.database.path)) return path;
     ReportMessage(kMsgIsOpenDatabase, {path});
     return {};
 }
@@ -50,27 +41,25 @@ bool ReadFrom(const std::wstring& path, BasicShipData& bsd) {
 }  // namespace
 
 void ME_FileBSD_Click() {
-    if (!IsDatabaseThere()) return;
-    SetBusyPointer();
+    if (!RequireDatabase()) return;
     ProgramRun run;
     run.program = BsdProgramPath();
-    run.commandLine = BsdCommandLine(run.program);
     if (!RunProgram(run)) return;
-    if (HasDatabaseChanged(run)) ReadAgain();
+    if (HasDatabaseChanged(run)) ReadShipRecordAgain();
     RefreshMainWindow();
     ResetMousePointer();
     ShowStatus(L"");
-    if (!IsBsdDefined(shell.bsd)) ReportStatus(kMsgInputBsdFirst);
+    if (!IsBsdDefined(shell.database.bsd)) ReportStatus(kMsgInputBsdFirst);
     ReportRun(run);
 }
 
 void ME_FileImportBSD_Click() {
-    if (!IsDatabaseThere() || !IsErasingWanted()) return;
+    if (!RequireDatabase() || !ConfirmErasing()) return;
     const std::wstring source = AskForSource();
     if (source.empty()) return;
     BasicShipData bsd;
-    if (!ReadFrom(source, bsd) || !SaveBsdToDatabase(shell.settings.DatabasePath, bsd)) return;
-    shell.bsd = bsd;
+    if (!ReadFrom(source, bsd) || !SaveBsdToDatabase(shell.database.path, bsd)) return;
+    AdoptShipRecord(bsd);
     RefreshMainWindow();
 }
 

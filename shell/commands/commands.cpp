@@ -3,12 +3,13 @@
 #include <algorithm>
 #include <array>
 
+#include "report/reporters.h"
 #include "shell/commands/bsd_commands.h"
-#include "shell/commands/exchange_commands.h"
+#include "shell/commands/create_commands.h"
 #include "shell/commands/file_commands.h"
 #include "shell/commands/help_commands.h"
-#include "shell/commands/model_commands.h"
-#include "shell/suite_programs.h"
+#include "shell/commands/section_commands.h"
+#include "shell/state.h"
 
 namespace corvane {
 namespace {
@@ -43,14 +44,14 @@ constexpr std::array kCommands = {
             EnabledWhen::kBsdDefined, ME_NewTorsion_Click},
 
     Command{ME_SectionInput, Menu::kSection, "ME_SectionInput", L"&Edit...",
-            EnabledWhen::kModelSelected, ME_SectionInput_Click},
+            EnabledWhen::kModelSelected, ME_SectionInput_Click, ListKey::kEnter},
     Command{ME_SectionVelkRule, Menu::kSection, "ME_SectionVelkRule", L"&Rule...",
             EnabledWhen::kModelSelected, ME_SectionVelkRule_Click},
     Separator(Menu::kSection),
     Command{ME_SectionCopy, Menu::kSection, "ME_SectionCopy", L"&Copy...",
             EnabledWhen::kModelSelected, ME_SectionCopy_Click},
     Command{ME_SectionRemove, Menu::kSection, "ME_SectionRemove", L"&Delete...",
-            EnabledWhen::kModelSelected, ME_SectionRemove_Click},
+            EnabledWhen::kModelSelected, ME_SectionRemove_Click, ListKey::kDelete},
     Separator(Menu::kSection),
     Command{ME_SectionImport, Menu::kSection, "ME_SectionImport", L"&Import...",
             EnabledWhen::kDatabaseOpen, ME_SectionImport_Click},
@@ -61,6 +62,17 @@ constexpr std::array kCommands = {
             ME_HelpAbout_Click},
 };
 
+// The first command whose `field` has a value; null without one.
+template <class Value>
+const Command* Find(Value Command::*field, Value value) {
+    const auto found = std::ranges::find(kCommands, value, field);
+    return found == kCommands.end() ? nullptr : &*found;
+}
+
+bool IsBsdThere() {
+    return IsDatabaseOpen() && IsBsdDefined(shell.database.bsd);
+}
+
 }  // namespace
 
 std::span<const Command> Commands() {
@@ -68,37 +80,51 @@ std::span<const Command> Commands() {
 }
 
 const Command* FindCommand(uint16_t id) {
-    const auto found = std::find_if(kCommands.begin(), kCommands.end(),
-                                    [&](const Command& command) { return command.id == id; });
-    return id == 0 || found == kCommands.end() ? nullptr : &*found;
+    return id == 0 ? nullptr : Find(&Command::id, id);
+}
+
+const Command* FindCommand(ListKey key) {
+    return key == ListKey::kNone ? nullptr : Find(&Command::key, key);
+}
+
+bool IsEnabled(const Command& command) {
+    switch (command.enabledWhen) {
+        case EnabledWhen::kAlways:
+            return true;
+        case EnabledWhen::kDatabaseOpen:
+            return IsDatabaseOpen();
+        case EnabledWhen::kBsdDefined:
+            return IsBsdThere();
+        case EnabledWhen::kModelSelected:
+            return IsRowSelected();
+    }
+    return false;
+}
+
+bool IsMenuEnabled(Menu menu) {
+    if (menu == Menu::kBsd) return IsDatabaseOpen();
+    if (menu == Menu::kCreate) return IsBsdThere();
+    return true;
+}
+
+void RunCommand(uint16_t id) {
+    const Command* command = FindCommand(id);
+    if (command != nullptr && !shell.locked && IsEnabled(*command)) command->run();
 }
 
 const wchar_t* MenuCaption(Menu menu) {
-    switch (menu) {
-        case Menu::kFile:
-            return L"&File";
-        case Menu::kBsd:
-            return L"&BSD";
-        case Menu::kCreate:
-            return L"&Create";
-        case Menu::kSection:
-            return SectionMenuCaption(ModelKind::kSection);
-        case Menu::kHelp:
-            break;
-    }
-    return L"&Help";
+    static constexpr const wchar_t* kCaptions[kMenuCount] = {L"&File", L"&BSD", L"&Create", nullptr,
+                                                             L"&Help"};
+    const wchar_t* caption = kCaptions[static_cast<size_t>(menu)];
+    return caption != nullptr ? caption : SectionMenuCaption(ModelKind::kSection);
 }
 
 const wchar_t* SectionMenuCaption(ModelKind kind) {
-    switch (kind) {
-        case ModelKind::kBulkhead:
-            return L"Bul&khead";
-        case ModelKind::kTorsion:
-            return L"&Torsion";
-        case ModelKind::kSection:
-            break;
-    }
-    return L"&Section";
+    return FactsOf(kind).menuCaption;
+}
+
+void NotImp() {
+    reportView.showPlainBox(GetMessage(kMsgNotImplemented));
 }
 
 }  // namespace corvane

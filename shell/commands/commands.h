@@ -1,5 +1,5 @@
-// The commands of the main window's menus, in one table: identifier, caption, what it does, and
-// when it can be chosen.
+// The commands of the program, in one table: identifier, caption, key, what it does, and when it
+// can be chosen. Menus, buttons and keys of the main window follow from it.
 #pragma once
 
 #include <cstdint>
@@ -21,6 +21,13 @@ enum class EnabledWhen {
 enum class Menu { kFile, kBsd, kCreate, kSection, kHelp };
 inline constexpr int kMenuCount = 5;
 
+// A key that runs a command while the list of models has the focus.
+enum class ListKey {
+    kNone,
+    kEnter,  // and a double click on a row
+    kDelete
+};
+
 struct Command {
     uint16_t id;  // 0: a separator
     Menu menu;
@@ -28,6 +35,7 @@ struct Command {
     const wchar_t* caption;
     EnabledWhen enabledWhen;
     void (*run)();  // null for a separator
+    ListKey key = ListKey::kNone;
 };
 
 // Identifiers of menu items, in the order of the menus.
@@ -52,11 +60,24 @@ enum CommandId : uint16_t {
 };
 
 std::span<const Command> Commands();
+// The command of an identifier; null for one that no command has.
 const Command* FindCommand(uint16_t id);
+// The command of a key, never of kNone; null when no command has it.
+const Command* FindCommand(ListKey key);
+
+bool IsEnabled(const Command& command);
+// Whether a top menu opens at all.
+bool IsMenuEnabled(Menu menu);
+// Runs a command that can be chosen now; nothing happens with any other, with an unknown identifier
+// and while the window is locked.
+void RunCommand(uint16_t id);
 
 // Captions of the top menus; that of the Section menu follows the selected model's kind: its name,
 // with a keyboard letter that no other top menu has.
 const wchar_t* MenuCaption(Menu menu);
 const wchar_t* SectionMenuCaption(ModelKind kind);
+
+// Shows the user that a command does not exist in this version.
+void NotImp();
 
 }  // namespace corvane

@@ -6,11 +6,12 @@
 #include "database/database_file.h"
 #include "files/file_system.h"
 #include "files/paths.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "shell/commands/commands.h"
 #include "shell/file_prompt.h"
+#include "shell/legacy_conversion.h"
+#include "shell/new_file.h"
 #include "shell/state.h"
-#include "shell/window_contents.h"
 #include "text/text.h"
 
 namespace corvane {
@@ -37,44 +38,22 @@ std::wstring TypesToOpen() {
 
 // Shows a database whose data are in `bsd`.
 void ShowOpened(const std::wstring& path, const BasicShipData& bsd) {
-    shell.settings.DatabasePath = path;
-    shell.bsd = bsd;
-    shell.currentModel = 1;
+    AdoptDatabase(path, bsd);
     RefreshMainWindow();
-}
-
-// Puts a copy of `source` at `target`; a copy onto itself is there already.
-bool CopyDatabase(const std::wstring& source, const std::wstring& target) {
-    if (IsSamePath(source, target)) return true;
-    const ReplaceResult result = PutCopy(source, target);
-    if (!result.Done()) ReportMessage(kMsgFileNotMade, {target, system::ErrorText(result.error)});
-    return result.Done();
-}
-
-// The new file is made elsewhere first: where it can't be put, nothing is left of it.
-bool MakeDatabase(const std::wstring& path, BasicShipData& bsd) {
-    const std::wstring temporary = TempFileName();
-    if (temporary.empty()) {
-        ReportMessage(kMsgFileNotMade, {path, system::ErrorText(system::kErrorPathNotFound)});
-        return false;
-    }
-    const bool isMade = CreateDatabaseFile(temporary, bsd) && CopyDatabase(temporary, path);
-    KillFile(temporary);
-    return isMade;
 }
 
 // Offers the copy of a database with the older extension. `path` becomes the copy's, and the
 // ship's name in the copy and in `bsd` its folder's. False when the user cancelled, or the copy
 // failed.
 bool OfferCopy(std::wstring& path, BasicShipData& bsd) {
-    if (!shell.screen.askYesNo(kCopyQuestion)) return true;
+    if (!shell.view.askYesNo(kCopyQuestion)) return true;
     const std::wstring baseName = BaseNameOf(path);
     const std::wstring copy = AskForFile({.command = ME_FileSaveAs,
                                           .types = GetMessage(kMsgDatabaseFiles),
                                           .proposed = baseName + L".ve2",
                                           .directory = shell.settings.WorkDirectory,
                                           .toSave = true});
-    if (copy.empty() || !CopyDatabase(path, copy)) return false;
+    if (copy.empty() || !PutFile(path, copy)) return false;
     if (LowerCase(baseName) == kOldDefaultName) {
         bsd.Titles(5).Assign(CleanFileName(DirectoryOf(path)));
         SaveBsdToDatabase(copy, bsd);
@@ -84,7 +63,7 @@ bool OfferCopy(std::wstring& path, BasicShipData& bsd) {
 }
 
 void Open(std::wstring path) {
-    if (FileExtension(path) == kLegacyExtension) return shell.screen.openLegacyDatabase(path);
+    if (FileExtension(path) == kLegacyExtension) return OpenLegacyDatabase(path);
     BasicShipData bsd;
     const bool hasBsd = LoadBsdFromDatabase(path, bsd);
     if (!hasBsd && !IsDatabaseFile(path)) return;
@@ -94,14 +73,6 @@ void Open(std::wstring path) {
 
 }  // namespace
 
-bool IsDatabaseThere() {
-    const std::wstring& path = shell.settings.DatabasePath;
-    if (path.empty()) return false;
-    const bool isThere = FileExists(path);
-    if (!isThere) ReportMessage(kMsgFileMissing, {path});
-    return isThere;
-}
-
 void ME_FileNew_Click() {
     const std::wstring path = AskForFile({.command = ME_FileNew,
                                           .types = GetMessage(kMsgDatabaseFiles),
@@ -110,36 +81,53 @@ void ME_FileNew_Click() {
                                           .toSave = true});
     if (path.empty()) return;
     BasicShipData bsd = NewBasicShipData(UpperCase(BaseNameOf(path)));
-    if (!MakeDatabase(path, bsd)) return;
-    shell.previewSection = SectionModel();
-    ShowOpened(path, bsd);
+    const bool isMade = MakeFile(
+        path, [&bsd](const std::wstring& temporary) { return CreateDatabaseFile(temporary, bsd); });
+    if (isMade) ShowOpened(path, bsd);
 }
 
 void ME_FileOpen_Click() {
     shell.suppressListEvents = true;
     const std::wstring path = AskForFile({.command = ME_FileOpen,
                                           .types = TypesToOpen(),
-                                          .proposed = FileNameOf(shell.settings.DatabasePath),
+                                          .proposed = FileNameOf(shell.database.path),
                                           .directory = shell.settings.WorkDirectory});
     shell.suppressListEvents = false;
     if (!path.empty()) Open(path);
 }
 
 void ME_FileSaveAs_Click() {
-    if (!IsDatabaseThere()) return;
-    const std::wstring source = shell.settings.DatabasePath;
+    if (!RequireDatabase()) return;
+    const std::wstring source = shell.database.path;
     const std::wstring path = AskForFile({.command = ME_FileSaveAs,
                                           .types = GetMessage(kMsgDatabaseFiles),
                                           .proposed = BaseNameOf(source) + L".ve2",
                                           .directory = shell.settings.BrowseDirectory,
                                           .toSave = true});
-    if (path.empty() || !CopyDatabase(source, path)) return;
-    shell.settings.DatabasePath = path;
+    if (path.empty() || !PutFile(source, path)) return;
+    ContinueInCopy(path);
     RefreshMainWindow();
 }
 
+void ME_FileSaveLegacy_Click() {
+    if (!RequireDatabase()) return;
+    const std::wstring& source = shell.database.path;
+    if (!IsDatabaseFile(source)) return ReportMessage(kMsgNoDatabase, {source});
+    const std::wstring path = AskForFile({.command = ME_FileSaveLegacy,
+                                          .types = GetMessage(kMsgLegacyFiles),
+                                          .defaultExtension = L"vel",
+                                          .proposed = BaseNameOf(source) + L".vel",
+                                          .directory = shell.settings.BrowseDirectory,
+                                          .toSave = true});
+    if (path.empty()) return;
+    if (IsSameFile(path, source)) return ReportMessage(kMsgLegacyNotCreated, {path});
+    SetBusyPointer();
+    SaveAsLegacyDatabase(path);
+    ResetMousePointer();
+}
+
 void ME_FileQuit_Click() {
-    shell.mainWindow->close();
+    shell.view.closeMainWindow();
 }
 
 }  // namespace corvane

@@ -1,14 +1,10 @@
 // The commands of the File menu: which database the shell works on.
 //
-// The open database is a path, shell.settings.DatabasePath. A command that the user cancels, or
+// A command that the user cancels, or
 // that fails, which is reported, leaves the path, the Basic Ship Data and every file as they were.
 #pragma once
 
 namespace corvane {
-
-// Whether the open database's file is there; one that is not is reported (message 1020). False
-// without a message when no database is open.
-bool IsDatabaseThere();
 
 // A new database that holds only new Basic Ship Data, named after the file; it becomes the open
 // one.
@@ -22,6 +18,9 @@ void ME_FileOpen_Click();
 
 // Copies the open database byte for byte to another file, which becomes the open one.
 void ME_FileSaveAs_Click();
+
+// Writes the sections of the open database into a new legacy database.
+void ME_FileSaveLegacy_Click();
 
 // Closes the main window, and the program with it.
 void ME_FileQuit_Click();

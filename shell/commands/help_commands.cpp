@@ -6,7 +6,7 @@
 namespace corvane {
 
 void ME_HelpAbout_Click() {
-    shell.screen.showAbout(shell.title + L"v" + VersionText());
+    shell.view.showAbout(shell.title + L"v" + VersionText(kProgramVersion, shell.debugMode));
 }
 
 }  // namespace corvane

@@ -4,9 +4,8 @@
 #include <string>
 
 #include "platform/system.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "shell/library_checks.h"
-#include "shell/state.h"
 #include "stand_ins/win32/form_control_ids.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
@@ -58,8 +57,8 @@ void SetStatusColour(StatusColour colour) {
     if (formWindow.window != nullptr) InvalidateRect(StatusLabel(), nullptr, TRUE);
 }
 
-template <class View>
-void FillView(View& view) {
+void FillInReportView() {
+    ReportView& view = reportView;
     view.statusCaption = [] { return WindowText(StatusLabel()); };
     view.setStatusCaption = SetStatus;
     view.setStatusColour = SetStatusColour;
@@ -282,12 +281,12 @@ int RunStandIn(const StandIn& standIn) {
     INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&controls);
     formWindow.standIn = &standIn;
-    FillView(shell.screen);
+    FillInReportView();
     try {
         // Without the libraries no file is what it is.
         if (!CheckLibraryVersions()) return 1;
         if (!OpenForm(standIn, system::RawCommandLine(), formWindow.form)) return 1;
-        shell.debugMode = formWindow.form.request.debug;
+        reportView.isDebugMode = [] { return formWindow.form.request.debug; };
         return ShowForm();
     } catch (...) {
         ReportFault();

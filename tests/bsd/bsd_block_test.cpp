@@ -4,6 +4,7 @@
 #include "bsd/labels.h"
 #include "report/messages.h"
 #include "tests/bsd/bsd_support.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -37,7 +38,7 @@ std::string BlockOf(BasicShipData bsd) {
 
 // One database file, and the screen on which its faults show.
 struct BsdBlock : testing::Test {
-    RecordingScreen screen;
+    RecordedReports screen;
     TemporaryFolder folder;
     std::wstring path = folder.File(L"ship.ve2");
 
@@ -55,7 +56,7 @@ struct BsdBlock : testing::Test {
         EXPECT_TRUE(SaveBsdToDatabase(path, bsd));
         return Text();
     }
-    static std::vector<std::string> Warnings() { return RecordingScreen::Of("warning"); }
+    static std::vector<std::string> Warnings() { return RecordedReports::Of("warning"); }
 };
 
 using BsdLoad = BsdBlock;
@@ -75,12 +76,12 @@ TEST_F(BsdLoad, MissingFileDoesNothing) {
     EXPECT_FALSE(LoadBsdFromDatabase(folder.File(L"none.ve2"), bsd));
     EXPECT_FALSE(LoadBsdFromDatabase(L"", bsd));
     EXPECT_EQ(bsd, DistinctBsd());
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
 }
 
 TEST_F(BsdLoad, FileWithoutBlockIsReportedAndTheRecordKeepsItsContents) {
     for (const std::string& text : {std::string(), kHead, kHead + Model()}) {
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         Write(text);
         BasicShipData bsd = DistinctBsd();
         EXPECT_FALSE(LoadBsdFromDatabase(path, bsd));
@@ -155,7 +156,7 @@ TEST_F(BsdLoad, FirstBlockOfTwoIsTaken) {
 TEST_F(BsdSave, BlockIsReplacedAndEverythingElseStays) {
     EXPECT_EQ(Saved(kHead + Golden() + Model()), kHead + BlockOf(OtherBsd()) + Model());
     EXPECT_EQ(Loaded(), OtherBsd());
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
     EXPECT_EQ(FilesIn(folder.path).size(), 1u);
 }
 
@@ -237,7 +238,7 @@ TEST_F(BsdSave, EmptyPathAndMissingFileDoNothing) {
     BasicShipData bsd = OtherBsd();
     EXPECT_FALSE(SaveBsdToDatabase(L"", bsd));
     EXPECT_FALSE(SaveBsdToDatabase(path, bsd));
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
     EXPECT_TRUE(FilesIn(folder.path).empty());
 }
 
@@ -266,7 +267,7 @@ TEST_F(BsdSave, FileWithoutBlockIsReportedAndUntouched) {
 const char kFailedSave[] = "\xA4|\xA4|\xA4";
 
 void ExpectReportOfFailedSave(const std::wstring& path, const std::string& newText) {
-    const auto warnings = RecordingScreen::Of("warning");
+    const auto warnings = RecordedReports::Of("warning");
     ASSERT_EQ(warnings.size(), 1u);
     EXPECT_TRUE(warnings[0].starts_with(Narrow(path) + "|")) << warnings[0];
     const std::string kept = warnings[0].substr(warnings[0].rfind('|') + 1);
@@ -316,21 +317,21 @@ TEST_F(BsdImport, StandaloneFileIsRead) {
     EXPECT_EQ(bsd.Titles(5).Trimmed(), L"EMERAUDE");
     EXPECT_EQ(bsd.FormatVersion.Trimmed(), L"5");
     EXPECT_EQ(bsd.FrameNumbers(3), 248);
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
 }
 
 TEST_F(BsdImport, MissingFileDoesNothing) {
     BasicShipData bsd = DistinctBsd();
     EXPECT_FALSE(ImportBsdFile(path, bsd));
     EXPECT_EQ(bsd, DistinctBsd());
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
 }
 
 TEST_F(BsdImport, GarbageIsReportedAndTheRecordKeepsItsContents) {
     for (const char* text :
          {"", "\r\n", "garbage", "0", "6\r\ntitle\r\n", "-1", "a\nb\nc\nd\ne\nf\ng h i",
           "------------------ BSD ------------------\r\n*\r\n5\r\n"}) {
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         Write(text);
         BasicShipData bsd = DistinctBsdFromFile();
         EXPECT_FALSE(ImportBsdFile(path, bsd)) << text;

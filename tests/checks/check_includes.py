@@ -10,21 +10,14 @@ from sources import Findings, cpp_files, read_lines
 # What each folder may include besides itself.
 LAYERS = ["platform", "text", "report", "files", "bsd", "database"]
 BELOW_SHELL = ["preview", "legacy"] + LAYERS
-BELOW_UI = ["shell/commands", "shell"] + BELOW_SHELL
+ROOMS = ["ui/base", "ui/pictures", "ui/dialogs", "ui/main_window"]
 BELOW = {name: LAYERS[:i] for i, name in enumerate(LAYERS)} | {
     "preview": LAYERS,
     "legacy": LAYERS,
     "shell": BELOW_SHELL,
-    "shell/commands": ["shell"] + BELOW_SHELL,
-    "ui/base": BELOW_UI,
-    "ui/pictures": ["ui/base"] + BELOW_UI,
-    "ui/dialogs": ["ui/pictures", "ui/base"] + BELOW_UI,
-    "ui/main_window": ["ui/dialogs", "ui/pictures", "ui/base"] + BELOW_UI,
     "drafting": LAYERS,
     "stand_ins": ["drafting", "ui/dialogs", "ui/pictures", "ui/base", "shell"] + BELOW_SHELL,
-}
-# The contracts of messages, for every folder of the shell but platform/.
-LEAF = ("report/messages.h", "report/message_numbers.h")
+} | {name: ROOMS[:i] + ["shell"] + BELOW_SHELL for i, name in enumerate(ROOMS)}
 # Tests and tools look at everything.
 FREE = ("tests", "fuzz", "benchmarks", "samples")
 
@@ -46,7 +39,7 @@ CONDITION = re.compile(r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b.*"
 
 def folder_of(path):
     parts = path.split("/")
-    if parts[0] in ("ui", "companions", "shell") and len(parts) > 2:
+    if parts[0] in ("ui", "companions") and len(parts) > 2:
         return "/".join(parts[:2])
     return parts[0]
 
@@ -59,8 +52,6 @@ def may_include(path, included):
     if source.startswith("companions"):
         # Headers directly in companions/ are what several of them share.
         return target in ("platform", "companions")
-    if included in LEAF and source != "platform":
-        return True
     return target in BELOW.get(source, [])
 
 
@@ -73,8 +64,6 @@ def check_own(root, path, number, included, findings):
         findings.add(path, number, f"{included} outside the folders that are for Windows only")
     elif included.startswith("platform/host/") and not HOST_PLACES.match(path):
         findings.add(path, number, f"{included} outside the host's twin folders")
-    elif path in LEAF and included not in LEAF:
-        findings.add(path, number, "what everyone may include has to stay a leaf")
 
 
 def check_system(path, number, header, findings):

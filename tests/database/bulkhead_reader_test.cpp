@@ -7,6 +7,7 @@
 #include "database/section_file.h"
 #include "report/messages.h"
 #include "tests/database/bulkhead_sample.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -23,14 +24,14 @@ std::string Rewritten(std::string_view text) {
 }
 
 struct BulkheadReaderTest : testing::Test {
-    test::RecordingScreen screen;
+    test::RecordedReports screen;
     test::TemporaryFolder folder;
     std::wstring path = folder.File(L"ship.ve2");
     std::string golden = test::ReadFileBytes(test::DataPath("golden/bulkhead_full.ve2"));
     std::string body = test::BodyOf(golden);
 
     std::string Warning() {
-        const auto warnings = test::RecordingScreen::Of("warning");
+        const auto warnings = test::RecordedReports::Of("warning");
         return warnings.size() == 1 ? warnings.front() : std::string("not one warning");
     }
 };
@@ -101,12 +102,12 @@ TEST_F(BulkheadReaderTest, StatusShowsThePathWhileItReadsAndIsClearedThen) {
     BulkheadArrangement arrangement;
     test::WriteFileBytes(path, golden);
     ASSERT_TRUE(ReadBulkheadBlock(path, 7, arrangement));
-    const auto captions = test::RecordingScreen::Of("caption");
+    const auto captions = test::RecordedReports::Of("caption");
     const std::string reading = test::Narrow(FormatMessage(kMsgReadingModel, {path}));
     EXPECT_TRUE(std::ranges::any_of(
         captions, [&](const std::string& caption) { return caption.starts_with(reading); }));
-    EXPECT_EQ(test::RecordingScreen::caption, L"");
-    EXPECT_TRUE(test::RecordingScreen::Of("warning").empty());
+    EXPECT_EQ(test::RecordedReports::caption, L"");
+    EXPECT_TRUE(test::RecordedReports::Of("warning").empty());
 }
 
 TEST_F(BulkheadReaderTest, NumberThatNoArrangementHasIsReportedAndThePositionIsMinusOne) {
@@ -125,7 +126,7 @@ TEST_F(BulkheadReaderTest, SectionsAndTorsionModelsAreNoArrangements) {
             path, Replaced(golden, "\r\nBHA\r\n", "\r\n" + std::string(keyword) + "\r\n"));
         BulkheadArrangement arrangement;
         EXPECT_FALSE(ReadBulkheadBlock(path, 7, arrangement)) << keyword;
-        EXPECT_EQ(test::RecordingScreen::Of("warning").back(),
+        EXPECT_EQ(test::RecordedReports::Of("warning").back(),
                   "Can not find BHA 7 in file '" + test::Narrow(path) + "'");
     }
 }

@@ -10,6 +10,7 @@
 #include "platform/ztutil32.h"
 #include "report/messages.h"
 #include "tests/database/bulkhead_sample.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -36,7 +37,7 @@ std::string_view Line(std::string_view text, size_t number) {
 }
 
 struct BulkheadWriterTest : testing::Test {
-    test::RecordingScreen screen;
+    test::RecordedReports screen;
 };
 
 TEST_F(BulkheadWriterTest, FullArrangementIsTheGoldenBlock) {

@@ -4,6 +4,7 @@
 #include "platform/ztutil32.h"
 #include "tests/database/bulkhead_sample.h"
 #include "tests/database/editing_fixture.h"
+#include "tests/support/recorded_reports.h"
 
 namespace corvane {
 namespace {
@@ -50,7 +51,7 @@ TEST_F(CopyModelTest, SectionGetsTheNextNumberTheNewNameAndANewIdentifier) {
     copy.name = L"Copy";
     copy.identifier = kNewIdentifier;
     EXPECT_EQ(WithoutDates(Text()), WithoutDates(text + BlockText(copy, 6)));
-    EXPECT_TRUE(test::RecordingScreen::Of("warning").empty());
+    EXPECT_TRUE(test::RecordedReports::Of("warning").empty());
 }
 
 TEST_F(CopyModelTest, CopyCanBeCopiedAndDeletedAgain) {
@@ -76,9 +77,9 @@ TEST_F(CopyModelTest, ModelOfAnotherKindIsNotCopied) {
     const std::string text = SectionAndOthers();
     Write(text);
     EXPECT_EQ(Copy(2, ModelKind::kSection), 0);
-    EXPECT_EQ(test::RecordingScreen::Of("warning"),
+    EXPECT_EQ(test::RecordedReports::Of("warning"),
               std::vector<std::string>{"Can not read BulkHead Arrangement"});
-    test::RecordingScreen::events.clear();
+    test::RecordedReports::events.clear();
     ExpectRefusedCopy(text, 1, ModelKind::kTorsion);
     EXPECT_EQ(Copy(4, ModelKind::kSection), 0);
     EXPECT_EQ(Text(), text);
@@ -120,7 +121,7 @@ TEST_F(CopyModelTest, BulkheadArrangementGetsTheNextNumberTheNewNameAndANewIdent
     arrangement.name = L"Copy";
     arrangement.identifier = kNewIdentifier;
     EXPECT_EQ(WithoutDates(Text()), WithoutDates(text + BlockText(arrangement, 4)));
-    EXPECT_TRUE(test::RecordingScreen::Of("warning").empty());
+    EXPECT_TRUE(test::RecordedReports::Of("warning").empty());
 }
 
 TEST_F(CopyModelTest, OnlyABulkheadArrangementIsCopiedAsOne) {
@@ -128,8 +129,8 @@ TEST_F(CopyModelTest, OnlyABulkheadArrangementIsCopiedAsOne) {
     Write(text);
     for (const int32_t number : {1, 4, 9}) {
         EXPECT_EQ(Copy(number, ModelKind::kBulkhead), 0);
-        EXPECT_EQ(test::RecordingScreen::Of("warning").size(), 1U);
-        test::RecordingScreen::events.clear();
+        EXPECT_EQ(test::RecordedReports::Of("warning").size(), 1U);
+        test::RecordedReports::events.clear();
         EXPECT_EQ(Text(), text);
     }
 }
@@ -180,7 +181,7 @@ TEST_F(CopyModelTest, StatusLabelIsClearedBehindTheCopy) {
     const std::string writing = test::Narrow(FormatMessage(kMsgWritingDatabase, {path})) + "...";
     for (const auto& [number, kind] :
          {std::pair(1, ModelKind::kSection), std::pair(4, ModelKind::kTorsion)}) {
-        test::RecordingScreen::events.clear();
+        test::RecordedReports::events.clear();
         EXPECT_NE(Copy(number, kind), 0);
         ASSERT_GE(Captions().size(), 2U);
         EXPECT_EQ(Captions().front(), writing);
@@ -191,11 +192,11 @@ TEST_F(CopyModelTest, StatusLabelIsClearedBehindTheCopy) {
 TEST_F(CopyModelTest, NothingHappensForAnEmptyPathAndOtherFilesAreReported) {
     std::wstring empty;
     EXPECT_EQ(CopyModel(empty, {1, ModelKind::kSection, L"Copy", {true}}), 0);
-    EXPECT_TRUE(test::RecordingScreen::events.empty());
+    EXPECT_TRUE(test::RecordedReports::events.empty());
     EXPECT_EQ(Copy(1, ModelKind::kTorsion), 0);
-    EXPECT_EQ(test::RecordingScreen::Of("warning"),
+    EXPECT_EQ(test::RecordedReports::Of("warning"),
               std::vector<std::string>{test::Narrow(FormatMessage(kMsgFileMissing, {path}))});
-    test::RecordingScreen::events.clear();
+    test::RecordedReports::events.clear();
     Write("a letter\r\n");
     EXPECT_EQ(Copy(1, ModelKind::kTorsion), 0);
     ExpectRefusal("a letter\r\n", kMsgNoDatabase, {path});

@@ -9,6 +9,7 @@
 #include "files/file_system.h"
 #include "report/messages.h"
 #include "tests/database/sample_database.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -50,7 +51,7 @@ bool HasParts(const std::string& line, const std::vector<std::string>& parts) {
 struct CreatingTest : testing::Test {
     test::TemporaryFolder folder;
     std::wstring path = folder.File(L"ship.ve2");
-    test::RecordingScreen screen;
+    test::RecordedReports screen;
 };
 
 TEST_F(CreatingTest, FileHeadIsTheGoldenOneButForItsStamps) {
@@ -76,7 +77,7 @@ TEST_F(CreatingTest, FileHeadIsTheGoldenOneButForItsStamps) {
         written[3 + i] = golden[3 + i];
     }
     EXPECT_EQ(written, golden);
-    EXPECT_TRUE(test::RecordingScreen::events.empty());
+    EXPECT_TRUE(test::RecordedReports::events.empty());
 }
 
 TEST_F(CreatingTest, NewFileIsADatabaseWithoutModels) {
@@ -107,7 +108,7 @@ TEST_F(CreatingTest, EmptyPathDoesNothing) {
     BasicShipData bsd = SampleShip();
     EXPECT_FALSE(CreateDatabaseFile(L"", bsd));
     EXPECT_EQ(bsd, SampleShip());
-    EXPECT_TRUE(test::RecordingScreen::events.empty());
+    EXPECT_TRUE(test::RecordedReports::events.empty());
 }
 
 TEST_F(CreatingTest, ReadOnlyFileIsReportedWithItsPathAndStays) {
@@ -116,7 +117,7 @@ TEST_F(CreatingTest, ReadOnlyFileIsReportedWithItsPathAndStays) {
     BasicShipData bsd = SampleShip();
     EXPECT_FALSE(CreateDatabaseFile(path, bsd));
     const std::vector<std::string> expected = {test::Narrow(FormatMessage(kMsgReadOnly, {path}))};
-    EXPECT_EQ(test::RecordingScreen::Of("warning"), expected);
+    EXPECT_EQ(test::RecordedReports::Of("warning"), expected);
     EXPECT_EQ(test::ReadFileBytes(path), "old text");
     EXPECT_EQ(test::FilesIn(folder.path).size(), 1u);
     system::SetReadOnly(path, false);
@@ -128,8 +129,8 @@ TEST_F(CreatingTest, FileThatCanNotBePutInPlaceIsReportedAndTheNewTextKept) {
     const std::wstring missing = folder.File(L"no folder\\ship.ve2");
     BasicShipData bsd = SampleShip();
     EXPECT_FALSE(CreateDatabaseFile(missing, bsd));
-    ASSERT_EQ(test::RecordingScreen::Of("warning").size(), 1u);
-    const std::string text = test::RecordingScreen::Of("warning").front();
+    ASSERT_EQ(test::RecordedReports::Of("warning").size(), 1u);
+    const std::string text = test::RecordedReports::Of("warning").front();
     const size_t firstBar = text.find('|');
     const size_t lastBar = text.rfind('|');
     ASSERT_NE(firstBar, lastBar);
@@ -148,8 +149,8 @@ TEST_F(CreatingTest, FolderIsNotReplaced) {
     BasicShipData bsd = SampleShip();
     EXPECT_FALSE(CreateDatabaseFile(path, bsd));
     EXPECT_TRUE(IsDirectory(path));
-    ASSERT_EQ(test::RecordingScreen::Of("warning").size(), 1u);
-    const std::string text = test::RecordingScreen::Of("warning").front();
+    ASSERT_EQ(test::RecordedReports::Of("warning").size(), 1u);
+    const std::string text = test::RecordedReports::Of("warning").front();
     KillFile(std::wstring(text.begin() + static_cast<ptrdiff_t>(text.rfind('|')) + 1, text.end()));
     EXPECT_EQ(test::FilesIn(folder.path).size(), 1u);
 }

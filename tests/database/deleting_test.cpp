@@ -1,6 +1,7 @@
 // DeleteModel.
 #include "files/file_system.h"
 #include "tests/database/editing_fixture.h"
+#include "tests/support/recorded_reports.h"
 
 namespace corvane {
 namespace {
@@ -27,7 +28,7 @@ TEST_F(DeletingTest, DeletingModelTwoOfThreeRenumbersTheThirdToTwo) {
     EXPECT_TRUE(DeleteModel(path, 2, false));
     EXPECT_EQ(Text(), Copied({blocks[0]}) + CopiedBlockText(blocks[2], -1));
     EXPECT_EQ(test::FilesIn(folder.path).size(), 1U);
-    EXPECT_TRUE(test::RecordingScreen::Of("warning").empty());
+    EXPECT_TRUE(test::RecordedReports::Of("warning").empty());
 }
 
 TEST_F(DeletingTest, EachOfFiveModelsIsRemovedAndTheOthersStay) {
@@ -84,7 +85,7 @@ TEST_F(DeletingTest, NumberBelowOneDoesNothing) {
     const std::string text = DatabaseText(Numbered({" 1 ", " 0 ", "-1 ", "none", " 5 "}));
     Write(text);
     for (const int32_t number : {0, -1, INT32_MIN}) EXPECT_FALSE(DeleteModel(path, number, true));
-    EXPECT_TRUE(test::RecordingScreen::events.empty());
+    EXPECT_TRUE(test::RecordedReports::events.empty());
     EXPECT_EQ(Text(), text);
     EXPECT_EQ(test::FilesIn(folder.path).size(), 1U);
 }
@@ -149,14 +150,14 @@ TEST_F(DeletingTest, FileThatIsNoDatabaseIsReportedAndStays) {
 
 TEST_F(DeletingTest, FileThatIsNotThereIsReported) {
     EXPECT_FALSE(DeleteModel(path, 1, true));
-    EXPECT_EQ(test::RecordingScreen::Of("warning"),
+    EXPECT_EQ(test::RecordedReports::Of("warning"),
               std::vector<std::string>{test::Narrow(FormatMessage(kMsgFileMissing, {path}))});
     EXPECT_TRUE(test::FilesIn(folder.path).empty());
 }
 
 TEST_F(DeletingTest, EmptyPathDoesNothing) {
     EXPECT_FALSE(DeleteModel(L"", 1, true));
-    EXPECT_TRUE(test::RecordingScreen::events.empty());
+    EXPECT_TRUE(test::RecordedReports::events.empty());
 }
 
 TEST_F(DeletingTest, StatusLabelTellsOfTheDeletingAndIsClearedBehindIt) {

@@ -11,6 +11,7 @@
 #include "report/messages.h"
 #include "tests/database/sample_database.h"
 #include "tests/database/section_sample.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane::test {
@@ -29,7 +30,7 @@ inline std::string WithoutDates(std::string_view text) {
 }
 
 struct EditingTest : testing::Test {
-    RecordingScreen screen;
+    RecordedReports screen;
     TemporaryFolder folder;
     std::wstring path = folder.File(L"ship.ve2");
     StructuralLines lines = FetchStructuralLines();
@@ -40,14 +41,14 @@ struct EditingTest : testing::Test {
 
     // The file, and its folder, are as this text and one file; the only message was this one.
     void ExpectRefusal(std::string_view text, int32_t message, MessageArguments arguments) {
-        EXPECT_EQ(RecordingScreen::Of("warning"),
+        EXPECT_EQ(RecordedReports::Of("warning"),
                   std::vector<std::string>{Narrow(FormatMessage(message, arguments))});
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         EXPECT_EQ(Text(), text);
         EXPECT_EQ(FilesIn(folder.path).size(), 1U);
     }
     // The captions that the status label had, in order.
-    std::vector<std::string> Captions() const { return RecordingScreen::Of("caption"); }
+    std::vector<std::string> Captions() const { return RecordedReports::Of("caption"); }
 
     // Head and blocks as an edit leaves them.
     static std::string Copied(std::initializer_list<SampleBlock> blocks) {

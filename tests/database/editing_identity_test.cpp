@@ -7,6 +7,7 @@
 
 #include "tests/database/bulkhead_sample.h"
 #include "tests/database/editing_fixture.h"
+#include "tests/support/recorded_reports.h"
 
 namespace corvane {
 namespace {
@@ -204,9 +205,9 @@ TEST_F(EditingIdentityTest, ModelReadAndPutBackLeavesTheFileAsItWas) {
         for (size_t i = 0; i < file.pieces.size(); ++i) {
             if (!file.pieces[i].putBack) continue;
             SCOPED_TRACE(testing::Message() << "file " << seed << ", block " << i);
-            test::RecordingScreen::events.clear();
+            test::RecordedReports::events.clear();
             PutBack(file, i);
-            EXPECT_TRUE(test::RecordingScreen::Of("warning").empty());
+            EXPECT_TRUE(test::RecordedReports::Of("warning").empty());
             ++replaced;
         }
     }

@@ -3,6 +3,7 @@
 
 #include "files/file_system.h"
 #include "tests/database/editing_fixture.h"
+#include "tests/support/recorded_reports.h"
 
 namespace corvane {
 namespace {
@@ -53,7 +54,7 @@ struct ReadOnlyDatabaseTest : test::EditingTest {
     static std::string ReadOnlyMessage(const std::wstring& file) {
         return Narrow(FormatMessage(kMsgReadOnly, {file}));
     }
-    static std::vector<std::string> Warnings() { return test::RecordingScreen::Of("warning"); }
+    static std::vector<std::string> Warnings() { return test::RecordedReports::Of("warning"); }
 };
 
 TEST_F(ReadOnlyDatabaseTest, ReadOnlyFileIsReportedAndAnotherOneAskedFor) {
@@ -108,7 +109,7 @@ TEST_F(ReadOnlyDatabaseTest, CancelledQuestionEndsTheEdit) {
     for (const bool copy : {false, true}) {
         answers.clear();
         proposals.clear();
-        test::RecordingScreen::events.clear();
+        test::RecordedReports::events.clear();
         if (copy) {
             EXPECT_EQ(CopyModel(path, {1, ModelKind::kSection, L"Copy", {true, Ask}}), 0);
         } else {

@@ -2,6 +2,7 @@
 #include "files/file_system.h"
 #include "tests/database/bulkhead_sample.h"
 #include "tests/database/editing_fixture.h"
+#include "tests/support/recorded_reports.h"
 
 namespace corvane {
 namespace {
@@ -36,7 +37,7 @@ TEST_F(ReplacingTest, ReplacingTheOnlyModelWritesHeadNewBlockNothingElse) {
     EXPECT_TRUE(ReplaceSection(path, section, 1));
     EXPECT_EQ(WithoutDates(Text()), WithoutDates(SampleHead() + BlockText(section, 1)));
     EXPECT_EQ(test::FilesIn(folder.path).size(), 1U);
-    EXPECT_TRUE(test::RecordingScreen::Of("warning").empty());
+    EXPECT_TRUE(test::RecordedReports::Of("warning").empty());
 }
 
 TEST_F(ReplacingTest, EachOfFiveModelsIsReplacedAndTheOthersStay) {
@@ -265,15 +266,15 @@ TEST_F(ReplacingTest, StatusLabelTellsOfTheWritingAndIsClearedBehindIt) {
 TEST_F(ReplacingTest, EmptyPathDoesNothing) {
     std::wstring empty;
     EXPECT_FALSE(ReplaceSection(empty, section, 1, {.keepBackup = true}));
-    EXPECT_TRUE(test::RecordingScreen::events.empty());
+    EXPECT_TRUE(test::RecordedReports::events.empty());
 }
 
 TEST_F(ReplacingTest, FileThatIsNotThereIsReported) {
     for (std::wstring missing : {folder.File(L"none.ve2"), folder.File(L"no folder\\none.ve2")}) {
-        test::RecordingScreen::events.clear();
+        test::RecordedReports::events.clear();
         EXPECT_FALSE(ReplaceSection(missing, section, 1, {.keepBackup = true}));
         EXPECT_EQ(
-            test::RecordingScreen::Of("warning"),
+            test::RecordedReports::Of("warning"),
             std::vector<std::string>{test::Narrow(FormatMessage(kMsgFileMissing, {missing}))});
     }
     EXPECT_TRUE(test::FilesIn(folder.path).empty());
@@ -290,7 +291,7 @@ TEST_F(ReplacingTest, FileThatIsNoDatabaseIsReportedAndStays) {
 TEST_F(ReplacingTest, FolderIsReportedAndStays) {
     ASSERT_EQ(system::MakeDirectory(path), system::kErrorNone);
     EXPECT_FALSE(ReplaceSection(path, section, 1, {.keepBackup = true}));
-    EXPECT_EQ(test::RecordingScreen::Of("warning").size(), 1U);
+    EXPECT_EQ(test::RecordedReports::Of("warning").size(), 1U);
     EXPECT_TRUE(IsDirectory(path));
 }
 

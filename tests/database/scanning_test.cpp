@@ -6,6 +6,7 @@
 
 #include "database/database_file.h"
 #include "tests/database/sample_database.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 #include "text/text.h"
 
@@ -232,7 +233,7 @@ TEST_F(ScanningTest, ModelIsFoundFromTheReadersPlaceOn) {
 }
 
 TEST_F(ScanningTest, NumberAboveTheCountIsNotFoundWithoutAMessage) {
-    const test::RecordingScreen screen;
+    const test::RecordedReports screen;
     Write(DatabaseText(FiveBlocks()));
     for (const int32_t number : {6, 0, -1, INT32_MAX, INT32_MIN}) {
         TextReader reader;
@@ -241,7 +242,7 @@ TEST_F(ScanningTest, NumberAboveTheCountIsNotFoundWithoutAMessage) {
         EXPECT_FALSE(FindModel(reader, number, keyword)) << number;
         EXPECT_TRUE(keyword.empty());
     }
-    EXPECT_TRUE(test::RecordingScreen::events.empty());
+    EXPECT_TRUE(test::RecordedReports::events.empty());
 }
 
 TEST_F(ScanningTest, WantedKeywordMustBeTheBlocks) {

@@ -6,6 +6,7 @@
 #include "database/database_file.h"
 #include "report/messages.h"
 #include "tests/database/section_sample.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -26,7 +27,7 @@ std::string Rewritten(std::string_view text) {
 }
 
 struct SectionReaderTest : testing::Test {
-    test::RecordingScreen screen;
+    test::RecordedReports screen;
     test::TemporaryFolder folder;
     std::wstring path = folder.File(L"ship.ve2");
     std::string golden = Golden();
@@ -39,7 +40,7 @@ struct SectionReaderTest : testing::Test {
         return ReadSectionBlock(path, 7, allowBulkhead, section);
     }
     std::string Warning() {
-        const auto warnings = test::RecordingScreen::Of("warning");
+        const auto warnings = test::RecordedReports::Of("warning");
         return warnings.size() == 1 ? warnings.front() : std::string("not one warning");
     }
 };
@@ -94,12 +95,12 @@ TEST_F(SectionReaderTest, StatusShowsThePathWhileItReadsAndIsClearedThen) {
     SectionModel section;
     test::WriteFileBytes(path, golden);
     ASSERT_TRUE(ReadSectionBlock(path, 7, false, section));
-    const auto captions = test::RecordingScreen::Of("caption");
+    const auto captions = test::RecordedReports::Of("caption");
     const std::string reading = test::Narrow(FormatMessage(kMsgReadingModel, {path}));
     EXPECT_TRUE(std::ranges::any_of(
         captions, [&](const std::string& caption) { return caption.starts_with(reading); }));
-    EXPECT_EQ(test::RecordingScreen::caption, L"");
-    EXPECT_TRUE(test::RecordingScreen::Of("warning").empty());
+    EXPECT_EQ(test::RecordedReports::caption, L"");
+    EXPECT_TRUE(test::RecordedReports::Of("warning").empty());
 }
 
 TEST_F(SectionReaderTest, FileThatIsNoDatabaseIsMessage1083) {
@@ -132,8 +133,8 @@ TEST_F(SectionReaderTest, TorsionModelIsPassedOverInSilence) {
     for (const bool allowBulkhead : {false, true}) {
         EXPECT_FALSE(ReadKeyword("TORSION", allowBulkhead, section));
     }
-    EXPECT_TRUE(test::RecordingScreen::Of("warning").empty());
-    EXPECT_EQ(test::RecordingScreen::caption, L"");
+    EXPECT_TRUE(test::RecordedReports::Of("warning").empty());
+    EXPECT_EQ(test::RecordedReports::caption, L"");
     EXPECT_EQ(section.name, L"kept");
 }
 

@@ -10,6 +10,7 @@
 #include "platform/ztutil32.h"
 #include "report/messages.h"
 #include "tests/database/section_sample.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -31,7 +32,7 @@ SectionModel OnePanel() {
 }
 
 struct SectionWriterTest : testing::Test {
-    test::RecordingScreen screen;
+    test::RecordedReports screen;
 };
 
 TEST_F(SectionWriterTest, FullSectionIsTheGoldenBlock) {

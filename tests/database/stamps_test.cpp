@@ -6,6 +6,7 @@
 #include <string>
 
 #include "database/database_file.h"
+#include "files/paths.h"
 #include "platform/system.h"
 #include "platform/ztutil32.h"
 #include "report/messages.h"

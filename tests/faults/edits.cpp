@@ -9,6 +9,7 @@
 #include "report/messages.h"
 #include "tests/database/bulkhead_sample.h"
 #include "tests/database/section_sample.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane::faults {
@@ -33,7 +34,7 @@ std::string TorsionBlock() {
 
 std::string MakeOldDatabase() {
     LoadLibraries();
-    const test::RecordingScreen screen;
+    const test::RecordedReports screen;
     const test::TemporaryFolder folder;
     std::wstring path = folder.File(L"ship.ve2");
     BasicShipData bsd;

@@ -4,6 +4,7 @@
 
 #include "files/file_system.h"
 #include "report/messages.h"
+#include "tests/support/recorded_reports.h"
 
 namespace corvane::faults {
 namespace {
@@ -82,7 +83,7 @@ void Prepare(const Scene& scene) {
 }
 
 Outcome RunEdit(const Scene& scene, const Plan& plan) {
-    const test::RecordingScreen screen;
+    const test::RecordedReports screen;
     LoadLibraries();
     const std::wstring usualFolder = system::TemporaryDirectory();
     SetTemporaryFolder(scene.temporaries);
@@ -91,7 +92,7 @@ Outcome RunEdit(const Scene& scene, const Plan& plan) {
     outcome.done = scene.edit.run(scene.path);
     outcome.calls = StopFaults();
     SetTemporaryFolder(usualFolder);
-    outcome.messages = test::RecordingScreen::Of("warning");
+    outcome.messages = test::RecordedReports::Of("warning");
     return outcome;
 }
 

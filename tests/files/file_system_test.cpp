@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "files/paths.h"
-#include "shell/state.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -13,7 +13,7 @@ using test::FilesIn;
 using test::KeepCurrentDirectory;
 using test::Narrow;
 using test::ReadFileBytes;
-using test::RecordingScreen;
+using test::RecordedReports;
 using test::TemporaryFolder;
 using test::WriteFileBytes;
 using Names = std::vector<std::wstring>;
@@ -34,26 +34,26 @@ TEST(FileExists, FolderIsNoFile) {
 }
 
 TEST(FileExists, MissingFileAndEmptyNameAreNoErrors) {
-    const RecordingScreen screen;
-    shell.debugMode = true;
+    const RecordedReports screen;
+    RecordedReports::debugMode = true;
     const TemporaryFolder folder;
     EXPECT_FALSE(FileExists(folder.File(L"none.ve2")));
     EXPECT_FALSE(FileExists(folder.File(L"none\\none.ve2")));
     EXPECT_FALSE(FileExists(L""));
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
 }
 
 TEST(FileExists, OtherErrorsAreReportedInDebugModeOnly) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const TemporaryFolder folder;
     const std::wstring path = StripTrailingBackslash(folder.path);
     EXPECT_FALSE(FileExists(path));
-    EXPECT_TRUE(RecordingScreen::events.empty());
-    shell.debugMode = true;
+    EXPECT_TRUE(RecordedReports::events.empty());
+    RecordedReports::debugMode = true;
     EXPECT_FALSE(FileExists(path));
-    ASSERT_EQ(RecordingScreen::Of("plain").size(), 1U);
+    ASSERT_EQ(RecordedReports::Of("plain").size(), 1U);
     const std::string expected = "FileExist(" + Narrow(path) + ") 5 ";
-    EXPECT_EQ(RecordingScreen::Of("plain")[0].substr(0, expected.size()), expected);
+    EXPECT_EQ(RecordedReports::Of("plain")[0].substr(0, expected.size()), expected);
 }
 
 TEST(FileExists, NameWithAccentedLetters) {
@@ -105,12 +105,12 @@ TEST(KillFile, DeletesAFile) {
 }
 
 TEST(KillFile, MissingFileIsNothing) {
-    const RecordingScreen screen;
-    shell.debugMode = true;
+    const RecordedReports screen;
+    RecordedReports::debugMode = true;
     const TemporaryFolder folder;
     KillFile(folder.File(L"none"));
     KillFile(L"");
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
 }
 
 TEST(KillFile, LeavesAFolderAlone) {
@@ -121,19 +121,19 @@ TEST(KillFile, LeavesAFolderAlone) {
 }
 
 TEST(KillFile, FailureIsReportedInDebugMode) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const TemporaryFolder folder;
     const std::wstring path = folder.File(L"kept");
     WriteFileBytes(path, "");
     ASSERT_EQ(system::SetReadOnly(path, true), system::kErrorNone);
     KillFile(path);
     if (!FileExists(path)) GTEST_SKIP() << "read-only files can be deleted here";
-    EXPECT_TRUE(RecordingScreen::events.empty());
-    shell.debugMode = true;
+    EXPECT_TRUE(RecordedReports::events.empty());
+    RecordedReports::debugMode = true;
     KillFile(path);
-    ASSERT_EQ(RecordingScreen::Of("plain").size(), 1U);
+    ASSERT_EQ(RecordedReports::Of("plain").size(), 1U);
     const std::string expected = "ExKill " + Narrow(path) + " 5 ";
-    EXPECT_EQ(RecordingScreen::Of("plain")[0].substr(0, expected.size()), expected);
+    EXPECT_EQ(RecordedReports::Of("plain")[0].substr(0, expected.size()), expected);
 }
 
 TEST(TempFileName, TwiceGivesTwoNamesThatDoNotExist) {
@@ -177,16 +177,16 @@ TEST(RemoveOwnFile, MissingFileIsNoError) {
 }
 
 TEST(RemoveOwnFile, FileThatStaysIsReportedInDebugMode) {
-    const RecordingScreen screen;
-    shell.debugMode = true;
+    const RecordedReports screen;
+    RecordedReports::debugMode = true;
     const TemporaryFolder folder;
     const std::wstring path = folder.File(L"kept");
     WriteFileBytes(path, "");
     ASSERT_EQ(system::SetReadOnly(path, true), system::kErrorNone);
     EXPECT_EQ(RemoveOwnFile(path), system::kErrorAccessDenied);
-    ASSERT_EQ(RecordingScreen::Of("plain").size(), 1U);
+    ASSERT_EQ(RecordedReports::Of("plain").size(), 1U);
     const std::string expected = "ExKill " + Narrow(path) + " 5 ";
-    EXPECT_EQ(RecordingScreen::Of("plain")[0].substr(0, expected.size()), expected);
+    EXPECT_EQ(RecordedReports::Of("plain")[0].substr(0, expected.size()), expected);
 }
 
 // ---- Replacing ---------------------------------------------------------------------------------
@@ -369,8 +369,8 @@ TEST(ChangeToDirectory, BackslashAndNothingAreTheRootOfTheCurrentDrive) {
 }
 
 TEST(ChangeToDirectory, MissingFolderChangesNothing) {
-    const RecordingScreen screen;
-    shell.debugMode = true;
+    const RecordedReports screen;
+    RecordedReports::debugMode = true;
     const KeepCurrentDirectory keeper;
     const TemporaryFolder folder;
     ChangeToDirectory(folder.path);
@@ -379,7 +379,7 @@ TEST(ChangeToDirectory, MissingFolderChangesNothing) {
     EXPECT_EQ(system::CurrentDirectory(), before);
     ChangeToDirectory(L"Q:\\nowhere");
     EXPECT_EQ(system::CurrentDirectory(), before);
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
 }
 
 }  // namespace

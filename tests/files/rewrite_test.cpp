@@ -4,16 +4,17 @@
 
 #include "files/file_system.h"
 #include "report/messages.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane {
 namespace {
 
 using test::ReadFileBytes;
-using test::RecordingScreen;
+using test::RecordedReports;
 
 struct RewriteTest : testing::Test {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const test::TemporaryFolder folder;
     const std::wstring target = folder.File(L"ship.ve2");
     Rewrite rewrite;
@@ -31,15 +32,15 @@ TEST_F(RewriteTest, NewTextTakesThePlaceOfTheOld) {
     EXPECT_EQ(ReadFileBytes(target), "new");
     EXPECT_FALSE(FileExists(rewrite.temporary));
     EXPECT_EQ(test::FilesIn(folder.path).size(), 1U);
-    EXPECT_TRUE(RecordingScreen::Of("warning").empty());
+    EXPECT_TRUE(RecordedReports::Of("warning").empty());
 }
 
 TEST_F(RewriteTest, TextThatCouldNotBeReadWholeIsRemovedAndReported) {
     EXPECT_FALSE(FinishRewrite(rewrite, system::kErrorIoDevice));
     EXPECT_EQ(ReadFileBytes(target), "old");
     EXPECT_FALSE(FileExists(rewrite.temporary));
-    ASSERT_EQ(RecordingScreen::Of("warning").size(), 1U);
-    const std::string message = RecordingScreen::Of("warning")[0];
+    ASSERT_EQ(RecordedReports::Of("warning").size(), 1U);
+    const std::string message = RecordedReports::Of("warning")[0];
     for (const std::wstring& part :
          {target, system::ErrorText(system::kErrorIoDevice), system::TemporaryDirectory()}) {
         EXPECT_NE(message.find(test::Narrow(part)), std::string::npos) << message;
@@ -51,8 +52,8 @@ TEST_F(RewriteTest, TextThatCanNotBePutInPlaceIsKeptAndItsPathTold) {
     EXPECT_FALSE(FinishRewrite(rewrite));
     EXPECT_EQ(ReadFileBytes(target), "old");
     EXPECT_EQ(ReadFileBytes(rewrite.temporary), "new");
-    ASSERT_EQ(RecordingScreen::Of("warning").size(), 1U);
-    EXPECT_NE(RecordingScreen::Of("warning")[0].find(test::Narrow(rewrite.temporary)),
+    ASSERT_EQ(RecordedReports::Of("warning").size(), 1U);
+    EXPECT_NE(RecordedReports::Of("warning")[0].find(test::Narrow(rewrite.temporary)),
               std::string::npos);
     KillFile(rewrite.temporary);
 }
@@ -61,7 +62,7 @@ TEST_F(RewriteTest, TextThatCanNotBePutInPlaceIsKeptAndItsPathTold) {
 
 // One rewrite, with a backup, of a file in a folder of its own.
 struct BackupTest : testing::Test {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const test::TemporaryFolder folder;
     Rewrite rewrite;
 
@@ -75,7 +76,7 @@ struct BackupTest : testing::Test {
     // The one message shown, which names the kept text; that is removed then.
     std::string FailureMessage() const {
         EXPECT_EQ(ReadFileBytes(rewrite.temporary), "new");
-        const std::vector<std::string> messages = RecordingScreen::Of("warning");
+        const std::vector<std::string> messages = RecordedReports::Of("warning");
         EXPECT_EQ(messages.size(), 1U);
         EXPECT_NE(messages.at(0).find(test::Narrow(rewrite.temporary)), std::string::npos);
         KillFile(rewrite.temporary);
@@ -90,7 +91,7 @@ TEST_F(BackupTest, OldTextStandsBesideTheNewOne) {
     EXPECT_EQ(Text(L"ship.bak"), "old");
     EXPECT_EQ(test::FilesIn(folder.path).size(), 2U);
     EXPECT_FALSE(FileExists(rewrite.temporary));
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
 }
 
 TEST_F(BackupTest, OnlyTheLastExtensionGivesWay) {
@@ -145,7 +146,7 @@ TEST_F(BackupTest, FileThatHasABackupsNameIsLeftAlone) {
 }
 
 TEST(Rewrite, WithoutATemporaryFileNothingIsWritten) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const test::TemporaryFolder folder;
     const std::wstring target = folder.File(L"ship.ve2");
     test::WriteFileBytes(target, "old");
@@ -155,7 +156,7 @@ TEST(Rewrite, WithoutATemporaryFileNothingIsWritten) {
     WriteText(rewrite.writer, "new");
     EXPECT_FALSE(FinishRewrite(rewrite));
     EXPECT_EQ(ReadFileBytes(target), "old");
-    EXPECT_EQ(RecordingScreen::Of("warning").size(), 1U);
+    EXPECT_EQ(RecordedReports::Of("warning").size(), 1U);
 }
 
 }  // namespace

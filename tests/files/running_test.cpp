@@ -5,8 +5,8 @@
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "platform/ztutil32.h"
-#include "report/messages.h"
-#include "shell/state.h"
+#include "report/reporters.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -15,25 +15,9 @@ namespace {
 using test::FakeFunction;
 using test::KeepCurrentDirectory;
 using test::Narrow;
-using test::RecordingScreen;
+using test::RecordedReports;
 using test::TemporaryFolder;
 using Events = std::vector<std::string>;
-
-// ---- The pointer -------------------------------------------------------------------------------
-
-TEST(Pointer, BusyAndBack) {
-    const RecordingScreen screen;
-    SetBusyPointer();
-    ResetMousePointer();
-    EXPECT_EQ(RecordingScreen::events, (Events{"pointer busy", "pointer reset"}));
-}
-
-TEST(ChildRunning, IsTheFlagOfTheState) {
-    const RecordingScreen screen;
-    EXPECT_FALSE(ChildRunning());
-    shell.childRunning = true;
-    EXPECT_TRUE(ChildRunning());
-}
 
 // ---- Running a program -------------------------------------------------------------------------
 
@@ -47,36 +31,44 @@ struct SeenCall {
 };
 SeenCall seen;
 
+// Whether a program runs, as RunAndWait has it.
+bool childRunning = false;
+
+RunResult RunProgram(const std::wstring& commandLine, int16_t windowStyle,
+                     const std::wstring& workDir = {}) {
+    return RunAndWait(commandLine, windowStyle, childRunning, workDir);
+}
+
 template <int16_t result>
 int16_t CORVANE_STDCALL Witness(const char* commandLine, int16_t windowStyle) {
-    seen = {commandLine, windowStyle, ChildRunning(), system::CurrentDirectory(),
-            RecordingScreen::events};
+    seen = {commandLine, windowStyle, childRunning, system::CurrentDirectory(),
+            RecordedReports::events};
     return result;
 }
 
 TEST(RunAndWait, LibraryGetsTheCommandLineAsAnsiAndTheWindowStyle) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const FakeFunction fake(ShellAndWait, Witness<-1>);
-    EXPECT_TRUE(RunAndWait(L"C:\\My été\\bhm.exe \"a b\" 12", 7).HasRun());
+    EXPECT_TRUE(RunProgram(L"C:\\My été\\bhm.exe \"a b\" 12", 7).HasRun());
     EXPECT_EQ(seen.commandLine, "C:\\My \xE9t\xE9\\bhm.exe \"a b\" 12");
     EXPECT_EQ(seen.windowStyle, 7);
 }
 
 TEST(RunAndWait, AnyNonZeroResultIsTrue) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const FakeFunction fake(ShellAndWait, Witness<1>);
-    const RunResult result = RunAndWait(L"a.exe", 0);
+    const RunResult result = RunProgram(L"a.exe", 0);
     EXPECT_TRUE(result.HasRun());
     EXPECT_FALSE(result.crashed);
 }
 
 TEST(RunAndWait, CrashIsToldFromAnEnd) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const FakeFunction fake(ShellAndWait, Witness<kProgramCrashed>);
-    const RunResult result = RunAndWait(L"a.exe", 0);
+    const RunResult result = RunProgram(L"a.exe", 0);
     EXPECT_TRUE(result.HasRun());
     EXPECT_TRUE(result.crashed);
-    EXPECT_FALSE(ChildRunning());
+    EXPECT_FALSE(childRunning);
 }
 
 // A library that leaves the system's reason behind, as ours does: it fails to make a file anew.
@@ -88,92 +80,92 @@ int16_t CORVANE_STDCALL FailWithAReason(const char*, int16_t) {
 }
 
 TEST(RunAndWait, ReasonOfTheSystemIsTold) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const TemporaryFolder folder;
     takenName = folder.File(L"taken");
     test::WriteFileBytes(takenName, "");
     const FakeFunction fake(ShellAndWait, FailWithAReason);
-    EXPECT_EQ(RunAndWait(L"a.exe", 0).error, system::kErrorFileExists);
+    EXPECT_EQ(RunProgram(L"a.exe", 0).error, system::kErrorFileExists);
 }
 
 TEST(RunAndWait, LibraryThatGivesNoReasonHasNotFoundTheProgram) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const FakeFunction fake(ShellAndWait, Witness<0>);
-    EXPECT_EQ(RunAndWait(L"a.exe", 0).error, system::kErrorFileNotFound);
+    EXPECT_EQ(RunProgram(L"a.exe", 0).error, system::kErrorFileNotFound);
 }
 
 TEST(RunAndWait, ChildIsRunningAndPointerBusyExactlyDuringTheRun) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const FakeFunction fake(ShellAndWait, Witness<-1>);
-    EXPECT_TRUE(RunAndWait(L"a.exe", 1).HasRun());
+    EXPECT_TRUE(RunProgram(L"a.exe", 1).HasRun());
     EXPECT_TRUE(seen.childRunning);
     EXPECT_EQ(seen.events, (Events{"pointer busy"}));
-    EXPECT_FALSE(ChildRunning());
-    EXPECT_EQ(RecordingScreen::events, (Events{"pointer busy", "pointer reset"}));
+    EXPECT_FALSE(childRunning);
+    EXPECT_EQ(RecordedReports::events, (Events{"pointer busy", "pointer reset"}));
 }
 
 TEST(RunAndWait, WorkDirIsCurrentDuringTheRunOnly) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const KeepCurrentDirectory keeper;
     const TemporaryFolder start;
     const TemporaryFolder folder;
     ChangeToDirectory(start.path);
     const FakeFunction fake(ShellAndWait, Witness<-1>);
-    EXPECT_TRUE(RunAndWait(L"a.exe", 1, folder.path).HasRun());
+    EXPECT_TRUE(RunProgram(L"a.exe", 1, folder.path).HasRun());
     EXPECT_EQ(Narrow(seen.directory), Narrow(StripTrailingBackslash(folder.path)));
     EXPECT_EQ(Narrow(system::CurrentDirectory()), Narrow(StripTrailingBackslash(start.path)));
 }
 
 TEST(RunAndWait, WithoutWorkDirTheCurrentDirectoryStays) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const FakeFunction fake(ShellAndWait, Witness<-1>);
     const std::wstring before = system::CurrentDirectory();
-    EXPECT_TRUE(RunAndWait(L"a.exe", 1).HasRun());
+    EXPECT_TRUE(RunProgram(L"a.exe", 1).HasRun());
     EXPECT_EQ(seen.directory, before);
     EXPECT_EQ(system::CurrentDirectory(), before);
 }
 
 TEST(RunAndWait, MissingWorkDirRunsTheProgramWhereItIs) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const KeepCurrentDirectory keeper;
     const TemporaryFolder folder;
     ChangeToDirectory(folder.path);
     const FakeFunction fake(ShellAndWait, Witness<-1>);
     const std::wstring before = system::CurrentDirectory();
-    EXPECT_TRUE(RunAndWait(L"a.exe", 1, folder.File(L"none")).HasRun());
+    EXPECT_TRUE(RunProgram(L"a.exe", 1, folder.File(L"none")).HasRun());
     EXPECT_EQ(seen.directory, before);
     EXPECT_EQ(system::CurrentDirectory(), before);
 }
 
 TEST(RunAndWait, FailureShowsNothingAndPutsEverythingBack) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const TemporaryFolder folder;
     const FakeFunction fake(ShellAndWait, Witness<0>);
     const std::wstring before = system::CurrentDirectory();
-    shell.childRunning = true;  // left over
-    EXPECT_FALSE(RunAndWait(L"a.exe", 1, folder.path).HasRun());
-    EXPECT_EQ(RecordingScreen::events, (Events{"pointer busy", "pointer reset"}));
-    EXPECT_FALSE(ChildRunning());
+    childRunning = true;  // left over
+    EXPECT_FALSE(RunProgram(L"a.exe", 1, folder.path).HasRun());
+    EXPECT_EQ(RecordedReports::events, (Events{"pointer busy", "pointer reset"}));
+    EXPECT_FALSE(childRunning);
     EXPECT_EQ(system::CurrentDirectory(), before);
 }
 
 TEST(RunAndWait, FailureIsReportedInDebugMode) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const FakeFunction fake(ShellAndWait, Witness<0>);
-    shell.debugMode = true;
-    EXPECT_FALSE(RunAndWait(L"C:\\none\\none.exe /d a b", 1).HasRun());
-    ASSERT_EQ(RecordingScreen::Of("plain").size(), 1U);
+    RecordedReports::debugMode = true;
+    EXPECT_FALSE(RunProgram(L"C:\\none\\none.exe /d a b", 1).HasRun());
+    ASSERT_EQ(RecordedReports::Of("plain").size(), 1U);
     const std::string expected = "ExShell (C:\\none\\none.exe /d a b) 2 ";
-    EXPECT_EQ(RecordingScreen::Of("plain")[0].substr(0, expected.size()), expected);
-    EXPECT_EQ(RecordingScreen::events.back().substr(0, 5), "plain");
+    EXPECT_EQ(RecordedReports::Of("plain")[0].substr(0, expected.size()), expected);
+    EXPECT_EQ(RecordedReports::events.back().substr(0, 5), "plain");
 }
 
 TEST(RunAndWait, ProgramThatIsMissingIsNotStarted) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const TemporaryFolder folder;
-    EXPECT_FALSE(RunAndWait(folder.File(L"none.exe") + L" a b", 1).HasRun());
-    EXPECT_FALSE(RunAndWait(L"", 0).HasRun());
-    EXPECT_FALSE(ChildRunning());
+    EXPECT_FALSE(RunProgram(folder.File(L"none.exe") + L" a b", 1).HasRun());
+    EXPECT_FALSE(RunProgram(L"", 0).HasRun());
+    EXPECT_FALSE(childRunning);
 }
 
 // ---- The file prompt ---------------------------------------------------------------------------

@@ -8,8 +8,9 @@
 #include "database/section_file.h"
 #include "files/file_system.h"
 #include "platform/system.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "tests/legacy/legacy_support.h"
+#include "tests/support/recorded_reports.h"
 
 namespace corvane {
 namespace {
@@ -45,7 +46,7 @@ BasicShipData Ship() {
 // Status captions and warnings in order, without the "..." of a status.
 Calls Told() {
     Calls told;
-    for (const std::string& event : RecordingScreen::events) {
+    for (const std::string& event : RecordedReports::events) {
         if (event.starts_with("caption ") || event.starts_with("warning ")) told.push_back(event);
     }
     return told;
@@ -56,13 +57,13 @@ std::string Caption(int32_t number, MessageArguments arguments) {
 }
 // What a conversation warned of; then the events are forgotten.
 Calls Warnings() {
-    const Calls warnings = RecordingScreen::Of("warning");
-    RecordingScreen::events.clear();
+    const Calls warnings = RecordedReports::Of("warning");
+    RecordedReports::events.clear();
     return warnings;
 }
 
 struct Exchange : testing::Test {
-    RecordingScreen screen;
+    RecordedReports screen;
     FakeLegacyLibrary library;
     TemporaryFolder folder;
     std::wstring source = folder.File(L"ship.ve2");
@@ -88,7 +89,7 @@ struct Exchange : testing::Test {
         }
         ASSERT_TRUE(CloseText(writer));
         WriteFileBytes(source, ReadFileBytes(whole));
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
     }
 };
 
@@ -188,7 +189,7 @@ TEST_F(Exchange, DimensionsAreReportedBeforeTheBlocksAreWritten) {
     SectionModel section = SmallSection(L"Frame 10", 1);
     section.draught_m = 0.0009F;
     const FakeFunction fake(exportvelkmainsec, [](const char*, int16_t, LegacyMainSection*) {
-        warningsBefore = RecordingScreen::Of("warning").size();
+        warningsBefore = RecordedReports::Of("warning").size();
         return int16_t{0};
     });
     ExportSection({target, 1}, section, bsd);
@@ -378,7 +379,7 @@ TEST_F(Exchange, SectionIsImportedInTheDescribedOrder) {
     SectionModel section = SmallSection(L"Frame 10", 7.5F);
     ToLegacyRecord(section, Library::record);
     WriteFileBytes(target, "any");
-    RecordingScreen::events.clear();
+    RecordedReports::events.clear();
     SectionModel back;
     EXPECT_TRUE(ImportSection(target, 7, back));
     EXPECT_EQ(Library::calls,

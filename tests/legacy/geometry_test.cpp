@@ -11,6 +11,7 @@
 #include "database/section.h"
 #include "platform/ztutil32.h"
 #include "tests/companions/section_builder.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -115,7 +116,7 @@ struct Recorder {
 };
 
 struct GeometryTest : testing::Test {
-    RecordingScreen screen;
+    RecordedReports screen;
     TestSection section;
 
     std::vector<Joint> Compute() { return ComputeAbsoluteGeometry(section.section, L"Frame 84"); }
@@ -269,7 +270,7 @@ TEST_F(GeometryTest, CodesOfItemsAreReportedAndTheNextItemFollows) {
     std::vector<StrakeItem> items(4);
     ComputeStrakeItems({items.data(), 1, 4, 7}, 0.5F, L"Frame 84");
     EXPECT_EQ(calls, (Calls{"1", "2", "3", "4"}));
-    EXPECT_EQ(RecordingScreen::Of("warning"),
+    EXPECT_EQ(RecordedReports::Of("warning"),
               (Calls{"Strake 7 of section 'Frame 84': a coordinate or a radius is not a number.",
                      "Strake 7 of section 'Frame 84': two neighbouring nodes coincide."}));
 }
@@ -286,7 +287,7 @@ TEST_F(GeometryTest, EachCodeHasItsMessage) {
                                    {1050, "i"},
                                    {1051, "j"}});
     for (int16_t code = 1; code <= 10; ++code) ReportStrakeCode(code, 3, L"x");
-    EXPECT_EQ(RecordingScreen::Of("warning"), (Calls{"a 3 x", "b 3 x", "c 3 x", "d 3 x", "e 3 x",
+    EXPECT_EQ(RecordedReports::Of("warning"), (Calls{"a 3 x", "b 3 x", "c 3 x", "d 3 x", "e 3 x",
                                                      "f 3 x", "g 3 x", "h 3 x", "i 3 x", "j 3 x"}));
 }
 
@@ -317,7 +318,7 @@ TEST_F(GeometryTest, NodeDefinedOnANodeOfALaterStrakeIsComputedAfterThatStrakesN
                             "Node 1.3", "Item 1.2", "YZToS 1", "YZToS 1"}));
     EXPECT_EQ(section.NodeOf(1, 2).y, 4);
     EXPECT_EQ(section.NodeOf(1, 2).z, 6);
-    EXPECT_TRUE(RecordingScreen::Of("warning").empty());
+    EXPECT_TRUE(RecordedReports::Of("warning").empty());
 }
 
 TEST_F(GeometryTest, StrakeThatANodeLiesOnIsComputedFirst) {
@@ -329,7 +330,7 @@ TEST_F(GeometryTest, StrakeThatANodeLiesOnIsComputedFirst) {
     EXPECT_EQ(section.NodeOf(1, 2).y, 8);
     EXPECT_EQ(section.NodeOf(1, 2).z, 1);
     EXPECT_FLOAT_EQ(section.LengthOf(1), std::sqrt(10.0F));
-    EXPECT_TRUE(RecordingScreen::Of("warning").empty());
+    EXPECT_TRUE(RecordedReports::Of("warning").empty());
 }
 
 TEST_F(GeometryTest, NodeDefinedOnALaterNodeOfItsOwnStrake) {
@@ -340,7 +341,7 @@ TEST_F(GeometryTest, NodeDefinedOnALaterNodeOfItsOwnStrake) {
     EXPECT_EQ(section.NodeOf(1, 2).y, 6);
     EXPECT_EQ(section.NodeOf(1, 3).z, 1);
     EXPECT_FLOAT_EQ(section.LengthOf(1), 1 + 3 + 1);
-    EXPECT_TRUE(RecordingScreen::Of("warning").empty());
+    EXPECT_TRUE(RecordedReports::Of("warning").empty());
 }
 
 TEST_F(GeometryTest, StrakesMayReferToEachOther) {
@@ -349,7 +350,7 @@ TEST_F(GeometryTest, StrakesMayReferToEachOther) {
     Compute();
     EXPECT_EQ(section.NodeOf(2, 1).y, 3);
     EXPECT_EQ(section.NodeOf(1, 2).y, 5);
-    EXPECT_TRUE(RecordingScreen::Of("warning").empty());
+    EXPECT_TRUE(RecordedReports::Of("warning").empty());
 }
 
 TEST_F(GeometryTest, CircleIsReportedOnceAndTheRestGoesOn) {
@@ -357,7 +358,7 @@ TEST_F(GeometryTest, CircleIsReportedOnceAndTheRestGoesOn) {
     section.Add({GivenNode(1, 1), CoincidentNode({1, 2}), OffsetNode({2, 1}, 3, 4)});
     section.Add({CoincidentNode({1, 2}), GivenNode(1, 1), GivenNode(2, 1)});
     Compute();
-    EXPECT_EQ(RecordingScreen::Of("warning"),
+    EXPECT_EQ(RecordedReports::Of("warning"),
               (Calls{"Strake 2 of section 'Frame 84': nodes are defined on one another in a "
                      "circle."}));
     EXPECT_EQ(section.NodeOf(2, 3).y, 4);
@@ -368,14 +369,14 @@ TEST_F(GeometryTest, NodeThatIsDefinedOnItself) {
     section.Add({GivenNode(0, 0), OffsetNode({1, 2}, 1, 1)});
     section.Add({GivenNode(0, 0), NodeAtY(2, 1)});
     Compute();
-    EXPECT_EQ(RecordingScreen::Of("warning").size(), 2U);
+    EXPECT_EQ(RecordedReports::Of("warning").size(), 2U);
 }
 
 TEST_F(GeometryTest, FaultIsReportedByTheStrakeWhereItBegins) {
     section.Add({GivenNode(0, 0), OffsetNode({2, 1}, 1, 1), OffsetNode({1, 2}, 1, 1)});
     section.Add({GivenNode(kNaN, 0), GivenNode(1, 1)});
     Compute();
-    EXPECT_EQ(RecordingScreen::Of("warning"),
+    EXPECT_EQ(RecordedReports::Of("warning"),
               (Calls{"Strake 2 of section 'Frame 84': a coordinate or a radius is not a number."}));
 }
 
@@ -385,7 +386,7 @@ TEST_F(GeometryTest, StrakesAfterABadOneAreComputed) {
     section.Add({CoincidentNode({9, 9}), GivenNode(3, 4)});
     section.Add({GivenNode(0, 0), GivenNode(3, 4)});
     Compute();
-    EXPECT_EQ(RecordingScreen::Of("warning"),
+    EXPECT_EQ(RecordedReports::Of("warning"),
               (Calls{"Strake 1 of section 'Frame 84': two neighbouring nodes coincide.",
                      "Strake 2 of section 'Frame 84': it has fewer than two nodes.",
                      "Strake 3 of section 'Frame 84': a node is defined on a node that does not "
@@ -397,7 +398,7 @@ TEST_F(GeometryTest, StrakesAfterABadOneAreComputed) {
 TEST_F(GeometryTest, StatusIsShownAndCleared) {
     section.Add({GivenNode(0, 0), GivenNode(3, 4)});
     Compute();
-    EXPECT_EQ(RecordingScreen::Of("caption"),
+    EXPECT_EQ(RecordedReports::Of("caption"),
               (Calls{"Computing the geometry of the section 'Frame 84'...", ""}));
 }
 
@@ -409,8 +410,8 @@ TEST_F(GeometryTest, NothingIsComputedOfASectionWithoutStrakes) {
     EXPECT_TRUE(Compute().empty());
     section.section.strakeCount = 3;
     EXPECT_TRUE(Compute().empty());
-    EXPECT_TRUE(RecordingScreen::Of("warning").empty());
-    EXPECT_EQ(RecordingScreen::caption, L"");
+    EXPECT_TRUE(RecordedReports::Of("warning").empty());
+    EXPECT_EQ(RecordedReports::caption, L"");
 }
 
 TEST_F(GeometryTest, LibraryThatIsMissingComputesNothing) {
@@ -419,7 +420,7 @@ TEST_F(GeometryTest, LibraryThatIsMissingComputesNothing) {
     const FakeFunction fakeAll(ComputeAbsNodes, [](Strake*, int16_t) { return int16_t{0}; });
     section.Add({GivenNode(0, 0), GivenNode(3, 4)}, {StiffenerAt(1)});
     EXPECT_TRUE(Compute().empty());
-    EXPECT_TRUE(RecordingScreen::Of("warning").empty());
+    EXPECT_TRUE(RecordedReports::Of("warning").empty());
     EXPECT_EQ(section.LengthOf(1), 0);
 }
 
@@ -453,7 +454,7 @@ TEST_F(GeometryTest, SameResultAsQuickCompute) {
             }
         }
     }
-    EXPECT_TRUE(RecordingScreen::Of("warning").empty());
+    EXPECT_TRUE(RecordedReports::Of("warning").empty());
 }
 
 TEST_F(GeometryTest, ModelIsComputedInPlaceThroughItsView) {
@@ -469,7 +470,7 @@ TEST_F(GeometryTest, ModelIsComputedInPlaceThroughItsView) {
     EXPECT_FLOAT_EQ(view.strakes[0].length, std::sqrt(41.0F));
     EXPECT_FLOAT_EQ(model.panels[0].stiffeners[0].s, 1);
     EXPECT_FLOAT_EQ(model.panels[1].nodes[2].s, 3 + 5 * 3.14159265F / 3);
-    EXPECT_TRUE(RecordingScreen::Of("warning").empty());
+    EXPECT_TRUE(RecordedReports::Of("warning").empty());
 }
 
 // ---- Stiffeners --------------------------------------------------------------------------------

@@ -12,7 +12,9 @@
 #include "database/section_lines.h"
 #include "legacy/exchange.h"
 #include "platform/system.h"
+#include "report/reporters.h"
 #include "tests/companions/section_builder.h"
+#include "tests/support/recorded_reports.h"
 
 namespace corvane::test {
 namespace {
@@ -410,14 +412,14 @@ void WriteLegacyDatabase(const std::wstring& path, const std::vector<std::wstrin
         section.panels.push_back(PanelOfNodes(2, 0, 1));
         ASSERT_TRUE(ExportSection({path, number}, section, bsd));
     }
-    RecordingScreen::events.clear();
+    RecordedReports::events.clear();
 }
 
 std::string WarningText(int32_t number, MessageArguments arguments) {
-    const std::vector<std::string> before = std::exchange(RecordingScreen::events, {});
+    const std::vector<std::string> before = std::exchange(RecordedReports::events, {});
     ReportMessage(number, arguments);
-    const std::string text = RecordingScreen::Of("warning").at(0);
-    RecordingScreen::events = before;
+    const std::string text = RecordedReports::Of("warning").at(0);
+    RecordedReports::events = before;
     return text;
 }
 

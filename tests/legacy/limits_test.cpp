@@ -6,6 +6,7 @@
 #include "report/messages.h"
 #include "tests/companions/section_builder.h"
 #include "tests/legacy/legacy_support.h"
+#include "tests/support/recorded_reports.h"
 
 namespace corvane {
 namespace {
@@ -13,8 +14,8 @@ namespace {
 using namespace test;
 
 std::vector<std::string> Warnings() {
-    std::vector<std::string> warnings = RecordingScreen::Of("warning");
-    RecordingScreen::events.clear();
+    std::vector<std::string> warnings = RecordedReports::Of("warning");
+    RecordedReports::events.clear();
     return warnings;
 }
 
@@ -41,7 +42,7 @@ SectionModel SectionOfPoints(int count) {
 // ---- Strakes, nodes, points --------------------------------------------------------------------
 
 TEST(LegacyLimits, HundredNodesAreExportedWithoutAMessage) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     SectionModel section = SectionOfNodes(100);
     const auto record = RecordOf(section);
     EXPECT_TRUE(Warnings().empty());
@@ -51,7 +52,7 @@ TEST(LegacyLimits, HundredNodesAreExportedWithoutAMessage) {
 }
 
 TEST(LegacyLimits, HundredAndFirstNodeIsReported) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     SectionModel section = SectionOfNodes(102);
     section.panels[0].stiffeners = {StiffenerAt(0.5F)};
     section.panels[0].stiffenerDetails.resize(1);
@@ -69,7 +70,7 @@ TEST(LegacyLimits, HundredAndFirstNodeIsReported) {
 }
 
 TEST(LegacyLimits, FiftyNinePointsAreAccepted) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     SectionModel section = SectionOfPoints(59);
     const auto record = RecordOf(section);
     EXPECT_TRUE(Warnings().empty());
@@ -78,7 +79,7 @@ TEST(LegacyLimits, FiftyNinePointsAreAccepted) {
 }
 
 TEST(LegacyLimits, SixtiethPointIsReported) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     SectionModel section = SectionOfPoints(60);
     section.panels.push_back(PanelOfNodes(1, 1, 2));
     section.panels[0].plates.resize(1);
@@ -91,7 +92,7 @@ TEST(LegacyLimits, SixtiethPointIsReported) {
 }
 
 TEST(LegacyLimits, ThirtyOneStrakesAreReported) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     SectionModel section;
     for (int16_t i = 1; i <= 30; ++i) section.panels.push_back(PanelOfNodes(1, 1, i));
     auto record = RecordOf(section);
@@ -221,7 +222,7 @@ SectionModel SectionWith(const Capacity& capacity, int count) {
 }
 
 TEST(LegacyLimits, TablesTakeAsManyAsTheyHold) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     for (const Capacity& capacity : kCapacities) {
         SectionModel section = SectionWith(capacity, capacity.limit);
         const auto record = RecordOf(section);
@@ -235,7 +236,7 @@ TEST(LegacyLimits, TablesTakeAsManyAsTheyHold) {
 }
 
 TEST(LegacyLimits, OneMoreIsReportedOnceAndLeftOut) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     for (const Capacity& capacity : kCapacities) {
         SectionModel section = SectionWith(capacity, capacity.limit + 1);
         const auto record = RecordOf(section);
@@ -247,7 +248,7 @@ TEST(LegacyLimits, OneMoreIsReportedOnceAndLeftOut) {
 }
 
 TEST(LegacyLimits, ManyMoreAreReportedOnce) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     for (const Capacity& capacity : kCapacities) {
         if (capacity.message == kMsgTooManyProfiles) continue;  // spans would be too many, too
         if (capacity.message == kMsgTooManyCurves) continue;    // so would nodes
@@ -258,7 +259,7 @@ TEST(LegacyLimits, ManyMoreAreReportedOnce) {
 }
 
 TEST(LegacyLimits, EqualProfilesStandOnce) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     SectionModel section;
     section.panels.push_back(PanelOfNodes(2, 0, 1));
     Span span;
@@ -273,7 +274,7 @@ TEST(LegacyLimits, EqualProfilesStandOnce) {
 }
 
 TEST(LegacyLimits, SpansOfStiffenersWithoutRoomAreLeftOut) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     SectionModel section;
     section.panels.push_back(PanelOfNodes(2, 0, 1));
     for (int i = 0; i < 61; ++i) AddStiffener(section.panels[0]);
@@ -284,7 +285,7 @@ TEST(LegacyLimits, SpansOfStiffenersWithoutRoomAreLeftOut) {
 }
 
 TEST(LegacyLimits, IntersectionsWithoutRoomAreGivenByTheirPlaces) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     SectionModel section;
     section.panels.push_back(PanelOfNodes(2, 0, 1));
     section.panels[0].nodes[1].givenY = 50;
@@ -303,7 +304,7 @@ TEST(LegacyLimits, IntersectionsWithoutRoomAreGivenByTheirPlaces) {
 }
 
 TEST(LegacyLimits, IntegersAreHeldToSixteenBits) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     SectionModel section;
     section.panels.push_back(PanelOfNodes(2, 0, 1));
     section.compartments.resize(1);

@@ -5,6 +5,7 @@
 #include "database/section_file.h"
 #include "legacy/exchange.h"
 #include "tests/legacy/legacy_support.h"
+#include "tests/support/recorded_reports.h"
 
 namespace corvane {
 namespace {
@@ -16,7 +17,7 @@ constexpr uint32_t kSections = 10000;
 constexpr uint32_t kLookedAtAgain = 16;
 
 TEST(LegacyRoundTrip, TenThousandSectionsComeBack) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     for (uint32_t seed = 1; seed <= kSections; ++seed) {
         SectionModel section = GeneratedSection(seed);
         const auto exported = RecordOf(section);
@@ -25,7 +26,7 @@ TEST(LegacyRoundTrip, TenThousandSectionsComeBack) {
         ASSERT_EQ(ExactText(imported), ExactText(section)) << "seed " << seed;
         const auto again = RecordOf(imported);
         ASSERT_TRUE(SameBytes(*again, *exported)) << "seed " << seed;
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         if (seed % kLookedAtAgain != 0) continue;
         SectionModel importedAgain = SectionOf(*again);
         ASSERT_EQ(ExactText(importedAgain), ExactText(imported)) << "seed " << seed;
@@ -33,14 +34,14 @@ TEST(LegacyRoundTrip, TenThousandSectionsComeBack) {
 }
 
 TEST(LegacyRoundTrip, NothingOfTheSampleShipIsReported) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     for (int32_t number = 1; number <= 9; ++number) {
         SectionModel section;
         ASSERT_TRUE(
             ReadSectionBlock(DataPath("../samples/aurora_bay.ve2"), number, false, section));
         const auto record = RecordOf(section);
         SectionModel imported = SectionOf(*record);
-        EXPECT_EQ(RecordingScreen::Of("warning"), std::vector<std::string>{});
+        EXPECT_EQ(RecordedReports::Of("warning"), std::vector<std::string>{});
         SetImportedHead(section);
         EXPECT_EQ(ExactText(imported), ExactText(section)) << number;
     }
@@ -48,7 +49,7 @@ TEST(LegacyRoundTrip, NothingOfTheSampleShipIsReported) {
 
 // Through the library and its file.
 TEST(LegacyRoundTrip, SampleShipComesBackFromItsFile) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const TemporaryFolder folder;
     const std::wstring source = DataPath("../samples/aurora_bay.ve2");
     const std::wstring target = folder.File(L"aurora.vel");

@@ -8,6 +8,7 @@
 #include "tests/companions/section_builder.h"
 #include "tests/database/section_sample.h"
 #include "tests/legacy/legacy_support.h"
+#include "tests/support/recorded_reports.h"
 
 namespace corvane {
 namespace {
@@ -17,7 +18,7 @@ using namespace test;
 constexpr size_t kGeometry = 112;
 
 struct LegacyRecord : testing::Test {
-    RecordingScreen screen;
+    RecordedReports screen;
     SectionModel section;
     std::unique_ptr<LegacySectionRecord> record;
 
@@ -175,7 +176,7 @@ TEST_F(LegacyRecord, ClassAndCodeTellTheKindOfANode) {
         EXPECT_EQ(GeometryAt<int16_t>(2664 + 2 * 2), expected.nodeClass) << expected.node.kind;
         EXPECT_EQ(GeometryAt<int16_t>(1464 + 2 * 2), expected.code) << expected.node.kind;
         EXPECT_EQ(SectionOf(*record).panels[1].nodes[0].kind, expected.node.kind);
-        EXPECT_TRUE(RecordingScreen::Of("warning").empty()) << expected.node.kind;
+        EXPECT_TRUE(RecordedReports::Of("warning").empty()) << expected.node.kind;
     }
 }
 
@@ -190,7 +191,7 @@ TEST_F(LegacyRecord, ReferenceOfANodeLosesItsSign) {
 
 TEST_F(LegacyRecord, NodeOnANodeThatDoesNotExistIsReported) {
     ExportNode(OffsetNode({1, 3}, 1, 1));
-    const std::vector<std::string> warnings = RecordingScreen::Of("warning");
+    const std::vector<std::string> warnings = RecordedReports::Of("warning");
     EXPECT_EQ(warnings.back(), WarningText(2006, {2, 1}));
     EXPECT_EQ(SectionOf(*record).panels[1].nodes[0].onNode, 3) << "it is kept as it stands";
 }
@@ -199,7 +200,7 @@ TEST_F(LegacyRecord, NodeOfAnotherKindIsReportedAndGivenByItsPlace) {
     Node node = GivenNode(5, 6);
     node.kind = 9;
     ExportNode(node);
-    const std::vector<std::string> warnings = RecordingScreen::Of("warning");
+    const std::vector<std::string> warnings = RecordedReports::Of("warning");
     EXPECT_EQ(warnings.back(), WarningText(2007, {2, 1}));
     const SectionModel back = SectionOf(*record);
     EXPECT_EQ(back.panels[1].nodes[0].kind, kNodeGiven);
@@ -270,11 +271,11 @@ struct PlaceTest : LegacyRecord {
         panel.pillars.resize(1);
         panel.pillars[0].offset_m = 2.5F;
         Export();
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
     }
     std::vector<std::string> ImportWarnings() {
         section = SectionOf(*record);
-        return RecordingScreen::Of("warning");
+        return RecordedReports::Of("warning");
     }
 };
 
@@ -389,7 +390,7 @@ TEST_F(LegacyRecord, EmptyRecordIsAnEmptySection) {
     EXPECT_TRUE(back.name.empty());
     EXPECT_TRUE(back.panels.empty());
     EXPECT_TRUE(back.compartments.empty());
-    EXPECT_TRUE(RecordingScreen::Of("warning").empty());
+    EXPECT_TRUE(RecordedReports::Of("warning").empty());
 }
 
 TEST_F(LegacyRecord, AnyBytesAreARecord) {
@@ -404,7 +405,7 @@ TEST_F(LegacyRecord, AnyBytesAreARecord) {
         EXPECT_LE(back.panels.size(), 30u);
         EXPECT_LE(back.compartments.size(), 8u);
         RecordOf(back);
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
     }
 }
 

@@ -140,7 +140,7 @@ TEST(Folders, ProgramPathIsTheRunningFile) {
     EXPECT_TRUE(status.exists);
     EXPECT_FALSE(status.isDirectory);
     EXPECT_EQ(AbsolutePath(path), path);
-    EXPECT_TRUE(EndsWith(path, L"\\unit_tests") || EndsWith(path, L"\\unit_tests.exe"))
+    EXPECT_TRUE(EndsWith(path, L"\\platform_tests") || EndsWith(path, L"\\platform_tests.exe"))
         << test::Narrow(path);
 }
 

@@ -1,4 +1,4 @@
-#include "report/messages.h"
+#include "report/reporters.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 
 #include "platform/grvelk.h"
 #include "platform/system.h"
-#include "shell/state.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -16,12 +16,12 @@ namespace {
 using test::FakeCatalogue;
 using test::FakeFunction;
 using test::Narrow;
-using test::RecordingScreen;
+using test::RecordedReports;
 using Events = std::vector<std::string>;
 
 class MessagesTest : public testing::Test {
 protected:
-    RecordingScreen screen;
+    RecordedReports screen;
     // The bytes are those of the Western code page: A4 currency sign, B2 superscript two,
     // A7 section sign, E9 e acute.
     FakeCatalogue catalogue{{
@@ -89,7 +89,7 @@ TEST_F(MessagesTest, MissingCatalogueGivesResTextsAndNoCrash) {
     ZTGrVel32_LoadVelkinString.fileName = "NoSuchLibrary.dll";
     EXPECT_EQ(GetMessage(1020), L"Res #1020");
     ReportMessage(1020, {L"ship.ve2"});
-    EXPECT_EQ(RecordingScreen::Of("warning"), Events{"Res #1020 ship.ve2"});
+    EXPECT_EQ(RecordedReports::Of("warning"), Events{"Res #1020 ship.ve2"});
 }
 
 // ---- Arguments ---------------------------------------------------------------------------------
@@ -160,7 +160,7 @@ TEST_F(MessagesTest, ATextThatReadsAsANumberIsFormattedAsTheText) {
 
 TEST_F(MessagesTest, ReportMessageDoesItsStepsInOrder) {
     ReportMessage(1020, {L"ship.ve2"});
-    EXPECT_EQ(RecordingScreen::events,
+    EXPECT_EQ(RecordedReports::events,
               (Events{"pointer reset", "pending", "colour red", "splash unload", "pointer reset",
                       "warning No file ship.ve2"}));
 }
@@ -170,18 +170,18 @@ TEST_F(MessagesTest, ATextThatReadsAsANumberIsReportedAsThatMessage) {
     ReportMessage(L" 1020 ", {L"b"});
     ReportMessage(L"1020 files", {L"c"});
     ReportMessage(L"", {L"d"});
-    EXPECT_EQ(RecordingScreen::Of("warning"),
+    EXPECT_EQ(RecordedReports::Of("warning"),
               (Events{"No file a", "No file b", "1020 files c", " d"}));
 }
 
 TEST_F(MessagesTest, LineBreaksAndTabsReachTheBox) {
     ReportMessage(15);
-    EXPECT_EQ(RecordingScreen::Of("warning"), Events{"line\rline\ttab"});
+    EXPECT_EQ(RecordedReports::Of("warning"), Events{"line\rline\ttab"});
 }
 
 TEST_F(MessagesTest, ADoubledLineBreakSignIsOneSignInAStatusLine) {
     ReportStatus(14);
-    EXPECT_EQ(RecordingScreen::caption, L"a²z...");
+    EXPECT_EQ(RecordedReports::caption, L"a²z...");
 }
 
 // The box knows no doubling: a doubled sign leaves a line empty.
@@ -189,12 +189,12 @@ TEST_F(MessagesTest, ADoubledLineBreakSignIsTwoLineBreaksInABox) {
     ReportMessage(14);
     ShowWarning(L"a²²z");
     ReportMessage(L"a²²²z");
-    EXPECT_EQ(RecordingScreen::Of("warning"), (Events{"a\r\rz", "a\r\rz", "a\r\r\rz"}));
+    EXPECT_EQ(RecordedReports::Of("warning"), (Events{"a\r\rz", "a\r\rz", "a\r\r\rz"}));
 }
 
 TEST_F(MessagesTest, ShowWarningResetsThePointerAndShowsTheBox) {
     ShowWarning(L"text");
-    EXPECT_EQ(RecordingScreen::events, (Events{"pointer reset", "warning text"}));
+    EXPECT_EQ(RecordedReports::events, (Events{"pointer reset", "warning text"}));
 }
 
 // ---- ReportSilent and FlagStatusFailed ---------------------------------------------------------
@@ -202,113 +202,107 @@ TEST_F(MessagesTest, ShowWarningResetsThePointerAndShowsTheBox) {
 TEST_F(MessagesTest, ReportSilentOnlyTurnsTheLabelRed) {
     ReportSilent(1020, {L"ship.ve2"});
     ReportSilent(L"some text");
-    EXPECT_EQ(RecordingScreen::events, (Events{"colour red", "colour red"}));
+    EXPECT_EQ(RecordedReports::events, (Events{"colour red", "colour red"}));
 }
 
 TEST_F(MessagesTest, AFailureThatTheLabelShowsAlreadyIsNotFlagged) {
     ReportStatus(1020, {L"ship.ve2"});
-    RecordingScreen::events.clear();
+    RecordedReports::events.clear();
     ReportSilent(1020, {L"ship.ve2"});
     ReportSilent(L"1020", {L"ship.ve2"});
-    EXPECT_EQ(RecordingScreen::events, Events{});
+    EXPECT_EQ(RecordedReports::events, Events{});
     FlagStatusFailed(L"No file");
-    EXPECT_EQ(RecordingScreen::events, Events{"colour red"});
+    EXPECT_EQ(RecordedReports::events, Events{"colour red"});
 }
 
 TEST_F(MessagesTest, TheCaptionStaysWhereTheWorkStopped) {
     ShowStatus(L"Reading");
     ReportMessage(10);
-    EXPECT_EQ(RecordingScreen::caption, L"Reading...");
+    EXPECT_EQ(RecordedReports::caption, L"Reading...");
 }
 
 // ---- Status lines ------------------------------------------------------------------------------
 
 TEST_F(MessagesTest, StatusLineEndsInDotsAndIsPaintedAtOnce) {
     ReportStatus(1020, {L"ship.ve2"});
-    EXPECT_EQ(RecordingScreen::events,
+    EXPECT_EQ(RecordedReports::events,
               (Events{"colour text", "caption No file ship.ve2...", "pending"}));
 }
 
 TEST_F(MessagesTest, UnknownStatusNumberIsShownAsRes) {
     ReportStatus(77, {L"a"});
-    EXPECT_EQ(RecordingScreen::caption, L"Res #77 a...");
+    EXPECT_EQ(RecordedReports::caption, L"Res #77 a...");
 }
 
 TEST_F(MessagesTest, EmptyStatusClearsTheCaption) {
     ShowStatus(L"Reading");
-    RecordingScreen::events.clear();
+    RecordedReports::events.clear();
     ShowStatus(L"");
-    EXPECT_EQ(RecordingScreen::events, (Events{"colour text", "caption ", "pending"}));
-    EXPECT_EQ(RecordingScreen::caption, L"");
+    EXPECT_EQ(RecordedReports::events, (Events{"colour text", "caption ", "pending"}));
+    EXPECT_EQ(RecordedReports::caption, L"");
 }
 
 TEST_F(MessagesTest, SameStatusTwiceChangesOnlyTheColour) {
     ReportStatus(10);
-    RecordingScreen::events.clear();
+    RecordedReports::events.clear();
     ReportStatus(10);
-    EXPECT_EQ(RecordingScreen::events, Events{"colour text"});
+    EXPECT_EQ(RecordedReports::events, Events{"colour text"});
 }
 
 TEST_F(MessagesTest, TheNextStatusSetsTheColourBack) {
     ReportStatus(10);
     ReportSilent(11);
-    RecordingScreen::events.clear();
+    RecordedReports::events.clear();
     ReportStatus(10);
-    EXPECT_EQ(RecordingScreen::events, Events{"colour text"});
+    EXPECT_EQ(RecordedReports::events, Events{"colour text"});
 }
 
 TEST_F(MessagesTest, WithStatusLinesOffOnlyTheColourChanges) {
     ShowStatus(L"Reading");
     for (const wchar_t* tag : {L"0", L"", L"1", L"-2", L"text"}) {
-        RecordingScreen::tag = tag;
-        RecordingScreen::events.clear();
+        RecordedReports::tag = tag;
+        RecordedReports::events.clear();
         ReportStatus(10);
-        EXPECT_EQ(RecordingScreen::events, Events{"colour text"}) << Narrow(tag);
-        EXPECT_EQ(RecordingScreen::caption, L"Reading...") << Narrow(tag);
+        EXPECT_EQ(RecordedReports::events, Events{"colour text"}) << Narrow(tag);
+        EXPECT_EQ(RecordedReports::caption, L"Reading...") << Narrow(tag);
     }
 }
 
 TEST_F(MessagesTest, StatusLinesAreSwitchedByTheTag) {
     StatusLinesOff();
-    EXPECT_EQ(RecordingScreen::tag, L"0");
+    EXPECT_EQ(RecordedReports::tag, L"0");
     ShowStatus(L"not shown");
-    EXPECT_EQ(RecordingScreen::caption, L"");
+    EXPECT_EQ(RecordedReports::caption, L"");
     StatusLinesOn();
-    EXPECT_EQ(RecordingScreen::tag, L"-1");
+    EXPECT_EQ(RecordedReports::tag, L"-1");
     ShowStatus(L"shown");
-    EXPECT_EQ(RecordingScreen::caption, L"shown...");
+    EXPECT_EQ(RecordedReports::caption, L"shown...");
 }
 
 TEST_F(MessagesTest, TheTagIsReadAsAnInteger) {
-    RecordingScreen::tag = L" -1 ";
+    RecordedReports::tag = L" -1 ";
     ShowStatus(L"shown");
-    EXPECT_EQ(RecordingScreen::caption, L"shown...");
+    EXPECT_EQ(RecordedReports::caption, L"shown...");
 }
 
-// ---- Debug report and the state that other folders see -----------------------------------------
+// ---- Pointer -----------------------------------------------------------------------------------
+
+TEST_F(MessagesTest, PointerIsBusyAndBack) {
+    SetBusyPointer();
+    ResetMousePointer();
+    EXPECT_EQ(RecordedReports::events, (Events{"pointer busy", "pointer reset"}));
+}
+
+// ---- Debug report ------------------------------------------------------------------------------
 
 TEST_F(MessagesTest, DebugErrorIsShownInDebugModeOnly) {
     ReportDebugError(L"ExKill a.ve2", system::kErrorAccessDenied);
-    EXPECT_EQ(RecordingScreen::events, Events{});
-    shell.debugMode = true;
+    EXPECT_EQ(RecordedReports::events, Events{});
+    RecordedReports::debugMode = true;
     ReportDebugError(L"ExKill a.ve2", system::kErrorAccessDenied);
     EXPECT_EQ(
-        RecordingScreen::events,
+        RecordedReports::events,
         Events{"plain ExKill a.ve2 5 " + Narrow(system::ErrorText(system::kErrorAccessDenied))});
-}
-
-TEST_F(MessagesTest, StateForTheFoldersBelow) {
-    EXPECT_FALSE(IsDebugMode());
-    shell.debugMode = true;
-    EXPECT_TRUE(IsDebugMode());
-    EXPECT_FALSE(IsChildRunning());
-    SetChildRunning(true);
-    EXPECT_TRUE(IsChildRunning());
-    SetChildRunning(false);
-    EXPECT_FALSE(IsChildRunning());
-    ShowBusyPointer();
-    ShowDefaultPointer();
-    EXPECT_EQ(RecordingScreen::events, (Events{"pointer busy", "pointer reset"}));
 }
 
 TEST(MessageCatalogue, HasEveryNumberThatTheProgramUses) {

@@ -7,16 +7,13 @@
 #include "database/database_file.h"
 #include "files/paths.h"
 #include "platform/system.h"
-#include "shell/window_contents.h"
+#include "shell/open_database.h"
 #include "tests/database/sample_database.h"
+#include "tests/shell/fake_view.h"
 #include "text/numbers.h"
 
 namespace corvane::test {
 namespace {
-
-void Note(std::string event) {
-    RecordingScreen::events.push_back(std::move(event));
-}
 
 int16_t CORVANE_STDCALL AnswerPrompt(char* extension, char* title, char* buffer, int32_t size,
                                      int32_t flags, char* caption) {
@@ -34,64 +31,13 @@ int16_t CORVANE_STDCALL AnswerPrompt(char* extension, char* title, char* buffer,
 int16_t CORVANE_STDCALL RunNothing(const char* commandLine, int16_t windowStyle) {
     FakeProgram::commandLines.push_back(system::WideFromAnsi(commandLine));
     FakeProgram::windowStyle = windowStyle;
-    FakeProgram::wasLocked = ShownWindow::locked;
-    FakeProgram::statusLine = RecordingScreen::caption;
+    FakeProgram::wasLocked = FakeView::locked;
+    FakeProgram::statusLine = RecordedReports::caption;
     FakeProgram::deed();
     return FakeProgram::result;
 }
 
 }  // namespace
-
-int ShownWindow::rowCount;
-int ShownWindow::selected;
-int ShownWindow::rule;
-bool ShownWindow::locked;
-std::wstring ShownWindow::database;
-bool ShownWindow::previewCleared;
-std::function<bool(ExportChoice&)> ShownWindow::askExport;
-std::function<bool(ImportChoice&)> ShownWindow::askImport;
-
-ShownWindow::ShownWindow() {
-    rowCount = 0;
-    selected = -1;
-    rule = 0;
-    locked = false;
-    previewCleared = false;
-    askExport = [](ExportChoice&) { return false; };
-    askImport = [](ImportChoice&) { return false; };
-    database = L"untouched";
-    static MainWindow window{};
-    window.setDatabaseText = [](const std::wstring& text) { database = text; };
-    window.setRows = [](const std::vector<ModelRow>& rows) {
-        rowCount = static_cast<int>(rows.size());
-        Note("rows " + std::to_string(rowCount));
-    };
-    window.selectRow = [](int index) { selected = index; };
-    window.selectedRow = [] { return selected; };
-    window.isPreviewOn = [] { return false; };
-    window.redrawPreview = [] {};
-    window.clearPreview = [] { previewCleared = true; };
-    window.setPositionText = [](const std::wstring& text) { Note("position " + Narrow(text)); };
-    window.setFrameText = [](const std::wstring& text) { Note("frame " + Narrow(text)); };
-    window.setSectionMenuCaption = [](const std::wstring&) {};
-    window.selectedRule = [] { return rule; };
-    window.selectRule = [](int index) {
-        rule = index;
-        Note("rule " + std::to_string(index));
-    };
-    window.showModelButtons = [](ModelKind) {};
-    window.redrawRuleButton = [] {};
-    window.setLocked = [](bool wanted) {
-        locked = wanted;
-        Note(wanted ? "lock" : "unlock");
-    };
-    window.updateEnabling = [] {};
-    window.focusList = [] {};
-    window.askExport = [](ExportChoice& choice) { return askExport(choice); };
-    window.askImport = [](ImportChoice& choice) { return askImport(choice); };
-    window.close = [] { Note("close"); };
-    shell.mainWindow = &window;
-}
 
 std::vector<std::wstring> FakePrompt::answers;
 std::vector<FakePrompt::Question> FakePrompt::questions;
@@ -139,10 +85,10 @@ std::wstring CommandTest::Make(std::wstring_view name,
 }
 
 void CommandTest::MakeOpen(std::wstring_view name, std::initializer_list<ModelKind> kinds) const {
-    shell.settings.DatabasePath = Make(name, kinds);
-    EXPECT_TRUE(LoadBsdFromDatabase(shell.settings.DatabasePath, shell.bsd));
-    shell.currentModel = 1;
-    RecordingScreen::events.clear();
+    shell.database.path = Make(name, kinds);
+    EXPECT_TRUE(LoadBsdFromDatabase(shell.database.path, shell.database.bsd));
+    shell.database.currentModel = 1;
+    RecordedReports::events.clear();
 }
 
 void CommandTest::Install(std::wstring_view program) const {

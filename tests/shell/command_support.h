@@ -13,26 +13,10 @@
 
 #include "database/model_kind.h"
 #include "platform/ztutil32.h"
-#include "shell/exchange_boxes.h"
-#include "shell/state.h"
+#include "tests/shell/fake_view.h"
 #include "tests/support/support.h"
 
 namespace corvane::test {
-
-// What the main window shows. Everything goes to RecordingScreen::events too, "rows 3", "lock",
-// "unlock", "rule 1", "close".
-struct ShownWindow {
-    static int rowCount;
-    static int selected;
-    static int rule;
-    static bool locked;
-    static std::wstring database;
-    static bool previewCleared;
-    // What the user does in the exchange boxes; at first, cancel.
-    static std::function<bool(ExportChoice&)> askExport;
-    static std::function<bool(ImportChoice&)> askImport;
-    ShownWindow();
-};
 
 // A file prompt that gives these answers, one after the other, and then cancels. A test may look
 // at what was asked.
@@ -65,8 +49,7 @@ struct FakeProgram {
 // A test of commands: folders of its own for programs, work, browsing and databases, each ending
 // with "\".
 struct CommandTest : testing::Test {
-    RecordingScreen screen;
-    ShownWindow window;
+    FakeView view;
     TemporaryFolder folder;
     KeepCurrentDirectory keeper;
     std::wstring programs = folder.File(L"Velk data\\");
@@ -85,7 +68,7 @@ struct CommandTest : testing::Test {
     void Install(std::wstring_view program) const;
 
     // The warning boxes that were shown, and whether there was exactly one that holds `text`.
-    static std::vector<std::string> Warnings() { return RecordingScreen::Of("warning"); }
+    static std::vector<std::string> Warnings() { return RecordedReports::Of("warning"); }
     static testing::AssertionResult OnlyWarning(std::string_view text);
 };
 

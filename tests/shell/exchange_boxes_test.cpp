@@ -8,10 +8,11 @@
 #include "bsd/labels.h"
 #include "platform/system.h"
 #include "report/messages.h"
-#include "shell/window_contents.h"
+#include "shell/open_database.h"
 #include "tests/database/sample_database.h"
 #include "tests/legacy/legacy_support.h"
 #include "tests/shell/command_support.h"
+#include "tests/shell/fake_view.h"
 
 namespace corvane {
 namespace {
@@ -25,9 +26,9 @@ struct ExchangeBoxes : CommandTest {
     std::wstring database = File(L"other.ve2");
 
     ExchangeBoxes() {
-        shell.settings.DatabasePath = L"C:\\before.ve2";
-        shell.bsd.Titles(5).Assign(L"BEFORE");
-        shell.currentModel = 7;
+        shell.database.path = L"C:\\before.ve2";
+        shell.database.bsd.Titles(5).Assign(L"BEFORE");
+        shell.database.currentModel = 7;
     }
     static Texts TextsOf(const std::vector<ExchangeItem>& items) {
         Texts texts;
@@ -36,15 +37,15 @@ struct ExchangeBoxes : CommandTest {
     }
     // Nothing is shown of what can't be read but this message, and the state stays.
     static void ExpectUnlisted(const std::wstring& path, const std::string& warning) {
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         EXPECT_TRUE(ListForExchange(path).empty());
         EXPECT_EQ(Warnings(), Told{warning});
         ExpectStateUntouched();
     }
     static void ExpectStateUntouched() {
-        EXPECT_EQ(shell.settings.DatabasePath, L"C:\\before.ve2");
-        EXPECT_EQ(shell.bsd.Titles(5).Trimmed(), L"BEFORE");
-        EXPECT_EQ(shell.currentModel, 7);
+        EXPECT_EQ(shell.database.path, L"C:\\before.ve2");
+        EXPECT_EQ(shell.database.bsd.Titles(5).Trimmed(), L"BEFORE");
+        EXPECT_EQ(shell.database.currentModel, 7);
     }
 };
 
@@ -135,7 +136,7 @@ TEST_F(ExchangeBoxes, DatabaseCutAnywhereIsListedAsFarAsItGoes) {
     size_t listed = 0;
     for (size_t size = 0; size < bytes.size(); size += 7) {
         WriteFileBytes(database, bytes.substr(0, size));
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         const size_t before = std::exchange(listed, ListForExchange(database).size());
         EXPECT_GE(listed, before);
         EXPECT_EQ(Warnings().size(), size < signature ? 1u : 0u) << size;
@@ -154,7 +155,7 @@ TEST_F(ExchangeBoxes, LegacySectionIsReadWithItsShipData) {
     EXPECT_EQ(section.name, L"Frame 20");
     EXPECT_EQ(section.panels.size(), 1u);
     EXPECT_EQ(bsd.Titles(1).Trimmed(), L"\u00C9toile");
-    EXPECT_TRUE(RecordingScreen::caption.empty());
+    EXPECT_TRUE(RecordedReports::caption.empty());
     ExpectStateUntouched();
 }
 
@@ -219,7 +220,7 @@ TEST_F(ExchangeBoxes, SectionThatIsGoneIsReported) {
     BasicShipData bsd;
     EXPECT_FALSE(ReadForExchange(database, {L"Frame 60", 6}, section, bsd));
     EXPECT_EQ(Warnings(), Told{WarningText(1011, {6, database})});
-    RecordingScreen::events.clear();
+    RecordedReports::events.clear();
     system::RemoveFile(legacy);
     EXPECT_FALSE(ReadForExchange(legacy, {L"Frame 10", 1}, section, bsd));
     EXPECT_EQ(Warnings(), Told{WarningText(1020, {legacy})});

@@ -10,6 +10,7 @@
 #include "platform/ztutil32.h"
 #include "platform/ztvelk32.h"
 #include "shell/state.h"
+#include "tests/shell/fake_view.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -17,8 +18,9 @@ namespace {
 
 using test::FakeCatalogue;
 using test::FakeFunction;
+using test::FakeView;
 using test::Narrow;
-using test::RecordingScreen;
+using test::RecordedReports;
 using Events = std::vector<std::string>;
 
 // What the fake functions say, one for each library function.
@@ -46,17 +48,17 @@ struct FakeVersions {
 
 class LibraryChecksTest : public testing::Test {
 protected:
-    RecordingScreen screen;
+    FakeView screen;
     FakeCatalogue catalogue{{{1052, "\xA4: found \xA4, needed \xA4"}}};
     FakeVersions versions;
 
-    Events Warnings() { return RecordingScreen::Of("warning"); }
+    Events Warnings() { return RecordedReports::Of("warning"); }
 };
 
 TEST_F(LibraryChecksTest, AllFivePassInTheirOrder) {
     EXPECT_TRUE(CheckLibraryVersions());
     EXPECT_EQ(FakeVersions::calls, (Events{"data", "utility", "bsd", "legacy", "bulkhead"}));
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
 }
 
 TEST_F(LibraryChecksTest, TheFirstThatFailsEndsTheChecks) {
@@ -93,7 +95,7 @@ TEST_F(LibraryChecksTest, Table) {
     for (const VersionCase& each : cases) {
         const float usual = *each.version;
         *each.version = each.value;
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         EXPECT_EQ(CheckLibraryVersions(), each.warning == nullptr) << each.value;
         EXPECT_EQ(Warnings(), each.warning == nullptr ? Events{} : Events{each.warning});
         *each.version = usual;
@@ -152,9 +154,9 @@ TEST_F(LibraryChecksTest, OneCheckOfALibraryOfItsOwn) {
 }
 
 TEST(LibraryChecks, OurOwnCompanionsFit) {
-    const RecordingScreen screen;
+    const FakeView screen;
     EXPECT_TRUE(CheckLibraryVersions());
-    EXPECT_EQ(RecordingScreen::events, Events{});
+    EXPECT_EQ(RecordedReports::events, Events{});
 }
 
 }  // namespace

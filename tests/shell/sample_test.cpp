@@ -15,14 +15,16 @@
 #include "database/section_file.h"
 #include "legacy/exchange.h"
 #include "preview/section_preview.h"
+#include "tests/shell/sample_models.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane {
 namespace {
 
+using test::kSectionCount;
 using test::Narrow;
 
-constexpr int32_t kSectionCount = 9;
 constexpr int32_t kLastBulkhead = 12;
 
 struct ExpectedModel {
@@ -49,13 +51,13 @@ constexpr ExpectedModel kModels[] = {
 };
 
 struct SampleTest : testing::Test {
-    test::RecordingScreen screen;
+    test::RecordedReports reports;
     test::TemporaryFolder folder;
-    std::wstring path = test::DataPath("../samples/aurora_bay.ve2");
+    std::wstring path = test::SamplePath();
     std::wstring legacyPath = test::DataPath("../samples/aurora_bay.vel");
 
     void TearDown() override {
-        EXPECT_EQ(test::RecordingScreen::Of("warning"), std::vector<std::string>{});
+        EXPECT_EQ(test::RecordedReports::Of("warning"), std::vector<std::string>{});
     }
     SectionModel ReadSection(int32_t number) const {
         SectionModel model;

@@ -8,6 +8,7 @@
 #include "platform/ztutil32.h"
 #include "report/messages.h"
 #include "shell/state.h"
+#include "tests/shell/fake_view.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -15,9 +16,10 @@ namespace {
 
 using test::FakeCatalogue;
 using test::FakeFunction;
+using test::FakeView;
 using test::Narrow;
 using test::ReadFileBytes;
-using test::RecordingScreen;
+using test::RecordedReports;
 using test::TemporaryFolder;
 using test::WriteFileBytes;
 
@@ -27,7 +29,7 @@ std::string AnsiBytes(const std::wstring& text) {
 
 class SettingsTest : public testing::Test {
 protected:
-    RecordingScreen screen;
+    FakeView screen;
     FakeCatalogue catalogue{{{300, "Shell"},
                              {400, "Data"},
                              {401, "Work"},
@@ -79,7 +81,7 @@ TEST_F(SettingsTest, MissingFileGivesTheDefaults) {
     EXPECT_EQ(settings.SecondLimit, 3.0f);
     EXPECT_EQ(settings.ThirdLimit, 1.5f);
     EXPECT_FALSE(settings.KeepDatabasePath);
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
 }
 
 TEST_F(SettingsTest, MissingSectionGivesTheDefaults) {
@@ -274,7 +276,7 @@ TEST_F(SettingsTest, ALimitOutOfRangeEndsTheReading) {
     EXPECT_EQ(settings.IntegerSetting, 8);
     EXPECT_EQ(settings.SecondLimit, 20.0f);
     EXPECT_EQ(settings.ThirdLimit, 30.0f);
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
 }
 
 TEST_F(SettingsTest, TheLargestLimitIsRead) {
@@ -318,7 +320,7 @@ TEST_F(SettingsTest, GarbageFilesGiveDefaultsAndNoCrash) {
         EXPECT_EQ(settings.DatabasePath, L"") << i;
         EXPECT_EQ(settings.IntegerSetting, -1) << i;
     }
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
 }
 
 TEST_F(SettingsTest, LineFeedsAloneEndLinesToo) {
@@ -356,7 +358,7 @@ TEST_F(SettingsTest, WritesEveryKeyInItsOrder) {
               "[Shell]\r\nWork=C:\\work\\\r\nBrowse=C:\\browse \xE9t\xE9\\\r\nUser=jane\r\n"
               "Database=C:\\work\\my ship.ve2\r\nFirst=0.1\r\nInteger=-3\r\nSecond=1E+10\r\n"
               "Third=-2.5\r\n");
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
 }
 
 TEST_F(SettingsTest, DataDirectoryIsNeverWritten) {
@@ -421,8 +423,8 @@ TEST_F(SettingsTest, AUserNameThatFillsTheBufferIsTakenWhole) {
 
 TEST_F(SettingsTest, FirstWriteThatFailsIsReportedAndEndsTheWriting) {
     EXPECT_FALSE(WriteSettings(folder.File(L"no folder\\test.ini"), SomeSettings()));
-    EXPECT_EQ(RecordingScreen::Of("caption"), std::vector<std::string>{"Settings not written..."});
-    EXPECT_TRUE(RecordingScreen::Of("warning").empty());
+    EXPECT_EQ(RecordedReports::Of("caption"), std::vector<std::string>{"Settings not written..."});
+    EXPECT_TRUE(RecordedReports::Of("warning").empty());
     // After the first key no other one was asked for.
     std::ranges::sort(FakeCatalogue::asked);
     EXPECT_EQ(FakeCatalogue::asked, (std::vector<int32_t>{300, 401, 619}));
@@ -438,7 +440,7 @@ TEST_F(SettingsTest, AWriteThatFailsInBetweenEndsTheWriting) {
         *buffer = '\0';
     });
     EXPECT_FALSE(WriteSettings(file, SomeSettings()));
-    EXPECT_EQ(RecordingScreen::Of("caption"), std::vector<std::string>{"Settings not written..."});
+    EXPECT_EQ(RecordedReports::Of("caption"), std::vector<std::string>{"Settings not written..."});
     EXPECT_EQ(std::ranges::count(FakeCatalogue::asked, int32_t{kMsgDatabasePathKey}), 0);
 }
 
@@ -447,7 +449,7 @@ TEST_F(SettingsTest, ReadOnlyFileIsReportedAndStaysAsItWas) {
     WriteFileBytes(file, "[Shell]\r\nFirst=9\r\n");
     ASSERT_EQ(system::SetReadOnly(file, true), system::kErrorNone);
     EXPECT_FALSE(WriteSettings(file, SomeSettings()));
-    EXPECT_EQ(RecordingScreen::caption, L"Settings not written...");
+    EXPECT_EQ(RecordedReports::caption, L"Settings not written...");
     EXPECT_EQ(ReadFileBytes(file), "[Shell]\r\nFirst=9\r\n");
 }
 

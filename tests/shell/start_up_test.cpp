@@ -5,22 +5,26 @@
 #include <algorithm>
 #include <utility>
 
+#include "files/paths.h"
 #include "platform/bsdvelk.h"
 #include "platform/grvelk.h"
 #include "platform/system.h"
 #include "platform/ztutil32.h"
 #include "report/messages.h"
+#include "shell/rule_set.h"
 #include "shell/state.h"
+#include "tests/shell/fake_view.h"
 #include "tests/support/support.h"
 
 namespace corvane {
 namespace {
 
 using test::FakeFunction;
+using test::FakeView;
 using test::FreshSettingsFile;
 using test::KeepCurrentDirectory;
 using test::Narrow;
-using test::RecordingScreen;
+using test::RecordedReports;
 using test::TemporaryFolder;
 using test::WriteFileBytes;
 using Events = std::vector<std::string>;
@@ -38,7 +42,7 @@ std::string DatabaseBytes(const std::string& shortName) {
 
 class StartUpTest : public testing::Test {
 protected:
-    RecordingScreen screen;
+    FakeView screen;
     KeepCurrentDirectory directory;
     FreshSettingsFile settingsFile;
     TemporaryFolder folder;
@@ -48,7 +52,7 @@ protected:
         IsRegionalOK, [] { return static_cast<int16_t>(regionalFine ? -1 : 0); }};
     FakeFunction<decltype(SetRegionalOK)> setRegionalOk{
         SetRegionalOK, [] {
-            RecordingScreen::events.push_back("regional set");
+            RecordedReports::events.push_back("regional set");
             return static_cast<int16_t>(regionalCanChange ? -1 : 0);
         }};
     std::wstring database = folder.File(L"my ship.ve2");
@@ -75,8 +79,18 @@ protected:
         const std::wstring here = system::CurrentDirectory();
         return here.ends_with(L'\\') ? here : here + L'\\';
     }
+    // What the user sees of the start: windows, boxes, captions and lists.
+    static Events Steps() {
+        Events steps;
+        for (const std::string& event : RecordedReports::events) {
+            for (const char* word : {"main ", "splash ", "title ", "rows ", "plain "}) {
+                if (event.starts_with(word)) steps.push_back(event);
+            }
+        }
+        return steps;
+    }
     static size_t Place(const std::string& event) {
-        const auto& events = RecordingScreen::events;
+        const auto& events = RecordedReports::events;
         return static_cast<size_t>(std::ranges::find(events, event) - events.begin());
     }
 };
@@ -85,9 +99,9 @@ protected:
 
 TEST_F(StartUpTest, UsualStartShowsItsWindowsInOrder) {
     EXPECT_TRUE(StartUp(L""));
-    EXPECT_EQ(RecordingScreen::events,
-              (Events{"main load", "splash show Corvane", "pending", "title Corvane",
-                      "main refresh", "main show", "splash unload"}));
+    EXPECT_EQ(Steps(), (Events{"main load", "splash show Corvane", "title Corvane", "rows 0",
+                               "title Corvane", "main show", "splash unload"}));
+    EXPECT_EQ(Place("pending"), Place("splash show Corvane") + 1);
     EXPECT_FALSE(shell.debugMode);
     EXPECT_FALSE(shell.milMode);
     EXPECT_FALSE(shell.jbpMode);
@@ -97,7 +111,7 @@ TEST_F(StartUpTest, SettingsAreReadBeforeTheMainWindowIsLoaded) {
     static std::wstring workDirectory;
     workDirectory.clear();
     Configure(kMsgWorkDirectoryKey, folder.path);
-    shell.screen.loadMainWindow = [] {
+    shell.view.loadMainWindow = [] {
         workDirectory = shell.settings.WorkDirectory;
         // Not written yet.
         EXPECT_EQ(StartEntry(), "(none)");
@@ -107,21 +121,21 @@ TEST_F(StartUpTest, SettingsAreReadBeforeTheMainWindowIsLoaded) {
 }
 
 TEST_F(StartUpTest, StartEntryIsWrittenBetweenTheFirstMessagesAndTheDatabase) {
-    shell.screen.processPendingMessages = [] { EXPECT_EQ(StartEntry(), "(none)"); };
-    shell.screen.refreshMainWindow = [] {
+    shell.view.showSplash = [](const std::wstring&) { EXPECT_EQ(StartEntry(), "(none)"); };
+    shell.view.setRows = [](const std::vector<ModelRow>&) {
         EXPECT_EQ(StartEntry(), "1");
-        RecordingScreen::events.push_back("entry seen");
+        RecordedReports::events.push_back("entry seen");
     };
     EXPECT_TRUE(StartUp(L""));
-    EXPECT_EQ(RecordingScreen::events.size(), Place("entry seen") + 3);
+    EXPECT_LT(Place("entry seen"), Place("main show"));
 }
 
 TEST_F(StartUpTest, TheMainWindowIsRefreshedInTheWorkDirectory) {
     static std::wstring atLoad, atRefresh;
     ASSERT_EQ(system::SetCurrentTo(directory.path), system::kErrorNone);
     Configure(kMsgWorkDirectoryKey, folder.path);
-    shell.screen.loadMainWindow = [] { atLoad = Here(); };
-    shell.screen.refreshMainWindow = [] { atRefresh = Here(); };
+    shell.view.loadMainWindow = [] { atLoad = Here(); };
+    shell.view.setRows = [](const std::vector<ModelRow>&) { atRefresh = Here(); };
     const std::wstring before = system::CurrentDirectory();
     EXPECT_TRUE(StartUp(L""));
     EXPECT_EQ(atLoad, before + L'\\');
@@ -132,12 +146,12 @@ TEST_F(StartUpTest, TheMainWindowIsRefreshedInTheWorkDirectory) {
 // ---- Second instance ---------------------------------------------------------------------------
 
 TEST_F(StartUpTest, SecondInstanceActivatesTheFirstUnderAnotherTitleOfItsOwn) {
-    shell.screen.activateRunningInstance = [](const std::wstring& title) {
-        RecordingScreen::events.push_back("activate " + Narrow(title) + " from " +
+    shell.view.activateRunningInstance = [](const std::wstring& title) {
+        RecordedReports::events.push_back("activate " + Narrow(title) + " from " +
                                           Narrow(shell.title));
     };
     GiveWayToRunningInstance();
-    EXPECT_EQ(RecordingScreen::events, Events{"activate Corvane from ...duplicate instance"});
+    EXPECT_EQ(RecordedReports::events, Events{"activate Corvane from ...duplicate instance"});
 }
 
 TEST_F(StartUpTest, MainStartsTheFirstInstanceAndEndsAnother) {
@@ -145,9 +159,9 @@ TEST_F(StartUpTest, MainStartsTheFirstInstanceAndEndsAnother) {
     const bool first = system::ClaimSingleInstance();
     EXPECT_EQ(Main(L""), first);
     if (first) {
-        EXPECT_EQ(RecordingScreen::Of("main"), (Events{"load", "refresh", "show"}));
+        EXPECT_EQ(RecordedReports::Of("main"), (Events{"load", "show"}));
     } else {
-        EXPECT_EQ(RecordingScreen::events, Events{"activate Corvane"});
+        EXPECT_EQ(RecordedReports::events, Events{"activate Corvane"});
     }
 }
 
@@ -158,48 +172,49 @@ TEST_F(StartUpTest, UpperCaseDebugSwitchAndADatabaseName) {
     WriteFileBytes(folder.File(L"ship.ve2"), DatabaseBytes("BETA"));
     EXPECT_TRUE(StartUp(L"/D ship.ve2"));
     EXPECT_TRUE(shell.debugMode);
-    EXPECT_EQ(shell.settings.DatabasePath, folder.File(L"ship.ve2"));
-    EXPECT_EQ(shell.currentModel, 1);
+    EXPECT_EQ(shell.database.path, folder.File(L"ship.ve2"));
+    EXPECT_EQ(shell.database.currentModel, 1);
 }
 
 TEST_F(StartUpTest, DirIsNoDebugSwitch) {
     EXPECT_TRUE(StartUp(L"/dir"));
     EXPECT_FALSE(shell.debugMode);
-    EXPECT_EQ(RecordingScreen::Of("warning").size(), 1u);
+    EXPECT_EQ(RecordedReports::Of("warning").size(), 1u);
 }
 
 TEST_F(StartUpTest, DebugSwitchWithOneLastCharacterSetsDebugMode) {
     EXPECT_TRUE(StartUp(Quoted(database) + L" /dx"));
     EXPECT_TRUE(shell.debugMode);
-    EXPECT_EQ(shell.settings.DatabasePath, database);
+    EXPECT_EQ(shell.database.path, database);
 }
 
 TEST_F(StartUpTest, QuotedPathWithBlanksAndMil) {
     EXPECT_TRUE(StartUp(Quoted(database) + L" /mil"));
     EXPECT_TRUE(shell.milMode);
-    EXPECT_EQ(shell.settings.DatabasePath, database);
+    EXPECT_EQ(shell.database.path, database);
     EXPECT_EQ(shell.title, L"Corvane MIL");
-    EXPECT_EQ(RecordingScreen::Of("title"), Events{"Corvane MIL"});
+    EXPECT_EQ(RecordedReports::Of("title"),
+              (Events{"Corvane MIL", "Corvane MIL - my ship.ve2 - ALPHA"}));
 }
 
 TEST_F(StartUpTest, SingleQuotedNameBehindAWordIsOpened) {
     EXPECT_TRUE(StartUp(L"other.ve2 '" + database + L"'"));
-    EXPECT_EQ(shell.settings.DatabasePath, database);
-    EXPECT_TRUE(RecordingScreen::Of("warning").empty());
+    EXPECT_EQ(shell.database.path, database);
+    EXPECT_TRUE(RecordedReports::Of("warning").empty());
 }
 
 TEST_F(StartUpTest, JbpIsTakenOffBeforeTheFileIsRead) {
     EXPECT_TRUE(StartUp(L"/jbp " + Quoted(database)));
     EXPECT_TRUE(shell.jbpMode);
-    EXPECT_EQ(shell.settings.DatabasePath, database);
+    EXPECT_EQ(shell.database.path, database);
     EXPECT_EQ(shell.title, L"Corvane JBP");
 }
 
 TEST_F(StartUpTest, BothRuleSetsStandInTheTitle) {
     EXPECT_TRUE(StartUp(L"/mil /JBP"));
-    EXPECT_EQ(RecordingScreen::Of("title"), Events{"Corvane JBP MIL"});
+    EXPECT_EQ(RecordedReports::Of("title"), (Events{"Corvane JBP MIL", "Corvane JBP MIL"}));
     // The splash was shown before, with the bare title.
-    EXPECT_EQ(RecordingScreen::Of("splash"), (Events{"show Corvane", "unload"}));
+    EXPECT_EQ(RecordedReports::Of("splash"), (Events{"show Corvane", "unload"}));
 }
 
 TEST_F(StartUpTest, SuffixesAreNotDoubled) {
@@ -221,7 +236,7 @@ TEST_F(StartUpTest, RelativeDatabasePathIsFixedBeforeTheDirectoryChanges) {
                                        kSettingsFile),
               system::kErrorNone);
     EXPECT_TRUE(StartUp(L"/d \"my ship.ve2\""));
-    EXPECT_EQ(shell.settings.DatabasePath, database);
+    EXPECT_EQ(shell.database.path, database);
     EXPECT_EQ(shell.startDirectory + L"\\", elsewhere.path);
 }
 
@@ -230,10 +245,10 @@ TEST_F(StartUpTest, RelativeDatabasePathIsFixedBeforeTheDirectoryChanges) {
 TEST_F(StartUpTest, ConfiguredDatabaseIsOpened) {
     Configure(kMsgDatabasePathKey, database);
     EXPECT_TRUE(StartUp(L""));
-    EXPECT_EQ(shell.settings.DatabasePath, database);
-    EXPECT_EQ(shell.currentModel, 1);
-    EXPECT_EQ(shell.bsd.Titles(1).Trimmed(), L"DISPLAY NAME");
-    EXPECT_EQ(shell.bsd.Titles(5).Trimmed(), L"ALPHA");
+    EXPECT_EQ(shell.database.path, database);
+    EXPECT_EQ(shell.database.currentModel, 1);
+    EXPECT_EQ(shell.database.bsd.Titles(1).Trimmed(), L"DISPLAY NAME");
+    EXPECT_EQ(shell.database.bsd.Titles(5).Trimmed(), L"ALPHA");
 }
 
 TEST_F(StartUpTest, CommandLineGoesBeforeTheConfiguration) {
@@ -241,45 +256,45 @@ TEST_F(StartUpTest, CommandLineGoesBeforeTheConfiguration) {
     WriteFileBytes(other, DatabaseBytes("OTHER"));
     Configure(kMsgDatabasePathKey, other);
     EXPECT_TRUE(StartUp(Quoted(database)));
-    EXPECT_EQ(shell.settings.DatabasePath, database);
-    EXPECT_EQ(shell.bsd.Titles(5).Trimmed(), L"ALPHA");
+    EXPECT_EQ(shell.database.path, database);
+    EXPECT_EQ(shell.database.bsd.Titles(5).Trimmed(), L"ALPHA");
 }
 
 TEST_F(StartUpTest, MissingFileIsReportedAndTheConfiguredDatabaseOpens) {
     Configure(kMsgDatabasePathKey, database);
     EXPECT_TRUE(StartUp(Quoted(folder.File(L"gone.ve2"))));
-    EXPECT_EQ(RecordingScreen::Of("warning"),
+    EXPECT_EQ(RecordedReports::Of("warning"),
               Events{Narrow(FormatMessage(kMsgFileMissing, {folder.File(L"gone.ve2")}))});
-    EXPECT_EQ(shell.settings.DatabasePath, database);
-    EXPECT_EQ(shell.bsd.Titles(5).Trimmed(), L"ALPHA");
-    EXPECT_EQ(shell.currentModel, 1);
+    EXPECT_EQ(shell.database.path, database);
+    EXPECT_EQ(shell.database.bsd.Titles(5).Trimmed(), L"ALPHA");
+    EXPECT_EQ(shell.database.currentModel, 1);
     // The box comes before the main window, and the splash is out of its way.
     EXPECT_LT(Place("splash unload"), Place("title Corvane"));
 }
 
 TEST_F(StartUpTest, AFolderOnTheCommandLineIsNoFile) {
     EXPECT_TRUE(StartUp(Quoted(folder.path)));
-    EXPECT_EQ(RecordingScreen::Of("warning").size(), 1u);
-    EXPECT_EQ(shell.settings.DatabasePath, L"");
+    EXPECT_EQ(RecordedReports::Of("warning").size(), 1u);
+    EXPECT_EQ(shell.database.path, L"");
 }
 
 TEST_F(StartUpTest, MissingConfiguredDatabaseIsClearedSilently) {
     Configure(kMsgDatabasePathKey, folder.File(L"gone.ve2"));
     EXPECT_TRUE(StartUp(L""));
-    EXPECT_EQ(shell.settings.DatabasePath, L"");
-    EXPECT_EQ(shell.currentModel, 0);
-    EXPECT_TRUE(RecordingScreen::Of("warning").empty());
+    EXPECT_EQ(shell.database.path, L"");
+    EXPECT_EQ(shell.database.currentModel, 0);
+    EXPECT_TRUE(RecordedReports::Of("warning").empty());
 }
 
 TEST_F(StartUpTest, FileWithoutShipDataLoadsIntoAFreshRecord) {
     WriteFileBytes(database, "no database\r\n");
-    shell.bsd.Titles(5).Assign(L"ANOTHER");
-    shell.bsd.MainData(1) = 100;
+    shell.database.bsd.Titles(5).Assign(L"ANOTHER");
+    shell.database.bsd.MainData(1) = 100;
     EXPECT_TRUE(StartUp(Quoted(database)));
-    EXPECT_EQ(shell.bsd.Titles(5).Trimmed(), L"");
-    EXPECT_EQ(shell.bsd.MainData(1), 0);
-    EXPECT_EQ(shell.settings.DatabasePath, database);
-    EXPECT_EQ(shell.currentModel, 1);
+    EXPECT_EQ(shell.database.bsd.Titles(5).Trimmed(), L"");
+    EXPECT_EQ(shell.database.bsd.MainData(1), 0);
+    EXPECT_EQ(shell.database.path, database);
+    EXPECT_EQ(shell.database.currentModel, 1);
 }
 
 // ---- Legacy database ---------------------------------------------------------------------------
@@ -287,25 +302,35 @@ TEST_F(StartUpTest, FileWithoutShipDataLoadsIntoAFreshRecord) {
 TEST_F(StartUpTest, UpperCaseVelTakesTheLegacyPathWithoutSuffixes) {
     Configure(kMsgWorkDirectoryKey, folder.path);
     const std::wstring before = system::CurrentDirectory();
-    const std::wstring legacy = folder.File(L"STAR.VEL");
-    WriteFileBytes(legacy, "");
+    const std::wstring legacy = folder.File(L"OLD.VEL");
+    WriteFileBytes(legacy, test::ReadFileBytes(test::DataPath("../samples/aurora_bay.vel")));
     EXPECT_TRUE(StartUp(L"/JBP " + Quoted(legacy)));
-    EXPECT_EQ(RecordingScreen::events,
-              (Events{"main load", "splash show Corvane", "pending", "main show", "splash unload",
-                      "legacy " + Narrow(legacy)}));
+    EXPECT_EQ(RecordedReports::Of("warning"), Events{});
+    EXPECT_EQ(Place("main show") + 1, Place("splash unload"));
+    EXPECT_LT(Place("splash unload"), Place("rows 9")) << "converted when the window is there";
     EXPECT_TRUE(shell.jbpMode);
     EXPECT_EQ(shell.title, L"Corvane");
-    EXPECT_EQ(shell.settings.DatabasePath, L"");
-    EXPECT_EQ(shell.currentModel, 0);
+    EXPECT_EQ(FileNameOf(shell.database.path), L"old.ve2");
+    EXPECT_EQ(shell.database.currentModel, 1);
     EXPECT_EQ(system::CurrentDirectory(), before);
     EXPECT_EQ(StartEntry(), "1");
 }
 
+TEST_F(StartUpTest, LegacyFileThatOpensNothingLeavesTheConfiguredDatabase) {
+    Configure(kMsgDatabasePathKey, database);
+    const std::wstring legacy = folder.File(L"STAR.VEL");
+    WriteFileBytes(legacy, "");
+    EXPECT_TRUE(StartUp(Quoted(legacy)));
+    EXPECT_EQ(RecordedReports::Of("warning").size(), 1U);
+    EXPECT_EQ(shell.database.path, database);
+    EXPECT_EQ(shell.database.bsd.Titles(5).Trimmed(), L"ALPHA") << "with its ship record";
+}
+
 TEST_F(StartUpTest, MissingVelFileIsReported) {
     EXPECT_TRUE(StartUp(L"gone.vel"));
-    EXPECT_EQ(RecordingScreen::Of("warning").size(), 1u);
-    EXPECT_TRUE(RecordingScreen::Of("legacy").empty());
-    EXPECT_EQ(RecordingScreen::Of("main"), (Events{"load", "refresh", "show"}));
+    EXPECT_EQ(RecordedReports::Of("warning").size(), 1u);
+    EXPECT_TRUE(RecordedReports::Of("legacy").empty());
+    EXPECT_EQ(RecordedReports::Of("main"), (Events{"load", "show"}));
 }
 
 // ---- Debug mode --------------------------------------------------------------------------------
@@ -315,26 +340,26 @@ TEST_F(StartUpTest, DebugModeShowsTheDirectoryAndNoSplash) {
                                        kSettingsFile),
               system::kErrorNone);
     EXPECT_TRUE(StartUp(L"/d"));
-    EXPECT_EQ(RecordingScreen::events,
+    EXPECT_EQ(Steps(),
               (Events{"plain Debug : change dir to exe dir : " + Narrow(folder.path), "main load",
-                      "pending", "title Corvane", "main refresh", "main show", "splash unload"}));
+                      "title Corvane", "rows 0", "title Corvane", "main show", "splash unload"}));
     EXPECT_EQ(shell.startDirectory + L"\\", folder.path);
 }
 
 TEST_F(StartUpTest, DebugModeWithoutAPathGoesToTheRoot) {
     EXPECT_TRUE(StartUp(L"/d"));
-    EXPECT_EQ(RecordingScreen::Of("plain"), Events{"Debug : change dir to exe dir : "});
+    EXPECT_EQ(RecordedReports::Of("plain"), Events{"Debug : change dir to exe dir : "});
     EXPECT_EQ(shell.startDirectory, directory.path.substr(0, 3));
 }
 
 TEST_F(StartUpTest, DebugDirectoryIsSetBeforeTheLibrariesAreChecked) {
     FakeFunction old(GetGrVelkDataVersion, [] {
-        RecordingScreen::events.push_back("check");
+        RecordedReports::events.push_back("check");
         return 0.0f;
     });
     EXPECT_FALSE(StartUp(L"/d"));
-    EXPECT_EQ(RecordingScreen::events[0], "plain Debug : change dir to exe dir : ");
-    EXPECT_EQ(RecordingScreen::events[1], "check");
+    EXPECT_EQ(RecordedReports::events[0], "plain Debug : change dir to exe dir : ");
+    EXPECT_EQ(RecordedReports::events[1], "check");
 }
 
 // ---- What ends the process ---------------------------------------------------------------------
@@ -343,42 +368,42 @@ TEST_F(StartUpTest, WrongLibraryEndsTheProcess) {
     FakeFunction old(GetBsdVelkVersion, [] { return 1.0f; });
     regionalFine = false;
     EXPECT_FALSE(StartUp(Quoted(database)));
-    EXPECT_EQ(RecordingScreen::Of("warning").size(), 1u);
-    EXPECT_TRUE(RecordingScreen::Of("ask").empty());
-    EXPECT_TRUE(RecordingScreen::Of("main").empty());
+    EXPECT_EQ(RecordedReports::Of("warning").size(), 1u);
+    EXPECT_TRUE(RecordedReports::Of("ask").empty());
+    EXPECT_TRUE(RecordedReports::Of("main").empty());
     EXPECT_EQ(StartEntry(), "(none)");
 }
 
 TEST_F(StartUpTest, RefusedRegionalSettingsEndTheProcess) {
     regionalFine = false;
-    RecordingScreen::answerYes = false;
+    FakeView::answerYes = false;
     EXPECT_FALSE(StartUp(L""));
-    EXPECT_EQ(RecordingScreen::events, Events{kRegionalQuestion});
+    EXPECT_EQ(RecordedReports::events, Events{kRegionalQuestion});
     EXPECT_EQ(StartEntry(), "(none)");
 }
 
 TEST_F(StartUpTest, AdjustedRegionalSettingsLetItStart) {
     regionalFine = false;
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     EXPECT_TRUE(StartUp(L""));
-    EXPECT_EQ(RecordingScreen::events[0], kRegionalQuestion);
-    EXPECT_EQ(RecordingScreen::events[1], "regional set");
-    EXPECT_EQ(RecordingScreen::events[2], "main load");
+    EXPECT_EQ(RecordedReports::events[0], kRegionalQuestion);
+    EXPECT_EQ(RecordedReports::events[1], "regional set");
+    EXPECT_EQ(RecordedReports::events[2], "main load");
 }
 
 TEST_F(StartUpTest, RegionalSettingsThatCanNotBeAdjustedEndTheProcess) {
     regionalFine = false;
     regionalCanChange = false;
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     EXPECT_FALSE(StartUp(L""));
-    EXPECT_EQ(RecordingScreen::Of("warning"),
+    EXPECT_EQ(RecordedReports::Of("warning"),
               Events{"Automatic adjustment for Regional Settings failed"});
-    EXPECT_TRUE(RecordingScreen::Of("main").empty());
+    EXPECT_TRUE(RecordedReports::Of("main").empty());
 }
 
 TEST_F(StartUpTest, FineRegionalSettingsAskNothing) {
     EXPECT_TRUE(CheckRegionalSettings());
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
 }
 
 // ---- Shutdown ----------------------------------------------------------------------------------
@@ -403,10 +428,10 @@ TEST_F(StartUpTest, SettingsThatCanNotBeWrittenDoNotKeepItFromEnding) {
     EXPECT_TRUE(StartUp(L""));
     ASSERT_EQ(system::RemoveFile(settingsFile.path), system::kErrorNone);
     ASSERT_EQ(system::MakeDirectory(settingsFile.path), system::kErrorNone);
-    RecordingScreen::events.clear();
+    RecordedReports::events.clear();
     ShutDown();
     EXPECT_EQ(system::CurrentDirectory(), before);
-    EXPECT_EQ(RecordingScreen::caption, GetMessage(kMsgSettingsNotWritten) + L"...");
+    EXPECT_EQ(RecordedReports::caption, GetMessage(kMsgSettingsNotWritten) + L"...");
     ASSERT_EQ(system::RemoveEmptyDirectory(settingsFile.path), system::kErrorNone);
 }
 

@@ -9,18 +9,22 @@
 #include "files/file_system.h"
 #include "platform/system.h"
 #include "report/messages.h"
+#include "shell/commands/create_commands.h"
+#include "shell/commands/section_commands.h"
+#include "shell/open_database.h"
+#include "shell/rule_set.h"
 #include "shell/state.h"
-#include "shell/window_contents.h"
 #include "tests/shell/command_support.h"
+#include "tests/shell/fake_view.h"
 
 namespace corvane {
 namespace {
 
 using test::CommandTest;
 using test::FakeProgram;
+using test::FakeView;
 using test::Narrow;
-using test::RecordingScreen;
-using test::ShownWindow;
+using test::RecordedReports;
 
 struct SiblingPrograms : CommandTest {};
 struct SectionInput : CommandTest {};
@@ -83,34 +87,32 @@ TEST_F(SiblingPrograms, SwitchesStandInTheirOrderWithABlankBehindEach) {
 
 TEST_F(SiblingPrograms, CommandLinesOfEveryKindSwitchAndModelNumber) {
     shell.settings.DataDirectory = L"C:\\Velk data\\";
-    shell.settings.DatabasePath = L"C:\\My ships\\Aurora Bay.ve2";
+    shell.database.path = L"C:\\My ships\\Aurora Bay.ve2";
     const std::string database = "\"C:\\My ships\\Aurora Bay.ve2\"";
     for (const Switches& switches : kSwitches) {
         shell.debugMode = switches.debug;
         shell.milMode = switches.mil;
         shell.jbpMode = switches.jbp;
         for (const ModelKind kind : {kSection, kBulkhead, kTorsion}) {
-            for (const int number : {-2, -1, 0, 1, 3, 12, 32767}) {
-                shell.currentModel = static_cast<int16_t>(number);
+            for (const int number : {kNoModel, 1, 3, 12, 32767}) {
                 const std::string input = Narrow(InputProgramPath(kind));
                 const std::string rule = Narrow(RuleProgramPath(kind));
-                const std::string behind = number >= 1 ? " " + std::to_string(number) : "";
-                EXPECT_EQ(Narrow(EditCommandLine(InputProgramPath(kind))),
-                          input + " " + switches.text + database + behind);
-                EXPECT_EQ(Narrow(RuleCommandLine(RuleProgramPath(kind))),
-                          rule + " " + switches.text + database + " " + std::to_string(number));
-                EXPECT_EQ(Narrow(BsdCommandLine(BsdProgramPath())),
-                          "C:\\Velk data\\BsdEdit.exe " + std::string(switches.text) + database);
+                const std::string after = number >= 1 ? " " + std::to_string(number) : "";
+                EXPECT_EQ(Narrow(CommandLine(InputProgramPath(kind), number)),
+                          input + " " + switches.text + database + after);
+                EXPECT_EQ(Narrow(CommandLine(RuleProgramPath(kind), number)),
+                          rule + " " + switches.text + database + after);
             }
         }
+        EXPECT_EQ(Narrow(CommandLine(BsdProgramPath())),
+                  "C:\\Velk data\\BsdEdit.exe " + std::string(switches.text) + database);
     }
 }
 
 TEST_F(SiblingPrograms, CommandLineOfTheDescribedExample) {
     shell.milMode = true;
-    shell.currentModel = 3;
-    shell.settings.DatabasePath = L"C:\\a.ve2";
-    EXPECT_EQ(EditCommandLine(L"C:\\p.exe"), L"C:\\p.exe /mil \"C:\\a.ve2\" 3");
+    shell.database.path = L"C:\\a.ve2";
+    EXPECT_EQ(CommandLine(L"C:\\p.exe", 3), L"C:\\p.exe /mil \"C:\\a.ve2\" 3");
 }
 
 // ---- Running -----------------------------------------------------------------------------------
@@ -121,27 +123,27 @@ TEST_F(LockedRun, WindowIsLockedAndPaintsBeforeTheProgramStarts) {
     EXPECT_EQ(FakeProgram::commandLines, std::vector<std::wstring>{L"C:\\a b\\p.exe \"x y\" 3"});
     EXPECT_EQ(FakeProgram::windowStyle, 0);
     EXPECT_TRUE(FakeProgram::wasLocked);
-    EXPECT_FALSE(ShownWindow::locked);
-    EXPECT_EQ(RecordingScreen::events, (std::vector<std::string>{"lock", "pending", "pointer busy",
+    EXPECT_FALSE(FakeView::locked);
+    EXPECT_EQ(RecordedReports::events, (std::vector<std::string>{"lock", "pending", "pointer busy",
                                                                  "pointer reset", "unlock"}));
 }
 
 TEST_F(LockedRun, RuleOptionIsRestored) {
-    ShownWindow::rule = 1;
+    FakeView::rule = 1;
     shell.jbpMode = true;
     // A click that reaches the options although they are locked.
     const FakeProgram program([] {
-        ShownWindow::rule = 2;
+        FakeView::rule = 2;
         RuleSetChosen(RuleSet::kMil);
     });
     EXPECT_TRUE(RunAndWait(L"C:\\p.exe").HasRun());
-    EXPECT_EQ(ShownWindow::rule, 1);
+    EXPECT_EQ(FakeView::rule, 1);
     EXPECT_TRUE(shell.jbpMode);
     EXPECT_FALSE(shell.milMode);
 }
 
 TEST_F(LockedRun, RuleFlagsOfTheCommandLineStay) {
-    ShownWindow::rule = 1;
+    FakeView::rule = 1;
     shell.jbpMode = shell.milMode = true;
     const FakeProgram program;
     EXPECT_TRUE(RunAndWait(L"C:\\p.exe").HasRun());
@@ -153,7 +155,7 @@ TEST_F(LockedRun, FailureUnlocksToo) {
     const FakeProgram program;
     FakeProgram::result = 0;
     EXPECT_FALSE(RunAndWait(L"C:\\p.exe").HasRun());
-    EXPECT_FALSE(ShownWindow::locked);
+    EXPECT_FALSE(FakeView::locked);
 }
 
 TEST_F(LockedRun, CurrentDirectoryStays) {
@@ -170,7 +172,7 @@ TEST_F(SectionInput, ProgramOfTheModelsKindIsRun) {
     const wchar_t* const names[] = {L"SectInput.exe", L"BhdInput.exe", L"TorModel.exe"};
     for (int16_t number = 1; number <= 3; ++number) {
         Install(names[number - 1]);
-        shell.currentModel = number;
+        shell.database.currentModel = number;
         const FakeProgram program;
         ME_SectionInput_Click();
         ASSERT_EQ(FakeProgram::commandLines.size(), 1U);
@@ -178,8 +180,8 @@ TEST_F(SectionInput, ProgramOfTheModelsKindIsRun) {
                                                             " \"" + Narrow(File(L"My ship.ve2")) +
                                                             "\" " + std::to_string(number));
         EXPECT_EQ(Narrow(FakeProgram::statusLine), Narrow(names[number - 1]) + " is running...");
-        EXPECT_EQ(ShownWindow::selected, number - 1);
-        EXPECT_EQ(RecordingScreen::caption, L"");
+        EXPECT_EQ(FakeView::selected, number - 1);
+        EXPECT_EQ(RecordedReports::caption, L"");
         EXPECT_TRUE(Warnings().empty());
     }
 }
@@ -188,10 +190,10 @@ TEST_F(SectionInput, ListIsReadAnewAfterTheRun) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"SectInput.exe");
     const FakeProgram program(
-        [] { test::Append(shell.settings.DatabasePath, test::ModelText(2, kTorsion)); });
+        [] { test::Append(shell.database.path, test::ModelText(2, kTorsion)); });
     ME_SectionInput_Click();
-    EXPECT_EQ(RecordingScreen::Of("rows"), std::vector<std::string>{"2"});
-    EXPECT_EQ(shell.currentModel, 1);
+    EXPECT_EQ(RecordedReports::Of("rows"), std::vector<std::string>{"2"});
+    EXPECT_EQ(shell.database.currentModel, 1);
 }
 
 TEST_F(SectionInput, PointerIsBusyUntilTheEnd) {
@@ -199,7 +201,7 @@ TEST_F(SectionInput, PointerIsBusyUntilTheEnd) {
     Install(L"SectInput.exe");
     const FakeProgram program;
     ME_SectionInput_Click();
-    const auto pointers = RecordingScreen::Of("pointer");
+    const auto pointers = RecordedReports::Of("pointer");
     ASSERT_FALSE(pointers.empty());
     EXPECT_EQ(pointers.front(), "busy");
     EXPECT_EQ(pointers.back(), "reset");
@@ -207,20 +209,20 @@ TEST_F(SectionInput, PointerIsBusyUntilTheEnd) {
 
 // Runs a command that must not run a program, and tells of one thing.
 void ExpectNoRun(void (*command)(), std::string_view warning) {
-    RecordingScreen::events.clear();
+    RecordedReports::events.clear();
     const FakeProgram program;
     command();
     EXPECT_TRUE(FakeProgram::commandLines.empty());
     EXPECT_TRUE(CommandTest::OnlyWarning(warning));
-    EXPECT_EQ(RecordingScreen::Of("rows").size(), 0U);
-    EXPECT_FALSE(ShownWindow::locked);
+    EXPECT_EQ(RecordedReports::Of("rows").size(), 0U);
+    EXPECT_FALSE(FakeView::locked);
 }
 
 TEST_F(SectionInput, NothingHappensWithoutADatabase) {
     const FakeProgram program;
     ME_SectionInput_Click();
     EXPECT_TRUE(FakeProgram::commandLines.empty());
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
 }
 
 TEST_F(SectionInput, MissingDatabaseIsReported) {
@@ -234,16 +236,16 @@ TEST_F(SectionInput, InvalidDataAreReported) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"SectInput.exe");
     for (const int item : {1, 2, 3, 9}) {
-        const float before = std::exchange(shell.bsd.MainData(item), 0.0f);
+        const float before = std::exchange(shell.database.bsd.MainData(item), 0.0f);
         ExpectNoRun(ME_SectionInput_Click, "Please input valid BSD first");
-        shell.bsd.MainData(item) = before;
+        shell.database.bsd.MainData(item) = before;
     }
 }
 
 TEST_F(SectionInput, MissingProgramIsReportedWithItsPath) {
     MakeOpen(L"ship.ve2", {kSection, kBulkhead, kTorsion});
     for (int16_t number = 1; number <= 3; ++number) {
-        shell.currentModel = number;
+        shell.database.currentModel = number;
         const auto kind = static_cast<ModelKind>(number - 1);
         ExpectNoRun(ME_SectionInput_Click,
                     "'" + Narrow(InputProgramPath(kind)) + "' cannot be opened");
@@ -259,7 +261,7 @@ TEST_F(SectionInput, FolderInThePlaceOfTheProgramIsReported) {
 TEST_F(SectionInput, ModelThatTheDatabaseLacksIsReported) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"SectInput.exe");
-    shell.currentModel = 2;
+    shell.database.currentModel = 2;
     ExpectNoRun(ME_SectionInput_Click, "There is no model 2 in");
 }
 
@@ -281,7 +283,7 @@ TEST_F(SectionRule, ProgramOfKindAndRuleSetIsRun) {
     for (const auto& [ruleSet, number, name, switches] : cases) {
         RuleSetChosen(ruleSet);
         Install(name);
-        shell.currentModel = number;
+        shell.database.currentModel = number;
         const FakeProgram program;
         ME_SectionVelkRule_Click();
         ASSERT_EQ(FakeProgram::commandLines.size(), 1U);
@@ -289,7 +291,7 @@ TEST_F(SectionRule, ProgramOfKindAndRuleSetIsRun) {
                                                             "\"" + Narrow(File(L"ship.ve2")) +
                                                             "\" " + std::to_string(number));
         EXPECT_EQ(Narrow(FakeProgram::statusLine), Narrow(name) + " is running...");
-        EXPECT_EQ(RecordingScreen::caption, L"");
+        EXPECT_EQ(RecordedReports::caption, L"");
         KillFile(programs + name);
     }
     EXPECT_TRUE(Warnings().empty());
@@ -298,7 +300,7 @@ TEST_F(SectionRule, ProgramOfKindAndRuleSetIsRun) {
 TEST_F(SectionRule, MissingDatabaseIsReportedWithItsPath) {
     MakeOpen(L"ship.ve2", {kSection});
     KillFile(File(L"ship.ve2"));
-    shell.currentModel = 0;
+    shell.database.currentModel = 0;
     ExpectNoRun(ME_SectionVelkRule_Click, "'" + Narrow(File(L"ship.ve2")) + "' cannot be opened");
 }
 
@@ -306,7 +308,7 @@ TEST_F(SectionRule, NoCurrentModelIsReportedWithNumberAndPath) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"SectRule.exe");
     for (const int16_t number : {int16_t{0}, int16_t{-1}, int16_t{2}}) {
-        shell.currentModel = number;
+        shell.database.currentModel = number;
         ExpectNoRun(ME_SectionVelkRule_Click, "There is no model " + std::to_string(number) +
                                                   " in the database '" + Narrow(File(L"ship.ve2")));
     }
@@ -315,7 +317,7 @@ TEST_F(SectionRule, NoCurrentModelIsReportedWithNumberAndPath) {
 TEST_F(SectionRule, InvalidDataAreReported) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"SectRule.exe");
-    shell.bsd = BasicShipData();
+    shell.database.bsd = BasicShipData();
     ExpectNoRun(ME_SectionVelkRule_Click, "Please input valid BSD first");
 }
 
@@ -342,7 +344,7 @@ int16_t currentModelInRun;
 bool suppressListEventsInRun;
 
 void NoteState() {
-    currentModelInRun = shell.currentModel;
+    currentModelInRun = shell.database.currentModel;
     suppressListEventsInRun = shell.suppressListEvents;
 }
 
@@ -356,7 +358,7 @@ TEST_F(CreateModel, InputProgramOfTheKindGetsNoModelNumber) {
         ASSERT_EQ(FakeProgram::commandLines.size(), 1U);
         EXPECT_EQ(Narrow(FakeProgram::commandLines[0]),
                   Narrow(programs + create.program) + " /d \"" + Narrow(File(L"ship.ve2")) + "\"");
-        EXPECT_EQ(currentModelInRun, -static_cast<int>(create.kind));
+        EXPECT_EQ(currentModelInRun, 1) << "the selected model stays the current one";
         EXPECT_TRUE(suppressListEventsInRun);
         EXPECT_FALSE(shell.suppressListEvents);
     }
@@ -366,47 +368,47 @@ TEST_F(CreateModel, NewLastModelBecomesTheCurrentOne) {
     MakeOpen(L"ship.ve2", {kSection, kSection, kSection});
     Install(L"BhdInput.exe");
     const FakeProgram program(
-        [] { test::Append(shell.settings.DatabasePath, test::ModelText(4, kBulkhead)); });
+        [] { test::Append(shell.database.path, test::ModelText(4, kBulkhead)); });
     ME_NewBulkhead_Click();
-    EXPECT_EQ(shell.currentModel, 4);
-    EXPECT_EQ(RecordingScreen::Of("rows"), std::vector<std::string>{"4"});
-    EXPECT_EQ(ShownWindow::selected, 3);
+    EXPECT_EQ(shell.database.currentModel, 4);
+    EXPECT_EQ(RecordedReports::Of("rows"), std::vector<std::string>{"4"});
+    EXPECT_EQ(FakeView::selected, 3);
 }
 
 TEST_F(CreateModel, FirstModelBecomesTheCurrentOne) {
     MakeOpen(L"ship.ve2");
     Install(L"SectInput.exe");
     const FakeProgram program(
-        [] { test::Append(shell.settings.DatabasePath, test::ModelText(1, kSection)); });
+        [] { test::Append(shell.database.path, test::ModelText(1, kSection)); });
     ME_SectionNew_Click();
-    EXPECT_EQ(shell.currentModel, 1);
-    EXPECT_EQ(ShownWindow::selected, 0);
+    EXPECT_EQ(shell.database.currentModel, 1);
+    EXPECT_EQ(FakeView::selected, 0);
 }
 
 TEST_F(CreateModel, ModelBeforeStaysCurrentWhenNoneWasMade) {
     MakeOpen(L"ship.ve2", {kSection, kSection, kSection});
     Install(L"TorModel.exe");
-    shell.currentModel = 2;
+    shell.database.currentModel = 2;
     const FakeProgram program;
     ME_NewTorsion_Click();
-    EXPECT_EQ(shell.currentModel, 2);
-    EXPECT_EQ(ShownWindow::selected, 1);
+    EXPECT_EQ(shell.database.currentModel, 2);
+    EXPECT_EQ(FakeView::selected, 1);
 }
 
 TEST_F(CreateModel, ModelBeforeStaysCurrentWhenNothingIsRun) {
     MakeOpen(L"ship.ve2", {kSection, kSection});
-    shell.currentModel = 2;
+    shell.database.currentModel = 2;
     for (const CreateCase& create : kCreates) {
         ExpectNoRun(create.command, "'" + Narrow(programs + create.program) + "' cannot be");
-        EXPECT_EQ(shell.currentModel, 2);
+        EXPECT_EQ(shell.database.currentModel, 2);
         EXPECT_FALSE(shell.suppressListEvents);
     }
-    shell.bsd = BasicShipData();
+    shell.database.bsd = BasicShipData();
     ExpectNoRun(ME_SectionNew_Click, "Please input valid BSD first");
-    EXPECT_EQ(shell.currentModel, 2);
+    EXPECT_EQ(shell.database.currentModel, 2);
     KillFile(File(L"ship.ve2"));
     ExpectNoRun(ME_SectionNew_Click, "ship.ve2' cannot be opened");
-    EXPECT_EQ(shell.currentModel, 2);
+    EXPECT_EQ(shell.database.currentModel, 2);
 }
 
 // ---- What a program can leave behind -----------------------------------------------------------
@@ -420,29 +422,29 @@ TEST_F(DamagingProgram, ThatCannotBeStartedIsReported) {
     EXPECT_TRUE(OnlyWarning("The program '" + Narrow(programs) +
                             "SectInput.exe' could not be started:\r" +
                             Narrow(system::ErrorText(system::kErrorFileNotFound))));
-    EXPECT_EQ(ShownWindow::rowCount, 1);
-    EXPECT_EQ(RecordingScreen::caption, L"");
+    EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 1);
+    EXPECT_EQ(RecordedReports::caption, L"");
 }
 
 TEST_F(DamagingProgram, ThatCrashesIsReportedAndTheListIsRight) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"SectInput.exe");
     const FakeProgram program(
-        [] { test::Append(shell.settings.DatabasePath, test::ModelText(2, kSection)); });
+        [] { test::Append(shell.database.path, test::ModelText(2, kSection)); });
     FakeProgram::result = kProgramCrashed;
     ME_SectionInput_Click();
     EXPECT_TRUE(OnlyWarning("The program SectInput.exe stopped because of an error."));
-    EXPECT_EQ(ShownWindow::rowCount, 2);
+    EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 2);
 }
 
 TEST_F(DamagingProgram, ThatDeletesTheDatabaseIsReported) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"SectInput.exe");
-    const FakeProgram program([] { KillFile(shell.settings.DatabasePath); });
+    const FakeProgram program([] { KillFile(shell.database.path); });
     ME_SectionInput_Click();
     EXPECT_TRUE(OnlyWarning("The database '" + Narrow(File(L"ship.ve2")) + "' has been missing"));
-    EXPECT_EQ(ShownWindow::rowCount, 0);
-    EXPECT_TRUE(ShownWindow::previewCleared);
+    EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 0);
+    EXPECT_TRUE(RecordedReports::Happened("clear preview"));
     // The shell goes on: what follows is reported, and nothing runs.
     ExpectNoRun(ME_SectionInput_Click, "ship.ve2' cannot be opened");
     ExpectNoRun(ME_SectionNew_Click, "ship.ve2' cannot be opened");
@@ -451,34 +453,33 @@ TEST_F(DamagingProgram, ThatDeletesTheDatabaseIsReported) {
 TEST_F(DamagingProgram, ThatOverwritesTheDatabaseIsReported) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"SectRule.exe");
-    const FakeProgram program(
-        [] { test::WriteFileBytes(shell.settings.DatabasePath, "no database"); });
+    const FakeProgram program([] { test::WriteFileBytes(shell.database.path, "no database"); });
     ME_SectionVelkRule_Click();
     EXPECT_TRUE(OnlyWarning("The file '" + Narrow(File(L"ship.ve2")) +
                             "' is no longer a Corvane database since SectRule.exe ran."));
-    EXPECT_EQ(ShownWindow::rowCount, 0);
+    EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 0);
 }
 
 TEST_F(DamagingProgram, ThatEmptiesTheDatabaseInCreateIsReported) {
     MakeOpen(L"ship.ve2", {kSection, kSection});
     Install(L"SectInput.exe");
-    shell.currentModel = 2;
-    const FakeProgram program([] { test::WriteFileBytes(shell.settings.DatabasePath, ""); });
+    shell.database.currentModel = 2;
+    const FakeProgram program([] { test::WriteFileBytes(shell.database.path, ""); });
     ME_SectionNew_Click();
     EXPECT_TRUE(OnlyWarning("' is no longer a Corvane database"));
-    EXPECT_EQ(shell.currentModel, 2);
-    EXPECT_EQ(ShownWindow::selected, -1);
+    EXPECT_EQ(shell.database.currentModel, 2);
+    EXPECT_EQ(FakeView::selected, -1);
 }
 
 TEST_F(DamagingProgram, ThatLeavesTheDatabaseReadOnlyIsReported) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"SectInput.exe");
-    const FakeProgram program([] { (void)system::SetReadOnly(shell.settings.DatabasePath, true); });
+    const FakeProgram program([] { (void)system::SetReadOnly(shell.database.path, true); });
     ME_SectionInput_Click();
     EXPECT_TRUE(OnlyWarning("ship.ve2' is read-only"));
-    EXPECT_EQ(ShownWindow::rowCount, 1);
+    EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 1);
     // It was so before the next run: nothing new is to be told.
-    RecordingScreen::events.clear();
+    RecordedReports::events.clear();
     ME_SectionInput_Click();
     EXPECT_TRUE(Warnings().empty());
 }
@@ -487,12 +488,12 @@ TEST_F(DamagingProgram, ThatCutsTheDatabaseOffLeavesWhatCanBeRead) {
     MakeOpen(L"ship.ve2", {kSection, kSection, kSection});
     Install(L"SectInput.exe");
     const FakeProgram program([] {
-        const std::string bytes = test::ReadFileBytes(shell.settings.DatabasePath);
-        test::WriteFileBytes(shell.settings.DatabasePath, bytes.substr(0, bytes.size() * 4 / 5));
+        const std::string bytes = test::ReadFileBytes(shell.database.path);
+        test::WriteFileBytes(shell.database.path, bytes.substr(0, bytes.size() * 4 / 5));
     });
     ME_SectionInput_Click();
-    EXPECT_GE(ShownWindow::rowCount, 1);
-    EXPECT_LT(ShownWindow::rowCount, 4);
+    EXPECT_GE(static_cast<int>(FakeView::rows.size()), 1);
+    EXPECT_LT(static_cast<int>(FakeView::rows.size()), 4);
     EXPECT_TRUE(Warnings().empty());
 }
 
@@ -501,7 +502,7 @@ TEST_F(DamagingProgram, PathThatTheProgramsCannotBeToldIsReported) {
     ASSERT_EQ(system::CopyBytes(Make(L"ship.ve2", {kSection}), path, false), system::kErrorNone);
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"SectInput.exe");
-    shell.settings.DatabasePath = path;
+    shell.database.path = path;
     ExpectNoRun(ME_SectionInput_Click, "The program SectInput.exe cannot be run on");
 }
 
@@ -512,7 +513,7 @@ TEST_F(DamagingProgram, FailureToStartIsTheDebugReportToo) {
     const FakeProgram program;
     FakeProgram::result = 0;
     ME_SectionInput_Click();
-    const auto plain = RecordingScreen::Of("plain");
+    const auto plain = RecordedReports::Of("plain");
     ASSERT_EQ(plain.size(), 1U);
     EXPECT_EQ(plain[0].find("ExShell (" + Narrow(FakeProgram::commandLines.at(0)) + ") "), 0U);
 }

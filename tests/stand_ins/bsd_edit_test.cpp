@@ -14,7 +14,7 @@ namespace corvane::siblings {
 namespace {
 
 using test::Narrow;
-using test::RecordingScreen;
+using test::RecordedReports;
 
 struct BsdEditTest : StandInTest {
     void Open(const std::wstring& line) {
@@ -26,7 +26,7 @@ struct BsdEditTest : StandInTest {
         return bsd;
     }
     void ExpectRefusal(const wchar_t* label, const wchar_t* value, const char* report) {
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         const std::string before = Bytes();
         const std::wstring old = FieldOf(label).value;
         Enter(label, value);

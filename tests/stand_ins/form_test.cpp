@@ -16,7 +16,7 @@ namespace {
 
 using test::Narrow;
 using test::ReadFileBytes;
-using test::RecordingScreen;
+using test::RecordedReports;
 using test::WriteFileBytes;
 
 bool FillNothing(Form&) {
@@ -88,7 +88,7 @@ TEST_F(FormTest, MissingDatabaseIsReported) {
     EXPECT_TRUE(Warning().starts_with("The database '")) << Warning();
     EXPECT_NE(Warning().find("was not found:\r"), std::string::npos) << Warning();
     // A folder is not a database either.
-    RecordingScreen::events.clear();
+    RecordedReports::events.clear();
     EXPECT_FALSE(OpenForm(kEditor, L"\"" + folder.path + L"\"", form));
     EXPECT_NE(Warning().find("was not found:\r"), std::string::npos) << Warning();
 }
@@ -96,7 +96,7 @@ TEST_F(FormTest, MissingDatabaseIsReported) {
 TEST_F(FormTest, ForeignFileIsReported) {
     for (const std::string& bytes :
          {std::string("no database\r\n"), std::string(), std::string(5000, '\0')}) {
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         WriteFileBytes(path, bytes);
         EXPECT_FALSE(OpenForm(kEditor, Line(), form));
         EXPECT_NE(Warning().find("' is not a Corvane database."), std::string::npos) << Warning();
@@ -108,7 +108,7 @@ TEST_F(FormTest, ReadOnlyDatabaseIsRefusedByAnEditorOnly) {
     EXPECT_FALSE(OpenForm(kEditor, Line(L" 5"), form));
     EXPECT_NE(Warning().find("' is read-only and cannot be changed."), std::string::npos)
         << Warning();
-    RecordingScreen::events.clear();
+    RecordedReports::events.clear();
     EXPECT_TRUE(OpenForm(kSectionRule, Line(L" 5"), form));
 }
 
@@ -136,7 +136,7 @@ TEST_F(FormTest, NumberOutsideOfItsRangeIsReported) {
     }
     for (const wchar_t* bad : {L"", L" ", L"2.999", L"40.01", L"12,5", L"1 2", L"x", L"20 m",
                                L"1E999", L"-20", L"nan", L"inf"}) {
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         depth.value = bad;
         EXPECT_EQ(CheckOne(depth), 0) << Narrow(bad);
         EXPECT_TRUE(
@@ -158,7 +158,7 @@ TEST_F(FormTest, NameThatTheFileCannotHoldIsReported) {
     EXPECT_EQ(CheckOne(NameField(L"Côte d'Émeraude")), -1);
     for (const wchar_t* bad : {L"", L"   ", L"* star", L"------ head", L"  ------", L"Ελλάς",
                                L"====== CORVANE MODEL ======"}) {
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         EXPECT_EQ(CheckOne(NameField(bad)), 0) << Narrow(bad);
         EXPECT_TRUE(Warning().starts_with("Name: ")) << Warning();
     }
@@ -169,7 +169,7 @@ TEST_F(FormTest, FirstWrongFieldIsReturned) {
     Field bad = good;
     bad.value = L"?";
     EXPECT_EQ(CheckFields({good, bad, bad}), 1);
-    EXPECT_EQ(RecordingScreen::Of("warning").size(), 1U);
+    EXPECT_EQ(RecordedReports::Of("warning").size(), 1U);
 }
 
 // ---- Saving ------------------------------------------------------------------------------------

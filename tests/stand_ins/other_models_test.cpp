@@ -8,12 +8,13 @@
 #include "stand_ins/stand_ins.h"
 #include "stand_ins/torsion.h"
 #include "tests/stand_ins/stand_in_fixture.h"
+#include "tests/support/recorded_reports.h"
 
 namespace corvane::siblings {
 namespace {
 
 using test::Narrow;
-using test::RecordingScreen;
+using test::RecordedReports;
 
 constexpr int kSampleCount = 14;
 
@@ -186,7 +187,7 @@ TEST_F(OtherModelsTest, DatabaseWithoutANumberLeftIsReported) {
     test::WriteFileBytes(path, bytes);
     for (const StandIn* standIn : {&kSectionInput, &kBulkheadInput, &kTorsionModel}) {
         Open(*standIn, L"");
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         EXPECT_EQ(Save(*standIn), "");
         EXPECT_TRUE(Warning().starts_with("A model in '")) << Warning();
         EXPECT_EQ(Bytes(), bytes);

@@ -6,16 +6,17 @@
 
 #include "platform/system.h"
 #include "stand_ins/request.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane::siblings {
 namespace {
 
 using test::Narrow;
-using test::RecordingScreen;
+using test::RecordedReports;
 
 struct RequestTest : testing::Test {
-    RecordingScreen screen;
+    RecordedReports screen;
     Request request;
 };
 
@@ -39,7 +40,7 @@ TEST_F(RequestTest, EveryLineThatTheShellBuildsIsRead) {
         EXPECT_EQ(Narrow(request.databasePath), Narrow(system::AbsolutePath(good.path)));
         EXPECT_EQ(request.model, good.model);
     }
-    EXPECT_TRUE(RecordingScreen::Of("warning").empty());
+    EXPECT_TRUE(RecordedReports::Of("warning").empty());
 }
 
 TEST_F(RequestTest, SwitchesStandAnywhereAndInEitherCase) {
@@ -82,9 +83,9 @@ TEST_F(RequestTest, GarbageIsReportedWithTheRightForm) {
              {L"\"C:\\a.ve2\" 99999999999", "'99999999999' is not the number of a model."},
              {L"\"C:\\a.ve2\" \"\"", "'' is not the number of a model."},
          }) {
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         EXPECT_FALSE(ReadRequest(bad.line, request)) << Narrow(bad.line);
-        const std::vector<std::string> shown = RecordingScreen::Of("warning");
+        const std::vector<std::string> shown = RecordedReports::Of("warning");
         ASSERT_EQ(shown.size(), 1U) << Narrow(bad.line);
         EXPECT_TRUE(shown[0].starts_with(bad.report)) << shown[0];
         EXPECT_NE(shown[0].find("[/d] [/mil] [/JBP] \"database\" [model number]"),

@@ -15,7 +15,7 @@ namespace corvane::siblings {
 namespace {
 
 using test::Narrow;
-using test::RecordingScreen;
+using test::RecordedReports;
 
 constexpr int kSampleCount = 14;
 
@@ -159,7 +159,7 @@ TEST_F(SectionInputTest, DimensionsOutOfRangeAreReportedAndNothingIsWritten) {
               "Stiffener spacing: '0,8' is not a number from 0.4 to 1.2 m."},
          }) {
         Open(L"");
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         Enter(refusal.label, refusal.value);
         EXPECT_EQ(Save(), "");
         EXPECT_TRUE(Warning().starts_with(refusal.report)) << Warning();
@@ -180,7 +180,7 @@ TEST_F(SectionInputTest, SectionThatWasRemovedMeanwhileIsReported) {
     Open(L" 5");
     BasicShipData bsd = NewBasicShipData(L"NEW");
     ASSERT_TRUE(CreateDatabaseFile(path, bsd));
-    RecordingScreen::events.clear();
+    RecordedReports::events.clear();
     EXPECT_EQ(Save(), "");
     EXPECT_TRUE(Warning().starts_with("Another program has changed")) << Warning();
 }

@@ -9,12 +9,13 @@
 
 #include "platform/system.h"
 #include "stand_ins/form.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane::siblings {
 
 struct StandInTest : testing::Test {
-    test::RecordingScreen screen;
+    test::RecordedReports screen;
     test::TemporaryFolder folder;
     std::wstring path = system::AbsolutePath(folder.File(L"my ship.ve2"));
     Form form;
@@ -44,7 +45,7 @@ struct StandInTest : testing::Test {
     }
     // The one warning that was shown.
     static std::string Warning() {
-        const std::vector<std::string> shown = test::RecordingScreen::Of("warning");
+        const std::vector<std::string> shown = test::RecordedReports::Of("warning");
         return shown.size() == 1 ? shown[0] : "(" + std::to_string(shown.size()) + " warnings)";
     }
     // The field with this label, "&" left out.

@@ -8,9 +8,10 @@
 #include <fstream>
 #include <sstream>
 
+#include "files/paths.h"
 #include "platform/grvelk.h"
 #include "platform/system.h"
-#include "shell/state.h"
+#include "report/reporters.h"
 #include "tests/support/damage.h"
 
 namespace corvane::test {
@@ -24,12 +25,6 @@ constexpr char kFolderVariable[] = "CORVANE_WINDOWS_DIRECTORY";
 // Names the folder of temporary files there.
 constexpr char kTemporaryVariable[] = "TMPDIR";
 #endif
-
-ShellState* savedState = nullptr;
-
-void Record(std::string event) {
-    RecordingScreen::events.push_back(std::move(event));
-}
 
 }  // namespace
 
@@ -201,85 +196,6 @@ std::string Narrow(std::wstring_view text) {
         }
     }
     return utf8;
-}
-
-std::vector<std::string> RecordingScreen::events;
-std::wstring RecordingScreen::caption;
-std::wstring RecordingScreen::tag;
-bool RecordingScreen::answerYes = false;
-std::wstring RecordingScreen::answerText;
-
-RecordingScreen::RecordingScreen() {
-    EXPECT_EQ(savedState, nullptr);
-    savedState = new ShellState(shell);
-    shell = ShellState();
-    events.clear();
-    caption.clear();
-    tag = L"-1";
-    answerYes = false;
-    answerText.clear();
-
-    Screen& screen = shell.screen;
-    screen.statusCaption = [] { return caption; };
-    screen.setStatusCaption = [](const std::wstring& text) {
-        caption = text;
-        Record("caption " + Narrow(text));
-    };
-    screen.setStatusColour = [](StatusColour colour) {
-        Record(colour == StatusColour::kRed ? "colour red" : "colour text");
-    };
-    screen.statusTag = [] { return tag; };
-    screen.setStatusTag = [](const std::wstring& text) { tag = text; };
-    screen.showWarningBox = [](const std::wstring& text) { Record("warning " + Narrow(text)); };
-    screen.showPlainBox = [](const std::wstring& text) { Record("plain " + Narrow(text)); };
-    screen.askYesNo = [](const std::wstring& text) {
-        Record("ask " + Narrow(text));
-        return answerYes;
-    };
-    screen.askIrreversible = [](const std::wstring& text) {
-        Record("ask irreversible " + Narrow(text));
-        return answerYes;
-    };
-    screen.askOkCancel = [](const std::wstring& text) {
-        Record("ask ok " + Narrow(text));
-        return answerYes;
-    };
-    screen.askText = [](const std::wstring& text, std::wstring& answer) {
-        Record("ask text " + Narrow(text) + " [" + Narrow(answer) + "]");
-        if (answerYes) answer = answerText;
-        return answerYes;
-    };
-    screen.showAbout = [](const std::wstring& text) { Record("about " + Narrow(text)); };
-    screen.setBusyPointer = [] { Record("pointer busy"); };
-    screen.resetPointer = [] { Record("pointer reset"); };
-    screen.processPendingMessages = [] { Record("pending"); };
-    screen.loadMainWindow = [] { Record("main load"); };
-    screen.showMainWindow = [] { Record("main show"); };
-    screen.setMainCaption = [](const std::wstring& text) { Record("title " + Narrow(text)); };
-    screen.refreshMainWindow = [] { Record("main refresh"); };
-    screen.showSplash = [](const std::wstring& text) { Record("splash show " + Narrow(text)); };
-    screen.unloadSplash = [] { Record("splash unload"); };
-    screen.activateRunningInstance = [](const std::wstring& text) {
-        Record("activate " + Narrow(text));
-    };
-    screen.openLegacyDatabase = [](const std::wstring& path) { Record("legacy " + Narrow(path)); };
-}
-
-RecordingScreen::~RecordingScreen() {
-    shell = *savedState;
-    delete savedState;
-    savedState = nullptr;
-}
-
-std::vector<std::string> RecordingScreen::Of(std::string_view word) {
-    std::vector<std::string> found;
-    for (const std::string& event : events) {
-        if (event.compare(0, word.size(), word) == 0 && event.size() > word.size() &&
-            event[word.size()] == ' ') {
-            found.push_back(event.substr(word.size() + 1));
-        }
-    }
-    return found;
 }
 
 }  // namespace corvane::test

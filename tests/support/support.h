@@ -1,4 +1,4 @@
-// What several unit tests share: folders of their own, whole files, and a screen that records.
+// What several unit tests share: folders of their own, whole files, and fakes of the libraries.
 #pragma once
 
 #include <cstdint>
@@ -97,24 +97,6 @@ struct FakeCatalogue {
 
     static std::map<int32_t, std::string> texts;
     static std::vector<int32_t> asked;
-};
-
-// Replaces the process's state by a fresh one whose screen writes what happens into `events`, such
-// as "caption text", "colour red", "warning text", "pointer reset", "pending", and puts the old
-// state back at the end.
-struct RecordingScreen {
-    RecordingScreen();
-    ~RecordingScreen();
-    RecordingScreen(const RecordingScreen&) = delete;
-    RecordingScreen& operator=(const RecordingScreen&) = delete;
-
-    static std::vector<std::string> events;
-    static std::wstring caption;
-    static std::wstring tag;
-    static bool answerYes;
-    static std::wstring answerText;  // given to askText
-    // All events that begin with `word`, without it and the blank behind it.
-    static std::vector<std::string> Of(std::string_view word);
 };
 
 // Text as UTF-8, for messages of tests.

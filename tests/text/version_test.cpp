@@ -2,13 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/state.h"
 #include "tests/support/support.h"
 
 namespace corvane {
 namespace {
-
-using test::RecordingScreen;
 
 TEST(VersionText, ZeroIsUnknown) {
     EXPECT_EQ(VersionText(0.0F), L"Unknown ver.");
@@ -27,53 +24,45 @@ TEST(VersionText, OneToFourDigitsBehindThePoint) {
 }
 
 TEST(VersionText, EachHundredOfRevisionsHasItsLetter) {
-    const RecordingScreen screen;
     const std::wstring letters = L"abcdefghilmno";
     for (int hundred = 1; hundred <= 13; ++hundred) {
         const std::wstring expected = std::wstring(L"3.2") + letters[hundred - 1];
-        EXPECT_EQ(VersionText({3, 2, hundred * 100}), expected) << hundred;
-        EXPECT_EQ(VersionText({3, 2, hundred * 100 + 99}), expected) << hundred;
+        EXPECT_EQ(VersionText({3, 2, hundred * 100}, false), expected) << hundred;
+        EXPECT_EQ(VersionText({3, 2, hundred * 100 + 99}, false), expected) << hundred;
     }
 }
 
 TEST(VersionText, LettersJAndKAreSkipped) {
-    const RecordingScreen screen;
-    EXPECT_EQ(VersionText({3, 2, 999}), L"3.2i");
-    EXPECT_EQ(VersionText({3, 2, 1000}), L"3.2l");
+    EXPECT_EQ(VersionText({3, 2, 999}, false), L"3.2i");
+    EXPECT_EQ(VersionText({3, 2, 1000}, false), L"3.2l");
 }
 
 TEST(VersionText, RevisionsOfNoHundredGiveNoLetter) {
-    const RecordingScreen screen;
     for (const int revision : {0, 1, 99, 1400, 1450, 1999, 2100, 3000, 32767, -1, -100, -150}) {
-        EXPECT_EQ(VersionText({3, 2, revision}), L"3.2") << revision;
+        EXPECT_EQ(VersionText({3, 2, revision}, false), L"3.2") << revision;
     }
 }
 
 TEST(VersionText, TestVersionsShowTheirNumber) {
-    const RecordingScreen screen;
-    EXPECT_EQ(VersionText({3, 2, 2004}), L"3.2 t4");
-    EXPECT_EQ(VersionText({3, 2, 2000}), L"3.2 t0");
-    EXPECT_EQ(VersionText({3, 2, 2099}), L"3.2 t99");
+    EXPECT_EQ(VersionText({3, 2, 2004}, false), L"3.2 t4");
+    EXPECT_EQ(VersionText({3, 2, 2000}, false), L"3.2 t0");
+    EXPECT_EQ(VersionText({3, 2, 2099}, false), L"3.2 t99");
 }
 
 TEST(VersionText, DebugModeShowsTheRevision) {
-    const RecordingScreen screen;
-    EXPECT_EQ(VersionText({3, 2, 215}), L"3.2b");
-    shell.debugMode = true;
-    EXPECT_EQ(VersionText({3, 2, 215}), L"3.2b (r215)");
-    EXPECT_EQ(VersionText({3, 2, 2004}), L"3.2 t4 (r2004)");
-    EXPECT_EQ(VersionText({3, 2, 0}), L"3.2 (r0)");
+    EXPECT_EQ(VersionText({3, 2, 215}, false), L"3.2b");
+    EXPECT_EQ(VersionText({3, 2, 215}, true), L"3.2b (r215)");
+    EXPECT_EQ(VersionText({3, 2, 2004}, true), L"3.2 t4 (r2004)");
+    EXPECT_EQ(VersionText({3, 2, 0}, true), L"3.2 (r0)");
 }
 
 TEST(VersionText, BeforeVersionOneTheRevisionShows) {
-    const RecordingScreen screen;
-    EXPECT_EQ(VersionText({0, 9, 1450}), L"0.9 (r1450)");
-    EXPECT_EQ(VersionText({0, 9, 120}), L"0.9a (r120)");
+    EXPECT_EQ(VersionText({0, 9, 1450}, false), L"0.9 (r1450)");
+    EXPECT_EQ(VersionText({0, 9, 120}, false), L"0.9a (r120)");
 }
 
 TEST(VersionText, TheProgramsOwnIsOnePointZero) {
-    const RecordingScreen screen;
-    EXPECT_EQ(VersionText(), L"1.0");
+    EXPECT_EQ(VersionText(kProgramVersion, false), L"1.0");
 }
 
 TEST(IsExperimental, FromRevision2000On) {

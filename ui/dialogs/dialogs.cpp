@@ -5,7 +5,7 @@
 
 #include "ui/base/control_ids.h"
 #include "ui/base/dpi.h"
-#include "ui/main_window/windows_screen.h"
+#include "ui/base/own_window.h"
 
 namespace corvane {
 namespace {
@@ -187,11 +187,6 @@ bool RunDialog(const DialogKind& kind, const std::wstring& caption, void* conten
         DialogOwner(), DialogProcedure, reinterpret_cast<LPARAM>(&dialog));
     if (dialog.font != nullptr) DeleteObject(dialog.font);
     return answer == IDOK;
-}
-
-HWND DialogOwner() {
-    const HWND main = OwnWindow(kMainWindowClass);
-    return main != nullptr && IsWindowVisible(main) ? GetLastActivePopup(main) : nullptr;
 }
 
 HWND AddControl(HWND window, const DialogControl& control) {

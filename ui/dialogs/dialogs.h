@@ -41,10 +41,6 @@ struct DialogKind {
 // closed it: true with OK.
 bool RunDialog(const DialogKind& kind, const std::wstring& caption, void* contents);
 
-// What a box belongs to: the dialog that is open over the main window, else the main window, when
-// it can be seen; else null, and the box belongs to nobody.
-HWND DialogOwner();
-
 struct DialogControl {
     int id;
     const wchar_t* windowClass;

@@ -45,11 +45,11 @@ std::vector<ExchangeItem> SelectedItems(HWND list, const std::vector<ExchangeIte
 }
 
 void AskForSection() {
-    shell.screen.showPlainBox(L"Please select a section");
+    reportView.showPlainBox(L"Please select a section");
 }
 
 void AskForChosenFile() {
-    shell.screen.showPlainBox(GetMessage(kMsgNoFileSelected));
+    reportView.showPlainBox(GetMessage(kMsgNoFileSelected));
 }
 
 }  // namespace corvane

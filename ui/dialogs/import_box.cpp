@@ -1,7 +1,6 @@
 #include "ui/dialogs/import_box.h"
 
-#include "files/running.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "shell/commands/commands.h"
 #include "shell/file_prompt.h"
 #include "shell/state.h"

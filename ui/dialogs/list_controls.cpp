@@ -15,7 +15,7 @@ void SelectAllInList(HWND list, bool value) {
     } else {
         SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(-1), 0);
     }
-    shell.screen.processPendingMessages();
+    reportView.processPendingMessages();
 }
 
 void AddListItemWithData(HWND list, const std::wstring& text, int32_t data) {

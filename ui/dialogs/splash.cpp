@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <memory>
 
+#include "shell/state.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/dpi.h"
+#include "ui/base/own_window.h"
 #include "ui/dialogs/product_panel.h"
-#include "ui/main_window/windows_screen.h"
 
 namespace corvane {
 namespace {
@@ -82,7 +83,7 @@ void ShowSplash(const std::wstring& title, const ProgramVersion& version) {
                         WS_POPUP | WS_BORDER, 0, 0, 0, 0, nullptr, nullptr,
                         GetModuleHandleW(nullptr), std::make_unique<ProductPanel>().release());
     if (window == nullptr) return;
-    AddPanel(window, {title, L"Version " + VersionText(version), version});
+    AddPanel(window, {title, L"Version " + VersionText(version, shell.debugMode), version});
     ShowWindow(window, SW_SHOWNOACTIVATE);
     UpdateWindow(window);
 }

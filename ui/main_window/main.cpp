@@ -2,10 +2,10 @@
 #include "platform/system.h"
 #include "shell/start_up.h"
 #include "shell/state.h"
-#include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
+#include "ui/base/own_window.h"
 #include "ui/main_window/menus.h"
-#include "ui/main_window/windows_screen.h"
+#include "ui/main_window/windows_view.h"
 
 namespace corvane {
 namespace {
@@ -13,7 +13,7 @@ namespace {
 int HandleMessages() {
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-        const HWND window = OwnWindow(kMainWindowClass);
+        const HWND window = MainHandle();
         if (window != nullptr && !OpensTopMenu(window, message) &&
             IsDialogMessageW(window, &message)) {
             continue;
@@ -27,7 +27,7 @@ int HandleMessages() {
 int Run() {
     INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_LISTVIEW_CLASSES | ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&controls);
-    shell.screen = WindowsScreen();
+    UseView(WindowsView());
     try {
         if (!Main(system::RawCommandLine())) return 0;
         return HandleMessages();

@@ -3,16 +3,18 @@
 #include <algorithm>
 #include <memory>
 
-#include "report/messages.h"
+#include "report/reporters.h"
+#include "shell/commands/commands.h"
+#include "shell/rule_set.h"
 #include "shell/start_up.h"
 #include "shell/state.h"
 #include "ui/base/dpi.h"
+#include "ui/base/own_window.h"
 #include "ui/main_window/main_window_controls.h"
 #include "ui/main_window/menus.h"
 #include "ui/main_window/model_list_view.h"
 #include "ui/main_window/splitter.h"
 #include "ui/main_window/tool_tips.h"
-#include "ui/main_window/windows_screen.h"
 
 namespace corvane {
 namespace {
@@ -20,10 +22,6 @@ namespace {
 // Posted to the window itself after a row lost its selection: by then it is known whether another
 // row got it.
 constexpr UINT kSelectionLost = WM_APP;
-
-int SelectedRow(HWND window) {
-    return SelectedModelRow(GetDlgItem(window, LI_Sections));
-}
 
 // The first size, held to the screen that the window is on.
 void TakeFirstSize(HWND window, UINT dpi) {
@@ -68,27 +66,14 @@ void OnNcDestroy(HWND window) {
     if (state != nullptr) DeleteObject(state->layout.font);
 }
 
-void RunCommand(HWND window, uint16_t id) {
-    const Command* command = FindCommand(id);
-    if (command == nullptr || command->run == nullptr) return;
-    if (StateOfMainWindow(window)->locked) return;
-    if (IsEnabled(*command, SelectedRow(window) >= 0)) command->run();
-}
-
-// The selected row is shown anew, with the preview or without.
-void OnPreviewClick(HWND window) {
-    const int row = SelectedRow(window);
-    if (row >= 0) SelectModel(StateOfMainWindow(window)->rows.at(static_cast<size_t>(row)));
-}
-
 // The enter key reaches the window where no button takes it.
 void OnEnter(HWND window) {
-    if (GetFocus() == GetDlgItem(window, LI_Sections)) RunCommand(window, ME_SectionInput);
+    if (GetFocus() == GetDlgItem(window, LI_Sections)) RunCommand(FindCommand(ListKey::kEnter)->id);
 }
 
 void OnCommand(HWND window, uint16_t id, uint16_t notification) {
     if (id == IDOK) return OnEnter(window);
-    if (id == OP_Preview) return OnPreviewClick(window);
+    if (id == OP_Preview) return ShowSelectedRowAgain();
     if (id >= OP_Rule && id < OP_Rule + kRuleSetCount) {
         // Options tell of a click when they get the focus, too.
         const auto ruleSet = static_cast<RuleSet>(id - OP_Rule);
@@ -96,7 +81,7 @@ void OnCommand(HWND window, uint16_t id, uint16_t notification) {
         return;
     }
     const auto button = std::ranges::find(kCommandButtons, id, &CommandButton::control);
-    RunCommand(window, button == std::end(kCommandButtons) ? id : button->command);
+    RunCommand(button == std::end(kCommandButtons) ? id : button->command);
 }
 
 void OnListChanged(HWND window, const NMLISTVIEW& change) {
@@ -104,13 +89,13 @@ void OnListChanged(HWND window, const NMLISTVIEW& change) {
     if (state.filling || (change.uChanged & LVIF_STATE) == 0) return;
     const bool was = (change.uOldState & LVIS_SELECTED) != 0;
     const bool is = (change.uNewState & LVIS_SELECTED) != 0;
-    if (!was && is) SelectModel(state.rows.at(static_cast<size_t>(change.iItem)));
+    if (!was && is) SelectRow(change.iItem);
     if (was && !is) PostMessageW(window, kSelectionLost, 0, 0);
 }
 
 // The command runs when the list is through with the message.
-void PostCommand(HWND window, uint16_t id) {
-    PostMessageW(window, WM_COMMAND, id, 0);
+void PostCommand(HWND window, ListKey key) {
+    PostMessageW(window, WM_COMMAND, FindCommand(key)->id, 0);
 }
 
 void OnListNotify(HWND window, LPARAM lParam) {
@@ -119,10 +104,10 @@ void OnListNotify(HWND window, LPARAM lParam) {
             return OnListChanged(window, *reinterpret_cast<const NMLISTVIEW*>(lParam));
         case LVN_KEYDOWN:
             if (reinterpret_cast<const NMLVKEYDOWN*>(lParam)->wVKey != VK_DELETE) return;
-            return PostCommand(window, ME_SectionRemove);
+            return PostCommand(window, ListKey::kDelete);
         case NM_DBLCLK:
             if (reinterpret_cast<const NMITEMACTIVATE*>(lParam)->iItem < 0) return;
-            return PostCommand(window, ME_SectionInput);
+            return PostCommand(window, ListKey::kEnter);
         default:
             return;
     }
@@ -180,7 +165,7 @@ void OnDpiChanged(HWND window, UINT dpi, const RECT& area) {
 LRESULT HandleLife(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_CLOSE:
-            if (!IsChildRunning() && !StateOfMainWindow(window)->locked) DestroyWindow(window);
+            if (!shell.childRunning && !StateOfMainWindow(window)->locked) DestroyWindow(window);
             return 0;
         case WM_ENDSESSION:
             if (wParam != FALSE) ShutDownOnce(window);
@@ -244,7 +229,7 @@ LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
             OnSplitterMoved(window, static_cast<int>(wParam));
             return 0;
         case kSelectionLost:
-            if (SelectedRow(window) < 0) DeselectModel();
+            if (!IsRowSelected()) DeselectModel();
             return 0;
         default:
             return HandleLife(window, message, wParam, lParam);
@@ -254,6 +239,7 @@ LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
 
 LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCCREATE) {
+        shell.mainWindow = window;
         const auto& creation = *reinterpret_cast<const CREATESTRUCTW*>(lParam);
         SetWindowLongPtrW(window, GWLP_USERDATA,
                           reinterpret_cast<LONG_PTR>(creation.lpCreateParams));
@@ -275,10 +261,6 @@ MainWindowState* StateOfMainWindow(HWND window) {
     return reinterpret_cast<MainWindowState*>(GetWindowLongPtrW(window, GWLP_USERDATA));
 }
 
-HWND MainHandle() {
-    return OwnWindow(kMainWindowClass);
-}
-
 MainWindowState* MainState() {
     const HWND window = MainHandle();
     return window == nullptr ? nullptr : StateOfMainWindow(window);
@@ -298,12 +280,10 @@ void LoadMainWindow() {
     windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
     windowClass.lpszClassName = kMainWindowClass;
     RegisterClassExW(&windowClass);
-    const HWND window =
-        CreateWindowExW(WS_EX_CONTROLPARENT, kMainWindowClass, shell.title.c_str(),
-                        WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT,
-                        CW_USEDEFAULT, CW_USEDEFAULT, nullptr, CreateMenuBar(),
-                        windowClass.hInstance, std::make_unique<MainWindowState>().release());
-    if (window != nullptr) shell.mainWindow = &MainWindowProcedures();
+    CreateWindowExW(WS_EX_CONTROLPARENT, kMainWindowClass, shell.title.c_str(),
+                    WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT,
+                    CW_USEDEFAULT, CW_USEDEFAULT, nullptr, CreateMenuBar(), windowClass.hInstance,
+                    std::make_unique<MainWindowState>().release());
 }
 
 }  // namespace corvane

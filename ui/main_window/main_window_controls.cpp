@@ -1,5 +1,7 @@
 #include "ui/main_window/main_window_controls.h"
 
+#include "shell/preview_pane.h"
+#include "shell/rule_set.h"
 #include "ui/base/dpi.h"
 #include "ui/main_window/menus.h"
 #include "ui/main_window/model_list_view.h"
@@ -97,11 +99,10 @@ void ReleaseMainControls(HWND window) {
 void UpdateEnabling(HWND window) {
     const bool locked = StateOfMainWindow(window)->locked;
     const HWND list = GetDlgItem(window, LI_Sections);
-    const bool rowSelected = SelectedModelRow(list) >= 0;
-    UpdateMenus(window, rowSelected, locked);
+    UpdateMenus(window, locked);
     EnableWindow(list, !locked && IsDatabaseOpen());
     for (const CommandButton& button : kCommandButtons) {
-        const bool enabled = IsEnabled(*FindCommand(button.command), rowSelected);
+        const bool enabled = IsEnabled(*FindCommand(button.command));
         EnableWindow(GetDlgItem(window, button.control), !locked && enabled);
     }
     const HWND focus = GetFocus();

@@ -1,6 +1,8 @@
 // The main window's controls: made, given a resolution's font and pictures, enabled.
 #pragma once
 
+#include "shell/commands/commands.h"
+#include "ui/base/control_ids.h"
 #include "ui/main_window/main_window_state.h"
 
 namespace corvane {

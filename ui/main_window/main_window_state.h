@@ -2,10 +2,9 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
-#include "shell/screen.h"
-#include "shell/window_contents.h"
+#include "database/model_kind.h"
+#include "report/reporters.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
 #include "ui/main_window/main_window_layout.h"
@@ -18,7 +17,6 @@ struct MainWindowState {
     HWND toolTips = nullptr;
     std::wstring toolTipText;  // what the tool tip shows
     HWND focus = nullptr;      // the control that gets the focus with the window's activation
-    std::vector<ModelRow> rows;
     ModelKind kind = ModelKind::kSection;  // that the buttons are shown for
     bool filling = false;                  // the program, not the user, changes the list
     bool busy = false;                     // the pointer is the hourglass
@@ -31,12 +29,8 @@ struct MainWindowState {
 // Null before the window has its record and after.
 MainWindowState* StateOfMainWindow(HWND window);
 
-// The thread's main window, its record and its controls; null when there is none.
-HWND MainHandle();
+// The main window's record and its controls; null when there is none.
 MainWindowState* MainState();
 HWND MainControl(int id);
-
-// What the core asks of the main window.
-const MainWindow& MainWindowProcedures();
 
 }  // namespace corvane

@@ -2,7 +2,7 @@
 
 #include <cwchar>
 
-#include "shell/window_contents.h"
+#include "shell/commands/commands.h"
 
 namespace corvane {
 namespace {
@@ -59,11 +59,11 @@ void SetSectionMenuText(HWND window, const std::wstring& text) {
     DrawMenuBar(window);
 }
 
-void UpdateMenus(HWND window, bool rowSelected, bool locked) {
+void UpdateMenus(HWND window, bool locked) {
     const HMENU bar = GetMenu(window);
     for (const Command& command : Commands()) {
         if (command.id == 0) continue;
-        const bool enabled = !locked && IsEnabled(command, rowSelected);
+        const bool enabled = !locked && IsEnabled(command);
         EnableMenuItem(bar, command.id, MF_BYCOMMAND | Greyed(enabled));
     }
     for (int i = 0; i < kMenuCount; ++i) {

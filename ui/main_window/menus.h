@@ -13,7 +13,7 @@ HMENU CreateMenuBar();
 void SetSectionMenuText(HWND window, const std::wstring& text);
 
 // Greys what can't be chosen now: everything while the window is locked.
-void UpdateMenus(HWND window, bool rowSelected, bool locked);
+void UpdateMenus(HWND window, bool locked);
 
 // Whether the message is Alt and the letter of a top menu of the window. A control with the same
 // letter must not take it.

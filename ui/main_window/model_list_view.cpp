@@ -11,48 +11,58 @@
 namespace corvane {
 namespace {
 
-enum Column { kName, kX, kId, kType, kColumnCount };
-
 // Name of the list for screen readers.
 constexpr wchar_t kAccessibleName[] = L"Models";
 // Narrowest column of names [pixels at 96 dots per inch].
 constexpr int kNarrowestName = 120;
 
-void AddColumn(HWND list, Column column, const wchar_t* title, int format) {
-    std::wstring text = title;
-    LVCOLUMNW item{};
-    item.mask = LVCF_TEXT | LVCF_FMT | LVCF_SUBITEM | LVCF_WIDTH;
-    item.fmt = format;
-    item.cx = 60;
-    item.pszText = text.data();
-    item.iSubItem = column;
-    SendMessageW(list, LVM_INSERTCOLUMNW, column, reinterpret_cast<LPARAM>(&item));
+// The first column, whose width is what the others leave.
+constexpr int kNameColumn = 0;
+
+int ColumnCount() {
+    return static_cast<int>(ModelColumns().size());
 }
 
-void SetCell(HWND list, int row, Column column, const std::wstring& text) {
-    std::wstring copy = text;
-    LVITEMW item{};
-    item.iSubItem = column;
-    item.pszText = copy.data();
-    SendMessageW(list, LVM_SETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+void AddColumns(HWND list) {
+    for (int index = 0; index < ColumnCount(); ++index) {
+        const ModelColumn& column = ModelColumns()[static_cast<size_t>(index)];
+        std::wstring title = column.title;
+        LVCOLUMNW item{};
+        item.mask = LVCF_TEXT | LVCF_FMT | LVCF_SUBITEM | LVCF_WIDTH;
+        item.fmt = column.alignsRight ? LVCFMT_RIGHT : LVCFMT_LEFT;
+        item.cx = 60;
+        item.pszText = title.data();
+        item.iSubItem = index;
+        SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index),
+                     reinterpret_cast<LPARAM>(&item));
+    }
 }
 
-void AddRow(HWND list, int index, const ModelRow& row) {
-    std::wstring name = row.name;
+void AddItem(HWND list, int index, const ModelRow& row) {
     LVITEMW item{};
     item.mask = LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM;
     item.iItem = index;
+    std::wstring name = ModelColumns()[kNameColumn].text(row);
     item.pszText = name.data();
     item.iImage = row.icon - 1;
     item.lParam = row.tag;
     SendMessageW(list, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
-    SetCell(list, index, kX, row.x);
-    SetCell(list, index, kId, row.id);
-    SetCell(list, index, kType, row.type);
 }
 
-void SetColumnWidth(HWND list, Column column, int width) {
-    SendMessageW(list, LVM_SETCOLUMNWIDTH, column, width);
+void AddRow(HWND list, int index, const ModelRow& row) {
+    AddItem(list, index, row);
+    for (int column = kNameColumn + 1; column < ColumnCount(); ++column) {
+        std::wstring text = ModelColumns()[static_cast<size_t>(column)].text(row);
+        LVITEMW item{};
+        item.iSubItem = column;
+        item.pszText = text.data();
+        SendMessageW(list, LVM_SETITEMTEXTW, static_cast<WPARAM>(index),
+                     reinterpret_cast<LPARAM>(&item));
+    }
+}
+
+void SetColumnWidth(HWND list, int column, int width) {
+    SendMessageW(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), width);
 }
 
 // Width of a column that shows texts as long as `sample`.
@@ -82,10 +92,7 @@ HWND CreateModelList(HWND parent) {
     SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, extended, extended);
     // Rows light up as in the system's own lists, where the theme knows that.
     SetWindowTheme(list, L"Explorer", nullptr);
-    AddColumn(list, kName, L"Name", LVCFMT_LEFT);
-    AddColumn(list, kX, L"X", LVCFMT_RIGHT);
-    AddColumn(list, kId, L"Id", LVCFMT_RIGHT);
-    AddColumn(list, kType, L"Type", LVCFMT_LEFT);
+    AddColumns(list);
     return list;
 }
 
@@ -93,9 +100,10 @@ void ScaleModelList(HWND list, UINT dpi) {
     const LRESULT old = SendMessageW(list, LVM_SETIMAGELIST, LVSIL_SMALL,
                                      reinterpret_cast<LPARAM>(CreateKindIcons(dpi)));
     if (old != 0) ImageList_Destroy(reinterpret_cast<HIMAGELIST>(old));
-    SetColumnWidth(list, kX, WidthFor(list, L"0000.000", dpi));
-    SetColumnWidth(list, kId, WidthFor(list, L"0000", dpi));
-    SetColumnWidth(list, kType, WidthFor(list, L"Bulkhead", dpi));
+    for (int column = kNameColumn + 1; column < ColumnCount(); ++column) {
+        const wchar_t* sample = ModelColumns()[static_cast<size_t>(column)].sample;
+        SetColumnWidth(list, column, WidthFor(list, sample, dpi));
+    }
     FitNameColumn(list);
 }
 
@@ -126,12 +134,12 @@ void FitNameColumn(HWND list) {
     RECT client{};
     GetClientRect(list, &client);
     int others = 0;
-    for (int column = kX; column < kColumnCount; ++column) {
+    for (int column = kNameColumn + 1; column < ColumnCount(); ++column) {
         others += static_cast<int>(
             SendMessageW(list, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
     }
     const int narrowest = Scaled(kNarrowestName, DpiOf(list));
-    SetColumnWidth(list, kName, std::max(static_cast<int>(client.right) - others, narrowest));
+    SetColumnWidth(list, kNameColumn, std::max(static_cast<int>(client.right) - others, narrowest));
 }
 
 }  // namespace corvane

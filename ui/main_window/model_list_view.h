@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "shell/window_contents.h"
+#include "shell/model_list.h"
 #include "ui/base/controls.h"
 
 namespace corvane {

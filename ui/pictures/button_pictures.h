@@ -2,7 +2,8 @@
 // colours where the user has asked for high contrast.
 #pragma once
 
-#include "shell/window_contents.h"
+#include "database/model_kind.h"
+#include "shell/rule_set.h"
 #include "ui/base/controls.h"
 
 namespace corvane {

@@ -51,37 +51,28 @@ void DrawTorsion(DrawnPicture& picture, COLORREF colour) {
     StrokeTurn(picture, 10, 150, colour);
 }
 
+// In the order of the kinds' numbers.
+constexpr void (*kDrawings[])(DrawnPicture& picture, COLORREF colour) = {DrawSection, DrawBulkhead,
+                                                                         DrawTorsion};
+
 }  // namespace
 
 COLORREF KindColour(ModelKind kind) {
-    switch (kind) {
-        case ModelKind::kBulkhead:
-            return RGB(153, 77, 0);
-        case ModelKind::kTorsion:
-            return RGB(0, 115, 62);
-        case ModelKind::kSection:
-            break;
-    }
-    return RGB(0, 84, 153);
+    const uint32_t colour = FactsOf(kind).colour;
+    return RGB(colour >> 16 & 0xFF, colour >> 8 & 0xFF, colour & 0xFF);
 }
 
 void DrawKind(DrawnPicture& picture, ModelKind kind, COLORREF colour) {
-    switch (kind) {
-        case ModelKind::kBulkhead:
-            return DrawBulkhead(picture, colour);
-        case ModelKind::kTorsion:
-            return DrawTorsion(picture, colour);
-        case ModelKind::kSection:
-            return DrawSection(picture, colour);
-    }
+    kDrawings[static_cast<size_t>(kind)](picture, colour);
 }
 
 HIMAGELIST CreateKindIcons(UINT dpi) {
     const int size = SystemMetric(SM_CXSMICON, dpi);
-    const HIMAGELIST icons = ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, 3, 0);
-    for (const ModelKind kind : {ModelKind::kSection, ModelKind::kBulkhead, ModelKind::kTorsion}) {
+    const HIMAGELIST icons =
+        ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, static_cast<int>(Kinds().size()), 0);
+    for (const KindFacts& facts : Kinds()) {
         DrawnPicture picture = NewPicture(size, kKindUnits);
-        DrawKind(picture, kind, KindColour(kind));
+        DrawKind(picture, facts.kind, KindColour(facts.kind));
         AddPicture(icons, picture);
     }
     return icons;

@@ -7,7 +7,7 @@
 
 #include "ui/base/control_ids.h"
 #include "ui/base/dpi.h"
-#include "ui/main_window/windows_screen.h"
+#include "ui/base/own_window.h"
 
 namespace corvane {
 namespace {

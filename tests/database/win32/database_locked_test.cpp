@@ -6,6 +6,7 @@
 #include "database/database_file.h"
 #include "platform/win32/win32.h"
 #include "tests/database/sample_database.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -72,11 +73,11 @@ TEST_F(DatabaseLockedTest, LockedBytesEndTheScanAndAreTold) {
 }
 
 TEST_F(DatabaseLockedTest, HeldDatabaseIsNotReplacedByANewOne) {
-    const test::RecordingScreen screen;
+    const test::RecordedReports screen;
     Hold(GENERIC_READ, FILE_SHARE_READ);
     BasicShipData bsd;
     EXPECT_FALSE(CreateDatabaseFile(path, bsd));
-    EXPECT_EQ(test::RecordingScreen::Of("warning").size(), 1u);
+    EXPECT_EQ(test::RecordedReports::Of("warning").size(), 1u);
     Release();
     EXPECT_EQ(test::ReadFileBytes(path), text);
     EXPECT_EQ(test::FilesIn(folder.path).size(), 1u);

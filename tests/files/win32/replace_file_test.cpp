@@ -5,7 +5,7 @@
 
 #include "files/file_system.h"
 #include "platform/win32/win32.h"
-#include "shell/state.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -14,7 +14,7 @@ namespace {
 using test::FilesIn;
 using test::Narrow;
 using test::ReadFileBytes;
-using test::RecordingScreen;
+using test::RecordedReports;
 using test::TemporaryFolder;
 using test::WriteFileBytes;
 using Names = std::vector<std::wstring>;
@@ -92,33 +92,33 @@ TEST(ReplaceFile, TargetKeepsItsAttributes) {
 }
 
 TEST(FileExists, FileThatIsHeldExclusivelyIsReportedInDebugMode) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const Replacing files;
     HANDLE held = files.Hold(0);
     ASSERT_NE(held, INVALID_HANDLE_VALUE);
     EXPECT_FALSE(FileExists(files.target));
-    EXPECT_TRUE(RecordingScreen::events.empty());
-    shell.debugMode = true;
+    EXPECT_TRUE(RecordedReports::events.empty());
+    RecordedReports::debugMode = true;
     EXPECT_FALSE(FileExists(files.target));
-    ASSERT_EQ(RecordingScreen::Of("plain").size(), 1U);
+    ASSERT_EQ(RecordedReports::Of("plain").size(), 1U);
     const std::string expected = "FileExist(" + Narrow(files.target) + ") 32 ";
-    EXPECT_EQ(RecordingScreen::Of("plain")[0].substr(0, expected.size()), expected);
+    EXPECT_EQ(RecordedReports::Of("plain")[0].substr(0, expected.size()), expected);
     KillFile(files.target);
     CloseHandle(held);
     EXPECT_EQ(ReadFileBytes(files.target), "old");
 }
 
 TEST(KillFile, FileThatCannotBeDeletedIsReportedInDebugMode) {
-    const RecordingScreen screen;
+    const RecordedReports screen;
     const Replacing files;
     HANDLE held = files.Hold(FILE_SHARE_READ);
     ASSERT_NE(held, INVALID_HANDLE_VALUE);
-    shell.debugMode = true;
+    RecordedReports::debugMode = true;
     KillFile(files.target);
     CloseHandle(held);
-    ASSERT_EQ(RecordingScreen::Of("plain").size(), 1U);
+    ASSERT_EQ(RecordedReports::Of("plain").size(), 1U);
     const std::string expected = "ExKill " + Narrow(files.target) + " 32 ";
-    EXPECT_EQ(RecordingScreen::Of("plain")[0].substr(0, expected.size()), expected);
+    EXPECT_EQ(RecordedReports::Of("plain")[0].substr(0, expected.size()), expected);
 }
 
 TEST(AwaitReadable, WaitsForAProgramThatHoldsTheFileAWhile) {

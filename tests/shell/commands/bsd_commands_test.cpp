@@ -13,6 +13,7 @@
 #include "report/messages.h"
 #include "shell/state.h"
 #include "tests/shell/command_support.h"
+#include "tests/shell/fake_view.h"
 #include "tests/support/without_stamps.h"
 
 namespace corvane {
@@ -21,10 +22,10 @@ namespace {
 using test::CommandTest;
 using test::FakeProgram;
 using test::FakePrompt;
+using test::FakeView;
 using test::Narrow;
 using test::ReadFileBytes;
-using test::RecordingScreen;
-using test::ShownWindow;
+using test::RecordedReports;
 using test::WriteFileBytes;
 
 struct FileBsd : CommandTest {};
@@ -33,14 +34,14 @@ struct ImportBsd : CommandTest {};
 constexpr ModelKind kSection = ModelKind::kSection;
 
 std::wstring ShipName() {
-    return shell.bsd.Titles(5).Trimmed();
+    return shell.database.bsd.Titles(5).Trimmed();
 }
 
 // Saves data of another name into the open database, as the BSD program does.
 void SaveOtherName() {
-    BasicShipData bsd = shell.bsd;
+    BasicShipData bsd = shell.database.bsd;
     bsd.Titles(5).Assign(L"OTHER NAME");
-    EXPECT_TRUE(SaveBsdToDatabase(shell.settings.DatabasePath, bsd));
+    EXPECT_TRUE(SaveBsdToDatabase(shell.database.path, bsd));
 }
 
 // ---- Open --------------------------------------------------------------------------------------
@@ -56,9 +57,9 @@ TEST_F(FileBsd, ProgramIsRunOnTheDatabase) {
               Narrow(programs) + "BsdEdit.exe /d \"" + Narrow(File(L"My ship.ve2")) + "\"");
     EXPECT_TRUE(FakeProgram::wasLocked);
     EXPECT_EQ(FakeProgram::statusLine, L"BsdEdit.exe is running...");
-    EXPECT_EQ(RecordingScreen::Of("rows"), std::vector<std::string>{"1"});
-    EXPECT_EQ(RecordingScreen::caption, L"");
-    EXPECT_EQ(RecordingScreen::Of("pointer").back(), "reset");
+    EXPECT_EQ(RecordedReports::Of("rows"), std::vector<std::string>{"1"});
+    EXPECT_EQ(RecordedReports::caption, L"");
+    EXPECT_EQ(RecordedReports::Of("pointer").back(), "reset");
 }
 
 TEST_F(FileBsd, ChangedDataAreReadAgain) {
@@ -67,13 +68,13 @@ TEST_F(FileBsd, ChangedDataAreReadAgain) {
     const FakeProgram program(SaveOtherName);
     ME_FileBSD_Click();
     EXPECT_EQ(ShipName(), L"OTHER NAME");
-    EXPECT_EQ(RecordingScreen::Of("title").back(), "Corvane - ship.ve2 - OTHER NAME");
+    EXPECT_EQ(RecordedReports::Of("title").back(), "Corvane - ship.ve2 - OTHER NAME");
 }
 
 TEST_F(FileBsd, UntouchedDatabaseIsNotReadAgain) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"BsdEdit.exe");
-    shell.bsd.Titles(5).Assign(L"IN MEMORY");
+    shell.database.bsd.Titles(5).Assign(L"IN MEMORY");
     const FakeProgram program;
     ME_FileBSD_Click();
     EXPECT_EQ(ShipName(), L"IN MEMORY");
@@ -82,10 +83,10 @@ TEST_F(FileBsd, UntouchedDatabaseIsNotReadAgain) {
 TEST_F(FileBsd, DataThatAreStillInvalidAreToldInTheStatusLine) {
     MakeOpen(L"ship.ve2");
     Install(L"BsdEdit.exe");
-    shell.bsd = BasicShipData();
+    shell.database.bsd = BasicShipData();
     const FakeProgram program;
     ME_FileBSD_Click();
-    EXPECT_EQ(RecordingScreen::caption, GetMessage(kMsgInputBsdFirst) + L"...");
+    EXPECT_EQ(RecordedReports::caption, GetMessage(kMsgInputBsdFirst) + L"...");
     EXPECT_TRUE(Warnings().empty());
 }
 
@@ -95,7 +96,7 @@ TEST_F(FileBsd, MissingProgramIsReportedWithItsPath) {
     ME_FileBSD_Click();
     EXPECT_TRUE(FakeProgram::commandLines.empty());
     EXPECT_TRUE(OnlyWarning("'" + Narrow(programs) + "BsdEdit.exe' cannot be opened"));
-    EXPECT_EQ(RecordingScreen::Of("pointer").back(), "reset");
+    EXPECT_EQ(RecordedReports::Of("pointer").back(), "reset");
 }
 
 TEST_F(FileBsd, MissingDatabaseIsReported) {
@@ -112,34 +113,33 @@ TEST_F(FileBsd, DatabaseThatLostItsDataIsToldOnce) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"BsdEdit.exe");
     const FakeProgram program([] {
-        WriteFileBytes(shell.settings.DatabasePath,
-                       "CORVANE DATABASE\r\n" + test::ModelText(1, kSection));
+        WriteFileBytes(shell.database.path, "CORVANE DATABASE\r\n" + test::ModelText(1, kSection));
     });
     ME_FileBSD_Click();
     EXPECT_TRUE(OnlyWarning("ship.ve2 : not a valid Corvane file"));
-    EXPECT_EQ(shell.bsd, BasicShipData());
-    EXPECT_EQ(ShownWindow::rowCount, 1);
+    EXPECT_EQ(shell.database.bsd, BasicShipData());
+    EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 1);
 }
 
 TEST_F(FileBsd, DeletedDatabaseIsReportedAndTheDataStay) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"BsdEdit.exe");
-    const FakeProgram program([] { KillFile(shell.settings.DatabasePath); });
+    const FakeProgram program([] { KillFile(shell.database.path); });
     ME_FileBSD_Click();
     EXPECT_TRUE(OnlyWarning("ship.ve2' has been missing"));
     EXPECT_EQ(ShipName(), L"SHIP");
-    EXPECT_EQ(ShownWindow::rowCount, 0);
+    EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 0);
 }
 
 TEST_F(FileBsd, OverwrittenDatabaseIsReported) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"BsdEdit.exe");
-    const FakeProgram program([] { WriteFileBytes(shell.settings.DatabasePath, "no database"); });
+    const FakeProgram program([] { WriteFileBytes(shell.database.path, "no database"); });
     ME_FileBSD_Click();
     ASSERT_FALSE(Warnings().empty());
     EXPECT_NE(Warnings().back().find("is no longer a Corvane database"), std::string::npos);
-    EXPECT_EQ(ShownWindow::rowCount, 0);
-    EXPECT_EQ(shell.bsd, BasicShipData());
+    EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 0);
+    EXPECT_EQ(shell.database.bsd, BasicShipData());
 }
 
 // ---- Import ------------------------------------------------------------------------------------
@@ -152,7 +152,7 @@ std::wstring GoldenBsd() {
 
 TEST_F(ImportBsd, AsksForAFileInTheBrowseDirectory) {
     MakeOpen(L"ship.ve2");
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     const FakePrompt prompt;
     ME_FileImportBSD_Click();
     ASSERT_EQ(FakePrompt::questions.size(), 1U);
@@ -170,7 +170,7 @@ TEST_F(ImportBsd, ValidDataAreErasedOnlyAfterTheQuestion) {
     const std::string bytes = ReadFileBytes(File(L"ship.ve2"));
     const FakePrompt prompt{GoldenBsd()};
     ME_FileImportBSD_Click();
-    EXPECT_EQ(RecordingScreen::Of("ask ok"), std::vector<std::string>{kQuestion});
+    EXPECT_EQ(RecordedReports::Of("ask ok"), std::vector<std::string>{kQuestion});
     EXPECT_TRUE(FakePrompt::questions.empty());
     EXPECT_EQ(ShipName(), L"SHIP");
     EXPECT_EQ(ReadFileBytes(File(L"ship.ve2")), bytes);
@@ -178,31 +178,31 @@ TEST_F(ImportBsd, ValidDataAreErasedOnlyAfterTheQuestion) {
 
 TEST_F(ImportBsd, InvalidDataAreErasedWithoutAQuestion) {
     MakeOpen(L"ship.ve2");
-    shell.bsd.MainData(9) = 0;
+    shell.database.bsd.MainData(9) = 0;
     const FakePrompt prompt;
     ME_FileImportBSD_Click();
-    EXPECT_TRUE(RecordingScreen::Of("ask ok").empty());
+    EXPECT_TRUE(RecordedReports::Of("ask ok").empty());
     EXPECT_EQ(FakePrompt::questions.size(), 1U);
 }
 
 TEST_F(ImportBsd, DatabaseIsTheGoldenOneButForItsStamps) {
     WriteFileBytes(File(L"Emeraude Bay.ve2"),
                    ReadFileBytes(test::DataPath("golden/new_database.ve2")));
-    shell.settings.DatabasePath = File(L"Emeraude Bay.ve2");
+    shell.database.path = File(L"Emeraude Bay.ve2");
     const FakePrompt prompt{GoldenBsd()};
     ME_FileImportBSD_Click();
     EXPECT_EQ(ReadFileBytes(File(L"Emeraude Bay.ve2")),
               ReadFileBytes(test::DataPath("golden/imported_bsd.ve2")));
     BasicShipData read;
     EXPECT_TRUE(LoadBsdFromDatabase(File(L"Emeraude Bay.ve2"), read));
-    EXPECT_EQ(read, shell.bsd);
+    EXPECT_EQ(read, shell.database.bsd);
     EXPECT_EQ(ShipName(), L"EMERAUDE");
-    EXPECT_EQ(RecordingScreen::Of("title").back(), "Corvane - Emeraude Bay.ve2 - EMERAUDE");
+    EXPECT_EQ(RecordedReports::Of("title").back(), "Corvane - Emeraude Bay.ve2 - EMERAUDE");
     EXPECT_TRUE(Warnings().empty());
 }
 
 TEST_F(ImportBsd, OtherExtensionsAreDatabases) {
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     for (const wchar_t* name : {L"source.ve2", L"source.VEW", L"source.txt", L"source"}) {
         MakeOpen(L"ship.ve2", {kSection});
         const std::wstring source = Make(name);
@@ -214,7 +214,7 @@ TEST_F(ImportBsd, OtherExtensionsAreDatabases) {
         EXPECT_EQ(ShipName(), L"EMERAUDE") << Narrow(name);
         BasicShipData saved;
         EXPECT_TRUE(LoadBsdFromDatabase(File(L"ship.ve2"), saved));
-        EXPECT_EQ(saved, shell.bsd);
+        EXPECT_EQ(saved, shell.database.bsd);
         EXPECT_EQ(CountModels(File(L"ship.ve2")), 1);
         EXPECT_TRUE(Warnings().empty());
     }
@@ -222,7 +222,7 @@ TEST_F(ImportBsd, OtherExtensionsAreDatabases) {
 
 TEST_F(ImportBsd, UpperCaseExtensionIsAStandaloneFile) {
     MakeOpen(L"ship.ve2");
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     WriteFileBytes(File(L"SHIP.BSD"), ReadFileBytes(GoldenBsd()));
     const FakePrompt prompt{File(L"SHIP.BSD")};
     ME_FileImportBSD_Click();
@@ -232,22 +232,22 @@ TEST_F(ImportBsd, UpperCaseExtensionIsAStandaloneFile) {
 
 TEST_F(ImportBsd, NothingOfTheErasedDataIsLeft) {
     MakeOpen(L"ship.ve2");
-    RecordingScreen::answerYes = true;
-    shell.bsd.ExtraData(1) = 77;
-    shell.bsd.Block12(3) = 88;
+    FakeView::answerYes = true;
+    shell.database.bsd.ExtraData(1) = 77;
+    shell.database.bsd.Block12(3) = 88;
     // Layout version 3 has no extra data.
     std::string bytes = ReadFileBytes(GoldenBsd());
     bytes[0] = '3';
     WriteFileBytes(File(L"old.bsd"), bytes);
     const FakePrompt prompt{File(L"old.bsd")};
     ME_FileImportBSD_Click();
-    EXPECT_EQ(shell.bsd.ExtraData(1), 0);
-    EXPECT_EQ(shell.bsd.Block12(3), 0);
+    EXPECT_EQ(shell.database.bsd.ExtraData(1), 0);
+    EXPECT_EQ(shell.database.bsd.Block12(3), 0);
 }
 
 TEST_F(ImportBsd, LegacyDatabaseIsReadByItsLibrary) {
     MakeOpen(L"ship.ve2", {kSection});
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     WriteFileBytes(File(L"old.VEL"), "legacy");
     const test::FakeFunction fake(
         importvelknavi, +[](const char* path, LegacyBsd* bsd, int16_t* status) {
@@ -268,16 +268,16 @@ TEST_F(ImportBsd, LegacyDatabaseIsReadByItsLibrary) {
 // Imports from a file that gives nothing: one message, and nothing has changed.
 struct BadSource : CommandTest {
     void ExpectRefused(const std::wstring& source, std::string_view message) {
-        RecordingScreen::answerYes = true;
-        RecordingScreen::events.clear();
-        const std::string bytes = ReadFileBytes(shell.settings.DatabasePath);
-        const BasicShipData bsd = shell.bsd;
+        FakeView::answerYes = true;
+        RecordedReports::events.clear();
+        const std::string bytes = ReadFileBytes(shell.database.path);
+        const BasicShipData bsd = shell.database.bsd;
         const FakePrompt prompt{source};
         ME_FileImportBSD_Click();
         EXPECT_TRUE(OnlyWarning(message));
-        EXPECT_EQ(shell.bsd, bsd);
-        EXPECT_EQ(ReadFileBytes(shell.settings.DatabasePath), bytes);
-        EXPECT_TRUE(RecordingScreen::Of("rows").empty());
+        EXPECT_EQ(shell.database.bsd, bsd);
+        EXPECT_EQ(ReadFileBytes(shell.database.path), bytes);
+        EXPECT_TRUE(RecordedReports::Of("rows").empty());
     }
 };
 
@@ -319,14 +319,14 @@ TEST_F(BadSource, GoodOneIsRefusedForAReadOnlyDatabase) {
 
 TEST_F(BadSource, GoodOneIsRefusedForADatabaseWithoutABlock) {
     WriteFileBytes(File(L"bare.ve2"), "CORVANE DATABASE\r\n");
-    shell.settings.DatabasePath = File(L"bare.ve2");
+    shell.database.path = File(L"bare.ve2");
     ExpectRefused(GoldenBsd(), "bare.ve2 : not a valid Corvane file");
 }
 
 TEST_F(ImportBsd, MissingDatabaseIsReported) {
     MakeOpen(L"ship.ve2");
     KillFile(File(L"ship.ve2"));
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     const FakePrompt prompt{GoldenBsd()};
     ME_FileImportBSD_Click();
     EXPECT_TRUE(OnlyWarning("ship.ve2' cannot be opened"));
@@ -335,13 +335,13 @@ TEST_F(ImportBsd, MissingDatabaseIsReported) {
 
 TEST_F(ImportBsd, CancelChangesNothing) {
     MakeOpen(L"ship.ve2");
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     const std::string bytes = ReadFileBytes(File(L"ship.ve2"));
     const FakePrompt prompt;
     ME_FileImportBSD_Click();
     EXPECT_EQ(ReadFileBytes(File(L"ship.ve2")), bytes);
     EXPECT_EQ(shell.settings.BrowseDirectory, browse);
-    EXPECT_TRUE(RecordingScreen::Of("rows").empty());
+    EXPECT_TRUE(RecordedReports::Of("rows").empty());
 }
 
 }  // namespace

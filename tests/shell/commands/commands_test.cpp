@@ -7,8 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "shell/open_database.h"
 #include "shell/state.h"
-#include "shell/window_contents.h"
+#include "tests/shell/fake_view.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -121,12 +122,9 @@ TEST(Commands, EveryCommandCanBeRun) {
 }
 
 TEST(Commands, QuitClosesTheWindow) {
-    const test::RecordingScreen screen;
-    MainWindow window{};
-    window.close = [] { test::RecordingScreen::events.emplace_back("close"); };
-    shell.mainWindow = &window;
+    const test::FakeView screen;
     FindCommand(ME_FileQuit)->run();
-    EXPECT_EQ(test::RecordingScreen::events, std::vector<std::string>{"close"});
+    EXPECT_EQ(test::RecordedReports::events, std::vector<std::string>{"close"});
 }
 
 }  // namespace

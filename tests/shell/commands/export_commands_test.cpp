@@ -12,12 +12,14 @@
 #include "legacy/exchange.h"
 #include "platform/system.h"
 #include "report/messages.h"
-#include "shell/commands/exchange_commands.h"
-#include "shell/window_contents.h"
+#include "shell/commands/file_commands.h"
+#include "shell/commands/section_commands.h"
+#include "shell/open_database.h"
 #include "tests/companions/legacy_file.h"
 #include "tests/database/sample_database.h"
 #include "tests/legacy/legacy_support.h"
 #include "tests/shell/command_support.h"
+#include "tests/shell/fake_view.h"
 #include "tests/shell/sample_models.h"
 #include "text/text.h"
 
@@ -39,14 +41,14 @@ struct ExportCommands : CommandTest {
         for (SectionModel& section : sections) {
             ASSERT_TRUE(ReplaceSection(path, section, ++number));
         }
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
     }
     void OpenSample() {
         WriteFileBytes(path, ReadFileBytes(SamplePath()));
-        shell.settings.DatabasePath = path;
-        ASSERT_TRUE(LoadBsdFromDatabase(path, shell.bsd));
-        shell.currentModel = 1;
-        RecordingScreen::events.clear();
+        shell.database.path = path;
+        ASSERT_TRUE(LoadBsdFromDatabase(path, shell.database.bsd));
+        shell.database.currentModel = 1;
+        RecordedReports::events.clear();
     }
     // The test's files; its folders have no extension.
     Names Files() const {
@@ -91,7 +93,7 @@ struct ExportSectionCommand : ExportCommands {
     inline static ExportChoice answer, proposed;
     static void Answer(const ExportChoice& choice) {
         answer = choice;
-        ShownWindow::askExport = [](ExportChoice& asked) {
+        FakeView::askExport = [](ExportChoice& asked) {
             proposed = asked;
             asked = answer;
             return true;
@@ -99,7 +101,7 @@ struct ExportSectionCommand : ExportCommands {
     }
     static void Export(const ExportChoice& choice) {
         Answer(choice);
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         ME_SectionExport_Click();
     }
     // Nothing is told but this, and the legacy database stays.
@@ -111,7 +113,7 @@ struct ExportSectionCommand : ExportCommands {
         EXPECT_EQ(Files().size(), FileExists(legacy) ? 2u : 1u);
     }
     static void FailWhenAsked() {
-        ShownWindow::askExport = [](ExportChoice&) {
+        FakeView::askExport = [](ExportChoice&) {
             ADD_FAILURE() << "the box was shown";
             return false;
         };
@@ -121,14 +123,14 @@ struct ExportSectionCommand : ExportCommands {
 TEST_F(ExportSectionCommand, SectionGoesIntoANewSlotBehindTheOthers) {
     WriteLegacyDatabase(legacy, {L"One", L"Two"});
     const std::string one = SlotBytes(legacy, 1);
-    shell.currentModel = 2;
+    shell.database.currentModel = 2;
     Export(New(L"Frame 20"));
     EXPECT_EQ(ListedNames(legacy), (Names{L"One", L"Two", L"Frame 20"}));
     EXPECT_EQ(NameInSlot(legacy, 3), L"Frame 20");
     EXPECT_EQ(SlotBytes(legacy, 1), one);
     EXPECT_TRUE(Warnings().empty());
-    EXPECT_TRUE(RecordingScreen::caption.empty());
-    EXPECT_EQ(shell.currentModel, 2);
+    EXPECT_TRUE(RecordedReports::caption.empty());
+    EXPECT_EQ(shell.database.currentModel, 2);
 }
 
 TEST_F(ExportSectionCommand, SectionsNameIsProposedAndTheFolderRemembered) {
@@ -210,7 +212,7 @@ TEST_F(ExportSectionCommand, CallsFollowTheListingAndTheDescribedExport) {
 TEST_F(ExportSectionCommand, FirstStatusLineTellsSectionAndDatabase) {
     WriteLegacyDatabase(legacy, {});
     Export(New(L"A section's name of thirty"));
-    const Told captions = RecordingScreen::Of("caption");
+    const Told captions = RecordedReports::Of("caption");
     const std::string expected =
         Narrow(FormatMessage(kMsgExportingSection, {ShortenText(L"A section's name of thirty", 20),
                                                     ShortenText(legacy, 20)}));
@@ -222,7 +224,7 @@ TEST_F(ExportSectionCommand, MissingDimensionsAreToldAndTakenFromTheShip) {
     SectionModel section = SmallSection(L"Frame 10");
     section.breadth_m = 0;
     OpenSections({section});
-    shell.bsd.MainData(2) = 32.5F;
+    shell.database.bsd.MainData(2) = 32.5F;
     WriteLegacyDatabase(legacy, {});
     Export(New(L"Frame 10"));
     EXPECT_EQ(Warnings(), Told{WarningText(1074, {L"Frame 10"})});
@@ -256,10 +258,10 @@ TEST_F(ExportSectionCommand, SampleSectionsComeBackThroughTheCommands) {
     OpenSample();
     WriteLegacyDatabase(legacy, {L"One"});
     for (int16_t number = 1; number <= kSectionCount; ++number) {
-        shell.currentModel = number;
+        shell.database.currentModel = number;
         Export(New(L""));
     }
-    ShownWindow::askImport = [this](ImportChoice& choice) {
+    FakeView::askImport = [this](ImportChoice& choice) {
         choice = {legacy, ListForExchange(legacy)};
         choice.items.erase(choice.items.begin());
         return true;
@@ -281,16 +283,16 @@ TEST_F(ExportSectionCommand, SampleSectionsComeBackThroughTheCommands) {
 
 TEST_F(ExportSectionCommand, CancelChangesNothing) {
     ME_SectionExport_Click();
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
     EXPECT_EQ(shell.settings.BrowseDirectory, browse);
 }
 
 TEST_F(ExportSectionCommand, OtherKindsAreRefusedBeforeTheBox) {
     WriteFileBytes(path, DatabaseText(FiveBlocks()));
     FailWhenAsked();
-    shell.currentModel = 2;
+    shell.database.currentModel = 2;
     ME_SectionExport_Click();
-    shell.currentModel = 4;
+    shell.database.currentModel = 4;
     ME_SectionExport_Click();
     EXPECT_EQ(Warnings(), (Told{WarningText(3560, {L"Bulkhead", L"Bulkhead 40"}),
                                 WarningText(3560, {L"Torsion", L"Girder"})}));
@@ -301,9 +303,9 @@ TEST_F(ExportSectionCommand, ModelThatIsNotTheRowsIsRefusedBeforeTheBox) {
     blocks[1].number = blocks[2].number = " 3 ";
     WriteFileBytes(path, DatabaseText(blocks));
     FailWhenAsked();
-    shell.currentModel = 3;
+    shell.database.currentModel = 3;
     ME_SectionExport_Click();
-    shell.currentModel = 9;
+    shell.database.currentModel = 9;
     ME_SectionExport_Click();
     system::RemoveFile(path);
     ME_SectionExport_Click();
@@ -314,20 +316,20 @@ TEST_F(ExportSectionCommand, ModelThatIsNotTheRowsIsRefusedBeforeTheBox) {
 TEST_F(ExportSectionCommand, AnotherModelInItsPlaceAfterTheBoxIsLeftAlone) {
     WriteLegacyDatabase(legacy, {L"One"});
     const std::string before = ReadFileBytes(legacy);
-    ShownWindow::askExport = [this](ExportChoice& choice) {
+    FakeView::askExport = [this](ExportChoice& choice) {
         choice.path = legacy;
         WriteFileBytes(path, DatabaseText(FiveBlocks()));
-        shell.currentModel = 1;
+        shell.database.currentModel = 1;
         return true;
     };
-    shell.currentModel = 2;
+    shell.database.currentModel = 2;
     std::vector<SampleBlock> blocks = FiveBlocks();
     blocks[0].name = "Before";
     blocks[1].keyword = "SECTION";
     WriteFileBytes(path, DatabaseText(blocks));
     ME_SectionExport_Click();
     EXPECT_EQ(Warnings(), Told{WarningText(3523, {path})});
-    EXPECT_EQ(RecordingScreen::Of("rows"), Told{"5"});
+    EXPECT_EQ(RecordedReports::Of("rows"), Told{"5"});
     EXPECT_EQ(ReadFileBytes(legacy), before);
 }
 
@@ -377,7 +379,7 @@ struct SaveLegacyCommand : ExportCommands {
 
     static void Save(const std::wstring& target) {
         const FakePrompt prompt{target};
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         ME_FileSaveLegacy_Click();
     }
     void ExpectOnly(const Names& files) const { EXPECT_EQ(Files(), files); }
@@ -390,9 +392,9 @@ TEST_F(SaveLegacyCommand, SectionsAndShipOfTheSampleAreWritten) {
     EXPECT_EQ(ListedNames(legacy).size(), static_cast<size_t>(kSectionCount));
     const std::wstring expected = DataPath("../samples/aurora_bay.vel");
     EXPECT_EQ(ReadFileBytes(legacy), ReadFileBytes(expected));
-    EXPECT_TRUE(RecordingScreen::caption.empty());
-    EXPECT_EQ(RecordingScreen::events.back(), "pointer reset");
-    EXPECT_EQ(shell.settings.DatabasePath, path) << "the open database stays open";
+    EXPECT_TRUE(RecordedReports::caption.empty());
+    EXPECT_EQ(RecordedReports::events.back(), "pointer reset");
+    EXPECT_EQ(shell.database.path, path) << "the open database stays open";
     ExpectOnly({L"old.vel", L"ship.ve2"});
 }
 
@@ -407,7 +409,7 @@ TEST_F(SaveLegacyCommand, UserIsAskedWithTheDatabasesBaseName) {
     EXPECT_EQ(asked.caption, L"Save as Velk Dos");
     EXPECT_EQ(asked.flags, -1) << "asks before it overwrites";
     EXPECT_EQ(asked.directory + L"\\", browse);
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
     ExpectOnly({L"ship.ve2"});
 }
 
@@ -434,7 +436,7 @@ TEST_F(SaveLegacyCommand, LibraryThatFailsLeavesTheOldFile) {
     Save(legacy);
     EXPECT_EQ(Warnings(), Told{WarningText(1003, {2, legacy})});
     EXPECT_EQ(ReadFileBytes(legacy), "old");
-    EXPECT_EQ(RecordingScreen::events.back(), "pointer reset");
+    EXPECT_EQ(RecordedReports::events.back(), "pointer reset");
 }
 
 TEST_F(SaveLegacyCommand, NewFileThatIsNotThereIsToldAndLeavesTheOldOne) {

@@ -11,6 +11,7 @@
 #include "report/messages.h"
 #include "shell/state.h"
 #include "tests/shell/command_support.h"
+#include "tests/shell/fake_view.h"
 #include "tests/support/without_stamps.h"
 #include "text/text.h"
 
@@ -19,10 +20,10 @@ namespace {
 
 using test::CommandTest;
 using test::FakePrompt;
+using test::FakeView;
 using test::Narrow;
 using test::ReadFileBytes;
-using test::RecordingScreen;
-using test::ShownWindow;
+using test::RecordedReports;
 using test::WriteFileBytes;
 
 struct FileNew : CommandTest {};
@@ -31,20 +32,20 @@ struct FileSaveAs : CommandTest {};
 
 // What a command that does nothing leaves as it is.
 struct Before {
-    std::wstring databasePath = shell.settings.DatabasePath;
+    std::wstring databasePath = shell.database.path;
     std::wstring browseDirectory = shell.settings.BrowseDirectory;
-    BasicShipData bsd = shell.bsd;
-    int16_t currentModel = shell.currentModel;
+    BasicShipData bsd = shell.database.bsd;
+    int16_t currentModel = shell.database.currentModel;
 
     bool IsUnchanged() const {
-        return shell.settings.DatabasePath == databasePath && shell.bsd == bsd &&
+        return shell.database.path == databasePath && shell.database.bsd == bsd &&
                shell.settings.BrowseDirectory == browseDirectory &&
-               shell.currentModel == currentModel && RecordingScreen::Of("rows").empty();
+               shell.database.currentModel == currentModel && RecordedReports::Of("rows").empty();
     }
 };
 
 std::wstring ShipName() {
-    return shell.bsd.Titles(5).Trimmed();
+    return shell.database.bsd.Titles(5).Trimmed();
 }
 
 // ---- New ---------------------------------------------------------------------------------------
@@ -93,24 +94,24 @@ TEST_F(FileNew, NameLongerThanEightGivesItsFirstEightInUpperCase) {
 
 TEST_F(FileNew, NewFileIsTheOpenDatabaseWithNewData) {
     MakeOpen(L"old.ve2", {ModelKind::kSection, ModelKind::kSection});
-    shell.currentModel = 2;
-    shell.previewShown = true;
-    shell.previewSection.x_m = 12;
+    shell.database.currentModel = 2;
+    shell.preview.isShown = true;
+    shell.preview.section.x_m = 12;
     const FakePrompt prompt{browse + L"fresh.ve2"};
     ME_FileNew_Click();
-    EXPECT_EQ(shell.settings.DatabasePath, browse + L"fresh.ve2");
-    EXPECT_EQ(ShownWindow::database, browse + L"fresh.ve2");
-    EXPECT_EQ(shell.bsd, NewBasicShipData(L"FRESH"));
-    EXPECT_FALSE(IsBsdDefined(shell.bsd));
-    EXPECT_EQ(shell.currentModel, 1);
-    EXPECT_FALSE(shell.previewShown);
-    EXPECT_EQ(shell.previewSection.x_m, 0);
-    EXPECT_TRUE(ShownWindow::previewCleared);
-    EXPECT_EQ(ShownWindow::rowCount, 0);
-    EXPECT_EQ(ShownWindow::selected, -1);
-    EXPECT_EQ(RecordingScreen::Of("position"), std::vector<std::string>{""});
-    EXPECT_EQ(RecordingScreen::Of("frame"), std::vector<std::string>{""});
-    EXPECT_EQ(Narrow(RecordingScreen::caption), Narrow(GetMessage(kMsgInputBsdFirst)) + "...");
+    EXPECT_EQ(shell.database.path, browse + L"fresh.ve2");
+    EXPECT_EQ(FakeView::database, browse + L"fresh.ve2");
+    EXPECT_EQ(shell.database.bsd, NewBasicShipData(L"FRESH"));
+    EXPECT_FALSE(IsBsdDefined(shell.database.bsd));
+    EXPECT_EQ(shell.database.currentModel, 1);
+    EXPECT_FALSE(shell.preview.isShown);
+    EXPECT_EQ(shell.preview.section.x_m, 0);
+    EXPECT_TRUE(RecordedReports::Happened("clear preview"));
+    EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 0);
+    EXPECT_EQ(FakeView::selected, -1);
+    EXPECT_EQ(FakeView::position, L"");
+    EXPECT_EQ(FakeView::frame, L"");
+    EXPECT_EQ(Narrow(RecordedReports::caption), Narrow(GetMessage(kMsgInputBsdFirst)) + "...");
 }
 
 TEST_F(FileNew, BrowseDirectoryBecomesThatOfTheFile) {
@@ -122,7 +123,7 @@ TEST_F(FileNew, BrowseDirectoryBecomesThatOfTheFile) {
 TEST_F(FileNew, NameWithoutAFolderLiesWhereThePromptStarted) {
     const FakePrompt prompt{L"new.ve2"};
     ME_FileNew_Click();
-    EXPECT_EQ(shell.settings.DatabasePath, browse + L"new.ve2");
+    EXPECT_EQ(shell.database.path, browse + L"new.ve2");
     EXPECT_TRUE(FileExists(browse + L"new.ve2"));
 }
 
@@ -143,7 +144,7 @@ TEST_F(FileNew, ExistingFileIsReplaced) {
     const FakePrompt prompt{path};
     ME_FileNew_Click();
     EXPECT_EQ(CountModels(path), 0);
-    EXPECT_EQ(shell.settings.DatabasePath, path);
+    EXPECT_EQ(shell.database.path, path);
     EXPECT_EQ(test::FilesIn(folder.path),
               (std::vector<std::wstring>{L"Velk data", L"browse", L"old.ve2", L"work"}));
 }
@@ -152,7 +153,7 @@ TEST_F(FileNew, OpenDatabaseMayBeReplaced) {
     MakeOpen(L"ship.ve2", {ModelKind::kSection});
     const FakePrompt prompt{File(L"SHIP.ve2")};
     ME_FileNew_Click();
-    EXPECT_EQ(ShownWindow::rowCount, 0);
+    EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 0);
     EXPECT_TRUE(Warnings().empty());
 }
 
@@ -243,7 +244,7 @@ TEST_F(FileNew, LongestUsablePathIsTaken) {
     ASSERT_EQ(path.size(), 259U);
     const FakePrompt prompt{path};
     ME_FileNew_Click();
-    EXPECT_EQ(shell.settings.DatabasePath, path);
+    EXPECT_EQ(shell.database.path, path);
     EXPECT_TRUE(FileExists(path));
 }
 
@@ -257,9 +258,9 @@ struct UnwritableFolder : CommandTest {
         const FakePrompt prompt{L"Z:\\proc\\new.ve2"};
         command();
         EXPECT_TRUE(OnlyWarning("The file 'Z:\\proc\\new.ve2' cannot be written:\r"));
-        EXPECT_EQ(shell.settings.DatabasePath, before.databasePath);
-        EXPECT_EQ(shell.bsd, before.bsd);
-        EXPECT_TRUE(RecordingScreen::Of("rows").empty());
+        EXPECT_EQ(shell.database.path, before.databasePath);
+        EXPECT_EQ(shell.database.bsd, before.bsd);
+        EXPECT_TRUE(RecordedReports::Of("rows").empty());
     }
 };
 
@@ -299,17 +300,17 @@ TEST_F(FileOpen, ListEventsAreSuppressedWhileThePromptIsUp) {
 
 TEST_F(FileOpen, DatabaseIsShownWithItsFirstModel) {
     MakeOpen(L"old.ve2", {ModelKind::kSection});
-    shell.currentModel = 7;
-    shell.bsd = BasicShipData();
+    shell.database.currentModel = 7;
+    shell.database.bsd = BasicShipData();
     const FakePrompt prompt{Make(L"other.ve2", {ModelKind::kTorsion, ModelKind::kBulkhead})};
     ME_FileOpen_Click();
-    EXPECT_EQ(shell.settings.DatabasePath, File(L"other.ve2"));
+    EXPECT_EQ(shell.database.path, File(L"other.ve2"));
     EXPECT_EQ(shell.settings.BrowseDirectory, folder.path);
-    EXPECT_EQ(shell.currentModel, 1);
+    EXPECT_EQ(shell.database.currentModel, 1);
     EXPECT_EQ(ShipName(), L"SHIP");
-    EXPECT_TRUE(IsBsdDefined(shell.bsd));
-    EXPECT_EQ(ShownWindow::rowCount, 2);
-    EXPECT_EQ(ShownWindow::selected, 0);
+    EXPECT_TRUE(IsBsdDefined(shell.database.bsd));
+    EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 2);
+    EXPECT_EQ(FakeView::selected, 0);
     EXPECT_TRUE(Warnings().empty());
 }
 
@@ -329,8 +330,8 @@ TEST_F(FileOpen, DatabaseWithoutDataOpensWithAFreshRecord) {
     WriteFileBytes(File(L"bare.ve2"), "CORVANE DATABASE\r\n");
     const FakePrompt prompt{File(L"bare.ve2")};
     ME_FileOpen_Click();
-    EXPECT_EQ(shell.settings.DatabasePath, File(L"bare.ve2"));
-    EXPECT_EQ(shell.bsd, BasicShipData());
+    EXPECT_EQ(shell.database.path, File(L"bare.ve2"));
+    EXPECT_EQ(shell.database.bsd, BasicShipData());
     EXPECT_TRUE(OnlyWarning(" : not a valid Corvane file"));
 }
 
@@ -339,7 +340,7 @@ TEST_F(FileOpen, DataWithoutASignatureAreEnough) {
     WriteFileBytes(File(L"head.ve2"), bytes.substr(bytes.find("\r\n") + 2));
     const FakePrompt prompt{File(L"head.ve2")};
     ME_FileOpen_Click();
-    EXPECT_EQ(shell.settings.DatabasePath, File(L"head.ve2"));
+    EXPECT_EQ(shell.database.path, File(L"head.ve2"));
     EXPECT_EQ(ShipName(), L"SHIP");
 }
 
@@ -349,15 +350,15 @@ TEST_F(FileOpen, FileThatIsNoDatabaseIsRefused) {
                                     std::string(300000, '-')};
     for (const wchar_t* name : {L"no.ve2", L"no.vew", L"no.txt", L"no"}) {
         for (const std::string& bytes : contents) {
-            RecordingScreen::events.clear();
+            RecordedReports::events.clear();
             WriteFileBytes(File(name), bytes);
             const Before before;
             FakePrompt prompt{File(name), File(L"copy.ve2")};
             ME_FileOpen_Click();
             EXPECT_TRUE(OnlyWarning(Narrow(File(name)) + " : not a valid Corvane file"));
-            EXPECT_TRUE(RecordingScreen::Of("ask").empty());
-            EXPECT_EQ(shell.settings.DatabasePath, before.databasePath);
-            EXPECT_EQ(shell.bsd, before.bsd);
+            EXPECT_TRUE(RecordedReports::Of("ask").empty());
+            EXPECT_EQ(shell.database.path, before.databasePath);
+            EXPECT_EQ(shell.database.bsd, before.bsd);
             EXPECT_EQ(ReadFileBytes(File(name)), bytes);
             EXPECT_FALSE(FileExists(File(L"copy.ve2")));
         }
@@ -375,7 +376,7 @@ TEST_F(FileOpen, MissingFileAndFolderAreReported) {
                        {File(L"\u03A9.ve2"), "?.ve2' cannot be used"},
                        {folder.path + std::wstring(390 - folder.path.size(), L'a'), "too long"}};
     for (const auto& [path, message] : cases) {
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         const Before before;
         const FakePrompt prompt{path};
         ME_FileOpen_Click();
@@ -386,12 +387,11 @@ TEST_F(FileOpen, MissingFileAndFolderAreReported) {
 
 TEST_F(FileOpen, LegacyDatabaseIsConverted) {
     MakeOpen(L"old.ve2");
-    WriteFileBytes(File(L"ship.VEL"), "legacy");
-    const Before before;
+    WriteFileBytes(File(L"ship.VEL"), ReadFileBytes(test::DataPath("../samples/aurora_bay.vel")));
     const FakePrompt prompt{File(L"ship.VEL")};
     ME_FileOpen_Click();
-    EXPECT_EQ(RecordingScreen::Of("legacy"), std::vector<std::string>{Narrow(File(L"ship.VEL"))});
-    EXPECT_EQ(shell.settings.DatabasePath, before.databasePath);
+    EXPECT_EQ(Narrow(shell.database.path), Narrow(LowerCase(work + L"ship.ve2")));
+    EXPECT_EQ(shell.database.bsd.Titles(5).Trimmed(), L"SHIP");
     EXPECT_TRUE(Warnings().empty());
 }
 
@@ -404,20 +404,20 @@ TEST_F(FileOpen, NoOpensTheOldFileInPlace) {
     const std::wstring path = Make(L"ship.vew", {ModelKind::kSection});
     const FakePrompt prompt{path};
     ME_FileOpen_Click();
-    EXPECT_EQ(RecordingScreen::Of("ask"), std::vector<std::string>{kCopyQuestion});
+    EXPECT_EQ(RecordedReports::Of("ask"), std::vector<std::string>{kCopyQuestion});
     EXPECT_EQ(FakePrompt::questions.size(), 1U);
-    EXPECT_EQ(shell.settings.DatabasePath, path);
-    EXPECT_EQ(ShownWindow::rowCount, 1);
+    EXPECT_EQ(shell.database.path, path);
+    EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 1);
 }
 
 TEST_F(FileOpen, UpperCaseExtensionOffersTheCopyToo) {
     const FakePrompt prompt{Make(L"SHIP.VEW")};
     ME_FileOpen_Click();
-    EXPECT_EQ(RecordingScreen::Of("ask"), std::vector<std::string>{kCopyQuestion});
+    EXPECT_EQ(RecordedReports::Of("ask"), std::vector<std::string>{kCopyQuestion});
 }
 
 TEST_F(FileOpen, YesOpensTheCopy) {
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     const std::wstring path = Make(L"ship.vew", {ModelKind::kSection});
     const std::string bytes = ReadFileBytes(path);
     const FakePrompt prompt{path, browse + L"copy.ve2"};
@@ -430,7 +430,7 @@ TEST_F(FileOpen, YesOpensTheCopy) {
     EXPECT_EQ(asked.caption, L"Save database as");
     EXPECT_EQ(asked.flags, -1);
     EXPECT_EQ(asked.directory, StripTrailingBackslash(work));
-    EXPECT_EQ(shell.settings.DatabasePath, browse + L"copy.ve2");
+    EXPECT_EQ(shell.database.path, browse + L"copy.ve2");
     EXPECT_EQ(shell.settings.BrowseDirectory, browse);
     EXPECT_EQ(ReadFileBytes(browse + L"copy.ve2"), bytes);
     EXPECT_EQ(ReadFileBytes(path), bytes);
@@ -439,37 +439,37 @@ TEST_F(FileOpen, YesOpensTheCopy) {
 
 TEST_F(FileOpen, CancelledCopyLeavesTheOpenDatabase) {
     MakeOpen(L"old.ve2");
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     const FakePrompt prompt{Make(L"ship.vew")};
     const Before before;
     ME_FileOpen_Click();
     EXPECT_EQ(FakePrompt::questions.size(), 2U);
-    EXPECT_EQ(shell.settings.DatabasePath, before.databasePath);
-    EXPECT_EQ(shell.bsd, before.bsd);
-    EXPECT_TRUE(RecordingScreen::Of("rows").empty());
+    EXPECT_EQ(shell.database.path, before.databasePath);
+    EXPECT_EQ(shell.database.bsd, before.bsd);
+    EXPECT_TRUE(RecordedReports::Of("rows").empty());
 }
 
 TEST_F(FileOpen, CopyThatCannotBeMadeLeavesTheOpenDatabase) {
     MakeOpen(L"old.ve2");
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     const FakePrompt prompt{Make(L"ship.vew"), File(L"none\\copy.ve2")};
     ME_FileOpen_Click();
     EXPECT_TRUE(OnlyWarning("none\\copy.ve2' cannot be created"));
-    EXPECT_EQ(shell.settings.DatabasePath, File(L"old.ve2"));
+    EXPECT_EQ(shell.database.path, File(L"old.ve2"));
 }
 
 TEST_F(FileOpen, CopyOntoItselfOpensTheFile) {
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     const std::wstring path = Make(L"ship.vew", {ModelKind::kSection});
     const std::string bytes = ReadFileBytes(path);
     const FakePrompt prompt{path, path};
     ME_FileOpen_Click();
-    EXPECT_EQ(shell.settings.DatabasePath, path);
+    EXPECT_EQ(shell.database.path, path);
     EXPECT_EQ(ReadFileBytes(path), bytes);
 }
 
 TEST_F(FileOpen, CopyNamedStarBearsItsFoldersName) {
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     for (const wchar_t* name : {L"work\\star.vew", L"work\\STAR.VEW"}) {
         const std::wstring path = Make(name, {ModelKind::kSection});
         const std::string bytes = ReadFileBytes(path);
@@ -480,7 +480,7 @@ TEST_F(FileOpen, CopyNamedStarBearsItsFoldersName) {
         EXPECT_EQ(Narrow(ShipName()), Narrow(expected));
         BasicShipData saved;
         EXPECT_TRUE(LoadBsdFromDatabase(File(L"copy.ve2"), saved));
-        EXPECT_EQ(saved, shell.bsd);
+        EXPECT_EQ(saved, shell.database.bsd);
         EXPECT_EQ(CountModels(File(L"copy.ve2")), 1);
         EXPECT_EQ(ReadFileBytes(path), bytes) << "the old file stays";
     }
@@ -512,18 +512,18 @@ TEST_F(FileSaveAs, CopyIsTheSameToTheByteAndBecomesTheOpenDatabase) {
     MakeOpen(L"ship.ve2", {ModelKind::kSection, ModelKind::kTorsion});
     test::Append(File(L"ship.ve2"), "stray bytes \xFF without a line end");
     const std::string bytes = ReadFileBytes(File(L"ship.ve2"));
-    shell.currentModel = 2;
-    const BasicShipData bsd = shell.bsd;
+    shell.database.currentModel = 2;
+    const BasicShipData bsd = shell.database.bsd;
     const FakePrompt prompt{work + L"copy.ve2"};
     ME_FileSaveAs_Click();
     EXPECT_EQ(ReadFileBytes(work + L"copy.ve2"), bytes);
     EXPECT_EQ(ReadFileBytes(File(L"ship.ve2")), bytes);
-    EXPECT_EQ(shell.settings.DatabasePath, work + L"copy.ve2");
+    EXPECT_EQ(shell.database.path, work + L"copy.ve2");
     EXPECT_EQ(shell.settings.BrowseDirectory, work);
-    EXPECT_EQ(ShownWindow::database, work + L"copy.ve2");
-    EXPECT_EQ(shell.currentModel, 2);
-    EXPECT_EQ(ShownWindow::selected, 1);
-    EXPECT_EQ(shell.bsd, bsd);
+    EXPECT_EQ(FakeView::database, work + L"copy.ve2");
+    EXPECT_EQ(shell.database.currentModel, 2);
+    EXPECT_EQ(FakeView::selected, 1);
+    EXPECT_EQ(shell.database.bsd, bsd);
 }
 
 TEST_F(FileSaveAs, CancelChangesNothing) {
@@ -547,8 +547,8 @@ TEST_F(FileSaveAs, OpenDatabaseItselfIsNotHarmed) {
     const FakePrompt prompt{File(L"work\\..\\ship.ve2")};
     ME_FileSaveAs_Click();
     EXPECT_EQ(ReadFileBytes(File(L"ship.ve2")), bytes);
-    EXPECT_EQ(shell.settings.DatabasePath, File(L"ship.ve2"));
-    EXPECT_EQ(ShownWindow::rowCount, 1);
+    EXPECT_EQ(shell.database.path, File(L"ship.ve2"));
+    EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 1);
     EXPECT_TRUE(Warnings().empty());
 }
 
@@ -557,12 +557,12 @@ TEST_F(FileSaveAs, ReadOnlyDatabaseGivesAWritableCopy) {
     ASSERT_EQ(system::SetReadOnly(File(L"ship.ve2"), true), system::kErrorNone);
     const FakePrompt prompt{File(L"copy.ve2")};
     ME_FileSaveAs_Click();
-    EXPECT_EQ(shell.settings.DatabasePath, File(L"copy.ve2"));
+    EXPECT_EQ(shell.database.path, File(L"copy.ve2"));
     EXPECT_FALSE(IsReadOnlyFile(File(L"copy.ve2")));
 }
 
 TEST_F(FileSaveAs, MissingDatabaseIsReported) {
-    shell.settings.DatabasePath = File(L"gone.ve2");
+    shell.database.path = File(L"gone.ve2");
     const FakePrompt prompt{File(L"copy.ve2")};
     ME_FileSaveAs_Click();
     EXPECT_TRUE(OnlyWarning("gone.ve2' cannot be opened"));
@@ -573,7 +573,7 @@ TEST_F(FileSaveAs, NothingHappensWithoutADatabase) {
     const FakePrompt prompt{File(L"copy.ve2")};
     ME_FileSaveAs_Click();
     EXPECT_TRUE(FakePrompt::questions.empty());
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "shell/state.h"
+#include "tests/shell/fake_view.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -11,17 +12,17 @@ namespace {
 using Events = std::vector<std::string>;
 
 TEST(HelpCommands, AboutBoxIsHeadedByTitleAndVersion) {
-    const test::RecordingScreen screen;
+    const test::FakeView screen;
     ME_HelpAbout_Click();
-    EXPECT_EQ(test::RecordingScreen::events, Events{"about Corvanev1.0"});
+    EXPECT_EQ(test::RecordedReports::events, Events{"about Corvanev1.0"});
 }
 
 TEST(HelpCommands, HeadingFollowsTheRuleSetAndDebugMode) {
-    const test::RecordingScreen screen;
+    const test::FakeView screen;
     shell.title = L"Corvane MIL";
     shell.debugMode = true;
     ME_HelpAbout_Click();
-    EXPECT_EQ(test::RecordingScreen::events, Events{"about Corvane MILv1.0 (r0)"});
+    EXPECT_EQ(test::RecordedReports::events, Events{"about Corvane MILv1.0 (r0)"});
 }
 
 }  // namespace

@@ -8,12 +8,13 @@
 #include "legacy/exchange.h"
 #include "platform/system.h"
 #include "report/messages.h"
-#include "shell/commands/exchange_commands.h"
-#include "shell/window_contents.h"
+#include "shell/commands/section_commands.h"
+#include "shell/open_database.h"
 #include "tests/companions/legacy_file.h"
 #include "tests/database/sample_database.h"
 #include "tests/legacy/legacy_support.h"
 #include "tests/shell/command_support.h"
+#include "tests/shell/fake_view.h"
 #include "tests/shell/sample_models.h"
 
 namespace corvane {
@@ -35,7 +36,7 @@ struct ImportCommand : CommandTest {
 
     void Open(std::initializer_list<ModelKind> kinds) {
         MakeOpen(L"ship.ve2", kinds);
-        path = shell.settings.DatabasePath;
+        path = shell.database.path;
         before = ReadFileBytes(path);
     }
     // What the user selects: rows of the file's list, from 1; all of them when none is told.
@@ -48,14 +49,14 @@ struct ImportCommand : CommandTest {
             }
             choice.items = selected;
         }
-        ShownWindow::askImport = [choice](ImportChoice& asked) {
+        FakeView::askImport = [choice](ImportChoice& asked) {
             asked = choice;
             return true;
         };
     }
     static void Import(const std::wstring& source, const Numbers& rows = {}) {
         Choose(source, rows);
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         ME_SectionImport_Click();
     }
     static Names ModelNames(const std::wstring& file) {
@@ -77,9 +78,9 @@ struct ImportCommand : CommandTest {
     void ExpectUntouched() const {
         EXPECT_EQ(ReadFileBytes(path), before);
         EXPECT_FALSE(FileExists(File(L"ship.bak")));
-        EXPECT_EQ(shell.settings.DatabasePath, path);
-        EXPECT_EQ(shell.currentModel, 1);
-        EXPECT_TRUE(RecordingScreen::Of("rows").empty());
+        EXPECT_EQ(shell.database.path, path);
+        EXPECT_EQ(shell.database.currentModel, 1);
+        EXPECT_TRUE(RecordedReports::Of("rows").empty());
     }
 };
 
@@ -90,11 +91,11 @@ TEST_F(ImportCommand, SectionsOfALegacyDatabaseAreAppendedAndTheLastBecomesCurre
     Import(legacy);
     EXPECT_EQ(ModelNames(), (Names{L"Frame 10", L"Frame 10", L"Frame 30", L"Frame 40"}));
     EXPECT_EQ(ModelNumbers(path), (Numbers{1, 2, 3, 4}));
-    EXPECT_EQ(shell.currentModel, 4);
-    EXPECT_EQ(RecordingScreen::Of("rows"), Told{"4"});
-    EXPECT_TRUE(RecordingScreen::caption.empty());
+    EXPECT_EQ(shell.database.currentModel, 4);
+    EXPECT_EQ(RecordedReports::Of("rows"), Told{"4"});
+    EXPECT_TRUE(RecordedReports::caption.empty());
     EXPECT_TRUE(Warnings().empty());
-    EXPECT_EQ(RecordingScreen::events.back(), "pointer reset");
+    EXPECT_EQ(RecordedReports::events.back(), "pointer reset");
 }
 
 TEST_F(ImportCommand, OnlyWhatIsSelectedIsAppended) {
@@ -115,7 +116,7 @@ TEST_F(ImportCommand, ModelsOfAllKindsAreAppendedFromAModelDatabase) {
         EXPECT_EQ(models[i + 2].kind, source[i].kind);
         EXPECT_EQ(models[i + 2].number, static_cast<int32_t>(i) + 3);
     }
-    EXPECT_EQ(shell.currentModel, 7);
+    EXPECT_EQ(shell.database.currentModel, 7);
     EXPECT_EQ(ReadFileBytes(other), DatabaseText(FiveBlocks()));
 }
 
@@ -226,7 +227,7 @@ TEST_F(ImportCommand, BackupHoldsTheDatabaseAsItWasBeforeTheFirstModel) {
 
 TEST_F(ImportCommand, CancelChangesNothing) {
     ME_SectionImport_Click();
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
     ExpectUntouched();
     EXPECT_EQ(shell.settings.BrowseDirectory, browse);
 }
@@ -246,7 +247,7 @@ TEST_F(ImportCommand, FolderOfTheFileBecomesTheBrowseDirectory) {
 
 TEST_F(ImportCommand, ListTakesClicksWhileTheBoxIsUp) {
     bool suppressed = true;
-    ShownWindow::askImport = [&suppressed](ImportChoice&) {
+    FakeView::askImport = [&suppressed](ImportChoice&) {
         suppressed = shell.suppressListEvents;
         return false;
     };
@@ -258,7 +259,7 @@ TEST_F(ImportCommand, ListTakesClicksWhileTheBoxIsUp) {
 
 TEST_F(ImportCommand, MissingDatabaseIsReportedBeforeTheBox) {
     system::RemoveFile(path);
-    ShownWindow::askImport = [](ImportChoice&) {
+    FakeView::askImport = [](ImportChoice&) {
         ADD_FAILURE() << "the box was shown";
         return false;
     };
@@ -312,7 +313,7 @@ TEST_F(ImportCommand, SourceThatChangedSinceItWasListedGivesNothing) {
     ME_SectionImport_Click();
     EXPECT_EQ(Warnings(), Told{WarningText(3523, {other})});
     ExpectUntouched();
-    RecordingScreen::events.clear();
+    RecordedReports::events.clear();
     Choose(legacy);
     WriteLegacyDatabase(legacy, {L"Frame 30"});
     ME_SectionImport_Click();
@@ -326,7 +327,7 @@ TEST_F(ImportCommand, SourceThatWasDamagedSinceItWasListedGivesNothing) {
     Choose(legacy);
     for (size_t size = 0; size < bytes.size(); size += 1709) {
         WriteFileBytes(legacy, bytes.substr(0, size));
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         ME_SectionImport_Click();
         EXPECT_EQ(Warnings().size(), 2u) << size;
         EXPECT_EQ(Warnings().at(0),
@@ -334,7 +335,7 @@ TEST_F(ImportCommand, SourceThatWasDamagedSinceItWasListedGivesNothing) {
         ExpectUntouched();
     }
     system::RemoveFile(legacy);
-    RecordingScreen::events.clear();
+    RecordedReports::events.clear();
     ME_SectionImport_Click();
     EXPECT_EQ(Warnings().at(0), WarningText(1020, {legacy}));
     ExpectUntouched();
@@ -365,12 +366,12 @@ TEST_F(ImportCommand, OpenFileThatIsNoDatabaseIsToldOnce) {
 TEST_F(ImportCommand, DatabaseWithoutValidShipDataTakesModels) {
     before = FetchStructuralLines().signature + "\r\n" + ModelText(1, ModelKind::kSection);
     WriteFileBytes(path, before);
-    shell.bsd = BasicShipData();
+    shell.database.bsd = BasicShipData();
     WriteLegacyDatabase(legacy, {L"Frame 30"});
     Import(legacy);
     EXPECT_EQ(ModelNames(), (Names{L"Frame 10", L"Frame 30"}));
     EXPECT_TRUE(Warnings().empty());
-    EXPECT_EQ(RecordingScreen::Of("caption").back(), Narrow(GetMessage(1066)) + "...");
+    EXPECT_EQ(RecordedReports::Of("caption").back(), Narrow(GetMessage(1066)) + "...");
 }
 
 TEST_F(ImportCommand, DatabaseWhoseNumbersAreUsedUpIsToldOnce) {
@@ -393,7 +394,7 @@ TEST_F(ImportCommand, ModelBeyondTheListIsAppendedAndTheCurrentOneStays) {
     WriteLegacyDatabase(legacy, {L"Frame 30"});
     Import(legacy);
     EXPECT_EQ(CountModels(path), 32768);
-    EXPECT_EQ(shell.currentModel, 1);
+    EXPECT_EQ(shell.database.currentModel, 1);
     EXPECT_TRUE(Warnings().empty());
 }
 
@@ -407,8 +408,8 @@ TEST_F(ImportCommand, ReadOnlyDatabaseIsTakenToAnotherFileWhichBecomesTheOpenOne
     Import(legacy);
     EXPECT_EQ(Warnings(), Told{WarningText(1086, {path})});
     EXPECT_EQ(FakePrompt::questions.size(), 1u);
-    EXPECT_EQ(shell.settings.DatabasePath, target);
-    EXPECT_EQ(shell.currentModel, 4);
+    EXPECT_EQ(shell.database.path, target);
+    EXPECT_EQ(shell.database.currentModel, 4);
     EXPECT_EQ(ModelNames(target).size(), 4u);
     EXPECT_EQ(ReadFileBytes(path), before);
     EXPECT_EQ(ReadFileBytes(File(L"writable.bak")), before);
@@ -420,7 +421,7 @@ TEST_F(ImportCommand, ReadOnlyDatabaseAndNoOtherFileIsAskedAboutOnce) {
     const FakePrompt prompt;
     Import(legacy);
     EXPECT_EQ(FakePrompt::questions.size(), 1u);
-    EXPECT_EQ(RecordingScreen::events.back(), "pointer reset");
+    EXPECT_EQ(RecordedReports::events.back(), "pointer reset");
     ExpectUntouched();
 }
 

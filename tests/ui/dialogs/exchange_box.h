@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "shell/state.h"
+#include "tests/shell/fake_view.h"
 #include "tests/support/support.h"
 #include "tests/ui/dialogs/modal_window.h"
 #include "ui/base/control_ids.h"
@@ -15,7 +16,7 @@
 namespace corvane::test {
 
 struct ExchangeBoxTest : testing::Test {
-    RecordingScreen screen;
+    FakeView screen;
     FreshSettingsFile settings;
     KeepCurrentDirectory directory;
     TemporaryFolder folder;
@@ -35,7 +36,7 @@ struct ExchangeBoxTest : testing::Test {
         return folder.File(name) + L"\\";
     }
     // What the program told the user so far.
-    static std::vector<std::string> Told() { return RecordingScreen::Of("plain"); }
+    static std::vector<std::string> Told() { return RecordedReports::Of("plain"); }
 
     // What the user does to an open box.
     static HWND List(HWND window, int id) { return GetDlgItem(window, id); }

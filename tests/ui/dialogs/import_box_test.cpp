@@ -8,6 +8,7 @@
 #include "database/database_file.h"
 #include "platform/ztutil32.h"
 #include "report/messages.h"
+#include "tests/shell/fake_view.h"
 #include "tests/ui/dialogs/exchange_box.h"
 
 namespace corvane {
@@ -165,15 +166,15 @@ TEST_F(ImportBoxTest, PreviewIsTurnedOffAndOn) {
 
 TEST_F(ImportBoxTest, PreviewOfTheMainWindowIsNotTouched) {
     Legacy(L"ship.vel");
-    shell.previewSection.x_m = 77;
-    shell.bsd.MainData(1) = 88;
+    shell.preview.section.x_m = 77;
+    shell.database.bsd.MainData(1) = 88;
     Ask([](HWND window) {
         Choose(window, L"ship.vel");
         EXPECT_TRUE(ShowsPreview(window));
     });
-    EXPECT_EQ(shell.previewSection.x_m, 77);
-    EXPECT_EQ(shell.bsd.MainData(1), 88);
-    EXPECT_FALSE(shell.previewShown);
+    EXPECT_EQ(shell.preview.section.x_m, 77);
+    EXPECT_EQ(shell.database.bsd.MainData(1), 88);
+    EXPECT_FALSE(shell.preview.isShown);
 }
 
 TEST_F(ImportBoxTest, ListTakesNoClicksWhileTheyAreSuppressed) {
@@ -196,9 +197,9 @@ TEST_F(ImportBoxTest, ListTakesNoClicksWhileTheyAreSuppressed) {
 TEST_F(ImportBoxTest, PointerIsBusyWhileAFileIsListed) {
     Legacy(L"ship.vel");
     Ask([](HWND window) {
-        test::RecordingScreen::events.clear();
+        test::RecordedReports::events.clear();
         Choose(window, L"ship.vel");
-        EXPECT_EQ(test::RecordingScreen::Of("pointer"), (Texts{"busy", "reset"}));
+        EXPECT_EQ(test::RecordedReports::Of("pointer"), (Texts{"busy", "reset"}));
     });
 }
 
@@ -266,7 +267,7 @@ TEST_F(ImportBoxTest, DamagedFileClearsThePreviewOfTheOneBefore) {
         EXPECT_TRUE(ShowsPreview(window));
         Choose(window, L"damaged.ve2");
         EXPECT_TRUE(ShowsNoPreview(window));
-        EXPECT_EQ(test::RecordingScreen::Of("warning").size(), 1U) << "told once";
+        EXPECT_EQ(test::RecordedReports::Of("warning").size(), 1U) << "told once";
     });
 }
 

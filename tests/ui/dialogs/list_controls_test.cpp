@@ -2,12 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/shell/fake_view.h"
 #include "tests/support/support.h"
 
 namespace corvane {
 namespace {
 
-using test::RecordingScreen;
+using test::FakeView;
+using test::RecordedReports;
 
 struct ListBox {
     HWND window;
@@ -50,35 +52,35 @@ TEST(AddListItemWithData, NumberStaysWithItsItemInASortedList) {
 }
 
 TEST(SelectAllInList, SelectsAndDeselectsEveryItem) {
-    const RecordingScreen screen;
+    const FakeView screen;
     const ListBox list(LBS_HASSTRINGS | LBS_EXTENDEDSEL);
     list.AddThree();
     SelectAllInList(list.window);
     EXPECT_EQ(list.Send(LB_GETSELCOUNT), 3);
-    EXPECT_EQ(RecordingScreen::events, std::vector<std::string>{"pending"});
+    EXPECT_EQ(RecordedReports::events, std::vector<std::string>{"pending"});
     SelectAllInList(list.window, false);
     EXPECT_EQ(list.Send(LB_GETSELCOUNT), 0);
 }
 
 TEST(SelectAllInList, DisabledListStaysAsItIs) {
-    const RecordingScreen screen;
+    const FakeView screen;
     const ListBox list(LBS_HASSTRINGS | LBS_MULTIPLESEL);
     list.AddThree();
     EnableWindow(list.window, FALSE);
     SelectAllInList(list.window);
     EXPECT_EQ(list.Send(LB_GETSELCOUNT), 0);
-    EXPECT_TRUE(RecordingScreen::events.empty());
+    EXPECT_TRUE(RecordedReports::events.empty());
 }
 
 TEST(SelectAllInList, EmptyListIsNoError) {
-    const RecordingScreen screen;
+    const FakeView screen;
     const ListBox list(LBS_HASSTRINGS | LBS_EXTENDEDSEL);
     SelectAllInList(list.window);
     EXPECT_EQ(list.Send(LB_GETSELCOUNT), 0);
 }
 
 TEST(SelectAllInList, ListForOneChoiceLosesIt) {
-    const RecordingScreen screen;
+    const FakeView screen;
     const ListBox list(LBS_HASSTRINGS);
     list.AddThree();
     list.Send(LB_SETCURSEL, 1);

@@ -8,6 +8,7 @@
 
 #include "report/messages.h"
 #include "shell/state.h"
+#include "tests/shell/fake_view.h"
 #include "tests/support/support.h"
 #include "tests/ui/dialogs/modal_window.h"
 #include "ui/base/control_ids.h"
@@ -16,7 +17,7 @@
 #include "ui/dialogs/about.h"
 #include "ui/dialogs/input_box.h"
 #include "ui/dialogs/splash.h"
-#include "ui/main_window/windows_screen.h"
+#include "ui/main_window/windows_view.h"
 
 namespace corvane {
 namespace {
@@ -38,7 +39,7 @@ constexpr ProgramVersion kFirstExperimental{1, 0, 2000};
 // ---- The input box -----------------------------------------------------------------------------
 
 struct InputBoxTest : testing::Test {
-    test::RecordingScreen kept;
+    test::FakeView kept;
     std::wstring answer = L"Copy of Frame 10";
 
     bool Ask(const std::function<void(HWND)>& look,
@@ -191,7 +192,7 @@ TEST_F(InputBoxTest, EveryResolutionScalesItWhole) {
 // ---- The About box -----------------------------------------------------------------------------
 
 struct AboutTest : testing::Test {
-    test::RecordingScreen kept;
+    test::FakeView kept;
 
     static void Show(const std::function<void(HWND)>& look,
                      const ProgramVersion& version = kLastOfficial) {
@@ -277,7 +278,7 @@ TEST_F(AboutTest, EveryResolutionScalesItWhole) {
 // ---- The splash --------------------------------------------------------------------------------
 
 struct SplashTest : testing::Test {
-    test::RecordingScreen kept;
+    test::FakeView kept;
     ~SplashTest() override { UnloadSplash(); }
 
     static HWND Show(const ProgramVersion& version = kProgramVersion) {

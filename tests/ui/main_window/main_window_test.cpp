@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "shell/state.h"
 #include "tests/support/support.h"
 #include "tests/ui/main_window/open_window.h"
@@ -47,7 +47,7 @@ TEST(MainWindowWindow, RefreshSelectsTheCurrentModelAndFillsTheLabels) {
     EXPECT_EQ(open.SelectedRow(), 0);
     EXPECT_EQ(open.Text(LB_X), "X = 20.7 m");
     EXPECT_EQ(open.Text(LB_Frame), "Frame : 30");
-    EXPECT_EQ(open.Text(TX_DataBase), test::Narrow(shell.settings.DatabasePath));
+    EXPECT_EQ(open.Text(TX_DataBase), test::Narrow(shell.database.path));
     EXPECT_EQ(test::Narrow(WindowText(open.window)), "Corvane - aurora_bay.ve2 - AURORA BAY");
     EXPECT_EQ(open.Text(PAN_Help), "");
 }
@@ -55,11 +55,11 @@ TEST(MainWindowWindow, RefreshSelectsTheCurrentModelAndFillsTheLabels) {
 TEST(MainWindowWindow, SelectionOfARowSelectsItsModel) {
     const OpenWindow open;
     open.SetSelected(9, true);
-    EXPECT_EQ(shell.currentModel, 10);
+    EXPECT_EQ(shell.database.currentModel, 10);
     EXPECT_EQ(open.Text(LB_Frame), "Frame : 46");
     EXPECT_EQ(open.MenuText(3), "Bul&khead");
     open.SetSelected(13, true);
-    EXPECT_EQ(shell.currentModel, 14);
+    EXPECT_EQ(shell.database.currentModel, 14);
     EXPECT_EQ(open.MenuText(3), "&Torsion");
 }
 
@@ -68,7 +68,7 @@ TEST(MainWindowWindow, LosingTheSelectionEmptiesTheLabelsAndKeepsTheNumber) {
     open.SetSelected(12, true);
     open.SetSelected(12, false);
     EXPECT_EQ(open.SelectedRow(), -1);
-    EXPECT_EQ(shell.currentModel, 13);
+    EXPECT_EQ(shell.database.currentModel, 13);
     EXPECT_EQ(open.Text(LB_X), "");
     EXPECT_EQ(open.Text(LB_Frame), "");
     EXPECT_EQ(open.MenuText(3), "&Section");

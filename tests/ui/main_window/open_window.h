@@ -7,19 +7,20 @@
 
 #include "bsd/bsd_file.h"
 #include "report/messages.h"
+#include "shell/open_database.h"
 #include "shell/state.h"
-#include "shell/window_contents.h"
+#include "tests/shell/fake_view.h"
 #include "tests/support/support.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
-#include "ui/main_window/windows_screen.h"
+#include "ui/main_window/windows_view.h"
 
 namespace corvane::test {
 
 // The main window with the sample ship, not shown. Closed with the record, when the test has not.
 struct OpenWindow {
-    RecordingScreen keptState;
+    FakeView keptState;
     FreshSettingsFile settings;
     KeepCurrentDirectory directory;
     HWND window = nullptr;
@@ -28,8 +29,8 @@ struct OpenWindow {
     explicit OpenWindow(bool withSample = true, void (*prepare)() = nullptr) {
         shell.screen = WindowsScreen();
         if (withSample) {
-            shell.settings.DatabasePath = DataPath("../samples/aurora_bay.ve2");
-            EXPECT_TRUE(LoadBsdFromDatabase(shell.settings.DatabasePath, shell.bsd));
+            shell.database.path = DataPath("../samples/aurora_bay.ve2");
+            EXPECT_TRUE(LoadBsdFromDatabase(shell.database.path, shell.database.bsd));
         }
         if (prepare != nullptr) prepare();
         shell.screen.loadMainWindow();

@@ -5,9 +5,10 @@
 
 #include <vector>
 
+#include "shell/open_database.h"
 #include "shell/state.h"
-#include "shell/window_contents.h"
 #include "tests/companions/sample_section.h"
+#include "tests/shell/fake_view.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -31,7 +32,7 @@ int16_t ComputeDeck(Section* section, DrawingParameters*) {
 
 // A picture in a hidden window.
 struct SectionPicture : testing::Test {
-    test::RecordingScreen keptState;
+    test::FakeView keptState;
     test::FakeFunction<decltype(QuickCompute)> quickCompute{QuickCompute, ComputeDeck};
     HWND parent = nullptr;
     HWND picture = nullptr;
@@ -41,14 +42,14 @@ struct SectionPicture : testing::Test {
                                  nullptr, nullptr);
         picture = CreateSectionPicture(parent, {DrawPreview, L""});
         SetWindowPos(picture, nullptr, 0, 0, 304, 204, SWP_NOZORDER | SWP_NOACTIVATE);
-        for (const int item : {1, 3, 9}) shell.bsd.MainData(item) = 10;
-        shell.bsd.MainData(2) = 20;
+        for (const int item : {1, 3, 9}) shell.database.bsd.MainData(item) = 10;
+        shell.database.bsd.MainData(2) = 20;
     }
     ~SectionPicture() override { DestroyWindow(parent); }
 
     void ShowDeck() {
-        shell.previewSection = OneDeck();
-        shell.previewShown = true;
+        shell.preview.section = OneDeck();
+        shell.preview.isShown = true;
         RedrawSectionPicture(picture);
     }
     // Number of pixels in the colour of plating that a repaint shows.
@@ -86,16 +87,16 @@ TEST_F(SectionPicture, ShowsTheSectionInMemory) {
 TEST_F(SectionPicture, RepaintNeedsNeitherSectionNorLibrary) {
     ShowDeck();
     const int shown = PlatingPixels();
-    shell.previewShown = false;
-    shell.previewSection = {};
+    shell.preview.isShown = false;
+    shell.preview.section = {};
     EXPECT_EQ(PlatingPixels(), shown);
 }
 
 TEST_F(SectionPicture, KeepsItsContentsWhenTheBsdIsNotDefined) {
     ShowDeck();
     const int shown = PlatingPixels();
-    shell.bsd.MainData(9) = 0;
-    shell.previewSection = {};
+    shell.database.bsd.MainData(9) = 0;
+    shell.preview.section = {};
     RedrawSectionPicture(picture);
     EXPECT_EQ(PlatingPixels(), shown);
 }

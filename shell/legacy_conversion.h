@@ -1,4 +1,4 @@
-// Commands on databases of the suite's DOS days.
+// Databases of the suite's DOS days, and the open database.
 #pragma once
 
 #include <string>
@@ -13,5 +13,10 @@ namespace corvane {
 // What fails is reported and leaves every file and the open database as they were. The current
 // directory is the same afterwards; BrowseDirectory becomes the legacy file's folder.
 void OpenLegacyDatabase(std::wstring path = {});
+
+// Writes the sections of the open database into a new legacy database: when the library or the disk
+// fails, which is reported, the file of that name is as it was. A section that cannot be read is
+// reported and left out.
+void SaveAsLegacyDatabase(const std::wstring& path);
 
 }  // namespace corvane

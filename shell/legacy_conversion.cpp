@@ -1,16 +1,15 @@
-#include "shell/commands/legacy_commands.h"
+#include "shell/legacy_conversion.h"
 
 #include "database/editing.h"
 #include "files/file_system.h"
 #include "files/paths.h"
-#include "files/running.h"
 #include "legacy/exchange.h"
 #include "platform/system.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 #include "shell/commands/commands.h"
 #include "shell/file_prompt.h"
+#include "shell/new_file.h"
 #include "shell/state.h"
-#include "shell/window_contents.h"
 #include "text/text.h"
 
 namespace corvane {
@@ -25,9 +24,9 @@ std::wstring NewBaseName(const std::wstring& legacyPath) {
     return isDefault ? CleanFileName(DirectoryOf(legacyPath)) : baseName;
 }
 
-bool MayBeWritten(const std::wstring& path) {
+bool ConfirmWriting(const std::wstring& path) {
     return !FileExists(path) ||
-           shell.screen.askYesNo(ExpandLineBreaks(FormatMessage(kMsgOverwriteQuestion, {path})));
+           shell.view.askYesNo(ExpandLineBreaks(FormatMessage(kMsgOverwriteQuestion, {path})));
 }
 
 // Appends the sections to a database that has no model.
@@ -43,17 +42,10 @@ bool AppendSections(const std::wstring& legacyPath, std::wstring& path) {
     return true;
 }
 
-// Puts the whole new database, made elsewhere, at `path`.
 bool WriteConverted(const std::wstring& legacyPath, const std::wstring& path, BasicShipData& bsd) {
-    std::wstring temporary = TempFileName();
-    bool done = CreateDatabaseFile(temporary, bsd) && AppendSections(legacyPath, temporary);
-    if (done) {
-        const ReplaceResult result = PutCopy(temporary, path);
-        done = result.Done();
-        if (!done) ReportMessage(kMsgFileNotMade, {path, system::ErrorText(result.error)});
-    }
-    KillFile(temporary);
-    return done;
+    return MakeFile(path, [&](std::wstring temporary) {
+        return CreateDatabaseFile(temporary, bsd) && AppendSections(legacyPath, temporary);
+    });
 }
 
 void Convert(const std::wstring& legacyPath) {
@@ -63,10 +55,8 @@ void Convert(const std::wstring& legacyPath) {
     bsd.Titles(5).Assign(UpperCase(baseName));
     ChangeToDirectory(shell.settings.WorkDirectory);
     const std::wstring path = system::AbsolutePath(baseName + L".ve2");
-    if (!MayBeWritten(path) || !WriteConverted(legacyPath, path, bsd)) return;
-    shell.settings.DatabasePath = LowerCase(path);
-    shell.bsd = bsd;
-    shell.currentModel = 1;
+    if (!ConfirmWriting(path) || !WriteConverted(legacyPath, path, bsd)) return;
+    AdoptDatabase(LowerCase(path), bsd);
 }
 
 std::wstring AskForLegacyFile() {
@@ -90,6 +80,12 @@ void OpenLegacyDatabase(std::wstring path) {
     ChangeToDirectory(remembered);
     ResetMousePointer();
     RefreshMainWindow();
+}
+
+void SaveAsLegacyDatabase(const std::wstring& path) {
+    MakeFile(path, [&](const std::wstring& temporary) {
+        return ExportDatabase(shell.database.path, temporary, path);
+    });
 }
 
 }  // namespace corvane

@@ -1,4 +1,4 @@
-#include "shell/window_contents.h"
+#include "shell/open_database.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "tests/shell/recording_window.h"
+#include "report/reporters.h"
+#include "shell/commands/commands.h"
+#include "shell/preview_pane.h"
+#include "shell/rule_set.h"
+#include "tests/shell/fake_view.h"
+#include "tests/shell/shown_database.h"
 
 namespace corvane {
 namespace {
@@ -14,41 +19,42 @@ namespace {
 using test::Block;
 using test::Database;
 using test::DefineBsd;
-using test::Happened;
+using test::FakeView;
 using test::Narrow;
-using test::RecordingWindow;
+using test::RecordedReports;
+using test::ShownDatabase;
 using Events = std::vector<std::string>;
 
 // Frames 0 to 100 with a spacing of 1 m, from x = 0 on.
 void GiveFrames() {
-    shell.bsd.FrameZoneCount = 1;
-    shell.bsd.FrameNumbers(0) = 0;
-    shell.bsd.FrameNumbers(1) = 100;
-    shell.bsd.ZoneSpacing(1) = 1;
+    shell.database.bsd.FrameZoneCount = 1;
+    shell.database.bsd.FrameNumbers(0) = 0;
+    shell.database.bsd.FrameNumbers(1) = 100;
+    shell.database.bsd.ZoneSpacing(1) = 1;
 }
 
 Events Ids() {
     Events ids;
-    for (const ModelRow& row : RecordingWindow::rows) ids.push_back(Narrow(row.id));
+    for (const ModelRow& row : FakeView::rows) ids.push_back(Narrow(row.id));
     return ids;
 }
 
 // ---- The list ----------------------------------------------------------------------------------
 
-TEST(MainWindow, TwelveModelsHaveIdsWithABlankBeforeSingleDigits) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, TwelveModelsHaveIdsWithABlankBeforeSingleDigits) {
+    ShownDatabase window;
     window.Open(Database(12));
     RefreshMainWindow();
     EXPECT_EQ(Ids(),
               (Events{" 1", " 2", " 3", " 4", " 5", " 6", " 7", " 8", " 9", "10", "11", "12"}));
 }
 
-TEST(MainWindow, RowsOfEveryKindShowNameTypeIconAndTag) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, RowsOfEveryKindShowNameTypeIconAndTag) {
+    ShownDatabase window;
     window.Open("DATABASE\r\n" + Block(1, "SECTION", "  Midship  ", " 100.5\t 1 ") +
                 Block(2, "BHA", "Fore", " 20 ") + Block(3, "TORSION", "Girder", " 7 ") +
                 Block(4, "OTHER", "Odd", " 1 "));
-    const std::vector<ModelRow> rows = FillModelList(shell.settings.DatabasePath);
+    const std::vector<ModelRow> rows = FillModelList(shell.database.path);
     ASSERT_EQ(rows.size(), 4U);
     EXPECT_EQ(rows[0].name, L"Midship");
     EXPECT_EQ(rows[0].x, L"100.500");
@@ -63,17 +69,17 @@ TEST(MainWindow, RowsOfEveryKindShowNameTypeIconAndTag) {
     EXPECT_EQ(rows[3].tag, 4);
 }
 
-TEST(MainWindow, TorsionModelHasAnEmptyPositionAndASectionAtZeroHasNot) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, TorsionModelHasAnEmptyPositionAndASectionAtZeroHasNot) {
+    ShownDatabase window;
     window.Open("DATABASE\r\n" + Block(1, "TORSION", "Girder", " 7 ") +
                 Block(2, "SECTION", "Aft", " 0 "));
-    const std::vector<ModelRow> rows = FillModelList(shell.settings.DatabasePath);
+    const std::vector<ModelRow> rows = FillModelList(shell.database.path);
     ASSERT_EQ(rows.size(), 2U);
     EXPECT_EQ(rows[0].x, L"");
     EXPECT_EQ(rows[1].x, L"0.000");
 }
 
-TEST(MainWindow, PositionsHaveThreeDecimals) {
+TEST(OpenDatabaseTest, PositionsHaveThreeDecimals) {
     struct {
         const char* row;
         const wchar_t* shown;
@@ -81,112 +87,106 @@ TEST(MainWindow, PositionsHaveThreeDecimals) {
                        {" 187.25 ", L"187.250"},   {"-.5 ", L""},         {"-0 ", L"0.000"},
                        {" 1000.125 ", L"1000.125"}};
     for (const auto& item : cases) {
-        RecordingWindow window;
+        ShownDatabase window;
         window.Open("DATABASE\r\n" + Block(1, "SECTION", "S", item.row));
-        const std::vector<ModelRow> rows = FillModelList(shell.settings.DatabasePath);
+        const std::vector<ModelRow> rows = FillModelList(shell.database.path);
         ASSERT_EQ(rows.size(), 1U);
         EXPECT_EQ(Narrow(rows[0].x), Narrow(item.shown)) << item.row;
     }
 }
 
-TEST(MainWindow, StatusTellsThePathWhileTheListIsFilledAndIsThenCleared) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, StatusTellsThePathWhileTheListIsFilledAndIsThenCleared) {
+    ShownDatabase window;
     window.Open(Database(1));
-    FillModelList(shell.settings.DatabasePath);
-    EXPECT_EQ(test::RecordingScreen::Of("caption"),
-              (Events{"Reading " + Narrow(shell.settings.DatabasePath) + "...", ""}));
+    FillModelList(shell.database.path);
+    EXPECT_EQ(RecordedReports::Of("caption"),
+              (Events{"Reading " + Narrow(shell.database.path) + "...", ""}));
 }
 
-TEST(MainWindow, ListOfAFileThatIsMissingIsEmpty) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, ListOfAFileThatIsMissingIsEmpty) {
+    ShownDatabase window;
     EXPECT_TRUE(FillModelList(window.folder.File(L"none.ve2")).empty());
 }
 
-TEST(MainWindow, BlockThatIsCutOffStillListsTheModelsBefore) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, BlockThatIsCutOffStillListsTheModelsBefore) {
+    ShownDatabase window;
     window.Open(Database(2) + "== MODEL ==\r\n*\r\n 3 \r\n");
     RefreshMainWindow();
-    ASSERT_GE(RecordingWindow::rows.size(), 2U);
-    EXPECT_EQ(RecordingWindow::rows[1].name, L"Frame 2");
+    ASSERT_GE(FakeView::rows.size(), 2U);
+    EXPECT_EQ(FakeView::rows[1].name, L"Frame 2");
 }
 
 // ---- Refresh -----------------------------------------------------------------------------------
 
-TEST(MainWindow, WithoutADatabaseEverythingIsEmpty) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, WithoutADatabaseEverythingIsEmpty) {
+    ShownDatabase window;
     RefreshMainWindow();
-    EXPECT_EQ(RecordingWindow::database, L"No database selected");
-    EXPECT_TRUE(RecordingWindow::rows.empty());
-    EXPECT_EQ(RecordingWindow::position, L"");
-    EXPECT_EQ(RecordingWindow::frame, L"");
-    EXPECT_EQ(shell.currentModel, 0);
-    EXPECT_TRUE(Happened("clear preview"));
-    EXPECT_TRUE(Happened("title Corvane"));
-    EXPECT_FALSE(Happened("focus list"));
+    EXPECT_EQ(FakeView::database, L"No database selected");
+    EXPECT_TRUE(FakeView::rows.empty());
+    EXPECT_EQ(FakeView::position, L"");
+    EXPECT_EQ(FakeView::frame, L"");
+    EXPECT_EQ(shell.database.currentModel, 0);
+    EXPECT_TRUE(RecordedReports::Happened("clear preview"));
+    EXPECT_TRUE(RecordedReports::Happened("title Corvane"));
+    EXPECT_FALSE(RecordedReports::Happened("focus list"));
 }
 
-TEST(MainWindow, RefreshWithoutAWindowDoesNothing) {
-    const test::RecordingScreen screen;
-    RefreshMainWindow();
-    EXPECT_TRUE(test::RecordingScreen::events.empty());
-}
-
-TEST(MainWindow, FirstModelIsSelectedWhenNoneWasCurrent) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, FirstModelIsSelectedWhenNoneWasCurrent) {
+    ShownDatabase window;
     window.Open(Database(3));
     RefreshMainWindow();
-    EXPECT_EQ(shell.currentModel, 1);
-    EXPECT_EQ(RecordingWindow::selected, 0);
-    EXPECT_EQ(RecordingWindow::position, L"X = 10 m");
-    EXPECT_TRUE(Happened("focus list"));
+    EXPECT_EQ(shell.database.currentModel, 1);
+    EXPECT_EQ(FakeView::selected, 0);
+    EXPECT_EQ(FakeView::position, L"X = 10 m");
+    EXPECT_TRUE(RecordedReports::Happened("focus list"));
 }
 
-TEST(MainWindow, CurrentModelStaysSelected) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, CurrentModelStaysSelected) {
+    ShownDatabase window;
     window.Open(Database(3));
-    shell.currentModel = 3;
+    shell.database.currentModel = 3;
     RefreshMainWindow();
-    EXPECT_EQ(RecordingWindow::selected, 2);
-    EXPECT_EQ(RecordingWindow::position, L"X = 30 m");
+    EXPECT_EQ(FakeView::selected, 2);
+    EXPECT_EQ(FakeView::position, L"X = 30 m");
 }
 
-TEST(MainWindow, AfterDeleteOfTheLastRowNothingIsSelectedAndTheNumberStays) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, AfterDeleteOfTheLastRowNothingIsSelectedAndTheNumberStays) {
+    ShownDatabase window;
     window.Open(Database(2));
-    shell.currentModel = 3;
+    shell.database.currentModel = 3;
     RefreshMainWindow();
-    EXPECT_EQ(shell.currentModel, 3);
-    EXPECT_EQ(RecordingWindow::selected, -1);
-    EXPECT_EQ(RecordingWindow::position, L"");
-    EXPECT_EQ(RecordingWindow::frame, L"");
-    EXPECT_EQ(RecordingWindow::menu, L"&Section");
-    EXPECT_FALSE(Happened("focus list"));
+    EXPECT_EQ(shell.database.currentModel, 3);
+    EXPECT_EQ(FakeView::selected, -1);
+    EXPECT_EQ(FakeView::position, L"");
+    EXPECT_EQ(FakeView::frame, L"");
+    EXPECT_EQ(FakeView::menu, L"&Section");
+    EXPECT_FALSE(RecordedReports::Happened("focus list"));
 }
 
-TEST(MainWindow, DatabaseWithoutModelsClearsThePreview) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, DatabaseWithoutModelsClearsThePreview) {
+    ShownDatabase window;
     window.Open("DATABASE\r\n");
     RefreshMainWindow();
-    EXPECT_TRUE(Happened("clear preview"));
-    EXPECT_EQ(RecordingWindow::selected, -1);
-    EXPECT_EQ(RecordingWindow::database, shell.settings.DatabasePath);
+    EXPECT_TRUE(RecordedReports::Happened("clear preview"));
+    EXPECT_EQ(FakeView::selected, -1);
+    EXPECT_EQ(FakeView::database, shell.database.path);
 }
 
-TEST(MainWindow, StatusAsksForTheBsdWhenItIsNotValid) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, StatusAsksForTheBsdWhenItIsNotValid) {
+    ShownDatabase window;
     window.Open(Database(1));
     RefreshMainWindow();
-    EXPECT_EQ(test::RecordingScreen::caption, L"BSD first...");
+    EXPECT_EQ(RecordedReports::caption, L"BSD first...");
     DefineBsd();
     RefreshMainWindow();
-    EXPECT_EQ(test::RecordingScreen::caption, L"");
+    EXPECT_EQ(RecordedReports::caption, L"");
 }
 
-TEST(MainWindow, RefreshEndsWithEnablingStatusFocusAndPointerInThisOrder) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, RefreshEndsWithEnablingStatusFocusAndPointerInThisOrder) {
+    ShownDatabase window;
     window.Open(Database(1));
     RefreshMainWindow();
-    const Events& events = test::RecordingScreen::events;
+    const Events& events = RecordedReports::events;
     const auto last = std::find(events.begin(), events.end(), "title Corvane - ship.ve2 - ");
     ASSERT_NE(last, events.end());
     EXPECT_EQ(Events(last + 1, events.end()),
@@ -194,110 +194,110 @@ TEST(MainWindow, RefreshEndsWithEnablingStatusFocusAndPointerInThisOrder) {
                       "focus list", "pointer reset"}));
 }
 
-TEST(MainWindow, RefreshTakesTheFaultsColourOffTheStatusLine) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, RefreshTakesTheFaultsColourOffTheStatusLine) {
+    ShownDatabase window;
     FlagStatusFailed(L"fault");
     RefreshMainWindow();
-    const Events& events = test::RecordingScreen::events;
+    const Events& events = RecordedReports::events;
     const auto red = std::find(events.begin(), events.end(), "colour red");
     EXPECT_NE(std::find(red, events.end(), "colour text"), events.end());
 }
 
 // ---- Caption -----------------------------------------------------------------------------------
 
-TEST(MainWindow, CaptionIsTitleFileAndShip) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, CaptionIsTitleFileAndShip) {
+    ShownDatabase window;
     window.Open(Database(1));
     shell.title = L"Corvane JBP";
-    shell.bsd.Titles(5).Assign(L"  AURORA  ");
+    shell.database.bsd.Titles(5).Assign(L"  AURORA  ");
     EXPECT_EQ(MainWindowCaption(), L"Corvane JBP - ship.ve2 - AURORA");
 }
 
-TEST(MainWindow, CaptionStoresTheShipsNameBackTrimmed) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, CaptionStoresTheShipsNameBackTrimmed) {
+    ShownDatabase window;
     window.Open(Database(1));
-    shell.bsd.Titles(5).Assign(L"  AURORA  ");
+    shell.database.bsd.Titles(5).Assign(L"  AURORA  ");
     RefreshMainWindow();
-    EXPECT_EQ(shell.bsd.Titles(5).Whole().substr(0, 8), L"AURORA  ");
-    EXPECT_TRUE(Happened("title Corvane - ship.ve2 - AURORA"));
+    EXPECT_EQ(shell.database.bsd.Titles(5).Whole().substr(0, 8), L"AURORA  ");
+    EXPECT_TRUE(RecordedReports::Happened("title Corvane - ship.ve2 - AURORA"));
 }
 
-TEST(MainWindow, CaptionWithoutADatabaseIsTheTitle) {
-    const RecordingWindow window;
+TEST(OpenDatabaseTest, CaptionWithoutADatabaseIsTheTitle) {
+    const ShownDatabase window;
     shell.title = L"Corvane MIL";
-    shell.bsd.Titles(5).Assign(L"OLD");
+    shell.database.bsd.Titles(5).Assign(L"OLD");
     EXPECT_EQ(MainWindowCaption(), L"Corvane MIL");
 }
 
 // ---- Selection ---------------------------------------------------------------------------------
 
-TEST(MainWindow, SelectedModelBecomesTheCurrentOne) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, SelectedModelBecomesTheCurrentOne) {
+    ShownDatabase window;
     window.Open(Database(3));
     RefreshMainWindow();
-    SelectModel(RecordingWindow::rows[1]);
-    EXPECT_EQ(shell.currentModel, 2);
-    EXPECT_EQ(RecordingWindow::position, L"X = 20 m");
+    SelectRow(1);
+    EXPECT_EQ(shell.database.currentModel, 2);
+    EXPECT_EQ(FakeView::position, L"X = 20 m");
 }
 
-TEST(MainWindow, SectionMenuFollowsTheKindOfTheSelectedModel) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, SectionMenuFollowsTheKindOfTheSelectedModel) {
+    ShownDatabase window;
     window.Open("DATABASE\r\n" + Block(1, "SECTION", "S", " 1 ") + Block(2, "BHA", "B", " 2 ") +
                 Block(3, "TORSION", "T", " 3 "));
     RefreshMainWindow();
-    EXPECT_EQ(RecordingWindow::menu, L"&Section");
-    SelectModel(RecordingWindow::rows[1]);
-    EXPECT_EQ(RecordingWindow::menu, L"Bul&khead");
-    SelectModel(RecordingWindow::rows[2]);
-    EXPECT_EQ(RecordingWindow::menu, L"&Torsion");
+    EXPECT_EQ(FakeView::menu, L"&Section");
+    SelectRow(1);
+    EXPECT_EQ(FakeView::menu, L"Bul&khead");
+    SelectRow(2);
+    EXPECT_EQ(FakeView::menu, L"&Torsion");
     DeselectModel();
-    EXPECT_EQ(RecordingWindow::menu, L"&Section");
-    EXPECT_EQ(shell.currentModel, 3);
+    EXPECT_EQ(FakeView::menu, L"&Section");
+    EXPECT_EQ(shell.database.currentModel, 3);
 }
 
-TEST(MainWindow, ModelWithoutAPositionShowsTheFrameOfTheValueRead) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, ModelWithoutAPositionShowsTheFrameOfTheValueRead) {
+    ShownDatabase window;
     GiveFrames();
     window.Open("DATABASE\r\n" + Block(1, "TORSION", "Girder", " 7 "));
     RefreshMainWindow();
-    EXPECT_EQ(RecordingWindow::rows[0].x, L"");
-    EXPECT_EQ(RecordingWindow::position, L"X = 7 m");
-    EXPECT_EQ(RecordingWindow::frame, L"Frame : 7");
+    EXPECT_EQ(FakeView::rows[0].x, L"");
+    EXPECT_EQ(FakeView::position, L"X = 7 m");
+    EXPECT_EQ(FakeView::frame, L"Frame : 7");
 }
 
-TEST(MainWindow, SelectionAfterTheFileIsGoneShowsNoPosition) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, SelectionAfterTheFileIsGoneShowsNoPosition) {
+    ShownDatabase window;
     window.Open(Database(1));
     RefreshMainWindow();
-    shell.settings.DatabasePath = window.folder.File(L"gone.ve2");
-    SelectModel(RecordingWindow::rows[0]);
-    EXPECT_EQ(RecordingWindow::position, L"X = -1 m");
+    shell.database.path = window.folder.File(L"gone.ve2");
+    SelectRow(0);
+    EXPECT_EQ(FakeView::position, L"X = -1 m");
 }
 
 // ---- Frame label -------------------------------------------------------------------------------
 
-TEST(MainWindow, BsdWithoutFramesSaysSo) {
-    const RecordingWindow window;
+TEST(OpenDatabaseTest, BsdWithoutFramesSaysSo) {
+    const ShownDatabase window;
     EXPECT_EQ(FrameText(12.0F), L"No frame in BSD");
 }
 
-TEST(MainWindow, FrameWithinAMillimetreIsTheFrame) {
-    const RecordingWindow window;
+TEST(OpenDatabaseTest, FrameWithinAMillimetreIsTheFrame) {
+    const ShownDatabase window;
     GiveFrames();
     EXPECT_EQ(FrameText(12.0F), L"Frame : 12");
     EXPECT_EQ(FrameText(12.0009F), L"Frame : 12");
 }
 
-TEST(MainWindow, FrameFartherAwayIsTheCloserFrameWithItsDistance) {
-    const RecordingWindow window;
+TEST(OpenDatabaseTest, FrameFartherAwayIsTheCloserFrameWithItsDistance) {
+    const ShownDatabase window;
     GiveFrames();
     EXPECT_EQ(FrameText(12.25F), L"Closer Frame : 12 (0.250 m)");
     EXPECT_EQ(FrameText(11.75F), L"Closer Frame : 12 (0.250 m)");
     EXPECT_EQ(FrameText(103.0F), L"Closer Frame : 100 (3.000 m)");
 }
 
-TEST(MainWindow, DistanceTakesTheFormatOfTheCatalogue) {
-    const RecordingWindow window;
+TEST(OpenDatabaseTest, DistanceTakesTheFormatOfTheCatalogue) {
+    const ShownDatabase window;
     GiveFrames();
     test::FakeCatalogue::texts[kMsgFrameDistanceFormat] = "0.0##";
     EXPECT_EQ(FrameText(12.25F), L"Closer Frame : 12 (0.25 m)");
@@ -305,29 +305,29 @@ TEST(MainWindow, DistanceTakesTheFormatOfTheCatalogue) {
     EXPECT_EQ(FrameText(103.0F), L"Closer Frame : 100 (3 m)");
 }
 
-TEST(MainWindow, NegativeFramesAreFoundToo) {
-    const RecordingWindow window;
+TEST(OpenDatabaseTest, NegativeFramesAreFoundToo) {
+    const ShownDatabase window;
     GiveFrames();
-    shell.bsd.FrameNumbers(0) = -5;
+    shell.database.bsd.FrameNumbers(0) = -5;
     EXPECT_EQ(FrameText(-5.0F), L"Frame : -5");
 }
 
-TEST(MainWindow, ButtonsFollowTheKindOfTheSelectedModel) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, ButtonsFollowTheKindOfTheSelectedModel) {
+    ShownDatabase window;
     window.Open("DATABASE\r\n" + Block(1, "SECTION", "S", " 1 ") + Block(2, "BHA", "B", " 2 ") +
                 Block(3, "TORSION", "T", " 3 "));
     RefreshMainWindow();
-    SelectModel(RecordingWindow::rows[1]);
-    SelectModel(RecordingWindow::rows[2]);
+    SelectRow(1);
+    SelectRow(2);
     DeselectModel();
-    EXPECT_EQ(test::RecordingScreen::Of("buttons"),
+    EXPECT_EQ(RecordedReports::Of("buttons"),
               (Events{"Section", "Bulkhead", "Torsion", "Section"}));
 }
 
 // ---- The rule set ------------------------------------------------------------------------------
 
-TEST(MainWindow, RuleSetAtTheStartComesFromTheSwitches) {
-    const RecordingWindow window;
+TEST(OpenDatabaseTest, RuleSetAtTheStartComesFromTheSwitches) {
+    const ShownDatabase window;
     EXPECT_EQ(CurrentRuleSet(), RuleSet::kQuor);
     shell.milMode = true;
     EXPECT_EQ(CurrentRuleSet(), RuleSet::kMil);
@@ -335,8 +335,8 @@ TEST(MainWindow, RuleSetAtTheStartComesFromTheSwitches) {
     EXPECT_EQ(CurrentRuleSet(), RuleSet::kCsr) << "/JBP goes before /mil";
 }
 
-TEST(MainWindow, RuleSetSetsItsFlagAndClearsTheOther) {
-    const RecordingWindow window;
+TEST(OpenDatabaseTest, RuleSetSetsItsFlagAndClearsTheOther) {
+    const ShownDatabase window;
     const struct {
         RuleSet ruleSet;
         bool jbp, mil;
@@ -353,17 +353,17 @@ TEST(MainWindow, RuleSetSetsItsFlagAndClearsTheOther) {
     }
 }
 
-TEST(MainWindow, QuorAfterCsrRemovesTheSuffixFromTheTitle) {
-    const RecordingWindow window;
+TEST(OpenDatabaseTest, QuorAfterCsrRemovesTheSuffixFromTheTitle) {
+    const ShownDatabase window;
     RuleSetChosen(RuleSet::kCsr);
     EXPECT_EQ(shell.title, L"Corvane JBP");
     RuleSetChosen(RuleSet::kQuor);
     EXPECT_EQ(shell.title, L"Corvane");
-    EXPECT_EQ(test::RecordingScreen::Of("title"), (Events{"Corvane JBP", "Corvane"}));
+    EXPECT_EQ(RecordedReports::Of("title"), (Events{"Corvane JBP", "Corvane"}));
 }
 
-TEST(MainWindow, RuleSetReplacesEverySuffixOfTheTitle) {
-    const RecordingWindow window;
+TEST(OpenDatabaseTest, RuleSetReplacesEverySuffixOfTheTitle) {
+    const ShownDatabase window;
     const struct {
         const wchar_t* before;
         RuleSet ruleSet;
@@ -380,66 +380,60 @@ TEST(MainWindow, RuleSetReplacesEverySuffixOfTheTitle) {
     }
 }
 
-TEST(MainWindow, RuleSetRedrawsTheRuleButtonAndTheCaption) {
-    RecordingWindow window;
+TEST(OpenDatabaseTest, RuleSetRedrawsTheRuleButtonAndTheCaption) {
+    ShownDatabase window;
     window.Open(Database(1));
-    shell.bsd.Titles(5).Assign(L"AURORA");
+    shell.database.bsd.Titles(5).Assign(L"AURORA");
     RuleSetChosen(RuleSet::kMil);
-    EXPECT_EQ(test::RecordingScreen::events,
+    EXPECT_EQ(RecordedReports::events,
               (Events{"redraw rule button", "title Corvane MIL - ship.ve2 - AURORA"}));
 }
 
 // ---- The lock ----------------------------------------------------------------------------------
 
-TEST(MainWindow, LockReachesTheWindow) {
-    const RecordingWindow window;
+TEST(OpenDatabaseTest, LockReachesTheWindow) {
+    const ShownDatabase window;
     LockShell(true);
     LockShell(false);
-    EXPECT_EQ(test::RecordingScreen::events, (Events{"lock", "unlock"}));
+    EXPECT_EQ(RecordedReports::events, (Events{"lock", "unlock"}));
 }
 
-TEST(MainWindow, LockWithoutAWindowDoesNothing) {
-    const test::RecordingScreen screen;
-    LockShell(true);
-    LockShell(false);
-    EXPECT_TRUE(test::RecordingScreen::events.empty());
-}
-
-TEST(MainWindow, CommandThatIsMissingTellsSo) {
-    const RecordingWindow window;
+TEST(OpenDatabaseTest, CommandThatIsMissingTellsSo) {
+    const ShownDatabase window;
     NotImp();
-    EXPECT_EQ(test::RecordingScreen::Of("plain"), Events{"not implemented"});
+    EXPECT_EQ(RecordedReports::Of("plain"), Events{"not implemented"});
 }
 
 // ---- Enabling ----------------------------------------------------------------------------------
 
-TEST(MainWindow, CommandsAreEnabledByTheState) {
-    const RecordingWindow window;
+TEST(OpenDatabaseTest, CommandsAreEnabledByTheState) {
+    const ShownDatabase window;
     Command command{};
     const auto enabled = [&](EnabledWhen when, bool rowSelected) {
         command.enabledWhen = when;
-        return IsEnabled(command, rowSelected);
+        FakeView::selected = rowSelected ? 0 : -1;
+        return IsEnabled(command);
     };
     EXPECT_TRUE(enabled(EnabledWhen::kAlways, false));
     EXPECT_FALSE(enabled(EnabledWhen::kDatabaseOpen, true));
     EXPECT_FALSE(enabled(EnabledWhen::kBsdDefined, true));
     EXPECT_FALSE(enabled(EnabledWhen::kModelSelected, false));
     EXPECT_TRUE(enabled(EnabledWhen::kModelSelected, true));
-    shell.settings.DatabasePath = L"C:\\ship.ve2";
+    shell.database.path = L"C:\\ship.ve2";
     EXPECT_TRUE(enabled(EnabledWhen::kDatabaseOpen, false));
     EXPECT_FALSE(enabled(EnabledWhen::kBsdDefined, false));
     DefineBsd();
     EXPECT_TRUE(enabled(EnabledWhen::kBsdDefined, false));
 }
 
-TEST(MainWindow, BsdMenuOpensWithADatabaseAndCreateMenuWithItsBsd) {
-    const RecordingWindow window;
+TEST(OpenDatabaseTest, BsdMenuOpensWithADatabaseAndCreateMenuWithItsBsd) {
+    const ShownDatabase window;
     EXPECT_TRUE(IsMenuEnabled(Menu::kFile));
     EXPECT_TRUE(IsMenuEnabled(Menu::kSection));
     EXPECT_TRUE(IsMenuEnabled(Menu::kHelp));
     EXPECT_FALSE(IsMenuEnabled(Menu::kBsd));
     EXPECT_FALSE(IsMenuEnabled(Menu::kCreate));
-    shell.settings.DatabasePath = L"C:\\ship.ve2";
+    shell.database.path = L"C:\\ship.ve2";
     EXPECT_TRUE(IsMenuEnabled(Menu::kBsd));
     EXPECT_FALSE(IsMenuEnabled(Menu::kCreate));
     DefineBsd();

@@ -1,5 +1,5 @@
 // OpenLegacyDatabase: a legacy database becomes a model database, which is opened.
-#include "shell/commands/legacy_commands.h"
+#include "shell/legacy_conversion.h"
 
 #include <gtest/gtest.h>
 
@@ -12,6 +12,7 @@
 #include "report/messages.h"
 #include "tests/legacy/legacy_support.h"
 #include "tests/shell/command_support.h"
+#include "tests/shell/fake_view.h"
 #include "text/text.h"
 
 namespace corvane {
@@ -28,8 +29,8 @@ struct LegacyCommand : CommandTest {
         system::MakeDirectory(ship);
         shell.settings.WorkDirectory = work;
         shell.settings.BrowseDirectory = browse;
-        shell.settings.DatabasePath = L"C:\\before.ve2";
-        shell.bsd.Titles(5).Assign(L"BEFORE");
+        shell.database.path = L"C:\\before.ve2";
+        shell.database.bsd.Titles(5).Assign(L"BEFORE");
     }
     ~LegacyCommand() override {
         for (const std::wstring& folderOfTest : {ship, work, browse}) {
@@ -41,16 +42,16 @@ struct LegacyCommand : CommandTest {
         system::RemoveEmptyDirectory(File(L"Ships"));
     }
 
-    static bool WasRefreshed() { return !RecordingScreen::Of("rows").empty(); }
+    static bool WasRefreshed() { return !RecordedReports::Of("rows").empty(); }
 };
 
 TEST_F(LegacyCommand, DatabaseIsConvertedIntoTheWorkDirectory) {
     WriteLegacyDatabase(legacy, {L"Frame 10", L"Frame 20"});
     OpenLegacyDatabase(legacy);
     const std::wstring path = work + L"Aurora.ve2";
-    EXPECT_EQ(shell.settings.DatabasePath, LowerCase(path));
+    EXPECT_EQ(shell.database.path, LowerCase(path));
     EXPECT_EQ(shell.settings.BrowseDirectory, ship);
-    EXPECT_EQ(shell.currentModel, 1);
+    EXPECT_EQ(shell.database.currentModel, 1);
     const std::vector<ModelEntry> models = ListModelsWithPositions(path);
     ASSERT_EQ(models.size(), 2u);
     EXPECT_EQ(models[0].name, L"Frame 10");
@@ -68,7 +69,7 @@ TEST_F(LegacyCommand, ShipIsNamedAfterTheFileInUpperCase) {
     ASSERT_TRUE(LoadBsdFromDatabase(work + L"Aurora.ve2", bsd));
     EXPECT_EQ(bsd.Titles(5).Trimmed(), L"AURORA");
     EXPECT_EQ(bsd.Titles(1).Trimmed(), L"\u00C9toile");
-    EXPECT_EQ(shell.bsd.Titles(5).Trimmed(), L"AURORA");
+    EXPECT_EQ(shell.database.bsd.Titles(5).Trimmed(), L"AURORA");
 }
 
 TEST_F(LegacyCommand, DatabaseNamedStarIsNamedAfterItsFolder) {
@@ -77,7 +78,7 @@ TEST_F(LegacyCommand, DatabaseNamedStarIsNamedAfterItsFolder) {
     const std::wstring name = CleanFileName(ship);
     EXPECT_TRUE(name.ends_with(L"ShipsAlpha")) << Narrow(name);
     EXPECT_TRUE(FileExists(work + name + L".ve2"));
-    EXPECT_EQ(shell.bsd.Titles(5).Whole(), UpperCase(name).substr(0, 30));
+    EXPECT_EQ(shell.database.bsd.Titles(5).Whole(), UpperCase(name).substr(0, 30));
 }
 
 TEST_F(LegacyCommand, SectionsComeBackAsTheyWere) {
@@ -111,7 +112,7 @@ TEST_F(LegacyCommand, CancelledQuestionChangesNothing) {
     for (const wchar_t* answer : {L"", L"Cancel"}) {
         const FakePrompt prompt{std::wstring(answer)};
         OpenLegacyDatabase();
-        EXPECT_EQ(shell.settings.DatabasePath, L"C:\\before.ve2");
+        EXPECT_EQ(shell.database.path, L"C:\\before.ve2");
         EXPECT_EQ(shell.settings.BrowseDirectory, browse);
     }
     EXPECT_TRUE(FilesIn(work).empty());
@@ -124,7 +125,7 @@ TEST_F(LegacyCommand, CurrentDirectoryAndPointerComeBack) {
     OpenLegacyDatabase(legacy);
     EXPECT_EQ(system::CurrentDirectory(), before);
     std::vector<std::string> pointers;
-    for (const std::string& event : RecordingScreen::events) {
+    for (const std::string& event : RecordedReports::events) {
         if (event.starts_with("pointer")) pointers.push_back(event);
     }
     ASSERT_GE(pointers.size(), 2u);
@@ -135,12 +136,12 @@ TEST_F(LegacyCommand, CurrentDirectoryAndPointerComeBack) {
 TEST_F(LegacyCommand, ExistingFileIsReplacedOnlyWhenTheUserSaysSo) {
     WriteLegacyDatabase(legacy, {L"Frame 10"});
     WriteFileBytes(work + L"Aurora.ve2", "old");
-    RecordingScreen::answerYes = false;
+    FakeView::answerYes = false;
     OpenLegacyDatabase(legacy);
-    EXPECT_EQ(RecordingScreen::Of("ask").size(), 1u);
+    EXPECT_EQ(RecordedReports::Of("ask").size(), 1u);
     EXPECT_EQ(ReadFileBytes(work + L"Aurora.ve2"), "old");
-    EXPECT_EQ(shell.settings.DatabasePath, L"C:\\before.ve2");
-    RecordingScreen::answerYes = true;
+    EXPECT_EQ(shell.database.path, L"C:\\before.ve2");
+    FakeView::answerYes = true;
     OpenLegacyDatabase(legacy);
     EXPECT_EQ(CountModels(work + L"Aurora.ve2"), 1);
 }
@@ -154,8 +155,8 @@ TEST_F(LegacyCommand, DamagedDatabaseIsReportedWithItsStatusAndChangesNothing) {
     const std::wstring before = system::CurrentDirectory();
     OpenLegacyDatabase(legacy);
     EXPECT_EQ(Warnings(), std::vector<std::string>{WarningText(3556, {legacy, 3})});
-    EXPECT_EQ(shell.settings.DatabasePath, L"C:\\before.ve2");
-    EXPECT_EQ(shell.bsd.Titles(5).Trimmed(), L"BEFORE");
+    EXPECT_EQ(shell.database.path, L"C:\\before.ve2");
+    EXPECT_EQ(shell.database.bsd.Titles(5).Trimmed(), L"BEFORE");
     EXPECT_TRUE(FilesIn(work).empty());
     EXPECT_EQ(system::CurrentDirectory(), before);
     EXPECT_TRUE(WasRefreshed());
@@ -172,11 +173,11 @@ TEST_F(LegacyCommand, ListThatCanNotBeReadLeavesNoFile) {
     FakeLegacyLibrary::listStatus = 3;
     WriteFileBytes(work + L"Aurora.ve2", "old");
     WriteFileBytes(legacy, "any");
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     OpenLegacyDatabase(legacy);
     EXPECT_EQ(Warnings(), std::vector<std::string>{WarningText(3556, {legacy, 3})});
     EXPECT_EQ(ReadFileBytes(work + L"Aurora.ve2"), "old");
-    EXPECT_EQ(shell.settings.DatabasePath, L"C:\\before.ve2");
+    EXPECT_EQ(shell.database.path, L"C:\\before.ve2");
 }
 
 TEST_F(LegacyCommand, CallsFollowTheDescribedConversation) {

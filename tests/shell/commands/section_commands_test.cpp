@@ -1,4 +1,4 @@
-#include "shell/commands/model_commands.h"
+#include "shell/commands/section_commands.h"
 
 #include <gtest/gtest.h>
 
@@ -10,18 +10,20 @@
 #include "database/database_file.h"
 #include "platform/system.h"
 #include "shell/commands/commands.h"
+#include "shell/open_database.h"
 #include "shell/state.h"
-#include "shell/window_contents.h"
 #include "tests/database/sample_database.h"
 #include "tests/shell/command_support.h"
+#include "tests/shell/fake_view.h"
 #include "tests/support/support.h"
 #include "text/text.h"
 
 namespace corvane {
 namespace {
 
+using test::FakeView;
 using test::Narrow;
-using test::RecordingScreen;
+using test::RecordedReports;
 using Events = std::vector<std::string>;
 using Names = std::vector<std::wstring>;
 
@@ -30,8 +32,7 @@ constexpr char kCopyQuestion[] = "Input the name of the copy";
 // A database of five models (section, bulkhead arrangement, section, torsion model, section), open,
 // with the third as the current one.
 struct ModelCommandsTest : testing::Test {
-    RecordingScreen screen;
-    test::ShownWindow window;
+    FakeView screen;
     test::TemporaryFolder folder;
     std::wstring path = folder.File(L"ship.ve2");
     std::string before;
@@ -41,54 +42,50 @@ struct ModelCommandsTest : testing::Test {
 
     ModelCommandsTest() {
         Open(test::FiveBlocks());
-        shell.currentModel = 3;
+        shell.database.currentModel = 3;
     }
 
     void Open(const std::vector<test::SampleBlock>& blocks) {
         before = test::DatabaseText(blocks);
         test::WriteFileBytes(path, before);
-        shell.settings.DatabasePath = path;
+        shell.database.path = path;
     }
 
     Names ModelNames() const {
         Names names;
-        for (const ModelEntry& model : ListModels(shell.settings.DatabasePath)) {
+        for (const ModelEntry& model : ListModels(shell.database.path)) {
             names.push_back(model.name);
         }
         return names;
     }
     std::vector<int32_t> Numbers() const {
         std::vector<int32_t> numbers;
-        for (const ModelEntry& model : ListModels(shell.settings.DatabasePath)) {
+        for (const ModelEntry& model : ListModels(shell.database.path)) {
             numbers.push_back(model.number);
         }
         return numbers;
     }
-    static bool Happened(const std::string& event) {
-        const Events& events = RecordingScreen::events;
-        return std::find(events.begin(), events.end(), event) != events.end();
-    }
     // Nothing was asked or shown but `warning`, and file and state are as they were.
     void ExpectRefused(const std::wstring& warning, int16_t current = 3) {
-        EXPECT_EQ(RecordingScreen::Of("warning"), Events{Narrow(warning)});
-        EXPECT_EQ(RecordingScreen::Of("ask"), Events{});
+        EXPECT_EQ(RecordedReports::Of("warning"), Events{Narrow(warning)});
+        EXPECT_EQ(RecordedReports::Of("ask"), Events{});
         ExpectUntouched(current);
     }
     void ExpectUntouched(int16_t current = 3) {
         EXPECT_EQ(test::ReadFileBytes(path), before);
         EXPECT_EQ(test::FilesIn(folder.path), Names{L"ship.ve2"});
-        EXPECT_EQ(shell.settings.DatabasePath, path);
-        EXPECT_EQ(shell.currentModel, current);
-        EXPECT_FALSE(test::ShownWindow::previewCleared);
+        EXPECT_EQ(shell.database.path, path);
+        EXPECT_EQ(shell.database.currentModel, current);
+        EXPECT_FALSE(RecordedReports::Happened("clear preview"));
     }
 
     static void AnswerWhileTheFileChanges(std::function<void()> change) {
         meanwhile = std::move(change);
-        shell.screen.askIrreversible = [](const std::wstring&) {
+        shell.view.askIrreversible = [](const std::wstring&) {
             meanwhile();
             return true;
         };
-        shell.screen.askText = [](const std::wstring&, std::wstring&) {
+        shell.view.askText = [](const std::wstring&, std::wstring&) {
             meanwhile();
             return true;
         };
@@ -121,9 +118,9 @@ INSTANTIATE_TEST_SUITE_P(Commands, BothCommands,
 // ---- Copy --------------------------------------------------------------------------------------
 
 TEST_F(ModelCommandsTest, CopyProposesCopyOfAndTheTrimmedName) {
-    shell.currentModel = 2;
+    shell.database.currentModel = 2;
     ME_SectionCopy_Click();
-    EXPECT_EQ(RecordingScreen::events,
+    EXPECT_EQ(RecordedReports::events,
               Events{std::string("ask text ") + kCopyQuestion + " [Copy of Bulkhead 40]"});
 }
 
@@ -134,27 +131,27 @@ TEST_F(ModelCommandsTest, CopyOfEachKindIsTheLastModelAndTheCurrentOne) {
     } cases[] = {{1, L"New"}, {2, L"New"}, {4, L"Girder"}};
     for (const auto& item : cases) {
         Open(test::FiveBlocks());
-        shell.currentModel = item.model;
-        RecordingScreen::answerYes = true;
-        RecordingScreen::answerText = L"New";
+        shell.database.currentModel = item.model;
+        FakeView::answerYes = true;
+        FakeView::answerText = L"New";
         ME_SectionCopy_Click();
-        EXPECT_EQ(RecordingScreen::Of("warning"), Events{});
+        EXPECT_EQ(RecordedReports::Of("warning"), Events{});
         EXPECT_EQ(ModelNames(),
                   (Names{L"Frame 10", L"Bulkhead 40", L"Frame 20", L"Girder", L"Aft", item.name}));
-        EXPECT_EQ(shell.currentModel, 6);
+        EXPECT_EQ(shell.database.currentModel, 6);
     }
 }
 
 TEST_F(ModelCommandsTest, CopyOfTorsionModelAsksForANameToo) {
-    shell.currentModel = 4;
+    shell.database.currentModel = 4;
     ME_SectionCopy_Click();
-    EXPECT_EQ(RecordingScreen::events,
+    EXPECT_EQ(RecordedReports::events,
               Events{std::string("ask text ") + kCopyQuestion + " [Copy of Girder]"});
 }
 
 TEST_F(ModelCommandsTest, CopyLeavesItsSourceAndTheOthersAsTheyAre) {
-    RecordingScreen::answerYes = true;
-    RecordingScreen::answerText = L"New";
+    FakeView::answerYes = true;
+    FakeView::answerText = L"New";
     ME_SectionCopy_Click();
     const std::string after = test::ReadFileBytes(path);
     for (const int place : {1, 2, 4, 5}) {
@@ -164,24 +161,24 @@ TEST_F(ModelCommandsTest, CopyLeavesItsSourceAndTheOthersAsTheyAre) {
 }
 
 TEST_F(ModelCommandsTest, CopyKeepsABackup) {
-    RecordingScreen::answerYes = true;
-    RecordingScreen::answerText = L"New";
+    FakeView::answerYes = true;
+    FakeView::answerText = L"New";
     ME_SectionCopy_Click();
     EXPECT_EQ(test::FilesIn(folder.path), (Names{L"ship.bak", L"ship.ve2"}));
     EXPECT_EQ(test::ReadFileBytes(folder.File(L"ship.bak")), before);
 }
 
 TEST_F(ModelCommandsTest, TorsionCopyKeepsABackupToo) {
-    shell.currentModel = 4;
-    RecordingScreen::answerYes = true;
-    RecordingScreen::answerText = L"New";
+    shell.database.currentModel = 4;
+    FakeView::answerYes = true;
+    FakeView::answerText = L"New";
     ME_SectionCopy_Click();
     EXPECT_EQ(test::ReadFileBytes(folder.File(L"ship.bak")), before);
 }
 
 TEST_F(ModelCommandsTest, AnswerIsTrimmed) {
-    RecordingScreen::answerYes = true;
-    RecordingScreen::answerText = L"  Frame 21   ";
+    FakeView::answerYes = true;
+    FakeView::answerText = L"  Frame 21   ";
     ME_SectionCopy_Click();
     EXPECT_EQ(ModelNames().at(5), L"Frame 21");
 }
@@ -189,22 +186,22 @@ TEST_F(ModelCommandsTest, AnswerIsTrimmed) {
 TEST_F(ModelCommandsTest, CancelledOrEmptyNameCopiesNothing) {
     ME_SectionCopy_Click();
     for (const wchar_t* name : {L"", L"    "}) {
-        RecordingScreen::answerYes = true;
-        RecordingScreen::answerText = name;
+        FakeView::answerYes = true;
+        FakeView::answerText = name;
         ME_SectionCopy_Click();
     }
-    EXPECT_EQ(RecordingScreen::Of("ask").size(), 3U);
-    EXPECT_EQ(RecordingScreen::events.size(), 3U);
+    EXPECT_EQ(RecordedReports::Of("ask").size(), 3U);
+    EXPECT_EQ(RecordedReports::events.size(), 3U);
     ExpectUntouched();
 }
 
 TEST_F(ModelCommandsTest, CopyShowsTheHourglassAndRefreshes) {
-    RecordingScreen::answerYes = true;
-    RecordingScreen::answerText = L"New";
+    FakeView::answerYes = true;
+    FakeView::answerText = L"New";
     ME_SectionCopy_Click();
-    EXPECT_TRUE(Happened("pointer busy"));
-    EXPECT_EQ(RecordingScreen::Of("rows"), Events{"6"});
-    EXPECT_EQ(RecordingScreen::events.back(), "pointer reset");
+    EXPECT_TRUE(RecordedReports::Happened("pointer busy"));
+    EXPECT_EQ(RecordedReports::Of("rows"), Events{"6"});
+    EXPECT_EQ(RecordedReports::events.back(), "pointer reset");
 }
 
 TEST_F(ModelCommandsTest, OddNamesOfCopiesStayOneModelEach) {
@@ -212,13 +209,13 @@ TEST_F(ModelCommandsTest, OddNamesOfCopiesStayOneModelEach) {
     const std::wstring names[] = {L"H\u00F6he \u00E9", L"* star", L"------ dashes",
                                   std::wstring(marker.begin(), marker.end()),
                                   std::wstring(1000, L'x')};
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     for (const std::wstring& name : names) {
-        shell.currentModel = 1;
-        RecordingScreen::answerText = name;
+        shell.database.currentModel = 1;
+        FakeView::answerText = name;
         ME_SectionCopy_Click();
     }
-    EXPECT_EQ(RecordingScreen::Of("warning"), Events{});
+    EXPECT_EQ(RecordedReports::Of("warning"), Events{});
     const Names listed = ModelNames();
     ASSERT_EQ(listed.size(), 10U);
     EXPECT_EQ(listed[5], names[0]);
@@ -229,43 +226,44 @@ TEST_F(ModelCommandsTest, OddNamesOfCopiesStayOneModelEach) {
 }
 
 TEST_F(ModelCommandsTest, ReadOnlyDatabaseIsCopiedToAnotherFileWhichBecomesTheOpenOne) {
-    shell.bsd.FrameZoneCount = 7;
+    shell.database.bsd.FrameZoneCount = 7;
     shell.settings.BrowseDirectory = L"X:\\";
     ASSERT_EQ(system::SetReadOnly(path, true), system::kErrorNone);
     const std::wstring other = folder.File(L"other.ve2");
     const test::FakePrompt prompt{other};
-    RecordingScreen::answerYes = true;
-    RecordingScreen::answerText = L"New";
+    FakeView::answerYes = true;
+    FakeView::answerText = L"New";
     ME_SectionCopy_Click();
     EXPECT_EQ(test::ReadFileBytes(path), before);
-    EXPECT_EQ(shell.settings.DatabasePath, other);
+    EXPECT_EQ(shell.database.path, other);
     EXPECT_EQ(shell.settings.BrowseDirectory, folder.path);
-    EXPECT_EQ(shell.currentModel, 6);
+    EXPECT_EQ(shell.database.currentModel, 6);
     EXPECT_EQ(ModelNames().size(), 6U);
-    EXPECT_EQ(shell.bsd.FrameZoneCount, 0) << "the data are those of the file that is open";
-    EXPECT_EQ(RecordingScreen::Of("warning").size(), 1U);
+    EXPECT_EQ(shell.database.bsd.FrameZoneCount, 0)
+        << "the data are those of the file that is open";
+    EXPECT_EQ(RecordedReports::Of("warning").size(), 1U);
 }
 
 TEST_F(ModelCommandsTest, ReadOnlyDatabaseAndNoOtherFileChangesNothing) {
     ASSERT_EQ(system::SetReadOnly(path, true), system::kErrorNone);
     const test::FakePrompt prompt;
-    RecordingScreen::answerYes = true;
-    RecordingScreen::answerText = L"New";
+    FakeView::answerYes = true;
+    FakeView::answerText = L"New";
     ME_SectionCopy_Click();
     ExpectUntouched();
-    EXPECT_EQ(RecordingScreen::Of("rows"), Events{});
-    EXPECT_EQ(RecordingScreen::events.back(), "pointer reset");
+    EXPECT_EQ(RecordedReports::Of("rows"), Events{});
+    EXPECT_EQ(RecordedReports::events.back(), "pointer reset");
 }
 
 TEST_F(ModelCommandsTest, CopyInAFileWithAGapGetsANumberAboveAll) {
     std::vector<test::SampleBlock> blocks = test::FiveBlocks();
     blocks[4].number = " 9 ";
     Open(blocks);
-    RecordingScreen::answerYes = true;
-    RecordingScreen::answerText = L"New";
+    FakeView::answerYes = true;
+    FakeView::answerText = L"New";
     ME_SectionCopy_Click();
     EXPECT_EQ(Numbers(), (std::vector<int32_t>{1, 2, 3, 4, 9, 10}));
-    EXPECT_EQ(shell.currentModel, 10);
+    EXPECT_EQ(shell.database.currentModel, 10);
 }
 
 // ---- Delete ------------------------------------------------------------------------------------
@@ -274,10 +272,10 @@ TEST_F(ModelCommandsTest, DeleteAsksWithKindNameAndPath) {
     const char* const expected[] = {"Section Frame 10", "Bulkhead Bulkhead 40", "Section Frame 20",
                                     "Torsion Girder"};
     for (int16_t model = 1; model <= 4; ++model) {
-        RecordingScreen::events.clear();
-        shell.currentModel = model;
+        RecordedReports::events.clear();
+        shell.database.currentModel = model;
         ME_SectionRemove_Click();
-        EXPECT_EQ(RecordingScreen::events,
+        EXPECT_EQ(RecordedReports::events,
                   Events{std::string("ask irreversible Are you sure to remove ") +
                          expected[model - 1] + " from " + Narrow(path) + " ?"});
         ExpectUntouched(model);
@@ -285,19 +283,19 @@ TEST_F(ModelCommandsTest, DeleteAsksWithKindNameAndPath) {
 }
 
 TEST_F(ModelCommandsTest, DeleteRemovesTheModelAndRenumbers) {
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     ME_SectionRemove_Click();
     EXPECT_EQ(ModelNames(), (Names{L"Frame 10", L"Bulkhead 40", L"Girder", L"Aft"}));
     EXPECT_EQ(Numbers(), (std::vector<int32_t>{1, 2, 3, 4}));
-    EXPECT_EQ(shell.currentModel, 3);
-    EXPECT_TRUE(test::ShownWindow::previewCleared);
-    EXPECT_TRUE(Happened("pointer busy"));
-    EXPECT_EQ(RecordingScreen::Of("rows"), Events{"4"});
-    EXPECT_EQ(RecordingScreen::events.back(), "pointer reset");
+    EXPECT_EQ(shell.database.currentModel, 3);
+    EXPECT_TRUE(RecordedReports::Happened("clear preview"));
+    EXPECT_TRUE(RecordedReports::Happened("pointer busy"));
+    EXPECT_EQ(RecordedReports::Of("rows"), Events{"4"});
+    EXPECT_EQ(RecordedReports::events.back(), "pointer reset");
 }
 
 TEST_F(ModelCommandsTest, DeleteKeepsABackupWhenTheIntegerSettingIsNotZero) {
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     ME_SectionRemove_Click();
     EXPECT_EQ(test::FilesIn(folder.path), Names{L"ship.ve2"});
     const std::string second = test::ReadFileBytes(path);
@@ -311,40 +309,40 @@ TEST_F(ModelCommandsTest, DeleteKeepsABackupWhenTheIntegerSettingIsNotZero) {
 
 TEST_F(ModelCommandsTest, DeleteOfAReadOnlyFileIsReportedAndChangesNothing) {
     ASSERT_EQ(system::SetReadOnly(path, true), system::kErrorNone);
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     ME_SectionRemove_Click();
-    EXPECT_EQ(RecordingScreen::Of("warning"), Events{Narrow(WarningText(kMsgReadOnly, {path}))});
+    EXPECT_EQ(RecordedReports::Of("warning"), Events{Narrow(WarningText(kMsgReadOnly, {path}))});
     ExpectUntouched();
-    EXPECT_EQ(RecordingScreen::Of("rows"), Events{});
+    EXPECT_EQ(RecordedReports::Of("rows"), Events{});
 }
 
 TEST_F(ModelCommandsTest, AfterDeleteOfTheLastRowNothingIsSelectedAndTheNumberStays) {
-    shell.currentModel = 5;
-    test::ShownWindow::selected = 4;
-    RecordingScreen::answerYes = true;
+    shell.database.currentModel = 5;
+    test::FakeView::selected = 4;
+    FakeView::answerYes = true;
     ME_SectionRemove_Click();
     EXPECT_EQ(ModelNames().size(), 4U);
-    EXPECT_EQ(shell.currentModel, 5);
-    EXPECT_EQ(test::ShownWindow::selected, -1);
+    EXPECT_EQ(shell.database.currentModel, 5);
+    EXPECT_EQ(test::FakeView::selected, -1);
     for (const uint16_t id :
          {ME_SectionInput, ME_SectionVelkRule, ME_SectionCopy, ME_SectionRemove}) {
-        EXPECT_FALSE(IsEnabled(*FindCommand(id), test::ShownWindow::selected >= 0)) << id;
+        EXPECT_FALSE(IsEnabled(*FindCommand(id))) << id;
     }
 }
 
 TEST_F(ModelCommandsTest, AfterDeleteOfAnotherRowTheNextOneIsSelected) {
-    test::ShownWindow::selected = 2;
-    RecordingScreen::answerYes = true;
+    test::FakeView::selected = 2;
+    FakeView::answerYes = true;
     ME_SectionRemove_Click();
-    EXPECT_EQ(test::ShownWindow::selected, 2);
-    EXPECT_TRUE(IsEnabled(*FindCommand(ME_SectionRemove), test::ShownWindow::selected >= 0));
+    EXPECT_EQ(test::FakeView::selected, 2);
+    EXPECT_TRUE(IsEnabled(*FindCommand(ME_SectionRemove)));
 }
 
 TEST_F(ModelCommandsTest, DeleteOfTheFirstOfTwoEqualNumbersKeepsTheOther) {
     std::vector<test::SampleBlock> blocks = test::FiveBlocks();
     blocks[3].number = " 3 ";
     Open(blocks);
-    RecordingScreen::answerYes = true;
+    FakeView::answerYes = true;
     ME_SectionRemove_Click();
     EXPECT_EQ(ModelNames(), (Names{L"Frame 10", L"Bulkhead 40", L"Girder", L"Aft"}));
     EXPECT_EQ(Numbers(), (std::vector<int32_t>{1, 2, 3, 4}));
@@ -353,17 +351,17 @@ TEST_F(ModelCommandsTest, DeleteOfTheFirstOfTwoEqualNumbersKeepsTheOther) {
 // ---- Both: what is refused ---------------------------------------------------------------------
 
 TEST_P(BothCommands, MissingDatabaseIsReported) {
-    shell.settings.DatabasePath = folder.File(L"gone.ve2");
+    shell.database.path = folder.File(L"gone.ve2");
     GetParam()();
-    EXPECT_EQ(RecordingScreen::Of("warning"),
+    EXPECT_EQ(RecordedReports::Of("warning"),
               Events{Narrow(WarningText(kMsgFileMissing, {folder.File(L"gone.ve2")}))});
-    EXPECT_EQ(RecordingScreen::Of("ask"), Events{});
+    EXPECT_EQ(RecordedReports::Of("ask"), Events{});
 }
 
 TEST_P(BothCommands, NoCurrentModelIsReported) {
     for (const int16_t none : {int16_t{0}, int16_t{-1}, int16_t{-2}, int16_t{6}}) {
-        RecordingScreen::events.clear();
-        shell.currentModel = none;
+        RecordedReports::events.clear();
+        shell.database.currentModel = none;
         GetParam()();
         ExpectRefused(WarningText(kMsgModelMissing, {int32_t{none}, path}), none);
     }
@@ -388,7 +386,7 @@ TEST_P(BothCommands, NumberOfAnotherRowsModelIsRefused) {
         {" 3 ", " 2 ", " 4 "},  // exchanged
     };
     for (const auto& item : cases) {
-        RecordingScreen::events.clear();
+        RecordedReports::events.clear();
         std::vector<test::SampleBlock> blocks = test::FiveBlocks();
         blocks[1].number = item.second;
         blocks[2].number = item.third;
@@ -404,10 +402,10 @@ TEST_P(BothCommands, DamagedBlockElsewhereDoesNoHarm) {
     blocks[1].number = "broken";
     blocks[3].beforeMarker.clear();
     Open(blocks);
-    RecordingScreen::answerYes = true;
-    RecordingScreen::answerText = L"New";
+    FakeView::answerYes = true;
+    FakeView::answerText = L"New";
     GetParam()();
-    EXPECT_EQ(RecordingScreen::Of("warning"), Events{});
+    EXPECT_EQ(RecordedReports::Of("warning"), Events{});
     const std::string after = test::ReadFileBytes(path);
     EXPECT_EQ(BlockAt(after, 1), BlockAt(before, 1));
     EXPECT_EQ(BlockAt(after, 2), BlockAt(before, 2));
@@ -419,9 +417,9 @@ TEST_P(BothCommands, AnotherModelInItsPlaceAfterTheQuestionIsLeftAlone) {
     const std::string changed = test::DatabaseText(blocks);
     AnswerWhileTheFileChanges([&] { test::WriteFileBytes(path, changed); });
     GetParam()();
-    EXPECT_EQ(RecordingScreen::Of("warning"),
+    EXPECT_EQ(RecordedReports::Of("warning"),
               Events{Narrow(WarningText(kMsgModelChanged, {path}))});
-    EXPECT_EQ(RecordingScreen::Of("rows"), Events{"5"}) << "the list shows what the file has now";
+    EXPECT_EQ(RecordedReports::Of("rows"), Events{"5"}) << "the list shows what the file has now";
     EXPECT_EQ(test::ReadFileBytes(path), changed);
     EXPECT_EQ(test::FilesIn(folder.path), Names{L"ship.ve2"});
 }
@@ -432,7 +430,7 @@ TEST_P(BothCommands, ModelOfAnotherKindAfterTheQuestionIsLeftAlone) {
     const std::string changed = test::DatabaseText(blocks);
     AnswerWhileTheFileChanges([&] { test::WriteFileBytes(path, changed); });
     GetParam()();
-    EXPECT_EQ(RecordingScreen::Of("warning").size(), 1U);
+    EXPECT_EQ(RecordedReports::Of("warning").size(), 1U);
     EXPECT_EQ(test::ReadFileBytes(path), changed);
 }
 
@@ -440,7 +438,7 @@ TEST_P(BothCommands, ModelsRemovedMeanwhileAreReported) {
     const std::string changed = test::DatabaseText({test::FiveBlocks().front()});
     AnswerWhileTheFileChanges([&] { test::WriteFileBytes(path, changed); });
     GetParam()();
-    EXPECT_EQ(RecordingScreen::Of("warning"),
+    EXPECT_EQ(RecordedReports::Of("warning"),
               Events{Narrow(WarningText(kMsgModelMissing, {3, path}))});
     EXPECT_EQ(test::ReadFileBytes(path), changed);
 }
@@ -453,7 +451,7 @@ TEST_P(BothCommands, ModelsAddedMeanwhileStay) {
     const std::string changed = test::DatabaseText(blocks);
     AnswerWhileTheFileChanges([&] { test::WriteFileBytes(path, changed); });
     GetParam()();
-    EXPECT_EQ(RecordingScreen::Of("warning"), Events{});
+    EXPECT_EQ(RecordedReports::Of("warning"), Events{});
     const Names names = ModelNames();
     EXPECT_NE(std::find(names.begin(), names.end(), L"Added"), names.end());
 }

@@ -1,0 +1,92 @@
+#include "report/reporters.h"
+
+#include "platform/system.h"
+#include "text/numbers.h"
+#include "text/text.h"
+
+namespace corvane {
+namespace {
+
+std::wstring TextOrMessage(std::wstring_view text) {
+    if (!ReadsAsNumber(text)) return std::wstring(text);
+    return GetMessage(LeadingInteger(text));
+}
+
+void ReportText(const std::wstring& message, MessageArguments arguments) {
+    reportView.resetPointer();
+    const std::wstring text = SubstituteArguments(message, arguments);
+    reportView.processPendingMessages();
+    FlagStatusFailed(text);
+    reportView.unloadSplash();
+    // In a box every "²" is a line break, so a doubled one leaves a line empty.
+    ShowWarning(SubstituteArguments(ExpandLineBreaks(message), arguments));
+}
+
+}  // namespace
+
+ReportView reportView;
+
+void ReportMessage(int32_t number, MessageArguments arguments) {
+    ReportText(GetMessage(number), arguments);
+}
+
+void ReportMessage(std::wstring_view text, MessageArguments arguments) {
+    ReportText(TextOrMessage(text), arguments);
+}
+
+void ReportStatus(int32_t number, MessageArguments arguments) {
+    std::wstring text = GetMessage(number);
+    if (text.empty()) text = L"Status #" + GeneralText(number);
+    ShowStatus(SubstituteArguments(text, arguments));
+}
+
+void ReportSilent(int32_t number, MessageArguments arguments) {
+    FlagStatusFailed(FormatMessage(number, arguments));
+}
+
+void ReportSilent(std::wstring_view text, MessageArguments arguments) {
+    FlagStatusFailed(SubstituteArguments(TextOrMessage(text), arguments));
+}
+
+void ShowStatus(std::wstring_view text) {
+    reportView.setStatusColour(StatusColour::kButtonText);
+    if (LeadingInteger(reportView.statusTag()) != -1) return;
+    const std::wstring shown = text.empty() ? std::wstring() : std::wstring(text) + L"...";
+    if (reportView.statusCaption() == shown) return;
+    reportView.setStatusCaption(shown);
+    reportView.processPendingMessages();
+}
+
+void FlagStatusFailed(std::wstring_view text) {
+    if (reportView.statusCaption() == std::wstring(text) + L"...") return;
+    reportView.setStatusColour(StatusColour::kRed);
+}
+
+void ShowWarning(std::wstring_view text) {
+    reportView.resetPointer();
+    reportView.showWarningBox(ExpandLineBreaks(text));
+}
+
+void StatusLinesOff() {
+    reportView.setStatusTag(L"0");
+}
+
+void StatusLinesOn() {
+    reportView.setStatusTag(L"-1");
+}
+
+void ReportDebugError(std::wstring_view context, uint32_t errorNumber) {
+    if (!reportView.isDebugMode()) return;
+    reportView.showPlainBox(std::wstring(context) + L' ' + std::to_wstring(errorNumber) + L' ' +
+                            system::ErrorText(errorNumber));
+}
+
+void SetBusyPointer() {
+    reportView.setBusyPointer();
+}
+
+void ResetMousePointer() {
+    reportView.resetPointer();
+}
+
+}  // namespace corvane

@@ -1,0 +1,37 @@
+// The commands of the Section menu, on the current model.
+//
+// The current model is a row of the list, and edits go by model number. Copy, Delete and Export run
+// only where both name the same model: where the row's number is missing from the file (message
+// 1011) or leads to the model of another row (3522), nothing is asked or changed. The file is read
+// again after the user has answered: when another program has put another model there meanwhile
+// (3523), nothing is changed, and the list is shown again. A command that the user cancels, or that
+// fails, which is reported, leaves the file and the state of the process as they were.
+#pragma once
+
+namespace corvane {
+
+// Edits the current model in the input program of its kind.
+void ME_SectionInput_Click();
+// Checks the current model in the rule program of its kind.
+void ME_SectionVelkRule_Click();
+
+// Asks for the copy's name, proposing "Copy of " and the model's; an empty name cancels. The copy
+// is the last model of the file, and becomes the current one. A torsion model's copy keeps its name
+// whatever was typed. A read-only database is copied to another file first, which becomes the open
+// one.
+void ME_SectionCopy_Click();
+
+// Removes the model when the user says Yes, with a backup of the file when the settings'
+// IntegerSetting is not 0. The current model's number stays: the next model has it now, or, after
+// the last one, none.
+void ME_SectionRemove_Click();
+
+// Appends models of another database to the open one (shell/model_exchange.h). The last one becomes
+// the current one.
+void ME_SectionImport_Click();
+
+// Writes the current model, a section, into an existing legacy database: into a new slot after the
+// others, or over a section that is there.
+void ME_SectionExport_Click();
+
+}  // namespace corvane

@@ -1,0 +1,132 @@
+#include "shell/model_exchange.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "database/bulkhead_file.h"
+#include "database/database_file.h"
+#include "database/editing.h"
+#include "database/section_file.h"
+#include "files/file_system.h"
+#include "legacy/exchange.h"
+#include "report/reporters.h"
+#include "shell/exchange_boxes.h"
+#include "shell/file_prompt.h"
+#include "shell/state.h"
+#include "text/text.h"
+
+namespace corvane {
+namespace {
+
+constexpr int kMostModels = std::numeric_limits<int16_t>::max();
+
+// ---- Import ------------------------------------------------------------------------------------
+
+struct Import {
+    std::wstring source;
+    std::vector<ModelEntry> models;  // of the source, when it is a model database
+    std::wstring path;               // of the database that takes the models
+    int appended = 0;
+};
+
+// The backup is made with the first model, so that it holds what was there before.
+EditOptions OptionsOf(const Import& import) {
+    return {import.appended == 0, AskForWritableDatabase};
+}
+
+AppendResult AppendLegacySection(Import& import, int32_t number) {
+    SectionModel section;
+    if (!ImportSection(import.source, static_cast<int16_t>(number), section)) {
+        return AppendResult::kNoSource;
+    }
+    section.identifier.clear();  // the writer makes a new one
+    const int32_t newNumber = NumberForAppending(import.path, AskForWritableDatabase);
+    const bool isAppended =
+        newNumber != 0 && ReplaceSection(import.path, section, newNumber, OptionsOf(import));
+    return isAppended ? AppendResult::kAppended : AppendResult::kNotWritten;
+}
+
+AppendResult AppendItem(Import& import, const ExchangeItem& item) {
+    if (IsLegacyDatabase(import.source)) return AppendLegacySection(import, item.number);
+    ModelEntry model;
+    if (!RequireModelInRow(import.models, item.number, import.source, model)) {
+        return AppendResult::kNoSource;
+    }
+    return AppendModel(import.path, {import.source, item.number}, item.kind, OptionsOf(import));
+}
+
+// Whether the file still has what the user chose; reported when not.
+bool RequireStillThere(const ImportChoice& choice) {
+    const std::vector<ExchangeItem> items = ListForExchange(choice.path);
+    const bool areThere =
+        std::all_of(choice.items.begin(), choice.items.end(), [&items](const ExchangeItem& chosen) {
+            return std::find(items.begin(), items.end(), chosen) != items.end();
+        });
+    if (!areThere) ReportMessage(kMsgModelChanged, {choice.path});
+    return areThere;
+}
+
+// ---- Export ------------------------------------------------------------------------------------
+
+// The slot that the user chose. False, and reported, when it can't be written.
+bool RequireSlot(const ExportChoice& choice, LegacySlot& slot) {
+    if (!FileExists(choice.path)) {
+        ReportMessage(kMsgFileMissing, {choice.path});
+        return false;
+    }
+    if (IsReadOnlyFile(choice.path)) {
+        ReportMessage(kMsgReadOnly, {choice.path});
+        return false;
+    }
+    int16_t status = 0;
+    const int16_t count = CountLegacySections(choice.path, status);
+    if (!WasLegacyRead(choice.path, status)) return false;
+    if (choice.createNew && count == kMostModels) {
+        ReportMessage(kMsgLegacyNotExtended, {choice.path});
+        return false;
+    }
+    if (!choice.createNew && (choice.slot < 1 || choice.slot > count)) {
+        ReportMessage(kMsgNoLegacySection, {int32_t{choice.slot}, choice.path});
+        return false;
+    }
+    slot.path = choice.path;
+    slot.number = choice.createNew ? static_cast<int16_t>(count + 1) : choice.slot;
+    slot.isNew = choice.createNew;
+    return true;
+}
+
+}  // namespace
+
+void ImportModels(const ImportChoice& choice) {
+    if (choice.items.empty() || !RequireStillThere(choice)) return;
+    Import import;
+    import.source = choice.path;
+    if (!IsLegacyDatabase(choice.path)) import.models = ListModels(choice.path);
+    import.path = shell.database.path;
+    for (const ExchangeItem& item : choice.items) {
+        const AppendResult result = AppendItem(import, item);
+        if (result == AppendResult::kAppended) ++import.appended;
+        if (result == AppendResult::kNotWritten) break;
+    }
+    if (import.appended == 0) return;
+    if (import.path != shell.database.path) ContinueInWritableFile(import.path);
+    SelectLastModelNext();
+    RefreshMainWindow();
+}
+
+void ExportCurrentSection(const ExportChoice& choice) {
+    SectionModel section;
+    LegacySlot slot;
+    if (!ReadSectionBlock(shell.database.path, shell.database.currentModel, false, section) ||
+        !RequireSlot(choice, slot)) {
+        return;
+    }
+    const std::wstring name = Trim(choice.name);
+    if (choice.createNew && !name.empty()) section.name = name;
+    ExportSection(slot, section, shell.database.bsd);
+}
+
+}  // namespace corvane

@@ -1,0 +1,20 @@
+// Models that cross to other databases and back, as the exchange boxes left the user's choice. What
+// fails is reported.
+#pragma once
+
+namespace corvane {
+
+struct ExportChoice;  // shell/exchange_boxes.h
+struct ImportChoice;
+
+// Appends models of another database to the open one, in the order of the list: sections of a
+// legacy database, models of any kind of a model database. Sections and bulkhead arrangements get
+// new identifiers; torsion models are copied line by line. A model that cannot be read is left out,
+// and the rest goes on; when the open database cannot be written, it ends there. The backup holds
+// the database as it was before the first one. The last model becomes the current one.
+void ImportModels(const ImportChoice& choice);
+
+// Writes the current model, a section, into the slot of a legacy database that the user chose.
+void ExportCurrentSection(const ExportChoice& choice);
+
+}  // namespace corvane

@@ -1,0 +1,58 @@
+#include "shell/model_list.h"
+
+#include <array>
+#include <limits>
+
+#include "database/database_file.h"
+#include "report/reporters.h"
+#include "text/numbers.h"
+
+namespace corvane {
+namespace {
+
+std::wstring IdText(int number) {
+    return number < 10 ? L' ' + std::to_wstring(number) : std::to_wstring(number);
+}
+
+ModelRow RowOf(const ModelEntry& model, int number) {
+    ModelRow row;
+    row.name = model.name;
+    // The sum makes a negative zero a plain one.
+    if (model.x >= 0) row.x = DecimalText(double{model.x} + 0.0, 3, 3);
+    row.id = IdText(number);
+    row.type = KindName(model.kind);
+    row.icon = FactsOf(model.kind).icon;
+    row.tag = static_cast<int16_t>(number);
+    row.kind = model.kind;
+    return row;
+}
+
+template <std::wstring ModelRow::*field>
+const std::wstring& Field(const ModelRow& row) {
+    return row.*field;
+}
+
+}  // namespace
+
+std::span<const ModelColumn> ModelColumns() {
+    static constexpr std::array kColumns{
+        ModelColumn{L"Name", false, nullptr, Field<&ModelRow::name>},
+        ModelColumn{L"X", true, L"0000.000", Field<&ModelRow::x>},
+        ModelColumn{L"Id", true, L"0000", Field<&ModelRow::id>},
+        ModelColumn{L"Type", false, L"Bulkhead", Field<&ModelRow::type>},
+    };
+    return kColumns;
+}
+
+std::vector<ModelRow> FillModelList(const std::wstring& path) {
+    ReportStatus(kMsgReadingModels, {path});
+    std::vector<ModelRow> rows;
+    for (const ModelEntry& model : ListModelsWithPositions(path)) {
+        if (rows.size() == std::numeric_limits<int16_t>::max()) break;
+        rows.push_back(RowOf(model, static_cast<int>(rows.size()) + 1));
+    }
+    ShowStatus(L"");
+    return rows;
+}
+
+}  // namespace corvane

@@ -1,0 +1,40 @@
+// LI_Sections, the list of the open database's models: its columns and its rows.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "database/model_kind.h"
+
+namespace corvane {
+
+// One row of the list, one model of the file.
+struct ModelRow {
+    std::wstring name;
+    std::wstring x;     // "#0.000", empty for a negative position
+    std::wstring id;    // the number, a single digit with a blank in front
+    std::wstring type;  // kind name
+    int icon = 1;       // 1-based index in IML_Small
+    int16_t tag = 0;    // model number in the list, 1 the first
+    ModelKind kind = ModelKind::kSection;
+};
+
+// A column of the list. The first one has the icons and what the others leave of the list's width.
+struct ModelColumn {
+    const wchar_t* title;
+    bool alignsRight;
+    // A text as long as the column is wide; null for the first one.
+    const wchar_t* sample;
+    const std::wstring& (*text)(const ModelRow& row);
+};
+
+// The columns from left to right: "Name", "X", "Id", "Type".
+std::span<const ModelColumn> ModelColumns();
+
+// Reads the models of a database, in file order, with status message 621 meanwhile. At most 32,767
+// of them, as many as model numbers of 16 bits tell apart. Read faults give a shorter list.
+std::vector<ModelRow> FillModelList(const std::wstring& path);
+
+}  // namespace corvane

@@ -1,0 +1,91 @@
+// The open database, one thing: its path, its ship record, the rows that the list shows, and the
+// current model. Whatever changes one of them is a procedure of this module; everybody else reads.
+//
+// The database itself stays in its file: every list, preview and command reads the file, and every
+// edit rewrites it, so another program of the suite may change it between two commands. A row names
+// the model that the file had there when the list was filled.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "bsd/basic_ship_data.h"
+#include "database/database_file.h"
+#include "shell/model_list.h"
+
+namespace corvane {
+
+struct OpenDatabase {
+    std::wstring path;           // absolute; empty: no database is open
+    BasicShipData bsd;           // its ship record; fresh where the file has none
+    std::vector<ModelRow> rows;  // as RefreshMainWindow listed them last
+    // Number of the selected model, 1 the first; 0 none yet. It stays when no row is selected:
+    // after the last model was deleted no row has it.
+    int16_t currentModel = 0;
+};
+
+bool IsDatabaseOpen();
+
+// ---- Another database, or another part of it ---------------------------------------------------
+
+// Makes a database the open one, with its first model as the current one. The window shows it at
+// the next RefreshMainWindow.
+void AdoptDatabase(const std::wstring& path, const BasicShipData& bsd);
+// The same, with the ship record that the file has.
+void LoadDatabase(const std::wstring& path);
+void CloseDatabase();
+
+// A byte-for-byte copy of the open database becomes the open one.
+void ContinueInCopy(const std::wstring& path);
+// Another file, to which the user took a read-only database for an edit, becomes the open one, and
+// its folder BrowseDirectory. The ship record is read from it.
+void ContinueInWritableFile(const std::wstring& path);
+
+void AdoptShipRecord(const BasicShipData& bsd);
+// Reads the ship record again. While the file cannot be read the record stays as it is.
+void ReadShipRecordAgain();
+
+void SetCurrentModel(int16_t number);
+// The database's last model becomes the current one, if there is a row for its number.
+void SelectLastModelNext();
+
+// ---- The window's view of it -------------------------------------------------------------------
+
+// Rebuilds everything that the window shows from the file and the state of the process. The current
+// model's row is selected when there is one, as by a click.
+void RefreshMainWindow();
+
+// Row `index`, 0 the first, was clicked or reached by the keyboard: its model becomes the current
+// one, and preview, labels, buttons and the Section menu follow it.
+void SelectRow(int index);
+// The selected row is shown again, after the preview was switched on or off.
+void ShowSelectedRowAgain();
+// No row is selected: preview and labels are empty, and the Section menu has its own name again.
+// The current model's number stays.
+void DeselectModel();
+bool IsRowSelected();
+
+// Title - file name - ship name; the title alone without a database. The ship's name is stored back
+// trimmed.
+std::wstring MainWindowCaption();
+
+// ---- What a command requires -------------------------------------------------------------------
+
+// The open database's file can be read; a missing one is reported (message 1020). False without a
+// message when no database is open.
+bool RequireDatabase();
+
+// The model in row `row`, from 1, of a database's list. False when the list has no model of that
+// number there, which is reported (1011, 3522).
+bool RequireModelInRow(const std::vector<ModelEntry>& models, int32_t row, const std::wstring& path,
+                       ModelEntry& model);
+
+// The current model as the file has it now. False, and reported, when the open database is missing,
+// or has none in that row.
+bool RequireCurrentModel(ModelEntry& model);
+
+// The current model is still the one that the user was asked about; reported when not.
+bool RequireUnchanged(const ModelEntry& asked);
+
+}  // namespace corvane

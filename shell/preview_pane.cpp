@@ -1,0 +1,81 @@
+#include "shell/preview_pane.h"
+
+#include <algorithm>
+
+#include "bsd/frames.h"
+#include "database/database_file.h"
+#include "database/section_file.h"
+#include "report/reporters.h"
+#include "shell/model_list.h"
+#include "shell/state.h"
+#include "text/numbers.h"
+
+namespace corvane {
+namespace {
+
+// A frame is at a model's position when the two are no farther apart than this [m].
+constexpr double kSamePosition_m = 0.001;
+
+// A number in a format such as "#0.000" or "0.0##".
+std::wstring FormattedNumber(double value, std::wstring_view format) {
+    const size_t point = format.find(L'.');
+    if (point == std::wstring_view::npos) return DecimalText(value, 0, 0);
+    const std::wstring_view decimals = format.substr(point + 1);
+    const auto least = static_cast<int>(std::count(decimals.begin(), decimals.end(), L'0'));
+    const auto optional = static_cast<int>(std::count(decimals.begin(), decimals.end(), L'#'));
+    return DecimalText(value, least, least + optional);
+}
+
+bool ReadForPreview(const ModelRow& row) {
+    return row.kind == ModelKind::kSection && shell.view.isPreviewOn() &&
+           ReadSectionBlock(shell.database.path, row.tag, false, shell.preview.section);
+}
+
+void ClearPicture() {
+    shell.preview.isShown = false;
+    shell.view.clearPreview();
+}
+
+// Shows the model in the picture, as far as it can be shown there, and returns its position [m].
+float ShowInPicture(const ModelRow& row) {
+    if (!ReadForPreview(row)) {
+        ClearPicture();
+        return ModelPosition(shell.database.path, row.tag);
+    }
+    shell.preview.isShown = true;
+    shell.view.redrawPreview();
+    ResetMousePointer();
+    return shell.preview.section.x_m;
+}
+
+}  // namespace
+
+void ShowInPreview(const ModelRow& row) {
+    const float x_m = ShowInPicture(row);
+    shell.view.setPositionText(FormatMessage(kMsgPosition, {x_m}));
+    shell.view.setFrameText(FrameText(x_m));
+}
+
+void ClearPreviewPane() {
+    ClearPicture();
+    shell.view.setPositionText(L"");
+    shell.view.setFrameText(L"");
+}
+
+void DrawPreview(Picture& picture) {
+    if (!shell.preview.isShown) return;
+    LibraryView view;
+    MakeLibraryView(shell.preview.section, view);
+    DrawSectionPreview(view.section, shell.database.bsd, picture);
+}
+
+std::wstring FrameText(float x_m) {
+    const NearestFrameResult nearest = NearestFrame(shell.database.bsd, x_m);
+    if (!nearest.found) return L"No frame in BSD";
+    const std::wstring frame = std::to_wstring(nearest.frame);
+    if (nearest.distance < kSamePosition_m) return L"Frame : " + frame;
+    return L"Closer Frame : " + frame + L" (" +
+           FormattedNumber(nearest.distance, GetMessage(kMsgFrameDistanceFormat)) + L" m)";
+}
+
+}  // namespace corvane

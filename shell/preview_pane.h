@@ -1,0 +1,34 @@
+// The pane beside the list: the selected section drawn in PIC_Section, and the selected model's
+// position and frame below it.
+#pragma once
+
+#include <string>
+
+#include "database/section.h"
+#include "preview/section_preview.h"
+
+namespace corvane {
+
+struct ModelRow;  // shell/model_list.h
+
+// What the pane shows.
+struct PreviewPane {
+    // The section as it was read when its row was selected; drawn again from here.
+    SectionModel section;
+    bool isShown = false;
+};
+
+// Shows a row's model. A section is read and drawn when the preview is on; of any other model, and
+// of one that could not be read, which is reported, the position alone is read and the picture is
+// cleared.
+void ShowInPreview(const ModelRow& row);
+// Empties picture and labels.
+void ClearPreviewPane();
+
+// Draws the section that is shown into a picture; leaves the picture as it is when there is none.
+void DrawPreview(Picture& picture);
+
+// The text of LB_Frame for a position x [m] along the ship.
+std::wstring FrameText(float x_m);
+
+}  // namespace corvane

@@ -1,0 +1,37 @@
+#include "shell/rule_set.h"
+
+#include <iterator>
+#include <utility>
+
+#include "shell/open_database.h"
+#include "shell/state.h"
+
+namespace corvane {
+
+RuleSet CurrentRuleSet() {
+    if (shell.jbpMode) return RuleSet::kCsr;
+    return shell.milMode ? RuleSet::kMil : RuleSet::kQuor;
+}
+
+void RuleSetChosen(RuleSet ruleSet) {
+    shell.jbpMode = ruleSet == RuleSet::kCsr;
+    shell.milMode = ruleSet == RuleSet::kMil;
+    shell.view.redrawRuleButton();
+    UpdateTitle();
+    shell.view.setMainCaption(MainWindowCaption());
+}
+
+std::wstring WithoutRuleSetSuffixes(std::wstring title) {
+    while (title.ends_with(kJbpSuffix) || title.ends_with(kMilSuffix)) {
+        title.resize(title.size() - std::size(kJbpSuffix) + 1);
+    }
+    return title;
+}
+
+void UpdateTitle() {
+    shell.title = WithoutRuleSetSuffixes(std::move(shell.title));
+    if (shell.jbpMode) shell.title += kJbpSuffix;
+    if (shell.milMode) shell.title += kMilSuffix;
+}
+
+}  // namespace corvane

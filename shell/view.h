@@ -1,0 +1,86 @@
+// What only a screen or a user can do: one record of procedures. The user interface fills it in at
+// start, tests fill it with a fake; nobody else knows a window. A procedure that nobody filled in
+// does nothing and answers no.
+//
+// A procedure decides nothing: what is shown when, and what an answer means, is up to the caller.
+// All of them are called on the one thread of the program. Those of the main window do nothing
+// while there is none.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "database/model_kind.h"
+#include "report/reporters.h"
+
+namespace corvane {
+
+struct ExportChoice;  // shell/exchange_boxes.h
+struct ImportChoice;
+struct ModelRow;  // shell/model_list.h
+
+struct View {
+    // Status label, boxes, pointer: what the reporters need.
+    ReportView report;
+
+    // ---- Questions: modal boxes that return when the user has closed them ----------------------
+
+    bool (*askYesNo)(const std::wstring& text) = [](const std::wstring&) { return false; };
+    // For what cannot be undone: No is the button that Enter presses.
+    bool (*askIrreversible)(const std::wstring& text) = [](const std::wstring&) { return false; };
+    bool (*askOkCancel)(const std::wstring& text) = [](const std::wstring&) { return false; };
+    // An input box: `answer` is proposed, and becomes what the user typed. False when the user
+    // cancelled.
+    bool (*askText)(const std::wstring& question, std::wstring& answer) =
+        [](const std::wstring&, std::wstring&) { return false; };
+    // FM_Export and FM_Inport: false when the user cancelled. The proposed name is in `choice`.
+    bool (*askExport)(ExportChoice& choice) = [](ExportChoice&) { return false; };
+    bool (*askImport)(ImportChoice& choice) = [](ImportChoice&) { return false; };
+    // The box FM_About; `heading` is its version line.
+    void (*showAbout)(const std::wstring& heading) = [](const std::wstring&) {};
+
+    // ---- Windows -------------------------------------------------------------------------------
+
+    // The main window FM_Main: made without being shown; shown; closed as the user does, which then
+    // shuts the program down.
+    void (*loadMainWindow)() = [] {};
+    void (*showMainWindow)() = [] {};
+    void (*closeMainWindow)() = [] {};
+    void (*setMainCaption)(const std::wstring& caption) = [](const std::wstring&) {};
+    // The splash window FM_Load, shown on top of all windows.
+    void (*showSplash)(const std::wstring& title) = [](const std::wstring&) {};
+    // Brings the window of the running instance to the front: the first visible top-level window
+    // whose title is `title`, else the first whose title begins with it.
+    void (*activateRunningInstance)(const std::wstring& title) = [](const std::wstring&) {};
+
+    // ---- The main window -----------------------------------------------------------------------
+
+    void (*setDatabaseText)(const std::wstring& text) = [](const std::wstring&) {};  // TX_DataBase
+    // LI_Sections: all rows again, none of them selected.
+    void (*setRows)(const std::vector<ModelRow>& rows) = [](const std::vector<ModelRow>&) {};
+    // Indexes of rows, 0 the first; -1 none.
+    void (*selectRow)(int index) = [](int) {};
+    int (*selectedRow)() = [] { return -1; };
+    void (*focusList)() = [] {};
+
+    bool (*isPreviewOn)() = [] { return false; };  // OP_Preview
+    void (*redrawPreview)() = [] {};               // PIC_Section, through DrawPreview
+    void (*clearPreview)() = [] {};
+    void (*setPositionText)(const std::wstring& text) = [](const std::wstring&) {};  // LB_X
+    void (*setFrameText)(const std::wstring& text) = [](const std::wstring&) {};     // LB_Frame
+    void (*setSectionMenuCaption)(const std::wstring& text) = [](const std::wstring&) {};
+
+    // OP_Rule: the option that is set, 0 to 2, and setting one; RuleSetChosen is up to the caller.
+    int (*selectedRule)() = [] { return 0; };
+    void (*selectRule)(int index) = [](int) {};
+    // BT_Open and BT_Rule: offsets, visibility and pictures for a model kind and the rule set.
+    void (*showModelButtons)(ModelKind kind) = [](ModelKind) {};
+    void (*redrawRuleButton)() = [] {};  // BT_Rule's picture, for the rule set
+
+    // Disables all controls and menus, and enables them again.
+    void (*setLocked)(bool locked) = [](bool) {};
+    // Asks IsEnabled for every command, IsMenuEnabled for every menu, IsDatabaseOpen for the list.
+    void (*updateEnabling)() = [] {};
+};
+
+}  // namespace corvane

@@ -1,0 +1,107 @@
+#include "tests/shell/fake_view.h"
+
+#include <utility>
+
+#include "tests/support/support.h"
+
+namespace corvane::test {
+namespace {
+
+constexpr auto kRecord = RecordedReports::Record;
+
+bool Answer(const char* question, const std::wstring& text) {
+    kRecord(question + Narrow(text));
+    return FakeView::answerYes;
+}
+
+void AskQuestions(View& view) {
+    view.askYesNo = [](const std::wstring& text) { return Answer("ask ", text); };
+    view.askIrreversible = [](const std::wstring& text) {
+        return Answer("ask irreversible ", text);
+    };
+    view.askOkCancel = [](const std::wstring& text) { return Answer("ask ok ", text); };
+    view.askText = [](const std::wstring& text, std::wstring& answer) {
+        kRecord("ask text " + Narrow(text) + " [" + Narrow(answer) + "]");
+        if (FakeView::answerYes) answer = FakeView::answerText;
+        return FakeView::answerYes;
+    };
+    view.askExport = [](ExportChoice& choice) { return FakeView::askExport(choice); };
+    view.askImport = [](ImportChoice& choice) { return FakeView::askImport(choice); };
+}
+
+void ShowWindows(View& view) {
+    view.showAbout = [](const std::wstring& text) { kRecord("about " + Narrow(text)); };
+    view.loadMainWindow = [] { kRecord("main load"); };
+    view.showMainWindow = [] { kRecord("main show"); };
+    view.closeMainWindow = [] { kRecord("close"); };
+    view.setMainCaption = [](const std::wstring& text) { kRecord("title " + Narrow(text)); };
+    view.showSplash = [](const std::wstring& text) { kRecord("splash show " + Narrow(text)); };
+    view.activateRunningInstance = [](const std::wstring& text) {
+        kRecord("activate " + Narrow(text));
+    };
+}
+
+void ShowContents(View& view) {
+    view.setDatabaseText = [](const std::wstring& text) { FakeView::database = text; };
+    view.setRows = [](const std::vector<ModelRow>& all) {
+        FakeView::rows = all;
+        kRecord("rows " + std::to_string(all.size()));
+    };
+    view.selectRow = [](int index) { FakeView::selected = index; };
+    view.selectedRow = [] { return FakeView::selected; };
+    view.focusList = [] { kRecord("focus list"); };
+    view.isPreviewOn = [] { return FakeView::previewOn; };
+    view.redrawPreview = [] { kRecord("redraw preview"); };
+    view.clearPreview = [] { kRecord("clear preview"); };
+    view.setPositionText = [](const std::wstring& text) { FakeView::position = text; };
+    view.setFrameText = [](const std::wstring& text) { FakeView::frame = text; };
+    view.setSectionMenuCaption = [](const std::wstring& text) { FakeView::menu = text; };
+    view.selectedRule = [] { return FakeView::rule; };
+    view.selectRule = [](int index) {
+        FakeView::rule = index;
+        kRecord("rule " + std::to_string(index));
+    };
+    view.showModelButtons = [](ModelKind kind) { kRecord("buttons " + Narrow(KindName(kind))); };
+    view.redrawRuleButton = [] { kRecord("redraw rule button"); };
+    view.setLocked = [](bool wanted) {
+        FakeView::locked = wanted;
+        kRecord(wanted ? "lock" : "unlock");
+    };
+    view.updateEnabling = [] { kRecord("enabling"); };
+}
+
+}  // namespace
+
+bool FakeView::answerYes;
+std::wstring FakeView::answerText;
+std::function<bool(ExportChoice&)> FakeView::askExport;
+std::function<bool(ImportChoice&)> FakeView::askImport;
+bool FakeView::previewOn;
+std::vector<ModelRow> FakeView::rows;
+int FakeView::selected;
+int FakeView::rule;
+bool FakeView::locked;
+std::wstring FakeView::database, FakeView::position, FakeView::frame, FakeView::menu;
+
+FakeView::FakeView() : before(std::exchange(shell, ShellState())) {
+    answerYes = previewOn = locked = false;
+    answerText.clear();
+    askExport = [](ExportChoice&) { return false; };
+    askImport = [](ImportChoice&) { return false; };
+    rows.clear();
+    selected = -1;
+    rule = 0;
+    database = position = frame = menu = L"untouched";
+    View view;
+    view.report = RecordedReports::View();
+    AskQuestions(view);
+    ShowWindows(view);
+    ShowContents(view);
+    UseView(view);
+}
+
+FakeView::~FakeView() {
+    shell = before;
+}
+
+}  // namespace corvane::test

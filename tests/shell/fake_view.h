@@ -1,0 +1,46 @@
+// The one fake of the view: a screen and a user for tests without a window.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "shell/exchange_boxes.h"
+#include "shell/model_list.h"
+#include "shell/state.h"
+#include "tests/support/recorded_reports.h"
+
+namespace corvane::test {
+
+// While one of these lives, the process has a fresh state whose view writes what happens into
+// RecordedReports::events, such as "rows 3", "lock", "rule 1", "ask text", "main show"; what the
+// main window shows is kept in the fields. Afterwards the old state is back.
+struct FakeView {
+    FakeView();
+    ~FakeView();
+    FakeView(const FakeView&) = delete;
+    FakeView& operator=(const FakeView&) = delete;
+
+    // ---- What the user does --------------------------------------------------------------------
+
+    static bool answerYes;
+    static std::wstring answerText;  // given to askText, when the answer is yes
+    // In the exchange boxes; at first, cancel.
+    static std::function<bool(ExportChoice&)> askExport;
+    static std::function<bool(ImportChoice&)> askImport;
+    static bool previewOn;
+
+    // ---- What the main window shows; texts are "untouched" at first ----------------------------
+
+    static std::vector<ModelRow> rows;
+    static int selected;
+    static int rule;
+    static bool locked;
+    static std::wstring database, position, frame, menu;
+
+private:
+    RecordedReports reports;
+    ShellState before;
+};
+
+}  // namespace corvane::test

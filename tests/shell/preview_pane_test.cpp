@@ -1,0 +1,154 @@
+// What the selection of a model does to the preview.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "database/database_file.h"
+#include "tests/shell/fake_view.h"
+#include "tests/shell/shown_database.h"
+
+namespace corvane {
+namespace {
+
+using test::Block;
+using test::Database;
+using test::DefineBsd;
+using test::FakeView;
+using test::RecordedReports;
+using test::ShownDatabase;
+
+int timesTraced;
+
+void ShipOfOnePanel() {
+    DefineBsd();
+    Panel panel;
+    panel.nodes.resize(2);
+    shell.preview.section.panels.assign(1, panel);
+}
+
+// The drawing library, which only counts its drawings.
+struct CountingLibrary {
+    test::FakeFunction<decltype(QuickCompute)> quickCompute{
+        QuickCompute, [](Section*, DrawingParameters*) { return int16_t{0}; }};
+    test::FakeFunction<decltype(ScaleWindow)> scaleWindow{
+        ScaleWindow, [](WindowHandle, DeviceHandle, float, float, float, float, int16_t) {}};
+    test::FakeFunction<decltype(TraceSection)> traceSection{
+        TraceSection, [](DeviceHandle, Section*, DrawingParameters*) { ++timesTraced; }};
+    Picture picture;
+
+    CountingLibrary() {
+        timesTraced = 0;
+        picture.width = picture.height = 1000;
+        picture.clear = [](Picture&) {};
+        picture.setFont = [](Picture&, float) {};
+        picture.systemColour = [](int) { return int32_t{0}; };
+    }
+};
+
+TEST(PreviewPane, SelectedSectionIsReadForThePreview) {
+    ShownDatabase window;
+    window.Open(Database(2));
+    FakeView::previewOn = true;
+    const std::vector<ModelRow> rows = FillModelList(shell.database.path);
+    ShowInPreview(rows[1]);
+    EXPECT_TRUE(shell.preview.isShown);
+    EXPECT_EQ(shell.preview.section.name, L"Frame 2");
+    EXPECT_TRUE(RecordedReports::Happened("redraw preview"));
+    EXPECT_FALSE(RecordedReports::Happened("clear preview"));
+    EXPECT_TRUE(RecordedReports::Happened("pointer reset"));
+    EXPECT_EQ(FakeView::position, L"X = 20 m");
+}
+
+TEST(PreviewPane, WithoutThePreviewOnlyThePositionIsRead) {
+    ShownDatabase window;
+    window.Open(Database(2));
+    const std::vector<ModelRow> rows = FillModelList(shell.database.path);
+    ShowInPreview(rows[1]);
+    EXPECT_FALSE(shell.preview.isShown);
+    EXPECT_TRUE(shell.preview.section.name.empty());
+    EXPECT_TRUE(RecordedReports::Happened("clear preview"));
+    EXPECT_FALSE(RecordedReports::Happened("redraw preview"));
+    EXPECT_EQ(FakeView::position, L"X = 20 m");
+}
+
+TEST(PreviewPane, BulkheadAndTorsionModelClearThePreviewWithoutABox) {
+    for (const char* keyword : {"BHA", "TORSION"}) {
+        ShownDatabase window;
+        window.Open("DATABASE\r\n" + Block(1, "SECTION", "Midship", " 100 ") +
+                    Block(2, keyword, "Other", " 30 "));
+        FakeView::previewOn = true;
+        const std::vector<ModelRow> rows = FillModelList(shell.database.path);
+        ShowInPreview(rows[0]);
+        RecordedReports::events.clear();
+        ShowInPreview(rows[1]);
+        EXPECT_FALSE(shell.preview.isShown) << keyword;
+        EXPECT_TRUE(RecordedReports::Happened("clear preview"));
+        EXPECT_TRUE(RecordedReports::Of("warning").empty());
+        EXPECT_EQ(shell.preview.section.name, L"Midship") << "no section is read";
+        const float x = ModelPosition(shell.database.path, 2);
+        EXPECT_EQ(FakeView::position, FormatMessage(kMsgPosition, {x}));
+    }
+}
+
+TEST(PreviewPane, SectionThatCannotBeReadClearsThePreview) {
+    ShownDatabase window;
+    window.Open(Database(1));
+    FakeView::previewOn = true;
+    ModelRow row = FillModelList(shell.database.path).at(0);
+    ShowInPreview(row);
+    row.tag = 7;
+    ShowInPreview(row);
+    EXPECT_FALSE(shell.preview.isShown);
+    EXPECT_TRUE(RecordedReports::Happened("clear preview"));
+}
+
+TEST(PreviewPane, DeselectingClearsThePreview) {
+    ShownDatabase window;
+    window.Open(Database(1));
+    FakeView::previewOn = true;
+    ShowInPreview(FillModelList(shell.database.path).at(0));
+    ClearPreviewPane();
+    EXPECT_FALSE(shell.preview.isShown);
+    EXPECT_TRUE(RecordedReports::Happened("clear preview"));
+}
+
+TEST(PreviewPane, RepaintDrawsFromMemoryNotFromTheFile) {
+    ShownDatabase window;
+    CountingLibrary library;
+    window.Open(Database(1));
+    FakeView::previewOn = true;
+    ShowInPreview(FillModelList(shell.database.path).at(0));
+    ShipOfOnePanel();
+    test::WriteFileBytes(shell.database.path, "no database any more");
+    RecordedReports::events.clear();
+    DrawPreview(library.picture);
+    DrawPreview(library.picture);
+    EXPECT_EQ(timesTraced, 2);
+    EXPECT_TRUE(RecordedReports::events.empty()) << "nothing is read, nothing reported";
+}
+
+TEST(PreviewPane, NothingIsDrawnWhenNoSectionIsShown) {
+    ShownDatabase window;
+    CountingLibrary library;
+    ShipOfOnePanel();
+    DrawPreview(library.picture);
+    EXPECT_EQ(timesTraced, 0);
+    shell.preview.isShown = true;
+    DrawPreview(library.picture);
+    EXPECT_EQ(timesTraced, 1);
+}
+
+TEST(PreviewPane, UndefinedBsdLeavesThePictureAlone) {
+    ShownDatabase window;
+    CountingLibrary library;
+    library.picture.clear = [](Picture&) { ADD_FAILURE() << "cleared"; };
+    ShipOfOnePanel();
+    shell.preview.isShown = true;
+    shell.database.bsd.MainData(9) = 0;
+    DrawPreview(library.picture);
+    EXPECT_EQ(timesTraced, 0);
+}
+
+}  // namespace
+}  // namespace corvane

@@ -1,0 +1,23 @@
+// The windows of this program: the main one, others by their class, and what is reported when a
+// procedure of a window fails.
+#pragma once
+
+#include "platform/win32/win32.h"
+
+namespace corvane {
+
+// FM_Main; null when there is none.
+HWND MainHandle();
+
+// The thread's own window of a class; null when there is none.
+HWND OwnWindow(const wchar_t* className);
+
+// What a box belongs to: the dialog that is open over the main window, else the main window, when
+// it can be seen; else null, and the box belongs to nobody.
+HWND DialogOwner();
+
+// Reports the exception that is being handled; called in every catch block of a window procedure
+// and of the program's entry.
+void ReportFault() noexcept;
+
+}  // namespace corvane

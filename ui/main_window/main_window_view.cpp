@@ -1,0 +1,187 @@
+#include "ui/main_window/main_window_view.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "shell/model_list.h"
+#include "shell/rule_set.h"
+#include "ui/base/control_ids.h"
+#include "ui/base/dpi.h"
+#include "ui/base/own_window.h"
+#include "ui/main_window/main_window.h"
+#include "ui/main_window/main_window_controls.h"
+#include "ui/main_window/main_window_state.h"
+#include "ui/main_window/menus.h"
+#include "ui/main_window/model_list_view.h"
+#include "ui/pictures/button_pictures.h"
+#include "ui/pictures/section_picture.h"
+
+namespace corvane {
+namespace {
+
+void SetText(HWND control, const std::wstring& text) {
+    SetWindowTextW(control, text.c_str());
+}
+
+// ---- Contents ----------------------------------------------------------------------------------
+
+void SetRows(const std::vector<ModelRow>& rows) {
+    MainWindowState* state = MainState();
+    if (state == nullptr) return;
+    state->filling = true;
+    SetModelRows(MainControl(LI_Sections), rows);
+    state->filling = false;
+}
+
+void SelectRow(int index) {
+    MainWindowState* state = MainState();
+    if (state == nullptr) return;
+    state->filling = true;
+    SelectModelRow(MainControl(LI_Sections), index);
+    state->filling = false;
+}
+
+int SelectedRule() {
+    for (int i = 0; i < kRuleSetCount; ++i) {
+        if (IsDlgButtonChecked(MainHandle(), OP_Rule + i) == BST_CHECKED) return i;
+    }
+    return 0;
+}
+
+void SelectRule(int index) {
+    CheckRadioButton(MainHandle(), OP_Rule, OP_Rule + kRuleSetCount - 1, OP_Rule + index);
+}
+
+void ShowModelButtons(ModelKind kind) {
+    MainWindowState* state = MainState();
+    if (state == nullptr || state->kind == kind) return;
+    state->kind = kind;
+    state->layout.hasRuleButton = kind != ModelKind::kTorsion;
+    ShowWindow(MainControl(BT_Rule), state->layout.hasRuleButton ? SW_SHOWNA : SW_HIDE);
+    PlaceOpenButton(MainHandle(), state->layout);
+    ShowButtonPictures(MainHandle());
+}
+
+void RedrawRuleButton() {
+    const MainWindowState* state = MainState();
+    if (state == nullptr) return;
+    ShowRulePicture(MainControl(BT_Rule), state->kind, CurrentRuleSet(), state->layout.dpi);
+}
+
+// What the user typed and clicked while the window was locked, and that it was to close, does not
+// count afterwards.
+void DropInput() {
+    constexpr std::pair<UINT, UINT> kInput[] = {{WM_KEYFIRST, WM_KEYLAST},
+                                                {WM_MOUSEFIRST, WM_MOUSELAST},
+                                                {WM_NCMOUSEMOVE, WM_NCXBUTTONDBLCLK},
+                                                {WM_SYSCOMMAND, WM_SYSCOMMAND},
+                                                {WM_CLOSE, WM_CLOSE}};
+    MSG message;
+    for (const auto& [first, last] : kInput) {
+        while (PeekMessageW(&message, nullptr, first, last, PM_REMOVE | PM_NOYIELD)) continue;
+    }
+}
+
+void SetLocked(bool locked) {
+    const HWND window = MainHandle();
+    MainWindowState* state = MainState();
+    if (state == nullptr || state->locked == locked) return;
+    if (locked) {
+        RememberFocus(window);
+    } else {
+        DropInput();
+    }
+    state->locked = locked;
+    for (HWND control = GetWindow(window, GW_CHILD); control != nullptr;
+         control = GetWindow(control, GW_HWNDNEXT)) {
+        EnableWindow(control, !locked);
+    }
+    UpdateEnabling(window);
+    if (!locked && GetActiveWindow() == window) GiveFocus(window);
+}
+
+void FocusList() {
+    MainWindowState* state = MainState();
+    if (state == nullptr) return;
+    state->focus = MainControl(LI_Sections);
+    if (GetActiveWindow() == MainHandle()) GiveFocus(MainHandle());
+}
+
+// ---- Window, status label, pointer -------------------------------------------------------------
+
+void ShowMainWindow() {
+    const HWND window = MainHandle();
+    ShowWindow(window, SW_SHOWDEFAULT);
+    UpdateWindow(window);
+}
+
+void SetStatusColour(StatusColour colour) {
+    MainWindowState* state = MainState();
+    if (state == nullptr || state->statusColour == colour) return;
+    state->statusColour = colour;
+    InvalidateRect(MainControl(PAN_Help), nullptr, TRUE);
+}
+
+void SetStatusTag(const std::wstring& tag) {
+    MainWindowState* state = MainState();
+    if (state != nullptr) state->statusTag = tag;
+}
+
+std::wstring StatusTag() {
+    const MainWindowState* state = MainState();
+    return state == nullptr ? std::wstring(L"-1") : state->statusTag;
+}
+
+void SetPointer(bool busy) {
+    MainWindowState* state = MainState();
+    if (state != nullptr) state->busy = busy;
+    SetCursor(LoadCursorW(nullptr, busy ? IDC_WAIT : IDC_ARROW));
+}
+
+void FillInContents(View& view) {
+    view.setDatabaseText = [](const std::wstring& text) {
+        SetText(MainControl(TX_DataBase), text);
+    };
+    view.setRows = SetRows;
+    view.selectRow = SelectRow;
+    view.selectedRow = [] {
+        return MainHandle() == nullptr ? -1 : SelectedModelRow(MainControl(LI_Sections));
+    };
+    view.focusList = FocusList;
+    view.isPreviewOn = [] { return IsDlgButtonChecked(MainHandle(), OP_Preview) == BST_CHECKED; };
+    view.redrawPreview = [] { RedrawSectionPicture(MainControl(PIC_Section)); };
+    view.clearPreview = [] { ClearSectionPicture(MainControl(PIC_Section)); };
+    view.setPositionText = [](const std::wstring& text) { SetText(MainControl(LB_X), text); };
+    view.setFrameText = [](const std::wstring& text) { SetText(MainControl(LB_Frame), text); };
+    view.setSectionMenuCaption = [](const std::wstring& text) {
+        SetSectionMenuText(MainHandle(), text);
+    };
+    view.selectedRule = SelectedRule;
+    view.selectRule = SelectRule;
+    view.showModelButtons = ShowModelButtons;
+    view.redrawRuleButton = RedrawRuleButton;
+    view.setLocked = SetLocked;
+    view.updateEnabling = [] { UpdateEnabling(MainHandle()); };
+}
+
+}  // namespace
+
+void FillInMainWindow(View& view) {
+    FillInContents(view);
+    view.loadMainWindow = LoadMainWindow;
+    view.showMainWindow = ShowMainWindow;
+    view.closeMainWindow = [] { SendMessageW(MainHandle(), WM_CLOSE, 0, 0); };
+    view.setMainCaption = [](const std::wstring& text) { SetText(MainHandle(), text); };
+    view.report.statusCaption = [] { return WindowText(MainControl(PAN_Help)); };
+    view.report.setStatusCaption = [](const std::wstring& text) {
+        SetText(MainControl(PAN_Help), text);
+    };
+    view.report.setStatusColour = SetStatusColour;
+    view.report.statusTag = StatusTag;
+    view.report.setStatusTag = SetStatusTag;
+    view.report.setBusyPointer = [] { SetPointer(true); };
+    view.report.resetPointer = [] { SetPointer(false); };
+}
+
+}  // namespace corvane
