@@ -151,7 +151,7 @@ bool AddZone(const std::wstring& line, BasicShipData& bsd) {
     constexpr double kLargestSpacing_m = 10;
     Zone zone{};
     if (!ReadZone(line, zone)) return ReportZone(L"this line is not a zone.", line);
-    if (bsd.FrameZoneCount == kMostZones) return ReportZone(L"there are more than 40.", line);
+    if (bsd.FrameZoneCount == kMostZones) return ReportZone(L"there are more than 40 zones.", line);
     if (zone.lastFrame <= bsd.FrameNumbers(bsd.FrameZoneCount) || zone.lastFrame > INT16_MAX) {
         return ReportZone(L"the last frame of this zone is not above those before it.", line);
     }
@@ -209,7 +209,7 @@ bool SaveFields(Form& form, Question) {
 }  // namespace
 
 const StandIn kBsdEditor{
-    L"Basic ship data (stand-in)",
+    L"Basic Ship Data (stand-in)",
     L"This stand-in edits the ship's names, type, main dimensions and frames. All other data of "
     L"the ship stay as they are.",
     ModelUse::kNone,

@@ -33,8 +33,8 @@ bool IsUsable(const StandIn& standIn, Form& form) {
     TextReader reader;
     if (!OpenText(reader, path)) {
         ReportMessage(
-            L"The database '¤' cannot be read:²¤²²Close the program that "
-            L"holds it, or make sure that you may read it; then try again.",
+            L"The database '¤' cannot be read:²¤²²Close the program that is using it, or make "
+            L"sure that you may read it; then try again.",
             {path, system::ErrorText(reader.error)});
         return false;
     }
@@ -228,7 +228,7 @@ std::wstring SaveForm(const StandIn& standIn, Form& form, Question askYesNo) {
     if (form.fault >= 0 || !IsUnchanged(form) || !standIn.save(form, askYesNo)) return {};
     AdoptSaved(standIn, form);
     const std::wstring what = standIn.use == ModelUse::kNone
-                                  ? std::wstring(L"basic ship data")
+                                  ? std::wstring(L"Basic Ship Data")
                                   : LowerCase(KindName(standIn.kind)) + L' ' + ModelText(form);
     return L"Saved: " + what + L", in " + FileNameOf(form.request.databasePath);
 }

@@ -11,8 +11,8 @@ namespace corvane::siblings {
 namespace {
 
 constexpr wchar_t kUsage[] =
-    L"²²Corvane starts this program by itself: open a database there and choose a command of its "
-    L"menus. To start it by hand, give it²²[/d] [/mil] [/JBP] \"database\" [model number]";
+    L"²²Corvane starts this program: open a database there and choose a command from its menus. "
+    L"To start it by hand, add²²[/d] [/mil] [/JBP] \"database\" [model number]";
 
 bool ReportUsage(const std::wstring& fault, MessageArguments arguments = {}) {
     ReportMessage(fault + kUsage, arguments);

@@ -7,8 +7,8 @@ namespace corvane::siblings {
 namespace {
 
 constexpr wchar_t kNote[] =
-    L"This stand-in checks nothing: no rule was applied, and no result means that the model is "
-    L"right. It shows which model it was asked to check.";
+    L"This stand-in checks nothing: no rule was applied, and nothing here means that the model "
+    L"is right. It shows which model it was asked to check.";
 
 // Position, dimensions and number of parts of a section or a bulkhead arrangement.
 bool ShowModel(Form& form) {

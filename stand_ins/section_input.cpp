@@ -96,7 +96,7 @@ bool CheckTogether(Form& form, const MidshipParameters& parameters) {
     if (parameters.bilgeRadius > MostBilgeRadius(parameters)) {
         form.fault = kBilgeRadius;
         ReportMessage(
-            L"Bilge radius: ¤ m is more than the height of the double bottom or a "
+            L"Bilge radius: ¤ m is more than the double bottom height or a "
             L"quarter of the breadth allows, ¤ m.²²Make the radius smaller.",
             {parameters.bilgeRadius, MostBilgeRadius(parameters)});
         return false;
@@ -123,7 +123,7 @@ bool Draft(Form& form, Before& before, Question askYesNo) {
     const int16_t code = DraftMidship(before.section, parameters);
     if (code == 0) return true;
     ReportMessage(
-        L"These dimensions give no section: the geometry ends with the code ¤. Nothing "
+        L"These dimensions give no section: the geometry fails with code ¤. Nothing "
         L"was saved.²²Choose dimensions that fit together better.",
         {int32_t{code}});
     return false;

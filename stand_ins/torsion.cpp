@@ -93,8 +93,8 @@ bool RenameModel(const std::wstring& path, const std::wstring& name, int32_t num
     }
     if (!SkipName(reader, begin)) {
         ReportMessage(
-            L"Model ¤ of '¤' has lost the line of its name: nothing was saved.²²Delete "
-            L"the model in Corvane, or take the database from a backup.",
+            L"Model ¤ of '¤' has lost its name line: nothing was saved.²²Delete "
+            L"the model in Corvane, or restore the database from a backup.",
             {number, path});
         return false;
     }

@@ -72,7 +72,7 @@ void FillInReportView() {
 
 void ReportFault() noexcept {
     MessageBoxW(formWindow.window,
-                L"An unexpected fault, such as a lack of memory, has ended this.",
+                L"An unexpected error, such as a lack of memory, ended the action.",
                 L"Corvane (stand-in)", MB_OK | MB_ICONEXCLAMATION);
 }
 

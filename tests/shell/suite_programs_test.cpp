@@ -230,7 +230,7 @@ TEST_F(SectionInput, MissingDatabaseIsReported) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"SectInput.exe");
     KillFile(File(L"ship.ve2"));
-    ExpectNoRun(ME_SectionInput_Click, "ship.ve2' can not be opened");
+    ExpectNoRun(ME_SectionInput_Click, "ship.ve2' cannot be opened");
 }
 
 TEST_F(SectionInput, InvalidDataAreReported) {
@@ -249,14 +249,14 @@ TEST_F(SectionInput, MissingProgramIsReportedWithItsPath) {
         shell.database.currentModel = number;
         const auto kind = static_cast<ModelKind>(number - 1);
         ExpectNoRun(ME_SectionInput_Click,
-                    "'" + Narrow(InputProgramPath(kind)) + "' can not be opened");
+                    "'" + Narrow(InputProgramPath(kind)) + "' cannot be opened");
     }
 }
 
 TEST_F(SectionInput, FolderInThePlaceOfTheProgramIsReported) {
     MakeOpen(L"ship.ve2", {kSection});
     ASSERT_EQ(system::MakeDirectory(programs + L"SectInput.exe"), system::kErrorNone);
-    ExpectNoRun(ME_SectionInput_Click, "SectInput.exe' can not be opened");
+    ExpectNoRun(ME_SectionInput_Click, "SectInput.exe' cannot be opened");
 }
 
 TEST_F(SectionInput, ModelThatTheDatabaseLacksIsReported) {
@@ -302,7 +302,7 @@ TEST_F(SectionRule, MissingDatabaseIsReportedWithItsPath) {
     MakeOpen(L"ship.ve2", {kSection});
     KillFile(File(L"ship.ve2"));
     shell.database.currentModel = 0;
-    ExpectNoRun(ME_SectionVelkRule_Click, "'" + Narrow(File(L"ship.ve2")) + "' can not be opened");
+    ExpectNoRun(ME_SectionVelkRule_Click, "'" + Narrow(File(L"ship.ve2")) + "' cannot be opened");
 }
 
 TEST_F(SectionRule, NoCurrentModelIsReportedWithNumberAndPath) {
@@ -326,7 +326,7 @@ TEST_F(SectionRule, MissingProgramIsReportedWithItsPath) {
     MakeOpen(L"ship.ve2", {kSection});
     shell.jbpMode = true;
     ExpectNoRun(ME_SectionVelkRule_Click,
-                "'" + Narrow(programs) + "CsrCheck.exe' can not be opened");
+                "'" + Narrow(programs) + "CsrCheck.exe' cannot be opened");
 }
 
 // ---- Create ------------------------------------------------------------------------------------
@@ -400,7 +400,7 @@ TEST_F(CreateModel, ModelBeforeStaysCurrentWhenNothingIsRun) {
     MakeOpen(L"ship.ve2", {kSection, kSection});
     shell.database.currentModel = 2;
     for (const CreateCase& create : kCreates) {
-        ExpectNoRun(create.command, "'" + Narrow(programs + create.program) + "' can not be");
+        ExpectNoRun(create.command, "'" + Narrow(programs + create.program) + "' cannot be");
         EXPECT_EQ(shell.database.currentModel, 2);
         EXPECT_FALSE(shell.suppressListEvents);
     }
@@ -408,7 +408,7 @@ TEST_F(CreateModel, ModelBeforeStaysCurrentWhenNothingIsRun) {
     ExpectNoRun(ME_SectionNew_Click, "Please input valid BSD first");
     EXPECT_EQ(shell.database.currentModel, 2);
     KillFile(File(L"ship.ve2"));
-    ExpectNoRun(ME_SectionNew_Click, "ship.ve2' can not be opened");
+    ExpectNoRun(ME_SectionNew_Click, "ship.ve2' cannot be opened");
     EXPECT_EQ(shell.database.currentModel, 2);
 }
 
@@ -434,7 +434,7 @@ TEST_F(DamagingProgram, ThatCrashesIsReportedAndTheListIsRight) {
         [] { test::Append(shell.database.path, test::ModelText(2, kSection)); });
     FakeProgram::result = kProgramCrashed;
     ME_SectionInput_Click();
-    EXPECT_TRUE(OnlyWarning("The program SectInput.exe was ended by a fault of its own."));
+    EXPECT_TRUE(OnlyWarning("The program SectInput.exe stopped because of an error."));
     EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 2);
 }
 
@@ -443,12 +443,12 @@ TEST_F(DamagingProgram, ThatDeletesTheDatabaseIsReported) {
     Install(L"SectInput.exe");
     const FakeProgram program([] { KillFile(shell.database.path); });
     ME_SectionInput_Click();
-    EXPECT_TRUE(OnlyWarning("The database '" + Narrow(File(L"ship.ve2")) + "' is missing"));
+    EXPECT_TRUE(OnlyWarning("The database '" + Narrow(File(L"ship.ve2")) + "' has been missing"));
     EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 0);
     EXPECT_TRUE(RecordedReports::Happened("clear preview"));
     // The shell goes on: what follows is reported, and nothing runs.
-    ExpectNoRun(ME_SectionInput_Click, "ship.ve2' can not be opened");
-    ExpectNoRun(ME_SectionNew_Click, "ship.ve2' can not be opened");
+    ExpectNoRun(ME_SectionInput_Click, "ship.ve2' cannot be opened");
+    ExpectNoRun(ME_SectionNew_Click, "ship.ve2' cannot be opened");
 }
 
 TEST_F(DamagingProgram, ThatOverwritesTheDatabaseIsReported) {
@@ -457,7 +457,7 @@ TEST_F(DamagingProgram, ThatOverwritesTheDatabaseIsReported) {
     const FakeProgram program([] { test::WriteFileBytes(shell.database.path, "no database"); });
     ME_SectionVelkRule_Click();
     EXPECT_TRUE(OnlyWarning("The file '" + Narrow(File(L"ship.ve2")) +
-                            "' is no Corvane database any more since SectRule.exe has run."));
+                            "' is no longer a Corvane database since SectRule.exe ran."));
     EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 0);
 }
 
@@ -467,7 +467,7 @@ TEST_F(DamagingProgram, ThatEmptiesTheDatabaseInCreateIsReported) {
     shell.database.currentModel = 2;
     const FakeProgram program([] { test::WriteFileBytes(shell.database.path, ""); });
     ME_SectionNew_Click();
-    EXPECT_TRUE(OnlyWarning("' is no Corvane database any more"));
+    EXPECT_TRUE(OnlyWarning("' is no longer a Corvane database"));
     EXPECT_EQ(shell.database.currentModel, 2);
     EXPECT_EQ(FakeView::selected, -1);
 }
@@ -504,7 +504,7 @@ TEST_F(DamagingProgram, PathThatTheProgramsCannotBeToldIsReported) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"SectInput.exe");
     shell.database.path = path;
-    ExpectNoRun(ME_SectionInput_Click, "The program SectInput.exe can not be run on");
+    ExpectNoRun(ME_SectionInput_Click, "The program SectInput.exe cannot be run on");
 }
 
 TEST_F(DamagingProgram, FailureToStartIsTheDebugReportToo) {

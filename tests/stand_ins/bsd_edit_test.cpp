@@ -58,7 +58,7 @@ TEST_F(BsdEditTest, ShowsTheShip) {
 TEST_F(BsdEditTest, SavingWithoutAChangeKeepsTheShip) {
     const std::string before = Bytes();
     Open(Line());
-    EXPECT_EQ(Narrow(SaveForm(kBsdEditor, form, Ask)), "Saved: basic ship data, in my ship.ve2");
+    EXPECT_EQ(Narrow(SaveForm(kBsdEditor, form, Ask)), "Saved: Basic Ship Data, in my ship.ve2");
     EXPECT_EQ(Bytes(), before);
 }
 
@@ -173,7 +173,7 @@ TEST_F(BsdEditTest, WrongFrameZonesAreReportedWithTheirLine) {
     ExpectRefusal(L"Frame zones", L"12 10.5", "Frame zones: the spacing is not above 0");
     std::wstring many;
     for (int i = 1; i <= 41; ++i) many += std::to_wstring(i) + L" 0.6\r\n";
-    ExpectRefusal(L"Frame zones", many.c_str(), "Frame zones: there are more than 40.");
+    ExpectRefusal(L"Frame zones", many.c_str(), "Frame zones: there are more than 40 zones.");
 }
 
 TEST_F(BsdEditTest, FortyZonesAndNoZoneAreSaved) {

@@ -177,7 +177,7 @@ TEST_F(OtherModelsTest, ModelWithoutAWholeHeadIsNotRenamed) {
     test::WriteFileBytes(path, bytes);
     EXPECT_FALSE(RenameModel(path, L"x", 14));
     EXPECT_TRUE(Warning().starts_with("Model 14 of '")) << Warning();
-    EXPECT_NE(Warning().find("has lost the line of its name"), std::string::npos);
+    EXPECT_NE(Warning().find("has lost its name line"), std::string::npos);
     EXPECT_EQ(Bytes(), bytes);
 }
 

@@ -154,7 +154,7 @@ TEST_F(SectionInputTest, DimensionsOutOfRangeAreReportedAndNothingIsWritten) {
               "Double bottom height: 6.6 m is more than a third of the depth, 6.533 m."},
              {L"Bilge radius", L"0", "Bilge radius: '0' is not a number from 0.2 to 10 m."},
              {L"Bilge radius", L"1.7",
-              "Bilge radius: 1.7 m is more than the height of the double bottom or a quarter of "
+              "Bilge radius: 1.7 m is more than the double bottom height or a quarter of "
               "the breadth allows, 1.6 m."},
              {L"Stiffener spacing", L"1.3",
               "Stiffener spacing: '1.3' is not a number from 0.4 to 1.2 m."},

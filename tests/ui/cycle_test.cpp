@@ -137,7 +137,7 @@ struct CycleTest : testing::Test {
 
     void EnterBasicData() {
         ASSERT_TRUE(ChooseByKeys(program, 'B', 'O'));
-        const HWND form = Started(L"Basic ship data (stand-in)");
+        const HWND form = Started(L"Basic Ship Data (stand-in)");
         Fill(form, 0, 'D', L"MV Boreal Bay");
         Fill(form, 3, 'L', L"180");
         Fill(form, 4, 'B', L"30");
@@ -148,7 +148,7 @@ struct CycleTest : testing::Test {
         // In the lines Enter is a line end; Alt+S saves from everywhere.
         TypeWithAlt('S');
         EXPECT_TRUE(
-            TextBecomes(GetDlgItem(form, kStatusId), L"Saved: basic ship data, in Boreal Bay.ve2"));
+            TextBecomes(GetDlgItem(form, kStatusId), L"Saved: Basic Ship Data, in Boreal Bay.ve2"));
         CloseWithEscape(form);
         const BasicShipData bsd = Data();
         EXPECT_EQ(Narrow(bsd.Titles(1).Trimmed()), "MV Boreal Bay");

@@ -112,7 +112,7 @@ TEST_F(LegacyTest, ExistingDatabaseIsKeptOnNo) {
     WriteFileBytes(installation.File(L"Aurora.ve2"), "old");
     const Program program(installation, L"\"" + path + L"\"");
     const Box box = WaitForBox(program);
-    EXPECT_NE(Narrow(box.text).find("Aurora.ve2' exists already"), std::string::npos)
+    EXPECT_NE(Narrow(box.text).find("Aurora.ve2' already exists"), std::string::npos)
         << Narrow(box.text);
     ASSERT_TRUE(Press(box, IDNO));
     ExpectNothingOpen(program, program.Main());
@@ -166,7 +166,7 @@ struct LegacyDamageTest : LegacyTest, testing::WithParamInterface<LegacyDamage> 
     }
     void ExpectTold(const Box& box) const {
         ASSERT_NE(box.window, nullptr);
-        EXPECT_EQ(Narrow(box.text), "The database '" + Narrow(path) +
+        EXPECT_EQ(Narrow(box.text), "The DOS database '" + Narrow(path) +
                                         "' could not be read (status " +
                                         std::to_string(GetParam().status) + ").");
         ASSERT_TRUE(Press(box, IDOK));

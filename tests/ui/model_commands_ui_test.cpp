@@ -342,7 +342,7 @@ TEST_F(ModelCommandsUi, ModelThatIsExchangedDuringTheQuestionStays) {
     changed.replace(changed.find(name), name.size(), "\r\nExchanged\r\n");
     Put(changed);
     EXPECT_TRUE(Press(box, IDYES));
-    EXPECT_NE(program.Warning().find("changed by another program"), std::string::npos);
+    EXPECT_NE(program.Warning().find("Another program has changed"), std::string::npos);
     EXPECT_TRUE(WaitUntil([&] { return program.Cell(1, 0) == "Exchanged"; }));
     ExpectUntouched();
 }
@@ -414,7 +414,7 @@ TEST_F(ModelCommandsUi, DatabaseThatIsHeldWithoutSharingIsReportedBeforeAnything
         const Held held(path, 0);
         for (const CommandId command : {ME_SectionCopy, ME_SectionRemove}) {
             Choose(program.main, command);
-            EXPECT_NE(program.Warning().find("another program holds it"), std::string::npos);
+            EXPECT_NE(program.Warning().find("another program is using it"), std::string::npos);
             EXPECT_EQ(program.FindNow(kInputBox), nullptr);
         }
     }

@@ -204,7 +204,7 @@ TEST(SiblingProgram, ThatCrashesIsReported) {
     ASSERT_NE(session.main, nullptr);
     Choose(session.main, ME_SectionVelkRule);
     EXPECT_EQ(session.PressOk().substr(0, 50),
-              "The program SectRule.exe was ended by a fault of i");
+              "The program SectRule.exe stopped because of an err");
     EXPECT_TRUE(session.BecomesLocked(false));
     EXPECT_TRUE(session.RowCountBecomes(14));
 }
@@ -234,8 +234,8 @@ TEST(SiblingProgram, ThatDeletesTheDatabaseIsReported) {
     ASSERT_NE(session.main, nullptr);
     Choose(session.main, ME_SectionInput);
     EXPECT_EQ(session.PressOk(), "The database '" + Narrow(session.database) +
-                                     "' is missing, or another program holds it, since "
-                                     "SectInput.exe has run.");
+                                     "' has been missing, or in use by another program, since "
+                                     "SectInput.exe ran.");
     EXPECT_TRUE(session.BecomesLocked(false));
     EXPECT_TRUE(session.RowCountBecomes(0));
     EXPECT_FALSE(IsWindowEnabled(session.Control(BT_Open)));
@@ -246,7 +246,7 @@ TEST(SiblingProgram, ThatOverwritesTheDatabaseIsReported) {
     ASSERT_NE(session.main, nullptr);
     Choose(session.main, ME_SectionInput);
     const std::string text = session.PressOk();
-    EXPECT_NE(text.find("is no Corvane database any more"), std::string::npos) << text;
+    EXPECT_NE(text.find("is no longer a Corvane database"), std::string::npos) << text;
     EXPECT_TRUE(session.BecomesLocked(false));
     EXPECT_TRUE(session.RowCountBecomes(0));
     // The shell goes on with another database.

@@ -83,7 +83,7 @@ struct Start {
 TEST_F(StandInUiTest, EachShowsItsRequestAndCloseChangesNothing) {
     const std::string before = Bytes();
     for (const Start& start : std::vector<Start>{
-             {L"BsdEdit.exe", L"", "Basic ship data (stand-in)", " "},
+             {L"BsdEdit.exe", L"", "Basic Ship Data (stand-in)", " "},
              {L"SectInput.exe", L"", "Section input (stand-in)", "Model: a new one"},
              {L"SectInput.exe", L" 5", "Section input (stand-in)",
               "Model: 5, Midship section, hold 4"},
@@ -135,7 +135,7 @@ TEST_F(StandInUiTest, BsdEditorSavesTheShip) {
     Send(type, CB_SETCURSEL, 4, 0);
     Enter(window, 4, L"30.5");
     Enter(window, 11, L"20 0.7\r\n100 0.8");
-    EXPECT_EQ(Save(window), "Saved: basic ship data, in my ship.ve2");
+    EXPECT_EQ(Save(window), "Saved: Basic Ship Data, in my ship.ve2");
     BasicShipData bsd;
     ASSERT_TRUE(LoadBsdFromDatabase(database, bsd));
     EXPECT_EQ(Narrow(bsd.Titles(1).Trimmed()), "Boreal Bay");

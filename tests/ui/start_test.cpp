@@ -179,7 +179,7 @@ TEST_F(StartTest, MissingFileIsReportedAndTheConfiguredDatabaseOpens) {
     ASSERT_NE(box.window, nullptr);
     EXPECT_EQ(Narrow(box.text),
               "The file '" + Narrow(installation.File(L"missing.ve2")) +
-                  "' can not be opened: it does not exist, or another program holds it.");
+                  "' cannot be opened: it does not exist, or another program is using it.");
     EXPECT_EQ(program.FindNow(L"FM_Load"), nullptr) << "the splash hides the box";
     ASSERT_TRUE(Press(box, IDOK));
     const HWND main = program.Main();

@@ -97,7 +97,7 @@ TEST_F(FileBsd, MissingProgramIsReportedWithItsPath) {
     const FakeProgram program;
     ME_FileBSD_Click();
     EXPECT_TRUE(FakeProgram::commandLines.empty());
-    EXPECT_TRUE(OnlyWarning("'" + Narrow(programs) + "BsdEdit.exe' can not be opened"));
+    EXPECT_TRUE(OnlyWarning("'" + Narrow(programs) + "BsdEdit.exe' cannot be opened"));
     EXPECT_EQ(RecordedReports::Of("pointer").back(), "reset");
 }
 
@@ -108,7 +108,7 @@ TEST_F(FileBsd, MissingDatabaseIsReported) {
     const FakeProgram program;
     ME_FileBSD_Click();
     EXPECT_TRUE(FakeProgram::commandLines.empty());
-    EXPECT_TRUE(OnlyWarning("ship.ve2' can not be opened"));
+    EXPECT_TRUE(OnlyWarning("ship.ve2' cannot be opened"));
 }
 
 TEST_F(FileBsd, DatabaseThatLostItsDataIsToldOnce) {
@@ -128,7 +128,7 @@ TEST_F(FileBsd, DeletedDatabaseIsReportedAndTheDataStay) {
     Install(L"BsdEdit.exe");
     const FakeProgram program([] { KillFile(shell.database.path); });
     ME_FileBSD_Click();
-    EXPECT_TRUE(OnlyWarning("ship.ve2' is missing"));
+    EXPECT_TRUE(OnlyWarning("ship.ve2' has been missing"));
     EXPECT_EQ(ShipName(), L"SHIP");
     EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 0);
 }
@@ -139,7 +139,7 @@ TEST_F(FileBsd, OverwrittenDatabaseIsReported) {
     const FakeProgram program([] { WriteFileBytes(shell.database.path, "no database"); });
     ME_FileBSD_Click();
     ASSERT_FALSE(Warnings().empty());
-    EXPECT_NE(Warnings().back().find("is no Corvane database any more"), std::string::npos);
+    EXPECT_NE(Warnings().back().find("is no longer a Corvane database"), std::string::npos);
     EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 0);
     EXPECT_EQ(shell.database.bsd, BasicShipData());
 }
@@ -295,10 +295,10 @@ TEST_F(BadSource, WithoutAnythingOfUseIsRefused) {
 
 TEST_F(BadSource, ThatIsMissingIsRefused) {
     MakeOpen(L"ship.ve2");
-    ExpectRefused(File(L"none.bsd"), "none.bsd' can not be opened");
-    ExpectRefused(L"Q:\\none.bsd", "none.bsd' can not be opened");
+    ExpectRefused(File(L"none.bsd"), "none.bsd' cannot be opened");
+    ExpectRefused(L"Q:\\none.bsd", "none.bsd' cannot be opened");
     ExpectRefused(work, "is a folder");
-    ExpectRefused(File(L"\u03A9.bsd"), "can not be used");
+    ExpectRefused(File(L"\u03A9.bsd"), "cannot be used");
 }
 
 TEST_F(BadSource, ThatIsADamagedLegacyDatabaseIsRefused) {
@@ -331,7 +331,7 @@ TEST_F(ImportBsd, MissingDatabaseIsReported) {
     FakeView::answerYes = true;
     const FakePrompt prompt{GoldenBsd()};
     ME_FileImportBSD_Click();
-    EXPECT_TRUE(OnlyWarning("ship.ve2' can not be opened"));
+    EXPECT_TRUE(OnlyWarning("ship.ve2' cannot be opened"));
     EXPECT_TRUE(FakePrompt::questions.empty());
 }
 

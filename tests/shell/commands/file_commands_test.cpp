@@ -259,7 +259,7 @@ struct UnwritableFolder : CommandTest {
         const Before before;
         const FakePrompt prompt{L"Z:\\proc\\new.ve2"};
         command();
-        EXPECT_TRUE(OnlyWarning("The file 'Z:\\proc\\new.ve2' can not be written:\r"));
+        EXPECT_TRUE(OnlyWarning("The file 'Z:\\proc\\new.ve2' cannot be written:\r"));
         EXPECT_EQ(shell.database.path, before.databasePath);
         EXPECT_EQ(shell.database.bsd, before.bsd);
         EXPECT_TRUE(RecordedReports::Of("rows").empty());
@@ -372,10 +372,10 @@ TEST_F(FileOpen, MissingFileAndFolderAreReported) {
     struct {
         std::wstring path;
         const char* message;
-    } const cases[] = {{File(L"none.ve2"), "none.ve2' can not be opened"},
-                       {L"Q:\\ship.ve2", "Q:\\ship.ve2' can not be opened"},
+    } const cases[] = {{File(L"none.ve2"), "none.ve2' cannot be opened"},
+                       {L"Q:\\ship.ve2", "Q:\\ship.ve2' cannot be opened"},
                        {work, "is a folder"},
-                       {File(L"\u03A9.ve2"), "?.ve2' can not be used"},
+                       {File(L"\u03A9.ve2"), "?.ve2' cannot be used"},
                        {folder.path + std::wstring(390 - folder.path.size(), L'a'), "too long"}};
     for (const auto& [path, message] : cases) {
         RecordedReports::events.clear();
@@ -456,7 +456,7 @@ TEST_F(FileOpen, CopyThatCannotBeMadeLeavesTheOpenDatabase) {
     FakeView::answerYes = true;
     const FakePrompt prompt{Make(L"ship.vew"), File(L"none\\copy.ve2")};
     ME_FileOpen_Click();
-    EXPECT_TRUE(OnlyWarning("none\\copy.ve2' can not be made"));
+    EXPECT_TRUE(OnlyWarning("none\\copy.ve2' cannot be created"));
     EXPECT_EQ(shell.database.path, File(L"old.ve2"));
 }
 
@@ -567,7 +567,7 @@ TEST_F(FileSaveAs, MissingDatabaseIsReported) {
     shell.database.path = File(L"gone.ve2");
     const FakePrompt prompt{File(L"copy.ve2")};
     ME_FileSaveAs_Click();
-    EXPECT_TRUE(OnlyWarning("gone.ve2' can not be opened"));
+    EXPECT_TRUE(OnlyWarning("gone.ve2' cannot be opened"));
     EXPECT_TRUE(FakePrompt::questions.empty());
 }
 
