@@ -63,6 +63,29 @@ std::vector<ExchangeItem> ListForExchange(const std::wstring& path) {
     return items;
 }
 
+ExchangeList ListOfFile(const std::wstring& path) {
+    if (!FileExists(path)) return {{}, L"No DB Corvane"};
+    ExchangeList list{ListForExchange(path), nullptr};
+    if (list.items.empty()) list.hint = L"No Section neither bulkead";
+    return list;
+}
+
+bool RequireSelection(bool isThere) {
+    if (!isThere) reportView.showPlainBox(L"Please select a section");
+    return isThere;
+}
+
+bool RequireChosenFile(const std::wstring& path) {
+    if (path.empty()) reportView.showPlainBox(GetMessage(kMsgNoFileSelected));
+    return !path.empty();
+}
+
+std::wstring BrowseTypes(const std::wstring& pattern) {
+    const std::wstring all = GetMessage(kMsgAllDatabaseFiles);
+    if (pattern.starts_with(L"*.vel")) return all + GetMessage(kMsgLegacyFiles);
+    return all + GetMessage(kMsgOldDatabaseFiles) + GetMessage(kMsgDatabaseFiles);
+}
+
 bool ReadForExchange(const std::wstring& path, const ExchangeItem& item, SectionModel& section,
                      BasicShipData& bsd) {
     if (item.kind != ModelKind::kSection) return false;

@@ -44,6 +44,20 @@ bool IsLegacyDatabase(const std::wstring& path);
 // is reported; the list is empty then.
 std::vector<ExchangeItem> ListForExchange(const std::wstring& path);
 
+// What LI_Sections shows of a file: its items, or why there are none.
+struct ExchangeList {
+    std::vector<ExchangeItem> items;
+    const wchar_t* hint = nullptr;  // null while there are items
+};
+ExchangeList ListOfFile(const std::wstring& path);
+
+// What OK requires: a selection in the list, and a chosen file. What is missing is shown.
+bool RequireSelection(bool isThere);
+bool RequireChosenFile(const std::wstring& path);
+
+// File types of the import box's Browse prompt, for the pattern of its list of files.
+std::wstring BrowseTypes(const std::wstring& pattern);
+
 // The section of an item with the ship's data of its file, for the preview; the data are fresh when
 // a model database has none. False when it could not be read, which is reported, and for a model of
 // another kind.

@@ -63,11 +63,14 @@ void ClearPreviewPane() {
     shell.view.setFrameText(L"");
 }
 
-void DrawPreview(Picture& picture) {
-    if (!shell.preview.isShown) return;
+void DrawSection(SectionModel& section, const BasicShipData& bsd, Picture& picture) {
     LibraryView view;
-    MakeLibraryView(shell.preview.section, view);
-    DrawSectionPreview(view.section, shell.database.bsd, picture);
+    MakeLibraryView(section, view);
+    DrawSectionPreview(view.section, bsd, picture);
+}
+
+void DrawPreview(Picture& picture) {
+    if (shell.preview.isShown) DrawSection(shell.preview.section, shell.database.bsd, picture);
 }
 
 std::wstring FrameText(float x_m) {

@@ -25,6 +25,8 @@ void ShowInPreview(const ModelRow& row);
 // Empties picture and labels.
 void ClearPreviewPane();
 
+// Draws a section of a ship into a picture.
+void DrawSection(SectionModel& section, const BasicShipData& bsd, Picture& picture);
 // Draws the section that is shown into a picture; leaves the picture as it is when there is none.
 void DrawPreview(Picture& picture);
 

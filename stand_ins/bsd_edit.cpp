@@ -6,7 +6,7 @@
 #include "text/numbers.h"
 #include "text/text.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 namespace {
 
 constexpr int kTypeCount = 21;
@@ -218,4 +218,4 @@ const StandIn kBsdEditor{
     SaveFields,
 };
 
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

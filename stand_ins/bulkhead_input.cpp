@@ -10,7 +10,7 @@
 #include "stand_ins/stand_ins.h"
 #include "text/text.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 namespace {
 
 // The fields, in their order in the form; an old arrangement has only the first two.
@@ -135,4 +135,4 @@ const StandIn kBulkheadInput{
     SaveFields,
 };
 
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

@@ -9,7 +9,7 @@
 #include "text/numbers.h"
 #include "text/text.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 namespace {
 
 constexpr wchar_t kModelLabel[] = L"Model";
@@ -271,4 +271,4 @@ int CheckFields(const std::vector<Field>& fields) {
     return -1;
 }
 
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

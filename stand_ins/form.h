@@ -12,7 +12,7 @@
 #include "stand_ins/range.h"
 #include "stand_ins/request.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 
 // A line that the user cannot change.
 struct Fact {
@@ -101,4 +101,4 @@ int32_t NumberToSave(const Form& form);
 // Checks each field alone. Reports the first that is wrong and returns its index, else -1.
 int CheckFields(const std::vector<Field>& fields);
 
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

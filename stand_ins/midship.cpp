@@ -6,7 +6,7 @@
 #include "bsd/frames.h"
 #include "drafting/hull_form.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 namespace {
 
 using namespace drafting;
@@ -288,4 +288,4 @@ int16_t DraftMidship(SectionModel& section, const MidshipParameters& parameters)
     return 0;
 }
 
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

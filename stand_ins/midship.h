@@ -8,7 +8,7 @@
 #include "database/section.h"
 #include "stand_ins/range.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 
 struct MidshipParameters {  // [m]
     float breadth = 0;
@@ -46,4 +46,4 @@ void SetHead(SectionModel& section, const BasicShipData& bsd);
 // the section is as it was.
 int16_t DraftMidship(SectionModel& section, const MidshipParameters& parameters);
 
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

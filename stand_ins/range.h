@@ -1,11 +1,11 @@
 // What a number may be.
 #pragma once
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 
 struct Range {
     double least;
     double most;
 };
 
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

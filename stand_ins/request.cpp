@@ -7,7 +7,7 @@
 #include "text/numbers.h"
 #include "text/text.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 namespace {
 
 constexpr wchar_t kUsage[] =
@@ -99,4 +99,4 @@ std::wstring SwitchText(const Request& request) {
     return text.empty() ? L"none" : Trim(text);
 }
 
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

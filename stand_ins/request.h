@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <string>
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 
 struct Request {
     bool debug = false;         // switch "/d"
@@ -26,4 +26,4 @@ bool ReadRequest(const std::wstring& commandLine, Request& request);
 // The given switches as they are written on the command line; "none" without any.
 std::wstring SwitchText(const Request& request);
 
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

@@ -3,7 +3,7 @@
 #include "stand_ins/stand_ins.h"
 #include "text/numbers.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 namespace {
 
 constexpr wchar_t kNote[] =
@@ -38,4 +38,4 @@ const StandIn kSectionRule = RuleProgram(L"Section rules (stand-in)", ModelKind:
 const StandIn kCsrRule = RuleProgram(L"Section rules CSR (stand-in)", ModelKind::kSection);
 const StandIn kBulkheadRule = RuleProgram(L"Bulkhead rules (stand-in)", ModelKind::kBulkhead);
 
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

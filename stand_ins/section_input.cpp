@@ -10,7 +10,7 @@
 #include "text/numbers.h"
 #include "text/text.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 namespace {
 
 // The fields, in their order in the form.
@@ -156,4 +156,4 @@ const StandIn kSectionInput{
     SaveFields,
 };
 
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

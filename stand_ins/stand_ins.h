@@ -4,7 +4,7 @@
 
 #include "stand_ins/form.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 
 extern const StandIn kBsdEditor;      // message 203
 extern const StandIn kSectionInput;   // message 204
@@ -14,4 +14,4 @@ extern const StandIn kCsrRule;        // CsrCheck.exe
 extern const StandIn kBulkheadRule;   // BhdCheck.exe
 extern const StandIn kTorsionModel;   // TorModel.exe
 
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

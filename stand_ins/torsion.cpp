@@ -9,7 +9,7 @@
 #include "report/reporters.h"
 #include "text/numbers.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 namespace {
 
 float WholeMillimetres(float length) {
@@ -109,4 +109,4 @@ bool RenameModel(const std::wstring& path, const std::wstring& name, int32_t num
     return Finish(rewrite, reader);
 }
 
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

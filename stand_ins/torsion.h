@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 
 struct TorsionModel {
     std::wstring name;
@@ -21,4 +21,4 @@ bool WriteTorsionModel(const std::wstring& path, const TorsionModel& model, int3
 // Changes the name of block `number` and nothing else. False: reported, the file is as it was.
 bool RenameModel(const std::wstring& path, const std::wstring& name, int32_t number);
 
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

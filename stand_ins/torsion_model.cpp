@@ -5,7 +5,7 @@
 #include "stand_ins/torsion.h"
 #include "text/text.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 namespace {
 
 // The fields, in their order in the form; an old model has only the first.
@@ -66,4 +66,4 @@ const StandIn kTorsionModel{
     SaveFields,
 };
 
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

@@ -2,7 +2,7 @@
 // Close is IDCANCEL.
 #pragma once
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 
 inline constexpr int kNoteId = 1000;
 inline constexpr int kStatusId = 1001;
@@ -14,4 +14,4 @@ inline constexpr int kFieldUnitId = 1400;   // + index
 
 inline constexpr wchar_t kStandInClass[] = L"CorvaneStandIn";
 
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

@@ -11,7 +11,7 @@
 #include "ui/base/dpi.h"
 #include "ui/dialogs/dialogs.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 namespace {
 
 // Lengths in pixels at 96 dots per inch.
@@ -294,4 +294,4 @@ int RunStandIn(const StandIn& standIn) {
     }
 }
 
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

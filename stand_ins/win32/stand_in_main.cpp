@@ -4,5 +4,5 @@
 #include "stand_ins/win32/form_window.h"
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
-    return corvane::siblings::RunStandIn(corvane::siblings::CORVANE_STAND_IN);
+    return corvane::stand_ins::RunStandIn(corvane::stand_ins::CORVANE_STAND_IN);
 }

@@ -13,6 +13,7 @@ using test::BlockText;
 using test::CopiedBlockText;
 using test::DatabaseText;
 using test::FiveBlocks;
+using test::RecordedReports;
 using test::SampleBlock;
 using test::SampleHead;
 using test::WithoutStamps;

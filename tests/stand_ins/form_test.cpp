@@ -11,7 +11,7 @@
 #include "stand_ins/stand_ins.h"
 #include "tests/stand_ins/stand_in_fixture.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 namespace {
 
 using test::Narrow;
@@ -226,4 +226,4 @@ TEST_F(SaveTest, FileThatBecameReadOnlyIsReported) {
 }
 
 }  // namespace
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

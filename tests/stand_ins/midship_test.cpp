@@ -13,7 +13,7 @@
 #include "platform/grvelk.h"
 #include "tests/support/support.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 namespace {
 
 std::string TextOf(const MidshipParameters& p) {
@@ -174,4 +174,4 @@ TEST(MidshipTest, HeadHasTheShipsData) {
 }
 
 }  // namespace
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

@@ -11,7 +11,7 @@
 #include "tests/stand_ins/stand_in_fixture.h"
 #include "tests/support/recorded_reports.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 namespace {
 
 using test::Narrow;
@@ -207,4 +207,4 @@ TEST_F(OtherModelsTest, EndsInTheWrongOrderAreReported) {
 }
 
 }  // namespace
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

@@ -9,7 +9,7 @@
 #include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 namespace {
 
 using test::Narrow;
@@ -100,4 +100,4 @@ TEST_F(RequestTest, LongestModelNumberOfTheShellIsAccepted) {
 }
 
 }  // namespace
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

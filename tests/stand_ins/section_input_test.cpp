@@ -14,7 +14,7 @@
 #include "stand_ins/stand_ins.h"
 #include "tests/stand_ins/stand_in_fixture.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 namespace {
 
 using test::Narrow;
@@ -189,4 +189,4 @@ TEST_F(SectionInputTest, SectionThatWasRemovedMeanwhileIsReported) {
 }
 
 }  // namespace
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

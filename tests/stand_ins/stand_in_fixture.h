@@ -12,7 +12,7 @@
 #include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
-namespace corvane::siblings {
+namespace corvane::stand_ins {
 
 struct StandInTest : testing::Test {
     test::RecordedReports screen;
@@ -64,4 +64,4 @@ struct StandInTest : testing::Test {
     std::string Shown(const std::wstring& label) { return test::Narrow(FieldOf(label).value); }
 };
 
-}  // namespace corvane::siblings
+}  // namespace corvane::stand_ins

@@ -21,9 +21,9 @@
 namespace corvane::ui {
 namespace {
 
-using siblings::kFieldId;
-using siblings::kStandInClass;
-using siblings::kStatusId;
+using stand_ins::kFieldId;
+using stand_ins::kStandInClass;
+using stand_ins::kStatusId;
 using test::Narrow;
 
 struct CycleTest : testing::Test {

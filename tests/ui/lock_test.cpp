@@ -26,7 +26,7 @@ struct LockTest : MainWindowFixture {
         SetWindowPos(main, nullptr, 20, 20, 900, 650, SWP_NOZORDER);
         TypeWithAlt('R');
         ASSERT_TRUE(WaitUntil([&] {
-            child = FindWindowW(siblings::kStandInClass, nullptr);
+            child = FindWindowW(stand_ins::kStandInClass, nullptr);
             return child != nullptr && IsWindowVisible(child);
         }));
     }

@@ -15,11 +15,11 @@
 namespace corvane::ui {
 namespace {
 
-using siblings::kFactId;
-using siblings::kFieldId;
-using siblings::kNoteId;
-using siblings::kStandInClass;
-using siblings::kStatusId;
+using stand_ins::kFactId;
+using stand_ins::kFieldId;
+using stand_ins::kNoteId;
+using stand_ins::kStandInClass;
+using stand_ins::kStatusId;
 using test::Narrow;
 
 constexpr const wchar_t* kPrograms[] = {L"BsdEdit.exe",  L"SectInput.exe", L"SectRule.exe",

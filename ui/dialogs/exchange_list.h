@@ -16,8 +16,4 @@ std::vector<ExchangeItem> FillExchangeList(HWND list, const std::wstring& path);
 // The items that the user selected, in their order.
 std::vector<ExchangeItem> SelectedItems(HWND list, const std::vector<ExchangeItem>& items);
 
-// Tells that OK needs a section, or a file, to be selected first.
-void AskForSection();
-void AskForChosenFile();
-
 }  // namespace corvane

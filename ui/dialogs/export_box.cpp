@@ -150,15 +150,9 @@ bool Accept(HWND window, void* contents) {
     if (enter != EnterKey::kAccepts) return false;
     const bool createNew = IsCreateNew(window);
     const auto selected = SelectedItems(GetDlgItem(window, LI_Sections), box.items);
-    if (!createNew && selected.empty()) {
-        AskForSection();
-        return false;
-    }
+    if (!createNew && !RequireSelection(!selected.empty())) return false;
     const std::wstring path = ChosenFile(window, box.lists);
-    if (path.empty()) {
-        AskForChosenFile();
-        return false;
-    }
+    if (!RequireChosenFile(path)) return false;
     box.choice = {path, createNew,
                   createNew ? int16_t{0} : static_cast<int16_t>(selected[0].number),
                   WindowText(GetDlgItem(window, TX_Name))};

@@ -3,6 +3,7 @@
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
 #include "shell/file_prompt.h"
+#include "shell/preview_pane.h"
 #include "shell/state.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
@@ -40,13 +41,6 @@ struct ImportBox {
 
 ImportBox& BoxOf(void* contents) {
     return *static_cast<ImportBox*>(contents);
-}
-
-void DrawSection(ImportBox& box, Picture& picture) {
-    if (!box.isShown) return;
-    LibraryView view;
-    MakeLibraryView(box.section, view);
-    DrawSectionPreview(view.section, box.bsd, picture);
 }
 
 // The item that was clicked last; null without one.
@@ -111,8 +105,10 @@ void AddControls(HWND window, void* contents) {
                         WS_EX_CLIENTEDGE});
     AddControl(window, {OP_Preview, WC_BUTTONW, L"&Preview", button | BS_AUTOCHECKBOX});
     CheckDlgButton(window, OP_Preview, BST_CHECKED);
-    CreateSectionPicture(window,
-                         {[&box](Picture& picture) { DrawSection(box, picture); }, L"Arial"});
+    CreateSectionPicture(window, {[&box](Picture& picture) {
+                                      if (box.isShown) DrawSection(box.section, box.bsd, picture);
+                                  },
+                                  L"Arial"});
     AddControl(window,
                {LB_Service, WC_STATICW, L"", WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS});
     AddControl(window, {BT_Ok, WC_BUTTONW, L"OK", button | BS_DEFPUSHBUTTON | WS_GROUP});
@@ -187,15 +183,10 @@ bool Accept(HWND window, void* contents) {
     if (enter == EnterKey::kOpenedFolder) OnOtherFolder(window, box);
     if (enter != EnterKey::kAccepts) return false;
     std::vector<ExchangeItem> selected = SelectedItems(GetDlgItem(window, LI_Sections), box.items);
-    if (selected.empty() && box.sectionsTag != kTagWithoutSections) {
-        AskForSection();
-        return false;
-    }
+    const bool needsSelection = box.sectionsTag != kTagWithoutSections;
+    if (needsSelection && !RequireSelection(!selected.empty())) return false;
     const std::wstring path = ChosenFile(window, box.lists);
-    if (path.empty()) {
-        AskForChosenFile();
-        return false;
-    }
+    if (!RequireChosenFile(path)) return false;
     box.choice = {path, std::move(selected)};
     return true;
 }
@@ -218,12 +209,6 @@ bool AskImport(ImportChoice& choice, const std::wstring& sectionsTag) {
     ImportBox box{choice, sectionsTag, {}, {}, {}, false, {}, {}};
     box.lists.pattern = L"*.vel;*.vew;*.ve2";
     return RunDialog(kImportBox, L"DOS Velk Sections", &box);
-}
-
-std::wstring BrowseTypes(const std::wstring& pattern) {
-    const std::wstring all = GetMessage(kMsgAllDatabaseFiles);
-    if (pattern.starts_with(L"*.vel")) return all + GetMessage(kMsgLegacyFiles);
-    return all + GetMessage(kMsgOldDatabaseFiles) + GetMessage(kMsgDatabaseFiles);
 }
 
 }  // namespace corvane

@@ -13,8 +13,4 @@ inline constexpr wchar_t kTagWithoutSections[] = L"Cancel";
 // Shows the box. True with OK: `choice` is filled in. Otherwise it is left as it was.
 bool AskImport(ImportChoice& choice, const std::wstring& sectionsTag = {});
 
-// File types of the prompt behind Browse, for the pattern of the list of files: of all databases,
-// then legacy ones where the pattern begins with them, else the model databases of both kinds.
-std::wstring BrowseTypes(const std::wstring& pattern);
-
 }  // namespace corvane

@@ -1,5 +1,6 @@
 #include "ui/main_window/main_window_controls.h"
 
+#include "shell/open_database.h"
 #include "shell/preview_pane.h"
 #include "shell/rule_set.h"
 #include "ui/base/dpi.h"

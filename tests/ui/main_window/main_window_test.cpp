@@ -91,8 +91,7 @@ TEST(MainWindowWindow, MenuItemsAreGreyedAsTheTableTells) {
     EXPECT_FALSE(open.MenuGreyed(2, MF_BYPOSITION));
     for (const Command& command : Commands()) {
         if (command.id == 0) continue;
-        EXPECT_EQ(open.MenuGreyed(command.id, MF_BYCOMMAND), !IsEnabled(command, true))
-            << command.name;
+        EXPECT_EQ(open.MenuGreyed(command.id, MF_BYCOMMAND), !IsEnabled(command)) << command.name;
     }
 }
 
@@ -122,7 +121,7 @@ TEST(MainWindowWindow, StatusLineTurnsRedAndBack) {
 
 TEST(MainWindowWindow, StatusTagSwitchesStatusLinesOff) {
     const OpenWindow open;
-    EXPECT_EQ(shell.screen.statusTag(), L"-1");
+    EXPECT_EQ(reportView.statusTag(), L"-1");
     StatusLinesOff();
     ShowStatus(L"hidden");
     EXPECT_EQ(open.Text(PAN_Help), "");
@@ -188,7 +187,7 @@ TEST(MainWindowWindow, ButtonsAreEnabledAsTheirCommands) {
         open.SetSelected(row < 0 ? 0 : row, row >= 0);
         for (const auto& pair : pairs) {
             EXPECT_EQ(IsWindowEnabled(open.Control(pair.button)) != FALSE,
-                      IsEnabled(*FindCommand(pair.command), row >= 0))
+                      IsEnabled(*FindCommand(pair.command)))
                 << pair.button;
         }
     }
@@ -218,9 +217,9 @@ TEST(MainWindowWindow, RuleOptionsHaveTheirCaptionsAndTellTheirNumber) {
     const char* const captions[] = {"QUOR", "CSR for BC", "QUOR MIL"};
     for (int i = 0; i < kRuleSetCount; ++i) {
         EXPECT_EQ(open.Text(OP_Rule + i), captions[i]);
-        shell.mainWindow->selectRule(i);
+        shell.view.selectRule(i);
         EXPECT_EQ(ChosenRule(open), i);
-        EXPECT_EQ(shell.mainWindow->selectedRule(), i);
+        EXPECT_EQ(shell.view.selectedRule(), i);
     }
 }
 
@@ -343,10 +342,10 @@ TEST(MainWindowWindow, QuitClosesTheWindow) {
 
 TEST(MainWindowWindow, WindowStaysOpenWhileAProgramRuns) {
     const OpenWindow open;
-    SetChildRunning(true);
+    shell.childRunning = true;
     SendMessageW(open.window, WM_CLOSE, 0, 0);
     EXPECT_TRUE(IsWindow(open.window));
-    SetChildRunning(false);
+    shell.childRunning = false;
     SendMessageW(open.window, WM_CLOSE, 0, 0);
     EXPECT_FALSE(IsWindow(open.window));
 }

@@ -14,6 +14,7 @@
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
+#include "ui/base/own_window.h"
 #include "ui/main_window/windows_view.h"
 
 namespace corvane::test {
@@ -27,14 +28,14 @@ struct OpenWindow {
 
     // `prepare` changes the state before the window is made.
     explicit OpenWindow(bool withSample = true, void (*prepare)() = nullptr) {
-        shell.screen = WindowsScreen();
+        UseView(WindowsView());
         if (withSample) {
-            shell.database.path = DataPath("../samples/aurora_bay.ve2");
-            EXPECT_TRUE(LoadBsdFromDatabase(shell.database.path, shell.database.bsd));
+            LoadDatabase(DataPath("../samples/aurora_bay.ve2"));
+            EXPECT_TRUE(IsBsdDefined(shell.database.bsd));
         }
         if (prepare != nullptr) prepare();
-        shell.screen.loadMainWindow();
-        window = OwnWindow(kMainWindowClass);
+        shell.view.loadMainWindow();
+        window = MainHandle();
         if (window == nullptr) return;
         RefreshMainWindow();
     }
