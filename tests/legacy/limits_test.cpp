@@ -6,6 +6,7 @@
 #include "report/messages.h"
 #include "tests/companions/section_builder.h"
 #include "tests/legacy/legacy_support.h"
+#include "tests/support/recorded_reports.h"
 
 namespace corvane {
 namespace {
