@@ -243,7 +243,7 @@ int16_t LoadBsdFromLegacy(const std::wstring& path, BasicShipData& bsd) {
     return status;
 }
 
-bool WasLegacyRead(const std::wstring& path, int16_t status) {
+bool RequireLegacyRead(const std::wstring& path, int16_t status) {
     if (status != 0) ReportMessage(kMsgLegacyNotRead, {path, int32_t{status}});
     return status == 0;
 }

@@ -61,6 +61,6 @@ int16_t CountLegacySections(const std::wstring& path, int16_t& status);
 int16_t LoadBsdFromLegacy(const std::wstring& path, BasicShipData& bsd);
 
 // Whether a status is success; any other is reported (3556).
-bool WasLegacyRead(const std::wstring& path, int16_t status);
+bool RequireLegacyRead(const std::wstring& path, int16_t status);
 
 }  // namespace corvane

@@ -18,7 +18,7 @@ namespace {
 std::vector<ModelEntry> ListLegacy(const std::wstring& path) {
     int16_t status = 0;
     std::vector<ModelEntry> sections = ListLegacySections(path, status);
-    WasLegacyRead(path, status);
+    RequireLegacyRead(path, status);
     return sections;
 }
 
@@ -31,7 +31,7 @@ std::vector<ModelEntry> ListDatabase(const std::wstring& path) {
 bool ReadFromLegacy(const std::wstring& path, int32_t slot, SectionModel& section,
                     BasicShipData& bsd) {
     return ImportSection(path, static_cast<int16_t>(slot), section) &&
-           WasLegacyRead(path, LoadBsdFromLegacy(path, bsd));
+           RequireLegacyRead(path, LoadBsdFromLegacy(path, bsd));
 }
 
 // A section without ship's data, which is reported, can be drawn.

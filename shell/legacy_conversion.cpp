@@ -34,7 +34,7 @@ bool ConfirmWriting(const std::wstring& path) {
 bool AppendSections(const std::wstring& legacyPath, std::wstring& path) {
     int16_t status = 0;
     const std::vector<ModelEntry> list = ListLegacySections(legacyPath, status);
-    if (!WasLegacyRead(legacyPath, status)) return false;
+    if (!RequireLegacyRead(legacyPath, status)) return false;
     for (int16_t number = 1; static_cast<size_t>(number) <= list.size(); ++number) {
         SectionModel section;
         if (!ImportSection(legacyPath, number, section)) return false;
@@ -51,7 +51,7 @@ bool WriteConverted(const std::wstring& legacyPath, const std::wstring& path, Ba
 
 void Convert(const std::wstring& legacyPath) {
     BasicShipData bsd;
-    if (!WasLegacyRead(legacyPath, LoadBsdFromLegacy(legacyPath, bsd))) return;
+    if (!RequireLegacyRead(legacyPath, LoadBsdFromLegacy(legacyPath, bsd))) return;
     const std::wstring baseName = NewBaseName(legacyPath);
     bsd.Titles(5).Assign(UpperCase(baseName));
     ChangeToDirectory(shell.settings.WorkDirectory);

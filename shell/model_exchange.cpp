@@ -84,7 +84,7 @@ bool RequireSlot(const ExportChoice& choice, LegacySlot& slot) {
     }
     int16_t status = 0;
     const int16_t count = CountLegacySections(choice.path, status);
-    if (!WasLegacyRead(choice.path, status)) return false;
+    if (!RequireLegacyRead(choice.path, status)) return false;
     if (choice.createNew && count == kMostModels) {
         ReportMessage(kMsgLegacyNotExtended, {choice.path});
         return false;

@@ -34,7 +34,7 @@ std::wstring AskForSource() {
 bool ReadFrom(const std::wstring& path, BasicShipData& bsd) {
     const std::wstring extension = FileExtension(path);
     if (extension == L"bsd") return ImportBsdFile(path, bsd);
-    if (extension == L"vel") return WasLegacyRead(path, LoadBsdFromLegacy(path, bsd));
+    if (extension == L"vel") return RequireLegacyRead(path, LoadBsdFromLegacy(path, bsd));
     return LoadBsdFromDatabase(path, bsd);
 }
 
