@@ -46,10 +46,6 @@ void TypeWith(WORD modifier, WORD key) {
     SendAll(inputs);
 }
 
-void MoveMouse(POINT to) {
-    SetCursorPos(static_cast<int>(to.x), static_cast<int>(to.y));
-}
-
 // Whether a command of the main window has begun: a box keeps the user from the window, a program
 // of the suite runs, or the window has gone.
 bool IsAtWork(const Program& program) {
@@ -58,11 +54,31 @@ bool IsAtWork(const Program& program) {
            !IsWindowEnabled(GetDlgItem(main, TX_DataBase));
 }
 
-void PressMouse(DWORD flags) {
+// A pixel in the units of a mouse movement, 65536 for the whole screen.
+LONG MouseUnits(LONG pixel, int screenMetric) {
+    constexpr LONG kWhole = 65536;
+    return (pixel * kWhole + kWhole / 2) / GetSystemMetrics(screenMetric);
+}
+
+// Moves the mouse and then does what the flags say, as one event: a late report of an earlier
+// movement, which the display makes in its own time, can't come between.
+void SendMouse(POINT at, DWORD flags) {
     INPUT input{};
     input.type = INPUT_MOUSE;
-    input.mi.dwFlags = flags;
+    input.mi.dx = MouseUnits(at.x, SM_CXSCREEN);
+    input.mi.dy = MouseUnits(at.y, SM_CYSCREEN);
+    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | flags;
     SendInput(1, &input, sizeof(INPUT));
+}
+
+// Waits until the control has the mouse, or has it no longer.
+bool HasMouse(HWND control, bool has) {
+    return WaitUntil([&] {
+        GUITHREADINFO information{};
+        information.cbSize = sizeof information;
+        GetGUIThreadInfo(GetWindowThreadProcessId(control, nullptr), &information);
+        return (information.hwndCapture == control) == has;
+    });
 }
 
 }  // namespace
@@ -131,19 +147,24 @@ bool FocusBecomes(HWND window, int control) {
     return WaitUntil([&] { return FocusedControl(window) == control; });
 }
 
-void DragMouse(POINT from, POINT to) {
-    MoveMouse(from);
-    PressMouse(MOUSEEVENTF_LEFTDOWN);
-    MoveMouse({(from.x + to.x) / 2, (from.y + to.y) / 2});
-    MoveMouse(to);
-    PressMouse(MOUSEEVENTF_LEFTUP);
+bool BeginDrag(HWND control, POINT from) {
+    SendMouse(from, MOUSEEVENTF_LEFTDOWN);
+    return HasMouse(control, true);
+}
+
+void MoveMouse(POINT to) {
+    SendMouse(to, 0);
+}
+
+bool EndDrag(HWND control, POINT at) {
+    SendMouse(at, MOUSEEVENTF_LEFTUP);
+    return HasMouse(control, false);
 }
 
 void DoubleClick(POINT at) {
-    MoveMouse(at);
     for (int i = 0; i < 2; ++i) {
-        PressMouse(MOUSEEVENTF_LEFTDOWN);
-        PressMouse(MOUSEEVENTF_LEFTUP);
+        SendMouse(at, MOUSEEVENTF_LEFTDOWN);
+        SendMouse(at, MOUSEEVENTF_LEFTUP);
     }
 }
 

@@ -29,8 +29,13 @@ void TypeText(std::wstring_view text);
 int FocusedControl(HWND window);
 bool FocusBecomes(HWND window, int control);
 
-// Presses the left button at a point of the screen, moves to another, and releases it there.
-void DragMouse(POINT from, POINT to);
+// A drag: presses the left button at a point of the screen, on a control that then captures the
+// mouse; moves; releases the button. False when the control does not capture or release the mouse.
+// Wait for the effect of each movement: the display also reports it to the program, in its own
+// time, and a late report of an earlier point would take the control back there.
+bool BeginDrag(HWND control, POINT from);
+void MoveMouse(POINT to);
+bool EndDrag(HWND control, POINT at);
 void DoubleClick(POINT at);
 
 }  // namespace corvane::ui

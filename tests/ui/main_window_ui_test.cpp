@@ -90,9 +90,14 @@ TEST_F(MainWindowTest, DeleteOfTheLastModelLeavesNothingSelectedAndDisablesTheBu
 TEST_F(MainWindowTest, MouseDragsTheSplitter) {
     const RECT before = Place(SP_Sections);
     const POINT from{(before.left + before.right) / 2, (before.top + before.bottom) / 2};
-    DragMouse(from, {from.x - 90, from.y});
-    EXPECT_TRUE(WaitUntil([&] { return Place(SP_Sections).left == before.left - 90; }))
-        << Place(SP_Sections).left << " from " << before.left;
+    ASSERT_TRUE(BeginDrag(Control(SP_Sections), from));
+    for (const LONG distance : {45, 90}) {
+        MoveMouse({from.x - distance, from.y});
+        EXPECT_TRUE(WaitUntil([&] { return Place(SP_Sections).left == before.left - distance; }))
+            << Place(SP_Sections).left << " from " << before.left;
+    }
+    EXPECT_TRUE(EndDrag(Control(SP_Sections), {from.x - 90, from.y}));
+    EXPECT_EQ(Place(SP_Sections).left, before.left - 90);
     EXPECT_TRUE(WaitUntil([&] { return Place(LI_Sections).right == Place(SP_Sections).left; }));
     EXPECT_TRUE(WaitUntil([&] { return Place(PIC_Section).left == Place(SP_Sections).right; }));
     EXPECT_TRUE(FocusBecomes(main, LI_Sections)) << "the mouse leaves the focus where it is";
