@@ -7,6 +7,7 @@
 
 #include "database/model_kind.h"
 #include "files/text_file.h"
+#include "files/paths.h"
 #include "platform/system.h"
 #include "platform/ztutil32.h"
 #include "report/messages.h"
