@@ -12,6 +12,7 @@
 #include "platform/system.h"
 #include "shell/state.h"
 #include "ui/base/control_ids.h"
+#include "ui/base/own_window.h"
 #include "ui/main_window/model_list_view.h"
 #include "ui/main_window/windows_view.h"
 
@@ -76,7 +77,7 @@ int MeasureWindow(const std::wstring& path) {
     if (!IsBsdDefined(shell.database.bsd)) return 1;
     shell.view.loadMainWindow();
     shell.view.showMainWindow();
-    const HWND window = OwnWindow(kMainWindowClass);
+    const HWND window = MainHandle();
     RefreshMainWindow();
     Paint(window);
 

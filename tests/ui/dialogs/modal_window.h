@@ -12,6 +12,7 @@
 #include "tests/support/support.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
+#include "ui/base/own_window.h"
 #include "ui/main_window/windows_view.h"
 
 namespace corvane::test {

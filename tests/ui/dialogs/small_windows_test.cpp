@@ -14,6 +14,7 @@
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
+#include "ui/base/own_window.h"
 #include "ui/dialogs/about.h"
 #include "ui/dialogs/input_box.h"
 #include "ui/dialogs/splash.h"

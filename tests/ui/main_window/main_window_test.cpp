@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "report/reporters.h"
+#include "shell/commands/commands.h"
+#include "shell/rule_set.h"
 #include "shell/state.h"
 #include "tests/support/support.h"
 #include "tests/ui/main_window/open_window.h"
