@@ -58,7 +58,7 @@ inline void WriteModel(TextWriter& writer, int32_t number, const Stamp& stamp, u
     WriteBody(writer, state);
 }
 
-// Writes a database of about `bytes`; the number of its models, -1 when it can't be written.
+// Writes a database of about `bytes`; the number of its models, -1 when it cannot be written.
 inline int MakeDatabase(const std::wstring& path, int64_t bytes) {
     BasicShipData bsd;
     bsd.Titles(1).Assign(L"Sample ship");

@@ -1,4 +1,4 @@
-# The layers of the program: each folder is a library that links only what stands below it.
+# The layers of the program: each folder is a library that links only what is below it.
 include(${CMAKE_CURRENT_LIST_DIR}/../tests/checks/links.cmake)
 
 # corvane_layer(folder libraries...): the library corvane_<folder> (corvane_ui_base for ui/base) of

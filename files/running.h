@@ -11,7 +11,7 @@ namespace corvane {
 // What is known of a program that was run.
 struct RunResult {
     system::ErrorNumber error = system::kErrorNone;  // why nothing was started
-    bool crashed = false;                            // a fault of its own ended it
+    bool crashed = false;                            // its own fault ended it
     bool HasRun() const { return error == system::kErrorNone; }
 };
 

@@ -70,12 +70,12 @@ std::string_view CutLine(TextReader& reader) {
 // ends there.
 bool LineEquals(const TextReader& reader, size_t at, std::string_view text) {
     const char* const buffer = reader.buffer.get();
-    const size_t behind = at + text.size();
-    if (behind > reader.end || std::memcmp(buffer + at, text.data(), text.size()) != 0) {
+    const size_t after = at + text.size();
+    if (after > reader.end || std::memcmp(buffer + at, text.data(), text.size()) != 0) {
         return false;
     }
-    if (behind == reader.end || buffer[behind] == '\n') return true;
-    return buffer[behind] == '\r' && (behind + 1 == reader.end || buffer[behind + 1] == '\n');
+    if (after == reader.end || buffer[after] == '\n') return true;
+    return buffer[after] == '\r' && (after + 1 == reader.end || buffer[after + 1] == '\n');
 }
 
 // Looks for the text in what is in memory. On success the reader is at the line; otherwise at
@@ -274,7 +274,7 @@ void CopySpan(TextReader& from, int64_t position, TextWriter& to) {
         }
     }
     // Only the file's last line can be without its end: what is written after it must begin a
-    // line of its own.
+    // separate line.
     if (last != '\n') WriteText(to, "\r\n");
 }
 

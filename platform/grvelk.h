@@ -157,7 +157,7 @@ inline constexpr int16_t kCodeBadTangent = 5;      // tangent point on the line 
 inline constexpr int16_t kCodeTangentLengths = 6;  // tangent point not equally far from both ends
 inline constexpr int16_t kCodeNoNodes = 7;         // fewer than two nodes
 inline constexpr int16_t kCodeNoIntersection = 8;  // the line does not meet the strake
-inline constexpr int16_t kCodeOffStrake = 9;       // the coordinate lies outside of the strake
+inline constexpr int16_t kCodeOffStrake = 9;       // the coordinate is outside the strake
 inline constexpr int16_t kCodeBadNumber = 10;      // a coordinate or radius that is not a number
 
 // What QuickCompute and TraceSection get about one drawing; every byte without a name is zero.
@@ -207,11 +207,11 @@ using DeviceHandle = void*;
 extern "C" {
 
 // Abscissa of a point on a strake. `flag` gets the number of the item that holds it. Status 0: the
-// point lies on the strake within `tolerance`; 1: it does not, `s` is that of the nearest point;
+// point is on the strake within `tolerance`; 1: it does not, `s` is that of the nearest point;
 // any other value: the strake has no computed line, or a coordinate is not a number.
 int16_t CORVANE_STDCALL YZToS(corvane::Strake* strake, float y, float z, float* s, int16_t* flag,
                               float tolerance);
-// Point at an abscissa. Status 0: it lies on the strake; 1: `s` is outside of 0..length by more
+// Point at an abscissa. Status 0: it is on the strake; 1: `s` is outside 0..length by more
 // than `tolerance`, and the end's point is given.
 int16_t CORVANE_STDCALL SToYZ(corvane::Strake* strake, float s, float* y, float* z,
                               float tolerance);

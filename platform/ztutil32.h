@@ -50,7 +50,7 @@ int16_t CORVANE_STDCALL ShellAndWait(const char* commandLine, int16_t windowStyl
 //   buffer, size      in: the proposed name; out: the chosen one
 //   flags             -1: a name to save under, asks before an existing file is taken;
 //                     0: an existing file
-//   caption           the window's caption; when empty, the first description stands in
+//   caption           the window's caption; when empty, the first description is taken
 // Returns false when the user cancels; the buffer is then unchanged.
 int16_t CORVANE_STDCALL ZTUtilPromptForName(char* defaultExtension, char* title, char* buffer,
                                             int32_t size, int32_t flags, char* caption);
@@ -58,7 +58,7 @@ int16_t CORVANE_STDCALL ZTUtilPromptForName(char* defaultExtension, char* title,
 // Distance between two points of the section plane, in the unit of the arguments.
 float CORVANE_STDCALL Distance(float y1, float z1, float y2, float z2);
 
-// Whether (y, z) lies within `tolerance` of the straight segment from point 1 to point 2.
+// Whether (y, z) is within `tolerance` of the straight segment from point 1 to point 2.
 int16_t CORVANE_STDCALL IsPointInSegment(float y, float z, float y1, float z1, float y2, float z2,
                                          float tolerance);
 

@@ -1,5 +1,5 @@
-// The numbers of the catalogue's messages that the code uses. The texts lie in GrVelk.dll; what
-// each message reports and which arguments it takes is told in docs/messages.md. A test proves
+// The numbers of the catalogue's messages that the code uses. The texts are in GrVelk.dll;
+// docs/messages.md says what each message reports and which arguments it has. A test proves
 // that the catalogue has every number of this list.
 #pragma once
 

@@ -40,8 +40,8 @@ struct ImportChoice {
 bool IsLegacyDatabase(const std::wstring& path);
 
 // The sections of a legacy database, at most 20, or the models of a model database, with
-// " (bulkhead)" and " (torsion)" behind the names of those that are no section. What can't be read
-// is reported; the list is empty then.
+// " (bulkhead)" and " (torsion)" after the names of those that are not sections. What cannot be
+// read is reported; the list is empty then.
 std::vector<ExchangeItem> ListForExchange(const std::wstring& path);
 
 // What LI_Sections shows of a file: its items, or why there are none.

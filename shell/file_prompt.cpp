@@ -14,7 +14,7 @@
 namespace corvane {
 namespace {
 
-// What the prompt of some libraries answers in the place of nothing.
+// What the prompt of some libraries answers instead of nothing.
 constexpr wchar_t kCancelled[] = L"Cancel";
 
 // The answer made absolute while the prompt's directory is the current one.

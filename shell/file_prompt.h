@@ -17,11 +17,11 @@ struct FileQuestion {
 };
 
 // The absolute path of the file that the user names, whose directory becomes BrowseDirectory. Empty
-// when the user cancels, and when the name can't be used, which is reported: BrowseDirectory stays
+// when the user cancels, and when the name cannot be used, which is reported: BrowseDirectory stays
 // then. The current directory is the same afterwards.
 //
 // A usable name is one that every program of the suite can take: of at most kLongestPath
-// characters, without any that file names must not hold, and no folder. One to save under lies in a
+// characters, without any that file names must not hold, and no folder. One to save under is in a
 // folder that exists and is no read-only file; any other names a file that can be read.
 std::wstring AskForFile(const FileQuestion& question);
 

@@ -16,7 +16,7 @@
 namespace corvane {
 namespace {
 
-// Base name of the legacy databases whose folder tells the ship.
+// Base name of the legacy databases whose folder names the ship.
 constexpr wchar_t kDefaultName[] = L"star";
 
 std::wstring NewBaseName(const std::wstring& legacyPath) {

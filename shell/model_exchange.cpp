@@ -72,7 +72,7 @@ bool RequireStillThere(const ImportChoice& choice) {
 
 // ---- Export ------------------------------------------------------------------------------------
 
-// The slot that the user chose. False, and reported, when it can't be written.
+// The slot that the user chose. False, and reported, when it cannot be written.
 bool RequireSlot(const ExportChoice& choice, LegacySlot& slot) {
     if (!FileExists(choice.path)) {
         ReportMessage(kMsgFileMissing, {choice.path});

@@ -26,9 +26,9 @@ inline constexpr int kLongestSetting = 400;
 
 // Fills the record in. What the file does not have, or what names nothing that exists, gets its
 // default; nothing is reported. A limit beyond the range of its type ends the reading: it and the
-// fields behind it keep what they hold.
+// fields after it keep what they hold.
 void ReadSettings(const std::wstring& file, ShellSettings& settings);
-// The same for a program that lies in `programDirectory`, a path with a trailing "\".
+// The same for a program that is in `programDirectory`, a path with a trailing "\".
 void ReadSettings(const std::wstring& file, const std::wstring& programDirectory,
                   ShellSettings& settings);
 

@@ -16,7 +16,7 @@ namespace corvane {
 
 // ---- Paths and command lines -------------------------------------------------------------------
 
-// In DataDirectory. With the rule set "CSR for BC" a section has a rule program of its own.
+// In DataDirectory. With the rule set "CSR for BC" a section has its own rule program.
 std::wstring InputProgramPath(ModelKind kind);
 std::wstring RuleProgramPath(ModelKind kind);
 std::wstring BsdProgramPath();

@@ -3,11 +3,11 @@
 
 namespace corvane {
 
-// Edits the data in the suite's BSD program, and reads them anew when the file has changed.
+// Edits the data in the suite's BSD program, and reads them again when the file has changed.
 void ME_FileBSD_Click();
 
 // Takes the data from a standalone file ("bsd"), a legacy database ("vel") or a database (any other
-// extension) into the open database. When the source can't be read, or the database can't be
+// extension) into the open database. When the source cannot be read, or the database cannot be
 // written, which is reported, the data are as they were.
 void ME_FileImportBSD_Click();
 

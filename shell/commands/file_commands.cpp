@@ -20,7 +20,7 @@ namespace {
 
 constexpr wchar_t kOldExtension[] = L"vew";
 constexpr wchar_t kLegacyExtension[] = L"vel";
-// Base name of the databases of older versions, whose folder told the ship.
+// Base name of the databases of older versions, whose folder names the ship.
 constexpr wchar_t kOldDefaultName[] = L"star";
 constexpr wchar_t kCopyQuestion[] =
     L"This file has an old Velk extension. Do you want to make a copy ?";
@@ -29,7 +29,7 @@ std::wstring BaseNameOf(const std::wstring& path) {
     return StripExtension(FileNameOf(path));
 }
 
-// The prompt's types: the described patterns behind the catalogue's word for databases, then
+// The prompt's types: the described patterns after the catalogue's word for databases, then
 // legacy databases.
 std::wstring TypesToOpen() {
     const std::wstring databases = GetMessage(kMsgDatabaseFiles);

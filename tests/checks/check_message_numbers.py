@@ -1,4 +1,5 @@
-"""check_message_numbers.py ROOT: messages are named by report/message_numbers.h, never by number."""
+"""check_message_numbers.py ROOT: messages have the names of report/message_numbers.h, and are never
+named by their number."""
 
 import re
 import sys

@@ -16,7 +16,7 @@
 
 namespace corvane::test {
 
-// A section by chance that the legacy form can hold: nodes of all kinds, some of which can't be
+// A section by chance that the legacy form can hold: nodes of all kinds, some of which cannot be
 // computed, everything that can stand on a panel, compartments.
 SectionModel GeneratedSection(uint32_t seed);
 

@@ -69,7 +69,7 @@ private:
     bool wasThere = false;
 };
 
-// Puts a procedure in the place of a companion library's function:
+// Puts a procedure instead of a companion library's function:
 //     FakeFunction fake(corvane::IsRegionalOK, [] { return int16_t{0}; });
 template <class Function>
 struct FakeFunction {

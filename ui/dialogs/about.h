@@ -1,4 +1,4 @@
-// FM_About, the box that tells which program this is.
+// FM_About, the box that says which program this is.
 #pragma once
 
 #include <string>

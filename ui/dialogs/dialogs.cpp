@@ -32,7 +32,7 @@ BOOL CALLBACK SetFont(HWND control, LPARAM font) {
     return TRUE;
 }
 
-void TakeResolution(HWND window, UINT dpi) {
+void ApplyResolution(HWND window, UINT dpi) {
     OpenDialog& dialog = StateOf(window);
     const HFONT old = dialog.font;
     dialog.font = CreateMessageFont(dpi);
@@ -82,7 +82,7 @@ void OnInitialise(HWND window) {
     SetWindowTextW(window, dialog.caption.c_str());
     dialog.kind.addControls(window, dialog.contents);
     SendMessageW(window, DM_SETDEFID, GetDlgItem(window, IDOK) != nullptr ? IDOK : IDCANCEL, 0);
-    TakeResolution(window, DpiOf(window));
+    ApplyResolution(window, DpiOf(window));
     Centre(window, GetWindow(window, GW_OWNER));
     if (dialog.kind.isProgram) ShowProgramWindow(window);
     const HWND first = GetDlgItem(window, dialog.kind.firstFocus);
@@ -131,7 +131,7 @@ INT_PTR HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
             const auto& area = *reinterpret_cast<const RECT*>(lParam);
             SetWindowPos(window, nullptr, area.left, area.top, 0, 0,
                          SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-            TakeResolution(window, LOWORD(wParam));
+            ApplyResolution(window, LOWORD(wParam));
             return TRUE;
         }
         default:

@@ -29,7 +29,7 @@ struct DialogKind {
     bool (*accept)(HWND window, void* contents) = nullptr;
     // The background of a label, and its text's colour; null where the system decides.
     HBRUSH (*colour)(HWND label, HDC dc) = nullptr;
-    // A control other than OK and Cancel tells of what the user did (WM_COMMAND).
+    // The user did something with a control other than OK and Cancel (WM_COMMAND).
     void (*notify)(HWND window, void* contents, const Notification& notification) = nullptr;
     // Draws an item of a control that leaves this to its owner.
     void (*draw)(void* contents, const DRAWITEMSTRUCT& item) = nullptr;

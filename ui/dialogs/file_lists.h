@@ -20,8 +20,8 @@ struct FileLists {
 void AddFileLists(HWND window, FileLists& lists);
 void PlaceFileLists(HWND window, FileLists& lists, const RECT& area, UINT dpi);
 
-// Shows a folder, none of its files chosen. False, and all lists stay as they are, when it can't be
-// read; nobody is told.
+// Shows a folder, none of its files chosen. False, and all lists stay as they are, when it cannot
+// be read; nothing is reported.
 bool ShowFolder(HWND window, FileLists& lists, const std::wstring& folder);
 // Shows a file's folder and chooses the file; the list has it even when it does not fit the
 // pattern.
@@ -29,7 +29,7 @@ void ShowFile(HWND window, FileLists& lists, const std::wstring& path);
 // Absolute path of the file that is chosen; empty when none is.
 std::wstring ChosenFile(HWND window, const FileLists& lists);
 
-// Does what the user asks of the lists, and tells what the dialog must do.
+// Does what the user asks of the lists, and says what the dialog must do.
 enum class FileListsEvent { kNone, kOtherFolder, kFileClick, kFileDoubleClick };
 FileListsEvent OnFileLists(HWND window, FileLists& lists, const Notification& notification);
 // The Enter key in the list of folders opens the selected one; the dialog then stays.

@@ -11,7 +11,7 @@ struct FolderContents {
 };
 
 // Reads the subfolders of a folder and its files that fit a pattern such as "*.vel;*.ve2"; what is
-// hidden is left out. False, and `contents` stays, when the folder can't be read; the system shows
+// hidden is left out. False, and `contents` stays, when the folder cannot be read; the system shows
 // no box about a drive that is not ready.
 bool ReadFolder(const std::wstring& folder, const std::wstring& pattern, FolderContents& contents);
 

@@ -35,7 +35,7 @@ DrawnPicture DrawFolder(FolderIcon which, int size) {
 }
 
 // The icons at a resolution.
-void TakeIcons(FolderList& folders, UINT dpi) {
+void MakeIcons(FolderList& folders, UINT dpi) {
     const int size = SystemMetric(SM_CXSMICON, dpi);
     int width = 0;
     int height = 0;
@@ -103,7 +103,7 @@ std::wstring SelectedFolder(HWND list, const FolderList& folders) {
 }
 
 void ScaleFolderList(HWND list, FolderList& folders, UINT dpi) {
-    TakeIcons(folders, dpi);
+    MakeIcons(folders, dpi);
     const auto font = reinterpret_cast<HFONT>(SendMessageW(list, WM_GETFONT, 0, 0));
     const LONG textHeight = TextSize(list, font, L"X").cy;
     const LONG height = std::max<LONG>(textHeight, SystemMetric(SM_CYSMICON, dpi));

@@ -28,7 +28,7 @@ void ShowFolders(HWND list, FolderList& folders, const std::wstring& folder,
                  const std::vector<std::wstring>& subfolders);
 // Path of the item that is selected; empty when none is.
 std::wstring SelectedFolder(HWND list, const FolderList& folders);
-// Takes a resolution: height and breadth of the items, in the list's font.
+// Applies a resolution: height and breadth of the items, in the list's font.
 void ScaleFolderList(HWND list, FolderList& folders, UINT dpi);
 void DrawFolderItem(const FolderList& folders, const DRAWITEMSTRUCT& item);
 

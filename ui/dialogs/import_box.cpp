@@ -57,7 +57,7 @@ void OnListClick(HWND window, ImportBox& box) {
     const bool isOn = IsDlgButtonChecked(window, OP_Preview) == BST_CHECKED;
     box.isShown =
         isOn && current != nullptr && ReadForExchange(box.path, *current, box.section, box.bsd);
-    // A section that can't be drawn must not leave the one before it in the picture.
+    // A section that cannot be drawn must not leave the one before it in the picture.
     ClearSectionPicture(picture);
     if (box.isShown) RedrawSectionPicture(picture);
     SetDlgItemTextW(window, LB_Service, box.isShown ? ServiceText(box.bsd).c_str() : L"");

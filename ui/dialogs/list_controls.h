@@ -17,7 +17,7 @@ void SelectAllInList(HWND list, bool value = true);
 // Adds an item and attaches a number to it (LB_GETITEMDATA).
 void AddListItemWithData(HWND list, const std::wstring& text, int32_t data);
 
-// Fills a list box anew, without a selection; it is painted once.
+// Fills a list box again, without a selection; it is painted once.
 void FillList(HWND list, const std::vector<std::wstring>& items);
 // Lets the user scroll a list box sideways as far as its widest item, in its font, needs it.
 void FitScrolling(HWND list);

@@ -24,7 +24,7 @@ namespace {
 constexpr UINT kSelectionLost = WM_APP;
 
 // The first size, held to the screen that the window is on.
-void TakeFirstSize(HWND window, UINT dpi) {
+void ApplyFirstSize(HWND window, UINT dpi) {
     const SIZE client{Scaled(kFirstClientSize.cx, dpi), Scaled(kFirstClientSize.cy, dpi)};
     const SIZE size = WindowSize(window, client, true, dpi);
     MONITORINFO monitor{};
@@ -41,8 +41,8 @@ void TakeFirstSize(HWND window, UINT dpi) {
 void OnCreate(HWND window) {
     AddMainControls(window, *StateOfMainWindow(window));
     const UINT dpi = DpiOf(window);
-    TakeFirstSize(window, dpi);
-    TakeResolution(window, dpi);
+    ApplyFirstSize(window, dpi);
+    ApplyResolution(window, dpi);
     UpdateEnabling(window);
 }
 
@@ -124,7 +124,7 @@ LRESULT OnNotify(HWND window, LPARAM lParam) {
     return 0;
 }
 
-// A status line in red tells that the work stopped there.
+// A status line in red says that the work stopped there.
 LRESULT OnColourStatic(HWND window, HDC dc, HWND control) {
     const bool red = GetDlgCtrlID(control) == PAN_Help &&
                      StateOfMainWindow(window)->statusColour == StatusColour::kRed;
@@ -133,7 +133,7 @@ LRESULT OnColourStatic(HWND window, HDC dc, HWND control) {
     return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
 }
 
-// The keyboard letter of a label or a frame goes to the control behind it; dialogs do that by
+// The keyboard letter of a label or a frame goes to the control after it; dialogs do that by
 // themselves.
 void OnNextControl(HWND window, WPARAM which, bool isHandle) {
     const HWND next = isHandle ? reinterpret_cast<HWND>(which)
@@ -158,7 +158,7 @@ void OnMinMaxInfo(HWND window, MINMAXINFO& limits) {
 void OnDpiChanged(HWND window, UINT dpi, const RECT& area) {
     SetWindowPos(window, nullptr, area.left, area.top, area.right - area.left,
                  area.bottom - area.top, SWP_NOZORDER | SWP_NOACTIVATE);
-    TakeResolution(window, dpi);
+    ApplyResolution(window, dpi);
 }
 
 // Messages of the window's life.
@@ -191,7 +191,7 @@ LRESULT HandleLife(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
             ShowButtonPictures(window);
             break;
         case WM_SETTINGCHANGE:
-            TakeResolution(window, StateOfMainWindow(window)->layout.dpi);
+            ApplyResolution(window, StateOfMainWindow(window)->layout.dpi);
             break;
         case WM_DPICHANGED:
             OnDpiChanged(window, LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));

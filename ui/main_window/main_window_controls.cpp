@@ -16,7 +16,7 @@ namespace {
 
 HWND AddControl(HWND window, int id, const wchar_t* windowClass, const wchar_t* text, DWORD style) {
     DWORD exStyle = 0;
-    // A text field has a sunken edge; what stands in a frame is not covered by it.
+    // A text field has a sunken edge; what is in a frame is not covered by it.
     if (id == TX_DataBase) exStyle = WS_EX_CLIENTEDGE;
     if (id == GR_Rule) exStyle = WS_EX_TRANSPARENT;
     return CreateWindowExW(exStyle, windowClass, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0,
@@ -69,7 +69,7 @@ void AddMainControls(HWND window, MainWindowState& state) {
     AddToolTip(state.toolTips, GetDlgItem(window, PAN_Help));
 }
 
-void TakeResolution(HWND window, UINT dpi) {
+void ApplyResolution(HWND window, UINT dpi) {
     MainWindowState& state = *StateOfMainWindow(window);
     const HFONT old = state.layout.font;
     state.layout.dpi = dpi;

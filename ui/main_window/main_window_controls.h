@@ -20,16 +20,16 @@ inline constexpr CommandButton kCommandButtons[] = {{Command1, ME_FileOpen},
 void AddMainControls(HWND window, MainWindowState& state);
 
 // Fonts, icons, pictures and places for a resolution.
-void TakeResolution(HWND window, UINT dpi);
+void ApplyResolution(HWND window, UINT dpi);
 
-// The pictures of the buttons anew, for the kind and the rule set.
+// Draws the pictures of the buttons again, for the kind and the rule set.
 void ShowButtonPictures(HWND window);
 
 // Frees what the controls do not free themselves.
 void ReleaseMainControls(HWND window);
 
 // Menus, buttons and list as the state of the program has them; nothing while the window is locked.
-// The focus leaves a control that can't have it any more.
+// The focus leaves a control that can no longer have it.
 void UpdateEnabling(HWND window);
 
 // The control that has the focus now gets it again later.

@@ -74,7 +74,7 @@ void PlaceStatusLine(Divider& divider, RECT& area, int textHeight) {
     area.bottom = top;
 }
 
-// The rule sets side by side in their frame, whose upper line lies at `row.top`. Returns its right
+// The rule sets side by side in their frame, whose upper line is at `row.top`. Returns its right
 // edge.
 int PlaceRuleSets(Divider& divider, const RECT& row, int textHeight) {
     const int top = row.top + textHeight / 2;
@@ -110,7 +110,7 @@ void PlaceButtonRow(Divider& divider, RECT& area, Layout& layout, int textHeight
     PlaceRuleSets(divider, row, textHeight);
 }
 
-// The labels that tell where the selected model lies; `area` becomes what is left above them.
+// The labels that say where the selected model is; `area` becomes what is left above them.
 void PlaceModelLabels(Divider& divider, RECT& area, int textHeight) {
     const int top = area.bottom - textHeight;
     const int frameLeft = area.left + divider.Length(kPositionWidth);

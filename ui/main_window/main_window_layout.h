@@ -1,4 +1,4 @@
-// Where the main window's controls stand, for the size and resolution of the window.
+// Where the main window's controls are, for the size and resolution of the window.
 #pragma once
 
 #include "platform/win32/win32.h"

@@ -25,7 +25,7 @@ wchar_t Upper(wchar_t letter) {
     return letter;
 }
 
-// The letter of a top menu that stands behind "&", as a capital; 0 without one.
+// The letter of a top menu that follows "&", as a capital; 0 without one.
 wchar_t KeyboardLetter(HMENU bar, int position) {
     wchar_t caption[64] = L"";
     GetMenuStringW(bar, static_cast<UINT>(position), caption, 64, MF_BYPOSITION);

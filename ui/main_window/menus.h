@@ -12,7 +12,7 @@ HMENU CreateMenuBar();
 
 void SetSectionMenuText(HWND window, const std::wstring& text);
 
-// Greys what can't be chosen now: everything while the window is locked.
+// Greys what cannot be chosen now: everything while the window is locked.
 void UpdateMenus(HWND window, bool locked);
 
 // Whether the message is Alt and the letter of a top menu of the window. A control with the same

@@ -71,7 +71,7 @@ void DrawEdit(DrawnPicture& picture, ModelKind kind, const Ink& ink) {
     Stroke(picture, band, 1, kErase);
 }
 
-// The mark of a rule set stands around the point (22, 22).
+// The mark of a rule set is around the point (22, 22).
 std::vector<PicturePoint> MarkOutline(RuleSet ruleSet) {
     if (ruleSet == RuleSet::kCsr) return {{14, 14}, {31, 14}, {31, 31}, {14, 31}};
     if (ruleSet == RuleSet::kMil) {

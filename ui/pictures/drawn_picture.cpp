@@ -38,7 +38,7 @@ void Lay(DrawnPicture::Pixel& pixel, COLORREF colour, float covered) {
     pixel.opacity = pixel.opacity * left + laid;
 }
 
-// Paints a shape within the box. `outside` tells how far a point lies from the shape's edge, in
+// Paints a shape within the box. `outside` says how far a point is from the shape's edge, in
 // units, negative within; near the edge that is how far the shape covers the pixel.
 template <class Outside>
 void Paint(DrawnPicture& picture, const Box& box, COLORREF colour, Outside outside) {

@@ -9,7 +9,7 @@
 namespace corvane {
 namespace {
 
-// The null handle, or one that is this small, stands for a file without icons.
+// The null handle, or one that is this small, means a file without icons.
 bool IsIcon(HICON icon) {
     return reinterpret_cast<UINT_PTR>(icon) > 1;
 }
