@@ -24,7 +24,7 @@ std::wstring ReadKey(const std::wstring& file, MessageNumber key, const std::wst
 struct LimitSetting {
     MessageNumber key;
     const wchar_t* fallback;
-    float ShellSettings::*limit;
+    float ShellSettings::* limit;
 };
 constexpr LimitSetting kFirstLimit{kMsgFirstLimitKey, L"1.5", &ShellSettings::FirstLimit};
 constexpr LimitSetting kSecondLimit{kMsgSecondLimitKey, L"3.0", &ShellSettings::SecondLimit};

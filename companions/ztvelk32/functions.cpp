@@ -45,7 +45,7 @@ void SetEntryName(LegacySectionEntry& entry, std::string_view name) {
 }
 
 template <class Block>
-int16_t ExportBlock(const char* path, int16_t section, Block LegacySectionRecord::*member,
+int16_t ExportBlock(const char* path, int16_t section, Block LegacySectionRecord::* member,
                     const Block* block) {
     if (block == nullptr) return kLegacyNoSection;
     return Edit(path, [&](Database& database) {
@@ -58,7 +58,7 @@ int16_t ExportBlock(const char* path, int16_t section, Block LegacySectionRecord
 }
 
 template <class Block>
-int16_t ImportBlock(const char* path, int16_t section, Block LegacySectionRecord::*member,
+int16_t ImportBlock(const char* path, int16_t section, Block LegacySectionRecord::* member,
                     Block* block) {
     if (block == nullptr) return kLegacyNoSection;
     return Guarded(path, [&](const std::wstring& file) {

@@ -64,7 +64,7 @@ constexpr std::array kCommands = {
 
 // The first command whose `field` has a value; null without one.
 template <class Value>
-const Command* Find(Value Command::*field, Value value) {
+const Command* Find(Value Command::* field, Value value) {
     const auto found = std::ranges::find(kCommands, value, field);
     return found == kCommands.end() ? nullptr : &*found;
 }

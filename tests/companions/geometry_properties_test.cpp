@@ -124,9 +124,7 @@ TEST(GeometryPropertiesTest, MirroredStrakeIsTheMirrorImage) {
             node.tangentY = -node.tangentY;
             node.radius = -node.radius;
         },
-        [](At at) {
-            return At{-at.y, at.z};
-        });
+        [](At at) { return At{-at.y, at.z}; });
 }
 
 TEST(GeometryPropertiesTest, MovingTheOriginMovesThePoints) {
@@ -138,9 +136,7 @@ TEST(GeometryPropertiesTest, MovingTheOriginMovesThePoints) {
             node.givenZ -= 3;
             node.tangentZ -= 3;
         },
-        [](At at) {
-            return At{at.y + 2, at.z - 3};
-        });
+        [](At at) { return At{at.y + 2, at.z - 3}; });
 }
 
 TEST(GeometryPropertiesTest, ReversedStrakeHasTheSamePointsFromTheOtherEnd) {

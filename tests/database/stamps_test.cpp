@@ -6,8 +6,8 @@
 #include <string>
 
 #include "database/model_kind.h"
-#include "files/text_file.h"
 #include "files/paths.h"
+#include "files/text_file.h"
 #include "platform/system.h"
 #include "platform/ztutil32.h"
 #include "report/messages.h"

@@ -63,7 +63,7 @@ struct SmallDisk {
     SmallDisk& operator=(const SmallDisk&) = delete;
 
     int64_t Room() const {
-        struct statvfs status {};
+        struct statvfs status{};
         EXPECT_EQ(statvfs(native.c_str(), &status), 0);
         return static_cast<int64_t>(status.f_bavail * status.f_frsize);
     }
