@@ -1,9 +1,22 @@
 #include "files/paths.h"
 
+#include <algorithm>
+
 #include "platform/system.h"
 #include "text/text.h"
 
 namespace corvane {
+namespace {
+
+// Length of the root, with the "\" at its end: of "C:\", or of "\\machine\share\".
+size_t RootLength(const std::wstring& folder) {
+    const size_t from = folder.starts_with(L"\\\\") ? folder.find(L'\\', 2) : 0;
+    if (from == std::wstring::npos) return folder.size();
+    const size_t end = folder.find(L'\\', from == 0 ? 0 : from + 1);
+    return end == std::wstring::npos ? folder.size() : end + 1;
+}
+
+}  // namespace
 
 std::wstring WithTrailingBackslash(std::wstring_view path) {
     if (path.empty()) return {};
@@ -43,6 +56,26 @@ std::wstring FileExtension(std::wstring_view name) {
 
 std::wstring BackupPath(std::wstring_view path) {
     return StripExtension(path) + L".bak";
+}
+
+// The system's own matching would also look at a file's short name, where "ship.velo" is a "*.vel".
+bool FitsPattern(std::wstring_view name, std::wstring_view pattern) {
+    const std::wstring wanted = L"*." + FileExtension(name);
+    while (!pattern.empty()) {
+        const std::wstring_view one = pattern.substr(0, pattern.find(L';'));
+        if (one == wanted) return true;
+        pattern.remove_prefix(std::min(one.size() + 1, pattern.size()));
+    }
+    return false;
+}
+
+std::vector<std::wstring> FoldersDownTo(std::wstring_view folder) {
+    const std::wstring path = WithTrailingBackslash(folder);
+    std::vector<std::wstring> folders;
+    for (size_t end = RootLength(path); end != 0; end = path.find(L'\\', end) + 1) {
+        folders.push_back(path.substr(0, end));
+    }
+    return folders;
 }
 
 }  // namespace corvane

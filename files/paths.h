@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace corvane {
 
@@ -25,5 +26,12 @@ std::wstring StripExtension(std::wstring_view name);
 std::wstring FileExtension(std::wstring_view name);
 // Where the old text of a file is kept: the name without its extension (StripExtension), ".bak".
 std::wstring BackupPath(std::wstring_view path);
+
+// Whether a file's name has one of the extensions of a pattern such as "*.vel;*.ve2", but for upper
+// and lower case.
+bool FitsPattern(std::wstring_view name, std::wstring_view pattern);
+// The folders on the way to a folder, the root first and the folder itself last, each with a "\" at
+// its end. The root is a drive's, or a share of another machine.
+std::vector<std::wstring> FoldersDownTo(std::wstring_view folder);
 
 }  // namespace corvane

@@ -103,5 +103,22 @@ TEST(BackupPath, LastPointCountsEvenInAFolderName) {
     EXPECT_EQ(BackupPath(L"C:\\rev1.2\\ship"), L"C:\\rev1.bak");
 }
 
+TEST(FitsPattern, ExtensionDecidesWhateverItsCase) {
+    EXPECT_TRUE(FitsPattern(L"ship.vel", L"*.vel;*.ve2"));
+    EXPECT_TRUE(FitsPattern(L"SHIP.VE2", L"*.vel;*.ve2"));
+    EXPECT_FALSE(FitsPattern(L"ship.velo", L"*.vel;*.ve2"));
+    EXPECT_FALSE(FitsPattern(L"ship", L"*.vel"));
+    EXPECT_FALSE(FitsPattern(L"ship.vel", L""));
+}
+
+TEST(FoldersDownTo, FromTheRootToTheFolderItself) {
+    using Folders = std::vector<std::wstring>;
+    EXPECT_EQ(FoldersDownTo(L"C:\\"), Folders{L"C:\\"});
+    EXPECT_EQ(FoldersDownTo(L"C:\\Ships\\Alpha"),
+              (Folders{L"C:\\", L"C:\\Ships\\", L"C:\\Ships\\Alpha\\"}));
+    EXPECT_EQ(FoldersDownTo(L"\\\\yard\\ships\\Alpha\\"),
+              (Folders{L"\\\\yard\\ships\\", L"\\\\yard\\ships\\Alpha\\"}));
+}
+
 }  // namespace
 }  // namespace corvane

@@ -1,7 +1,6 @@
 #include "ui/dialogs/folder_contents.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "files/paths.h"
 #include "platform/win32/win32.h"
@@ -23,33 +22,14 @@ bool ComesBefore(const std::wstring& a, const std::wstring& b) {
            CSTR_LESS_THAN;
 }
 
-// The system's own matching would also look at a file's short name, where "ship.velo" is a "*.vel".
-bool Fits(const std::wstring& name, std::wstring_view pattern) {
-    const std::wstring wanted = L"*." + FileExtension(name);
-    while (!pattern.empty()) {
-        const std::wstring_view one = pattern.substr(0, pattern.find(L';'));
-        if (one == wanted) return true;
-        pattern.remove_prefix(std::min(one.size() + 1, pattern.size()));
-    }
-    return false;
-}
-
 void Add(const WIN32_FIND_DATAW& found, const std::wstring& pattern, FolderContents& contents) {
     if ((found.dwFileAttributes & FILE_ATTRIBUTE_HIDDEN) != 0) return;
     const std::wstring name = found.cFileName;
     if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
-        if (Fits(name, pattern)) contents.files.push_back(name);
+        if (FitsPattern(name, pattern)) contents.files.push_back(name);
     } else if (name != L"." && name != L"..") {
         contents.folders.push_back(name);
     }
-}
-
-// Length of the root, with the "\" at its end: of "C:\", or of "\\machine\share\".
-size_t RootLength(const std::wstring& folder) {
-    const size_t from = folder.starts_with(L"\\\\") ? folder.find(L'\\', 2) : 0;
-    if (from == std::wstring::npos) return folder.size();
-    const size_t end = folder.find(L'\\', from == 0 ? 0 : from + 1);
-    return end == std::wstring::npos ? folder.size() : end + 1;
 }
 
 }  // namespace
@@ -82,15 +62,6 @@ std::vector<std::wstring> Drives() {
         if ((existing >> (letter - L'A') & 1U) != 0) drives.push_back({letter, L':'});
     }
     return drives;
-}
-
-std::vector<std::wstring> FoldersDownTo(const std::wstring& folder) {
-    const std::wstring path = WithTrailingBackslash(folder);
-    std::vector<std::wstring> folders;
-    for (size_t end = RootLength(path); end != 0; end = path.find(L'\\', end) + 1) {
-        folders.push_back(path.substr(0, end));
-    }
-    return folders;
 }
 
 }  // namespace corvane

@@ -18,8 +18,4 @@ bool ReadFolder(const std::wstring& folder, const std::wstring& pattern, FolderC
 // The drives that exist: "C:" and so on.
 std::vector<std::wstring> Drives();
 
-// The folders on the way to a folder, the root first and the folder itself last, each with a "\" at
-// its end. The root is a drive's, or a share of another machine.
-std::vector<std::wstring> FoldersDownTo(const std::wstring& folder);
-
 }  // namespace corvane
