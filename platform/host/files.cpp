@@ -180,7 +180,7 @@ ErrorNumber RemoveFile(const std::wstring& path) {
 ErrorNumber CopyBytes(const std::wstring& from, const std::wstring& to, bool overwrite) {
     File source;
     ErrorNumber error = OpenForReading(from, source);
-    if (error != kErrorNone) return error;
+    if (!source.IsOpen()) return error;
     File copy;
     if (overwrite && IsSameFile(source, to)) {
         error = kErrorSharingViolation;

@@ -8,3 +8,14 @@
 #undef GetCurrentTime
 #undef GetMessage
 #undef ReplaceFile
+
+namespace corvane {
+
+// The function at an address that the system found by its name; null for null. Its signature is the
+// caller's word: the address has none.
+template <class Signature>
+Signature* AsFunction(FARPROC address) {
+    return reinterpret_cast<Signature*>(reinterpret_cast<void (*)()>(address));
+}
+
+}  // namespace corvane

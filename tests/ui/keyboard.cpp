@@ -7,6 +7,9 @@
 namespace corvane::ui {
 namespace {
 
+// Milliseconds after which a key that had no effect is pressed again.
+constexpr ULONGLONG kNextTry = 3000;
+
 void Add(std::vector<INPUT>& inputs, WORD key, DWORD flags) {
     INPUT input{};
     input.type = INPUT_KEYBOARD;
@@ -104,8 +107,18 @@ void TypeWithShift(WORD key) {
     TypeWith(VK_SHIFT, key);
 }
 
+bool PressUntil(WORD key, const std::function<bool()>& condition) {
+    ULONGLONG tried = 0;
+    return WaitUntil([&] {
+        if (condition()) return true;
+        if (tried != 0 && GetTickCount64() < tried + kNextTry) return false;
+        Type({key});
+        tried = GetTickCount64();
+        return false;
+    });
+}
+
 bool ChooseByKeys(const Program& program, WORD menu, WORD item) {
-    constexpr ULONGLONG kNextTry = 3000;
     if (!WaitUntil([&] { return !IsAtWork(program); })) return false;
     ULONGLONG tried = 0;
     bool menuWasOpen = false;

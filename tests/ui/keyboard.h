@@ -2,6 +2,7 @@
 // lies under the pointer.
 #pragma once
 
+#include <functional>
 #include <initializer_list>
 #include <string_view>
 
@@ -22,6 +23,9 @@ void TypeWithShift(WORD key);
 // down, and a key of which it knows nothing counts as released then: keys that had no effect are
 // pressed again. Home takes back what a letter alone has selected in the list of models.
 bool ChooseByKeys(const Program& program, WORD menu, WORD item);
+// Presses a key until the condition holds, again after a while when it had no effect, for the
+// reason above; false when it never holds.
+bool PressUntil(WORD key, const std::function<bool()>& condition);
 // A text, whatever the layout of the keyboard; a line feed is the Enter key.
 void TypeText(std::wstring_view text);
 

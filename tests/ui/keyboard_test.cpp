@@ -85,8 +85,7 @@ struct KeyboardTest : MainWindowFixture {
         constexpr int kMostStops = 20;
         for (int i = 0; i < kMostStops && FocusedControl(main) != control; ++i) {
             const int before = FocusedControl(main);
-            Type({VK_TAB});
-            if (!WaitUntil([&] { return FocusedControl(main) != before; })) return false;
+            if (!PressUntil(VK_TAB, [&] { return FocusedControl(main) != before; })) return false;
         }
         return FocusedControl(main) == control;
     }
@@ -201,7 +200,7 @@ TEST_F(KeyboardTest, SpaceAndEnterPressTheButtonThatHasTheFocus) {
     for (const auto& button : buttons) {
         ASSERT_TRUE(TabTo(button.button));
         for (const WORD key : {WORD{VK_SPACE}, WORD{VK_RETURN}}) {
-            Type({key});
+            ASSERT_TRUE(PressUntil(key, [&] { return program.FindNow(L"#32770") != nullptr; }));
             ExpectAndClose(Shows::kBox, button.text);
             ASSERT_TRUE(FocusBecomes(main, button.button));
         }

@@ -8,7 +8,7 @@ template <class Signature>
 Signature* User32Function(const char* name) {
     const HMODULE library = GetModuleHandleW(L"user32.dll");
     if (library == nullptr) return nullptr;
-    return reinterpret_cast<Signature*>(reinterpret_cast<void*>(GetProcAddress(library, name)));
+    return AsFunction<Signature>(GetProcAddress(library, name));
 }
 
 UINT SystemDpi() {

@@ -87,9 +87,11 @@ void ShowFolders(HWND list, FolderList& folders, const std::wstring& folder,
                  const std::vector<std::wstring>& subfolders) {
     folders.paths = FoldersDownTo(folder);
     folders.depth = folders.paths.size();
+    folders.paths.reserve(folders.depth + subfolders.size());
     const std::wstring open = folders.paths.back();
     for (const std::wstring& name : subfolders) folders.paths.push_back(open + name + L"\\");
     std::vector<std::wstring> names;
+    names.reserve(folders.paths.size());
     for (size_t i = 0; i < folders.paths.size(); ++i) names.push_back(ItemText(folders, i));
     FillList(list, names);
     SendMessageW(list, LB_SETCURSEL, folders.depth - 1, 0);

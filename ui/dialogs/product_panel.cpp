@@ -28,8 +28,8 @@ void DeleteObjects(const ProductPanel& panel) {
 HICON LoadPicture(int side) {
     using ScaleDown = HRESULT WINAPI(HINSTANCE, PCWSTR, int, int, HICON*);
     const HINSTANCE program = GetModuleHandleW(nullptr);
-    const auto scaleDown = reinterpret_cast<ScaleDown*>(reinterpret_cast<void*>(
-        GetProcAddress(GetModuleHandleW(L"comctl32.dll"), "LoadIconWithScaleDown")));
+    const auto scaleDown = AsFunction<ScaleDown>(
+        GetProcAddress(GetModuleHandleW(L"comctl32.dll"), "LoadIconWithScaleDown"));
     HICON icon = nullptr;
     if (scaleDown != nullptr) scaleDown(program, MAKEINTRESOURCEW(1), side, side, &icon);
     if (icon != nullptr) return icon;
