@@ -27,7 +27,7 @@ void ClearPreviewPane();
 
 // Draws a section of a ship into a picture.
 void DrawSection(SectionModel& section, const BasicShipData& bsd, Picture& picture);
-// Draws the section that is shown into a picture; leaves the picture as it is when there is none.
+// Draws the section that is shown into a picture; without one, the picture stays as it is.
 void DrawPreview(Picture& picture);
 
 // The text of LB_Frame for a position x [m] along the ship.

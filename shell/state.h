@@ -32,7 +32,7 @@ struct ShellState {
     PreviewPane preview;    // changed by shell/preview_pane.h alone
 
     View view;
-    // The main window's handle, for the user interface alone; null while there is none.
+    // The main window's handle, for the user interface alone; null without a window.
     void* mainWindow = nullptr;
 };
 

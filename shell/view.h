@@ -4,7 +4,7 @@
 //
 // A procedure decides nothing: what is shown when, and what an answer means, is up to the caller.
 // All of them are called on the one thread of the program. Those of the main window do nothing
-// while there is none.
+// before it is made and after its end.
 #pragma once
 
 #include <string>

@@ -36,7 +36,7 @@ Point UnitVector(double angle);
 // Whether both coordinates are numbers that the records can hold.
 bool IsStorable(Point point);
 bool IsStorable(double value);
-// A tolerance below zero, or one that is not a number, is none.
+// A tolerance below zero, or one that is not a number, counts as 0.
 double Allowance(float tolerance);
 
 struct Curve {

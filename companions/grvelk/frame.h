@@ -53,7 +53,7 @@ void AddLine(LineGroup& group, FramePoint from, FramePoint to);
 // Draws the lines and forgets them.
 void Stroke(LineGroup& group, const Drawing& drawing, Pen pen);
 
-// The part of an area that lies on the frame; empty when there is none, or a corner is not a
+// The part of an area inside the frame; empty without such a part, and when a corner is not a
 // number.
 std::vector<Pixel> ClippedArea(const Mapping& mapping, std::vector<FramePoint> corners);
 

@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-// FM_Main; null when there is none.
+// FM_Main; null before it is made and after its end.
 HWND MainHandle();
 
 // The thread's own window of a class; null when there is none.
