@@ -79,8 +79,8 @@ bool RunProgram(ProgramRun& run, int32_t model) {
         ReportMessage(kMsgFileMissing, {run.program});
         return false;
     }
-    run.commandLine = CommandLine(run.program, model);
-    if (system::WideFromAnsi(system::AnsiFromWide(run.commandLine)) != run.commandLine) {
+    const std::wstring commandLine = CommandLine(run.program, model);
+    if (system::WideFromAnsi(system::AnsiFromWide(commandLine)) != commandLine) {
         ReportMessage(kMsgPathNotTold, {FileNameOf(run.program), shell.database.path});
         return false;
     }
@@ -89,7 +89,7 @@ bool RunProgram(ProgramRun& run, int32_t model) {
     run.wasDatabase = IsDatabaseFile(shell.database.path);
     run.wasReadOnly = status.isReadOnly;
     run.modified = status.modified;
-    run.result = RunAndWait(run.commandLine);
+    run.result = RunAndWait(commandLine);
     return true;
 }
 

@@ -40,7 +40,6 @@ RunResult RunAndWait(const std::wstring& commandLine);
 // One run of a program, from its preparation to the report.
 struct ProgramRun {
     std::wstring program;
-    std::wstring commandLine;
     RunResult result;
     // The database before the run.
     bool wasDatabase = false;
