@@ -5,7 +5,7 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 # Assertions stay in the program that ships: an assertion that fails is a bug of ours.
 set(CMAKE_CXX_FLAGS_RELEASE "-O2 -g1")
-set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g")
+set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g1")
 
 # Flags for our own sources; third-party code (GoogleTest) compiles without them.
 add_library(corvane_flags INTERFACE)

@@ -119,9 +119,13 @@ struct ExchangeTest : MainWindowFixture {
         EXPECT_EQ(status, 0);
         return names;
     }
-    // A slot is there before it has its name.
+    // A slot is there before it has its name, and while the program writes the file it can't be read.
     static bool GetsNewSection(const std::wstring& path, const char* name) {
-        return WaitUntil([&] { return LegacyNames(path).back() == name; });
+        return WaitUntil([&] {
+            int16_t status = -1;
+            const std::vector<ModelEntry> sections = ListLegacySections(path, status);
+            return status == 0 && !sections.empty() && Narrow(sections.back().name) == name;
+        });
     }
     static float LegacyPosition(const std::wstring& path, int16_t slot) {
         SectionModel section;
