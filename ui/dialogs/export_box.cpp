@@ -1,26 +1,19 @@
 #include "ui/dialogs/export_box.h"
 
-#include <algorithm>
-
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
-#include "ui/dialogs/dialogs.h"
-#include "ui/dialogs/exchange_list.h"
-#include "ui/dialogs/file_lists.h"
+#include "ui/dialogs/exchange_box.h"
 #include "ui/dialogs/list_controls.h"
 
 namespace corvane {
 namespace {
 
 // Lengths in pixels at 96 dots per inch.
-constexpr int kMargin = 11;
 constexpr int kGap = 8;
 constexpr int kLabelGap = 3;
 constexpr int kFieldPadding = 8;
-constexpr int kPlaceWidth = 250;
-constexpr int kSectionsWidth = 270;
-constexpr int kHeight = 370;
+constexpr SIZE kSectionsSize{270, 370};
 constexpr int kIndent = 18;  // what belongs to an option, below it
 
 constexpr int kReplace = OP_CreateNew;
@@ -31,8 +24,7 @@ constexpr int kLongestName = 40;
 
 struct ExportBox {
     ExportChoice& choice;
-    FileLists lists;
-    std::vector<ExchangeItem> items;  // of the chosen file
+    ExchangeBox files;
 };
 
 ExportBox& BoxOf(void* contents) {
@@ -54,17 +46,6 @@ void FollowOptions(HWND window) {
     }
 }
 
-void ShowSections(HWND window, ExportBox& box) {
-    const HWND list = GetDlgItem(window, LI_Sections);
-    box.items = FillExchangeList(list, ChosenFile(window, box.lists));
-    FollowOptions(window);
-}
-
-void ShowNoSections(HWND window, ExportBox& box) {
-    box.items.clear();
-    FillList(GetDlgItem(window, LI_Sections), {});
-}
-
 void AddOptions(HWND window) {
     const DWORD option = WS_VISIBLE | BS_AUTORADIOBUTTON;
     AddControl(window, {kCreateNew, WC_BUTTONW, L"Create a new section in database",
@@ -75,21 +56,16 @@ void AddOptions(HWND window) {
 
 void AddControls(HWND window, void* contents) {
     ExportBox& box = BoxOf(contents);
-    AddFileLists(window, box.lists);
+    box.files.onItems = [window] { FollowOptions(window); };
+    AddFileLists(window, box.files.lists);
     AddOptions(window);
     AddControl(window, {LB_Name, WC_STATICW, L"&Name:", WS_VISIBLE | SS_LEFT | WS_GROUP});
     const HWND name =
         AddControl(window, {TX_Name, WC_EDITW, box.choice.name,
                             WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | ES_LEFT, WS_EX_CLIENTEDGE});
     SendMessageW(name, EM_SETLIMITTEXT, kLongestName, 0);
-    AddControl(window, {LB_Sections, WC_STATICW, L"&Sections:", WS_VISIBLE | SS_LEFT});
-    AddControl(window, {LI_Sections, WC_LISTBOXW, L"",
-                        WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY |
-                            LBS_NOINTEGRALHEIGHT,
-                        WS_EX_CLIENTEDGE});
-    const DWORD button = WS_VISIBLE | WS_TABSTOP;
-    AddControl(window, {BT_Ok, WC_BUTTONW, L"OK", button | BS_DEFPUSHBUTTON | WS_GROUP});
-    AddControl(window, {BT_Cancel, WC_BUTTONW, L"&Cancel", button | BS_PUSHBUTTON});
+    AddSectionsList(window);
+    AddOkAndCancel(window);
     FollowOptions(window);
 }
 
@@ -116,43 +92,23 @@ void PlaceSections(HWND window, RECT area, UINT dpi) {
 }
 
 SIZE Place(HWND window, void* contents, UINT dpi) {
-    const int margin = Scaled(kMargin, dpi);
-    const RECT place{margin, margin, margin + Scaled(kPlaceWidth, dpi),
-                     margin + Scaled(kHeight, dpi)};
-    PlaceFileLists(window, BoxOf(contents).lists, place, dpi);
-    const LONG left = place.right + margin;
-    RECT area{left, place.top, left + Scaled(kSectionsWidth, dpi), place.bottom};
+    RECT area;
+    const SIZE size = PlaceExchangeBox(window, BoxOf(contents).files, kSectionsSize, dpi, area);
     PlaceSections(window, area, dpi);
-    area.bottom += margin + ButtonSize(window, BT_Ok, dpi).cy;
-    PlaceButtons(window, {BT_Ok, BT_Cancel}, area, dpi);
-    return {area.right + margin, area.bottom + margin};
+    return size;
 }
 
 void Notify(HWND window, void* contents, const Notification& notification) {
-    ExportBox& box = BoxOf(contents);
     const int control = notification.control;
     if (control == kReplace || control == kCreateNew) return FollowOptions(window);
-    switch (OnFileLists(window, box.lists, notification)) {
-        case FileListsEvent::kFileClick:
-            return ShowSections(window, box);
-        case FileListsEvent::kOtherFolder:
-            return ShowNoSections(window, box);
-        case FileListsEvent::kFileDoubleClick:
-        case FileListsEvent::kNone:
-            return;
-    }
+    OnExchangeFiles(window, BoxOf(contents).files, notification);
 }
 
 bool Accept(HWND window, void* contents) {
     ExportBox& box = BoxOf(contents);
-    const EnterKey enter = OnEnterKey(window, box.lists);
-    if (enter == EnterKey::kOpenedFolder) ShowNoSections(window, box);
-    if (enter != EnterKey::kAccepts) return false;
     const bool createNew = IsCreateNew(window);
-    const auto selected = SelectedItems(GetDlgItem(window, LI_Sections), box.items);
-    if (!createNew && !RequireSelection(!selected.empty())) return false;
-    const std::wstring path = ChosenFile(window, box.lists);
-    if (!RequireChosenFile(path)) return false;
+    const auto [path, selected] = AcceptExchange(window, box.files, !createNew);
+    if (path.empty()) return false;
     box.choice = {path, createNew,
                   createNew ? int16_t{0} : static_cast<int16_t>(selected[0].number),
                   WindowText(GetDlgItem(window, TX_Name))};
@@ -160,7 +116,7 @@ bool Accept(HWND window, void* contents) {
 }
 
 void Draw(void* contents, const DRAWITEMSTRUCT& item) {
-    DrawFolderItem(BoxOf(contents).lists.folders, item);
+    DrawFolderItem(BoxOf(contents).files.lists.folders, item);
 }
 
 }  // namespace
@@ -174,8 +130,8 @@ bool AskExport(ExportChoice& choice) {
                                            .colour = nullptr,
                                            .notify = Notify,
                                            .draw = Draw};
-    ExportBox box{choice, {}, {}};
-    box.lists.pattern = L"*.vel";
+    ExportBox box{choice, {}};
+    box.files.lists.pattern = L"*.vel";
     return RunDialog(kExportBox, L"Export to Velk Dos", &box);
 }
 
