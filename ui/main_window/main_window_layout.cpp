@@ -42,10 +42,12 @@ struct Divider {
         std::erase(text, L'&');
         return TextSize(window, font, text);
     }
+    // What the control showed at its old place is not moved along: copied pixels would bring what
+    // lay over and under it there.
     void Place(int id, const RECT& area) {
         moves =
             DeferWindowPos(moves, Control(id), nullptr, area.left, area.top, area.right - area.left,
-                           area.bottom - area.top, SWP_NOZORDER | SWP_NOACTIVATE);
+                           area.bottom - area.top, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
     }
 };
 
@@ -172,6 +174,9 @@ void LayOutMainWindow(HWND window, Layout& layout) {
     PlacePanes(divider, area, layout, textHeight);
     EndDeferWindowPos(divider.moves);
     FitNameColumn(GetDlgItem(window, LI_Sections));
+    // The gaps between the controls, and the frame that the window's background shows through.
+    InvalidateRect(window, nullptr, TRUE);
+    InvalidateRect(GetDlgItem(window, GR_Rule), nullptr, TRUE);
 }
 
 void PlaceOpenButton(HWND window, const Layout& layout) {

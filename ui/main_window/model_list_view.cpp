@@ -140,6 +140,8 @@ void FitNameColumn(HWND list) {
     }
     const int narrowest = Scaled(kNarrowestName, DpiOf(list));
     SetColumnWidth(list, kNameColumn, std::max(static_cast<int>(client.right) - others, narrowest));
+    // A cell that the list moves along keeps the "..." of the width that it had.
+    InvalidateRect(list, nullptr, TRUE);
 }
 
 }  // namespace corvane
