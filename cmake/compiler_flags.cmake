@@ -7,6 +7,22 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_CXX_FLAGS_RELEASE "-O2 -g1")
 set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g1")
 
+# No binary names a folder of the machine that built it: a source is named by its path in this tree,
+# a header of the compiler by what follows the compiler's folder.
+add_compile_options(-ffile-prefix-map=${CMAKE_SOURCE_DIR}/= -fmacro-prefix-map=/usr/lib/gcc/=
+                    -fmacro-prefix-map=/usr/include/=)
+
+# corvane_ships(target): the target's debug sections are kept apart, in symbols/<file>.debug, where
+# a debugger finds them; the file that ships has none.
+function(corvane_ships target)
+    set(symbols ${CMAKE_BINARY_DIR}/symbols/$<TARGET_FILE_NAME:${target}>.debug)
+    add_custom_command(TARGET ${target} POST_BUILD
+        COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/symbols
+        COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:${target}> ${symbols}
+        COMMAND ${CMAKE_OBJCOPY} --strip-all --add-gnu-debuglink=${symbols} $<TARGET_FILE:${target}>
+        VERBATIM)
+endfunction()
+
 # Flags for our own sources; third-party code (GoogleTest) compiles without them.
 add_library(corvane_flags INTERFACE)
 target_include_directories(corvane_flags INTERFACE ${CMAKE_SOURCE_DIR})
