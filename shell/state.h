@@ -44,5 +44,17 @@ void UseView(const View& view);
 // Keeps the user from the window's commands while a program of the suite runs, and gives them back;
 // the window goes on painting itself.
 void LockShell(bool locked);
+// The window is locked for as long as this lives: on every way out, by a fault too, it is given
+// back.
+class ShellLock {
+public:
+    ShellLock() { LockShell(true); }
+    ~ShellLock() {
+        shell.childRunning = false;
+        LockShell(false);
+    }
+    ShellLock(const ShellLock&) = delete;
+    ShellLock& operator=(const ShellLock&) = delete;
+};
 
 }  // namespace corvane

@@ -26,6 +26,12 @@ system::FileStatus DatabaseStatus() {
     return status;
 }
 
+RunResult RunLocked(const std::wstring& commandLine) {
+    const ShellLock lock;
+    reportView.processPendingMessages();
+    return RunAndWait(commandLine, kWindowStyle, shell.childRunning);
+}
+
 }  // namespace
 
 std::wstring InputProgramPath(ModelKind kind) {
@@ -55,10 +61,7 @@ std::wstring CommandLine(const std::wstring& program, int32_t model) {
 
 RunResult RunAndWait(const std::wstring& commandLine) {
     const int rule = shell.view.selectedRule();
-    LockShell(true);
-    reportView.processPendingMessages();
-    const RunResult result = RunAndWait(commandLine, kWindowStyle, shell.childRunning);
-    LockShell(false);
+    const RunResult result = RunLocked(commandLine);
     if (shell.view.selectedRule() != rule) {
         shell.view.selectRule(rule);
         RuleSetChosen(static_cast<RuleSet>(rule));
