@@ -105,6 +105,34 @@ TEST(LockedDatabase, IsReported) {
     CloseHandle(held);
 }
 
+// A row's model has gone from the file; the box that says so is up when the window is to close.
+TEST(ShortenedDatabase, WindowStaysOpenWhileItsBoxIsUp) {
+    const Settings settings;
+    const Installation installation;
+    const std::wstring path = installation.File(L"ship.ve2");
+    const std::string sample = test::ReadFileBytes(test::DataPath("../samples/aurora_bay.ve2"));
+    test::WriteFileBytes(path, sample);
+    const Program program(installation, L"ship.ve2");
+    const HWND main = program.Main();
+    ASSERT_NE(main, nullptr);
+    test::WriteFileBytes(path, sample.substr(0, sample.size() / 20));
+    PressKey(GetDlgItem(main, LI_Sections), VK_END);
+    PressKey(GetDlgItem(main, LI_Sections), VK_UP);
+    for (int boxes = 0; program.Window(L"#32770") != nullptr && boxes < 3; ++boxes) {
+        const Box box = WaitForBox(program);
+        PostMessageW(main, WM_CLOSE, 0, 0);
+        Send(main, WM_NULL, 0, 0);
+        ASSERT_TRUE(IsWindow(main)) << "closed under its box";
+        ASSERT_TRUE(Press(box, IDOK));
+        Send(main, WM_NULL, 0, 0);
+        if (program.FindNow(L"#32770") == nullptr) break;
+    }
+    EXPECT_FALSE(program.HasEnded(0));
+    PostMessageW(main, WM_CLOSE, 0, 0);
+    ASSERT_TRUE(program.HasEnded());
+    EXPECT_EQ(program.ExitCode(), 0U);
+}
+
 // The sample with a gigabyte of nothing behind its last model.
 TEST(HugeDatabase, OfOneGigabyteIsListed) {
     constexpr LONGLONG kSize = 1LL << 30;

@@ -54,6 +54,7 @@ void ReportFault() noexcept {
         }
     } catch (...) {
         // Not even the report could be made: what is left needs no memory of ours.
+        reportView.unloadSplash();
         MessageBoxW(nullptr, L"Out of memory", L"Corvane", MB_OK | MB_ICONEXCLAMATION);
     }
 }

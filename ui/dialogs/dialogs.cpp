@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "report/reporters.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/dpi.h"
 #include "ui/base/own_window.h"
@@ -178,6 +179,7 @@ std::vector<WORD> EmptyTemplate(const std::wstring& className, DWORD style) {
 }  // namespace
 
 bool RunDialog(const DialogKind& kind, const std::wstring& caption, void* contents) {
+    reportView.unloadSplash();
     RegisterDialogClass(kind.className);
     const std::vector<WORD> words =
         EmptyTemplate(kind.className, kind.isProgram ? WS_MINIMIZEBOX : DS_MODALFRAME);

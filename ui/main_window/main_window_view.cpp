@@ -162,7 +162,9 @@ void FillInContents(View& view) {
     view.showModelButtons = ShowModelButtons;
     view.redrawRuleButton = RedrawRuleButton;
     view.setLocked = SetLocked;
-    view.updateEnabling = [] { UpdateEnabling(MainHandle()); };
+    view.updateEnabling = [] {
+        if (MainState() != nullptr) UpdateEnabling(MainHandle());
+    };
 }
 
 }  // namespace

@@ -83,10 +83,10 @@ float Twips(LONG pixels, UINT dpi) {
     return static_cast<float>(pixels) * kTwipsPerInch / static_cast<float>(dpi);
 }
 
-// Draws on the kept bitmap and shows it.
+// Draws on the kept bitmap and shows it; nothing happens with a window that has gone.
 void DrawOn(HWND window, const std::function<void(Picture&)>& draw) {
+    if (StateOf(window) == nullptr || StateOf(window)->contents == nullptr) return;
     PictureState& state = *StateOf(window);
-    if (state.contents == nullptr) return;
     BitmapDevice device(window, state.contents);
     Picture& picture = state.scale;
     picture.window = window;
@@ -233,7 +233,7 @@ HWND CreateSectionPicture(HWND parent, PictureContents contents) {
 }
 
 void RedrawSectionPicture(HWND picture) {
-    DrawOn(picture, StateOf(picture)->source.draw);
+    if (StateOf(picture) != nullptr) DrawOn(picture, StateOf(picture)->source.draw);
 }
 
 void ClearSectionPicture(HWND picture) {
