@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "files/paths.h"
+#include "files/settings_file.h"
 #include "platform/system.h"
 #include "platform/ztutil32.h"
 #include "report/messages.h"
@@ -18,7 +18,7 @@ constexpr size_t kLongestIdentification = 400;
 std::wstring IdentificationText(MessageNumber key) {
     const std::string value =
         system::ReadProfileText(GetMessageBytes(kMsgSettingsSection), GetMessageBytes(key), "",
-                                kSettingsFile, kLongestIdentification);
+                                SettingsFile(), kLongestIdentification);
     return Trim(CutAtNul(system::WideFromAnsi(value)));
 }
 

@@ -109,6 +109,10 @@ ErrorNumber NewTemporaryName(const std::wstring& directory, const std::wstring& 
                              std::wstring& name);
 // The full path of the running program's file.
 std::wstring ProgramPath();
+// Where profile files without a folder in their name are, with a trailing "\".
+std::wstring WindowsDirectory();
+// The folder of the user's application data (%APPDATA%), with a trailing "\"; empty: none.
+std::wstring UserDataDirectory();
 
 // ---- Profile functions -------------------------------------------------------------------------
 // INI files. A name without a folder is in the Windows folder; on the host, in the folder that

@@ -5,6 +5,7 @@
 
 #include "files/file_system.h"
 #include "files/paths.h"
+#include "files/settings_file.h"
 #include "platform/bsdvelk.h"
 #include "platform/grvelk.h"
 #include "platform/ztutil32.h"
@@ -19,7 +20,7 @@ namespace {
 // For developers, who start the program from somewhere else than its folder.
 void ChangeToDebugDirectory() {
     const std::wstring path =
-        GetIniString(L"Config", L"Velk_Path", shell.settings.DataDirectory, kSettingsFile);
+        GetIniString(L"Config", L"Velk_Path", shell.settings.DataDirectory, SettingsFile());
     reportView.showPlainBox(L"Debug : change dir to exe dir : " + path);
     ChangeToDirectory(path);
 }

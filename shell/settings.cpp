@@ -6,6 +6,7 @@
 
 #include "files/file_system.h"
 #include "files/paths.h"
+#include "files/settings_file.h"
 #include "platform/system.h"
 #include "platform/ztutil32.h"
 #include "report/reporters.h"
@@ -54,8 +55,8 @@ void ReadDirectories(const std::wstring& file, const std::wstring& programDirect
 }
 
 bool WriteKey(const std::wstring& file, MessageNumber key, const std::wstring& value) {
-    return system::WriteProfileText(GetMessageBytes(kMsgSettingsSection), GetMessageBytes(key),
-                                    system::AnsiFromWide(value), file) == system::kErrorNone;
+    return WriteIniText(GetMessageBytes(kMsgSettingsSection), GetMessageBytes(key),
+                        system::AnsiFromWide(value), file) == system::kErrorNone;
 }
 
 std::wstring UserName() {
@@ -111,6 +112,14 @@ void ReadSettings(const std::wstring& file, const std::wstring& programDirectory
         GetMessageBytes(kMsgSettingsSection), GetMessageBytes(kMsgIntegerSettingKey), -1, file);
     if (!ReadLimit(file, kSecondLimit, settings)) return;
     ReadLimit(file, kThirdLimit, settings);
+}
+
+system::ErrorNumber WriteIniText(const std::string& section, const std::string& key,
+                                 const std::string& value, const std::wstring& file) {
+    const system::ErrorNumber error = system::WriteProfileText(section, key, value, file);
+    if (error == system::kErrorNone || file != kSettingsFile) return error;
+    const std::wstring own = MakeOwnSettingsFile();
+    return own.empty() ? error : system::WriteProfileText(section, key, value, own);
 }
 
 bool WriteSettings(const std::wstring& file, const ShellSettings& settings) {

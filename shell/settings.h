@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/system.h"
+
 namespace corvane {
 
 struct ShellSettings {
@@ -35,6 +37,11 @@ void ReadSettings(const std::wstring& file, const std::wstring& programDirectory
 // Writes the record back, and the user's login name with it; DataDirectory is never written. At the
 // first failure status message 619 is shown, the rest is not written, and the result is false.
 bool WriteSettings(const std::wstring& file, const ShellSettings& settings);
+
+// Writes one value, as ANSI text. What the Windows folder refuses goes to the user's own file
+// (files/settings_file.h), which is made then.
+system::ErrorNumber WriteIniText(const std::string& section, const std::string& key,
+                                 const std::string& value, const std::wstring& file);
 
 // One value, cut at kLongestSetting characters and at its first NUL.
 std::wstring GetIniString(const std::wstring& section, const std::wstring& key,

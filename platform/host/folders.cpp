@@ -87,6 +87,18 @@ std::wstring AbsolutePath(const std::wstring& path) {
     return drive + Resolved(name);
 }
 
+std::wstring WindowsDirectory() {
+    const char* folder = std::getenv("CORVANE_WINDOWS_DIRECTORY");
+    if (folder == nullptr || *folder == '\0') return TemporaryDirectory();
+    return WideFromUtf8(folder) + L'\\';
+}
+
+std::wstring UserDataDirectory() {
+    const char* folder = std::getenv("APPDATA");
+    if (folder == nullptr || *folder == '\0') return {};
+    return WideFromUtf8(folder) + L'\\';
+}
+
 std::wstring TemporaryDirectory() {
     const char* folder = std::getenv("TMPDIR");
     if (folder == nullptr || *folder == '\0') folder = "/tmp";

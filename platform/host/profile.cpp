@@ -27,9 +27,7 @@ bool SameName(std::string_view a, std::string_view b) {
 
 std::wstring ProfilePath(const std::wstring& file) {
     if (file.find_first_of(L"\\/:") != std::wstring::npos) return file;
-    const char* folder = std::getenv("CORVANE_WINDOWS_DIRECTORY");
-    if (folder == nullptr || *folder == '\0') return TemporaryDirectory() + file;
-    return WideFromUtf8(folder) + L'\\' + file;
+    return WindowsDirectory() + file;
 }
 
 // The lines of the file with their ends; a missing file has none.

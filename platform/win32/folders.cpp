@@ -20,6 +20,11 @@ std::wstring TextOf(Call call) {
     return text;
 }
 
+std::wstring WithSeparator(std::wstring folder) {
+    if (!folder.empty() && folder.back() != L'\\') folder += L'\\';
+    return folder;
+}
+
 constexpr unsigned kTemporaryNumbers = 0x10000;
 
 }  // namespace
@@ -45,8 +50,7 @@ std::wstring TemporaryDirectory() {
 // GetTempFileNameW does the same, but not in a folder whose name is long.
 ErrorNumber NewTemporaryName(const std::wstring& directory, const std::wstring& prefix,
                              std::wstring& name) {
-    std::wstring folder = directory;
-    if (!folder.empty() && folder.back() != L'\\') folder += L'\\';
+    const std::wstring folder = WithSeparator(directory);
     LARGE_INTEGER start;
     QueryPerformanceCounter(&start);
     for (unsigned i = 0; i < kTemporaryNumbers; ++i) {
@@ -66,6 +70,17 @@ ErrorNumber NewTemporaryName(const std::wstring& directory, const std::wstring& 
     }
     name.clear();  // it is another's
     return kErrorFileExists;
+}
+
+std::wstring WindowsDirectory() {
+    return WithSeparator(
+        TextOf([](DWORD size, wchar_t* buffer) { return GetWindowsDirectoryW(buffer, size); }));
+}
+
+std::wstring UserDataDirectory() {
+    return WithSeparator(TextOf([](DWORD size, wchar_t* buffer) {
+        return GetEnvironmentVariableW(L"APPDATA", buffer, size);
+    }));
 }
 
 std::wstring ProgramPath() {
