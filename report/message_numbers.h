@@ -155,7 +155,10 @@
     X(kMsgOverwriteQuestion, 3557)      \
     X(kMsgOnlySections, 3560)           \
     X(kMsgNoLegacySection, 3561)        \
-    X(kMsgNoFileSelected, 3570)
+    X(kMsgNoFileSelected, 3570)         \
+    X(kMsgNoWindowOfInstance, 3630)     \
+    X(kMsgFileHandedOver, 3631)         \
+    X(kMsgSettingsNotSaved, 3632)
 
 namespace corvane {
 

@@ -5,10 +5,12 @@
 
 #include "files/file_system.h"
 #include "files/paths.h"
+#include "files/settings_file.h"
 #include "platform/system.h"
 #include "platform/ztutil32.h"
 #include "report/reporters.h"
 #include "shell/command_line.h"
+#include "shell/commands/file_commands.h"
 #include "shell/legacy_conversion.h"
 #include "shell/library_checks.h"
 #include "shell/rule_set.h"
@@ -42,8 +44,8 @@ void ShowFirstWindows() {
 
 // Tells the suite's other programs that the shell has been started.
 void WriteStartEntry() {
-    system::WriteProfileText(GetMessageBytes(kMsgStartSection), GetMessageBytes(kMsgStartKey), "1",
-                             kSettingsFile);
+    WriteIniText(GetMessageBytes(kMsgStartSection), GetMessageBytes(kMsgStartKey), "1",
+                 SettingsFile());
 }
 
 void OpenLegacyFile(const std::wstring& file) {
@@ -68,21 +70,31 @@ void ShowMainWindow() {
 }  // namespace
 
 bool Main(const std::wstring& commandLine) {
-    if (system::ClaimSingleInstance()) return StartUp(commandLine);
-    GiveWayToRunningInstance();
-    return false;
+    if (!system::ClaimSingleInstance() && GiveWayToRunningInstance(commandLine)) return false;
+    return StartUp(commandLine);
 }
 
-void GiveWayToRunningInstance() {
-    // The new title keeps the search from finding a window of this process.
+bool GiveWayToRunningInstance(const std::wstring& commandLine) {
+    // The new title keeps this process from being taken for the running instance.
     const std::wstring title = std::exchange(shell.title, L"...duplicate instance");
-    shell.view.activateRunningInstance(title);
+    const bool isHanded = shell.view.handToRunningInstance(ReadCommandLine(commandLine));
+    shell.title = title;
+    return isHanded || !shell.view.askYesNo(ExpandLineBreaks(GetMessage(kMsgNoWindowOfInstance)));
+}
+
+void OpenHandedOver(const std::wstring& file, bool wasAtWork) {
+    if (wasAtWork && !shell.view.askYesNo(SubstituteArguments(
+                         ExpandLineBreaks(GetMessage(kMsgFileHandedOver)), {file}))) {
+        return;
+    }
+    if (!FileExists(file)) return ReportMessage(kMsgFileMissing, {file});
+    OpenFile(file);
 }
 
 bool StartUp(const std::wstring& commandLine) {
     const std::wstring startFile = ReadCommandLine(commandLine);
     if (!CheckLibraryVersions() || !CheckRegionalSettings()) return false;
-    ReadSettings(kSettingsFile, shell.settings);
+    ReadSettings(SettingsFile(), shell.settings);
     ShowFirstWindows();
     shell.startDirectory = system::CurrentDirectory();
     WriteStartEntry();
@@ -108,9 +120,11 @@ bool CheckRegionalSettings() {
     return false;
 }
 
-void ShutDown() {
+void ShutDown(bool sessionEnds) {
     shell.settings.DatabasePath = shell.database.path;
-    WriteSettings(kSettingsFile, shell.settings);
+    if (!WriteSettings(SettingsFile(), shell.settings) && !sessionEnds) {
+        ReportMessage(kMsgSettingsNotSaved, {SettingsFilePath()});
+    }
     ChangeToDirectory(shell.startDirectory);
 }
 

@@ -10,14 +10,22 @@ namespace corvane {
 // library that does not fit, regional settings refused).
 bool Main(const std::wstring& commandLine);
 
-// Main's two ways: brings the instance that runs already to the front, or starts this one.
-void GiveWayToRunningInstance();
+// Main's two ways. The first brings the instance that runs already to the front and hands it the
+// file of the command line; false when that instance shows no window, and the user wants to start
+// this one. The second starts this one.
+bool GiveWayToRunningInstance(const std::wstring& commandLine);
 bool StartUp(const std::wstring& commandLine);
+
+// A second start handed over the path of a file: it is opened as File > Open opens it, or, when
+// this instance was at work (`wasAtWork`), the user is asked first.
+void OpenHandedOver(const std::wstring& file, bool wasAtWork);
 
 // Whether numbers are written with "." in the user's regional settings; offers to change them.
 bool CheckRegionalSettings();
 
-// Writes the settings and restores the current directory; the caller ends the process.
-void ShutDown();
+// Writes the settings and restores the current directory; the caller ends the process. Settings
+// that cannot be saved are reported in a box, but not at the end of the Windows session, which a
+// box would hold up.
+void ShutDown(bool sessionEnds = false);
 
 }  // namespace corvane

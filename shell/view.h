@@ -49,9 +49,12 @@ struct View {
     void (*setMainCaption)(const std::wstring& caption) = [](const std::wstring&) {};
     // The splash window FM_Load, shown on top of all windows.
     void (*showSplash)(const std::wstring& title) = [](const std::wstring&) {};
-    // Brings the window of the running instance to the front: the first visible top-level window
-    // whose title is `title`, else the first whose title begins with it.
-    void (*activateRunningInstance)(const std::wstring& title) = [](const std::wstring&) {};
+    // Brings the instance of this program file that runs already to the front, and hands it the
+    // absolute path of a file that it is to open; empty: none. False when that instance shows no
+    // window within two seconds.
+    bool (*handToRunningInstance)(const std::wstring& file) = [](const std::wstring&) {
+        return false;
+    };
 
     // ---- The main window -----------------------------------------------------------------------
 

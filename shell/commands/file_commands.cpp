@@ -97,6 +97,10 @@ void ME_FileOpen_Click() {
     if (!path.empty()) Open(path);
 }
 
+void OpenFile(const std::wstring& path) {
+    Open(path);
+}
+
 void ME_FileSaveAs_Click() {
     if (!RequireDatabase()) return;
     const std::wstring source = shell.database.path;

@@ -4,6 +4,8 @@
 // that fails, which is reported, leaves the path, the Basic Ship Data and every file as they were.
 #pragma once
 
+#include <string>
+
 namespace corvane {
 
 // A new database that holds only new Basic Ship Data, named after the file; it becomes the open
@@ -15,6 +17,9 @@ void ME_FileNew_Click();
 // with neither a database's signature nor Basic Ship Data is refused. suppressListEvents is set
 // while the prompt is up.
 void ME_FileOpen_Click();
+
+// Opens a file as ME_FileOpen opens the one that its prompt gave.
+void OpenFile(const std::wstring& path);
 
 // Copies the open database byte for byte to another file, which becomes the open one.
 void ME_FileSaveAs_Click();

@@ -36,8 +36,9 @@ void ShowWindows(View& view) {
     view.closeMainWindow = [] { kRecord("close"); };
     view.setMainCaption = [](const std::wstring& text) { kRecord("title " + Narrow(text)); };
     view.showSplash = [](const std::wstring& text) { kRecord("splash show " + Narrow(text)); };
-    view.activateRunningInstance = [](const std::wstring& text) {
-        kRecord("activate " + Narrow(text));
+    view.handToRunningInstance = [](const std::wstring& file) {
+        kRecord("hand over " + Narrow(file) + " from " + Narrow(shell.title));
+        return FakeView::instanceHasWindow;
     };
 }
 
@@ -77,6 +78,7 @@ std::wstring FakeView::answerText;
 std::function<bool(ExportChoice&)> FakeView::askExport;
 std::function<bool(ImportChoice&)> FakeView::askImport;
 bool FakeView::previewOn;
+bool FakeView::instanceHasWindow;
 std::vector<ModelRow> FakeView::rows;
 int FakeView::selected;
 int FakeView::rule;
@@ -85,6 +87,7 @@ std::wstring FakeView::database, FakeView::position, FakeView::frame, FakeView::
 
 FakeView::FakeView() : before(std::exchange(shell, ShellState())) {
     answerYes = previewOn = locked = false;
+    instanceHasWindow = true;
     answerText.clear();
     askExport = [](ExportChoice&) { return false; };
     askImport = [](ImportChoice&) { return false; };

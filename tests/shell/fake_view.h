@@ -29,6 +29,8 @@ struct FakeView {
     static std::function<bool(ExportChoice&)> askExport;
     static std::function<bool(ImportChoice&)> askImport;
     static bool previewOn;
+    // Whether the instance that runs already shows a window.
+    static bool instanceHasWindow;
 
     // ---- What the main window shows; texts are "untouched" at first ----------------------------
 

@@ -145,13 +145,20 @@ TEST_F(StartUpTest, TheMainWindowIsRefreshedInTheWorkDirectory) {
 
 // ---- Second instance ---------------------------------------------------------------------------
 
-TEST_F(StartUpTest, SecondInstanceActivatesTheFirstUnderAnotherTitleOfItsOwn) {
-    shell.view.activateRunningInstance = [](const std::wstring& title) {
-        RecordedReports::events.push_back("activate " + Narrow(title) + " from " +
-                                          Narrow(shell.title));
-    };
-    GiveWayToRunningInstance();
-    EXPECT_EQ(RecordedReports::events, Events{"activate Corvane from ...duplicate instance"});
+TEST_F(StartUpTest, SecondInstanceHandsItsFileOverUnderAnotherTitleOfItsOwn) {
+    EXPECT_TRUE(GiveWayToRunningInstance(L"/mil " + Quoted(database)));
+    EXPECT_EQ(RecordedReports::events,
+              Events{"hand over " + Narrow(database) + " from ...duplicate instance"});
+}
+
+TEST_F(StartUpTest, SecondInstanceAsksWhenTheFirstShowsNoWindow) {
+    FakeView::instanceHasWindow = false;
+    for (const bool startsAnother : {false, true}) {
+        FakeView::answerYes = startsAnother;
+        EXPECT_NE(GiveWayToRunningInstance(L""), startsAnother);
+        EXPECT_EQ(RecordedReports::events.back().rfind("ask Corvane is already running", 0), 0U);
+        EXPECT_EQ(shell.title, L"Corvane");
+    }
 }
 
 TEST_F(StartUpTest, MainStartsTheFirstInstanceAndEndsAnother) {
@@ -161,8 +168,23 @@ TEST_F(StartUpTest, MainStartsTheFirstInstanceAndEndsAnother) {
     if (first) {
         EXPECT_EQ(RecordedReports::Of("main"), (Events{"load", "show"}));
     } else {
-        EXPECT_EQ(RecordedReports::events, Events{"activate Corvane"});
+        EXPECT_EQ(RecordedReports::events, Events{"hand over  from ...duplicate instance"});
     }
+}
+
+TEST_F(StartUpTest, FileThatWasHandedOverIsOpenedOrAskedAboutAfterWork) {
+    EXPECT_TRUE(StartUp(L""));
+    RecordedReports::events.clear();
+    OpenHandedOver(database, true);
+    EXPECT_EQ(RecordedReports::Of("ask"),
+              Events{"Corvane was started again with '" + Narrow(database) +
+                     "' while it was at work.\r\rDo you want to open this file now?"});
+    EXPECT_EQ(shell.database.path, L"") << "No";
+    OpenHandedOver(database, false);
+    EXPECT_EQ(shell.database.path, database);
+    OpenHandedOver(folder.File(L"gone.ve2"), false);
+    EXPECT_EQ(shell.database.path, database);
+    EXPECT_EQ(RecordedReports::Of("warning").size(), 1U);
 }
 
 // ---- The command line --------------------------------------------------------------------------
@@ -422,16 +444,19 @@ TEST_F(StartUpTest, ShutDownWritesTheSettingsAndRestoresTheDirectory) {
     EXPECT_EQ(written.IntegerSetting, 7);
 }
 
-TEST_F(StartUpTest, SettingsThatCanNotBeWrittenDoNotKeepItFromEnding) {
+TEST_F(StartUpTest, SettingsThatCanNotBeWrittenAreReportedAndTheProgramEnds) {
     const std::wstring before = system::CurrentDirectory();
     Configure(kMsgWorkDirectoryKey, folder.path);
     EXPECT_TRUE(StartUp(L""));
     ASSERT_EQ(system::RemoveFile(settingsFile.path), system::kErrorNone);
     ASSERT_EQ(system::MakeDirectory(settingsFile.path), system::kErrorNone);
-    RecordedReports::events.clear();
-    ShutDown();
-    EXPECT_EQ(system::CurrentDirectory(), before);
-    EXPECT_EQ(RecordedReports::caption, GetMessage(kMsgSettingsNotWritten) + L"...");
+    for (const bool sessionEnds : {false, true}) {
+        RecordedReports::events.clear();
+        ShutDown(sessionEnds);
+        EXPECT_EQ(system::CurrentDirectory(), before);
+        EXPECT_EQ(RecordedReports::caption, GetMessage(kMsgSettingsNotWritten) + L"...");
+        EXPECT_EQ(RecordedReports::Of("warning").size(), sessionEnds ? 0U : 1U);
+    }
     ASSERT_EQ(system::RemoveEmptyDirectory(settingsFile.path), system::kErrorNone);
 }
 

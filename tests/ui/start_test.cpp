@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/single_instance.h"
 #include "shell/commands/commands.h"
 #include "tests/support/support.h"
 #include "tests/ui/driver.h"
@@ -188,6 +189,40 @@ TEST_F(StartTest, MissingFileIsReportedAndTheConfiguredDatabaseOpens) {
     EXPECT_EQ(Rows(program, GetDlgItem(main, LI_Sections)).size(), std::size(kSampleRows));
 }
 
+// The first of the program's windows, from the topmost down.
+HWND TopmostWindowOf(const Program& program) {
+    struct Search {
+        DWORD process;
+        HWND found;
+    } search{program.id, nullptr};
+    EnumWindows(
+        [](HWND window, LPARAM parameter) {
+            auto& wanted = *reinterpret_cast<Search*>(parameter);
+            DWORD process = 0;
+            GetWindowThreadProcessId(window, &process);
+            if (process != wanted.process || !IsWindowVisible(window)) return TRUE;
+            wanted.found = window;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+TEST_F(StartTest, NoBoxAtTheStartIsHiddenByTheSplash) {
+    test::WriteFileBytes(installation.File(L"notes.ve2"), "Ask the yard for the drawings.\r\n");
+    const Program program(installation, L"notes.ve2");
+    const Box box = WaitForBox(program);
+    ASSERT_NE(box.window, nullptr);
+    EXPECT_EQ(program.FindNow(L"FM_Load"), nullptr);
+    EXPECT_EQ(TopmostWindowOf(program), box.window);
+    RECT place{};
+    GetWindowRect(box.window, &place);
+    const POINT middle{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+    EXPECT_EQ(GetAncestor(WindowFromPoint(middle), GA_ROOT), box.window);
+    EXPECT_TRUE(Press(box, IDOK));
+    EXPECT_NE(program.Main(), nullptr);
+}
+
 TEST_F(StartTest, ConfiguredDatabaseThatIsGoneLeavesNothingOpen) {
     Settings::Write(L"DatabasePath", installation.File(L"gone.ve2"));
     const Program program(installation);
@@ -206,6 +241,100 @@ TEST_F(StartTest, SecondInstanceGivesWayToTheFirst) {
     EXPECT_EQ(second.ExitCode(), 0U);
     EXPECT_FALSE(IsIconic(main)) << "the running window is restored";
     EXPECT_EQ(Narrow(TextOf(main)), "Corvane - aurora_bay.ve2 - AURORA BAY");
+}
+
+TEST_F(StartTest, SecondStartHandsItsFileToTheFirst) {
+    const std::wstring path = CopyOfSample(installation, L"Second ship.ve2");
+    const Program first(installation);
+    const HWND main = first.Main();
+    ASSERT_NE(main, nullptr);
+    const Program second(installation, L"'Second ship.ve2'");
+    EXPECT_TRUE(second.HasEnded());
+    EXPECT_TRUE(TextBecomes(GetDlgItem(main, TX_DataBase), path));
+    EXPECT_TRUE(RowCountBecomes(GetDlgItem(main, LI_Sections), std::size(kSampleRows)));
+}
+
+TEST_F(StartTest, FileOfASecondStartWaitsForTheEndOfABox) {
+    const std::wstring path = CopyOfSample(installation, L"second.ve2");
+    const Program first(installation);
+    const HWND main = first.Main();
+    ASSERT_NE(main, nullptr);
+    for (const int answer : {IDNO, IDYES}) {
+        Choose(main, ME_HelpAbout);
+        const HWND about = first.Window(L"FM_About");
+        ASSERT_NE(about, nullptr);
+        const Program second(installation, L"second.ve2");
+        EXPECT_TRUE(second.HasEnded());
+        EXPECT_EQ(Narrow(ControlText(main, TX_DataBase)), "No database selected");
+        ASSERT_TRUE(PressButton(about, BT_Ok));
+        const Box box = WaitForBox(first);
+        EXPECT_EQ(Narrow(box.text),
+                  "Corvane was started again with '" + Narrow(path) +
+                      "' while it was at work.\r\rDo you want to open this file now?");
+        ASSERT_TRUE(Press(box, answer));
+        EXPECT_TRUE(TextBecomes(GetDlgItem(main, TX_DataBase),
+                                answer == IDYES ? path : L"No database selected"));
+    }
+}
+
+TEST_F(StartTest, OtherMessagesWithDataAreIgnored) {
+    const Program program(installation);
+    const HWND main = program.Main();
+    ASSERT_NE(main, nullptr);
+    constexpr ULONG_PTR kOpenFile = 0x436F7276;
+    const struct {
+        ULONG_PTR mark;
+        std::wstring text;
+        DWORD bytes;
+    } kCases[] = {{1, L"C:\\a.ve2", 18},
+                  {kOpenFile, L"", 0},
+                  {kOpenFile, L"C:\\a.ve2", 17},
+                  {kOpenFile, L"a.ve2", 10},
+                  {kOpenFile, std::wstring(L"C:\\a\0.ve2", 10), 20},
+                  {kOpenFile, L"C:\\" + std::wstring(40000, L'a'), 80006}};
+    for (const auto& example : kCases) {
+        COPYDATASTRUCT data{example.mark, example.bytes,
+                            const_cast<wchar_t*>(example.text.c_str())};
+        EXPECT_EQ(Send(main, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data)), FALSE);
+    }
+    EXPECT_EQ(Narrow(ControlText(main, TX_DataBase)), "No database selected");
+}
+
+TEST_F(StartTest, SecondStartDoesNotTakeAnotherCopysWindow) {
+    const Installation elsewhere;
+    const Program first(installation, Quoted(SamplePath()));
+    const HWND main = first.Main();
+    ASSERT_NE(main, nullptr);
+    // Its title is the one that a start without a file has.
+    const Program other(elsewhere);
+    const HWND otherMain = other.Main();
+    ASSERT_NE(otherMain, nullptr);
+    ShowWindow(main, SW_MINIMIZE);
+    ShowWindow(otherMain, SW_MINIMIZE);
+    const Program second(installation);
+    EXPECT_TRUE(second.HasEnded());
+    EXPECT_TRUE(WaitUntil([&] { return IsIconic(main) == FALSE; }));
+    EXPECT_TRUE(IsIconic(otherMain));
+}
+
+TEST_F(StartTest, NameHeldByAnotherProcessIsReportedAndTheStartIsOffered) {
+    std::wstring file = installation.File(L"Corvane.exe");
+    CharLowerBuffW(file.data(), static_cast<DWORD>(file.size()));
+    const HANDLE held =
+        CreateMutexW(nullptr, FALSE, (L"Local\\" + system::InstanceName(file)).c_str());
+    ASSERT_NE(held, nullptr);
+    for (const int answer : {IDNO, IDYES}) {
+        const Program program(installation);
+        const Box box = WaitForBox(program);
+        ASSERT_NE(box.window, nullptr);
+        EXPECT_EQ(Narrow(box.title), "Corvane");
+        EXPECT_EQ(Narrow(box.text).rfind("Corvane is already running, but it shows no window.", 0),
+                  0U);
+        ASSERT_TRUE(Press(box, answer));
+        EXPECT_EQ(program.Main() != nullptr, answer == IDYES);
+        EXPECT_EQ(program.HasEnded(0), answer == IDNO);
+    }
+    CloseHandle(held);
 }
 
 TEST_F(StartTest, CopyOfTheProgramElsewhereIsAnotherProgram) {

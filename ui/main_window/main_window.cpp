@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
@@ -13,6 +14,7 @@
 #include "ui/main_window/main_window_controls.h"
 #include "ui/main_window/menus.h"
 #include "ui/main_window/model_list_view.h"
+#include "ui/main_window/running_instance.h"
 #include "ui/main_window/splitter.h"
 #include "ui/main_window/tool_tips.h"
 
@@ -22,6 +24,8 @@ namespace {
 // Posted to the window itself after a row lost its selection: by then it is known whether another
 // row got it.
 constexpr UINT kSelectionLost = WM_APP;
+// Posted to the window itself when a second start has handed over a file, until it is opened.
+constexpr UINT kFileHandedOver = WM_APP + 2;
 
 // The first size, held to the screen that the window is on.
 void ApplyFirstSize(HWND window, UINT dpi) {
@@ -46,11 +50,23 @@ void OnCreate(HWND window) {
     UpdateEnabling(window);
 }
 
-void ShutDownOnce(HWND window) {
+// A box is open over the window, or a program of the suite runs.
+bool IsAtWork(HWND window) {
+    return !IsWindowEnabled(window) || shell.childRunning || StateOfMainWindow(window)->locked;
+}
+
+void ShutDownOnce(HWND window, bool sessionEnds = false) {
     MainWindowState& state = *StateOfMainWindow(window);
     if (state.shutDown) return;
     state.shutDown = true;
-    ShutDown();
+    ShutDown(sessionEnds);
+}
+
+// What shutting down reports is seen over the window.
+void OnClose(HWND window) {
+    if (IsAtWork(window)) return;
+    ShutDownOnce(window);
+    DestroyWindow(window);
 }
 
 void OnDestroy(HWND window) {
@@ -61,10 +77,35 @@ void OnDestroy(HWND window) {
 }
 
 void OnNcDestroy(HWND window) {
-    const std::unique_ptr<MainWindowState> state(StateOfMainWindow(window));
+    MainWindowState& state = *StateOfMainWindow(window);
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
-    if (state != nullptr) DeleteObject(state->layout.font);
+    DeleteObject(state.layout.font);
+    state.hasGone = true;
 }
+
+// While a message is being handled the window's record stays, even if the message, or another one
+// that came while it showed a box, ends the window. The last one frees the record.
+class Handling {
+public:
+    explicit Handling(HWND window) : window_(window), state_(*StateOfMainWindow(window)) {
+        ++state_.handling;
+    }
+    ~Handling() {
+        if (--state_.handling == 0 && state_.hasGone) delete &state_;
+    }
+    Handling(const Handling&) = delete;
+    Handling& operator=(const Handling&) = delete;
+
+    // What came while the window was at work.
+    void PassOnHandedFile() const {
+        if (state_.handling > 1 || state_.handedOver.empty()) return;
+        PostMessageW(window_, kFileHandedOver, 0, 0);
+    }
+
+private:
+    HWND window_;
+    MainWindowState& state_;
+};
 
 // The enter key reaches the window where no button takes it.
 void OnEnter(HWND window) {
@@ -148,6 +189,25 @@ void OnSplitterMoved(HWND window, int left) {
     UpdateWindow(window);
 }
 
+// Not now: the second start waits for the answer.
+LRESULT OnCopyData(HWND window, const COPYDATASTRUCT& data) {
+    MainWindowState& state = *StateOfMainWindow(window);
+    std::wstring file = HandedOverPath(data);
+    if (file.empty()) return FALSE;
+    state.handedOver = std::move(file);
+    state.wasAtWork = IsAtWork(window) || state.handling > 1;
+    PostMessageW(window, kFileHandedOver, 0, 0);
+    return TRUE;
+}
+
+// While the window is at work the file waits for the end of that.
+void OnFileHandedOver(HWND window) {
+    MainWindowState& state = *StateOfMainWindow(window);
+    const bool isReady = IsWindowVisible(window) && !IsAtWork(window) && state.handling == 1;
+    if (!isReady || state.handedOver.empty()) return;
+    OpenHandedOver(std::exchange(state.handedOver, {}), state.wasAtWork);
+}
+
 void OnMinMaxInfo(HWND window, MINMAXINFO& limits) {
     const UINT dpi = DpiOf(window);
     const SIZE client{Scaled(kLeastClientSize.cx, dpi), Scaled(kLeastClientSize.cy, dpi)};
@@ -165,10 +225,10 @@ void OnDpiChanged(HWND window, UINT dpi, const RECT& area) {
 LRESULT HandleLife(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_CLOSE:
-            if (!shell.childRunning && !StateOfMainWindow(window)->locked) DestroyWindow(window);
+            OnClose(window);
             return 0;
         case WM_ENDSESSION:
-            if (wParam != FALSE) ShutDownOnce(window);
+            if (wParam != FALSE) ShutDownOnce(window, true);
             return 0;
         case WM_DESTROY:
             OnDestroy(window);
@@ -228,6 +288,11 @@ LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         case kSplitterMoved:
             OnSplitterMoved(window, static_cast<int>(wParam));
             return 0;
+        case WM_COPYDATA:
+            return OnCopyData(window, *reinterpret_cast<const COPYDATASTRUCT*>(lParam));
+        case kFileHandedOver:
+            OnFileHandedOver(window);
+            return 0;
         case kSelectionLost:
             if (!IsRowSelected()) DeselectModel();
             return 0;
@@ -247,8 +312,11 @@ LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
     // Before the state is there, and after it has gone, the window needs nothing of ours.
     if (StateOfMainWindow(window) == nullptr)
         return DefWindowProcW(window, message, wParam, lParam);
+    const Handling handling(window);
     try {
-        return HandleMessage(window, message, wParam, lParam);
+        const LRESULT answer = HandleMessage(window, message, wParam, lParam);
+        if (message != kFileHandedOver) handling.PassOnHandedFile();
+        return answer;
     } catch (...) {
         ReportFault();
         return message == WM_CREATE ? -1 : 0;

@@ -11,7 +11,8 @@
 
 namespace corvane {
 
-// Belongs to the window from its creation on, and goes with it.
+// Belongs to the window from its creation on, and goes with it, or after the messages that are
+// being handled at its end.
 struct MainWindowState {
     Layout layout;  // with font and resolution
     HWND toolTips = nullptr;
@@ -22,6 +23,10 @@ struct MainWindowState {
     bool busy = false;                     // the pointer is the hourglass
     bool locked = false;                   // a program of the suite runs
     bool shutDown = false;
+    int handling = 0;         // messages that are being handled, one inside the other
+    std::wstring handedOver;  // the file of a second start, until it is opened
+    bool wasAtWork = false;   // when the file came
+    bool hasGone = false;     // the window has been destroyed
     StatusColour statusColour = StatusColour::kButtonText;
     std::wstring statusTag = L"-1";
 };

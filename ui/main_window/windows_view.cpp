@@ -10,32 +10,14 @@
 #include "ui/dialogs/input_box.h"
 #include "ui/dialogs/splash.h"
 #include "ui/main_window/main_window_view.h"
+#include "ui/main_window/running_instance.h"
 
 namespace corvane {
 namespace {
 
-// A title that is looked for, and what was found.
-struct Search {
-    std::wstring title;
-    HWND exact = nullptr;
-    HWND beginning = nullptr;
-};
-
-BOOL CALLBACK CompareTitle(HWND window, LPARAM parameter) {
-    auto& search = *reinterpret_cast<Search*>(parameter);
-    if (!IsWindowVisible(window)) return TRUE;
-    wchar_t buffer[512] = L"";
-    const int length = GetWindowTextW(window, buffer, 512);
-    const std::wstring_view title(buffer, static_cast<size_t>(length));
-    if (title == search.title) {
-        search.exact = window;
-        return FALSE;
-    }
-    if (search.beginning == nullptr && title.starts_with(search.title)) search.beginning = window;
-    return TRUE;
-}
-
+// The splash, which is above all windows, would hide the box.
 int ShowBox(const std::wstring& text, UINT style) {
+    UnloadSplash();
     return MessageBoxW(DialogOwner(), text.c_str(), shell.title.c_str(), style);
 }
 
@@ -68,16 +50,6 @@ void ProcessPendingMessages() {
     }
 }
 
-void ActivateRunningInstance(const std::wstring& title) {
-    Search search;
-    search.title = title;
-    EnumWindows(CompareTitle, reinterpret_cast<LPARAM>(&search));
-    const HWND found = search.exact != nullptr ? search.exact : search.beginning;
-    if (found == nullptr) return;
-    if (IsIconic(found)) ShowWindow(found, SW_RESTORE);
-    SetForegroundWindow(found);
-}
-
 }  // namespace
 
 View WindowsView() {
@@ -94,7 +66,7 @@ View WindowsView() {
     view.askImport = [](ImportChoice& choice) { return AskImport(choice); };
     view.showAbout = [](const std::wstring& heading) { ShowAbout(heading); };
     view.showSplash = [](const std::wstring& title) { ShowSplash(title); };
-    view.activateRunningInstance = ActivateRunningInstance;
+    view.handToRunningInstance = HandToRunningInstance;
     FillInMainWindow(view);
     return view;
 }

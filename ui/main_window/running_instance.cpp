@@ -1,0 +1,106 @@
+#include "ui/main_window/running_instance.h"
+
+#include <string_view>
+
+#include "ui/base/control_ids.h"
+
+namespace corvane {
+namespace {
+
+// Marks the message in which a file is handed over.
+constexpr ULONG_PTR kOpenFile = 0x436F7276;
+constexpr size_t kLongestPath = 32767;
+
+// Milliseconds: how long a start may keep its windows away, how often that is looked at, and how
+// long the running instance may take to answer.
+constexpr ULONGLONG kPatience = 2000;
+constexpr DWORD kPollInterval = 20;
+constexpr UINT kAnswerTime = 5000;
+
+// The file that a process runs; empty when the system does not say.
+std::wstring ProgramFileOf(DWORD process) {
+    const HANDLE handle = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process);
+    if (handle == nullptr) return {};
+    std::wstring path(kLongestPath + 1, L'\0');
+    auto length = static_cast<DWORD>(path.size());
+    const BOOL isKnown = QueryFullProcessImageNameW(handle, 0, path.data(), &length);
+    CloseHandle(handle);
+    path.resize(isKnown != 0 ? length : 0);
+    return path;
+}
+
+bool IsSameName(std::wstring_view a, std::wstring_view b) {
+    return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(),
+                                static_cast<int>(b.size()), TRUE) == CSTR_EQUAL;
+}
+
+// The windows of another process that runs this program's file.
+struct Instance {
+    std::wstring programFile = ProgramFileOf(GetCurrentProcessId());
+    HWND main = nullptr;     // FM_Main, visible or not
+    HWND visible = nullptr;  // the topmost window that can be seen, or FM_Main when that can be
+
+    bool HasMainInSight() const { return main != nullptr && main == visible; }
+};
+
+BOOL CALLBACK CompareWindow(HWND window, LPARAM parameter) {
+    auto& instance = *reinterpret_cast<Instance*>(parameter);
+    wchar_t className[64] = L"";
+    GetClassNameW(window, className, 64);
+    const bool isMain = std::wstring_view(className) == kMainWindowClass;
+    const bool isVisible = IsWindowVisible(window) != FALSE;
+    if (!isMain && !isVisible) return TRUE;
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    if (process == GetCurrentProcessId()) return TRUE;
+    if (!IsSameName(ProgramFileOf(process), instance.programFile)) return TRUE;
+    if (isMain) instance.main = window;
+    if (isVisible && (isMain || instance.visible == nullptr)) instance.visible = window;
+    return TRUE;
+}
+
+// Waits for the main window to be shown, as long as a start may take.
+Instance FindInstance() {
+    const ULONGLONG end = GetTickCount64() + kPatience;
+    Instance instance;
+    for (;;) {
+        instance.main = instance.visible = nullptr;
+        EnumWindows(CompareWindow, reinterpret_cast<LPARAM>(&instance));
+        if (instance.HasMainInSight() || GetTickCount64() > end) return instance;
+        Sleep(kPollInterval);
+    }
+}
+
+void HandOver(HWND main, std::wstring file) {
+    COPYDATASTRUCT data{};
+    data.dwData = kOpenFile;
+    data.cbData = static_cast<DWORD>(file.size() * sizeof(wchar_t));
+    data.lpData = file.data();
+    DWORD_PTR answer = 0;
+    SendMessageTimeoutW(main, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data), SMTO_ABORTIFHUNG,
+                        kAnswerTime, &answer);
+}
+
+}  // namespace
+
+bool HandToRunningInstance(const std::wstring& file) {
+    const Instance instance = FindInstance();
+    if (instance.visible == nullptr) return false;
+    if (IsIconic(instance.visible)) ShowWindowAsync(instance.visible, SW_RESTORE);
+    SetForegroundWindow(GetLastActivePopup(instance.visible));
+    if (instance.main != nullptr && !file.empty()) HandOver(instance.main, file);
+    return true;
+}
+
+std::wstring HandedOverPath(const COPYDATASTRUCT& data) {
+    const size_t length = data.cbData / sizeof(wchar_t);
+    if (data.dwData != kOpenFile || data.cbData % sizeof(wchar_t) != 0 || length == 0 ||
+        length > kLongestPath) {
+        return {};
+    }
+    std::wstring path(static_cast<const wchar_t*>(data.lpData), length);
+    const bool isAbsolute = path.size() > 2 && (path[1] == L':' || path.starts_with(L"\\\\"));
+    return isAbsolute && path.find(L'\0') == std::wstring::npos ? path : std::wstring();
+}
+
+}  // namespace corvane
