@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 #include "platform/grvelk.h"
 #include "platform/system.h"
@@ -13,6 +14,13 @@ namespace {
 
 // Size of the buffer that the library fills; no message of the catalogue is longer.
 constexpr int32_t kCatalogueBufferSize = 3000;
+
+// The marks of the notation are these bytes on every code page, also on one that has letters there.
+struct Mark {
+    char byte;
+    wchar_t character;
+};
+constexpr Mark kMarks[] = {{'\xA4', L'¤'}, {'\xA7', L'§'}, {'\xB2', L'²'}};
 
 }  // namespace
 
@@ -29,7 +37,13 @@ std::string GetMessageBytes(int32_t number) {
 }
 
 std::wstring GetMessage(int32_t number) {
-    return system::WideFromAnsi(GetMessageBytes(number));
+    const std::string bytes = GetMessageBytes(number);
+    std::wstring text = system::WideFromAnsi(bytes);
+    for (size_t i = 0; i < bytes.size(); ++i) {
+        const auto mark = std::ranges::find(kMarks, bytes[i], &Mark::byte);
+        if (mark != std::end(kMarks)) text[i] = mark->character;
+    }
+    return text;
 }
 
 std::wstring SubstituteArguments(std::wstring_view text, MessageArguments arguments) {

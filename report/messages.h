@@ -1,7 +1,8 @@
 // The texts of messages: the catalogue in GrVelk.dll, and the arguments that are put into them.
 //
 // In a text "¤" is the place of the next argument, "²" a line break and "§" a tab; a doubled "²" or
-// "§" is the character itself, but in a warning box a doubled "²" is two line breaks.
+// "§" is the character itself, but in a warning box a doubled "²" is two line breaks. In the
+// catalogue's single bytes they are A4, B2 and A7 on every code page; other bytes are its text.
 #pragma once
 
 #include <cstdint>

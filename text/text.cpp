@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/letter_case.h"
 #include "platform/system.h"
 
 namespace corvane {
@@ -9,55 +10,6 @@ namespace {
 
 // What no file name of the suite may hold.
 constexpr std::wstring_view kForbiddenInFileNames = L" ~*?^}{|><;,:/\\¤¨.§!%µç`@=+\"[]";
-
-// The letters of code page 1252 that have another case within it. Written out rather than asked of
-// the system, whose answer depends on the locale.
-wchar_t LowerLetter(wchar_t letter) {
-    if (letter >= L'A' && letter <= L'Z') return static_cast<wchar_t>(letter + 32);
-    if (letter >= L'À' && letter <= L'Þ' && letter != L'×') {
-        return static_cast<wchar_t>(letter + 32);
-    }
-    switch (letter) {
-        case L'Š':
-            return L'š';
-        case L'Œ':
-            return L'œ';
-        case L'Ž':
-            return L'ž';
-        case L'Ÿ':
-            return L'ÿ';
-        default:
-            return letter;
-    }
-}
-
-wchar_t UpperLetter(wchar_t letter) {
-    if (letter >= L'a' && letter <= L'z') return static_cast<wchar_t>(letter - 32);
-    if (letter >= L'à' && letter <= L'þ' && letter != L'÷') {
-        return static_cast<wchar_t>(letter - 32);
-    }
-    switch (letter) {
-        case L'š':
-            return L'Š';
-        case L'œ':
-            return L'Œ';
-        case L'ž':
-            return L'Ž';
-        case L'ÿ':
-            return L'Ÿ';
-        default:
-            return letter;
-    }
-}
-
-char UpperByte(char byte) {
-    const auto code = static_cast<unsigned char>(byte);
-    if (code >= 'a' && code <= 'z') return static_cast<char>(code - 0x20);
-    if (code >= 0xE0 && code <= 0xFE && code != 0xF7) return static_cast<char>(code - 0x20);
-    if (code == 0x9A || code == 0x9C || code == 0x9E) return static_cast<char>(code - 0x10);
-    if (code == 0xFF) return static_cast<char>(0x9F);
-    return byte;
-}
 
 template <class View>
 View WithoutOuterBlanks(View text) {
@@ -77,26 +29,23 @@ std::string_view Trim(std::string_view text) {
 }
 
 std::wstring LowerCase(std::wstring_view text) {
-    std::wstring result(text);
-    std::transform(result.begin(), result.end(), result.begin(), LowerLetter);
-    return result;
+    return system::InLowerCase(text);
 }
 
 std::wstring UpperCase(std::wstring_view text) {
-    std::wstring result(text);
-    std::transform(result.begin(), result.end(), result.begin(), UpperLetter);
-    return result;
+    return system::InUpperCase(text);
 }
 
 std::string UpperCase(std::string_view bytes) {
-    std::string result(bytes);
-    std::transform(result.begin(), result.end(), result.begin(), UpperByte);
+    std::string result = system::AnsiFromWide(UpperCase(system::WideFromAnsi(bytes)));
+    for (size_t i = 0; i < result.size(); ++i) {
+        if (result[i] == '?') result[i] = bytes[i];
+    }
     return result;
 }
 
 bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](wchar_t x, wchar_t y) { return LowerLetter(x) == LowerLetter(y); });
+    return a.size() == b.size() && LowerCase(a) == LowerCase(b);
 }
 
 std::wstring CutAtNul(std::wstring_view text) {

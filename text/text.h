@@ -11,7 +11,8 @@ namespace corvane {
 std::wstring Trim(std::wstring_view text);
 std::string_view Trim(std::string_view text);
 
-// Letters of the ANSI range, accented ones included, in the other case. Bytes are ANSI text.
+// Letters of any alphabet in the other case, by the system's rules. Bytes are ANSI text; a letter
+// whose other case the code page lacks stays.
 std::wstring LowerCase(std::wstring_view text);
 std::wstring UpperCase(std::wstring_view text);
 std::string UpperCase(std::string_view bytes);

@@ -1,6 +1,7 @@
 """check_binaries.py ROOT OBJDUMP FOLDER: the programs and libraries for Windows in FOLDER are
-hardened, need nothing that Windows does not have, and the companion libraries export exactly the
-functions that the contracts in platform/ name, undecorated."""
+hardened, need nothing that Windows does not have, say nothing of the machine that built them, and
+the companion libraries export exactly the functions that the contracts in platform/ name,
+undecorated."""
 
 import os
 import re
@@ -16,6 +17,9 @@ SYSTEM_LIBRARIES = {
 }
 STAND_IN = re.compile(r"^corvane_stand_in\((\w+) ", re.MULTILINE)
 LATE_BOUND = re.compile(r'^CORVANE_LATE_BOUND\("([^"]+)",\s*(\w+)\)', re.MULTILINE)
+# A source of ours, or of the compiler, by its full path on the machine that built it.
+BUILD_PATH = re.compile(rb"(?<![\w./+-])/(?:[\w.+ -]+/)+[\w.+-]+\.(?:c|cc|cpp|cxx|h|hpp|tcc|o|a)\b"
+                        rb"|/usr/(?:include|lib|src)/[\w./+-]+")
 
 
 def contracts(root):
@@ -43,7 +47,7 @@ def programs(root):
 
 
 def describe(objdump, path):
-    return subprocess.run([objdump, "-p", path], check=True, capture_output=True, text=True).stdout
+    return subprocess.run([objdump, "-p", "-h", path], check=True, capture_output=True, text=True).stdout
 
 
 def exports(description):
@@ -75,6 +79,21 @@ def check_exports(name, description, wanted, findings):
         findings.add(name, 0, f"exports {function}, which no contract names")
 
 
+def check_origin(root, path, name, description, findings):
+    for section in re.findall(r"\s(\.debug_\w+)\s", description):
+        findings.add(name, 0, f"holds the debug section {section}")
+    with open(path, "rb") as file:
+        data = file.read()
+    paths = set()
+    # Wide texts have a zero in every second byte.
+    for text in (data, data[::2], data[1::2]):
+        paths.update(BUILD_PATH.findall(text))
+        if os.path.abspath(root).encode() in text:
+            paths.add(os.path.abspath(root).encode())
+    for found in sorted(paths)[:3]:
+        findings.add(name, 0, f"holds the path {found.decode('latin-1')}")
+
+
 def main(root, objdump, folder):
     findings = Findings()
     wanted = contracts(root)
@@ -88,6 +107,7 @@ def main(root, objdump, folder):
         description = describe(objdump, path)
         check_hardening(name, description, findings)
         check_imports(name, description, findings)
+        check_origin(root, path, name, description, findings)
         if name in wanted:
             check_exports(name, description, wanted[name], findings)
     findings.finish()
