@@ -36,11 +36,11 @@ stage=${CORVANE_STAGE:-$wineBase/$(basename "$checkout")-$(cksum <<<"$checkout" 
 prefix=$stage/prefix
 
 # winedbg off: it hangs on a crash. mscoree and mshtml off: nothing to install, quicker start.
-# The locale gives the code pages 1252 and 850. The library path is the loader's own (Debian's
+# The locale decides on the code pages: 1252 and 850 unless CORVANE_LOCALE names another. The library path is the loader's own (Debian's
 # wrapper prints a hint about 32-bit programs at each call).
 wine=/usr/lib/wine/wine64
 wineEnvironment=(env "WINEPREFIX=$prefix" "WINEDLLOVERRIDES=winedbg.exe=d;mscoree,mshtml="
-    "WINELOADER=$wine" "WINEDEBUG=${WINEDEBUG:-fixme-all}" LC_ALL=en_GB.UTF-8)
+    "WINELOADER=$wine" "WINEDEBUG=${WINEDEBUG:-fixme-all}" "LC_ALL=${CORVANE_LOCALE:-en_GB.UTF-8}")
 
 # Starts a virtual screen with a window manager; sets display, and screenPids for EndScreen.
 StartScreen() {

@@ -18,6 +18,21 @@ View WithoutOuterBlanks(View text) {
     return text.substr(begin, text.find_last_not_of(' ') - begin + 1);
 }
 
+bool IsInCodePage(wchar_t character) {
+    return character < 0x80 || system::AnsiFromWide({&character, 1}) != "?";
+}
+
+// A letter that the code page has keeps its case when the page lacks the other one, so that a text
+// that can be written to a file stays one.
+std::wstring KeptWritable(std::wstring_view text, std::wstring changed) {
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (changed[i] != text[i] && !IsInCodePage(changed[i]) && IsInCodePage(text[i])) {
+            changed[i] = text[i];
+        }
+    }
+    return changed;
+}
+
 }  // namespace
 
 std::wstring Trim(std::wstring_view text) {
@@ -29,19 +44,15 @@ std::string_view Trim(std::string_view text) {
 }
 
 std::wstring LowerCase(std::wstring_view text) {
-    return system::InLowerCase(text);
+    return KeptWritable(text, system::InLowerCase(text));
 }
 
 std::wstring UpperCase(std::wstring_view text) {
-    return system::InUpperCase(text);
+    return KeptWritable(text, system::InUpperCase(text));
 }
 
 std::string UpperCase(std::string_view bytes) {
-    std::string result = system::AnsiFromWide(UpperCase(system::WideFromAnsi(bytes)));
-    for (size_t i = 0; i < result.size(); ++i) {
-        if (result[i] == '?') result[i] = bytes[i];
-    }
-    return result;
+    return system::AnsiFromWide(UpperCase(system::WideFromAnsi(bytes)));
 }
 
 bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b) {

@@ -1,5 +1,6 @@
 #include "platform/win32/native.h"
 
+#include <string_view>
 #include <vector>
 
 #include "platform/win32/win32.h"
@@ -31,6 +32,10 @@ std::wstring ErrorText(ErrorNumber error) {
         nullptr, error, 0, buffer.data(), static_cast<DWORD>(buffer.size()), nullptr);
     std::wstring text(buffer.data(), length);
     text.erase(text.find_last_not_of(L" \r\n") + 1);
+    // Where the system's text names the file, which its error number does not.
+    constexpr std::wstring_view kMark = L"%1";
+    const size_t mark = text.find(kMark);
+    if (mark != std::wstring::npos) text.replace(mark, kMark.size(), L"the file");
     return text.empty() ? L"Unknown error." : text;
 }
 

@@ -22,8 +22,8 @@ using Events = std::vector<std::string>;
 class MessagesTest : public testing::Test {
 protected:
     RecordedReports screen;
-    // The bytes are those of the Western code page: A4 currency sign, B2 superscript two,
-    // A7 section sign, E9 e acute.
+    // On any code page A4 is the mark of an argument, B2 of a line break, A7 of a tab; E9 is a
+    // letter of the page.
     FakeCatalogue catalogue{{
         {10, "Plain"},
         {11, "Can not find BHA \xA4 in file '\xA4'"},
@@ -40,7 +40,7 @@ protected:
 
 TEST_F(MessagesTest, TextIsTheCatalogues) {
     EXPECT_EQ(GetMessage(10), L"Plain");
-    EXPECT_EQ(GetMessage(16), L"café");
+    EXPECT_EQ(GetMessage(16), L"caf" + system::WideFromAnsi("\xE9"));
     EXPECT_EQ(GetMessageBytes(16), "caf\xE9");
 }
 
