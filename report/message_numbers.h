@@ -158,7 +158,11 @@
     X(kMsgNoFileSelected, 3570)         \
     X(kMsgNoWindowOfInstance, 3630)     \
     X(kMsgFileHandedOver, 3631)         \
-    X(kMsgSettingsNotSaved, 3632)
+    X(kMsgSettingsNotSaved, 3632)       \
+    X(kMsgOpenInProgram, 3633)          \
+    X(kMsgBasicShipData, 3634)          \
+    X(kMsgNewModel, 3635)               \
+    X(kMsgRegionalNote, 3636)
 
 namespace corvane {
 

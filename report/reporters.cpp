@@ -49,11 +49,14 @@ void ReportSilent(std::wstring_view text, MessageArguments arguments) {
 }
 
 void ShowStatus(std::wstring_view text) {
+    ShowNote(text.empty() ? std::wstring() : std::wstring(text) + L"...");
+}
+
+void ShowNote(std::wstring_view text) {
     reportView.setStatusColour(StatusColour::kButtonText);
     if (LeadingInteger(reportView.statusTag()) != -1) return;
-    const std::wstring shown = text.empty() ? std::wstring() : std::wstring(text) + L"...";
-    if (reportView.statusCaption() == shown) return;
-    reportView.setStatusCaption(shown);
+    if (reportView.statusCaption() == text) return;
+    reportView.setStatusCaption(std::wstring(text));
     reportView.processPendingMessages();
 }
 

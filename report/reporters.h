@@ -57,6 +57,8 @@ void ReportSilent(std::wstring_view text, MessageArguments arguments = {});
 // Writes the status label: the text and "...", for an operation in progress; an empty text clears
 // it. While status lines are off only the label's colour changes.
 void ShowStatus(std::wstring_view text);
+// The same without "...": for what has ended, or lasts.
+void ShowNote(std::wstring_view text);
 // Turns the status label red; its caption stays and shows where the work stopped.
 void FlagStatusFailed(std::wstring_view text);
 // The warning box: OK, exclamation icon, the application title.

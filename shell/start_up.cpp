@@ -114,7 +114,8 @@ bool StartUp(const std::wstring& commandLine) {
 
 bool CheckRegionalSettings() {
     if (IsRegionalOK() != 0) return true;
-    if (!shell.view.askYesNo(ExpandLineBreaks(kRegionalQuestion))) return false;
+    const std::wstring question = kRegionalQuestion + (L"²²" + GetMessage(kMsgRegionalNote));
+    if (!shell.view.askIrreversible(ExpandLineBreaks(question))) return false;
     if (SetRegionalOK() != 0) return true;
     ReportMessage(kRegionalFailure);
     return false;

@@ -1,5 +1,7 @@
 #include "shell/suite_programs.h"
 
+#include <algorithm>
+
 #include "bsd/basic_ship_data.h"
 #include "database/model_kind.h"
 #include "database/scanning.h"
@@ -7,6 +9,7 @@
 #include "files/paths.h"
 #include "platform/system.h"
 #include "report/reporters.h"
+#include "shell/model_list.h"
 #include "shell/rule_set.h"
 #include "shell/state.h"
 
@@ -24,6 +27,15 @@ system::FileStatus DatabaseStatus() {
     system::FileStatus status;
     system::GetFileStatus(shell.database.path, status);
     return status;
+}
+
+// What a run works on, as a sentence begins: a model by its kind and name.
+std::wstring WorkOf(const ProgramRun& run, int32_t model) {
+    const auto& rows = shell.database.rows;
+    const auto row = std::ranges::find(rows, model, &ModelRow::tag);
+    if (row != rows.end()) return KindName(row->kind) + L" '" + row->name + L"'";
+    const bool isBsd = run.program == BsdProgramPath();
+    return GetMessage(isBsd ? kMsgBasicShipData : kMsgNewModel);
 }
 
 RunResult RunLocked(const std::wstring& commandLine) {
@@ -88,6 +100,8 @@ bool RunProgram(ProgramRun& run, int32_t model) {
         return false;
     }
     ReportStatus(kMsgStartingProgram, {FileNameOf(run.program)});
+    ShowNote(FormatMessage(kMsgOpenInProgram,
+                           {WorkOf(run, model), StripExtension(FileNameOf(run.program))}));
     const system::FileStatus status = DatabaseStatus();
     run.wasDatabase = IsDatabaseFile(shell.database.path);
     run.wasReadOnly = status.isReadOnly;

@@ -52,7 +52,7 @@ struct ProgramRun {
 bool RequireReadyForModels();
 
 // Runs `run.program` on the open database, for a model or for none, with message 622 in the status
-// line. False when nothing was tried: a program
+// line, and then what is open in which program. False when nothing was tried: a program
 // that is missing (message 1020), and a path that cannot be passed on in the code page of the
 // programs (kMsgPathNotTold), are reported.
 bool RunProgram(ProgramRun& run, int32_t model = kNoModel);

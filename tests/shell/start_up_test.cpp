@@ -30,9 +30,12 @@ using test::WriteFileBytes;
 using Events = std::vector<std::string>;
 
 constexpr char kRegionalQuestion[] =
-    "ask Decimal symbol and/or digit grouping symbol are not set correctly in your Windows "
+    "ask irreversible Decimal symbol and/or digit grouping symbol are not set correctly in your "
+    "Windows "
     "Regional Settings.\rDo you want to adjust them automatically ?\r\r(Program will be closed "
-    "if you choose 'No'.)";
+    "if you choose 'No'.)\r\rCorvane and its suite need '.' as the decimal symbol. The change is "
+    "for "
+    "your whole Windows account: all your programs will use it.";
 
 // A database whose ship has this short name.
 std::string DatabaseBytes(const std::string& shortName) {

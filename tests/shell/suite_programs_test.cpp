@@ -159,6 +159,38 @@ TEST_F(LockedRun, FailureUnlocksToo) {
     EXPECT_FALSE(FakeView::locked);
 }
 
+TEST_F(LockedRun, FaultUnlocksToo) {
+    struct Fault {};
+    const FakeProgram program([] { throw Fault{}; });
+    EXPECT_THROW(RunAndWait(L"C:\\p.exe"), Fault);
+    EXPECT_FALSE(FakeView::locked);
+    EXPECT_FALSE(shell.locked);
+    EXPECT_FALSE(shell.childRunning);
+}
+
+TEST_F(LockedRun, StatusLineSaysWhatIsOpenInWhichProgram) {
+    MakeOpen(L"ship.ve2", {kSection, kBulkhead});
+    RefreshMainWindow();
+    const FakeProgram program;
+    const struct {
+        const wchar_t* program;
+        int32_t model;
+        std::string status;
+    } cases[] = {
+        {L"BsdEdit.exe", kNoModel, "Basic Ship Data is open in BsdEdit."},
+        {L"BhdInput.exe", kNoModel, "A new model is open in BhdInput."},
+        {L"BhdInput.exe", 2,
+         "Bulkhead '" + Narrow(FakeView::rows[1].name) + "' is open in BhdInput."},
+    };
+    for (const auto& example : cases) {
+        Install(example.program);
+        ProgramRun run;
+        run.program = programs + example.program;
+        EXPECT_TRUE(RunProgram(run, example.model));
+        EXPECT_EQ(Narrow(FakeProgram::statusLine), example.status + " Close it to go on here.");
+    }
+}
+
 TEST_F(LockedRun, CurrentDirectoryStays) {
     const std::wstring before = system::CurrentDirectory();
     const FakeProgram program;
@@ -180,7 +212,8 @@ TEST_F(SectionInput, ProgramOfTheModelsKindIsRun) {
         EXPECT_EQ(Narrow(FakeProgram::commandLines[0]), Narrow(programs + names[number - 1]) +
                                                             " \"" + Narrow(File(L"My ship.ve2")) +
                                                             "\" " + std::to_string(number));
-        EXPECT_EQ(Narrow(FakeProgram::statusLine), Narrow(names[number - 1]) + " is running...");
+        EXPECT_TRUE(
+            RecordedReports::Happened("caption " + Narrow(names[number - 1]) + " is running..."));
         EXPECT_EQ(FakeView::selected, number - 1);
         EXPECT_EQ(RecordedReports::caption, L"");
         EXPECT_TRUE(Warnings().empty());
@@ -291,7 +324,7 @@ TEST_F(SectionRule, ProgramOfKindAndRuleSetIsRun) {
         EXPECT_EQ(Narrow(FakeProgram::commandLines[0]), Narrow(programs + name) + " " + switches +
                                                             "\"" + Narrow(File(L"ship.ve2")) +
                                                             "\" " + std::to_string(number));
-        EXPECT_EQ(Narrow(FakeProgram::statusLine), Narrow(name) + " is running...");
+        EXPECT_TRUE(RecordedReports::Happened("caption " + Narrow(name) + " is running..."));
         EXPECT_EQ(RecordedReports::caption, L"");
         KillFile(programs + name);
     }

@@ -29,7 +29,8 @@ TEST_F(AboutUi, TellsTitleVersionAndNoticeAndNoWarning) {
     ASSERT_NE(box, nullptr);
     EXPECT_EQ(Narrow(TextOf(box)), "About");
     EXPECT_EQ(Text(box, LB_Title), "Corvane MIL");
-    EXPECT_EQ(Text(box, LB_Version), "Corvane MILv1.0");
+    EXPECT_EQ(Text(box, LB_Version), "Corvane MIL v1.0");
+    EXPECT_EQ(Text(box, TX_Notice).rfind("Corvane keeps the hull models and the Basic", 0), 0U);
     EXPECT_NE(Text(box, TX_Notice).find("warranty"), std::string::npos);
     EXPECT_FALSE(IsWindowVisible(GetDlgItem(box, LB_Warning1)));
     EXPECT_FALSE(IsWindowVisible(GetDlgItem(box, LB_Warning2)));

@@ -174,11 +174,14 @@ bool EndDrag(HWND control, POINT at) {
     return HasMouse(control, false);
 }
 
+void Click(POINT at) {
+    SendMouse(at, MOUSEEVENTF_LEFTDOWN);
+    SendMouse(at, MOUSEEVENTF_LEFTUP);
+}
+
 void DoubleClick(POINT at) {
-    for (int i = 0; i < 2; ++i) {
-        SendMouse(at, MOUSEEVENTF_LEFTDOWN);
-        SendMouse(at, MOUSEEVENTF_LEFTUP);
-    }
+    Click(at);
+    Click(at);
 }
 
 }  // namespace corvane::ui

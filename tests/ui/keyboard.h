@@ -40,6 +40,7 @@ bool FocusBecomes(HWND window, int control);
 bool BeginDrag(HWND control, POINT from);
 void MoveMouse(POINT to);
 bool EndDrag(HWND control, POINT at);
+void Click(POINT at);
 void DoubleClick(POINT at);
 
 }  // namespace corvane::ui

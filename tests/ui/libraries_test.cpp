@@ -22,42 +22,51 @@ struct WrongLibrary {
 // Without GrVelk.dll there is no catalogue either: the number and the arguments are all there is.
 const WrongLibrary kCases[] = {
     {"GrVelkDataOfAnotherVersion", L"GrVelk.dll", "data",
-     "The library GrVelk Data does not suit this program.\r\r"
+     "Corvane cannot start: its library GrVelk Data is missing or has another version.\r\r"
      "Version found: 2.003\rVersion needed: 2.002\r\r"
-     "The program will be closed. Error number of the system:\r0"},
+     "Install Corvane again, so that all its files are there and of one version. "
+     "Error number of the system:\r0"},
     {"GrVelkMissing", L"GrVelk.dll", nullptr, "Res #1052 GrVelk Data Unknown ver. 2.002 \r126"},
     {"ZTUtil32TooOld", L"ztutil32.dll", "ztutil32",
-     "The library ZTUtil32 does not suit this program.\r\r"
+     "Corvane cannot start: its library ZTUtil32 is missing or has another version.\r\r"
      "Version found: 3.72\rVersion needed: 3.73\r\r"
-     "The program will be closed. Error number of the system:\r0"},
+     "Install Corvane again, so that all its files are there and of one version. "
+     "Error number of the system:\r0"},
     {"ZTUtil32Missing", L"ztutil32.dll", nullptr,
-     "The library ZTUtil32 does not suit this program.\r\r"
+     "Corvane cannot start: its library ZTUtil32 is missing or has another version.\r\r"
      "Version found: Unknown ver.\rVersion needed: 3.73\r\r"
-     "The program will be closed. Error number of the system:\r126"},
+     "Install Corvane again, so that all its files are there and of one version. "
+     "Error number of the system:\r126"},
     {"BsdVelkTooOld", L"BsdVelk.dll", "bsdvelk",
-     "The library BsdVelk does not suit this program.\r\r"
+     "Corvane cannot start: its library BsdVelk is missing or has another version.\r\r"
      "Version found: 4.9\rVersion needed: 5.0\r\r"
-     "The program will be closed. Error number of the system:\r0"},
+     "Install Corvane again, so that all its files are there and of one version. "
+     "Error number of the system:\r0"},
     {"BsdVelkMissing", L"BsdVelk.dll", nullptr,
-     "The library BsdVelk does not suit this program.\r\r"
+     "Corvane cannot start: its library BsdVelk is missing or has another version.\r\r"
      "Version found: Unknown ver.\rVersion needed: 5.0\r\r"
-     "The program will be closed. Error number of the system:\r126"},
+     "Install Corvane again, so that all its files are there and of one version. "
+     "Error number of the system:\r126"},
     {"ZTVelk32TooOld", L"ZTVelk32.dll", "ztvelk32",
-     "The library ZTVelk32 does not suit this program.\r\r"
+     "Corvane cannot start: its library ZTVelk32 is missing or has another version.\r\r"
      "Version found: 1.5\rVersion needed: 2.0\r\r"
-     "The program will be closed. Error number of the system:\r0"},
+     "Install Corvane again, so that all its files are there and of one version. "
+     "Error number of the system:\r0"},
     {"ZTVelk32Missing", L"ZTVelk32.dll", nullptr,
-     "The library ZTVelk32 does not suit this program.\r\r"
+     "Corvane cannot start: its library ZTVelk32 is missing or has another version.\r\r"
      "Version found: Unknown ver.\rVersion needed: 2.0\r\r"
-     "The program will be closed. Error number of the system:\r126"},
+     "Install Corvane again, so that all its files are there and of one version. "
+     "Error number of the system:\r126"},
     {"GrVelkBulkheadDataOfAnotherVersion", L"GrVelk.dll", "bha",
-     "The library GrVelk Bulkhead Data does not suit this program.\r\r"
+     "Corvane cannot start: its library GrVelk Bulkhead Data is missing or has another version.\r\r"
      "Version found: 0.444\rVersion needed: 0.443\r\r"
-     "The program will be closed. Error number of the system:\r0"},
+     "Install Corvane again, so that all its files are there and of one version. "
+     "Error number of the system:\r0"},
     {"GrVelkWithoutBulkheadData", L"GrVelk.dll", "no_bha",
-     "The library GrVelk Bulkhead Data does not suit this program.\r\r"
+     "Corvane cannot start: its library GrVelk Bulkhead Data is missing or has another version.\r\r"
      "Version found: Unknown ver.\rVersion needed: 0.443\r\r"
-     "The program will be closed. Error number of the system:\r127"},
+     "Install Corvane again, so that all its files are there and of one version. "
+     "Error number of the system:\r127"},
 };
 
 struct LibraryTest : testing::TestWithParam<WrongLibrary> {
@@ -99,13 +108,15 @@ TEST_P(GarbageLibraryTest, FileThatIsNoLibraryIsNamed) {
     EXPECT_EQ(ReportOfTheEndingProgram(), GetParam().text);
 }
 
-INSTANTIATE_TEST_SUITE_P(Garbage, GarbageLibraryTest,
-                         testing::Values(WrongLibrary{
-                             "BsdVelk", L"BsdVelk.dll", nullptr,
-                             "The library BsdVelk does not suit this program.\r\r"
-                             "Version found: Unknown ver.\rVersion needed: 5.0\r\r"
-                             "The program will be closed. Error number of the system:\r193"}),
-                         [](const auto& instance) { return std::string(instance.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Garbage, GarbageLibraryTest,
+    testing::Values(WrongLibrary{
+        "BsdVelk", L"BsdVelk.dll", nullptr,
+        "Corvane cannot start: its library BsdVelk is missing or has another version.\r\r"
+        "Version found: Unknown ver.\rVersion needed: 5.0\r\r"
+        "Install Corvane again, so that all its files are there and of one version. "
+        "Error number of the system:\r193"}),
+    [](const auto& instance) { return std::string(instance.param.name); });
 
 TEST(LibrarySearch, LibraryOnTheSearchPathIsNotTaken) {
     const Settings settings;

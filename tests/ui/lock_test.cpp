@@ -65,6 +65,40 @@ TEST_F(LockTest, WindowGoesOnPainting) {
     EXPECT_TRUE(IsUnlocked());
 }
 
+TEST_F(LockTest, StatusLineSaysWhatIsOpenInTextThatCanBeRead) {
+    EXPECT_TRUE(TextBecomes(Control(PAN_Help),
+                            L"Section 'Engine room, frame 30' is open in SectRule. Close it to go "
+                            L"on here."));
+    // Out of the way of the labels.
+    SetWindowPos(child, nullptr, 1000, 20, 0, 0, SWP_NOZORDER | SWP_NOSIZE);
+    constexpr uint32_t kText = 0x000000;
+    constexpr uint32_t kGreyText = 0x808080;
+    for (const int label : {PAN_Help, LB_X, LB_Frame}) {
+        EXPECT_TRUE(WaitUntil([&] {
+            return std::ranges::count(CopyScreen(Place(label)).pixels, kText) > 20;
+        })) << label;
+        EXPECT_LT(std::ranges::count(CopyScreen(Place(label)).pixels, kGreyText), 20) << label;
+    }
+    EndChild();
+    EXPECT_TRUE(TextBecomes(Control(PAN_Help), L""));
+}
+
+TEST_F(LockTest, ClickOnTheWindowBringsTheProgramToTheFront) {
+    for (const bool isMinimised : {false, true}) {
+        ASSERT_TRUE(WaitUntil([&] {
+            SetForegroundWindow(child);
+            return GetForegroundWindow() == child;
+        }));
+        if (isMinimised) ShowWindow(child, SW_MINIMIZE);
+        SetWindowPos(main, HWND_TOP, 20, 20, 900, 650, SWP_NOACTIVATE);
+        const RECT list = Place(LI_Sections);
+        Click({list.left + 30, list.bottom - 30});
+        EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == child && !IsIconic(child); }));
+    }
+    EndChild();
+    EXPECT_TRUE(IsUnlocked());
+}
+
 TEST_F(LockTest, ClicksAndKeysMeanwhileDoNothing) {
     SetForegroundWindow(main);
     const RECT option = Place(OP_Rule + 2);

@@ -49,7 +49,11 @@ struct RepaintTest : MainWindowFixture {
             if (differing++ == 0)
                 first = {static_cast<LONG>(i % width), static_cast<LONG>(i / width)};
         }
-        EXPECT_EQ(differing, 0) << after << ": first at " << first.x << ", " << first.y;
+        if (differing == 0) return;
+        KeepPicture(seen, " seen");
+        KeepPicture(painted, " painted");
+        ADD_FAILURE() << differing << " pixels differ after " << after << ": first at " << first.x
+                      << ", " << first.y;
     }
     void Resize(int width, int height) const {
         SetWindowPos(main, nullptr, 20, 20, width, height, SWP_NOZORDER);

@@ -60,8 +60,11 @@ bool ShowsASection(HWND preview) {
 }
 
 void KeepScreenshot() {
-    const Picture picture =
-        CopyScreen({0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)});
+    KeepPicture(CopyScreen({0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}),
+                "");
+}
+
+void KeepPicture(const Picture& picture, const std::string& title) {
     const auto bytes = static_cast<DWORD>(picture.pixels.size() * 4);
     const BITMAPINFOHEADER header = HeaderOf(picture);
     BITMAPFILEHEADER file{};
@@ -69,13 +72,14 @@ void KeepScreenshot() {
     file.bfOffBits = sizeof file + sizeof header;
     file.bfSize = file.bfOffBits + bytes;
     const std::string name = std::string("failure_") +
-                             testing::UnitTest::GetInstance()->current_test_info()->name() + ".bmp";
+                             testing::UnitTest::GetInstance()->current_test_info()->name() + title +
+                             ".bmp";
     std::ofstream out(name, std::ios::binary);
     out.write(reinterpret_cast<const char*>(&file), sizeof file);
     out.write(reinterpret_cast<const char*>(&header), sizeof header);
     out.write(reinterpret_cast<const char*>(picture.pixels.data()),
               static_cast<std::streamsize>(bytes));
-    std::cout << "The screen at the failure: " << name << "\n";
+    std::cout << "A picture of the failure: " << name << "\n";
 }
 
 }  // namespace corvane::ui

@@ -11,6 +11,7 @@
 #include "shell/state.h"
 #include "ui/base/dpi.h"
 #include "ui/base/own_window.h"
+#include "ui/main_window/child_windows.h"
 #include "ui/main_window/main_window_controls.h"
 #include "ui/main_window/menus.h"
 #include "ui/main_window/model_list_view.h"
@@ -165,13 +166,26 @@ LRESULT OnNotify(HWND window, LPARAM lParam) {
     return 0;
 }
 
-// A status line in red says that the work stopped there.
-LRESULT OnColourStatic(HWND window, HDC dc, HWND control) {
-    const bool red = GetDlgCtrlID(control) == PAN_Help &&
-                     StateOfMainWindow(window)->statusColour == StatusColour::kRed;
-    SetTextColor(dc, red ? RGB(255, 0, 0) : GetSysColor(COLOR_BTNTEXT));
+LRESULT OnColourStatic(HDC dc) {
+    SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
     SetBkColor(dc, GetSysColor(COLOR_BTNFACE));
     return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+}
+
+// The status line or a label of the selected model. A status line in red says that the work stopped
+// there.
+void OnDrawLabel(HWND window, const DRAWITEMSTRUCT& item) {
+    const MainWindowState& state = *StateOfMainWindow(window);
+    const bool red = item.CtlID == PAN_Help && state.statusColour == StatusColour::kRed;
+    const std::wstring text = WindowText(item.hwndItem);
+    RECT area = item.rcItem;
+    FillRect(item.hDC, &area, GetSysColorBrush(COLOR_BTNFACE));
+    const HGDIOBJ before = SelectObject(item.hDC, state.layout.font);
+    SetTextColor(item.hDC, red ? RGB(255, 0, 0) : GetSysColor(COLOR_BTNTEXT));
+    SetBkMode(item.hDC, TRANSPARENT);
+    DrawTextW(item.hDC, text.c_str(), static_cast<int>(text.size()), &area,
+              DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+    SelectObject(item.hDC, before);
 }
 
 // The keyboard letter of a label or a frame goes to the control after it; dialogs do that by
@@ -237,7 +251,11 @@ LRESULT HandleLife(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
             OnNcDestroy(window);
             break;
         case WM_ACTIVATE:
-            if (LOWORD(wParam) == WA_INACTIVE) RememberFocus(window);
+            if (LOWORD(wParam) == WA_INACTIVE) {
+                RememberFocus(window);
+            } else if (shell.childRunning) {
+                BringChildToFront();
+            }
             break;
         case WM_SETFOCUS:
             GiveFocus(window);
@@ -249,6 +267,7 @@ LRESULT HandleLife(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
             SendMessageW(GetDlgItem(window, LI_Sections), message, wParam, lParam);
             SendMessageW(GetDlgItem(window, PIC_Section), message, wParam, lParam);
             ShowButtonPictures(window);
+            ScaleModelList(GetDlgItem(window, LI_Sections), StateOfMainWindow(window)->layout.dpi);
             break;
         case WM_SETTINGCHANGE:
             ApplyResolution(window, StateOfMainWindow(window)->layout.dpi);
@@ -279,8 +298,10 @@ LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_NOTIFY:
             return OnNotify(window, lParam);
         case WM_CTLCOLORSTATIC:
-            return OnColourStatic(window, reinterpret_cast<HDC>(wParam),
-                                  reinterpret_cast<HWND>(lParam));
+            return OnColourStatic(reinterpret_cast<HDC>(wParam));
+        case WM_DRAWITEM:
+            OnDrawLabel(window, *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+            return TRUE;
         case WM_SETCURSOR:
             if (!StateOfMainWindow(window)->busy) break;
             SetCursor(LoadCursorW(nullptr, IDC_WAIT));

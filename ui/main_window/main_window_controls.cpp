@@ -6,6 +6,7 @@
 #include "ui/base/dpi.h"
 #include "ui/main_window/menus.h"
 #include "ui/main_window/model_list_view.h"
+#include "ui/main_window/path_field.h"
 #include "ui/main_window/splitter.h"
 #include "ui/main_window/tool_tips.h"
 #include "ui/pictures/button_pictures.h"
@@ -16,9 +17,8 @@ namespace {
 
 HWND AddControl(HWND window, int id, const wchar_t* windowClass, const wchar_t* text, DWORD style) {
     DWORD exStyle = 0;
-    // A text field has a sunken edge; what is in a frame is not covered by it.
+    // A text field has a sunken edge.
     if (id == TX_DataBase) exStyle = WS_EX_CLIENTEDGE;
-    if (id == GR_Rule) exStyle = WS_EX_TRANSPARENT;
     return CreateWindowExW(exStyle, windowClass, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0,
                            window, reinterpret_cast<HMENU>(INT_PTR{id}), nullptr, nullptr);
 }
@@ -44,11 +44,13 @@ bool CanHaveFocus(HWND control) {
 
 // In the order of the tab key. The label before a control names it for screen readers.
 void AddMainControls(HWND window, MainWindowState& state) {
-    const DWORD label = SS_LEFTNOWORDWRAP | SS_NOPREFIX | SS_ENDELLIPSIS;
+    // Drawn by the window, so that they can be read while the window is locked, too.
+    const DWORD label = SS_OWNERDRAW | SS_NOPREFIX;
     const DWORD button = WS_TABSTOP | BS_PUSHBUTTON;
     AddControl(window, LB_DataBase, WC_STATICW, L"&Database:", SS_LEFT);
     AddControl(window, TX_DataBase, WC_EDITW, L"",
                WS_TABSTOP | ES_READONLY | ES_AUTOHSCROLL | ES_LEFT);
+    MakePathField(GetDlgItem(window, TX_DataBase));
     AddControl(window, Command1, WC_BUTTONW, L"&Open...", button);
     AddControl(window, LB_Models, WC_STATICW, L"&Models:", SS_LEFT);
     CreateModelList(window);
@@ -120,7 +122,7 @@ void RememberFocus(HWND window) {
 
 void GiveFocus(HWND window) {
     const HWND candidates[] = {StateOfMainWindow(window)->focus, GetDlgItem(window, LI_Sections),
-                               GetDlgItem(window, TX_DataBase)};
+                               GetDlgItem(window, Command1), GetDlgItem(window, TX_DataBase)};
     for (const HWND candidate : candidates) {
         if (!CanHaveFocus(candidate)) continue;
         SetFocus(candidate);

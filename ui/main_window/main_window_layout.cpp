@@ -76,6 +76,19 @@ void PlaceStatusLine(Divider& divider, RECT& area, int textHeight) {
     area.bottom = top;
 }
 
+// Leaves of a group's window its caption and its frame: the options inside are the main window's.
+void CutOutInside(HWND group, const RECT& place, int textHeight) {
+    constexpr int kFrame = 3;
+    const LONG width = place.right - place.left;
+    const LONG height = place.bottom - place.top;
+    const HRGN region = CreateRectRgn(0, 0, width, height);
+    const HRGN inside = CreateRectRgn(kFrame, textHeight, width - kFrame, height - kFrame);
+    CombineRgn(region, region, inside, RGN_DIFF);
+    DeleteObject(inside);
+    // The window owns the region.
+    SetWindowRgn(group, region, FALSE);
+}
+
 // The rule sets side by side in their frame, whose upper line is at `row.top`. Returns its right
 // edge.
 int PlaceRuleSets(Divider& divider, const RECT& row, int textHeight) {
@@ -88,7 +101,9 @@ int PlaceRuleSets(Divider& divider, const RECT& row, int textHeight) {
         divider.Place(OP_Rule + i, {left, optionTop, left + width, optionTop + height});
         left += width + divider.Length(kMargin);
     }
-    divider.Place(GR_Rule, {row.left, row.top - textHeight / 2, left, row.bottom});
+    const RECT frame{row.left, row.top - textHeight / 2, left, row.bottom};
+    divider.Place(GR_Rule, frame);
+    CutOutInside(divider.Control(GR_Rule), frame, textHeight);
     return left;
 }
 
@@ -174,9 +189,8 @@ void LayOutMainWindow(HWND window, Layout& layout) {
     PlacePanes(divider, area, layout, textHeight);
     EndDeferWindowPos(divider.moves);
     FitNameColumn(GetDlgItem(window, LI_Sections));
-    // The gaps between the controls, and the frame that the window's background shows through.
+    // The gaps between the controls.
     InvalidateRect(window, nullptr, TRUE);
-    InvalidateRect(GetDlgItem(window, GR_Rule), nullptr, TRUE);
 }
 
 void PlaceOpenButton(HWND window, const Layout& layout) {

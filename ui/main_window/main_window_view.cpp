@@ -24,6 +24,12 @@ void SetText(HWND control, const std::wstring& text) {
     SetWindowTextW(control, text.c_str());
 }
 
+// The text of a label that the window draws.
+void SetLabel(int id, const std::wstring& text) {
+    SetText(MainControl(id), text);
+    InvalidateRect(MainControl(id), nullptr, TRUE);
+}
+
 // ---- Contents ----------------------------------------------------------------------------------
 
 void SetRows(const std::vector<ModelRow>& rows) {
@@ -152,8 +158,8 @@ void FillInContents(View& view) {
     view.isPreviewOn = [] { return IsDlgButtonChecked(MainHandle(), OP_Preview) == BST_CHECKED; };
     view.redrawPreview = [] { RedrawSectionPicture(MainControl(PIC_Section)); };
     view.clearPreview = [] { ClearSectionPicture(MainControl(PIC_Section)); };
-    view.setPositionText = [](const std::wstring& text) { SetText(MainControl(LB_X), text); };
-    view.setFrameText = [](const std::wstring& text) { SetText(MainControl(LB_Frame), text); };
+    view.setPositionText = [](const std::wstring& text) { SetLabel(LB_X, text); };
+    view.setFrameText = [](const std::wstring& text) { SetLabel(LB_Frame, text); };
     view.setSectionMenuCaption = [](const std::wstring& text) {
         SetSectionMenuText(MainHandle(), text);
     };
@@ -176,9 +182,7 @@ void FillInMainWindow(View& view) {
     view.closeMainWindow = [] { SendMessageW(MainHandle(), WM_CLOSE, 0, 0); };
     view.setMainCaption = [](const std::wstring& text) { SetText(MainHandle(), text); };
     view.report.statusCaption = [] { return WindowText(MainControl(PAN_Help)); };
-    view.report.setStatusCaption = [](const std::wstring& text) {
-        SetText(MainControl(PAN_Help), text);
-    };
+    view.report.setStatusCaption = [](const std::wstring& text) { SetLabel(PAN_Help, text); };
     view.report.setStatusColour = SetStatusColour;
     view.report.statusTag = StatusTag;
     view.report.setStatusTag = SetStatusTag;

@@ -14,7 +14,7 @@ using Events = std::vector<std::string>;
 TEST(HelpCommands, AboutBoxIsHeadedByTitleAndVersion) {
     const test::FakeView screen;
     ME_HelpAbout_Click();
-    EXPECT_EQ(test::RecordedReports::events, Events{"about Corvanev1.0"});
+    EXPECT_EQ(test::RecordedReports::events, Events{"about Corvane v1.0"});
 }
 
 TEST(HelpCommands, HeadingFollowsTheRuleSetAndDebugMode) {
@@ -22,7 +22,7 @@ TEST(HelpCommands, HeadingFollowsTheRuleSetAndDebugMode) {
     shell.title = L"Corvane MIL";
     shell.debugMode = true;
     ME_HelpAbout_Click();
-    EXPECT_EQ(test::RecordedReports::events, Events{"about Corvane MILv1.0 (r0)"});
+    EXPECT_EQ(test::RecordedReports::events, Events{"about Corvane MIL v1.0 (r0)"});
 }
 
 }  // namespace
