@@ -6,7 +6,7 @@
 namespace corvane {
 
 void ME_HelpAbout_Click() {
-    shell.view.showAbout(shell.title + L"v" + VersionText(kProgramVersion, shell.debugMode));
+    shell.view.showAbout(shell.title + L" v" + VersionText(kProgramVersion, shell.debugMode));
 }
 
 }  // namespace corvane

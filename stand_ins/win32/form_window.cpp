@@ -21,7 +21,7 @@ constexpr int kGroupGap = 12;
 constexpr int kFieldWidth = 330;
 constexpr int kNumberWidth = 90;
 constexpr int kDropHeight = 300;
-constexpr int kLinesShown = 5;
+constexpr int kLinesShown = 3;
 
 // The one window of the process; the procedures of the screen reach it here.
 struct FormWindow {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "bsd/labels.h"
 #include "report/messages.h"
 #include "shell/commands/commands.h"
 #include "shell/state.h"
@@ -26,10 +27,13 @@ struct AboutBox {
     ProductPanel panel;
 };
 
-// Text of a field of several lines.
+// What the suite says of the program, and the legal notice below, as the text of a field of several
+// lines.
 std::wstring NoticeText() {
+    std::wstring text = BsdLabel(kLabelAbout) + L"\r\r" + GetMessage(kMsgLegalNotice);
+    std::erase(text, L'\n');
     std::wstring lines;
-    for (const wchar_t character : ExpandLineBreaks(GetMessage(kMsgLegalNotice))) {
+    for (const wchar_t character : ExpandLineBreaks(text)) {
         lines += character;
         if (character == L'\r') lines += L'\n';
     }

@@ -90,7 +90,10 @@ void OnInitialise(HWND window) {
     SetFocus(first);
     // Only now: a field without a size would scroll its text away.
     const LRESULT code = SendMessageW(first, WM_GETDLGCODE, 0, 0);
-    if ((code & DLGC_HASSETSEL) != 0) SendMessageW(first, EM_SETSEL, 0, -1);
+    if ((code & DLGC_HASSETSEL) == 0) return;
+    // From the end, so that a long text shows its beginning.
+    SendMessageW(first, EM_SETSEL, static_cast<WPARAM>(GetWindowTextLengthW(first)), 0);
+    SendMessageW(first, EM_SCROLLCARET, 0, 0);
 }
 
 bool MayClose(HWND window) {

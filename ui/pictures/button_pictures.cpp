@@ -49,7 +49,7 @@ bool IsHighContrast() {
 void DrawKindBehind(DrawnPicture& picture, ModelKind kind, const Ink& ink) {
     const double scale = picture.scale;
     picture.scale = scale * 26 / kKindUnits;
-    DrawKind(picture, kind, ink.Of(KindColour(kind)));
+    DrawKind(picture, kind, ink.Of(KindColour(kind, COLOR_BTNFACE, COLOR_BTNTEXT)));
     picture.scale = scale;
 }
 

@@ -99,10 +99,11 @@ uint32_t IconPixel(const DrawnPicture::Pixel& pixel) {
            Byte(pixel.green / pixel.opacity) << 8 | Byte(pixel.blue / pixel.opacity);
 }
 
-HBITMAP BitmapOf(const DrawnPicture& picture) {
+// The picture at the left of a bitmap that is `width` pixels wide.
+HBITMAP BitmapOf(const DrawnPicture& picture, int width) {
     BITMAPINFO info{};
     info.bmiHeader.biSize = sizeof(info.bmiHeader);
-    info.bmiHeader.biWidth = picture.size;
+    info.bmiHeader.biWidth = width;
     info.bmiHeader.biHeight = -picture.size;
     info.bmiHeader.biPlanes = 1;
     info.bmiHeader.biBitCount = 32;
@@ -110,7 +111,12 @@ HBITMAP BitmapOf(const DrawnPicture& picture) {
     void* bits = nullptr;
     const HBITMAP bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
     if (bitmap == nullptr) return nullptr;
-    std::ranges::transform(picture.pixels, static_cast<uint32_t*>(bits), IconPixel);
+    auto* row = static_cast<uint32_t*>(bits);
+    for (auto pixel = picture.pixels.begin(); pixel != picture.pixels.end();
+         pixel += picture.size) {
+        std::transform(pixel, pixel + picture.size, row, IconPixel);
+        row += width;
+    }
     return bitmap;
 }
 
@@ -140,12 +146,15 @@ void Fill(DrawnPicture& picture, std::span<const PicturePoint> outline, COLORREF
 }
 
 void AddPicture(HIMAGELIST icons, const DrawnPicture& picture) {
+    int width = 0;
+    int height = 0;
+    ImageList_GetIconSize(icons, &width, &height);
     // The picture's opacity decides; the mask is only there because an icon has one.
-    const std::vector<uint8_t> noMask(static_cast<size_t>(picture.size) * picture.size);
+    const std::vector<uint8_t> noMask(static_cast<size_t>(width) * height);
     ICONINFO parts{};
     parts.fIcon = TRUE;
-    parts.hbmColor = BitmapOf(picture);
-    parts.hbmMask = CreateBitmap(picture.size, picture.size, 1, 1, noMask.data());
+    parts.hbmColor = BitmapOf(picture, width);
+    parts.hbmMask = CreateBitmap(width, height, 1, 1, noMask.data());
     const HICON icon = CreateIconIndirect(&parts);
     ImageList_ReplaceIcon(icons, -1, icon);
     DestroyIcon(icon);

@@ -36,7 +36,7 @@ void Stroke(DrawnPicture& picture, std::span<const PicturePoint> points, double 
 // Fills the area within the points.
 void Fill(DrawnPicture& picture, std::span<const PicturePoint> outline, COLORREF colour);
 
-// Appends the picture to a list of 32-bit icons of its size.
+// Appends the picture to a list of 32-bit icons of its height. In a wider list it is at the left.
 void AddPicture(HIMAGELIST icons, const DrawnPicture& picture);
 
 }  // namespace corvane

@@ -1,5 +1,6 @@
 #include "ui/pictures/list_icons.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <vector>
@@ -8,6 +9,27 @@
 
 namespace corvane {
 namespace {
+
+// Between an icon and the name beside it [pixels at 96 dots per inch].
+constexpr int kGap = 3;
+
+// The least contrast of a sign with what it is on, 1 to 21.
+constexpr double kLeastContrast = 3;
+
+// As an eye weighs the colours, 0 to 1.
+double Luminance(COLORREF colour) {
+    const auto linear = [](int level) {
+        const double part = level / 255.0;
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(GetRValue(colour)) + 0.7152 * linear(GetGValue(colour)) +
+           0.0722 * linear(GetBValue(colour));
+}
+
+double Contrast(COLORREF a, COLORREF b) {
+    const auto [least, most] = std::minmax({Luminance(a), Luminance(b)});
+    return (most + 0.05) / (least + 0.05);
+}
 
 // Half of the ring in the middle, from one angle to the other [degrees], and its arrow head.
 void StrokeTurn(DrawnPicture& picture, int from, int to, COLORREF colour) {
@@ -57,9 +79,11 @@ constexpr void (*kDrawings[])(DrawnPicture& picture, COLORREF colour) = {DrawSec
 
 }  // namespace
 
-COLORREF KindColour(ModelKind kind) {
-    const uint32_t colour = FactsOf(kind).colour;
-    return RGB(colour >> 16 & 0xFF, colour >> 8 & 0xFF, colour & 0xFF);
+COLORREF KindColour(ModelKind kind, int background, int text) {
+    const uint32_t facts = FactsOf(kind).colour;
+    const COLORREF colour = RGB(facts >> 16 & 0xFF, facts >> 8 & 0xFF, facts & 0xFF);
+    const bool isSeen = Contrast(colour, GetSysColor(background)) >= kLeastContrast;
+    return isSeen ? colour : GetSysColor(text);
 }
 
 void DrawKind(DrawnPicture& picture, ModelKind kind, COLORREF colour) {
@@ -69,10 +93,11 @@ void DrawKind(DrawnPicture& picture, ModelKind kind, COLORREF colour) {
 HIMAGELIST CreateKindIcons(UINT dpi) {
     const int size = SystemMetric(SM_CXSMICON, dpi);
     const HIMAGELIST icons =
-        ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, static_cast<int>(Kinds().size()), 0);
+        ImageList_Create(size + Scaled(kGap, dpi), size, ILC_COLOR32 | ILC_MASK,
+                         static_cast<int>(Kinds().size()), 0);
     for (const KindFacts& facts : Kinds()) {
         DrawnPicture picture = NewPicture(size, kKindUnits);
-        DrawKind(picture, facts.kind, KindColour(facts.kind));
+        DrawKind(picture, facts.kind, KindColour(facts.kind, COLOR_WINDOW, COLOR_WINDOWTEXT));
         AddPicture(icons, picture);
     }
     return icons;

@@ -10,7 +10,9 @@ namespace corvane {
 // Width and height of a kind's picture, in units.
 inline constexpr int kKindUnits = 16;
 
-COLORREF KindColour(ModelKind kind);
+// The kind's colour on a background of the system (COLOR_...); that of its text where the kind's
+// own would hardly be seen there, as in dark and high-contrast themes.
+COLORREF KindColour(ModelKind kind, int background, int text);
 // Draws the kind's picture, on a square of kKindUnits.
 void DrawKind(DrawnPicture& picture, ModelKind kind, COLORREF colour);
 
