@@ -18,8 +18,15 @@ void ReportText(const std::wstring& message, MessageArguments arguments) {
     reportView.processPendingMessages();
     FlagStatusFailed(text);
     reportView.unloadSplash();
-    // In a box every "²" is a line break, so a doubled one leaves a line empty.
     ShowWarning(SubstituteArguments(ExpandLineBreaks(message), arguments));
+}
+
+void SetStatus(const std::wstring& caption) {
+    reportView.setStatusColour(StatusColour::kButtonText);
+    if (LeadingInteger(reportView.statusTag()) != -1) return;
+    if (reportView.statusCaption() == caption) return;
+    reportView.setStatusCaption(caption);
+    reportView.processPendingMessages();
 }
 
 }  // namespace
@@ -34,10 +41,26 @@ void ReportMessage(std::wstring_view text, MessageArguments arguments) {
     ReportText(TextOrMessage(text), arguments);
 }
 
+void ReportMessage(int32_t number, MessageArguments arguments, const std::wstring& advice) {
+    ReportText(L"¤", {WithAdvice(BoxText(number, arguments), advice)});
+}
+
+std::wstring BoxText(int32_t number, MessageArguments arguments) {
+    return SubstituteArguments(ExpandLineBreaks(GetMessage(number)), arguments);
+}
+
+std::wstring WithAdvice(const std::wstring& text, const std::wstring& advice) {
+    return text + L"\r\r" + advice;
+}
+
 void ReportStatus(int32_t number, MessageArguments arguments) {
     std::wstring text = GetMessage(number);
     if (text.empty()) text = L"Status #" + GeneralText(number);
     ShowStatus(SubstituteArguments(text, arguments));
+}
+
+void ReportNote(int32_t number, MessageArguments arguments) {
+    SetStatus(FormatMessage(number, arguments));
 }
 
 void ReportSilent(int32_t number, MessageArguments arguments) {
@@ -49,12 +72,7 @@ void ReportSilent(std::wstring_view text, MessageArguments arguments) {
 }
 
 void ShowStatus(std::wstring_view text) {
-    reportView.setStatusColour(StatusColour::kButtonText);
-    if (LeadingInteger(reportView.statusTag()) != -1) return;
-    const std::wstring shown = text.empty() ? std::wstring() : std::wstring(text) + L"...";
-    if (reportView.statusCaption() == shown) return;
-    reportView.setStatusCaption(shown);
-    reportView.processPendingMessages();
+    SetStatus(text.empty() ? std::wstring() : std::wstring(text) + L"...");
 }
 
 void FlagStatusFailed(std::wstring_view text) {
