@@ -164,6 +164,9 @@ std::wstring RawCommandLine();
 // process of the user's session holds it. The name is made from the program's path, so that a copy
 // elsewhere is another program.
 bool ClaimSingleInstance();
+// Whether a process runs that was started from this program file. Processes that this user may not
+// look at do not count.
+bool IsProgramRunning(const std::wstring& path);
 // Why the last call of the system failed, for what a companion library has called; kErrorNone when
 // nothing has failed since ClearLastError.
 ErrorNumber LastError();
