@@ -148,11 +148,11 @@ bool Accept(HWND window, void* contents) {
     const EnterKey enter = OnEnterKey(window, box.lists);
     if (enter == EnterKey::kOpenedFolder) ShowNoSections(window, box);
     if (enter != EnterKey::kAccepts) return false;
+    const std::wstring path = ChosenFile(window, box.lists);
+    if (!RequireChosenFile(path)) return false;
     const bool createNew = IsCreateNew(window);
     const auto selected = SelectedItems(GetDlgItem(window, LI_Sections), box.items);
     if (!createNew && !RequireSelection(!selected.empty())) return false;
-    const std::wstring path = ChosenFile(window, box.lists);
-    if (!RequireChosenFile(path)) return false;
     box.choice = {path, createNew,
                   createNew ? int16_t{0} : static_cast<int16_t>(selected[0].number),
                   WindowText(GetDlgItem(window, TX_Name))};

@@ -98,7 +98,7 @@ void AddControls(HWND window, void* contents) {
     AddFileLists(window, box.lists);
     const DWORD button = WS_VISIBLE | WS_TABSTOP;
     AddControl(window, {BT_Browse, WC_BUTTONW, L"&Browse...", button | BS_PUSHBUTTON | WS_GROUP});
-    AddControl(window, {LB_Sections, WC_STATICW, L"&Sections:", WS_VISIBLE | SS_LEFT});
+    AddControl(window, {LB_Sections, WC_STATICW, L"Model&s:", WS_VISIBLE | SS_LEFT});
     AddControl(window, {LI_Sections, WC_LISTBOXW, L"",
                         WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY |
                             LBS_EXTENDEDSEL | LBS_NOINTEGRALHEIGHT,
@@ -182,11 +182,11 @@ bool Accept(HWND window, void* contents) {
     const EnterKey enter = OnEnterKey(window, box.lists);
     if (enter == EnterKey::kOpenedFolder) OnOtherFolder(window, box);
     if (enter != EnterKey::kAccepts) return false;
+    const std::wstring path = ChosenFile(window, box.lists);
+    if (!RequireChosenFile(path)) return false;
     std::vector<ExchangeItem> selected = SelectedItems(GetDlgItem(window, LI_Sections), box.items);
     const bool needsSelection = box.sectionsTag != kTagWithoutSections;
     if (needsSelection && !RequireSelection(!selected.empty())) return false;
-    const std::wstring path = ChosenFile(window, box.lists);
-    if (!RequireChosenFile(path)) return false;
     box.choice = {path, std::move(selected)};
     return true;
 }
