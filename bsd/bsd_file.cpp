@@ -13,7 +13,7 @@ namespace corvane {
 namespace {
 
 void WarnOfForeignFile(const std::wstring& path) {
-    ShowWarning(path + L" : not a valid Corvane file");
+    ShowWarning(WithAdvice(path + L" : not a valid Corvane file", BoxText(kMsgForeignFileAdvice)));
 }
 
 // Passes over the comment lines that follow.
@@ -77,7 +77,7 @@ bool SaveBsdToDatabase(const std::wstring& path, BasicShipData& bsd) {
         return false;
     }
     if (IsReadOnlyFile(path)) {
-        ShowWarning(path + L" is read only!");
+        ShowWarning(WithAdvice(path + L" is read only!", BoxText(kMsgReadOnlyAdvice)));
         return false;
     }
     TextReader reader;

@@ -48,10 +48,8 @@ bool MoveToWritableFile(std::wstring& path, AskForDatabase ask) {
     // Meanwhile the user may have made the file itself writable, and named it again.
     if (!IsSameFile(target, path)) {
         const ReplaceResult copied = PutCopy(path, target);
-        if (!copied.Done()) {
-            ReportTextNotWritten(target, copied.error);
-            return false;
-        }
+        ReportReplacement(copied, kMsgFileNotMade, {target, ReasonOf(copied.error)});
+        if (!copied.Done()) return false;
     }
     path = target;
     return true;

@@ -1,7 +1,6 @@
 #include "files/file_system.h"
 
 #include <array>
-#include <cassert>
 #include <memory>
 
 #include "files/paths.h"
@@ -103,12 +102,24 @@ void SwapWithBackup(const std::wstring& copy, const std::wstring& target, Replac
     }
 }
 
-void PutInPlace(const std::wstring& copy, const std::wstring& target, bool targetExists,
-                ReplaceResult& result) {
-    if (targetExists) result.error = system::CopyAttributes(target, copy);
+// Nobody was asked about a target that was not there.
+void PutInNewPlace(const std::wstring& copy, ReplaceResult& result) {
+    result.error = CallPatiently(IsHeldByAnother,
+                                 [&] { return system::RenameToNewName(copy, result.target); });
+}
+
+void PutInPlaceOfOld(const std::wstring& copy, ReplaceResult& result) {
+    result.error = system::CopyAttributes(result.target, copy);
     if (!result.Done()) return;
-    result.error = RenamePatiently(copy, target);
-    if (targetExists && IsHeldByAnother(result.error)) SwapWithBackup(copy, target, result);
+    result.error = RenamePatiently(copy, result.target);
+    if (IsHeldByAnother(result.error)) SwapWithBackup(copy, result.target, result);
+}
+
+// Why a target cannot be replaced at all.
+ErrorNumber RefusalOf(const system::FileStatus& target, TargetKind kind) {
+    if (!target.exists) return kErrorNone;
+    if (kind == TargetKind::kNew) return system::kErrorFileExists;
+    return target.isReadOnly || target.isDirectory ? system::kErrorAccessDenied : kErrorNone;
 }
 
 }  // namespace
@@ -126,6 +137,13 @@ bool FileExists(const std::wstring& path) {
     return error == kErrorNone;
 }
 
+bool IsOutOfReach(const std::wstring& path) {
+    if (FileExists(path)) return false;
+    system::FileStatus status;
+    if (system::GetFileStatus(path, status) != kErrorNone) return true;
+    return status.exists ? !status.isDirectory : !IsDirectory(DirectoryOf(path));
+}
+
 bool IsDirectory(const std::wstring& path) {
     system::FileStatus status;
     return system::GetFileStatus(StripTrailingBackslash(path), status) == kErrorNone &&
@@ -138,6 +156,12 @@ bool IsReadOnlyFile(const std::wstring& path) {
 }
 
 bool IsSameFile(const std::wstring& a, const std::wstring& b) {
+    system::FileIdentity first;
+    system::FileIdentity second;
+    if (system::GetFileIdentity(a, first) == kErrorNone &&
+        system::GetFileIdentity(b, second) == kErrorNone) {
+        return first == second;
+    }
     return EqualsIgnoringCase(system::AbsolutePath(a), system::AbsolutePath(b));
 }
 
@@ -169,6 +193,12 @@ ErrorNumber RemoveOwnFile(const std::wstring& path) {
     return error;
 }
 
+ErrorNumber CheckFolderTakesFiles(const std::wstring& folder, std::wstring& leftOver) {
+    const ErrorNumber error = system::NewTemporaryName(folder, kTemporaryPrefix, leftOver);
+    if (!leftOver.empty() && RemoveOwnFile(leftOver) == kErrorNone) leftOver.clear();
+    return error;
+}
+
 ErrorNumber NewTemporaryFile(std::wstring& path) {
     path.clear();
     const std::wstring directory = system::TemporaryDirectory();
@@ -183,19 +213,17 @@ std::wstring TempFileName() {
     return error == kErrorNone ? name : std::wstring();
 }
 
-ReplaceResult PutCopy(const std::wstring& source, const std::wstring& target) {
+ReplaceResult PutCopy(const std::wstring& source, const std::wstring& target, TargetKind kind) {
     ReplaceResult result;
-    const std::wstring path = system::AbsolutePath(target);
-    assert(!IsSameFile(source, path));
+    result.target = system::AbsolutePath(target);
+    result.newText = source;
     system::FileStatus status;
-    result.error = system::GetFileStatus(path, status);
-    if (status.exists && (status.isReadOnly || status.isDirectory)) {
-        result.error = system::kErrorAccessDenied;
-    }
+    result.error = system::GetFileStatus(result.target, status);
+    if (result.Done()) result.error = RefusalOf(status, kind);
     if (!result.Done()) return result;
     std::wstring copy;
-    result.error = CopyBeside(source, path, copy);
-    if (result.Done()) PutInPlace(copy, path, status.exists, result);
+    result.error = CopyBeside(source, result.target, copy);
+    if (result.Done()) status.exists ? PutInPlaceOfOld(copy, result) : PutInNewPlace(copy, result);
     if (!result.Done() && !copy.empty()) RemoveOrTell(copy, result);
     return result;
 }

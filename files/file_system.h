@@ -14,10 +14,14 @@ bool FileExists(const std::wstring& path);
 // Whether a file that is to be rewritten can be opened for reading: kErrorNone, or why not. A
 // program that holds the file exclusively is waited for, about a second.
 system::ErrorNumber AwaitReadable(const std::wstring& path);
+// Whether a file that cannot be opened may be there all the same: another program locks it, or its
+// drive or folder cannot be reached. False where the folder is there without such a file.
+bool IsOutOfReach(const std::wstring& path);
 bool IsDirectory(const std::wstring& path);
 bool IsReadOnlyFile(const std::wstring& path);
-// Whether two paths name one file: their absolute forms are spelled alike, but for upper and lower
-// case. The one answer to that question.
+// Whether two paths name one file: the system's identity of files decides where both exist, so that
+// links and short names count; otherwise the absolute paths, upper and lower case aside. The one
+// answer to that question.
 bool IsSameFile(const std::wstring& a, const std::wstring& b);
 
 // Deletes a file; nothing happens when there is none.
@@ -26,6 +30,10 @@ void KillFile(const std::wstring& path);
 // Deletes a file that this run has made and closed, even if another program holds it: that is
 // waited for, about a second. A file that is not there is not an error.
 system::ErrorNumber RemoveOwnFile(const std::wstring& path);
+
+// Whether a folder takes a new file: kErrorNone, or why not. One is made and removed again;
+// `leftOver` gets its name when it could not be removed.
+system::ErrorNumber CheckFolderTakesFiles(const std::wstring& folder, std::wstring& leftOver);
 
 // Creates an empty file under a new name in the temporary folder, beginning with the application
 // title's first three characters. `path` is empty after a failure, unless a file was made that
@@ -36,9 +44,12 @@ system::ErrorNumber NewTemporaryFile(std::wstring& path);
 // three characters. The caller creates the file. Empty when there is no temporary folder.
 std::wstring TempFileName();
 
-// What ReplaceFile did. On success `error` is kErrorNone. On failure the target is untouched and
-// the new text is still in the temporary file.
+// What ReplaceFile or PutCopy did. On success `error` is kErrorNone. On failure the target is
+// untouched and the new text is still where it came from. ReportReplacement (files/rewrite.h) shows
+// all that the user must know of it.
 struct ReplaceResult {
+    std::wstring target;   // absolute
+    std::wstring newText;  // the file with the new text
     system::ErrorNumber error = system::kErrorNone;
     // The one exception, when a system's own swap of two files stops halfway and cannot be undone:
     // the target is missing and its old text is whole in this file. Empty otherwise.
@@ -52,11 +63,15 @@ struct ReplaceResult {
 // `temporary`. The target is never missing and never half written on the way: the text is copied
 // to a new file beside the target, flushed to the disk, and renamed over it; a program that holds
 // the target is waited for, about a second. The target keeps its attributes. A read-only target
-// is refused (kErrorAccessDenied) before anything is touched.
+// is refused (kErrorAccessDenied) before anything is touched. Where there was no target, one that
+// somebody makes meanwhile stays, and the result is kErrorFileExists.
 ReplaceResult ReplaceFile(const std::wstring& temporary, const std::wstring& target);
 
-// As ReplaceFile, but `source` stays: a copy of its text takes the place of `target`.
-ReplaceResult PutCopy(const std::wstring& source, const std::wstring& target);
+// As ReplaceFile, but `source`, another file, stays: a copy of its text takes the place of
+// `target`. kNew: a target that is there is left alone (kErrorFileExists).
+enum class TargetKind { kAny, kNew };
+ReplaceResult PutCopy(const std::wstring& source, const std::wstring& target,
+                      TargetKind kind = TargetKind::kAny);
 
 // Makes the drive of `path`, and then its folder, the current ones; "" is the root of the current
 // drive. Errors are ignored.

@@ -1,6 +1,7 @@
 #include "files/paths.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "platform/system.h"
 #include "text/text.h"
@@ -52,6 +53,23 @@ std::wstring FileExtension(std::wstring_view name) {
     const size_t point = trimmed.rfind(L'.');
     if (point == std::wstring::npos) return {};
     return LowerCase(trimmed.substr(point + 1));
+}
+
+bool IsFullPath(std::wstring_view path) {
+    const auto isSeparator = [](wchar_t c) { return c == L'\\' || c == L'/'; };
+    if (path.size() < 3) return false;
+    return path[1] == L':' ? isSeparator(path[2]) : isSeparator(path[0]) && isSeparator(path[1]);
+}
+
+bool IsDeviceName(std::wstring_view path) {
+    static constexpr std::wstring_view kNames[] = {L"con", L"prn",    L"aux",
+                                                   L"nul", L"conin$", L"conout$"};
+    const std::wstring file = LowerCase(FileNameOf(path));
+    const std::wstring name = Trim(file.substr(0, file.find(L'.')));
+    if (std::ranges::find(kNames, name) != std::end(kNames)) return true;
+    // Ports are numbered from 1 to 9; a raised digit is a number, too.
+    const bool isPort = name.size() == 4 && (name.starts_with(L"com") || name.starts_with(L"lpt"));
+    return isPort && std::wstring_view(L"123456789¹²³").find(name[3]) != std::wstring::npos;
 }
 
 std::wstring BackupPath(std::wstring_view path) {

@@ -24,6 +24,11 @@ std::wstring FileNameOf(std::wstring_view path);
 std::wstring StripExtension(std::wstring_view name);
 // The text after the last "." of the trimmed name, in lower case; "" without a ".".
 std::wstring FileExtension(std::wstring_view name);
+// Whether a path begins with a drive and its root, or with another machine's name: it means the
+// same folder whatever the current directory is.
+bool IsFullPath(std::wstring_view path);
+// Whether the name, with any extension, is one that Windows keeps for a device: nul, com1 ...
+bool IsDeviceName(std::wstring_view path);
 // Where the old text of a file is kept: the name without its extension (StripExtension), ".bak".
 std::wstring BackupPath(std::wstring_view path);
 

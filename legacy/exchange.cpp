@@ -75,10 +75,6 @@ bool LacksDimensions(const SectionModel& section) {
     return section.breadth_m < kUnsetBelow || section.draught_m < kUnsetBelow;
 }
 
-bool IsSameFile(const std::wstring& a, const std::wstring& b) {
-    return EqualsIgnoringCase(system::AbsolutePath(a), system::AbsolutePath(b));
-}
-
 struct Target {
     const std::wstring& path;
     const std::wstring& told;  // in messages

@@ -75,6 +75,15 @@ struct FileStatus {
 
 // Fills `status`; a missing file is not an error (exists is false then).
 ErrorNumber GetFileStatus(const std::wstring& path, FileStatus& status);
+// What the system tells one file from all others by, whatever the path: a link, a short name and a
+// mapped drive lead to the same file.
+struct FileIdentity {
+    uint64_t volume = 0;
+    uint64_t file = 0;
+    bool operator==(const FileIdentity&) const = default;
+};
+// Of an existing file or folder.
+ErrorNumber GetFileIdentity(const std::wstring& path, FileIdentity& identity);
 ErrorNumber SetReadOnly(const std::wstring& path, bool readOnly);
 // Gives `to` the attributes (on the host: permissions) of `from`.
 ErrorNumber CopyAttributes(const std::wstring& from, const std::wstring& to);
@@ -84,6 +93,8 @@ ErrorNumber CopyBytes(const std::wstring& from, const std::wstring& to, bool ove
 // Renames a file on one volume, replacing `to`, and waits until the disk has it. Once the file is
 // in place there is no longer a failure: when the disk is late, it has the whole old text.
 ErrorNumber RenameOver(const std::wstring& from, const std::wstring& to);
+// Renames a file on one volume to a name that nobody has: kErrorFileExists when somebody does.
+ErrorNumber RenameToNewName(const std::wstring& from, const std::wstring& to);
 // Replaces an existing `target` by `replacement`. Works where a reader that permits
 // deletion holds the target open. The old text goes to `backup`, or is gone, where the system can
 // exchange the files in one step. After a failure `target` may be missing; its text is then in
@@ -157,6 +168,9 @@ std::wstring RawCommandLine();
 // process of the user's session holds it. The name is made from the program's path, so that a copy
 // elsewhere is another program.
 bool ClaimSingleInstance();
+// Whether a process runs that was started from this program file. Processes that this user may not
+// look at do not count.
+bool IsProgramRunning(const std::wstring& path);
 // Why the last call of the system failed, for what a companion library has called; kErrorNone when
 // nothing has failed since ClearLastError.
 ErrorNumber LastError();

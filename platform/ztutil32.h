@@ -37,10 +37,12 @@ void CORVANE_STDCALL GenerateID(char* buffer, int32_t size);
 void CORVANE_STDCALL LoginName(char* buffer, int32_t size);
 
 // Starts `commandLine` and returns when the started program has ended. The program file is the
-// text up to the first ".exe" that a blank or the end follows, so a folder with blanks in its name
-// needs no quotes. `windowStyle` is a show-window code, 0 no preference. While it waits the
-// calling thread's windows go on painting, but take no input. False: nothing was started, and the
-// system's last error says why. kProgramCrashed: it was started, and it crashed.
+// longest beginning that ends in ".exe" before a blank or the end and that is a file, so neither a
+// folder with blanks in its name nor one named "v1.exe files" needs quotes. `windowStyle` is a
+// show-window code, 0 no preference. While it waits the calling thread's windows go on painting,
+// but take no input. False: nothing was started, and the system's last error says why.
+// kProgramCrashed: it was started, and an exception that nobody handled ended it (exit codes
+// 0xC0000000 to 0xCFFFFFFF, and 0xE06D7363).
 int16_t CORVANE_STDCALL ShellAndWait(const char* commandLine, int16_t windowStyle);
 
 // Asks the user for a file name.

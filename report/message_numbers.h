@@ -156,6 +156,31 @@
     X(kMsgOnlySections, 3560)           \
     X(kMsgNoLegacySection, 3561)        \
     X(kMsgNoFileSelected, 3570)         \
+    X(kMsgNoDatabaseOpen, 3605)         \
+    X(kMsgDatabaseOutOfReach, 3606)     \
+    X(kMsgProgramAdvice, 3607)          \
+    X(kMsgDataDirectoryRefused, 3608)   \
+    X(kMsgFileAdvice, 3609)             \
+    X(kMsgDeviceName, 3610)             \
+    X(kMsgMadeMeanwhile, 3611)          \
+    X(kMsgFolderNotWritable, 3612)      \
+    X(kMsgMakeRoom, 3613)               \
+    X(kMsgCloseOtherProgram, 3614)      \
+    X(kMsgGetRights, 3615)              \
+    X(kMsgRepeatCommand, 3616)          \
+    X(kMsgModelGoneAdvice, 3617)        \
+    X(kMsgReadOnlyAdvice, 3618)         \
+    X(kMsgBackupKept, 3619)             \
+    X(kMsgNoBackupKept, 3620)           \
+    X(kMsgReplacedDataAdvice, 3621)     \
+    X(kMsgOldExtensionAdvice, 3622)     \
+    X(kMsgForeignFileAdvice, 3623)      \
+    X(kMsgInvalidDataAdvice, 3624)      \
+    X(kMsgProgramStillRuns, 3625)       \
+    X(kMsgReplaceOpenQuestion, 3626)    \
+    X(kMsgSavedAsLegacy, 3627)          \
+    X(kMsgSectionExported, 3628)        \
+    X(kMsgDataImported, 3629)           \
     X(kMsgNoWindowOfInstance, 3630)     \
     X(kMsgFileHandedOver, 3631)         \
     X(kMsgSettingsNotSaved, 3632)       \

@@ -18,7 +18,6 @@ void ReportText(const std::wstring& message, MessageArguments arguments) {
     reportView.processPendingMessages();
     FlagStatusFailed(text);
     reportView.unloadSplash();
-    // In a box every "²" is a line break, so a doubled one leaves a line empty.
     ShowWarning(SubstituteArguments(ExpandLineBreaks(message), arguments));
 }
 
@@ -34,10 +33,26 @@ void ReportMessage(std::wstring_view text, MessageArguments arguments) {
     ReportText(TextOrMessage(text), arguments);
 }
 
+void ReportMessage(int32_t number, MessageArguments arguments, const std::wstring& advice) {
+    ReportText(L"¤", {WithAdvice(BoxText(number, arguments), advice)});
+}
+
+std::wstring BoxText(int32_t number, MessageArguments arguments) {
+    return SubstituteArguments(ExpandLineBreaks(GetMessage(number)), arguments);
+}
+
+std::wstring WithAdvice(const std::wstring& text, const std::wstring& advice) {
+    return text + L"\r\r" + advice;
+}
+
 void ReportStatus(int32_t number, MessageArguments arguments) {
     std::wstring text = GetMessage(number);
     if (text.empty()) text = L"Status #" + GeneralText(number);
     ShowStatus(SubstituteArguments(text, arguments));
+}
+
+void ReportNote(int32_t number, MessageArguments arguments) {
+    ShowNote(FormatMessage(number, arguments));
 }
 
 void ReportSilent(int32_t number, MessageArguments arguments) {

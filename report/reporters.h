@@ -48,8 +48,17 @@ extern ReportView reportView;
 // the message. A text that reads as a number is the number of a message.
 void ReportMessage(int32_t number, MessageArguments arguments = {});
 void ReportMessage(std::wstring_view text, MessageArguments arguments = {});
+// The same with advice of ours below the message, after an empty line.
+void ReportMessage(int32_t number, MessageArguments arguments, const std::wstring& advice);
+// A message as boxes show it: a question, or advice. In a box a doubled "²" leaves a line empty.
+std::wstring BoxText(int32_t number, MessageArguments arguments = {});
+// A text of a box with advice below it.
+std::wstring WithAdvice(const std::wstring& text, const std::wstring& advice);
+
 // The message in the status label.
 void ReportStatus(int32_t number, MessageArguments arguments = {});
+// The message in the status label as it is: what has ended well, or what to do next.
+void ReportNote(int32_t number, MessageArguments arguments = {});
 // Only turns the status label red, for faults that must not interrupt the user.
 void ReportSilent(int32_t number, MessageArguments arguments = {});
 void ReportSilent(std::wstring_view text, MessageArguments arguments = {});

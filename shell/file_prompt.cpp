@@ -54,6 +54,7 @@ bool HasForbiddenCharacter(std::wstring_view path) {
 constexpr int32_t kMsgNone = 0;
 
 int32_t FaultOfName(const std::wstring& path) {
+    if (IsDeviceName(path)) return kMsgDeviceName;
     if (HasForbiddenCharacter(path)) return kMsgNameNotUsable;
     if (path.size() > kLongestPath) return kMsgPathTooLong;
     if (IsDirectory(path)) return kMsgNameOfFolder;
@@ -66,12 +67,25 @@ int32_t FaultOfTarget(const std::wstring& path) {
     return kMsgNone;
 }
 
+// False, and reported, when there is a fault.
+bool RequireNoFault(int32_t fault, const std::wstring& path) {
+    if (fault == kMsgDeviceName) {
+        ReportMessage(fault, {FileNameOf(path)});
+    } else if (fault == kMsgPathTooLong) {
+        ReportMessage(fault, {path, static_cast<int32_t>(path.size())});
+    } else if (fault == kMsgFileMissing) {
+        ReportMessage(fault, {path}, BoxText(kMsgFileAdvice));
+    } else if (fault != kMsgNone) {
+        ReportMessage(fault, {path});
+    }
+    return fault == kMsgNone;
+}
+
 bool IsUsable(const std::wstring& path, bool toSave) {
     int32_t fault = FaultOfName(path);
     if (fault == kMsgNone && toSave) fault = FaultOfTarget(path);
     if (fault == kMsgNone && !toSave && !FileExists(path)) fault = kMsgFileMissing;
-    if (fault != kMsgNone) ReportMessage(fault, {path});
-    return fault == kMsgNone;
+    return RequireNoFault(fault, path);
 }
 
 }  // namespace
@@ -90,7 +104,13 @@ std::wstring AskForWritableDatabase(const std::wstring& proposed) {
     prompt.caption = L"Save DB as...";
     prompt.title = GetMessage(kMsgDatabaseFiles);
     prompt.flags = -1;
-    return PromptForFileName(prompt);
+    const std::wstring answer = PromptForFileName(prompt);
+    if (answer.empty() || answer == kCancelled) return {};
+    std::wstring path = system::AbsolutePath(answer);
+    int32_t fault = FaultOfName(path);
+    // A read-only file is the edit's to report, which asks again.
+    if (fault == kMsgNone && !IsReadOnlyFile(path)) fault = FaultOfTarget(path);
+    return RequireNoFault(fault, path) ? path : std::wstring();
 }
 
 }  // namespace corvane

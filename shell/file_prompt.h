@@ -26,7 +26,8 @@ struct FileQuestion {
 std::wstring AskForFile(const FileQuestion& question);
 
 // The question of the edits (database/editing.h) about a read-only database: the prompt "Save DB
-// as...". Empty when the user cancels. BrowseDirectory stays.
+// as...". Empty when the user cancels, and when the name cannot be used, which is reported; a
+// read-only file can. BrowseDirectory stays.
 std::wstring AskForWritableDatabase(const std::wstring& proposed);
 
 inline constexpr size_t kLongestPath = 259;

@@ -26,8 +26,12 @@ std::wstring NewBaseName(const std::wstring& legacyPath) {
 }
 
 bool ConfirmWriting(const std::wstring& path) {
-    return !FileExists(path) ||
-           shell.view.askYesNo(ExpandLineBreaks(FormatMessage(kMsgOverwriteQuestion, {path})));
+    if (!FileExists(path)) return true;
+    if (!IsDatabaseOpen() || !IsSameFile(path, shell.database.path)) {
+        return shell.view.askIrreversible(BoxText(kMsgOverwriteQuestion, {path}));
+    }
+    const auto count = static_cast<int32_t>(shell.database.rows.size());
+    return shell.view.askIrreversible(BoxText(kMsgReplaceOpenQuestion, {path, count}));
 }
 
 // Appends the sections to a database that has no model.
@@ -83,8 +87,8 @@ void OpenLegacyDatabase(std::wstring path) {
     RefreshMainWindow();
 }
 
-void SaveAsLegacyDatabase(const std::wstring& path) {
-    MakeFile(path, [&](const std::wstring& temporary) {
+bool SaveAsLegacyDatabase(const std::wstring& path) {
+    return MakeFile(path, [&](const std::wstring& temporary) {
         return ExportDatabase(shell.database.path, temporary, path);
     });
 }

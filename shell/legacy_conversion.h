@@ -16,7 +16,7 @@ void OpenLegacyDatabase(std::wstring path = {});
 
 // Writes the sections of the open database into a new legacy database: when the library or the disk
 // fails, which is reported, the file of that name is as it was. A section that cannot be read is
-// reported and left out.
-void SaveAsLegacyDatabase(const std::wstring& path);
+// reported and left out. True when the file is there.
+bool SaveAsLegacyDatabase(const std::wstring& path);
 
 }  // namespace corvane

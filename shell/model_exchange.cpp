@@ -127,7 +127,9 @@ void ExportCurrentSection(const ExportChoice& choice) {
     }
     const std::wstring name = Trim(choice.name);
     if (choice.createNew && !name.empty()) section.name = name;
-    ExportSection(slot, section, shell.database.bsd);
+    if (ExportSection(slot, section, shell.database.bsd)) {
+        ReportNote(kMsgSectionExported, {Trim(section.name), slot.path});
+    }
 }
 
 }  // namespace corvane

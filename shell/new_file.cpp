@@ -1,35 +1,46 @@
 #include "shell/new_file.h"
 
 #include "files/file_system.h"
-#include "files/paths.h"
+#include "files/rewrite.h"
+#include "platform/system.h"
 #include "report/reporters.h"
 
 namespace corvane {
 namespace {
 
-void ReportNotMade(const std::wstring& path, system::ErrorNumber error) {
-    ReportMessage(kMsgFileNotMade, {path, system::ErrorText(error)});
+// Only a file that was there when the command began was the user asked about.
+TargetKind KindOfTarget(const std::wstring& path) {
+    system::FileStatus status;
+    system::GetFileStatus(path, status);
+    return status.exists ? TargetKind::kAny : TargetKind::kNew;
+}
+
+ReplaceResult Put(const std::wstring& source, const std::wstring& target, TargetKind kind) {
+    ReplaceResult result = PutCopy(source, target, kind);
+    ReportReplacement(result, kMsgFileNotMade, {target, ReasonOf(result.error)});
+    return result;
 }
 
 }  // namespace
 
 bool PutFile(const std::wstring& source, const std::wstring& target) {
-    if (IsSameFile(source, target)) return true;
-    const ReplaceResult result = PutCopy(source, target);
-    if (!result.Done()) ReportNotMade(target, result.error);
-    return result.Done();
+    return IsSameFile(source, target) || Put(source, target, KindOfTarget(target)).Done();
 }
 
 bool MakeFile(const std::wstring& target,
               const std::function<bool(const std::wstring& temporary)>& make) {
-    const std::wstring temporary = TempFileName();
-    if (temporary.empty()) {
-        ReportNotMade(target, system::kErrorPathNotFound);
+    const TargetKind kind = KindOfTarget(target);
+    std::wstring temporary;
+    const system::ErrorNumber error = NewTemporaryFile(temporary);
+    if (error != system::kErrorNone) {
+        ReportMessage(kMsgFileNotMade, {target, system::ErrorText(error)});
         return false;
     }
-    const bool isMade = make(temporary) && PutFile(temporary, target);
-    KillFile(temporary);
-    return isMade;
+    ReplaceResult result;
+    const bool isMade = make(temporary);
+    if (isMade) result = Put(temporary, target, kind);
+    if (result.oldText.empty()) KillFile(temporary);
+    return isMade && result.Done();
 }
 
 }  // namespace corvane

@@ -67,10 +67,6 @@ void LoadDatabase(const std::wstring& path) {
     AdoptDatabase(path, bsd);
 }
 
-void CloseDatabase() {
-    shell.database.path.clear();
-}
-
 void ContinueInCopy(const std::wstring& path) {
     shell.database.path = path;
 }
@@ -110,10 +106,19 @@ void RefreshMainWindow() {
     }
     shell.view.setMainCaption(MainWindowCaption());
     shell.view.updateEnabling();
-    ShowStatus(L"");
-    if (!IsBsdDefined(shell.database.bsd)) ReportStatus(kMsgInputBsdFirst);
+    ShowNextStep();
     if (IsRowSelected()) shell.view.focusList();
     ResetMousePointer();
+}
+
+void ShowNextStep() {
+    const std::wstring& remembered = shell.settings.DatabasePath;
+    ShowStatus(L"");
+    if (!IsDatabaseOpen()) {
+        if (remembered.empty()) return ReportNote(kMsgNoDatabaseOpen);
+        return ReportNote(kMsgDatabaseOutOfReach, {remembered});
+    }
+    if (!IsBsdDefined(shell.database.bsd)) ReportStatus(kMsgInputBsdFirst);
 }
 
 void SelectRow(int index) {
@@ -145,8 +150,23 @@ std::wstring MainWindowCaption() {
 bool RequireDatabase() {
     if (!IsDatabaseOpen()) return false;
     const bool isThere = FileExists(shell.database.path);
-    if (!isThere) ReportMessage(kMsgFileMissing, {shell.database.path});
+    if (!isThere) {
+        ReportMessage(kMsgFileMissing, {shell.database.path}, BoxText(kMsgFileAdvice));
+    }
     return isThere;
+}
+
+bool RequireWritableDatabase() {
+    const std::wstring& path = shell.database.path;
+    const bool isReadOnly = IsReadOnlyFile(path);
+    if (isReadOnly) ReportMessage(kMsgReadOnly, {path}, BoxText(kMsgReadOnlyAdvice));
+    return !isReadOnly;
+}
+
+bool RequireOtherFile(const std::wstring& path) {
+    const bool isOpen = IsDatabaseOpen() && IsSameFile(path, shell.database.path);
+    if (isOpen) ReportMessage(kMsgIsOpenDatabase, {path});
+    return !isOpen;
 }
 
 bool RequireModelInRow(const std::vector<ModelEntry>& models, int32_t row, const std::wstring& path,

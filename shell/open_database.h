@@ -34,7 +34,6 @@ bool IsDatabaseOpen();
 void AdoptDatabase(const std::wstring& path, const BasicShipData& bsd);
 // The same, with the ship record that the file has.
 void LoadDatabase(const std::wstring& path);
-void CloseDatabase();
 
 // A byte-for-byte copy of the open database becomes the open one.
 void ContinueInCopy(const std::wstring& path);
@@ -56,6 +55,10 @@ void SelectLastModelNext();
 // model's row is selected when there is one, as by a click.
 void RefreshMainWindow();
 
+// The status line between two commands: what is to be done next while there is no database or no
+// valid ship record, otherwise empty. A red line, and one that told of a success, goes.
+void ShowNextStep();
+
 // Row `index`, 0 the first, was clicked or reached by the keyboard: its model becomes the current
 // one, and preview, labels, buttons and the Section menu follow it.
 void SelectRow(int index);
@@ -75,6 +78,11 @@ std::wstring MainWindowCaption();
 // The open database's file can be read; a missing one is reported (message 1020). False without a
 // message when no database is open.
 bool RequireDatabase();
+
+// The open database may be changed; a read-only file is reported (message 1086).
+bool RequireWritableDatabase();
+// A file is another one than the open database; reported when it is the same.
+bool RequireOtherFile(const std::wstring& path);
 
 // The model in row `row`, from 1, of a database's list. False when the list has no model of that
 // number there, which is reported (1011, 3522).

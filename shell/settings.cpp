@@ -54,6 +54,14 @@ void ReadDirectories(const std::wstring& file, const std::wstring& programDirect
     if (!IsDirectory(settings.BrowseDirectory)) settings.BrowseDirectory = settings.WorkDirectory;
 }
 
+// A path that cannot be reached now stays remembered; a file that is gone is forgotten.
+std::wstring ReadDatabasePath(const std::wstring& file) {
+    const std::wstring value = ReadKey(file, kMsgDatabasePathKey, L"");
+    if (value.empty() || IsDeviceName(value)) return {};
+    const std::wstring path = system::AbsolutePath(value);
+    return FileExists(path) || IsOutOfReach(path) ? path : std::wstring();
+}
+
 bool WriteKey(const std::wstring& file, MessageNumber key, const std::wstring& value) {
     return WriteIniText(GetMessageBytes(kMsgSettingsSection), GetMessageBytes(key),
                         system::AnsiFromWide(value), file) == system::kErrorNone;
@@ -104,8 +112,7 @@ void ReadSettings(const std::wstring& file, ShellSettings& settings) {
 void ReadSettings(const std::wstring& file, const std::wstring& programDirectory,
                   ShellSettings& settings) {
     ReadDirectories(file, programDirectory, settings);
-    settings.DatabasePath = ReadKey(file, kMsgDatabasePathKey, L"");
-    if (!FileExists(settings.DatabasePath)) settings.DatabasePath.clear();
+    settings.DatabasePath = ReadDatabasePath(file);
     // A number out of range ends the reading; the fields after it stay as they were.
     if (!ReadLimit(file, kFirstLimit, settings)) return;
     settings.IntegerSetting = system::ReadProfileInteger(

@@ -15,10 +15,11 @@ struct ShellSettings {
         WorkDirectory;  // current directory after start-up and after opening; ends with "\"
     std::wstring BrowseDirectory;  // where file dialogs for databases start; after a dialog it ends
                                    // with "\"
-    std::wstring DatabasePath;     // the open database; empty: none
-    float FirstLimit = 0;          // the three limits and the integer are carried for the suite's
-    int32_t IntegerSetting = 0;    // other programs; IntegerSetting not 0 also means that Delete
-    float SecondLimit = 0;         // keeps a backup
+    // The database to open at the start, absolute, and at the end the open one. Empty: none.
+    std::wstring DatabasePath;
+    float FirstLimit = 0;        // the three limits and the integer are carried for the suite's
+    int32_t IntegerSetting = 0;  // other programs; IntegerSetting not 0 also means that Delete
+    float SecondLimit = 0;       // keeps a backup
     float ThirdLimit = 0;
     bool KeepDatabasePath = false;  // true: DatabasePath is not written back
 };
@@ -27,8 +28,8 @@ struct ShellSettings {
 inline constexpr int kLongestSetting = 400;
 
 // Fills the record in. What the file does not have, or what names nothing that exists, gets its
-// default; nothing is reported. A limit beyond the range of its type ends the reading: it and the
-// fields after it keep what they hold.
+// default; nothing is reported. A database that cannot be reached (IsOutOfReach) is kept. A limit
+// beyond the range of its type ends the reading: it and the fields after it keep what they hold.
 void ReadSettings(const std::wstring& file, ShellSettings& settings);
 // The same for a program that is in `programDirectory`, a path with a trailing "\".
 void ReadSettings(const std::wstring& file, const std::wstring& programDirectory,

@@ -99,11 +99,16 @@ bool StartUp(const std::wstring& commandLine) {
     shell.startDirectory = system::CurrentDirectory();
     WriteStartEntry();
     std::wstring path = shell.settings.DatabasePath;
-    if (!startFile.empty() && !FileExists(startFile)) {
-        ReportMessage(kMsgFileMissing, {startFile});
+    if (IsDeviceName(startFile)) {
+        ReportMessage(kMsgDeviceName, {FileNameOf(startFile)});
+    } else if (!startFile.empty() && !FileExists(startFile)) {
+        ReportMessage(kMsgFileMissing, {startFile}, BoxText(kMsgFileAdvice));
     } else if (FileExtension(startFile) == L"vel") {
         OpenLegacyFile(startFile);
-        if (IsDatabaseOpen()) return true;
+        if (IsDatabaseOpen()) {
+            ChangeToDirectory(shell.settings.WorkDirectory);
+            return true;
+        }
     } else if (!startFile.empty()) {
         path = startFile;
     }
@@ -122,7 +127,8 @@ bool CheckRegionalSettings() {
 }
 
 void ShutDown(bool sessionEnds) {
-    shell.settings.DatabasePath = shell.database.path;
+    // Without an open database the remembered one stays: it may be out of reach only today.
+    if (IsDatabaseOpen()) shell.settings.DatabasePath = shell.database.path;
     if (!WriteSettings(SettingsFile(), shell.settings) && !sessionEnds) {
         ReportMessage(kMsgSettingsNotSaved, {SettingsFilePath()});
     }

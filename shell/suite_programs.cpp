@@ -11,6 +11,7 @@
 #include "report/reporters.h"
 #include "shell/model_list.h"
 #include "shell/rule_set.h"
+#include "shell/running_mark.h"
 #include "shell/state.h"
 
 namespace corvane {
@@ -42,6 +43,27 @@ RunResult RunLocked(const std::wstring& commandLine) {
     const ShellLock lock;
     reportView.processPendingMessages();
     return RunAndWait(commandLine, kWindowStyle, shell.childRunning);
+}
+
+// A folder without its drive would be one beside whatever directory is the current one.
+bool RequireProgram(const std::wstring& program) {
+    const std::wstring folder = StripTrailingBackslash(shell.settings.DataDirectory);
+    const bool isFull = IsFullPath(shell.settings.DataDirectory);
+    if (isFull && FileExists(program)) return true;
+    if (isFull) {
+        ReportMessage(kMsgFileMissing, {program}, BoxText(kMsgProgramAdvice, {folder}));
+    } else {
+        ReportMessage(kMsgDataDirectoryRefused, {folder});
+    }
+    return false;
+}
+
+// Why a program was not started; some texts of the system have a mark in place of its path.
+std::wstring ReasonNotStarted(const ProgramRun& run) {
+    std::wstring reason = system::ErrorText(run.result.error);
+    const size_t mark = reason.find(L"%1");
+    if (mark != std::wstring::npos) reason.replace(mark, 2, FileNameOf(run.program));
+    return reason;
 }
 
 }  // namespace
@@ -84,16 +106,15 @@ RunResult RunAndWait(const std::wstring& commandLine) {
 bool RequireReadyForModels() {
     if (!RequireDatabase()) return false;
     const bool isDefined = IsBsdDefined(shell.database.bsd);
-    if (!isDefined) ShowWarning(L"Please input valid BSD first");
+    if (!isDefined) {
+        ShowWarning(WithAdvice(L"Please input valid BSD first", BoxText(kMsgInvalidDataAdvice)));
+    }
     return isDefined;
 }
 
 bool RunProgram(ProgramRun& run, int32_t model) {
     SetBusyPointer();
-    if (!FileExists(run.program)) {
-        ReportMessage(kMsgFileMissing, {run.program});
-        return false;
-    }
+    if (!RequireProgram(run.program)) return false;
     const std::wstring commandLine = CommandLine(run.program, model);
     if (system::WideFromAnsi(system::AnsiFromWide(commandLine)) != commandLine) {
         ReportMessage(kMsgPathNotTold, {FileNameOf(run.program), shell.database.path});
@@ -106,7 +127,9 @@ bool RunProgram(ProgramRun& run, int32_t model) {
     run.wasDatabase = IsDatabaseFile(shell.database.path);
     run.wasReadOnly = status.isReadOnly;
     run.modified = status.modified;
+    WriteRunningMark(run.program, shell.database.path);
     run.result = RunAndWait(commandLine);
+    RemoveRunningMark();
     return true;
 }
 
@@ -125,7 +148,7 @@ void ReportRun(const ProgramRun& run) {
     const std::wstring name = FileNameOf(run.program);
     const std::wstring& path = shell.database.path;
     if (!run.result.HasRun()) {
-        ReportMessage(kMsgProgramNotStarted, {run.program, system::ErrorText(run.result.error)});
+        ReportMessage(kMsgProgramNotStarted, {run.program, ReasonNotStarted(run)});
         return;
     }
     if (run.result.crashed) ReportMessage(kMsgProgramCrashed, {name});

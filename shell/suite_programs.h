@@ -52,9 +52,9 @@ struct ProgramRun {
 bool RequireReadyForModels();
 
 // Runs `run.program` on the open database, for a model or for none, with message 622 in the status
-// line, and then what is open in which program. False when nothing was tried: a program
-// that is missing (message 1020), and a path that cannot be passed on in the code page of the
-// programs (kMsgPathNotTold), are reported.
+// line, and then what is open in which program. False when nothing was tried: a program that is
+// missing (message 1020), a DataDirectory that is not a full path (kMsgDataDirectoryRefused), and a
+// path that cannot be passed on in the code page of the programs (kMsgPathNotTold), are reported.
 bool RunProgram(ProgramRun& run, int32_t model = kNoModel);
 // Whether the database's file has another date and time than before the run, or is gone.
 bool HasDatabaseChanged(const ProgramRun& run);

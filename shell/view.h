@@ -28,11 +28,13 @@ struct View {
     bool (*askYesNo)(const std::wstring& text) = [](const std::wstring&) { return false; };
     // For what cannot be undone: No is the button that Enter presses.
     bool (*askIrreversible)(const std::wstring& text) = [](const std::wstring&) { return false; };
+    // Cancel is the button that Enter presses.
     bool (*askOkCancel)(const std::wstring& text) = [](const std::wstring&) { return false; };
     // An input box: `answer` is proposed, and becomes what the user typed. False when the user
     // cancelled.
-    bool (*askText)(const std::wstring& question, std::wstring& answer) =
-        [](const std::wstring&, std::wstring&) { return false; };
+    bool (*askText)(const std::wstring& caption, const std::wstring& question,
+                    std::wstring& answer) = [](const std::wstring&, const std::wstring&,
+                                               std::wstring&) { return false; };
     // FM_Export and FM_Inport: false when the user cancelled. The proposed name is in `choice`.
     bool (*askExport)(ExportChoice& choice) = [](ExportChoice&) { return false; };
     bool (*askImport)(ImportChoice& choice) = [](ImportChoice&) { return false; };

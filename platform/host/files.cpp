@@ -148,6 +148,16 @@ ErrorNumber GetFileStatus(const std::wstring& path, FileStatus& status) {
     return kErrorNone;
 }
 
+ErrorNumber GetFileIdentity(const std::wstring& path, FileIdentity& identity) {
+    std::string native;
+    const ErrorNumber error = NativePath(path, native);
+    if (error != kErrorNone) return error;
+    struct stat status;
+    if (stat(native.c_str(), &status) == -1) return ErrorOfPath(-1, native);
+    identity = {status.st_dev, status.st_ino};
+    return kErrorNone;
+}
+
 ErrorNumber SetReadOnly(const std::wstring& path, bool readOnly) {
     std::string native;
     const ErrorNumber error = NativePath(path, native);
@@ -204,6 +214,18 @@ ErrorNumber RenameOver(const std::wstring& from, const std::wstring& to) {
     if (error != kErrorNone) return error;
     if (IsReadOnly(nativeTo)) return kErrorAccessDenied;
     if (rename(nativeFrom.c_str(), nativeTo.c_str()) == -1) return ErrorOfPath(-1, nativeTo);
+    FlushFolderOf(nativeTo);
+    return kErrorNone;
+}
+
+ErrorNumber RenameToNewName(const std::wstring& from, const std::wstring& to) {
+    std::string nativeFrom;
+    std::string nativeTo;
+    const ErrorNumber error = NativePaths(from, to, nativeFrom, nativeTo);
+    if (error != kErrorNone) return error;
+    const int result =
+        renameat2(AT_FDCWD, nativeFrom.c_str(), AT_FDCWD, nativeTo.c_str(), RENAME_NOREPLACE);
+    if (result == -1) return ErrorOfPath(-1, nativeTo);
     FlushFolderOf(nativeTo);
     return kErrorNone;
 }

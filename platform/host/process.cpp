@@ -1,8 +1,11 @@
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 
 #include <cerrno>
 #include <cstdlib>
+#include <filesystem>
+#include <system_error>
 
 #include "platform/host/native.h"
 #include "platform/single_instance.h"
@@ -31,6 +34,19 @@ std::wstring RawCommandLine() {
 bool ClaimSingleInstance() {
     static const bool claimed = ClaimLockFile();
     return claimed;
+}
+
+bool IsProgramRunning(const std::wstring& path) {
+    std::string native;
+    struct stat wanted;
+    if (NativePath(path, native) != kErrorNone || stat(native.c_str(), &wanted) == -1) return false;
+    std::error_code ignored;
+    for (const auto& process : std::filesystem::directory_iterator("/proc", ignored)) {
+        struct stat found;
+        if (stat((process.path() / "exe").c_str(), &found) == -1) continue;
+        if (found.st_dev == wanted.st_dev && found.st_ino == wanted.st_ino) return true;
+    }
+    return false;
 }
 
 ErrorNumber LastError() {

@@ -150,6 +150,22 @@ ErrorNumber GetFileStatus(const std::wstring& path, FileStatus& status) {
     return kErrorNone;
 }
 
+ErrorNumber GetFileIdentity(const std::wstring& path, FileIdentity& identity) {
+    // Asks for no right to the contents, so that a file that others lock is found, too.
+    const OpenMode mode{0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING,
+                        FILE_FLAG_BACKUP_SEMANTICS};
+    File file;
+    ErrorNumber error = Open(path, mode, file);
+    if (error != kErrorNone) return error;
+    BY_HANDLE_FILE_INFORMATION data;
+    error = ErrorOf(GetFileInformationByHandle(HandleOf(file), &data) != 0);
+    CloseFile(file);
+    if (error != kErrorNone) return error;
+    identity = {data.dwVolumeSerialNumber,
+                uint64_t{data.nFileIndexHigh} << 32 | data.nFileIndexLow};
+    return kErrorNone;
+}
+
 ErrorNumber SetReadOnly(const std::wstring& path, bool readOnly) {
     const DWORD attributes = GetFileAttributesW(NativePath(path).c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) return GetLastError();
@@ -180,6 +196,12 @@ ErrorNumber RenameOver(const std::wstring& from, const std::wstring& to) {
     if (IsReadOnly(to)) return kErrorAccessDenied;
     return ErrorOf(MoveFileExW(NativePath(from).c_str(), NativePath(to).c_str(),
                                MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0);
+}
+
+ErrorNumber RenameToNewName(const std::wstring& from, const std::wstring& to) {
+    const ErrorNumber error = ErrorOf(
+        MoveFileExW(NativePath(from).c_str(), NativePath(to).c_str(), MOVEFILE_WRITE_THROUGH) != 0);
+    return error == ERROR_ALREADY_EXISTS ? kErrorFileExists : error;
 }
 
 // ReplaceFileW renames twice, so that a program that ends in between leaves the target missing. It

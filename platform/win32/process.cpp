@@ -1,6 +1,8 @@
 #include "platform/single_instance.h"
 #include "platform/system.h"
 #include "platform/win32/win32.h"
+// windows.h must come first.
+#include <tlhelp32.h>
 
 namespace corvane::system {
 namespace {
@@ -27,6 +29,21 @@ size_t UnquotedNameLength(const wchar_t* commandLine) {
     return path.size();
 }
 
+// Whether a process has not ended and was started from a program file.
+bool IsProcessOf(DWORD id, const FileIdentity& program) {
+    constexpr DWORD kLongestName = 0x8000;
+    const HANDLE process = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION | SYNCHRONIZE, FALSE, id);
+    if (process == nullptr) return false;
+    std::wstring path(kLongestName, L'\0');
+    DWORD length = kLongestName;
+    FileIdentity found;
+    const bool isRunning = WaitForSingleObject(process, 0) == WAIT_TIMEOUT;
+    const bool isNamed = QueryFullProcessImageNameW(process, 0, path.data(), &length) != 0;
+    CloseHandle(process);
+    path.resize(isNamed ? length : 0);
+    return isRunning && isNamed && GetFileIdentity(path, found) == kErrorNone && found == program;
+}
+
 }  // namespace
 
 std::wstring RawCommandLine() {
@@ -43,6 +60,22 @@ std::wstring RawCommandLine() {
 bool ClaimSingleInstance() {
     static const bool claimed = ClaimMutex();
     return claimed;
+}
+
+bool IsProgramRunning(const std::wstring& path) {
+    FileIdentity wanted;
+    if (GetFileIdentity(path, wanted) != kErrorNone) return false;
+    const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    if (snapshot == INVALID_HANDLE_VALUE) return false;
+    PROCESSENTRY32W entry{};
+    entry.dwSize = sizeof entry;
+    bool isFound = false;
+    for (BOOL more = Process32FirstW(snapshot, &entry); more != 0 && !isFound;
+         more = Process32NextW(snapshot, &entry)) {
+        isFound = IsProcessOf(entry.th32ProcessID, wanted);
+    }
+    CloseHandle(snapshot);
+    return isFound;
 }
 
 ErrorNumber LastError() {

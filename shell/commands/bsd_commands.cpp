@@ -3,21 +3,23 @@
 #include <string>
 
 #include "bsd/bsd_file.h"
-#include "files/file_system.h"
 #include "files/paths.h"
 #include "legacy/exchange.h"
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
 #include "shell/file_prompt.h"
+#include "shell/running_mark.h"
 #include "shell/state.h"
 #include "shell/suite_programs.h"
 
 namespace corvane {
 namespace {
 
-bool ConfirmErasing() {
+bool ConfirmErasing(const std::wstring& source) {
+    const std::wstring advice =
+        BoxText(kMsgReplacedDataAdvice, {FileNameOf(shell.database.path), FileNameOf(source)});
     return !IsBsdDefined(shell.database.bsd) ||
-           shell.view.askOkCancel(L"You will erase the current BSD !");
+           shell.view.askOkCancel(WithAdvice(L"You will erase the current BSD !", advice));
 }
 
 std::wstring AskForSource() {
@@ -26,9 +28,7 @@ std::wstring AskForSource() {
                                     .defaultExtension = L"bsd",
                                     .proposed = L"",
                                     .directory = shell.settings.BrowseDirectory});
-    if (path.empty() || !IsSameFile(path, shell.database.path)) return path;
-    ReportMessage(kMsgIsOpenDatabase, {path});
-    return {};
+    return path.empty() || RequireOtherFile(path) ? path : std::wstring();
 }
 
 bool ReadFrom(const std::wstring& path, BasicShipData& bsd) {
@@ -47,20 +47,18 @@ void ME_FileBSD_Click() {
     if (!RunProgram(run)) return;
     if (HasDatabaseChanged(run)) ReadShipRecordAgain();
     RefreshMainWindow();
-    ResetMousePointer();
-    ShowStatus(L"");
-    if (!IsBsdDefined(shell.database.bsd)) ReportStatus(kMsgInputBsdFirst);
     ReportRun(run);
 }
 
 void ME_FileImportBSD_Click() {
-    if (!RequireDatabase() || !ConfirmErasing()) return;
+    if (!RequireDatabase() || !RequireWritableDatabase() || !ConfirmEdit()) return;
     const std::wstring source = AskForSource();
-    if (source.empty()) return;
     BasicShipData bsd;
-    if (!ReadFrom(source, bsd) || !SaveBsdToDatabase(shell.database.path, bsd)) return;
+    if (source.empty() || !ReadFrom(source, bsd) || !ConfirmErasing(source)) return;
+    if (!SaveBsdToDatabase(shell.database.path, bsd)) return;
     AdoptShipRecord(bsd);
     RefreshMainWindow();
+    if (IsBsdDefined(bsd)) ReportNote(kMsgDataImported, {source});
 }
 
 }  // namespace corvane

@@ -7,8 +7,9 @@ namespace corvane {
 void ME_FileBSD_Click();
 
 // Takes the data from a standalone file ("bsd"), a legacy database ("vel") or a database (any other
-// extension) into the open database. When the source cannot be read, or the database cannot be
-// written, which is reported, the data are as they were.
+// extension) into the open database, whose valid data are replaced only when the user says so. When
+// the source cannot be read, or the database cannot be written, which is reported, the data are as
+// they were.
 void ME_FileImportBSD_Click();
 
 }  // namespace corvane

@@ -109,7 +109,9 @@ bool IsMenuEnabled(Menu menu) {
 
 void RunCommand(uint16_t id) {
     const Command* command = FindCommand(id);
-    if (command != nullptr && !shell.locked && IsEnabled(*command)) command->run();
+    if (command == nullptr || shell.locked || !IsEnabled(*command)) return;
+    ShowNextStep();
+    command->run();
 }
 
 const wchar_t* MenuCaption(Menu menu) {

@@ -5,7 +5,6 @@
 #include "bsd/bsd_file.h"
 #include "database/creating.h"
 #include "database/scanning.h"
-#include "files/file_system.h"
 #include "files/paths.h"
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
@@ -47,14 +46,15 @@ void ShowOpened(const std::wstring& path, const BasicShipData& bsd) {
 // ship's name in the copy and in `bsd` its folder's. False when the user cancelled, or the copy
 // failed.
 bool OfferCopy(std::wstring& path, BasicShipData& bsd) {
-    if (!shell.view.askYesNo(kCopyQuestion)) return true;
+    const std::wstring question = WithAdvice(kCopyQuestion, BoxText(kMsgOldExtensionAdvice));
+    if (!shell.view.askYesNo(question)) return true;
     const std::wstring baseName = BaseNameOf(path);
     const std::wstring copy = AskForFile({.command = ME_FileSaveAs,
                                           .types = GetMessage(kMsgDatabaseFiles),
                                           .proposed = baseName + L".ve2",
                                           .directory = shell.settings.WorkDirectory,
                                           .toSave = true});
-    if (copy.empty() || !PutFile(path, copy)) return false;
+    if (copy.empty() || !RequireOtherFile(copy) || !PutFile(path, copy)) return false;
     if (LowerCase(baseName) == kOldDefaultName) {
         bsd.Titles(5).Assign(CleanFileName(DirectoryOf(path)));
         SaveBsdToDatabase(copy, bsd);
@@ -80,7 +80,7 @@ void ME_FileNew_Click() {
                                           .proposed = L"",
                                           .directory = shell.settings.BrowseDirectory,
                                           .toSave = true});
-    if (path.empty()) return;
+    if (path.empty() || !RequireOtherFile(path)) return;
     BasicShipData bsd = NewBasicShipData(UpperCase(BaseNameOf(path)));
     const bool isMade = MakeFile(
         path, [&bsd](const std::wstring& temporary) { return CreateDatabaseFile(temporary, bsd); });
@@ -124,10 +124,9 @@ void ME_FileSaveLegacy_Click() {
                                           .proposed = BaseNameOf(source) + L".vel",
                                           .directory = shell.settings.BrowseDirectory,
                                           .toSave = true});
-    if (path.empty()) return;
-    if (IsSameFile(path, source)) return ReportMessage(kMsgLegacyNotCreated, {path});
+    if (path.empty() || !RequireOtherFile(path)) return;
     SetBusyPointer();
-    SaveAsLegacyDatabase(path);
+    if (SaveAsLegacyDatabase(path)) ReportNote(kMsgSavedAsLegacy, {path});
     ResetMousePointer();
 }
 

@@ -5,12 +5,13 @@
 
 #include "database/editing.h"
 #include "database/scanning.h"
-#include "files/file_system.h"
 #include "files/paths.h"
 #include "report/reporters.h"
+#include "shell/commands/commands.h"
 #include "shell/exchange_boxes.h"
 #include "shell/file_prompt.h"
 #include "shell/model_exchange.h"
+#include "shell/running_mark.h"
 #include "shell/state.h"
 #include "shell/suite_programs.h"
 #include "text/text.h"
@@ -19,7 +20,9 @@ namespace corvane {
 namespace {
 
 void ReportMissingModel() {
-    ReportMessage(kMsgModelMissing, {int32_t{shell.database.currentModel}, shell.database.path});
+    ReportMessage(kMsgModelMissing, {int32_t{shell.database.currentModel}, shell.database.path},
+                  BoxText(kMsgModelGoneAdvice));
+    RefreshMainWindow();
 }
 
 bool RequireKindOfCurrentModel(ModelKind& kind) {
@@ -59,9 +62,22 @@ void CopyCurrentModel(const ModelEntry& model, const std::wstring& name) {
     ResetMousePointer();
 }
 
+bool KeepsBackupOnRemoval() {
+    return shell.settings.IntegerSetting != 0;
+}
+
+std::wstring RemovalQuestion(const ModelEntry& model) {
+    const std::wstring& path = shell.database.path;
+    return WithAdvice(L"Are you sure to remove " + KindName(model.kind) + L' ' + model.name +
+                          L" from " + path + L" ?",
+                      KeepsBackupOnRemoval()
+                          ? BoxText(kMsgBackupKept, {FileNameOf(BackupPath(path))})
+                          : BoxText(kMsgNoBackupKept));
+}
+
 void RemoveCurrentModel() {
     SetBusyPointer();
-    const bool keepBackup = shell.settings.IntegerSetting != 0;
+    const bool keepBackup = KeepsBackupOnRemoval();
     if (DeleteModel(shell.database.path, shell.database.currentModel, keepBackup)) {
         DeselectModel();
         RefreshMainWindow();
@@ -83,9 +99,11 @@ void ME_SectionVelkRule_Click() {
 
 void ME_SectionCopy_Click() {
     ModelEntry model;
-    if (!RequireCurrentModel(model)) return;
+    if (!RequireCurrentModel(model) || !ConfirmEdit()) return;
     std::wstring name = L"Copy of " + model.name;
-    if (!shell.view.askText(L"Input the name of the copy", name)) return;
+    const std::wstring caption =
+        MenuCaptionText(FindCommand(ME_SectionCopy)->caption) + L' ' + KindName(model.kind);
+    if (!shell.view.askText(caption, L"Input the name of the copy", name)) return;
     name = Trim(name);
     if (name.empty()) return;
     if (!RequireUnchanged(model)) return RefreshMainWindow();
@@ -94,23 +112,18 @@ void ME_SectionCopy_Click() {
 
 void ME_SectionRemove_Click() {
     ModelEntry model;
-    if (!RequireCurrentModel(model)) return;
-    if (!shell.view.askIrreversible(L"Are you sure to remove " + KindName(model.kind) + L' ' +
-                                    model.name + L" from " + shell.database.path + L" ?")) {
-        return;
-    }
+    if (!RequireCurrentModel(model) || !RequireWritableDatabase() || !ConfirmEdit()) return;
+    if (!shell.view.askIrreversible(RemovalQuestion(model))) return;
     if (!RequireUnchanged(model)) return RefreshMainWindow();
     RemoveCurrentModel();
 }
 
 void ME_SectionImport_Click() {
-    if (!RequireDatabase()) return;
+    if (!RequireDatabase() || !ConfirmEdit()) return;
     ImportChoice choice;
     if (!shell.view.askImport(choice)) return;
     shell.settings.BrowseDirectory = DirectoryOf(choice.path);
-    if (IsSameFile(choice.path, shell.database.path)) {
-        return ReportMessage(kMsgIsOpenDatabase, {choice.path});
-    }
+    if (!RequireOtherFile(choice.path)) return;
     SetBusyPointer();
     ImportModels(choice);
     ResetMousePointer();
@@ -126,6 +139,7 @@ void ME_SectionExport_Click() {
     choice.name = model.name;
     if (!shell.view.askExport(choice)) return;
     shell.settings.BrowseDirectory = DirectoryOf(choice.path);
+    if (!RequireOtherFile(choice.path)) return;
     if (!RequireUnchanged(model)) return RefreshMainWindow();
     SetBusyPointer();
     ExportCurrentSection(choice);

@@ -64,8 +64,10 @@ TEST(LoginNameTest, IsClosedAndCutToTheBuffer) {
     LoginName(nullptr, 10);
 }
 
-std::string Program(std::string_view commandLine) {
-    return ztutil::ProgramName(commandLine);
+// Where `file` is the one file that there is; without it, any name is a file's.
+std::string Program(std::string_view commandLine, std::string_view file = {}) {
+    return ztutil::ProgramName(
+        commandLine, [file](std::string_view name) { return file.empty() || name == file; });
 }
 
 TEST(ProgramNameTest, EndsWithTheExtension) {
@@ -85,6 +87,14 @@ TEST(ProgramNameTest, ExtensionInsideAWordDoesNotEndIt) {
     EXPECT_EQ(Program(R"(C:\a.exercise\b.exe)"), R"(C:\a.exercise\b.exe)");
 }
 
+TEST(ProgramNameTest, IsTheLongestBeginningThatIsAFile) {
+    const std::string_view line = R"(C:\v1.exe files\b.exe "C:\c.exe d.ve2" 3)";
+    EXPECT_EQ(Program(line, R"(C:\v1.exe files\b.exe)"), R"(C:\v1.exe files\b.exe)");
+    EXPECT_EQ(Program(line, R"(C:\v1.exe)"), R"(C:\v1.exe)");
+    EXPECT_EQ(Program(line, "none"), R"(C:\v1.exe)") << "for the error that the start gives";
+    EXPECT_EQ(Program(R"(C:\v1.exe files\b.exe 3)"), R"(C:\v1.exe files\b.exe)");
+}
+
 TEST(ProgramNameTest, QuotesAroundItAreStripped) {
     EXPECT_EQ(Program(R"("C:\Program Files\a.exe" "b.exe")"), R"(C:\Program Files\a.exe)");
     EXPECT_EQ(Program(R"("C:\a.exe")"), R"(C:\a.exe)");
@@ -98,7 +108,8 @@ TEST(ProgramNameTest, IsEmptyWhereNoProgramIsNamed) {
 }
 
 TEST(ProgramNameTest, IsTheSameInWideText) {
-    EXPECT_EQ(ztutil::ProgramName(std::wstring_view(L"C:\\\u00C9 x\\a.EXE /d")),
+    EXPECT_EQ(ztutil::ProgramName(std::wstring_view(L"C:\\\u00C9 x\\a.EXE /d"),
+                                  [](std::wstring_view) { return true; }),
               L"C:\\\u00C9 x\\a.EXE");
 }
 

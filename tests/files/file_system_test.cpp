@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "files/paths.h"
 #include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
@@ -92,6 +94,49 @@ TEST(IsReadOnlyFile, FollowsTheAttribute) {
     EXPECT_TRUE(IsReadOnlyFile(path));
     ASSERT_EQ(system::SetReadOnly(path, false), system::kErrorNone);
     EXPECT_FALSE(IsReadOnlyFile(path));
+}
+
+TEST(IsSameFile, SpellingDoesNotCount) {
+    const KeepCurrentDirectory keeper;
+    const TemporaryFolder folder;
+    const std::wstring path = folder.File(L"ship.ve2");
+    WriteFileBytes(path, "");
+    ASSERT_EQ(system::SetCurrentTo(folder.path), system::kErrorNone);
+    std::wstring slashes = path;
+    std::replace(slashes.begin(), slashes.end(), L'\\', L'/');
+    for (const std::wstring& same :
+         {path, slashes, std::wstring(L"ship.ve2"), folder.File(L"none\\..\\ship.ve2"),
+          folder.File(L".\\ship.ve2")}) {
+        EXPECT_TRUE(IsSameFile(path, same)) << Narrow(same);
+        EXPECT_TRUE(IsSameFile(same, path)) << Narrow(same);
+    }
+    EXPECT_FALSE(IsSameFile(path, folder.File(L"ships.ve2")));
+    EXPECT_FALSE(IsSameFile(path, folder.path));
+}
+
+TEST(IsSameFile, MissingFilesAreComparedByTheirPathsWithoutCase) {
+    const TemporaryFolder folder;
+    EXPECT_TRUE(IsSameFile(folder.File(L"\u00E9t\u00E9.ve2"), folder.File(L"\u00C9T\u00C9.VE2")));
+    EXPECT_FALSE(IsSameFile(folder.File(L"a.ve2"), folder.File(L"b.ve2")));
+    WriteFileBytes(folder.File(L"a.ve2"), "");
+    EXPECT_FALSE(IsSameFile(folder.File(L"a.ve2"), folder.File(L"b.ve2")));
+}
+
+TEST(IsSameFile, FilesOfOneTextAreTwo) {
+    const TemporaryFolder folder;
+    WriteFileBytes(folder.File(L"a.ve2"), "text");
+    WriteFileBytes(folder.File(L"b.ve2"), "text");
+    EXPECT_FALSE(IsSameFile(folder.File(L"a.ve2"), folder.File(L"b.ve2")));
+}
+
+TEST(IsOutOfReach, OnlyWhereTheFolderCannotBeReached) {
+    const TemporaryFolder folder;
+    WriteFileBytes(folder.File(L"ship.ve2"), "");
+    EXPECT_FALSE(IsOutOfReach(folder.File(L"ship.ve2")));
+    EXPECT_FALSE(IsOutOfReach(folder.File(L"none.ve2"))) << "the folder is there, the file is not";
+    EXPECT_FALSE(IsOutOfReach(folder.path));
+    EXPECT_TRUE(IsOutOfReach(folder.File(L"none\\ship.ve2")));
+    EXPECT_TRUE(IsOutOfReach(L"Q:\\ships\\ship.ve2"));
 }
 
 // ---- Deleting and naming -----------------------------------------------------------------------
@@ -215,6 +260,28 @@ TEST(ReplaceFile, TargetNeedNotExist) {
     EXPECT_EQ(ReadFileBytes(files.target), "new");
     EXPECT_TRUE(FilesIn(files.folder.path) == Names{L"ship.ve2"});
     EXPECT_TRUE(FilesIn(files.elsewhere.path).empty());
+}
+
+TEST(PutCopy, NewTargetIsLeftAloneWhenItIsThere) {
+    const Replacing files;
+    WriteFileBytes(files.target, "made by others");
+    WriteFileBytes(files.temporary, "new");
+    EXPECT_EQ(PutCopy(files.temporary, files.target, TargetKind::kNew).error,
+              system::kErrorFileExists);
+    EXPECT_EQ(ReadFileBytes(files.target), "made by others");
+    EXPECT_TRUE(FilesIn(files.folder.path) == Names{L"ship.ve2"});
+    KillFile(files.target);
+    EXPECT_TRUE(PutCopy(files.temporary, files.target, TargetKind::kNew).Done());
+    EXPECT_EQ(ReadFileBytes(files.target), "new");
+}
+
+TEST(CheckFolderTakesFiles, LeavesNothingBehind) {
+    const TemporaryFolder folder;
+    std::wstring leftOver;
+    EXPECT_EQ(CheckFolderTakesFiles(folder.path, leftOver), system::kErrorNone);
+    EXPECT_EQ(leftOver, L"");
+    EXPECT_TRUE(FilesIn(folder.path).empty());
+    EXPECT_NE(CheckFolderTakesFiles(folder.File(L"none"), leftOver), system::kErrorNone);
 }
 
 TEST(ReplaceFile, TextsOfEverySizeArrive) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/support.h"
+
 #include "platform/system.h"
 
 namespace corvane {
@@ -118,6 +120,27 @@ TEST(FoldersDownTo, FromTheRootToTheFolderItself) {
               (Folders{L"C:\\", L"C:\\Ships\\", L"C:\\Ships\\Alpha\\"}));
     EXPECT_EQ(FoldersDownTo(L"\\\\yard\\ships\\Alpha\\"),
               (Folders{L"\\\\yard\\ships\\", L"\\\\yard\\ships\\Alpha\\"}));
+}
+
+TEST(IsFullPath, HasADriveWithItsRootOrAnotherMachine) {
+    for (const wchar_t* path : {L"C:\\", L"c:/ships", L"\\\\server\\share", L"//server/share"}) {
+        EXPECT_TRUE(IsFullPath(path)) << test::Narrow(path);
+    }
+    for (const wchar_t* path :
+         {L"", L"data\\", L"\\data\\", L"C:", L"C:data\\", L"..\\data", L".\\", L"C"}) {
+        EXPECT_FALSE(IsFullPath(path)) << test::Narrow(path);
+    }
+}
+
+TEST(IsDeviceName, WithAnyExtensionInAnyFolder) {
+    for (const wchar_t* path : {L"nul", L"NUL.ve2", L"C:\\ships\\con.ve2", L"aux.a.b", L"prn .ve2",
+                                L"com1.ve2", L"LPT9", L"com\u00B2.ve2", L"conin$", L"\\\\.\\nul"}) {
+        EXPECT_TRUE(IsDeviceName(path)) << test::Narrow(path);
+    }
+    for (const wchar_t* path : {L"", L"null.ve2", L"com.ve2", L"com0.ve2", L"com10.ve2",
+                                L"ship.nul", L"C:\\con\\ship.ve2", L"auxiliary", L"lptx.ve2"}) {
+        EXPECT_FALSE(IsDeviceName(path)) << test::Narrow(path);
+    }
 }
 
 }  // namespace

@@ -58,6 +58,63 @@ TEST_F(RewriteTest, TextThatCannotBePutInPlaceIsKeptAndItsPathReported) {
     KillFile(rewrite.temporary);
 }
 
+// The system has a folder that takes no new file, with a file that everybody may see written.
+TEST(Rewrite, FolderThatTakesNoFileIsTheReasonAndLeavesNoText) {
+    const std::wstring target = L"Z:\\proc\\sys\\kernel\\hostname";
+    if (!FileExists(target)) GTEST_SKIP() << "this system has no such folder";
+    const RecordedReports screen;
+    const std::string before = ReadFileBytes(target);
+    Rewrite rewrite;
+    BeginRewrite(rewrite, target);
+    rewrite.keepBackup = true;
+    WriteText(rewrite.writer, "new");
+    EXPECT_FALSE(FinishRewrite(rewrite));
+    EXPECT_EQ(ReadFileBytes(target), before);
+    EXPECT_EQ(rewrite.temporary, L"");
+    ASSERT_EQ(RecordedReports::Of("warning").size(), 1U);
+    const std::string message = RecordedReports::Of("warning")[0];
+    EXPECT_NE(message.find("its folder takes no new file"), std::string::npos) << message;
+    EXPECT_EQ(message.find("disk"), std::string::npos) << message;
+}
+
+TEST(RemedyOf, FitsTheReason) {
+    const test::FakeCatalogue catalogue({{kMsgMakeRoom, "room"},
+                                         {kMsgCloseOtherProgram, "program"},
+                                         {kMsgGetRights, "rights"},
+                                         {kMsgRepeatCommand, "repeat"},
+                                         {kMsgMadeMeanwhile, "made"}});
+    EXPECT_EQ(RemedyOf(system::kErrorDiskFull), L"room");
+    EXPECT_EQ(RemedyOf(system::kErrorSharingViolation), L"program");
+    EXPECT_EQ(RemedyOf(system::kErrorLockViolation), L"program");
+    EXPECT_EQ(RemedyOf(system::kErrorAccessDenied), L"rights");
+    EXPECT_EQ(RemedyOf(system::kErrorIoDevice), L"repeat");
+    EXPECT_EQ(ReasonOf(system::kErrorFileExists), L"made");
+    EXPECT_EQ(ReasonOf(system::kErrorDiskFull), system::ErrorText(system::kErrorDiskFull));
+}
+
+TEST(ReportReplacement, SaysAllThatTheUserMustKnow) {
+    const test::FakeCatalogue catalogue({{kMsgFileNotMade, "failed \xA4"},
+                                         {kMsgFileTakenAway, "taken \xA4 \xA4 \xA4 \xA4"},
+                                         {kMsgFileNotRemoved, "left \xA4"},
+                                         {kMsgMadeMeanwhile, "made"}});
+    const auto told = [](const ReplaceResult& result) {
+        const RecordedReports screen;
+        ReportReplacement(result, kMsgFileNotMade, {L"target"});
+        return RecordedReports::Of("warning");
+    };
+    using Told = std::vector<std::string>;
+    ReplaceResult result;
+    result.target = L"T";
+    result.newText = L"N";
+    EXPECT_EQ(told(result), Told{});
+    result.leftOver = L"L";
+    EXPECT_EQ(told(result), Told{"left L"});
+    result.error = system::kErrorFileExists;
+    EXPECT_EQ(told(result), (Told{"failed target", "left L"}));
+    result.oldText = L"O";
+    EXPECT_EQ(told(result), (Told{"taken T made O N", "left L"}));
+}
+
 // ---- With a backup -----------------------------------------------------------------------------
 
 // One rewrite, with a backup, of a file in a folder of its own.

@@ -4,6 +4,7 @@
 
 #include "platform/single_instance.h"
 #include "platform/system.h"
+#include "tests/support/support.h"
 
 namespace corvane::system {
 namespace {
@@ -14,6 +15,15 @@ TEST(Process, SecondProcessOfTheSameProgramIsRefused) {
     EXPECT_EXIT(std::exit(ClaimSingleInstance() ? 4 : 7), testing::ExitedWithCode(7), "");
     EXPECT_TRUE(first);
     EXPECT_TRUE(ClaimSingleInstance());
+}
+
+TEST(Process, ProgramThatRunsIsFoundAndOthersAreNot) {
+    const test::TemporaryFolder folder;
+    test::WriteFileBytes(folder.File(L"idle.exe"), "never started");
+    EXPECT_TRUE(IsProgramRunning(ProgramPath()));
+    EXPECT_FALSE(IsProgramRunning(folder.File(L"idle.exe")));
+    EXPECT_FALSE(IsProgramRunning(folder.File(L"none.exe")));
+    EXPECT_FALSE(IsProgramRunning(L""));
 }
 
 TEST(Process, InstanceNameDistinguishesPrograms) {

@@ -450,5 +450,16 @@ TEST(Errors, UnknownNumberHasATextToo) {
     EXPECT_EQ(ErrorText(0x3FFFFFF0), L"Unknown error.");
 }
 
+TEST(SystemFiles, RenameToANewNameLeavesATakenOneAlone) {
+    const test::TemporaryFolder folder;
+    WriteFileBytes(folder.File(L"from"), "new");
+    WriteFileBytes(folder.File(L"taken"), "old");
+    EXPECT_EQ(RenameToNewName(folder.File(L"from"), folder.File(L"taken")), kErrorFileExists);
+    EXPECT_EQ(ReadFileBytes(folder.File(L"taken")), "old");
+    EXPECT_EQ(RenameToNewName(folder.File(L"from"), folder.File(L"to")), kErrorNone);
+    EXPECT_EQ(ReadFileBytes(folder.File(L"to")), "new");
+    EXPECT_EQ(RenameToNewName(folder.File(L"from"), folder.File(L"again")), kErrorFileNotFound);
+}
+
 }  // namespace
 }  // namespace corvane::system

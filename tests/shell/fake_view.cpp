@@ -20,8 +20,8 @@ void AskQuestions(View& view) {
         return Answer("ask irreversible ", text);
     };
     view.askOkCancel = [](const std::wstring& text) { return Answer("ask ok ", text); };
-    view.askText = [](const std::wstring& text, std::wstring& answer) {
-        kRecord("ask text " + Narrow(text) + " [" + Narrow(answer) + "]");
+    view.askText = [](const std::wstring& caption, const std::wstring& text, std::wstring& answer) {
+        kRecord("ask text " + Narrow(caption) + ": " + Narrow(text) + " [" + Narrow(answer) + "]");
         if (FakeView::answerYes) answer = FakeView::answerText;
         return FakeView::answerYes;
     };

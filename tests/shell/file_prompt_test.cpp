@@ -5,6 +5,7 @@
 #include "platform/system.h"
 #include "platform/ztutil32.h"
 #include "report/messages.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -33,8 +34,9 @@ struct AskForWritableDatabaseTest : testing::Test {
 };
 
 TEST_F(AskForWritableDatabaseTest, PromptAsksWhereToSaveTheDatabase) {
-    answer = "C:\\ships\\other.ve2";
-    EXPECT_EQ(AskForWritableDatabase(L"C:\\ships\\ship.ve2"), L"C:\\ships\\other.ve2");
+    const test::TemporaryFolder folder;
+    answer = system::AnsiFromWide(folder.File(L"other.ve2"));
+    EXPECT_EQ(AskForWritableDatabase(L"C:\\ships\\ship.ve2"), folder.File(L"other.ve2"));
     EXPECT_EQ(seen.extension, "ve2");
     EXPECT_EQ(seen.title, GetMessageBytes(kMsgDatabaseFiles));
     EXPECT_EQ(seen.name, "C:\\ships\\ship.ve2");
@@ -43,8 +45,22 @@ TEST_F(AskForWritableDatabaseTest, PromptAsksWhereToSaveTheDatabase) {
 }
 
 TEST_F(AskForWritableDatabaseTest, CancelledPromptGivesNoName) {
-    answer.clear();
-    EXPECT_EQ(AskForWritableDatabase(L"C:\\ships\\ship.ve2"), L"");
+    const test::RecordedReports screen;
+    for (const char* const cancel : {"", "Cancel"}) {
+        answer = cancel;
+        EXPECT_EQ(AskForWritableDatabase(L"C:\\ships\\ship.ve2"), L"");
+    }
+    EXPECT_TRUE(test::RecordedReports::events.empty());
+}
+
+TEST_F(AskForWritableDatabaseTest, UnusableNameIsReportedAndGivesNone) {
+    const test::TemporaryFolder folder;
+    for (const wchar_t* const name : {L"nul.ve2", L"a|b.ve2", L"none\\ship.ve2"}) {
+        const test::RecordedReports screen;
+        answer = system::AnsiFromWide(folder.File(name));
+        EXPECT_EQ(AskForWritableDatabase(L"C:\\ships\\ship.ve2"), L"");
+        EXPECT_EQ(test::RecordedReports::Of("warning").size(), 1U) << test::Narrow(name);
+    }
 }
 
 }  // namespace

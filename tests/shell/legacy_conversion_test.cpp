@@ -148,6 +148,19 @@ TEST_F(LegacyCommand, ExistingFileIsReplacedOnlyWhenTheUserSaysSo) {
     EXPECT_EQ(CountModels(work + L"Aurora.ve2"), 1);
 }
 
+TEST_F(LegacyCommand, OpenDatabaseIsNamedAsSuchBeforeItIsReplaced) {
+    WriteLegacyDatabase(legacy, {L"Frame 10"});
+    WriteFileBytes(work + L"Aurora.ve2", "old");
+    shell.database.path = work + L"..\\work\\aurora.ve2";
+    if (!FileExists(shell.database.path)) shell.database.path = work + L"..\\work\\Aurora.ve2";
+    shell.database.rows.resize(14);
+    OpenLegacyDatabase(legacy);
+    EXPECT_EQ(RecordedReports::Of("ask irreversible"),
+              std::vector<std::string>{
+                  Narrow(BoxText(kMsgReplaceOpenQuestion, {work + L"Aurora.ve2", 14}))});
+    EXPECT_EQ(ReadFileBytes(work + L"Aurora.ve2"), "old");
+}
+
 TEST_F(LegacyCommand, DamagedDatabaseIsReportedWithItsStatusAndChangesNothing) {
     WriteLegacyDatabase(legacy, {L"Frame 10"});
     std::string bytes = ReadFileBytes(legacy);

@@ -238,6 +238,29 @@ TEST_F(SettingsTest, DatabaseThatIsGoneIsReadAsEmptyAndWrittenBackEmpty) {
     EXPECT_EQ(Written("Database"), "");
 }
 
+TEST_F(SettingsTest, DatabaseOutOfReachIsKept) {
+    for (const std::wstring& path :
+         {std::wstring(L"Q:\\ships\\ship.ve2"), folder.File(L"offline\\ship.ve2")}) {
+        EXPECT_EQ(Read("Database=" + AnsiBytes(path) + "\r\n").DatabasePath, path);
+    }
+    EXPECT_TRUE(RecordedReports::events.empty());
+}
+
+TEST_F(SettingsTest, RelativeDatabaseIsMadeAbsoluteWhenItIsRead) {
+    const test::KeepCurrentDirectory keeper;
+    WriteFileBytes(folder.File(L"ship.ve2"), "");
+    ASSERT_EQ(system::SetCurrentTo(folder.path), system::kErrorNone);
+    EXPECT_EQ(Read("Database=ship.ve2\r\n").DatabasePath, folder.File(L"ship.ve2"));
+    EXPECT_EQ(Read("Database=none\\..\\ship.ve2\r\n").DatabasePath, folder.File(L"ship.ve2"));
+    const std::string slashes = Narrow(folder.path.substr(2)) + "x/../ship.ve2";
+    EXPECT_EQ(Read("Database=" + slashes + "\r\n").DatabasePath.substr(2),
+              folder.File(L"ship.ve2").substr(2));
+}
+
+TEST_F(SettingsTest, ADeviceIsNoDatabase) {
+    EXPECT_EQ(Read("Database=nul.ve2\r\n").DatabasePath, L"");
+}
+
 TEST_F(SettingsTest, AFolderIsNoDatabase) {
     EXPECT_EQ(Read("Database=" + AnsiBytes(program) + "\r\n").DatabasePath, L"");
 }

@@ -288,8 +288,9 @@ TEST_F(StartUpTest, CommandLineGoesBeforeTheConfiguration) {
 TEST_F(StartUpTest, MissingFileIsReportedAndTheConfiguredDatabaseOpens) {
     Configure(kMsgDatabasePathKey, database);
     EXPECT_TRUE(StartUp(Quoted(folder.File(L"gone.ve2"))));
-    EXPECT_EQ(RecordedReports::Of("warning"),
-              Events{Narrow(FormatMessage(kMsgFileMissing, {folder.File(L"gone.ve2")}))});
+    EXPECT_EQ(
+        RecordedReports::Of("warning"),
+        Events{test::AdvisedText(kMsgFileMissing, {folder.File(L"gone.ve2")}, kMsgFileAdvice)});
     EXPECT_EQ(shell.database.path, database);
     EXPECT_EQ(shell.database.bsd.Titles(5).Trimmed(), L"ALPHA");
     EXPECT_EQ(shell.database.currentModel, 1);
@@ -311,6 +312,33 @@ TEST_F(StartUpTest, MissingConfiguredDatabaseIsClearedSilently) {
     EXPECT_TRUE(RecordedReports::Of("warning").empty());
 }
 
+TEST_F(StartUpTest, DatabaseOutOfReachIsNamedInTheStatusLineAndRemembered) {
+    const std::wstring path = folder.File(L"offline\\ship.ve2");
+    Configure(kMsgDatabasePathKey, path);
+    EXPECT_TRUE(StartUp(L""));
+    EXPECT_FALSE(IsDatabaseOpen());
+    EXPECT_TRUE(RecordedReports::Of("warning").empty());
+    EXPECT_EQ(RecordedReports::caption, FormatMessage(kMsgDatabaseOutOfReach, {path}));
+    ShutDown();
+    ShellSettings written;
+    ReadSettings(kSettingsFile, written);
+    EXPECT_EQ(written.DatabasePath, path);
+    // When it can be reached again, the next start opens it.
+    ASSERT_EQ(system::MakeDirectory(folder.File(L"offline")), system::kErrorNone);
+    WriteFileBytes(path, DatabaseBytes("ALPHA"));
+    EXPECT_TRUE(StartUp(L""));
+    EXPECT_EQ(shell.database.path, path);
+}
+
+TEST_F(StartUpTest, DeviceOnTheCommandLineIsRefusedInWords) {
+    Configure(kMsgDatabasePathKey, database);
+    EXPECT_TRUE(StartUp(L"nul.ve2"));
+    ASSERT_EQ(RecordedReports::Of("warning").size(), 1U);
+    EXPECT_NE(RecordedReports::Of("warning")[0].find("Windows keeps it for a device"),
+              std::string::npos);
+    EXPECT_EQ(shell.database.path, database);
+}
+
 TEST_F(StartUpTest, FileWithoutShipDataLoadsIntoAFreshRecord) {
     WriteFileBytes(database, "no database\r\n");
     shell.database.bsd.Titles(5).Assign(L"ANOTHER");
@@ -326,7 +354,6 @@ TEST_F(StartUpTest, FileWithoutShipDataLoadsIntoAFreshRecord) {
 
 TEST_F(StartUpTest, UpperCaseVelTakesTheLegacyPathWithoutSuffixes) {
     Configure(kMsgWorkDirectoryKey, folder.path);
-    const std::wstring before = system::CurrentDirectory();
     const std::wstring legacy = folder.File(L"OLD.VEL");
     WriteFileBytes(legacy, test::ReadFileBytes(test::DataPath("../samples/aurora_bay.vel")));
     EXPECT_TRUE(StartUp(L"/JBP " + Quoted(legacy)));
@@ -337,7 +364,7 @@ TEST_F(StartUpTest, UpperCaseVelTakesTheLegacyPathWithoutSuffixes) {
     EXPECT_EQ(shell.title, L"Corvane");
     EXPECT_EQ(FileNameOf(shell.database.path), L"old.ve2");
     EXPECT_EQ(shell.database.currentModel, 1);
-    EXPECT_EQ(system::CurrentDirectory(), before);
+    EXPECT_EQ(system::CurrentDirectory() + L'\\', folder.path) << "the work directory";
     EXPECT_EQ(StartEntry(), "1");
 }
 

@@ -8,8 +8,10 @@
 #include "bsd/basic_ship_data.h"
 #include "database/model_kind.h"
 #include "files/file_system.h"
+#include "files/paths.h"
 #include "platform/system.h"
 #include "report/messages.h"
+#include "shell/commands/bsd_commands.h"
 #include "shell/commands/create_commands.h"
 #include "shell/commands/section_commands.h"
 #include "shell/open_database.h"
@@ -248,7 +250,6 @@ void ExpectNoRun(void (*command)(), std::string_view warning) {
     command();
     EXPECT_TRUE(FakeProgram::commandLines.empty());
     EXPECT_TRUE(CommandTest::OnlyWarning(warning));
-    EXPECT_EQ(RecordedReports::Of("rows").size(), 0U);
     EXPECT_FALSE(FakeView::locked);
 }
 
@@ -283,6 +284,26 @@ TEST_F(SectionInput, MissingProgramIsReportedWithItsPath) {
         const auto kind = static_cast<ModelKind>(number - 1);
         ExpectNoRun(ME_SectionInput_Click,
                     "'" + Narrow(InputProgramPath(kind)) + "' cannot be opened");
+    }
+}
+
+TEST_F(SectionInput, MissingProgramIsReportedWithTheFolderToInstallItIn) {
+    MakeOpen(L"ship.ve2", {kSection});
+    ExpectNoRun(ME_SectionInput_Click,
+                test::AdvisedText(BoxText(kMsgFileMissing, {programs + L"SectInput.exe"}),
+                                  kMsgProgramAdvice, {StripTrailingBackslash(programs)}));
+}
+
+TEST_F(SectionInput, ProgramFolderThatIsNoFullPathIsRefused) {
+    MakeOpen(L"ship.ve2", {kSection});
+    ASSERT_EQ(system::SetCurrentTo(folder.path), system::kErrorNone);
+    Install(L"SectInput.exe");
+    Install(L"BsdEdit.exe");
+    for (const wchar_t* const data : {L"Velk data\\", L".\\Velk data\\"}) {
+        shell.settings.DataDirectory = data;
+        for (void (*command)() : {ME_SectionInput_Click, ME_SectionNew_Click, ME_FileBSD_Click}) {
+            ExpectNoRun(command, Narrow(StripTrailingBackslash(data)) + "', is not a full path.");
+        }
     }
 }
 
@@ -467,7 +488,7 @@ TEST_F(DamagingProgram, ThatCrashesIsReportedAndTheListIsRight) {
         [] { test::Append(shell.database.path, test::ModelText(2, kSection)); });
     FakeProgram::result = kProgramCrashed;
     ME_SectionInput_Click();
-    EXPECT_TRUE(OnlyWarning("The program SectInput.exe stopped because of an error."));
+    EXPECT_TRUE(OnlyWarning("SectInput.exe stopped working."));
     EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 2);
 }
 

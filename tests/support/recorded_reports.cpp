@@ -64,4 +64,12 @@ ReportView RecordedReports::View() {
     return view;
 }
 
+std::string AdvisedText(const std::wstring& text, int32_t advice, MessageArguments arguments) {
+    return Narrow(WithAdvice(text, BoxText(advice, arguments)));
+}
+
+std::string AdvisedText(int32_t number, MessageArguments arguments, int32_t advice) {
+    return AdvisedText(BoxText(number, arguments), advice);
+}
+
 }  // namespace corvane::test

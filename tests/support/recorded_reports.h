@@ -33,4 +33,8 @@ private:
     ReportView before;
 };
 
+// A message with another one as advice below it, as a box shows them.
+std::string AdvisedText(const std::wstring& text, int32_t advice, MessageArguments arguments = {});
+std::string AdvisedText(int32_t number, MessageArguments arguments, int32_t advice);
+
 }  // namespace corvane::test

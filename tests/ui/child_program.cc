@@ -11,6 +11,8 @@
 //   lock       makes it read-only
 //   grow       adds the marker of another model to it
 //   crash      ends by a fault, and does nothing more
+//   code N     ends with this code, and does nothing more
+#include <cwchar>
 #include <fstream>
 #include <string>
 
@@ -87,6 +89,8 @@ void DoDeeds(const std::wstring& path) {
     if (IsTold(L" crash")) {
         RaiseException(EXCEPTION_ACCESS_VIOLATION, EXCEPTION_NONCONTINUABLE, 0, nullptr);
     }
+    const wchar_t* const code = std::wcsstr(GetCommandLineW(), L" code ");
+    if (code != nullptr) ExitProcess(static_cast<UINT>(std::wcstoll(code + 6, nullptr, 0)));
 }
 
 }  // namespace

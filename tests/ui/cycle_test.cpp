@@ -129,7 +129,9 @@ struct CycleTest : testing::Test {
         ASSERT_TRUE(HasClosed(prompt.window));
         EXPECT_TRUE(TextBecomes(Control(TX_DataBase), database));
         EXPECT_TRUE(TextBecomes(main, L"Corvane - Boreal Bay.ve2 - BOREAL B"));
-        EXPECT_TRUE(TextBecomes(Control(PAN_Help), L"Enter the Basic Ship Data first..."));
+        EXPECT_TRUE(TextBecomes(Control(PAN_Help),
+                                L"Next: press Basic Data and enter length, breadth, depth and "
+                                L"block coefficient..."));
         EXPECT_EQ(Narrow(Data().Titles(5).Trimmed()), "BOREAL B");
         EXPECT_FALSE(IsBsdDefined(Data()));
         ExpectModels({}, 0);
@@ -188,7 +190,7 @@ struct CycleTest : testing::Test {
         const Box question = WaitForBox(program);
         ASSERT_NE(question.window, nullptr);
         ASSERT_TRUE(HasTheKeys(question.window));
-        EXPECT_EQ(Narrow(question.text),
+        EXPECT_EQ(Message(question),
                   "Are you sure to remove Section Hold 4 from " + Narrow(database) + " ?");
         EXPECT_EQ(test::ReadFileBytes(database), before) << "not before the answer";
         Type({'Y'});

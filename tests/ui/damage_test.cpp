@@ -68,7 +68,7 @@ TEST_P(DamageTest, IsToldAndTheFileStaysAsItIs) {
         if (damage.isReported) {
             const Box box = WaitForBox(program);
             ASSERT_NE(box.window, nullptr);
-            EXPECT_EQ(Narrow(box.text), Narrow(database) + " : not a valid Corvane file");
+            EXPECT_EQ(Message(box), Narrow(database) + " : not a valid Corvane file");
             ASSERT_TRUE(Press(box, IDOK));
         }
         const HWND main = program.Main();

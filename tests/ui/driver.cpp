@@ -243,6 +243,10 @@ Box WaitForBox(const Program& program) {
     return box;
 }
 
+std::string Message(const Box& box) {
+    return test::Narrow(box.text.substr(0, box.text.find(L"\r\r")));
+}
+
 bool Press(const Box& box, int button) {
     return PressButton(box.window, button);
 }

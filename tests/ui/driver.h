@@ -79,6 +79,8 @@ struct Box {
     std::wstring text;
 };
 Box WaitForBox(const Program& program);
+// The box's text above the first empty line: what has happened, or is asked, without the advice.
+std::string Message(const Box& box);
 bool Press(const Box& box, int button);
 
 // A dialog of the program's own, found with Program::Window: presses a button and waits until the

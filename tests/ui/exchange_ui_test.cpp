@@ -119,7 +119,8 @@ struct ExchangeTest : MainWindowFixture {
         EXPECT_EQ(status, 0);
         return names;
     }
-    // A slot is there before it has its name, and while the program writes the file it can't be read.
+    // A slot is there before it has its name, and while the program writes the file it can't be
+    // read.
     static bool GetsNewSection(const std::wstring& path, const char* name) {
         return WaitUntil([&] {
             int16_t status = -1;
@@ -373,7 +374,7 @@ TEST_F(ExchangeTest, DoubleClickImportsASectionOrTheFirstOneOfAFile) {
 TEST_F(ExchangeTest, ImportOkTellsWhatIsMissingAndStays) {
     const HWND box = OpenBox(ME_SectionImport);
     ASSERT_NE(box, nullptr);
-    ExpectOkTells(box, "Please select a section");
+    ExpectOkTells(box, "Please select a file");
     ClickFile(box, L"ship.vel");
     EXPECT_TRUE(SectionCountBecomes(box, 9));
     Click(In(box, LI_Sections), 0, MK_CONTROL);

@@ -52,11 +52,11 @@ struct FileCommandsTest : testing::Test {
         EXPECT_TRUE(AnswerFilePrompt(program, name));
     }
     void Open(const std::wstring& name) { Give(ME_FileOpen, L"Open database", name); }
-    // Presses a button of the box that comes, and tells the box's text.
+    // Presses a button of the box that comes, and gives the box's message.
     std::string PressInBox(int button) {
         const Box box = WaitForPlainBox(program);
         EXPECT_TRUE(Press(box, button));
-        return Narrow(box.text);
+        return Message(box);
     }
     bool DatabaseBecomes(const std::wstring& path) const { return TextBecomes(database, path); }
     bool HasRows(int count) const { return RowCountBecomes(list, count); }
@@ -67,7 +67,9 @@ TEST_F(FileCommandsTest, NewMakesTheGoldenFile) {
     ASSERT_TRUE(DatabaseBecomes(File(L"Emeraude Bay.ve2")));
     EXPECT_EQ(test::WithoutStamps(ReadFileBytes(File(L"Emeraude Bay.ve2"))),
               test::WithoutStamps(Golden("new_database.ve2")));
-    EXPECT_TRUE(TextBecomes(GetDlgItem(main, PAN_Help), L"Enter the Basic Ship Data first..."));
+    EXPECT_TRUE(TextBecomes(GetDlgItem(main, PAN_Help),
+                            L"Next: press Basic Data and enter length, breadth, depth and block "
+                            L"coefficient..."));
     EXPECT_TRUE(TextBecomes(main, L"Corvane - Emeraude Bay.ve2 - EMERAUDE"));
     EXPECT_TRUE(HasRows(0));
 }
@@ -96,7 +98,8 @@ TEST_F(FileCommandsTest, GreekLettersAreRefusedByThePrompt) {
     const FileDialog dialog = WaitForFileDialog(program);
     const Box box = AnswerWithBox(program, dialog, File(L"\u03A9\u03BC\u03AD\u03B3\u03B1.ve2"));
     ASSERT_NE(box.window, nullptr);
-    EXPECT_NE(Narrow(box.text).find("code page"), std::string::npos) << Narrow(box.text);
+    EXPECT_NE(Narrow(box.text).find("the language that Windows is set to"), std::string::npos)
+        << Narrow(box.text);
     EXPECT_TRUE(Press(box, IDOK));
     EXPECT_TRUE(AnswerFilePrompt(program, L""));
     EXPECT_TRUE(DatabaseBecomes(L"No database selected"));
@@ -206,6 +209,39 @@ TEST_F(FileCommandsTest, SaveAsOpensTheCopy) {
     EXPECT_TRUE(HasRows(14));
 }
 
+TEST_F(FileCommandsTest, OpenDatabaseSpelledAnotherWayIsNotReplaced) {
+    WriteFileBytes(File(L"ship.ve2"), Sample());
+    Open(File(L"ship.ve2"));
+    ASSERT_TRUE(DatabaseBecomes(File(L"ship.ve2")));
+    ASSERT_TRUE(CreateHardLinkW(File(L"link.vel").c_str(), File(L"ship.ve2").c_str(), nullptr));
+    for (const auto& [command, name] :
+         {std::pair{ME_FileSaveLegacy, L"link.vel"}, {ME_FileNew, L"SHIP.ve2"}}) {
+        Choose(main, command);
+        const FileDialog dialog = WaitForFileDialog(program);
+        ASSERT_NE(dialog.window, nullptr);
+        const Box overwrite = AnswerWithBox(program, dialog, File(name));
+        ASSERT_TRUE(Press(overwrite, IDYES));
+        const std::string text = PressInBox(IDOK);
+        EXPECT_NE(text.find("is the open database itself."), std::string::npos) << text;
+        EXPECT_EQ(ReadFileBytes(File(L"ship.ve2")), Sample());
+    }
+}
+
+TEST_F(FileCommandsTest, WithoutADatabaseTheStatusLineSaysWhatToDo) {
+    EXPECT_TRUE(TextBecomes(
+        GetDlgItem(main, PAN_Help),
+        L"Create a database with File > New database, or open one with File > Open database"));
+}
+
+TEST_F(FileCommandsTest, SaveAsVelkDosSaysThatItIsDone) {
+    WriteFileBytes(File(L"ship.ve2"), Sample());
+    Open(File(L"ship.ve2"));
+    ASSERT_TRUE(DatabaseBecomes(File(L"ship.ve2")));
+    Give(ME_FileSaveLegacy, L"Save as Velk Dos", File(L"old.vel"));
+    EXPECT_TRUE(TextBecomes(GetDlgItem(main, PAN_Help),
+                            L"The sections were saved in '" + File(L"old.vel") + L"'"));
+}
+
 TEST_F(FileCommandsTest, SettingsKeepThePathAndTheFolder) {
     ASSERT_TRUE(CreateDirectoryW(File(L"ships").c_str(), nullptr));
     WriteFileBytes(File(L"ships\\ship.ve2"), Sample());
@@ -232,14 +268,19 @@ TEST_F(FileCommandsTest, ImportAsksBeforeItErasesData) {
     WriteFileBytes(File(L"data.bsd"), Golden("standalone.bsd"));
     Open(File(L"ship.ve2"));
     ASSERT_TRUE(DatabaseBecomes(File(L"ship.ve2")));
-    Choose(main, ME_FileImportBSD);
-    EXPECT_EQ(PressInBox(IDCANCEL), "You will erase the current BSD !");
+    Give(ME_FileImportBSD, L"Import", File(L"data.bsd"));
+    const Box box = WaitForPlainBox(program);
+    EXPECT_EQ(Message(box), "You will erase the current BSD !");
+    EXPECT_NE(Narrow(box.text).find("'ship.ve2' are replaced by those of 'data.bsd'"),
+              std::string::npos);
+    ASSERT_TRUE(WaitUntil([&] { return FocusOf(box.window) != nullptr; }));
+    EXPECT_EQ(GetDlgCtrlID(FocusOf(box.window)), IDCANCEL) << "what Enter presses loses nothing";
+    EXPECT_TRUE(Press(box, IDCANCEL));
     EXPECT_EQ(ReadFileBytes(File(L"ship.ve2")), Sample());
-    Choose(main, ME_FileImportBSD);
+    Give(ME_FileImportBSD, L"Import", File(L"data.bsd"));
     EXPECT_EQ(PressInBox(IDOK), "You will erase the current BSD !");
-    const FileDialog dialog = WaitForFileDialog(program);
-    EXPECT_EQ(Narrow(dialog.caption), "Import");
-    EXPECT_TRUE(AnswerFilePrompt(program, File(L"data.bsd")));
+    EXPECT_TRUE(TextBecomes(GetDlgItem(main, PAN_Help),
+                            L"The Basic Ship Data were read from '" + File(L"data.bsd") + L"'"));
     EXPECT_TRUE(TextBecomes(main, L"Corvane - ship.ve2 - EMERAUDE"));
     EXPECT_TRUE(HasRows(14));
 }

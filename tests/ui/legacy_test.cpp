@@ -114,6 +114,8 @@ TEST_F(LegacyTest, ExistingDatabaseIsKeptOnNo) {
     const Box box = WaitForBox(program);
     EXPECT_NE(Narrow(box.text).find("Aurora.ve2' already exists"), std::string::npos)
         << Narrow(box.text);
+    ASSERT_TRUE(WaitUntil([&] { return FocusOf(box.window) != nullptr; }));
+    EXPECT_EQ(GetDlgCtrlID(FocusOf(box.window)), IDNO);
     ASSERT_TRUE(Press(box, IDNO));
     ExpectNothingOpen(program, program.Main());
     EXPECT_EQ(ReadFileBytes(installation.File(L"Aurora.ve2")), "old");

@@ -105,12 +105,15 @@ TEST_F(LockTest, ClicksAndKeysMeanwhileDoNothing) {
     DoubleClick({option.left + 8, (option.top + option.bottom) / 2});
     PostMessageW(Control(LI_Sections), WM_KEYDOWN, VK_END, 0);
     PostMessageW(main, WM_CLOSE, 0, 0);
+    PostMessageW(main, WM_COMMAND, ME_FileQuit, 0);
+    PostMessageW(main, WM_COMMAND, ME_HelpAbout, 0);
     EndChild();
     ASSERT_TRUE(IsUnlocked());
     EXPECT_EQ(Narrow(TextOf(main)), "Corvane - ship.ve2 - AURORA BAY");
     EXPECT_TRUE(IsOn(OP_Rule));
     EXPECT_FALSE(IsOn(OP_Rule + 2));
     EXPECT_TRUE(ShowsPosition(L"X = 20.7 m"));
+    EXPECT_TRUE(IsWindowEnabled(main)) << "no box is up";
     EXPECT_FALSE(program.HasEnded(0));
 }
 

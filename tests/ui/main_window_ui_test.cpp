@@ -54,6 +54,24 @@ TEST_F(MainWindowTest, RuleButtonHasAPictureForEachRuleSet) {
     EXPECT_GT(Differing(pictures[0], pictures[2]), 20);
 }
 
+// ---- Selecting ---------------------------------------------------------------------------------
+
+TEST_F(MainWindowTest, ClickOnTheSelectedRowReadsItsModelAgain) {
+    ASSERT_TRUE(ShowsPosition(L"X = 20.7 m"));
+    std::string bytes = test::ReadFileBytes(installation.File(L"ship.ve2"));
+    const size_t model = bytes.find("====== CORVANE MODEL ======");
+    const size_t position = bytes.find("20.7", model);
+    ASSERT_NE(position, std::string::npos);
+    test::WriteFileBytes(installation.File(L"ship.ve2"), bytes.replace(position, 4, "21.9"));
+    const HWND list = Control(LI_Sections);
+    RECT header{};
+    GetWindowRect(reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0)), &header);
+    const LPARAM at = MAKELPARAM(60, header.bottom - header.top + 8);
+    PostMessageW(list, WM_LBUTTONDOWN, MK_LBUTTON, at);
+    PostMessageW(list, WM_LBUTTONUP, 0, at);
+    EXPECT_TRUE(ShowsPosition(L"X = 21.9 m"));
+}
+
 // ---- Model buttons -----------------------------------------------------------------------------
 
 TEST_F(MainWindowTest, TorsionModelHidesRuleAndCentresEdit) {

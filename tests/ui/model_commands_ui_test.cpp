@@ -283,8 +283,8 @@ TEST_F(ModelCommandsUi, QuestionNamesKindNameAndFileAndEnterMeansNo) {
         program.Run(row, ME_SectionRemove);
         const Box box = WaitForBox(program);
         EXPECT_EQ(Narrow(box.title), "Corvane");
-        EXPECT_EQ(Narrow(box.text), std::string("Are you sure to remove ") + kinds[row] + " " +
-                                        program.Cell(row, 0) + " from " + Narrow(path) + " ?");
+        EXPECT_EQ(Message(box), std::string("Are you sure to remove ") + kinds[row] + " " +
+                                    program.Cell(row, 0) + " from " + Narrow(path) + " ?");
         ASSERT_TRUE(WaitUntil([&] { return FocusOf(box.window) != nullptr; }));
         EXPECT_EQ(GetDlgCtrlID(FocusOf(box.window)), IDNO);
         PressKey(FocusOf(box.window), VK_RETURN);

@@ -203,10 +203,78 @@ TEST(SiblingProgram, ThatCrashesIsReported) {
     const Session session(L"x crash.ve2");
     ASSERT_NE(session.main, nullptr);
     Choose(session.main, ME_SectionVelkRule);
-    EXPECT_EQ(session.PressOk().substr(0, 50),
-              "The program SectRule.exe stopped because of an err");
+    const std::string text = session.PressOk();
+    EXPECT_EQ(text.substr(0, text.find('\r')), "SectRule.exe stopped working.");
     EXPECT_TRUE(session.BecomesLocked(false));
     EXPECT_TRUE(session.RowCountBecomes(14));
+}
+
+TEST(SiblingProgram, ThatEndsWithACodeOfItsOwnIsNotReported) {
+    for (const wchar_t* const name : {L"x code -1 .ve2", L"x code -3 .ve2", L"x code 255 .ve2"}) {
+        const Session session(name);
+        ASSERT_NE(session.main, nullptr);
+        Choose(session.main, ME_SectionInput);
+        EXPECT_TRUE(WaitUntil([&] { return Exists(session.File(L"SectInput.exe.ran")); }));
+        EXPECT_TRUE(session.BecomesLocked(false));
+        EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(session.main) != FALSE; }));
+        EXPECT_TRUE(TextBecomes(session.Control(PAN_Help), L""));
+    }
+}
+
+// The shell is killed while a program runs: the next one knows of it.
+TEST(SiblingProgram, ThatOutlivesTheShellIsAskedAboutBeforeAnEdit) {
+    const Settings settings;
+    const Installation installation;
+    const std::wstring path = Session::Prepare(installation, L"x wait.ve2", Sample());
+    const std::wstring quoted = L"\"" + path + L"\"";
+    {
+        // Ended at the end of the block; what it started goes on.
+        const Program killed(installation, quoted);
+        ASSERT_NE(killed.Main(), nullptr);
+        Choose(killed.Main(), ME_SectionInput);
+        ASSERT_TRUE(WaitUntil([&] { return Exists(installation.File(L"SectInput.exe.ran")); }));
+        TerminateProcess(killed.process, 1);
+        ASSERT_TRUE(killed.HasEnded());
+        const Program again(installation, quoted);
+        const HWND main = again.Main();
+        ASSERT_NE(main, nullptr);
+        Choose(main, ME_SectionRemove);
+        const Box box = WaitForPlainBox(again);
+        EXPECT_NE(Narrow(box.text).find("SectInput.exe is still working on 'x wait.ve2'"),
+                  std::string::npos)
+            << Narrow(box.text);
+        ASSERT_TRUE(WaitUntil([&] { return FocusOf(box.window) != nullptr; }));
+        EXPECT_EQ(GetDlgCtrlID(FocusOf(box.window)), IDNO);
+        EXPECT_TRUE(Press(box, IDNO));
+        EXPECT_EQ(ReadFileBytes(path), Sample());
+        WriteFileBytes(installation.File(L"SectInput.exe.go"), "");
+        EXPECT_TRUE(WaitUntil([&] { return Exists(installation.File(L"SectInput.exe.times")); }));
+        // Once that program has ended, only the usual question comes.
+        EXPECT_TRUE(WaitUntil([&] {
+            Choose(main, ME_SectionRemove);
+            const Box usual = WaitForPlainBox(again);
+            Press(usual, IDNO);
+            return Narrow(usual.text).starts_with("Are you sure to remove");
+        }));
+    }
+}
+
+TEST(SiblingProgram, FolderOfProgramsThatIsNoFullPathIsRefused) {
+    const Settings settings;
+    Settings::Write(L"DataDirectory", L"data\\");
+    const Installation installation;
+    ASSERT_TRUE(CreateDirectoryW(installation.File(L"data").c_str(), nullptr));
+    std::filesystem::copy_file(ChildProgram(), installation.File(L"data\\SectInput.exe"));
+    Settings::Write(L"WorkDirectory", installation.folder);
+    WriteFileBytes(installation.File(L"ship.ve2"), Sample());
+    const Program program(installation, L"ship.ve2");
+    const HWND main = program.Main();
+    ASSERT_NE(main, nullptr);
+    Choose(main, ME_SectionInput);
+    const Box box = WaitForPlainBox(program);
+    EXPECT_EQ(Message(box), "The folder of the suite's programs, 'data', is not a full path.");
+    EXPECT_TRUE(Press(box, IDOK));
+    EXPECT_FALSE(Exists(installation.File(L"data\\SectInput.exe.ran")));
 }
 
 TEST(SiblingProgram, ThatIsNoProgramIsReported) {

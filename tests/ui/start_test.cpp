@@ -178,7 +178,7 @@ TEST_F(StartTest, MissingFileIsReportedAndTheConfiguredDatabaseOpens) {
     const Program program(installation, L"missing.ve2");
     const Box box = WaitForBox(program);
     ASSERT_NE(box.window, nullptr);
-    EXPECT_EQ(Narrow(box.text),
+    EXPECT_EQ(Message(box),
               "The file '" + Narrow(installation.File(L"missing.ve2")) +
                   "' cannot be opened: it does not exist, or another program is using it.");
     EXPECT_EQ(program.FindNow(L"FM_Load"), nullptr) << "the splash hides the box";
@@ -229,6 +229,20 @@ TEST_F(StartTest, ConfiguredDatabaseThatIsGoneLeavesNothingOpen) {
     const HWND main = program.Main();
     ASSERT_NE(main, nullptr);
     EXPECT_EQ(Narrow(ControlText(main, TX_DataBase)), "No database selected");
+}
+
+TEST_F(StartTest, ConfiguredDatabaseOutOfReachIsNamedAndRemembered) {
+    const std::wstring path = L"Q:\\ships\\ship.ve2";
+    Settings::Write(L"DatabasePath", path);
+    const Program program(installation);
+    const HWND main = program.Main();
+    ASSERT_NE(main, nullptr);
+    EXPECT_TRUE(TextBecomes(
+        GetDlgItem(main, PAN_Help),
+        L"The database '" + path + L"' cannot be reached now; the next start tries it again"));
+    Choose(main, ME_FileQuit);
+    ASSERT_TRUE(program.HasEnded());
+    EXPECT_EQ(Narrow(Settings::Read(L"DatabasePath")), Narrow(path));
 }
 
 TEST_F(StartTest, SecondInstanceGivesWayToTheFirst) {

@@ -36,8 +36,8 @@ std::vector<ExchangeItem> SelectedItems(HWND window, const ExchangeBox& box) {
 
 }  // namespace
 
-void AddSectionsList(HWND window, DWORD style) {
-    AddControl(window, {LB_Sections, WC_STATICW, L"&Sections:", WS_VISIBLE | SS_LEFT});
+void AddSectionsList(HWND window, const wchar_t* label, DWORD style) {
+    AddControl(window, {LB_Sections, WC_STATICW, label, WS_VISIBLE | SS_LEFT});
     AddControl(window, {LI_Sections, WC_LISTBOXW, L"",
                         style | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY |
                             LBS_NOINTEGRALHEIGHT,
@@ -92,10 +92,10 @@ Accepted AcceptExchange(HWND window, ExchangeBox& box, bool needsSelection) {
     const EnterKey enter = OnEnterKey(window, box.lists);
     if (enter == EnterKey::kOpenedFolder) ListNothing(window, box);
     if (enter != EnterKey::kAccepts) return {};
-    std::vector<ExchangeItem> selected = SelectedItems(window, box);
-    if (needsSelection && !RequireSelection(!selected.empty())) return {};
     const std::wstring path = ChosenFile(window, box.lists);
     if (!RequireChosenFile(path)) return {};
+    std::vector<ExchangeItem> selected = SelectedItems(window, box);
+    if (needsSelection && !RequireSelection(!selected.empty())) return {};
     return {path, std::move(selected)};
 }
 

@@ -21,7 +21,7 @@ struct ExchangeBox {
 };
 
 // The controls, in the order of the Tab key; each box adds its own between them.
-void AddSectionsList(HWND window, DWORD style = 0);
+void AddSectionsList(HWND window, const wchar_t* label, DWORD style = 0);
 void AddOkAndCancel(HWND window);
 
 // Places what both boxes have at the left and below. `sections` becomes the area at the right, of

@@ -64,7 +64,7 @@ void AddControls(HWND window, void* contents) {
         AddControl(window, {TX_Name, WC_EDITW, box.choice.name,
                             WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | ES_LEFT, WS_EX_CLIENTEDGE});
     SendMessageW(name, EM_SETLIMITTEXT, kLongestName, 0);
-    AddSectionsList(window);
+    AddSectionsList(window, L"&Sections:");
     AddOkAndCancel(window);
     FollowOptions(window);
 }

@@ -81,7 +81,7 @@ void AddControls(HWND window, void* contents) {
     AddFileLists(window, box.files.lists);
     const DWORD button = WS_VISIBLE | WS_TABSTOP;
     AddControl(window, {BT_Browse, WC_BUTTONW, L"&Browse...", button | BS_PUSHBUTTON | WS_GROUP});
-    AddSectionsList(window, LBS_EXTENDEDSEL);
+    AddSectionsList(window, L"Model&s:", LBS_EXTENDEDSEL);
     AddControl(window, {OP_Preview, WC_BUTTONW, L"&Preview", button | BS_AUTOCHECKBOX});
     CheckDlgButton(window, OP_Preview, BST_CHECKED);
     CreateSectionPicture(window, {[&box](Picture& picture) {

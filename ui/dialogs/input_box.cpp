@@ -1,6 +1,5 @@
 #include "ui/dialogs/input_box.h"
 
-#include "shell/state.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
@@ -56,10 +55,10 @@ bool Accept(HWND window, void* contents) {
 
 }  // namespace
 
-bool AskText(const std::wstring& question, std::wstring& answer) {
+bool AskText(const std::wstring& caption, const std::wstring& question, std::wstring& answer) {
     static constexpr DialogKind kInputBox{kInputBoxClass, TX_Answer, AddControls, Place, Accept};
     InputBox box{question, answer};
-    return RunDialog(kInputBox, shell.title, &box);
+    return RunDialog(kInputBox, caption, &box);
 }
 
 }  // namespace corvane

@@ -9,9 +9,9 @@ namespace corvane {
 // be longer.
 inline constexpr int kLongestAnswer = 1000;
 
-// Asks in a modal box whose caption is the application's title; `answer` is proposed, selected, so
-// that typing replaces it. OK and Enter accept: `answer` becomes what the field holds. Cancel, Esc
-// and the close button leave it and return false.
-bool AskText(const std::wstring& question, std::wstring& answer);
+// Asks in a modal box; `answer` is proposed, selected, so that typing replaces it. OK and Enter
+// accept: `answer` becomes what the field holds. Cancel, Esc and the close button leave it and
+// return false.
+bool AskText(const std::wstring& caption, const std::wstring& question, std::wstring& answer);
 
 }  // namespace corvane

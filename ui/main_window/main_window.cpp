@@ -131,8 +131,18 @@ void OnListChanged(HWND window, const NMLISTVIEW& change) {
     if (state.filling || (change.uChanged & LVIF_STATE) == 0) return;
     const bool was = (change.uOldState & LVIS_SELECTED) != 0;
     const bool is = (change.uNewState & LVIS_SELECTED) != 0;
-    if (!was && is) SelectRow(change.iItem);
+    if (!was && is) {
+        StateOfMainWindow(window)->readByClick = GetKeyState(VK_LBUTTON) < 0;
+        SelectRow(change.iItem);
+    }
     if (was && !is) PostMessageW(window, kSelectionLost, 0, 0);
+}
+
+// A click on the row that is selected reads its model again; the click that selected it has done
+// so.
+void OnRowClicked(HWND window, int row) {
+    const bool wasRead = std::exchange(StateOfMainWindow(window)->readByClick, false);
+    if (!wasRead && row >= 0) ShowSelectedRowAgain();
 }
 
 // The command runs when the list is through with the message.
@@ -147,6 +157,11 @@ void OnListNotify(HWND window, LPARAM lParam) {
         case LVN_KEYDOWN:
             if (reinterpret_cast<const NMLVKEYDOWN*>(lParam)->wVKey != VK_DELETE) return;
             return PostCommand(window, ListKey::kDelete);
+        case NM_CLICK:
+            return OnRowClicked(window, reinterpret_cast<const NMITEMACTIVATE*>(lParam)->iItem);
+        case LVN_BEGINDRAG:
+            StateOfMainWindow(window)->readByClick = false;
+            return;
         case NM_DBLCLK:
             if (reinterpret_cast<const NMITEMACTIVATE*>(lParam)->iItem < 0) return;
             return PostCommand(window, ListKey::kEnter);

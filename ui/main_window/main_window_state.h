@@ -20,6 +20,7 @@ struct MainWindowState {
     HWND focus = nullptr;      // the control that gets the focus with the window's activation
     ModelKind kind = ModelKind::kSection;  // that the buttons are shown for
     bool filling = false;                  // the program, not the user, changes the list
+    bool readByClick = false;              // the mouse button that is down selected the row
     bool busy = false;                     // the pointer is the hourglass
     bool locked = false;                   // a program of the suite runs
     bool shutDown = false;

@@ -81,6 +81,7 @@ void DropInput() {
     constexpr std::pair<UINT, UINT> kInput[] = {{WM_KEYFIRST, WM_KEYLAST},
                                                 {WM_MOUSEFIRST, WM_MOUSELAST},
                                                 {WM_NCMOUSEMOVE, WM_NCXBUTTONDBLCLK},
+                                                {WM_COMMAND, WM_COMMAND},
                                                 {WM_SYSCOMMAND, WM_SYSCOMMAND},
                                                 {WM_CLOSE, WM_CLOSE}};
     MSG message;

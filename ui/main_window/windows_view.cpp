@@ -38,7 +38,7 @@ bool AskIrreversible(const std::wstring& text) {
 }
 
 bool AskOkCancel(const std::wstring& text) {
-    return ShowBox(text, MB_OKCANCEL | MB_ICONQUESTION) == IDOK;
+    return ShowBox(text, MB_OKCANCEL | MB_ICONWARNING | MB_DEFBUTTON2) == IDOK;
 }
 
 // Repaints, and answers other programs; input stays waiting, so that no command begins inside of

@@ -1,5 +1,6 @@
 // Starting a program and waiting for its end.
 #include <spawn.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -35,16 +36,24 @@ std::vector<std::string> WordsOf(std::string_view text) {
     return words;
 }
 
+bool IsProgram(std::string_view name) {
+    std::string native;
+    struct stat status;
+    return corvane::system::NativePath(corvane::system::WideFromAnsi(name), native) ==
+               corvane::system::kErrorNone &&
+           stat(native.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
 // An errno value, 0 on success.
 int Start(std::string_view commandLine, pid_t& child) {
-    const std::string name = corvane::ztutil::ProgramName(commandLine);
+    const std::string name = corvane::ztutil::ProgramName(commandLine, IsProgram);
     std::string program;
     if (corvane::system::NativePath(corvane::system::WideFromAnsi(name), program) !=
         corvane::system::kErrorNone) {
         return ENOENT;
     }
     std::vector<std::string> words =
-        WordsOf(commandLine.substr(corvane::ztutil::ProgramNameLength(commandLine)));
+        WordsOf(commandLine.substr(corvane::ztutil::ProgramNameLength(commandLine, IsProgram)));
     std::vector<char*> arguments{program.data()};
     for (std::string& word : words) arguments.push_back(word.data());
     arguments.push_back(nullptr);

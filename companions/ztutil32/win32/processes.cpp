@@ -55,17 +55,24 @@ void WaitForEnd(HANDLE process) {
     if (quit.isPending) PostQuitMessage(quit.exitCode);
 }
 
-// Whether an exception that nobody handled ended the process: its number is the exit code then,
-// with the two bits of an error set.
+// Whether an exception that nobody handled ended the process: its number is the exit code then.
+// Numbers of Windows's own begin with C; a program's own code, even -1, is an ordinary end.
 bool HasCrashed(HANDLE process) {
-    constexpr DWORD kErrorBits = 0xC0000000;
+    constexpr DWORD kCppException = 0xE06D7363;
     DWORD exitCode = 0;
-    return GetExitCodeProcess(process, &exitCode) != 0 && (exitCode & kErrorBits) == kErrorBits;
+    if (GetExitCodeProcess(process, &exitCode) == 0) return false;
+    return exitCode >> 28 == 0xC || exitCode == kCppException;
+}
+
+bool IsFile(std::wstring_view path) {
+    const DWORD attributes = GetFileAttributesW(std::wstring(path).c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
 // Null when the program cannot be started; the system's error says why.
 HANDLE Start(std::wstring commandLine, int16_t windowStyle) {
-    const std::wstring program = corvane::ztutil::ProgramName(std::wstring_view(commandLine));
+    const std::wstring program =
+        corvane::ztutil::ProgramName(std::wstring_view(commandLine), IsFile);
     if (program.empty()) {
         SetLastError(ERROR_FILE_NOT_FOUND);
         return nullptr;

@@ -78,6 +78,29 @@ TEST(ChildProgramTest, FaultOfTheProgramIsDistinguishedFromItsEnd) {
     EXPECT_FALSE(Exists(child.program + L".ended"));
 }
 
+TEST(ChildProgramTest, OnlyCodesOfExceptionsAreACrash) {
+    const ChildInFolderWithBlanks child;
+    for (const wchar_t* code : {L"0", L"1", L"255", L"-1", L"-3", L"0xBFFFFFFF", L"0xD0000000"}) {
+        EXPECT_EQ(RunChild(child.program + L" code " + code), -1) << test::Narrow(code);
+    }
+    for (const wchar_t* code : {L"0xC0000005", L"0xC0000409", L"0xCFFFFFFF", L"0xE06D7363"}) {
+        EXPECT_EQ(RunChild(child.program + L" code " + code), kProgramCrashed)
+            << test::Narrow(code);
+    }
+}
+
+TEST(ChildProgramTest, FolderThatLooksLikeAProgramStartsNoOther) {
+    const test::TemporaryFolder folder;
+    const std::wstring planted = folder.File(L"v1.exe");
+    const std::wstring program = folder.File(L"v1.exe files\Sect Input.exe");
+    ASSERT_EQ(system::MakeDirectory(FolderOf(program)), system::kErrorNone);
+    CopyChild(planted);
+    CopyChild(program);
+    EXPECT_EQ(RunChild(program + L" \"C:\\a.exe b.ve2\" 3"), -1);
+    EXPECT_FALSE(Exists(planted + L".ran"));
+    EXPECT_TRUE(Exists(program + L".ran"));
+}
+
 TEST(ChildProgramTest, WindowStyleIsHandedOverUnlessZero) {
     const ChildInFolderWithBlanks child;
     EXPECT_EQ(RunChild(child.program, SW_SHOWMINNOACTIVE), -1);

@@ -146,8 +146,6 @@ TEST_F(FileBsd, OverwrittenDatabaseIsReported) {
 
 // ---- Import ------------------------------------------------------------------------------------
 
-constexpr char kQuestion[] = "You will erase the current BSD !";
-
 std::wstring GoldenBsd() {
     return test::DataPath("golden/standalone.bsd");
 }
@@ -167,13 +165,15 @@ TEST_F(ImportBsd, AsksForAFileInTheBrowseDirectory) {
     EXPECT_EQ(asked.directory, StripTrailingBackslash(browse));
 }
 
-TEST_F(ImportBsd, ValidDataAreErasedOnlyAfterTheQuestion) {
+TEST_F(ImportBsd, ValidDataAreErasedOnlyAfterAQuestionThatNamesBothFiles) {
     MakeOpen(L"ship.ve2");
     const std::string bytes = ReadFileBytes(File(L"ship.ve2"));
     const FakePrompt prompt{GoldenBsd()};
     ME_FileImportBSD_Click();
-    EXPECT_EQ(RecordedReports::Of("ask ok"), std::vector<std::string>{kQuestion});
-    EXPECT_TRUE(FakePrompt::questions.empty());
+    EXPECT_EQ(RecordedReports::Of("ask ok"),
+              std::vector<std::string>{test::AdvisedText(L"You will erase the current BSD !",
+                                                         kMsgReplacedDataAdvice,
+                                                         {L"ship.ve2", FileNameOf(GoldenBsd())})});
     EXPECT_EQ(ShipName(), L"SHIP");
     EXPECT_EQ(ReadFileBytes(File(L"ship.ve2")), bytes);
 }
@@ -313,10 +313,34 @@ TEST_F(BadSource, ThatIsTheOpenDatabaseIsRefused) {
     ExpectRefused(File(L"work\\..\\ship.ve2"), "ship.ve2' is the open database itself");
 }
 
-TEST_F(BadSource, GoodOneIsRefusedForAReadOnlyDatabase) {
+TEST_F(ImportBsd, ReadOnlyDatabaseIsRefusedBeforeAnythingIsAsked) {
     MakeOpen(L"ship.ve2");
     ASSERT_EQ(system::SetReadOnly(File(L"ship.ve2"), true), system::kErrorNone);
-    ExpectRefused(GoldenBsd(), "ship.ve2 is read only!");
+    const FakePrompt prompt{GoldenBsd()};
+    ME_FileImportBSD_Click();
+    EXPECT_TRUE(
+        OnlyWarning(test::AdvisedText(kMsgReadOnly, {File(L"ship.ve2")}, kMsgReadOnlyAdvice)));
+    EXPECT_TRUE(FakePrompt::questions.empty());
+    EXPECT_TRUE(RecordedReports::Of("ask").empty());
+    EXPECT_EQ(ShipName(), L"SHIP");
+}
+
+TEST_F(ImportBsd, BadSourceIsReportedBeforeTheQuestion) {
+    MakeOpen(L"ship.ve2");
+    WriteFileBytes(File(L"a.bsd"), "no data");
+    const FakePrompt prompt{File(L"a.bsd")};
+    ME_FileImportBSD_Click();
+    EXPECT_EQ(Warnings().size(), 1U);
+    EXPECT_TRUE(RecordedReports::Of("ask").empty());
+}
+
+TEST_F(ImportBsd, SuccessIsNamedInTheStatusLine) {
+    MakeOpen(L"ship.ve2");
+    FakeView::answerYes = true;
+    const std::wstring source = Make(L"other.ve2");
+    const FakePrompt prompt{source};
+    ME_FileImportBSD_Click();
+    EXPECT_EQ(RecordedReports::caption, FormatMessage(kMsgDataImported, {source}));
 }
 
 TEST_F(BadSource, GoodOneIsRefusedForADatabaseWithoutABlock) {

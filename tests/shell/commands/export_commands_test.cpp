@@ -218,7 +218,9 @@ TEST_F(ExportSectionCommand, FirstStatusLineTellsSectionAndDatabase) {
         Narrow(FormatMessage(kMsgExportingSection, {ShortenText(L"A section's name of thirty", 20),
                                                     ShortenText(legacy, 20)}));
     EXPECT_NE(std::find(captions.begin(), captions.end(), expected + "..."), captions.end());
-    EXPECT_EQ(captions.back(), "");
+    EXPECT_EQ(captions.back(),
+              Narrow(FormatMessage(kMsgSectionExported, {L"A section's name of thirty", legacy})))
+        << "the success, which nothing else shows";
 }
 
 TEST_F(ExportSectionCommand, MissingDimensionsAreToldAndTakenFromTheShip) {
@@ -311,7 +313,7 @@ TEST_F(ExportSectionCommand, ModelThatIsNotTheRowsIsRefusedBeforeTheBox) {
     system::RemoveFile(path);
     ME_SectionExport_Click();
     EXPECT_EQ(Warnings(), (Told{WarningText(3522, {3, path}), WarningText(1011, {9, path}),
-                                WarningText(1020, {path})}));
+                                test::AdvisedText(1020, {path}, kMsgFileAdvice)}));
 }
 
 TEST_F(ExportSectionCommand, AnotherModelInItsPlaceAfterTheBoxIsLeftAlone) {
@@ -393,7 +395,7 @@ TEST_F(SaveLegacyCommand, SectionsAndShipOfTheSampleAreWritten) {
     EXPECT_EQ(ListedNames(legacy).size(), static_cast<size_t>(kSectionCount));
     const std::wstring expected = DataPath("../samples/aurora_bay.vel");
     EXPECT_EQ(ReadFileBytes(legacy), ReadFileBytes(expected));
-    EXPECT_TRUE(RecordedReports::caption.empty());
+    EXPECT_EQ(RecordedReports::caption, FormatMessage(kMsgSavedAsLegacy, {legacy}));
     EXPECT_EQ(RecordedReports::events.back(), "pointer reset");
     EXPECT_EQ(shell.database.path, path) << "the open database stays open";
     ExpectOnly({L"old.vel", L"ship.ve2"});
@@ -451,7 +453,7 @@ TEST_F(SaveLegacyCommand, NewFileThatIsNotThereIsToldAndLeavesTheOldOne) {
 TEST_F(SaveLegacyCommand, OpenDatabaseIsNeverTheTarget) {
     const std::string before = ReadFileBytes(path);
     Save(path);
-    EXPECT_EQ(Warnings(), Told{WarningText(1067, {path})});
+    EXPECT_EQ(Warnings(), Told{WarningText(3535, {path})});
     EXPECT_EQ(ReadFileBytes(path), before);
 }
 
@@ -479,7 +481,8 @@ TEST_F(SaveLegacyCommand, FileThatIsNoDatabaseIsToldBeforeThePrompt) {
     ME_FileSaveLegacy_Click();
     system::RemoveFile(path);
     ME_FileSaveLegacy_Click();
-    EXPECT_EQ(Warnings(), (Told{WarningText(1083, {path}), WarningText(1020, {path})}));
+    EXPECT_EQ(Warnings(),
+              (Told{WarningText(1083, {path}), test::AdvisedText(1020, {path}, kMsgFileAdvice)}));
     EXPECT_TRUE(FakePrompt::questions.empty());
     ExpectOnly({});
 }

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "bsd/basic_ship_data.h"
 #include "bsd/bsd_file.h"
 #include "database/model_kind.h"
@@ -10,7 +12,8 @@
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "platform/system.h"
-#include "report/messages.h"
+#include "report/reporters.h"
+#include "shell/commands/commands.h"
 #include "shell/state.h"
 #include "tests/shell/command_support.h"
 #include "tests/shell/fake_view.h"
@@ -151,12 +154,33 @@ TEST_F(FileNew, ExistingFileIsReplaced) {
               (std::vector<std::wstring>{L"Velk data", L"browse", L"old.ve2", L"work"}));
 }
 
-TEST_F(FileNew, OpenDatabaseMayBeReplaced) {
+TEST_F(FileNew, OpenDatabaseIsNotReplacedHoweverItIsSpelled) {
     MakeOpen(L"ship.ve2", {ModelKind::kSection});
-    const FakePrompt prompt{File(L"SHIP.ve2")};
+    const std::string bytes = ReadFileBytes(File(L"ship.ve2"));
+    std::wstring slashes = File(L"ship.ve2");
+    std::replace(slashes.begin(), slashes.end(), L'\\', L'/');
+    for (const std::wstring& name : {File(L"ship.ve2"), work + L"..\\ship.ve2", slashes}) {
+        RecordedReports::events.clear();
+        const FakePrompt prompt{name};
+        ME_FileNew_Click();
+        EXPECT_TRUE(OnlyWarning("ship.ve2' is the open database itself.")) << Narrow(name);
+        EXPECT_EQ(ReadFileBytes(File(L"ship.ve2")), bytes);
+    }
+}
+
+// A program that makes the file while the new one is being written.
+TEST_F(FileNew, FileThatIsMadeMeanwhileStays) {
+    static std::wstring path;
+    path = File(L"new.ve2");
+    const FakePrompt prompt{path};
+    const test::FakeFunction generator(LoginName, [](char* buffer, int32_t) {
+        *buffer = '\0';
+        WriteFileBytes(path, "made by others");
+    });
     ME_FileNew_Click();
-    EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 0);
-    EXPECT_TRUE(Warnings().empty());
+    EXPECT_EQ(ReadFileBytes(path), "made by others");
+    EXPECT_TRUE(OnlyWarning(Narrow(GetMessage(kMsgMadeMeanwhile))));
+    EXPECT_FALSE(IsDatabaseOpen());
 }
 
 // ---- Names that can't be used, for New and Save As ---------------------------------------------
@@ -175,6 +199,8 @@ const BadName kBadNames[] = {
     {"Greater", kMsgNameNotUsable, [](const CommandTest& t) { return t.File(L"a>.ve2"); }},
     {"Bar", kMsgNameNotUsable, [](const CommandTest& t) { return t.File(L"a|.ve2"); }},
     {"Colon", kMsgNameNotUsable, [](const CommandTest& t) { return t.File(L"a:b.ve2"); }},
+    {"Device", kMsgDeviceName, [](const CommandTest& t) { return t.File(L"nul.ve2"); }},
+    {"Port", kMsgDeviceName, [](const CommandTest& t) { return t.File(L"COM1.ship.ve2"); }},
     // It separates folders, as a backslash does.
     {"Slash", kMsgFolderMissing, [](const CommandTest& t) { return t.File(L"a/b.ve2"); }},
     {"Backslash", kMsgFolderMissing, [](const CommandTest& t) { return t.File(L"a\\b.ve2"); }},
@@ -399,14 +425,16 @@ TEST_F(FileOpen, LegacyDatabaseIsConverted) {
 
 // ---- Open: the copy of a file with the older extension -----------------------------------------
 
-constexpr char kCopyQuestion[] =
-    "This file has an old Velk extension. Do you want to make a copy ?";
+std::string CopyQuestion() {
+    return test::AdvisedText(L"This file has an old Velk extension. Do you want to make a copy ?",
+                             kMsgOldExtensionAdvice);
+}
 
 TEST_F(FileOpen, NoOpensTheOldFileInPlace) {
     const std::wstring path = Make(L"ship.vew", {ModelKind::kSection});
     const FakePrompt prompt{path};
     ME_FileOpen_Click();
-    EXPECT_EQ(RecordedReports::Of("ask"), std::vector<std::string>{kCopyQuestion});
+    EXPECT_EQ(RecordedReports::Of("ask"), std::vector<std::string>{CopyQuestion()});
     EXPECT_EQ(FakePrompt::questions.size(), 1U);
     EXPECT_EQ(shell.database.path, path);
     EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 1);
@@ -415,7 +443,7 @@ TEST_F(FileOpen, NoOpensTheOldFileInPlace) {
 TEST_F(FileOpen, UpperCaseExtensionOffersTheCopyToo) {
     const FakePrompt prompt{Make(L"SHIP.VEW")};
     ME_FileOpen_Click();
-    EXPECT_EQ(RecordedReports::Of("ask"), std::vector<std::string>{kCopyQuestion});
+    EXPECT_EQ(RecordedReports::Of("ask"), std::vector<std::string>{CopyQuestion()});
 }
 
 TEST_F(FileOpen, YesOpensTheCopy) {
@@ -576,6 +604,28 @@ TEST_F(FileSaveAs, NothingHappensWithoutADatabase) {
     ME_FileSaveAs_Click();
     EXPECT_TRUE(FakePrompt::questions.empty());
     EXPECT_TRUE(RecordedReports::events.empty());
+}
+
+// ---- The status line ---------------------------------------------------------------------------
+
+TEST_F(FileOpen, WithoutADatabaseTheStatusLineSaysWhatToDo) {
+    RefreshMainWindow();
+    EXPECT_EQ(RecordedReports::caption, GetMessage(kMsgNoDatabaseOpen));
+}
+
+TEST_F(FileSaveAs, NextCommandClearsARedLineAndALineOfSuccess) {
+    MakeOpen(L"ship.ve2");
+    const FakePrompt prompt;
+    ReportNote(kMsgSavedAsLegacy, {L"old.vel"});
+    RunCommand(ME_FileSaveAs);
+    EXPECT_EQ(RecordedReports::caption, L"");
+    ReportStatus(kMsgReadingModels, {L"ship.ve2"});
+    ReportSilent(L"fault");
+    EXPECT_EQ(RecordedReports::events.back(), "colour red");
+    RecordedReports::events.clear();
+    RunCommand(ME_FileSaveAs);
+    EXPECT_EQ(RecordedReports::caption, L"");
+    EXPECT_TRUE(RecordedReports::Happened("colour text"));
 }
 
 }  // namespace

@@ -266,7 +266,7 @@ TEST_F(ImportCommand, MissingDatabaseIsReportedBeforeTheBox) {
         return false;
     };
     ME_SectionImport_Click();
-    EXPECT_EQ(Warnings(), Told{WarningText(1020, {path})});
+    EXPECT_EQ(Warnings(), Told{test::AdvisedText(1020, {path}, kMsgFileAdvice)});
 }
 
 TEST_F(ImportCommand, OpenDatabaseItselfIsRefused) {

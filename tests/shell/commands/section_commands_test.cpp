@@ -86,7 +86,7 @@ struct ModelCommandsTest : testing::Test {
             meanwhile();
             return true;
         };
-        shell.view.askText = [](const std::wstring&, std::wstring&) {
+        shell.view.askText = [](const std::wstring&, const std::wstring&, std::wstring&) {
             meanwhile();
             return true;
         };
@@ -121,8 +121,8 @@ INSTANTIATE_TEST_SUITE_P(Commands, BothCommands,
 TEST_F(ModelCommandsTest, CopyProposesCopyOfAndTheTrimmedName) {
     shell.database.currentModel = 2;
     ME_SectionCopy_Click();
-    EXPECT_EQ(RecordedReports::events,
-              Events{std::string("ask text ") + kCopyQuestion + " [Copy of Bulkhead 40]"});
+    EXPECT_EQ(RecordedReports::events, Events{std::string("ask text Copy Bulkhead: ") +
+                                              kCopyQuestion + " [Copy of Bulkhead 40]"});
 }
 
 TEST_F(ModelCommandsTest, CopyOfEachKindIsTheLastModelAndTheCurrentOne) {
@@ -147,7 +147,7 @@ TEST_F(ModelCommandsTest, CopyOfTorsionModelAsksForANameToo) {
     shell.database.currentModel = 4;
     ME_SectionCopy_Click();
     EXPECT_EQ(RecordedReports::events,
-              Events{std::string("ask text ") + kCopyQuestion + " [Copy of Girder]"});
+              Events{std::string("ask text Copy Torsion: ") + kCopyQuestion + " [Copy of Girder]"});
 }
 
 TEST_F(ModelCommandsTest, CopyLeavesItsSourceAndTheOthersAsTheyAre) {
@@ -269,16 +269,20 @@ TEST_F(ModelCommandsTest, CopyInAFileWithAGapGetsANumberAboveAll) {
 
 // ---- Delete ------------------------------------------------------------------------------------
 
-TEST_F(ModelCommandsTest, DeleteAsksWithKindNameAndPath) {
-    const char* const expected[] = {"Section Frame 10", "Bulkhead Bulkhead 40", "Section Frame 20",
-                                    "Torsion Girder"};
+TEST_F(ModelCommandsTest, DeleteAsksWithKindNameAndPathAndSaysWhetherABackupIsKept) {
+    const wchar_t* const expected[] = {L"Section Frame 10", L"Bulkhead Bulkhead 40",
+                                       L"Section Frame 20", L"Torsion Girder"};
     for (int16_t model = 1; model <= 4; ++model) {
+        const bool keepsBackup = model % 2 == 0;
         RecordedReports::events.clear();
         shell.database.currentModel = model;
+        shell.settings.IntegerSetting = keepsBackup ? -1 : 0;
         ME_SectionRemove_Click();
-        EXPECT_EQ(RecordedReports::events,
-                  Events{std::string("ask irreversible Are you sure to remove ") +
-                         expected[model - 1] + " from " + Narrow(path) + " ?"});
+        const std::wstring question = L"Are you sure to remove " +
+                                      std::wstring(expected[model - 1]) + L" from " + path + L" ?";
+        EXPECT_EQ(RecordedReports::Of("ask irreversible"),
+                  Events{keepsBackup ? test::AdvisedText(question, kMsgBackupKept, {L"ship.bak"})
+                                     : test::AdvisedText(question, kMsgNoBackupKept)});
         ExpectUntouched(model);
     }
 }
@@ -308,11 +312,13 @@ TEST_F(ModelCommandsTest, DeleteKeepsABackupWhenTheIntegerSettingIsNotZero) {
     }
 }
 
-TEST_F(ModelCommandsTest, DeleteOfAReadOnlyFileIsReportedAndChangesNothing) {
+TEST_F(ModelCommandsTest, DeleteOfAReadOnlyFileIsRefusedBeforeTheQuestion) {
     ASSERT_EQ(system::SetReadOnly(path, true), system::kErrorNone);
     FakeView::answerYes = true;
     ME_SectionRemove_Click();
-    EXPECT_EQ(RecordedReports::Of("warning"), Events{Narrow(WarningText(kMsgReadOnly, {path}))});
+    EXPECT_EQ(RecordedReports::Of("warning"),
+              Events{test::AdvisedText(kMsgReadOnly, {path}, kMsgReadOnlyAdvice)});
+    EXPECT_EQ(RecordedReports::Of("ask"), Events{});
     ExpectUntouched();
     EXPECT_EQ(RecordedReports::Of("rows"), Events{});
 }
@@ -354,8 +360,9 @@ TEST_F(ModelCommandsTest, DeleteOfTheFirstOfTwoEqualNumbersKeepsTheOther) {
 TEST_P(BothCommands, MissingDatabaseIsReported) {
     shell.database.path = folder.File(L"gone.ve2");
     GetParam()();
-    EXPECT_EQ(RecordedReports::Of("warning"),
-              Events{Narrow(WarningText(kMsgFileMissing, {folder.File(L"gone.ve2")}))});
+    EXPECT_EQ(
+        RecordedReports::Of("warning"),
+        Events{test::AdvisedText(kMsgFileMissing, {folder.File(L"gone.ve2")}, kMsgFileAdvice)});
     EXPECT_EQ(RecordedReports::Of("ask"), Events{});
 }
 

@@ -227,7 +227,7 @@ TEST_F(ImportBoxTest, OkWithNothingSelectedAsksForASectionAndStays) {
         SelectItems(window, {});
         PressOk(window);
         EXPECT_TRUE(IsOpen(window));
-        EXPECT_EQ(Told(), (Texts{"Please select a section", "Please select a section"}));
+        EXPECT_EQ(Told(), (Texts{"Please select a file", "Please select a section"}));
     }));
     EXPECT_TRUE(choice.path.empty());
 }
@@ -370,7 +370,7 @@ TEST_F(ImportBoxTest, TabOrderIsAsItIsRead) {
         EXPECT_EQ(TabOrder(window, DRV_Db),
                   (std::vector<int>{DRV_Db, DIR_Db, FIL_Db, BT_Browse, LI_Sections, OP_Preview,
                                     BT_Ok, BT_Cancel}));
-        EXPECT_EQ(LabelBefore(window, LI_Sections), "&Sections:");
+        EXPECT_EQ(LabelBefore(window, LI_Sections), "Model&s:");
         EXPECT_EQ(LabelBefore(window, FIL_Db), "&Files:");
     });
 }

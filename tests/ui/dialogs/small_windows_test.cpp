@@ -46,15 +46,14 @@ struct InputBoxTest : testing::Test {
     bool Ask(const std::function<void(HWND)>& look,
              const std::wstring& question = L"Input the name of the copy") {
         const WhenOpen open(kInputBoxClass, look);
-        return AskText(question, answer);
+        return AskText(L"Copy Section", question, answer);
     }
     static HWND Field(HWND window) { return GetDlgItem(window, TX_Answer); }
 };
 
 TEST_F(InputBoxTest, ShowsTitleQuestionAndTheProposalSelected) {
-    shell.title = L"Corvane MIL";
     Ask([](HWND window) {
-        EXPECT_EQ(WindowText(window), L"Corvane MIL");
+        EXPECT_EQ(WindowText(window), L"Copy Section");
         EXPECT_EQ(TextOf(window, LB_Question), "Input the name of the copy");
         EXPECT_EQ(TextOf(window, TX_Answer), "Copy of Frame 10");
         DWORD first = 1;
