@@ -58,14 +58,6 @@ bool RequireProgram(const std::wstring& program) {
     return false;
 }
 
-// Why a program was not started; some texts of the system have a mark in place of its path.
-std::wstring ReasonNotStarted(const ProgramRun& run) {
-    std::wstring reason = system::ErrorText(run.result.error);
-    const size_t mark = reason.find(L"%1");
-    if (mark != std::wstring::npos) reason.replace(mark, 2, FileNameOf(run.program));
-    return reason;
-}
-
 }  // namespace
 
 std::wstring InputProgramPath(ModelKind kind) {
@@ -148,7 +140,7 @@ void ReportRun(const ProgramRun& run) {
     const std::wstring name = FileNameOf(run.program);
     const std::wstring& path = shell.database.path;
     if (!run.result.HasRun()) {
-        ReportMessage(kMsgProgramNotStarted, {run.program, ReasonNotStarted(run)});
+        ReportMessage(kMsgProgramNotStarted, {run.program, system::ErrorText(run.result.error)});
         return;
     }
     if (run.result.crashed) ReportMessage(kMsgProgramCrashed, {name});

@@ -6,6 +6,7 @@
 #include "database/section_block.h"
 #include "report/messages.h"
 #include "tests/database/bulkhead_sample.h"
+#include "tests/database/editing_fixture.h"
 #include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
@@ -132,8 +133,16 @@ TEST_F(BulkheadReaderTest, SectionsAndTorsionModelsAreNotArrangements) {
 
 TEST_F(BulkheadReaderTest, FileThatIsNotADatabaseIsMessage1083) {
     BulkheadArrangement arrangement;
+    test::WriteFileBytes(path, "something else\r\n");
     EXPECT_FALSE(ReadBulkheadBlock(path, 1, arrangement));
     EXPECT_EQ(Warning(), test::Narrow(FormatMessage(1083, {path})));
+    EXPECT_EQ(arrangement.x_m, -1.0f);
+}
+
+TEST_F(BulkheadReaderTest, MissingFileIsReportedAsMissing) {
+    BulkheadArrangement arrangement;
+    EXPECT_FALSE(ReadBulkheadBlock(path, 1, arrangement));
+    EXPECT_EQ(Warning(), test::BoxText(kMsgDatabaseMissing, {path}));
     EXPECT_EQ(arrangement.x_m, -1.0f);
 }
 
@@ -202,6 +211,21 @@ TEST_F(BulkheadReaderTest, EachTableMayBeMissing) {
         EXPECT_EQ(stiffener.spans.at(2).hasBrackets, missing != 8) << missing;
         EXPECT_EQ(stiffener.spanCount, 2) << missing;
     }
+}
+
+TEST_F(BulkheadReaderTest, NameAndIdentifierOfDashesAreData) {
+    std::string text = Replaced(golden, "\r\nBulkheads of hold 3\r\n", "\r\n------ dashes\r\n");
+    text = Replaced(text, "\r\nID-0003\r\n", "\r\n------ id\r\n");
+    const BulkheadArrangement read = ReadArrangement(text);
+    EXPECT_EQ(read.name, L"------ dashes");
+    EXPECT_EQ(read.identifier, "------ id");
+    EXPECT_EQ(read.x_m, 104.75f);
+    EXPECT_EQ(Rewritten(text), test::BodyOf(text));
+}
+
+TEST_F(BulkheadReaderTest, CodeOfANodeIsWrittenAsItWasRead) {
+    const std::string text = Replaced(golden, " 1 \t11.9\t5.75\t 1 ", " 1 \t11.9\t5.75\t-1 ");
+    EXPECT_EQ(Rewritten(text), test::BodyOf(text));
 }
 
 TEST_F(BulkheadReaderTest, OldContentsOfTheRecordAreGone) {
