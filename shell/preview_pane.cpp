@@ -27,13 +27,20 @@ std::wstring FormattedNumber(double value, std::wstring_view format) {
     return DecimalText(value, least, least + optional);
 }
 
-bool IsPreviewed(const ModelRow& row) {
-    return row.hasOwnNumber && row.kind == ModelKind::kSection && shell.view.isPreviewOn();
+void ClearPicture(const std::wstring& why) {
+    shell.preview.isShown = false;
+    shell.view.clearPreview(why);
 }
 
-void ClearPicture() {
-    shell.preview.isShown = false;
-    shell.view.clearPreview();
+void ShowSection() {
+    const std::wstring why = WhyNoPicture(shell.preview.section, shell.database.bsd);
+    if (!why.empty()) return ClearPicture(why);
+    shell.preview.isShown = true;
+    shell.view.redrawPreview();
+}
+
+bool IsPreviewed(const ModelRow& row) {
+    return row.hasOwnNumber && row.kind == ModelKind::kSection && shell.view.isPreviewOn();
 }
 
 // The position [m] of a model that has no picture. A number that does not lead to one model alone
@@ -46,12 +53,12 @@ bool ReadPosition(const ModelRow& row, float& x_m) {
 // Shows the model in the picture, as far as it can be shown there. False when it could not be read.
 bool ShowInPicture(const ModelRow& row, float& x_m) {
     if (!IsPreviewed(row)) {
-        ClearPicture();
+        const bool isSection = row.kind == ModelKind::kSection;
+        ClearPicture(shell.view.isPreviewOn() && !isSection ? WhyNoPicture(row.kind) : L"");
         return ReadPosition(row, x_m);
     }
     if (!ReadSectionBlock(shell.database.path, row.tag, false, shell.preview.section)) return false;
-    shell.preview.isShown = true;
-    shell.view.redrawPreview();
+    ShowSection();
     ResetMousePointer();
     x_m = shell.preview.section.x_m;
     return true;
@@ -67,9 +74,20 @@ void ShowInPreview(const ModelRow& row) {
 }
 
 void ClearPreviewPane() {
-    ClearPicture();
+    ClearPicture(L"");
     shell.view.setPositionText(L"");
     shell.view.setFrameText(L"");
+}
+
+std::wstring WhyNoPicture(SectionModel& section, const BasicShipData& bsd) {
+    LibraryView view;
+    MakeLibraryView(section, view);
+    if (view.section.geometryPresent == 0) return GetMessage(kMsgNoPlating);
+    return IsBsdDefined(bsd) ? std::wstring() : GetMessage(kMsgNoShipData);
+}
+
+std::wstring WhyNoPicture(ModelKind kind) {
+    return FormatMessage(kMsgNoPictureOfKind, {KindName(kind)});
 }
 
 void DrawSection(SectionModel& section, const BasicShipData& bsd, Picture& picture) {

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "platform/grvelk.h"
 #include "report/messages.h"
 #include "tests/companions/section_builder.h"
@@ -177,7 +179,7 @@ TEST_F(LegacyRecord, ClassAndCodeTellTheKindOfANode) {
         EXPECT_EQ(GeometryAt<int16_t>(2664 + 2 * 2), expected.nodeClass) << expected.node.kind;
         EXPECT_EQ(GeometryAt<int16_t>(1464 + 2 * 2), expected.code) << expected.node.kind;
         EXPECT_EQ(SectionOf(*record).panels[1].nodes[0].kind, expected.node.kind);
-        EXPECT_TRUE(RecordedReports::Of("warning").empty()) << expected.node.kind;
+        EXPECT_TRUE(RecordedReports::Of("lost").empty()) << expected.node.kind;
     }
 }
 
@@ -192,8 +194,8 @@ TEST_F(LegacyRecord, ReferenceOfANodeLosesItsSign) {
 
 TEST_F(LegacyRecord, NodeOnANodeThatDoesNotExistIsReported) {
     ExportNode(OffsetNode({1, 3}, 1, 1));
-    const std::vector<std::string> warnings = RecordedReports::Of("warning");
-    EXPECT_EQ(warnings.back(), WarningText(2006, {2, 1}));
+    const std::vector<std::string> lost = RecordedReports::Of("lost");
+    EXPECT_EQ(lost.back(), LossText(3590, {2, 1}));
     EXPECT_EQ(SectionOf(*record).panels[1].nodes[0].onNode, 3) << "it is kept as it stands";
 }
 
@@ -201,8 +203,8 @@ TEST_F(LegacyRecord, NodeOfAnotherKindIsReportedAndGivenByItsCoordinates) {
     Node node = GivenNode(5, 6);
     node.kind = 9;
     ExportNode(node);
-    const std::vector<std::string> warnings = RecordedReports::Of("warning");
-    EXPECT_EQ(warnings.back(), WarningText(2007, {2, 1}));
+    const std::vector<std::string> lost = RecordedReports::Of("lost");
+    EXPECT_EQ(lost.back(), LossText(3591, {2, 1}));
     const SectionModel back = SectionOf(*record);
     EXPECT_EQ(back.panels[1].nodes[0].kind, kNodeGiven);
     EXPECT_EQ(back.panels[1].nodes[0].givenY, 5);
@@ -246,6 +248,62 @@ TEST_F(LegacyRecord, CompartmentHasAreaAndCentreOfItsOutline) {
     EXPECT_EQ(legacy.nodes[3], 4);
 }
 
+// A quarter of a circle of 2 m about the origin, in two arcs, and a strake from the origin.
+struct ArcTest : LegacyRecord {
+    void SetUp() override {
+        const auto half = static_cast<float>(std::sqrt(2));
+        Panel& round = section.panels.emplace_back();
+        round.nodes = {RadiusNode(2, 0, 2), RadiusNode(half, half, 2), GivenNode(0, 2)};
+        section.panels.emplace_back().nodes = {GivenNode(0, 0), GivenNode(2, 2)};
+    }
+    const LegacyCompartment& Exported(std::vector<NodeReference> outline) {
+        section.compartments.resize(1);
+        section.compartments[0].outline = std::move(outline);
+        Export();
+        return record->geometry.compartments[0];
+    }
+};
+constexpr double kPi = 3.14159265358979;
+
+TEST_F(ArcTest, CompartmentEndsAtTheRoundedPlating) {
+    const auto centre = static_cast<float>(8 / (3 * kPi));
+    for (const auto& outline : {std::vector<NodeReference>{{1, 1}, {1, 2}, {1, 3}, {2, 1}},
+                                std::vector<NodeReference>{{2, 1}, {1, 3}, {1, 2}, {1, 1}},
+                                std::vector<NodeReference>{{1, 1}, {1, 3}, {2, 1}}}) {
+        const LegacyCompartment& legacy = Exported(outline);
+        EXPECT_FLOAT_EQ(legacy.area_m2, static_cast<float>(kPi)) << outline.size();
+        EXPECT_FLOAT_EQ(legacy.centreY, centre) << outline.size();
+        EXPECT_FLOAT_EQ(legacy.centreZ, centre) << outline.size();
+    }
+}
+
+TEST_F(ArcTest, CompartmentOutsideOfTheRoundedPlatingIsSmaller) {
+    const LegacyCompartment& legacy = Exported({{1, 1}, {2, 2}, {1, 3}, {1, 2}, {1, 1}});
+    const double area = 4 - kPi;
+    EXPECT_FLOAT_EQ(legacy.area_m2, static_cast<float>(area));
+    EXPECT_FLOAT_EQ(legacy.centreY, static_cast<float>((4.0 - 8.0 / 3) / area));
+    EXPECT_FLOAT_EQ(legacy.centreZ, static_cast<float>((4.0 - 8.0 / 3) / area));
+}
+
+TEST_F(ArcTest, BetweenTwoStrakesAndBackToTheFirstNodeTheOutlineIsStraight) {
+    EXPECT_FLOAT_EQ(Exported({{1, 3}, {2, 1}, {1, 1}}).area_m2, 2);
+    EXPECT_EQ(Exported({{1, 1}, {1, 1}}).area_m2, 0);
+}
+
+TEST_F(ArcTest, NearlyStraightArcAddsTheAreaOfAParabola) {
+    for (const float radius : {240.0F, 260.0F, 100000.0F}) {
+        section.panels[0].nodes = {RadiusNode(5, 0, radius), GivenNode(5, 5)};
+        section.panels[1].nodes = {GivenNode(0, 5), GivenNode(0, 0)};
+        const LegacyCompartment& legacy = Exported({{1, 1}, {1, 2}, {2, 1}, {2, 2}});
+        const double sweep = 2 * std::asin(2.5 / radius);
+        const double bow = double{radius} * radius / 2 * (sweep - std::sin(sweep));
+        EXPECT_NEAR(legacy.area_m2, 25 + bow, 1e-4) << radius;
+        EXPECT_NEAR(legacy.centreZ, 2.5, 1e-5) << radius;
+        const double outside = 5 + 0.4 * bow / 5 * 1.5;
+        EXPECT_NEAR(legacy.centreY, (62.5 + bow * outside) / (25 + bow), 1e-4) << radius;
+    }
+}
+
 TEST_F(LegacyRecord, OutlineLosesNodesThatDoNotExist) {
     section.panels = {PanelOfNodes(2, 0, 1)};
     section.compartments.emplace_back().outline = {{1, 1}, {1, 3}, {2, 1}, {1, 2}};
@@ -274,9 +332,9 @@ struct PlaceTest : LegacyRecord {
         Export();
         RecordedReports::events.clear();
     }
-    std::vector<std::string> ImportWarnings() {
+    std::vector<std::string> LostInImport() {
         section = SectionOf(*record);
-        return RecordedReports::Of("warning");
+        return RecordedReports::Of("lost");
     }
 };
 
@@ -290,7 +348,7 @@ TEST_F(PlaceTest, PlacesAreAbscissas) {
     EXPECT_EQ(legacy.spans[2].stiffener, 2);
     EXPECT_EQ(legacy.openings[0].s, 10);
     EXPECT_EQ(legacy.pillars[0].s, 2.5F);
-    EXPECT_TRUE(ImportWarnings().empty());
+    EXPECT_TRUE(LostInImport().empty());
 }
 
 TEST_F(PlaceTest, StiffenersAndSpansArePlacedByTheLibrary) {
@@ -318,7 +376,7 @@ TEST_F(PlaceTest, FourTablesComeBackThroughTheLibrary) {
         places.push_back(item->s);
         return real(all, count, k, item);
     });
-    ImportWarnings();
+    LostInImport();
     EXPECT_EQ(places, (std::vector<float>{1, 6, 1, 6, 6, 10, 2.5F}))
         << "stiffeners, spans, openings, pillars";
 }
@@ -326,7 +384,7 @@ TEST_F(PlaceTest, FourTablesComeBackThroughTheLibrary) {
 TEST_F(PlaceTest, AbscissaCountsMoreThanTheOffset) {
     record->geometry.stiffeners[0].s = 2.25F;
     record->geometry.spans[0].s = 2.25F;
-    EXPECT_TRUE(ImportWarnings().empty());
+    EXPECT_TRUE(LostInImport().empty());
     EXPECT_EQ(section.panels[0].stiffeners[0].offset, 2.25F);
 }
 
@@ -341,7 +399,7 @@ TEST_F(PlaceTest, OffsetBeyondAnEndIsKept) {
 
 TEST_F(PlaceTest, StiffenerThatCannotBePlacedIsReportedAndKept) {
     record->geometry.stiffeners[1].onNode = 9;
-    EXPECT_EQ(ImportWarnings(), std::vector<std::string>{WarningText(2001, {2, 1, 2})});
+    EXPECT_EQ(LostInImport(), std::vector<std::string>{LossText(2001, {2, 1, 2})});
     ASSERT_EQ(section.panels[0].stiffeners.size(), 2u);
     EXPECT_EQ(section.panels[0].stiffeners[1].offset, -4);
     EXPECT_EQ(section.panels[0].stiffenerDetails[1].spans.size(), 2u);
@@ -349,8 +407,8 @@ TEST_F(PlaceTest, StiffenerThatCannotBePlacedIsReportedAndKept) {
 
 TEST_F(PlaceTest, StiffenerOfNoStrakeIsReportedAndLeftOutWithItsSpans) {
     record->geometry.stiffeners[0].strake = 4;
-    EXPECT_EQ(ImportWarnings(),
-              (std::vector<std::string>{WarningText(2001, {1, 0, 0}), WarningText(2013, {1, 1})}));
+    EXPECT_EQ(LostInImport(),
+              (std::vector<std::string>{LossText(2001, {1, 0, 0}), LossText(2013, {1, 1})}));
     ASSERT_EQ(section.panels[0].stiffeners.size(), 1u);
     EXPECT_EQ(section.panels[0].stiffeners[0].offset, -4);
     EXPECT_EQ(section.panels[0].stiffenerDetails[0].spans.size(), 2u);
@@ -358,27 +416,27 @@ TEST_F(PlaceTest, StiffenerOfNoStrakeIsReportedAndLeftOutWithItsSpans) {
 
 TEST_F(PlaceTest, SpanOfNoStiffenerIsReportedAndLeftOut) {
     record->geometry.spans[1].stiffener = 3;
-    EXPECT_EQ(ImportWarnings(), std::vector<std::string>{WarningText(2013, {2, 3})});
+    EXPECT_EQ(LostInImport(), std::vector<std::string>{LossText(2013, {2, 3})});
     EXPECT_EQ(section.panels[0].stiffenerDetails[1].spans.size(), 1u);
 }
 
 TEST_F(PlaceTest, SpanThatIsElsewhereIsReportedAndLeftOut) {
     record->geometry.spans[0].s = 1.5F;
-    EXPECT_EQ(ImportWarnings(), std::vector<std::string>{WarningText(2013, {1, 1})});
+    EXPECT_EQ(LostInImport(), std::vector<std::string>{LossText(2013, {1, 1})});
     EXPECT_TRUE(section.panels[0].stiffenerDetails[0].spans.empty());
 }
 
 TEST_F(PlaceTest, OpeningAwayFromItsNodeIsReportedAndKept) {
     record->geometry.openings[0].s = 9;
-    EXPECT_EQ(ImportWarnings(), std::vector<std::string>{WarningText(2001, {1, 1, 2})});
+    EXPECT_EQ(LostInImport(), std::vector<std::string>{LossText(2001, {1, 1, 2})});
     EXPECT_EQ(section.panels[0].openings.at(0).at, (NodeReference{1, 2}));
 }
 
 TEST_F(PlaceTest, OpeningAndPillarOfNoStrakeAreReportedAndLeftOut) {
     record->geometry.openings[0].strake = 0;
     record->geometry.pillars[0].strake = -1;
-    EXPECT_EQ(ImportWarnings(), (std::vector<std::string>{WarningText(2001, {1, 0, 0}),
-                                                          WarningText(2001, {1, 0, 0})}));
+    EXPECT_EQ(LostInImport(),
+              (std::vector<std::string>{LossText(2001, {1, 0, 0}), LossText(2001, {1, 0, 0})}));
     EXPECT_TRUE(section.panels[0].openings.empty());
     EXPECT_TRUE(section.panels[0].pillars.empty());
 }
@@ -391,7 +449,7 @@ TEST_F(LegacyRecord, EmptyRecordIsAnEmptySection) {
     EXPECT_TRUE(back.name.empty());
     EXPECT_TRUE(back.panels.empty());
     EXPECT_TRUE(back.compartments.empty());
-    EXPECT_TRUE(RecordedReports::Of("warning").empty());
+    EXPECT_TRUE(RecordedReports::Of("lost").empty());
 }
 
 TEST_F(LegacyRecord, AnyBytesAreARecord) {

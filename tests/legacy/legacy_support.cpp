@@ -374,15 +374,23 @@ void SetImportedHead(SectionModel& section) {
     section.momentsAbsent = absent ? -1 : 0;
 }
 
+namespace {
+
+void RecordLosses(const Losses& losses) {
+    for (const std::wstring& text : losses) RecordedReports::Record("lost " + Narrow(text));
+}
+
+}  // namespace
+
 std::unique_ptr<LegacySectionRecord> RecordOf(SectionModel& section) {
     auto record = std::make_unique<LegacySectionRecord>();
-    ToLegacyRecord(section, *record);
+    RecordLosses(ToLegacyRecord(section, *record));
     return record;
 }
 
 SectionModel SectionOf(const LegacySectionRecord& record) {
     SectionModel section;
-    FromLegacyRecord(record, section);
+    RecordLosses(FromLegacyRecord(record, section));
     return section;
 }
 
@@ -422,7 +430,12 @@ void WriteLegacyDatabase(const std::wstring& path, const std::vector<std::wstrin
         section.panels.push_back(PanelOfNodes(2, 0, 1));
         ASSERT_TRUE(ExportSection({path, number}, section, bsd));
     }
+    ListLegacySections(path, status);  // all is written
     RecordedReports::events.clear();
+}
+
+std::string LossText(int32_t number, MessageArguments arguments) {
+    return Narrow(FormatMessage(number, arguments));
 }
 
 std::string WarningText(int32_t number, MessageArguments arguments) {
