@@ -142,7 +142,7 @@ TEST_F(BulkheadReaderTest, FileThatIsNotADatabaseIsMessage1083) {
 TEST_F(BulkheadReaderTest, MissingFileIsReportedAsMissing) {
     BulkheadArrangement arrangement;
     EXPECT_FALSE(ReadBulkheadBlock(path, 1, arrangement));
-    EXPECT_EQ(Warning(), test::BoxText(kMsgDatabaseMissing, {path}));
+    EXPECT_EQ(Warning(), test::ShownText(kMsgDatabaseMissing, {path}));
     EXPECT_EQ(arrangement.x_m, -1.0f);
 }
 

@@ -19,8 +19,8 @@
 namespace corvane::test {
 
 // What a box shows of a message.
-inline std::string BoxText(int32_t message, MessageArguments arguments) {
-    return Narrow(SubstituteArguments(ExpandLineBreaks(GetMessage(message)), arguments));
+inline std::string ShownText(int32_t message, MessageArguments arguments) {
+    return Narrow(BoxText(message, arguments));
 }
 
 struct EditingTest : testing::Test {
@@ -36,7 +36,7 @@ struct EditingTest : testing::Test {
     // The file, and its folder, are as this text and one file; the only message was this one.
     void ExpectRefusal(std::string_view text, int32_t message, MessageArguments arguments) {
         EXPECT_EQ(RecordedReports::Of("warning"),
-                  std::vector<std::string>{BoxText(message, arguments)});
+                  std::vector<std::string>{ShownText(message, arguments)});
         RecordedReports::events.clear();
         EXPECT_EQ(Text(), text);
         EXPECT_EQ(FilesIn(folder.path).size(), 1U);

@@ -311,7 +311,7 @@ TEST_F(ListingTest, PositionInAFileThatIsGoneIsReported) {
     float x = 5;
     EXPECT_FALSE(ReadModelPosition(path, 1, x));
     EXPECT_EQ(test::RecordedReports::Of("warning"),
-              std::vector{test::BoxText(kMsgDatabaseMissing, {path})});
+              std::vector{test::ShownText(kMsgDatabaseMissing, {path})});
     EXPECT_EQ(x, 5);
 }
 

@@ -130,7 +130,7 @@ TEST_F(SectionReaderTest, FileThatIsNotADatabaseIsMessage1083) {
 TEST_F(SectionReaderTest, MissingFileIsReportedAsMissing) {
     SectionModel section;
     EXPECT_FALSE(ReadSectionBlock(path, 1, false, section));
-    EXPECT_EQ(Warning(), test::BoxText(kMsgDatabaseMissing, {path}));
+    EXPECT_EQ(Warning(), test::ShownText(kMsgDatabaseMissing, {path}));
 }
 
 TEST_F(SectionReaderTest, FileThatCannotBeReadIsReportedWithTheReason) {
