@@ -36,8 +36,8 @@ stage=${CORVANE_STAGE:-$wineBase/$(basename "$checkout")-$(cksum <<<"$checkout" 
 prefix=$stage/prefix
 
 # winedbg off: it hangs on a crash. mscoree and mshtml off: nothing to install, quicker start.
-# The locale decides on the code pages: 1252 and 850 unless CORVANE_LOCALE names another. The library path is the loader's own (Debian's
-# wrapper prints a hint about 32-bit programs at each call).
+# The locale decides on the code pages: 1252 and 850, unless CORVANE_LOCALE names another. The
+# library path is the loader's own (Debian's wrapper prints a hint about 32-bit programs each time).
 wine=/usr/lib/wine/wine64
 wineEnvironment=(env "WINEPREFIX=$prefix" "WINEDLLOVERRIDES=winedbg.exe=d;mscoree,mshtml="
     "WINELOADER=$wine" "WINEDEBUG=${WINEDEBUG:-fixme-all}" "LC_ALL=${CORVANE_LOCALE:-en_GB.UTF-8}")

@@ -47,7 +47,8 @@ def programs(root):
 
 
 def describe(objdump, path):
-    return subprocess.run([objdump, "-p", "-h", path], check=True, capture_output=True, text=True).stdout
+    command = [objdump, "-p", "-h", path]
+    return subprocess.run(command, check=True, capture_output=True, text=True).stdout
 
 
 def exports(description):

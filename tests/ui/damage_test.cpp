@@ -116,17 +116,13 @@ TEST(ShortenedDatabase, WindowStaysOpenWhileItsBoxIsUp) {
     const HWND main = program.Main();
     ASSERT_NE(main, nullptr);
     test::WriteFileBytes(path, sample.substr(0, sample.size() / 20));
-    PressKey(GetDlgItem(main, LI_Sections), VK_END);
-    PressKey(GetDlgItem(main, LI_Sections), VK_UP);
-    for (int boxes = 0; program.Window(L"#32770") != nullptr && boxes < 3; ++boxes) {
-        const Box box = WaitForBox(program);
-        PostMessageW(main, WM_CLOSE, 0, 0);
-        Send(main, WM_NULL, 0, 0);
-        ASSERT_TRUE(IsWindow(main)) << "closed under its box";
-        ASSERT_TRUE(Press(box, IDOK));
-        Send(main, WM_NULL, 0, 0);
-        if (program.FindNow(L"#32770") == nullptr) break;
-    }
+    PressKey(GetDlgItem(main, LI_Sections), VK_DOWN);
+    const Box box = WaitForBox(program);
+    ASSERT_NE(box.window, nullptr);
+    Send(main, WM_CLOSE, 0, 0);
+    ASSERT_TRUE(IsWindow(main)) << "closed under its box";
+    ASSERT_TRUE(Press(box, IDOK));
+    Send(main, WM_NULL, 0, 0);
     EXPECT_FALSE(program.HasEnded(0));
     PostMessageW(main, WM_CLOSE, 0, 0);
     ASSERT_TRUE(program.HasEnded());

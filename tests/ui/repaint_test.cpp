@@ -16,6 +16,11 @@ namespace {
 constexpr ULONGLONG kRest = 400;
 
 struct RepaintTest : MainWindowFixture {
+    // No button lights up under the pointer.
+    void SetUp() override {
+        MainWindowFixture::SetUp();
+        MoveMouse({1, 1});
+    }
     // The window's own area as the screen shows it, once it has come to rest.
     Picture PictureAtRest() const {
         Picture last;
@@ -67,6 +72,24 @@ TEST_F(RepaintTest, AfterEnlargingAndShrinking) {
         Resize(size.cx, size.cy);
         ExpectWhole(("size " + std::to_string(size.cx) + "x" + std::to_string(size.cy)).c_str());
     }
+}
+
+// The longest run of black pixels in a row of a picture.
+int LongestBlackRun(const Picture& picture) {
+    int longest = 0;
+    int run = 0;
+    for (size_t i = 0; i < picture.pixels.size(); ++i) {
+        if (i % static_cast<size_t>(picture.width) == 0) run = 0;
+        run = picture.pixels[i] == 0 ? run + 1 : 0;
+        longest = std::max(longest, run);
+    }
+    return longest;
+}
+
+TEST_F(RepaintTest, NoPartOfTheRuleSetsStaysUnpainted) {
+    Resize(1100, 760);
+    PictureAtRest();
+    EXPECT_LT(LongestBlackRun(CopyScreen(Place(GR_Rule))), 20);
 }
 
 TEST_F(RepaintTest, AfterEnlargingStepByStep) {

@@ -22,7 +22,7 @@ Picture CopyScreen(const RECT& area);
 // Whether a preview on the screen shows plates and stiffeners.
 bool ShowsASection(HWND preview);
 
-// Writes the screen to failure_<test>.bmp beside the test program and names it in the test's output.
+// Writes the screen to failure_<test>.bmp beside the test program, and names it in the output.
 void KeepScreenshot();
 // The same with a picture, to failure_<test><title>.bmp.
 void KeepPicture(const Picture& picture, const std::string& title);

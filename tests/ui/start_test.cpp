@@ -315,20 +315,23 @@ TEST_F(StartTest, OtherMessagesWithDataAreIgnored) {
 }
 
 TEST_F(StartTest, SecondStartDoesNotTakeAnotherCopysWindow) {
-    const Installation elsewhere;
+    // Copies below and above the right window, with the title that a start without a file has.
+    const Installation copies[2];
+    const Program below(copies[0]);
+    const HWND belowMain = below.Main();
     const Program first(installation, Quoted(SamplePath()));
     const HWND main = first.Main();
-    ASSERT_NE(main, nullptr);
-    // Its title is the one that a start without a file has.
-    const Program other(elsewhere);
-    const HWND otherMain = other.Main();
-    ASSERT_NE(otherMain, nullptr);
-    ShowWindow(main, SW_MINIMIZE);
-    ShowWindow(otherMain, SW_MINIMIZE);
+    const Program above(copies[1]);
+    const HWND aboveMain = above.Main();
+    for (const HWND window : {belowMain, main, aboveMain}) {
+        ASSERT_NE(window, nullptr);
+        ShowWindow(window, SW_MINIMIZE);
+    }
     const Program second(installation);
     EXPECT_TRUE(second.HasEnded());
     EXPECT_TRUE(WaitUntil([&] { return IsIconic(main) == FALSE; }));
-    EXPECT_TRUE(IsIconic(otherMain));
+    EXPECT_TRUE(IsIconic(belowMain));
+    EXPECT_TRUE(IsIconic(aboveMain));
 }
 
 TEST_F(StartTest, NameHeldByAnotherProcessIsReportedAndTheStartIsOffered) {

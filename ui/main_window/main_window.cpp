@@ -181,26 +181,40 @@ LRESULT OnNotify(HWND window, LPARAM lParam) {
     return 0;
 }
 
-LRESULT OnColourStatic(HDC dc) {
-    SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
+// A status line in red says that the work stopped there.
+LRESULT OnColourStatic(HWND window, HDC dc, HWND control) {
+    const bool red = GetDlgCtrlID(control) == PAN_Help &&
+                     StateOfMainWindow(window)->statusColour == StatusColour::kRed;
+    SetTextColor(dc, red ? RGB(255, 0, 0) : GetSysColor(COLOR_BTNTEXT));
     SetBkColor(dc, GetSysColor(COLOR_BTNFACE));
     return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
 }
 
-// The status line or a label of the selected model. A status line in red says that the work stopped
-// there.
+// The status line or a label of the selected model.
 void OnDrawLabel(HWND window, const DRAWITEMSTRUCT& item) {
-    const MainWindowState& state = *StateOfMainWindow(window);
-    const bool red = item.CtlID == PAN_Help && state.statusColour == StatusColour::kRed;
     const std::wstring text = WindowText(item.hwndItem);
     RECT area = item.rcItem;
     FillRect(item.hDC, &area, GetSysColorBrush(COLOR_BTNFACE));
-    const HGDIOBJ before = SelectObject(item.hDC, state.layout.font);
-    SetTextColor(item.hDC, red ? RGB(255, 0, 0) : GetSysColor(COLOR_BTNTEXT));
-    SetBkMode(item.hDC, TRANSPARENT);
+    const HGDIOBJ before = SelectObject(item.hDC, StateOfMainWindow(window)->layout.font);
+    OnColourStatic(window, item.hDC, item.hwndItem);
     DrawTextW(item.hDC, text.c_str(), static_cast<int>(text.size()), &area,
               DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
     SelectObject(item.hDC, before);
+}
+
+// Whether a mouse message is the press of a button, in the window or on its frame.
+bool IsPress(UINT message) {
+    constexpr UINT kPresses[] = {WM_LBUTTONDOWN,   WM_RBUTTONDOWN,   WM_MBUTTONDOWN,
+                                 WM_NCLBUTTONDOWN, WM_NCRBUTTONDOWN, WM_NCMBUTTONDOWN};
+    return std::ranges::find(kPresses, message) != std::end(kPresses);
+}
+
+// Comes with every mouse message. A click while a program of the suite runs is one for it.
+bool OnSetCursor(HWND window, UINT mouseMessage) {
+    if (shell.childRunning && IsPress(mouseMessage)) BringChildToFront();
+    if (!StateOfMainWindow(window)->busy) return false;
+    SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+    return true;
 }
 
 // The keyboard letter of a label or a frame goes to the control after it; dialogs do that by
@@ -266,11 +280,7 @@ LRESULT HandleLife(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
             OnNcDestroy(window);
             break;
         case WM_ACTIVATE:
-            if (LOWORD(wParam) == WA_INACTIVE) {
-                RememberFocus(window);
-            } else if (shell.childRunning) {
-                BringChildToFront();
-            }
+            if (LOWORD(wParam) == WA_INACTIVE) RememberFocus(window);
             break;
         case WM_SETFOCUS:
             GiveFocus(window);
@@ -313,14 +323,14 @@ LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_NOTIFY:
             return OnNotify(window, lParam);
         case WM_CTLCOLORSTATIC:
-            return OnColourStatic(reinterpret_cast<HDC>(wParam));
+            return OnColourStatic(window, reinterpret_cast<HDC>(wParam),
+                                  reinterpret_cast<HWND>(lParam));
         case WM_DRAWITEM:
             OnDrawLabel(window, *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
             return TRUE;
         case WM_SETCURSOR:
-            if (!StateOfMainWindow(window)->busy) break;
-            SetCursor(LoadCursorW(nullptr, IDC_WAIT));
-            return TRUE;
+            if (OnSetCursor(window, HIWORD(lParam))) return TRUE;
+            break;
         case kSplitterMoved:
             OnSplitterMoved(window, static_cast<int>(wParam));
             return 0;

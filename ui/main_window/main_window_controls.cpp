@@ -23,8 +23,23 @@ HWND AddControl(HWND window, int id, const wchar_t* windowClass, const wchar_t* 
                            window, reinterpret_cast<HMENU>(INT_PTR{id}), nullptr, nullptr);
 }
 
+// A group leaves its background to the window below, which does not paint there.
+LRESULT CALLBACK GroupProcedure(HWND group, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                                DWORD_PTR) {
+    if (message == WM_ERASEBKGND) {
+        RECT client{};
+        GetClientRect(group, &client);
+        FillRect(reinterpret_cast<HDC>(wParam), &client, GetSysColorBrush(COLOR_BTNFACE));
+        return TRUE;
+    }
+    if (message == WM_NCDESTROY) RemoveWindowSubclass(group, GroupProcedure, id);
+    return DefSubclassProc(group, message, wParam, lParam);
+}
+
 void AddRuleSets(HWND window) {
-    AddControl(window, GR_Rule, WC_BUTTONW, L"R&ule set", BS_GROUPBOX | WS_GROUP);
+    const HWND group =
+        AddControl(window, GR_Rule, WC_BUTTONW, L"R&ule set", BS_GROUPBOX | WS_GROUP);
+    SetWindowSubclass(group, GroupProcedure, 1, 0);
     DWORD first = WS_GROUP | WS_TABSTOP;
     int id = OP_Rule;
     for (const wchar_t* caption : {L"QUOR", L"CSR for BC", L"QUOR MIL"}) {

@@ -189,8 +189,8 @@ void LayOutMainWindow(HWND window, Layout& layout) {
     PlacePanes(divider, area, layout, textHeight);
     EndDeferWindowPos(divider.moves);
     FitNameColumn(GetDlgItem(window, LI_Sections));
-    // The gaps between the controls.
-    InvalidateRect(window, nullptr, TRUE);
+    // The gaps between the controls, and what one of them covered at its old place.
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void PlaceOpenButton(HWND window, const Layout& layout) {

@@ -210,7 +210,7 @@ TEST_F(AboutTest, ShowsTitleHeadingAndNotice) {
         EXPECT_EQ(TextOf(window, LB_Notice), test::Narrow(GetMessage(kMsgLegalNoticeLabel)));
         const std::string notice = TextOf(window, TX_Notice);
         EXPECT_NE(notice.find("warranty"), std::string::npos);
-        EXPECT_NE(notice.find("Contact"), std::string::npos);
+        EXPECT_NE(notice.find("turn to the person"), std::string::npos);
         EXPECT_EQ(notice.find("\xC2\xB2"), std::string::npos) << "a line break was left";
         EXPECT_EQ(GetFocus(), GetDlgItem(window, BT_Ok));
         Press(window, BT_Ok);
