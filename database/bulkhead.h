@@ -99,7 +99,9 @@ struct Bulkhead {
     int32_t stiffening = 0;     // direction of stiffeners or corrugations: 0 horizontal, 1 vertical
     int32_t stiffenedSide = 0;  // -1 aft, 1 fore
     Array<Stool, 1, 2> stools;  // lower and upper
-    // For information: x of the aft and the fore end of the lower stool, then of the upper one.
+    // For information: a code, then x of the aft and the fore end of the lower stool, and of the
+    // upper one.
+    int16_t stoolEndCode = 0;
     Array<float, 1, 4> stoolEnds_m;
     std::vector<Node> nodes;
     std::vector<PrimaryStiffener> primaryStiffeners;

@@ -51,7 +51,7 @@ void HeadLines(Row& row, BulkheadArrangement& arrangement) {
 template <class Row>
 void BulkheadLine(Row& row, Bulkhead& bulkhead) {
     Values(row, PaddedName{bulkhead.name}, bulkhead.kind, bulkhead.material, bulkhead.stiffening,
-           bulkhead.stiffenedSide, bulkhead.stools, bulkhead.stoolEnds_m);
+           bulkhead.stiffenedSide, bulkhead.stools, bulkhead.stoolEndCode, bulkhead.stoolEnds_m);
     EndLine(row);
 }
 

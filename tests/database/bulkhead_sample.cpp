@@ -19,6 +19,7 @@ Bulkhead Corrugated() {
     bulkhead.material = 2;
     bulkhead.stiffening = 1;
     bulkhead.stools = {{Stool{-1, 5.75f}, Stool{-1, 16.2f}}};
+    bulkhead.stoolEndCode = 3;
     bulkhead.stoolEnds_m = {{103.1f, 106.4f, 103.6f, 105.9f}};
     bulkhead.nodes = {GivenNode(0, 5.75f, 1), GivenNode(11.9f, 5.75f, 2),
                       GivenNode(16.1f, 9.95f, 3)};
@@ -152,6 +153,7 @@ Bulkhead RandomBulkhead(RandomRow& row) {
     bulkhead.name = RandomName(row);
     Fill(row, bulkhead.kind, bulkhead.material, bulkhead.stiffening, bulkhead.stiffenedSide);
     for (Stool& stool : bulkhead.stools.elements) Fill(row, stool.enabled, stool.z_m);
+    Fill(row, bulkhead.stoolEndCode);
     FillAll(row, bulkhead.stoolEnds_m);
     for (uint32_t i = row.Below(6); i > 0; --i) {
         bulkhead.nodes.push_back(RandomBulkheadNode(row));
