@@ -14,17 +14,20 @@ namespace corvane {
 // The line that opens the block in a database, compared exactly.
 inline constexpr std::string_view kBsdHeaderLine = "------------------ BSD ------------------";
 
-// Reads the block of a database. A missing file: nothing happens. No block: the warning "path : not
-// a valid Corvane file". An empty Titles(1) becomes label 101. True when a block was read.
+// Reads the block of a database, whose header line is before the first model. A missing file:
+// nothing happens. No block: the warning "path : not a valid Corvane file". An empty Titles(1)
+// becomes label 101. True when a block was read.
 bool LoadBsdFromDatabase(const std::wstring& path, BasicShipData& bsd);
 
-// Writes the record instead of the database's block; everything else in the file stays. Nothing
-// happens for an empty path or a missing file. A read-only file, a file without a block, and a
-// write that fails are reported. True when the file has the data.
+// Writes the record instead of the database's block; everything else in the file stays, and the
+// old text is kept as a backup. Nothing happens for an empty path or a missing file. A read-only
+// file, a file without a block, and a write that fails are reported. True when the file has the
+// data.
 bool SaveBsdToDatabase(const std::wstring& path, BasicShipData& bsd);
 
-// Reads a standalone file. Nothing happens when it does not exist; a file that holds neither a
-// layout version nor a number is reported. True when it was read.
+// Reads a standalone file into a new record: nothing of the old one is left. Nothing happens when
+// the file does not exist; one that holds neither a layout version nor a number is reported. True
+// when it was read.
 bool ImportBsdFile(const std::wstring& path, BasicShipData& bsd);
 
 }  // namespace corvane

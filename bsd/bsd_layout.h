@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "bsd/basic_ship_data.h"
-#include "files/text_file.h"
 
 namespace corvane {
 
@@ -14,11 +13,6 @@ namespace corvane {
 inline constexpr std::string_view kTab = "\t";
 inline constexpr std::string_view kLineEnd = "\r\n";
 inline constexpr std::string_view kTabAndLineEnd = "\t\r\n";
-
-// Whether a line opens what follows the records: another block, or a model.
-inline bool OpensBlock(std::string_view line, std::string_view modelMarker) {
-    return line == modelMarker || IsHeaderLine(line);
-}
 
 // A tab after every value, and a line end after every `perLine` of them. A list whose length is
 // no multiple of `perLine` leaves its last line open.

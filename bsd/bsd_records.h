@@ -7,9 +7,10 @@
 
 namespace corvane {
 
-// Reads the records from the reader's next line on. An item that is bad or missing is skipped and
-// its field keeps its value; the next header line or model marker ends the records and stays
-// unread. Returns how many numbers were read.
+// Reads the records from the reader's next line on. The version, the titles and the remark are
+// lines by their place, whatever they hold. An item that is bad or missing is skipped and its field
+// keeps its value; a header line among the numbers, and a model marker anywhere, end the records
+// and stay unread. Returns how many numbers were read.
 int ReadBasicShipData(TextReader& reader, BasicShipData& bsd);
 
 // Writes the records in layout version 5. MainData(4) becomes MainData(3), in the caller's record

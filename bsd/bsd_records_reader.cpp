@@ -20,15 +20,21 @@ struct ItemReader {
     int numberCount = 0;         // of the items that were numbers
 };
 
-// Goes to the next line. A line that opens another block ends the items and stays unread.
-bool NextLine(ItemReader& items) {
+// What the next line is read as.
+enum class LineKind { kText, kNumbers };
+
+// Goes to the next line. A model marker, and a header line where numbers are due, end the items and
+// stay unread.
+bool NextLine(ItemReader& items, LineKind kind) {
     items.rest = {};
     items.inLine = false;
     if (items.ended) return false;
     const int64_t position = LinePosition(items.lines);
     std::string_view line;
     items.ended = !ReadLine(items.lines, line);
-    if (!items.ended && OpensBlock(line, items.modelMarker)) {
+    const bool opensBlock =
+        line == items.modelMarker || (kind == LineKind::kNumbers && IsHeaderLine(line));
+    if (!items.ended && opensBlock) {
         SeekLine(items.lines, position);
         items.ended = true;
     }
@@ -44,7 +50,7 @@ void PassBlanks(std::string_view& text) {
 
 // The rest of the current line; of the next one when the current one's end has been read.
 bool TakeLine(ItemReader& items, std::string_view& line) {
-    if (!items.inLine && !NextLine(items)) return false;
+    if (!items.inLine && !NextLine(items, LineKind::kText)) return false;
     line = items.rest;
     items.rest = {};
     items.inLine = false;
@@ -68,7 +74,7 @@ bool TakeText(ItemReader& items, std::string_view& text) {
 bool TakeItem(ItemReader& items, std::string_view& item) {
     PassBlanks(items.rest);
     while (items.rest.empty()) {
-        if (!NextLine(items)) return false;
+        if (!NextLine(items, LineKind::kNumbers)) return false;
         PassBlanks(items.rest);
     }
     item = items.rest.substr(0, items.rest.find_first_of(" \t,"));

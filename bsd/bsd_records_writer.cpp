@@ -19,16 +19,13 @@ void WriteNumber(TextWriter& writer, Number value) {
     WriteText(writer, {text.data(), static_cast<size_t>(end - text.data())});
 }
 
-// A text on its own line, blanks at its end included. A line break in the text becomes a
-// blank, and a text that readers would take for the head of another block gets another first
-// character: either would cut the records short.
+// A text on its own line, blanks at its end included. A line break in the text becomes a blank, and
+// a text that is the model marker gets another first character: either would cut the records short.
 void WriteTextLine(TextWriter& writer, std::wstring_view text, std::string_view modelMarker) {
     std::string line = system::AnsiFromWide(text);
     std::replace(line.begin(), line.end(), '\r', ' ');
     std::replace(line.begin(), line.end(), '\n', ' ');
-    if (OpensBlock(line, modelMarker)) {
-        line[std::min(line.find_first_not_of(' '), line.size() - 1)] = '=';
-    }
+    if (line == modelMarker) line.front() = '=';
     WriteLine(writer, line);
 }
 

@@ -1,6 +1,6 @@
 #include "database/scanning.h"
 
-#include "report/reporters.h"
+#include "report/messages.h"
 #include "text/numbers.h"
 #include "text/text.h"
 
@@ -39,16 +39,11 @@ bool IsDatabaseFile(const std::wstring& path) {
 bool IsDatabase(TextReader& reader) {
     SeekLine(reader, 0);
     std::string_view line;
+    const std::string signature = GetMessageBytes(kMsgSignature);
     const bool isDatabase = ReadSignificantLine(reader, line) &&
-                            UpperCase(Trim(line)) == GetMessageBytes(kMsgSignature);
+                            UpperCase(Trim(line)) == Trim(std::string_view(signature));
     SeekLine(reader, 0);
     return isDatabase;
-}
-
-bool ReportReadFault(const TextReader& reader, const std::wstring& path) {
-    if (reader.error == system::kErrorNone) return false;
-    ReportMessage(kMsgFileNotRead, {path, system::ErrorText(reader.error)});
-    return true;
 }
 
 bool ReadBlockLine(TextReader& reader, std::string_view modelMarker, std::string_view& line) {

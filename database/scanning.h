@@ -31,8 +31,6 @@ StructuralLines FetchStructuralLines();
 bool IsDatabaseFile(const std::wstring& path);
 // The same of an open file. The reader goes to the start.
 bool IsDatabase(TextReader& reader);
-// Whether a read of this reader has failed, which is then reported (message 3509).
-bool ReportReadFault(const TextReader& reader, const std::wstring& path);
 
 // The next significant line inside the current block. False at the end of the file and at the next
 // model marker, which stays unread: a block that lacks lines never swallows the one after it.

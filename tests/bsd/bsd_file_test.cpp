@@ -147,6 +147,21 @@ TEST_F(BsdLoad, EmptyBlockAtTheEndLoadsNothingButTheLabel) {
     EXPECT_EQ(bsd.MainData(1), 0);
 }
 
+TEST_F(BsdLoad, HeaderLineAfterTheFirstModelIsNoBlock) {
+    Write(kHead + Model() + Golden());
+    BasicShipData bsd = DistinctBsd();
+    EXPECT_FALSE(LoadBsdFromDatabase(path, bsd));
+    EXPECT_EQ(bsd, DistinctBsd());
+    EXPECT_EQ(Warnings(), std::vector{Narrow(path) + " : not a valid Corvane file"});
+}
+
+TEST_F(BsdLoad, FileThatCannotBeReadIsReportedAndTheRecordKeepsItsContents) {
+    BasicShipData bsd = DistinctBsd();
+    EXPECT_FALSE(LoadBsdFromDatabase(kUnreadableFile, bsd));
+    EXPECT_EQ(bsd, DistinctBsd());
+    EXPECT_EQ(Warnings().size(), 1u);
+}
+
 TEST_F(BsdLoad, FirstBlockOfTwoIsRead) {
     Write(kHead + Golden() + BlockOf(OtherBsd()));
     EXPECT_EQ(Loaded().Titles(1).Trimmed(), L"Title one");
@@ -158,7 +173,13 @@ TEST_F(BsdSave, BlockIsReplacedAndEverythingElseStays) {
     EXPECT_EQ(Saved(kHead + Golden() + Model()), kHead + BlockOf(OtherBsd()) + Model());
     EXPECT_EQ(Loaded(), OtherBsd());
     EXPECT_TRUE(RecordedReports::events.empty());
-    EXPECT_EQ(FilesIn(folder.path).size(), 1u);
+}
+
+TEST_F(BsdSave, OldTextIsKeptAsABackup) {
+    const std::string text = kHead + Golden() + Model();
+    Saved(text);
+    EXPECT_EQ(ReadFileBytes(folder.File(L"ship.bak")), text);
+    EXPECT_EQ(FilesIn(folder.path).size(), 2u);
 }
 
 TEST_F(BsdSave, BlockEndsAtTheNextHeaderLine) {
@@ -207,24 +228,42 @@ TEST_F(BsdSave, BytesOutsideOfTheBlockPassUnchanged) {
     EXPECT_EQ(Saved(head + Golden() + tail), head + BlockOf(OtherBsd()) + tail + "\r\n");
 }
 
-TEST_F(BsdSave, BlockAfterAModelEndsAtTheNextModel) {
-    EXPECT_EQ(Saved(kHead + Model() + Golden() + Model()),
-              kHead + Model() + BlockOf(OtherBsd()) + Model());
+TEST_F(BsdSave, HeaderLineAfterTheFirstModelIsNoBlock) {
+    const std::string text = kHead + Model() + Golden() + Model();
+    Write(text);
+    BasicShipData bsd = OtherBsd();
+    EXPECT_FALSE(SaveBsdToDatabase(path, bsd));
+    EXPECT_EQ(Warnings(), std::vector{Narrow(path) + " : not a valid Corvane file"});
+    EXPECT_EQ(Text(), text);
 }
 
 TEST_F(BsdSave, SecondBlockStays) {
     EXPECT_EQ(Saved(kHead + Golden() + Golden()), kHead + BlockOf(OtherBsd()) + Golden());
 }
 
-TEST_F(BsdSave, NameThatLooksLikeAHeaderLineDoesNotGrowTheFile) {
-    BasicShipData bsd = NewBasicShipData(L"------");
-    bsd.Remark.Assign(L"------ remark");
+TEST_F(BsdSave, TextsOfTheOldBlockThatLookLikeHeaderLinesArePartOfIt) {
+    for (const char* text : {"------ dashes", "------------------ BSD ------------------"}) {
+        for (const int line : {1, 2, 4, 6, 69}) {
+            for (const std::string& next :
+                 {Model(), std::string("------ NEXT\r\n1\r\n") + Model()}) {
+                EXPECT_EQ(Saved(kHead + kHeader + "*\r\n" + WithLine(line, text) + next),
+                          kHead + BlockOf(OtherBsd()) + next)
+                    << line;
+            }
+        }
+    }
+}
+
+TEST_F(BsdSave, RecordWithTextsThatLookLikeHeaderLinesIsSavedAgainAndAgain) {
+    BasicShipData bsd = DistinctBsdFromFile();
+    for (FixedText<30>& title : bsd.Titles.elements) title.Assign(L"------ title");
+    bsd.Remark.Assign(L"------------------ BSD ------------------");
     Write(kHead + Golden() + Model());
-    EXPECT_TRUE(SaveBsdToDatabase(path, bsd));
-    const std::string once = Text();
-    EXPECT_TRUE(SaveBsdToDatabase(path, bsd));
-    EXPECT_EQ(Text(), once);
-    EXPECT_TRUE(once.ends_with(Model()));
+    for (int save = 1; save <= 3; ++save) {
+        EXPECT_TRUE(SaveBsdToDatabase(path, bsd));
+        EXPECT_EQ(Text(), kHead + BlockOf(bsd) + Model()) << save;
+        EXPECT_EQ(Loaded(), bsd);
+    }
 }
 
 TEST_F(BsdSave, FourthDimensionChangesInTheCallersRecord) {
@@ -295,7 +334,7 @@ TEST_F(BsdSave, DatabaseHeldByAnotherProgramIsReportedAndUntouched) {
 
 // The host tells open files in a folder where nobody can create one.
 TEST_F(BsdSave, FolderThatTakesNoNewFileIsReported) {
-    const FakeCatalogue catalogue({{kMsgFileNotWritten, kFailedSave}});
+    const FakeCatalogue catalogue({{kMsgBackupNotWritten, std::string("\xA4|") + kFailedSave}});
     const std::string text = kHead + Golden();
     Write(text);
     system::File open;
@@ -307,7 +346,7 @@ TEST_F(BsdSave, FolderThatTakesNoNewFileIsReported) {
     EXPECT_FALSE(saved);
     EXPECT_EQ(Text(), text);
     if (Warnings().empty()) GTEST_SKIP() << "this system has no such folder";
-    ExpectReportOfFailedSave(link, kHead + BlockOf(OtherBsd()) + kLastLine);
+    ExpectReportOfFailedSave(link + L".bak", kHead + BlockOf(OtherBsd()) + kLastLine);
 }
 
 // ---- Importing ---------------------------------------------------------------------------------
@@ -350,13 +389,31 @@ TEST_F(BsdImport, VersionOrOneNumberIsEnough) {
     EXPECT_TRUE(Warnings().empty());
 }
 
-TEST_F(BsdImport, FieldsThatTheFileLacksKeepTheirValues) {
+TEST_F(BsdImport, NothingOfTheOldRecordIsLeft) {
     Write("5\r\nNew name\r\n");
     BasicShipData bsd = DistinctBsd();
     EXPECT_TRUE(ImportBsdFile(path, bsd));
-    BasicShipData expected = DistinctBsdFromFile();
+    BasicShipData expected;
+    expected.FormatVersion.Assign(L"5");
     expected.Titles(1).Assign(L"New name");
+    expected.ReductionFactor = 0.85f;
     EXPECT_EQ(bsd, expected);
+}
+
+TEST_F(BsdImport, TitleOfDashesDoesNotEndTheRecord) {
+    Write(WithLine(3, "------ dashes"));
+    BasicShipData bsd;
+    EXPECT_TRUE(ImportBsdFile(path, bsd));
+    BasicShipData expected = DistinctBsdFromFile();
+    expected.Titles(2).Assign(L"------ dashes");
+    EXPECT_EQ(bsd, expected);
+}
+
+TEST_F(BsdImport, FileThatCannotBeReadIsReportedAndTheRecordKeepsItsContents) {
+    BasicShipData bsd = DistinctBsd();
+    EXPECT_FALSE(ImportBsdFile(kUnreadableFile, bsd));
+    EXPECT_EQ(bsd, DistinctBsd());
+    EXPECT_EQ(Warnings().size(), 1u);
 }
 
 TEST_F(BsdImport, FirstTitleIsReadAsItIs) {

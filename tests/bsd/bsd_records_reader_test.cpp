@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstring>
 #include <limits>
 
 #include "bsd/bsd_records.h"
 #include "report/messages.h"
 #include "tests/bsd/bsd_support.h"
 #include "tests/support/support.h"
+#include "text/text.h"
 
 namespace corvane {
 namespace {
@@ -358,20 +361,41 @@ TEST(BsdReader, HeaderLineAndModelMarkerEndTheRecords) {
     }
 }
 
-TEST(BsdReader, HeaderLineInTheTitlesEndsTheRecords) {
-    const BasicShipData bsd = RecordsRead(WithLine(3, "------ NEXT"));
+// The version, the titles and the remark are lines by their place.
+TEST(BsdReader, TextThatLooksLikeAHeaderLineIsText) {
+    for (const char* text :
+         {"------ NEXT", "   ------", "------------------ BSD ------------------"}) {
+        BasicShipData bsd = RecordsRead(WithLine(3, text));
+        EXPECT_EQ(bsd.Titles(2).Trimmed(),
+                  Trim(std::wstring(text, text + std::min<size_t>(30, strlen(text)))));
+        bsd.Titles(2).Assign(L"Title two");
+        EXPECT_EQ(bsd, DistinctBsdFromFile());
+
+        bsd = RecordsRead(WithLine(kRemarkLine, text));
+        EXPECT_EQ(bsd.Remark.Trimmed(), Trim(std::wstring(text, text + strlen(text))));
+        bsd.Remark = DistinctBsdFromFile().Remark;
+        EXPECT_EQ(bsd, DistinctBsdFromFile());
+    }
+    BasicShipData bsd;
+    EXPECT_EQ(ReadRecords(WithLine(1, "------ version"), bsd), kNumberCount - 4);
+}
+
+TEST(BsdReader, ModelMarkerInTheTitlesEndsTheRecords) {
+    const BasicShipData bsd = RecordsRead(WithLine(3, GetMessageBytes(kMsgModelMarker)));
     EXPECT_EQ(bsd.Titles(1).Trimmed(), L"Title one");
     EXPECT_EQ(bsd.Titles(2).Trimmed(), L"");
     EXPECT_EQ(bsd.TypeCodes(1), 0);
 }
 
-// One file holds the records cut at every byte, each followed by a header line: however short they
+// One file holds the records cut at every byte, each followed by a model marker: however short they
 // are, nothing behind them is taken.
 TEST(BsdReader, RecordsCutAtAnyByteLeaveWhatFollowsUnread) {
     const std::string records = GoldenRecords();
+    const std::string marker = GetMessageBytes(kMsgModelMarker);
     std::string text;
     for (size_t length = 0; length <= records.size(); ++length) {
-        text += records.substr(0, length) + "\r\n------ " + std::to_string(length) + "\r\n";
+        text +=
+            records.substr(0, length) + "\r\n" + marker + "\r\n" + std::to_string(length) + "\r\n";
     }
     const TemporaryFolder folder;
     WriteFileBytes(folder.File(L"a.bsd"), text);
@@ -386,7 +410,9 @@ TEST(BsdReader, RecordsCutAtAnyByteLeaveWhatFollowsUnread) {
         std::string_view line;
         ASSERT_TRUE(ReadLine(reader, line));
         if (line.empty()) ReadLine(reader, line);
-        ASSERT_EQ(line, "------ " + std::to_string(length));
+        ASSERT_EQ(line, marker) << length;
+        ReadLine(reader, line);
+        ASSERT_EQ(line, std::to_string(length));
     }
     EXPECT_EQ(previousCount, kNumberCount);
 }

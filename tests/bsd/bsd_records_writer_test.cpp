@@ -4,6 +4,7 @@
 
 #include "bsd/basic_ship_data.h"
 #include "bsd/bsd_layout.h"
+#include "platform/system.h"
 #include "report/messages.h"
 #include "tests/bsd/bsd_support.h"
 #include "tests/support/support.h"
@@ -150,15 +151,25 @@ TEST(BsdWriter, LineBreakInATextBecomesABlank) {
     EXPECT_EQ(LineOf(RecordsWritten(bsd), kTitleLine), "two  lines" + std::string(20, ' '));
 }
 
-TEST(BsdWriter, TextThatLooksLikeAHeaderLineIsMadeHarmless) {
+TEST(BsdWriter, TextsThatLookLikeOtherLinesAreWrittenAsTheyAreAndReadBack) {
+    const std::string marker = GetMessageBytes(kMsgModelMarker);
+    for (const std::wstring& text :
+         {std::wstring(L"------"), std::wstring(L"  ------ BSD ------"), std::wstring(L"* star"),
+          std::wstring(L"12 13 14"), std::wstring(L"------------------ BSD ------------------"),
+          system::WideFromAnsi(marker)}) {
+        BasicShipData bsd = DistinctBsdFromFile();
+        for (FixedText<30>& title : bsd.Titles.elements) title.Assign(text);
+        bsd.Remark.Assign(text);
+        EXPECT_EQ(RecordsRead(RecordsWritten(bsd)), bsd) << Narrow(text);
+    }
+}
+
+TEST(BsdWriter, TextThatIsTheWholeMarkerIsMadeHarmless) {
+    const std::string marker(30, 'm');
+    const FakeCatalogue catalogue({{kMsgModelMarker, marker}});
     BasicShipData bsd;
-    bsd.Titles(5).Assign(L"------");
-    bsd.Remark.Assign(L"  ------ remark");
-    const std::string text = RecordsWritten(bsd);
-    EXPECT_EQ(LineOf(text, kTitleLine + 4), "=-----" + std::string(24, ' '));
-    EXPECT_EQ(LineOf(text, kRemarkLine), "  =----- remark" + std::string(35, ' '));
-    BasicShipData again;
-    EXPECT_EQ(ReadRecords(text, again), 279);
+    bsd.Titles(2).Assign(std::wstring(30, L'm'));
+    EXPECT_EQ(LineOf(RecordsWritten(bsd), kTitleLine + 1), '=' + marker.substr(1));
 }
 
 TEST(BsdWriter, ListWhoseLengthIsNoMultipleOfTheRowLeavesItsLastLineOpen) {

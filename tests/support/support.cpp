@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -178,6 +179,17 @@ FakeCatalogue::FakeCatalogue(std::map<int32_t, std::string> newTexts) {
 FakeCatalogue::~FakeCatalogue() {
     // The next call finds the library's own function.
     ZTGrVel32_LoadVelkinString.pointer = nullptr;
+}
+
+std::map<int32_t, std::string> CatalogueTexts() {
+    constexpr int32_t kLastNumber = 3676;
+    std::map<int32_t, std::string> texts;
+    std::array<char, 3000> buffer;
+    for (int32_t number = 1; number <= kLastNumber; ++number) {
+        const int32_t length = ZTGrVel32_LoadVelkinString(number, buffer.data(), 3000);
+        if (length > 0) texts[number].assign(buffer.data(), static_cast<size_t>(length));
+    }
+    return texts;
 }
 
 std::string Narrow(std::wstring_view text) {

@@ -41,6 +41,9 @@ std::vector<std::wstring> FilesIn(const std::wstring& folder);
 // Path of a file below tests/, "golden/head.ve2".
 std::wstring DataPath(std::string_view name);
 
+// A file whose reads fail, on the host and under Wine.
+inline constexpr wchar_t kUnreadableFile[] = L"Z:\\proc\\self\\mem";
+
 // Whether this user is kept from writing a file that is marked read-only: an administrator of the
 // host is not.
 bool ReadOnlyHasEffect();
@@ -98,6 +101,9 @@ struct FakeCatalogue {
     static std::map<int32_t, std::string> texts;
     static std::vector<int32_t> asked;
 };
+
+// The texts of the program's catalogue, to change some of them for a FakeCatalogue.
+std::map<int32_t, std::string> CatalogueTexts();
 
 // Text as UTF-8, for messages of tests.
 std::string Narrow(std::wstring_view text);

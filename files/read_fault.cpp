@@ -1,0 +1,13 @@
+#include "files/read_fault.h"
+
+#include "report/reporters.h"
+
+namespace corvane {
+
+bool ReportReadFault(const TextReader& reader, const std::wstring& path) {
+    if (reader.error == system::kErrorNone) return false;
+    ReportMessage(kMsgFileNotRead, {path, system::ErrorText(reader.error)});
+    return true;
+}
+
+}  // namespace corvane

@@ -1,0 +1,14 @@
+// Reports a read that has failed.
+#pragma once
+
+#include <string>
+
+#include "files/text_file.h"
+
+namespace corvane {
+
+// Whether a read of this reader has failed, or the file could not be opened, which is then reported
+// (message 3509).
+bool ReportReadFault(const TextReader& reader, const std::wstring& path);
+
+}  // namespace corvane
