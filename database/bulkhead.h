@@ -104,6 +104,7 @@ struct Bulkhead {
     int16_t stoolEndCode = 0;
     Array<float, 1, 4> stoolEnds_m;
     std::vector<Node> nodes;
+    std::vector<int16_t> absoluteCodes;  // as of a panel
     std::vector<PrimaryStiffener> primaryStiffeners;
     std::vector<SecondaryStiffener> secondaryStiffeners;
     Corrugation corrugation;

@@ -4,8 +4,10 @@
 
 #include "database/bulkhead_lines.h"
 #include "database/model_kind.h"
+#include "database/node_table.h"
 #include "database/scanning.h"
 #include "database/tables.h"
+#include "files/read_fault.h"
 #include "report/reporters.h"
 
 namespace corvane {
@@ -44,12 +46,7 @@ int16_t ReadNumberFrom1(RowReader& row) {
 }
 
 void ReadNodes(RowReader& row, Bulkheads& bulkheads) {
-    while (AtRow(row)) {
-        Bulkhead* bulkhead = ReadOwner(row, bulkheads);
-        auto node = NewItem<Node>();
-        BulkheadNodeLine(row, node);
-        if (bulkhead != nullptr) Keep(bulkhead->nodes, node);
-    }
+    ReadNodeRows(row, bulkheads, BulkheadNodeLine<RowReader>);
 }
 
 void ReadEndBrackets(RowReader& row, Bulkheads& bulkheads) {
@@ -136,7 +133,7 @@ void ReadBulkheadLines(TextReader& reader, BulkheadArrangement& arrangement) {
     arrangement = {};
     RowReader row(reader);
     ReadBlockHead(row, arrangement.formatVersion);
-    TextLine(row, arrangement.name);
+    HeadTextLine(row, arrangement.name);
     HeadLines(row, arrangement);
     ReadArrangementTables(row, arrangement);
 }

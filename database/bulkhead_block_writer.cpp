@@ -4,6 +4,7 @@
 
 #include "database/bulkhead_lines.h"
 #include "database/creating.h"
+#include "database/node_table.h"
 #include "database/tables.h"
 #include "platform/system.h"
 #include "report/messages.h"
@@ -37,10 +38,7 @@ void WriteNodes(RowWriter& row, std::vector<Bulkhead>& bulkheads) {
         row, GetMessageBytes(kMsgNodeTable), Rules::kAround,
         system::AnsiFromWide(
             L" Bh\ty\tz\tAbs°\tInter\tIpan\tInod\tSh.Cur\tSh.yT\tSh.zT\tSh.R\tPCod\tknu"));
-    ForEachItem(bulkheads, &Bulkhead::nodes, [&row](int16_t bulkhead, Node& node) {
-        Value(row, bulkhead);
-        BulkheadNodeLine(row, node);
-    });
+    WriteNodeRows(row, bulkheads, BulkheadNodeLine<RowWriter>);
 }
 
 void WritePrimaryStiffeners(RowWriter& row, std::vector<Bulkhead>& bulkheads) {
@@ -168,7 +166,7 @@ void WriteBulkheadBody(TextWriter& writer, BulkheadArrangement& arrangement) {
           " State Type\tState Index", " ID"}) {
         Legend(row, legend);
     }
-    TextLine(row, arrangement.name);
+    HeadTextLine(row, arrangement.name);
     HeadLines(row, arrangement);
     CommentRule(row);
 

@@ -43,7 +43,7 @@ void HeadLines(Row& row, BulkheadArrangement& arrangement) {
     EndLine(row);
     Values(row, arrangement.stateType, arrangement.stateIndex);
     EndLine(row);
-    TextLine(row, arrangement.identifier);
+    HeadTextLine(row, arrangement.identifier);
 }
 
 // The table of bulkheads, which has the label of a section's panels. Its first column is the name,
@@ -57,8 +57,8 @@ void BulkheadLine(Row& row, Bulkhead& bulkhead) {
 
 // Unlike a section's node, one of kind 5 has no further columns.
 template <class Row>
-void BulkheadNodeLine(Row& row, Node& node) {
-    NodeValues(row, node);
+void BulkheadNodeLine(Row& row, NodeRow item) {
+    NodeValues(row, item);
     EndLine(row);
 }
 

@@ -35,15 +35,26 @@ void EndField(RowWriter& row, const char* end) {
 }
 
 // The text as it can be in a line and be read back: trimmed, no control characters, neither a
-// comment nor a header line nor the model marker.
+// comment nor the model marker.
 std::string LineText(std::string_view bytes, std::string_view modelMarker) {
     std::string text(bytes.substr(0, kLongestName));
     std::replace_if(
         text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
     text = Trim(std::string_view(text));
-    if (IsHeaderLine(text)) text.front() = '_';
     if (IsCommentLine(text) || text == modelMarker) text.insert(text.begin(), ' ');
     return text;
+}
+
+// The same, for a line of a table: no header line either.
+std::string TableText(const std::wstring& text, std::string_view modelMarker) {
+    std::string line = LineText(system::AnsiFromWide(text), modelMarker);
+    if (IsHeaderLine(line)) line.front() = '_';
+    return line;
+}
+
+bool IsFirstTableLabel(std::string_view line) {
+    const std::string label = GetMessageBytes(kMsgPanelTable);
+    return Trim(line) == Trim(std::string_view(label));
 }
 
 // ---- Reading -----------------------------------------------------------------------------------
@@ -102,8 +113,7 @@ void Value(RowWriter& row, Flag field) {
 }
 
 void Value(RowWriter& row, PaddedName field) {
-    const std::string text =
-        LineText(system::AnsiFromWide(field.text), row.lines.modelMarker).substr(0, kNameWidth);
+    const std::string text = TableText(field.text, row.lines.modelMarker).substr(0, kNameWidth);
     char* to = NextField(row);
     std::fill_n(std::copy(text.begin(), text.end(), to), kNameWidth - text.size(), ' ');
     EndField(row, to + kNameWidth);
@@ -146,11 +156,17 @@ void EmptyLine(RowWriter& row) {
 }
 
 void TextLine(RowWriter& row, const std::wstring& text) {
-    TextLine(row, system::AnsiFromWide(text));
+    WriteLine(row.writer, TableText(text, row.lines.modelMarker));
 }
 
-void TextLine(RowWriter& row, const std::string& text) {
-    WriteLine(row.writer, LineText(text, row.lines.modelMarker));
+void HeadTextLine(RowWriter& row, const std::wstring& text) {
+    HeadTextLine(row, system::AnsiFromWide(text));
+}
+
+void HeadTextLine(RowWriter& row, const std::string& text) {
+    std::string line = LineText(text, row.lines.modelMarker);
+    if (IsFirstTableLabel(line)) line.front() = '_';
+    WriteLine(row.writer, line);
 }
 
 RowReader::RowReader(TextReader& file)
@@ -174,6 +190,10 @@ void LoadLine(RowReader& row) {
 
 bool ReadNumber(RowReader& row, double& value) {
     ParseLine(row);
+    while (row.passesLineEnds && row.next > row.row.count && AtRow(row)) {
+        LoadLine(row);
+        ParseLine(row);
+    }
     if (row.next > row.row.count) return false;
     value = row.row.values(row.next++);
     return true;
@@ -239,8 +259,14 @@ void TextLine(RowReader& row, std::wstring& text) {
     LoadLine(row);
 }
 
-void TextLine(RowReader& row, std::string& text) {
-    if (!AtRow(row)) return;
+void HeadTextLine(RowReader& row, std::wstring& text) {
+    std::string bytes;
+    HeadTextLine(row, bytes);
+    text = system::WideFromAnsi(bytes);
+}
+
+void HeadTextLine(RowReader& row, std::string& text) {
+    if (row.place == RowReader::Place::kEnd || IsFirstTableLabel(row.line)) return;
     text = Trim(row.line);
     LoadLine(row);
 }

@@ -88,10 +88,17 @@ void Abut(RowWriter& row);
 // Whole lines; between rows only.
 void CommentRule(RowWriter& row);
 void EmptyLine(RowWriter& row);
-// A whole line of text. Characters that would make another kind of line of it are replaced.
-// A std::wstring is converted to the ANSI code page; a std::string is ANSI already.
+// A whole line of text in a table. Characters that would make another kind of line of it are
+// replaced. A std::wstring is converted to the ANSI code page; a std::string is ANSI already.
 void TextLine(RowWriter& row, const std::wstring& text);
-void TextLine(RowWriter& row, const std::string& text);
+// A text of the block's head, which is data even if it begins with dashes; only the label of the
+// first table is none.
+void HeadTextLine(RowWriter& row, const std::wstring& text);
+void HeadTextLine(RowWriter& row, const std::string& text);
+// The line's end in the middle of an item, for numbers that a reader takes over line ends.
+inline void GoOnInNextLine(RowWriter& row) {
+    EndLine(row);
+}
 // Whether fields that not every row has are there.
 inline bool HasFields(RowWriter&, bool present, int) {
     return present;
@@ -108,6 +115,7 @@ struct RowReader {
     TextReader& reader;
     std::string modelMarker;  // of the next block, which ends this one
     bool skipBlankLines = false;
+    bool passesLineEnds = false;  // where a line has no more numbers, the next line's come
     Place place = Place::kEnd;
     std::string_view line;  // what is left of it, as long as it is text
     bool parsed = false;    // `row` has the line's numbers
@@ -124,7 +132,8 @@ bool IsBlank(std::string_view line);
 // Goes to the next line whatever it is.
 void LoadLine(RowReader& row);
 
-// The next number of the line; false, and `value` untouched, when it has no more.
+// The next number of the line, or of the next lines where the reader passes line ends; false, and
+// `value` untouched, when it has no more.
 bool ReadNumber(RowReader& row, double& value);
 int NumbersLeft(RowReader& row);
 
@@ -148,7 +157,9 @@ inline void CommentRule(RowReader&) {}
 // Skips blank lines, however many there are.
 void EmptyLine(RowReader& row);
 void TextLine(RowReader& row, std::wstring& text);
-void TextLine(RowReader& row, std::string& text);
+void HeadTextLine(RowReader& row, std::wstring& text);
+void HeadTextLine(RowReader& row, std::string& text);
+inline void GoOnInNextLine(RowReader&) {}
 inline bool HasFields(RowReader& row, bool, int numbers) {
     return NumbersLeft(row) >= numbers;
 }

@@ -90,6 +90,8 @@ struct StiffenerDetail {
     int32_t connection = 0;  // type of the end connections
     int32_t mirrored = 0;    // boolean: flanges turned the other way
     std::vector<Span> spans;
+    // What the file's number of spans has above the number of the rows; 0 in a sound block.
+    int64_t spanCountExcess = 0;
     bool operator==(const StiffenerDetail&) const = default;
 };
 
@@ -150,7 +152,13 @@ struct Panel {
     float thickness_mm = 0;
     int16_t kind = 0;  // bottom, side, deck, longitudinal bulkhead ...
     int16_t material = 0;
+    // What the file's numbers of nodes, plates, stiffeners and brackets have above the numbers of
+    // the rows; 0 in a sound block.
+    Array<int32_t, 1, 4> countExcess;
     std::vector<Node> nodes;
+    // Column Abs° of the nodes that were read, from the first one on: 0 relative, any other value
+    // absolute. A code that contradicts its node counts as missing.
+    std::vector<int16_t> absoluteCodes;
     std::vector<Plate> plates;
     std::vector<Stiffener> stiffeners;
     std::vector<StiffenerDetail> stiffenerDetails;  // as many as stiffeners
@@ -173,7 +181,8 @@ struct FillingLevel {
 // Table 7: a compartment.
 struct Compartment {
     std::wstring name;
-    std::vector<NodeReference> outline;  // without the closing pair whose node is 0
+    std::vector<NodeReference> outline;  // without the pair that closes it
+    NodeReference outlineEnd{};          // that pair: its node is 0
     int32_t contents = 0;
     int32_t kind = 0;
     int16_t symmetric = 0;
@@ -183,6 +192,8 @@ struct Compartment {
     Array<float, 1, 10> stillWaterPressure_kPa;
     Array<float, 1, 10> wavePressure_kPa;
     std::vector<FillingLevel> levels;
+    // What the file's number of levels has above the number of the levels; 0 in a sound block.
+    int64_t levelCountExcess = 0;
     Array<int16_t, 1, 3> flags;
     Array<int16_t, 1, 2> ends;  // aft and fore frame
     int16_t closing = 0;

@@ -5,35 +5,37 @@
 
 #include "database/bulkhead_block.h"
 #include "database/model_kind.h"
+#include "database/node_table.h"
 #include "database/scanning.h"
 #include "database/section_lines.h"
 #include "database/tables.h"
+#include "files/read_fault.h"
 #include "report/reporters.h"
 
 namespace corvane {
 namespace {
 
-// What the tables hold on to from one to the next.
-struct Reading {
-    SectionModel& section;
-    // By panel, by stiffener: how many rows of the spans' table are its own.
-    std::vector<std::vector<int32_t>> spanCounts = {};
-};
-
 // ---- Tables ------------------------------------------------------------------------------------
 
-void ReadPanels(RowReader& row, Reading& reading) {
+using Panels = std::vector<Panel>;
+
+// Until all tables are read, the excess of a count is the count itself.
+void ReadPanels(RowReader& row, Panels& panels) {
     constexpr int16_t kAnyNumber = 0;
     while (AtRow(row)) {
         Panel panel;
-        PanelLine(row, panel, kAnyNumber);
-        Keep(reading.section.panels, std::move(panel));
+        PanelCounts counts;
+        PanelLine(row, panel, kAnyNumber, counts);
+        std::ranges::copy(counts.elements, panel.countExcess.elements.begin());
+        Keep(panels, std::move(panel));
     }
-    reading.spanCounts.resize(reading.section.panels.size());
 }
 
-void ReadStiffeners(RowReader& row, Reading& reading) {
-    std::vector<Panel>& panels = reading.section.panels;
+void ReadNodes(RowReader& row, Panels& panels) {
+    ReadNodeRows(row, panels, NodeLine<RowReader>);
+}
+
+void ReadStiffeners(RowReader& row, Panels& panels) {
     while (AtRow(row)) {
         const size_t index = ReadIndex(row, panels.size());
         Stiffener stiffener{};
@@ -41,18 +43,17 @@ void ReadStiffeners(RowReader& row, Reading& reading) {
         StiffenerDetail detail;
         int32_t spanCount = 0;
         ItemLines(row, StiffenerRow{stiffener, detail, spanCount});
+        detail.spanCountExcess = spanCount;
         if (index == panels.size() || panels[index].stiffeners.size() == kMostItems) continue;
         panels[index].stiffeners.push_back(stiffener);
         panels[index].stiffenerDetails.push_back(std::move(detail));
-        reading.spanCounts[index].push_back(spanCount);
     }
 }
 
 constexpr size_t kUsualSpans = 2;
 
 // Each stiffener of a panel has as many rows as its own row says; the last one has what is left.
-void ReadSpans(RowReader& row, Reading& reading) {
-    std::vector<Panel>& panels = reading.section.panels;
+void ReadSpans(RowReader& row, Panels& panels) {
     std::vector<size_t> current(panels.size());  // by panel: the stiffener whose rows come now
     while (AtRow(row)) {
         const size_t index = ReadIndex(row, panels.size());
@@ -60,11 +61,10 @@ void ReadSpans(RowReader& row, Reading& reading) {
         ItemLines(row, span);
         if (index == panels.size() || panels[index].stiffenerDetails.empty()) continue;
         std::vector<StiffenerDetail>& details = panels[index].stiffenerDetails;
-        const std::vector<int32_t>& counts = reading.spanCounts[index];
         size_t& stiffener = current[index];
         while (stiffener + 1 < details.size() &&
                static_cast<int64_t>(details[stiffener].spans.size()) >=
-                   std::min(counts[stiffener], kMostItems)) {
+                   std::min<int64_t>(details[stiffener].spanCountExcess, kMostItems)) {
             ++stiffener;
         }
         std::vector<Span>& spans = details[stiffener].spans;
@@ -73,8 +73,18 @@ void ReadSpans(RowReader& row, Reading& reading) {
     }
 }
 
-void ReadFatigue(RowReader& row, Reading& reading) {
-    std::vector<Panel>& panels = reading.section.panels;
+void FinishCounts(Panels& panels) {
+    for (Panel& panel : panels) {
+        const PanelCounts counts = CountsOf(panel);
+        for (int i = 1; i <= counts.kCount; ++i) panel.countExcess(i) -= counts(i);
+        for (StiffenerDetail& detail : panel.stiffenerDetails) {
+            detail.spanCountExcess -= static_cast<int64_t>(detail.spans.size());
+        }
+    }
+}
+
+void ReadFatigue(RowReader& row, Panels& panels) {
+    row.passesLineEnds = true;
     while (AtRow(row)) {
         FatigueTable unplaced;
         FatigueTable* fatigue = &unplaced;
@@ -91,43 +101,43 @@ void ReadFatigue(RowReader& row, Reading& reading) {
         fatigue->present = true;
         ItemLines(row, *fatigue);
     }
+    row.passesLineEnds = false;
 }
 
 // The table of a list of items, each with its own lines.
 template <class Item>
-BlockTable ItemTable(MessageNumber label, Reading& reading, std::vector<Item> Panel::* items) {
-    std::vector<Panel>& panels = reading.section.panels;
+BlockTable ItemTable(MessageNumber label, Panels& panels, std::vector<Item> Panel::* items) {
     return {GetMessageBytes(label),
             [&panels, items](RowReader& row) { ReadItems(row, panels, items); }};
 }
 
 // A table that is read in another way.
-BlockTable OwnTable(MessageNumber label, Reading& reading, void (*read)(RowReader&, Reading&)) {
-    return {GetMessageBytes(label), [&reading, read](RowReader& row) { read(row, reading); }};
+BlockTable OwnTable(MessageNumber label, Panels& panels, void (*read)(RowReader&, Panels&)) {
+    return {GetMessageBytes(label), [&panels, read](RowReader& row) { read(row, panels); }};
 }
 
-void ReadSectionTables(RowReader& row, Reading& reading) {
-    SectionModel& section = reading.section;
+void ReadSectionTables(RowReader& row, SectionModel& section) {
+    Panels& panels = section.panels;
     const auto readCompartments = [&section](RowReader& at) {
         ReadCompartments(at, section.compartments, CompartmentLines<RowReader>);
     };
     const std::vector<BlockTable> tables = {
-        OwnTable(kMsgPanelTable, reading, ReadPanels),
-        ItemTable(kMsgNodeTable, reading, &Panel::nodes),
-        ItemTable(kMsgPlateTable, reading, &Panel::plates),
-        OwnTable(kMsgStiffenerTable, reading, ReadStiffeners),
-        OwnTable(kMsgSpanTable, reading, ReadSpans),
+        OwnTable(kMsgPanelTable, panels, ReadPanels),
+        OwnTable(kMsgNodeTable, panels, ReadNodes),
+        ItemTable(kMsgPlateTable, panels, &Panel::plates),
+        OwnTable(kMsgStiffenerTable, panels, ReadStiffeners),
+        OwnTable(kMsgSpanTable, panels, ReadSpans),
         {GetMessageBytes(kMsgCompartmentTable), readCompartments, true},
-        ItemTable(kMsgBracketTable, reading, &Panel::brackets),
-        ItemTable(kMsgOpeningTable, reading, &Panel::openings),
-        ItemTable(kMsgPillarTable, reading, &Panel::pillars),
-        OwnTable(kMsgFatigueTable, reading, ReadFatigue),
+        ItemTable(kMsgBracketTable, panels, &Panel::brackets),
+        ItemTable(kMsgOpeningTable, panels, &Panel::openings),
+        ItemTable(kMsgPillarTable, panels, &Panel::pillars),
+        OwnTable(kMsgFatigueTable, panels, ReadFatigue),
     };
-    ReadTables(row, tables, [&reading] {
-        reading.section.panels.clear();
-        reading.section.compartments.clear();
-        reading.spanCounts.clear();
+    ReadTables(row, tables, [&section] {
+        section.panels.clear();
+        section.compartments.clear();
     });
+    FinishCounts(panels);
 }
 
 // What a section has of a bulkhead arrangement: each bulkhead is a panel, each hold a compartment.
@@ -141,6 +151,7 @@ SectionModel SectionOfBulkheads(BulkheadArrangement&& arrangement) {
         Panel& panel = section.panels.emplace_back();
         panel.name = std::move(bulkhead.name);
         panel.nodes = std::move(bulkhead.nodes);
+        panel.absoluteCodes = std::move(bulkhead.absoluteCodes);
     }
     section.compartments = std::move(arrangement.holds);
     return section;
@@ -158,10 +169,9 @@ void ReadSectionLines(TextReader& reader, ModelKind kind, SectionModel& section)
     section = {};
     RowReader row(reader);
     ReadBlockHead(row, section.formatVersion);
-    TextLine(row, section.name);
+    HeadTextLine(row, section.name);
     HeadLines(row, section);
-    Reading reading{section};
-    ReadSectionTables(row, reading);
+    ReadSectionTables(row, section);
 }
 
 bool ReadSectionBlock(const std::wstring& path, int32_t number, bool allowBulkhead,

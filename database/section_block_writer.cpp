@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "database/creating.h"
+#include "database/node_table.h"
 #include "database/section_lines.h"
 #include "database/tables.h"
 #include "report/messages.h"
@@ -18,7 +19,13 @@ void WritePanels(RowWriter& row, SectionModel& section) {
     NameLegend(row, GetMessageBytes(kMsgPanelLegend));
     Legends(row, {kMsgPanelCountLegend});
     int16_t number = 0;
-    for (Panel& panel : section.panels) PanelLine(row, panel, ++number);
+    for (Panel& panel : section.panels) {
+        PanelCounts counts = CountsOf(panel);
+        for (int i = 1; i <= counts.kCount; ++i) {
+            counts(i) = ClampToInt16(counts(i) + panel.countExcess(i));
+        }
+        PanelLine(row, panel, ++number, counts);
+    }
 }
 
 void WriteStiffeners(RowWriter& row, SectionModel& section) {
@@ -30,7 +37,7 @@ void WriteStiffeners(RowWriter& row, SectionModel& section) {
         panel.stiffenerDetails.resize(panel.stiffeners.size());
         for (size_t i = 0; i < panel.stiffeners.size(); ++i) {
             StiffenerDetail& detail = panel.stiffenerDetails[i];
-            int32_t spanCount = ClampToCount(detail.spans.size());
+            int32_t spanCount = CountWithExcess(detail.spans.size(), detail.spanCountExcess);
             Value(row, number);
             ItemLines(row, StiffenerRow{panel.stiffeners[i], detail, spanCount});
         }
@@ -104,13 +111,13 @@ void WriteSectionBody(TextWriter& writer, SectionModel& section) {
     Legends(row, {kMsgNameLegend, kMsgGeneralLegend, kMsgLoadLegend, kMsgModulusLegend,
                   kMsgSlopeLegend, kMsgAbsentLegend, kMsgToleranceLegend, kMsgSymmetryLegend,
                   kMsgIdentifierLegend, kMsgReservedLegend, kMsgResultLegend});
-    TextLine(row, section.name);
+    HeadTextLine(row, section.name);
     HeadLines(row, section);
     CommentRule(row);
 
     WritePanels(row, section);
     OpenTable(row, kMsgNodeTable, {kMsgNodeLegend, kMsgExtensionLegend});
-    WriteItems(row, section.panels, &Panel::nodes);
+    WriteNodeRows(row, section.panels, NodeLine<RowWriter>);
     OpenTable(row, kMsgPlateTable, {kMsgPlateLegend});
     WriteItems(row, section.panels, &Panel::plates);
     WriteStiffeners(row, section);

@@ -55,7 +55,7 @@ void HeadLines(Row& row, SectionModel& section) {
     Values(row, section.symmetryMode, section.materialGroup, section.corrosionRule,
            section.holdLength_m, section.holdAft_m);
     EndLine(row);
-    TextLine(row, section.identifier);
+    HeadTextLine(row, section.identifier);
     EmptyLine(row);
     // Two lines of two zeros; what a file has there is not kept.
     int16_t reserved = 0;
@@ -76,35 +76,43 @@ void HeadLines(Row& row, SectionModel& section) {
 
 // ---- Panels and their items --------------------------------------------------------------------
 
-// Table 1. The panel's number and its counts are for the human reader: a reader counts the rows of
-// the other tables.
+// Table 1: a panel, its number, and the numbers of its nodes, plates, stiffeners and brackets,
+// which are for the human reader: a reader counts the rows of the other tables.
+using PanelCounts = Array<int16_t, 1, 4>;
+PanelCounts CountsOf(const Panel& panel);
+
 template <class Row>
-void PanelLine(Row& row, Panel& panel, int16_t number) {
-    int16_t nodes = ClampToCount(panel.nodes.size());
-    int16_t plates = ClampToCount(panel.plates.size());
-    int16_t stiffeners = ClampToCount(panel.stiffeners.size());
-    int16_t brackets = ClampToCount(panel.brackets.size());
+void PanelLine(Row& row, Panel& panel, int16_t number, PanelCounts& counts) {
     Values(row, PaddedName{panel.name}, panel.spacing_m, panel.span_m, panel.thickness_mm,
-           panel.kind, panel.material, number, nodes, plates, stiffeners, brackets);
+           panel.kind, panel.material, number, counts);
     EndLine(row);
 }
 
-// The columns that a bulkhead's node has too. The file says whether a node is absolute (1 or 0),
-// the library's record whether it is relative (-1 or 0).
+// A node with its column Abs°. The file says whether a node is absolute (not 0), the library's
+// record whether it is relative (-1 or 0).
+struct NodeRow {
+    Node& node;
+    int16_t& absolute;
+};
+// The code that was read of node `index`, from 0; 1 or 0 when there is none for it.
+int16_t AbsoluteCode(const Node& node, const std::vector<int16_t>& codes, size_t index);
+
+// The columns that a bulkhead's node has too.
 template <class Row>
-void NodeValues(Row& row, Node& node) {
-    int16_t absolute = node.relative == 0 ? 1 : 0;
-    Values(row, General{node.givenY}, General{node.givenZ}, absolute, node.inter, node.onStrake,
-           node.onNode, node.shape, node.tangentY, node.tangentZ, node.radius, node.kind,
-           node.number);
-    node.relative = absolute == 0 ? -1 : 0;
+void NodeValues(Row& row, NodeRow item) {
+    Node& node = item.node;
+    Values(row, General{node.givenY}, General{node.givenZ}, item.absolute, node.inter,
+           node.onStrake, node.onNode, node.shape, node.tangentY, node.tangentZ, node.radius,
+           node.kind, node.number);
+    node.relative = item.absolute == 0 ? -1 : 0;
 }
 
 // Table 2. Only a node at an intersection has the line that it is on, and the strake that crosses
 // it.
 template <class Row>
-void ItemLines(Row& row, Node& node) {
-    NodeValues(row, node);
+void NodeLine(Row& row, NodeRow item) {
+    NodeValues(row, item);
+    Node& node = item.node;
     if (node.kind == kNodeIntersection) {
         for (float& value : node.extension) Value(row, value);
         Value(row, node.extensionStrake);
@@ -155,17 +163,18 @@ void ItemLines(Row& row, Span& span) {
     EmptyLine(row);
 }
 
-// Table 11: four lines for one span. The third has the number of stresses, which is always 9.
+// Table 11: four lines for one span. The third has the number of stresses, which is always 9. A
+// reader takes the numbers wherever the lines end.
 template <class Row>
 void ItemLines(Row& row, FatigueTable& fatigue) {
-    EndLine(row);  // panel, stiffener, span
+    GoOnInNextLine(row);  // after panel, stiffener, span
     int16_t reserved = 0;
     Values(row, fatigue.length_m, fatigue.detail, fatigue.weld, fatigue.environment, fatigue.gap_mm,
            fatigue.grade, reserved);
-    EndLine(row);
+    GoOnInNextLine(row);
     int16_t size = fatigue.stress_MPa.kCount;
     Value(row, size);
-    EndLine(row);
+    GoOnInNextLine(row);
     Value(row, fatigue.stress_MPa);
     EndLine(row);
 }
@@ -208,6 +217,9 @@ void ItemLines(Row& row, Pillar& pillar) {
 
 // ---- Compartments ------------------------------------------------------------------------------
 
+// A count as the file had it: that of the items, and what it had above or below it.
+int32_t CountWithExcess(size_t count, int64_t excess);
+
 // Limits that keep every line within the 400 numbers of a row (text/numbers.h). After an outline's
 // nodes comes the pair with node 0 that ends the line. A writer leaves out what is beyond them.
 inline constexpr size_t kMostOutlineNodes = 199;
@@ -216,11 +228,11 @@ static_assert(2 * (kMostOutlineNodes + 1) <= 400 && 1 + 3 * kMostFillingLevels <
               "a row has at most 400 numbers");
 
 // The nodes around a compartment. A reader stops at the pair with node 0, or where the line ends.
-void OutlineLine(RowWriter& row, std::vector<NodeReference>& outline);
-void OutlineLine(RowReader& row, std::vector<NodeReference>& outline);
-// The number of levels, then three columns for each. A reader counts the groups of three instead.
-void FillingLevelLine(RowWriter& row, std::vector<FillingLevel>& levels);
-void FillingLevelLine(RowReader& row, std::vector<FillingLevel>& levels);
+void OutlineLine(RowWriter& row, Compartment& compartment);
+void OutlineLine(RowReader& row, Compartment& compartment);
+// The number of levels, then three columns for each. A reader counts the groups of three.
+void FillingLevelLine(RowWriter& row, Compartment& compartment);
+void FillingLevelLine(RowReader& row, Compartment& compartment);
 
 // Table 7, the lines between the nodes and the last line: contents, design values, load case,
 // pressures and levels. A hold of a bulkhead arrangement has the same.
@@ -235,13 +247,13 @@ void CompartmentValueLines(Row& row, Compartment& compartment) {
     GeneralValues(row, compartment.stillWaterPressure_kPa);
     GeneralValues(row, compartment.wavePressure_kPa);
     EndLine(row);
-    FillingLevelLine(row, compartment.levels);
+    FillingLevelLine(row, compartment);
 }
 
 // Table 7, the lines after the name.
 template <class Row>
 void CompartmentLines(Row& row, Compartment& compartment) {
-    OutlineLine(row, compartment.outline);
+    OutlineLine(row, compartment);
     CompartmentValueLines(row, compartment);
     Values(row, compartment.flags, compartment.ends, compartment.closing);
     EndLine(row);

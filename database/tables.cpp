@@ -22,7 +22,10 @@ TableIndex NextTable(RowReader& row, const std::vector<BlockTable>& tables) {
     row.skipBlankLines = false;
     for (; row.place != RowReader::Place::kEnd; LoadLine(row)) {
         if (AtRow(row)) continue;
-        const auto found = std::ranges::find(tables, Trim(row.line), &BlockTable::label);
+        const std::string_view label = Trim(row.line);
+        const auto found = std::ranges::find_if(tables, [label](const BlockTable& table) {
+            return Trim(std::string_view(table.label)) == label;
+        });
         if (found != tables.end()) return found - tables.begin();
     }
     return -1;
@@ -113,12 +116,13 @@ void ReadBlockHead(RowReader& row, double& formatVersion) {
     if (!FindLine(row.reader, row.modelMarker)) return;
     ReadLine(row.reader, marker);
     LoadLine(row);
-    while (AtRow(row) && row.line != lines.nameLabel) {
+    while (row.place != RowReader::Place::kEnd && row.line != lines.nameLabel) {
         const bool beforeVersion = row.line == lines.versionLabel;
+        if (!AtRow(row) && !beforeVersion) return;
         LoadLine(row);
         if (beforeVersion && AtRow(row)) formatVersion = LeadingNumber(row.line);
     }
-    EndLine(row);
+    LoadLine(row);
 }
 
 size_t ReadIndex(RowReader& row, size_t size) {

@@ -15,7 +15,6 @@
 #include <vector>
 
 #include "database/rows.h"
-#include "platform/grvelk.h"
 #include "report/message_numbers.h"
 
 namespace corvane {
@@ -70,18 +69,6 @@ void WriteItems(RowWriter& row, std::vector<Owner>& owners, std::vector<Item> Ow
 // table, when the block has lost its name label. `formatVersion` stays when the block has none.
 void ReadBlockHead(RowReader& row, double& formatVersion);
 
-// An item as it is before its row is read. A node's kind 0 does not exist: it is given by default.
-template <class Item>
-Item NewItem() {
-    return Item{};
-}
-template <>
-inline Node NewItem<Node>() {
-    Node node{};
-    node.kind = kNodeGiven;
-    return node;
-}
-
 // Adds an item while there is room for its number.
 template <class Item>
 void Keep(std::vector<Item>& items, Item item) {
@@ -97,7 +84,7 @@ template <class Owner, class Item>
 void ReadItems(RowReader& row, std::vector<Owner>& owners, std::vector<Item> Owner::* items) {
     while (AtRow(row)) {
         const size_t owner = ReadIndex(row, owners.size());
-        auto item = NewItem<Item>();
+        Item item;
         ItemLines(row, item);
         if (owner < owners.size()) Keep(owners[owner].*items, std::move(item));
     }
@@ -105,7 +92,7 @@ void ReadItems(RowReader& row, std::vector<Owner>& owners, std::vector<Item> Own
 
 // One table that a reader knows.
 struct BlockTable {
-    std::string label;                     // its label line, trimmed
+    std::string label;                     // its label line, compared trimmed
     std::function<void(RowReader&)> read;  // called at its first row, reads to the next header line
     bool hasEmptyRows = false;             // an empty line can be a name
 };

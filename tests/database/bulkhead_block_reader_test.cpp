@@ -204,6 +204,21 @@ TEST_F(BulkheadReaderTest, EachTableMayBeMissing) {
     }
 }
 
+TEST_F(BulkheadReaderTest, NameAndIdentifierOfDashesAreData) {
+    std::string text = Replaced(golden, "\r\nBulkheads of hold 3\r\n", "\r\n------ dashes\r\n");
+    text = Replaced(text, "\r\nID-0003\r\n", "\r\n------ id\r\n");
+    const BulkheadArrangement read = ReadArrangement(text);
+    EXPECT_EQ(read.name, L"------ dashes");
+    EXPECT_EQ(read.identifier, "------ id");
+    EXPECT_EQ(read.x_m, 104.75f);
+    EXPECT_EQ(Rewritten(text), test::BodyOf(text));
+}
+
+TEST_F(BulkheadReaderTest, CodeOfANodeIsWrittenAsItWasRead) {
+    const std::string text = Replaced(golden, " 1 \t11.9\t5.75\t 1 ", " 1 \t11.9\t5.75\t-1 ");
+    EXPECT_EQ(Rewritten(text), test::BodyOf(text));
+}
+
 TEST_F(BulkheadReaderTest, OldContentsOfTheRecordAreGone) {
     test::WriteFileBytes(path, test::ReadFileBytes(test::DataPath("golden/bulkhead_bare.ve2")));
     BulkheadArrangement arrangement = test::FullArrangement();

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 
 #include "database/model_kind.h"
 #include "database/scanning.h"
@@ -19,6 +20,18 @@ using test::Replaced;
 
 std::string Golden() {
     return test::ReadFileBytes(test::DataPath("golden/section_full.ve2"));
+}
+
+// The catalogue with a blank at the end of every label of a table.
+std::map<int32_t, std::string> LabelsWithTrailingBlanks() {
+    std::map<int32_t, std::string> texts = test::CatalogueTexts();
+    for (const MessageNumber number :
+         {kMsgPanelTable, kMsgNodeTable, kMsgPlateTable, kMsgStiffenerTable, kMsgSpanTable,
+          kMsgCompartmentTable, kMsgCompartmentSizeTable, kMsgBracketTable, kMsgOpeningTable,
+          kMsgPillarTable, kMsgFatigueTable, kMsgSignature}) {
+        texts[number] += ' ';
+    }
+    return texts;
 }
 
 // As read and written again.
@@ -277,6 +290,76 @@ TEST_F(SectionReaderTest, UnknownTablesAreSkipped) {
                  "------------------ NOTES ------------------\r\n 1 \t 2 \r\nwords\r\n"
                  "------------------ NODES");
     EXPECT_EQ(Rewritten(text), body);
+}
+
+TEST_F(SectionReaderTest, LabelWithABlankAtItsEndInTheCatalogueIsFound) {
+    const test::FakeCatalogue catalogue(LabelsWithTrailingBlanks());
+    SectionModel section = test::FullSection();
+    const std::string text = test::BlockText(section, 1);
+    EXPECT_NE(text.find("PLATES ------------------ \r\n"), std::string::npos);
+    EXPECT_EQ(Rewritten(text), test::BodyOf(text));
+    EXPECT_EQ(Rewritten(golden), test::BodyOf(text));
+    EXPECT_TRUE(IsDatabaseFile(test::DataPath("golden/section_full.ve2")));
+}
+
+// What makes a block's head, the name label aside, is data.
+TEST_F(SectionReaderTest, NameAndIdentifierOfDashesAreData) {
+    for (const char* dashes : {"------ dashes", "------------------ NODES ------------------"}) {
+        std::string text =
+            Replaced(golden, "\r\nFrame 100\r\n", "\r\n" + std::string(dashes) + "\r\n");
+        text = Replaced(text, "\r\nID-0001\r\n", "\r\n" + std::string(dashes) + "\r\n");
+        const SectionModel section = ReadText(text);
+        EXPECT_EQ(test::Narrow(section.name), dashes);
+        EXPECT_EQ(section.identifier, dashes);
+        EXPECT_EQ(section.x_m, 12.5f);
+        EXPECT_EQ(Rewritten(text), test::BodyOf(text));
+    }
+}
+
+TEST_F(SectionReaderTest, VersionLabelOfDashesDoesNotEndTheHead) {
+    const std::string label = "\r\n" + FetchStructuralLines().versionLabel + "\r\n";
+    std::map<int32_t, std::string> texts = test::CatalogueTexts();
+    texts[kMsgFormatVersionLabel] = "------ version";
+    const test::FakeCatalogue catalogue(texts);
+    const SectionModel section = ReadText(Replaced(golden, label, "\r\n------ version\r\n"));
+    EXPECT_EQ(section.name, L"Frame 100");
+    EXPECT_NEAR(section.formatVersion, 2.002, 1e-9);
+}
+
+TEST_F(SectionReaderTest, WhatWasReadIsWritten) {
+    std::string text = golden;
+    const struct {
+        const char* sound;
+        const char* odd;
+    } cases[] = {
+        {" 1 \t 3 \t 2 \t 2 \t 1 \r\n", " 1 \t 3 \t 9 \t 2 \t 0 \r\n"},  // counts of a panel
+        {" 2 \t 2 \t 1 \t 0 \t 0 \r\n 1 \t 2 \t",
+         " 2 \t 2 \t 1 \t 9 \t 0 \r\n 1 \t 2 \t"},                         // closing pair
+        {"Void\r\n 0 \t 0 \r\n", "Void\r\n 2 \t 0 \r\n"},                  // without others
+        {" 1 \t14.5\t0\t 1 \t", " 1 \t14.5\t0\t-1 \t"},                    // Abs
+        {" 10 \t .8 \t-1 \t .8 \t 2 \t", " 10 \t .8 \t-1 \t .8 \t 5 \t"},  // count of spans
+        {"\r\n 2 \t0.5\t12", "\r\n 7 \t0.5\t12"},                          // count of levels
+    };
+    for (const auto& [sound, odd] : cases) text = Replaced(text, sound, odd);
+    EXPECT_EQ(Rewritten(text), test::BodyOf(text));
+}
+
+TEST_F(SectionReaderTest, FatigueNumbersMayBeOnAnyLines) {
+    const size_t begin = golden.find(" 1 \t 1 \t 2 \r\n 3.2 \t 12");
+    ASSERT_NE(begin, std::string::npos);
+    const std::string rows = golden.substr(begin);
+    for (const char* separator : {"\t", "\r\n", "\r\n* comment\r\n", " \r\n\r\n"}) {
+        std::string joined;
+        for (size_t at = 0; at < rows.size();) {
+            const size_t end = std::min(rows.find_first_of("\t\r", at), rows.size());
+            joined += rows.substr(at, end - at);
+            at = std::min(rows.find_first_not_of("\t\r\n", end), rows.size());
+            joined += at < rows.size() ? separator : "\r\n";
+        }
+        EXPECT_EQ(Rewritten(golden.substr(0, begin) + joined), body) << separator;
+        const std::string twice = golden.substr(0, begin) + joined + joined;
+        EXPECT_EQ(Rewritten(twice), body) << "the last rows of a span count";
+    }
 }
 
 TEST_F(SectionReaderTest, LabelsMayBeIndented) {

@@ -165,23 +165,27 @@ TEST_F(SectionWriterTest, NamesNeverMakeOtherLines) {
     const struct {
         std::string name;
         std::string line;
+        std::string inTable = {};  // where it is another one there
     } cases[] = {
         {"* star", " * star"},
-        {"------ dashes", "_----- dashes"},
-        {"   ------", "_-----"},
+        {"------ dashes", "------ dashes", "_----- dashes"},
+        {"   ------", "------", "_-----"},
+        {GetMessageBytes(kMsgPanelTable), '_' + GetMessageBytes(kMsgPanelTable).substr(1)},
         {marker, " " + marker},
         {"two\r\nlines\tand a tab", "two  lines and a tab"},
         {"  blanks  ", "blanks"},
         {"", ""},
     };
-    for (const auto& [name, line] : cases) {
+    for (const auto& [name, line, inTable] : cases) {
         SectionModel section = OnePanel();
         section.name = system::WideFromAnsi(name);
         section.compartments.resize(1);
         section.compartments[0].name = section.name;
         const std::string text = BodyText(section);
         EXPECT_TRUE(Has(text, "\r\n" + line + "\r\n 0 \t 0 \t 0 \t 0 \t 0 \t")) << name;
-        EXPECT_TRUE(Has(text, "\r\n" + line + "\r\n 0 \t 0 \r\n 0 \t 0 \t 0 \t 0 \r\n")) << name;
+        EXPECT_TRUE(Has(text, "\r\n" + (inTable.empty() ? line : inTable) +
+                                  "\r\n 0 \t 0 \r\n 0 \t 0 \t 0 \t 0 \r\n"))
+            << name;
     }
 }
 

@@ -1,0 +1,40 @@
+// The rows of nodes: table 2 of a section, table NODES of a bulkhead arrangement. An owner is a
+// panel or a bulkhead. `line` has the columns after the owner's number.
+#pragma once
+
+#include <vector>
+
+#include "database/section_lines.h"
+#include "database/tables.h"
+
+namespace corvane {
+
+template <class Owner>
+void WriteNodeRows(RowWriter& row, std::vector<Owner>& owners, void (*line)(RowWriter&, NodeRow)) {
+    int16_t number = 0;
+    for (Owner& owner : owners) {
+        ++number;
+        for (size_t i = 0; i < owner.nodes.size(); ++i) {
+            int16_t absolute = AbsoluteCode(owner.nodes[i], owner.absoluteCodes, i);
+            Value(row, number);
+            line(row, {owner.nodes[i], absolute});
+        }
+    }
+}
+
+// Rows of owners that do not exist are left out.
+template <class Owner>
+void ReadNodeRows(RowReader& row, std::vector<Owner>& owners, void (*line)(RowReader&, NodeRow)) {
+    while (AtRow(row)) {
+        const size_t owner = ReadIndex(row, owners.size());
+        Node node{};
+        node.kind = kNodeGiven;  // kind 0 does not exist
+        int16_t absolute = 1;
+        line(row, {node, absolute});
+        if (owner == owners.size()) continue;
+        Keep(owners[owner].nodes, node);
+        Keep(owners[owner].absoluteCodes, absolute);
+    }
+}
+
+}  // namespace corvane
