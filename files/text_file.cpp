@@ -141,6 +141,16 @@ void WriteOutBuffer(TextWriter& writer) {
     writer.used = writer.writtenOut = kept;
 }
 
+// Only the file's last line can be without its end, or with half of one: what is written after it
+// must begin a separate line.
+void EndLastLine(TextWriter& to, char last) {
+    if (last == '\r') {
+        WriteText(to, "\n");
+    } else if (last != '\n') {
+        WriteText(to, "\r\n");
+    }
+}
+
 }  // namespace
 
 bool IsCommentLine(std::string_view line) {
@@ -273,9 +283,7 @@ void CopySpan(TextReader& from, int64_t position, TextWriter& to) {
             break;
         }
     }
-    // Only the file's last line can be without its end: what is written after it must begin a
-    // separate line.
-    if (last != '\n') WriteText(to, "\r\n");
+    EndLastLine(to, last);
 }
 
 bool CopyToLine(TextReader& from, std::string_view text, TextWriter& to) {
@@ -284,7 +292,7 @@ bool CopyToLine(TextReader& from, std::string_view text, TextWriter& to) {
         WriteText(to, passed);
         if (!passed.empty()) last = passed.back();
     });
-    if (last != '\n') WriteText(to, "\r\n");
+    EndLastLine(to, last);
     return found;
 }
 

@@ -2,57 +2,23 @@
 // line by line, and a copy of all models reproduces the file but for what copying is told to
 // change.
 #include <algorithm>
-#include <array>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "database/copying.h"
 #include "database/listing.h"
 #include "database/scanning.h"
-#include "files/file_system.h"
 #include "fuzz/fuzz.h"
+#include "fuzz/scratch_file.h"
 #include "text/numbers.h"
 
 namespace corvane {
 namespace {
 
-void Check(bool holds) {
-    if (!holds) std::abort();
-}
-
-// Files of this run, removed at its end.
-struct ScratchFile {
-    std::wstring path;
-    ScratchFile() {
-        Check(system::NewTemporaryName(system::TemporaryDirectory(), L"fuz", path) ==
-              system::kErrorNone);
-    }
-    ~ScratchFile() { KillFile(path); }
-    ScratchFile(const ScratchFile&) = delete;
-    ScratchFile& operator=(const ScratchFile&) = delete;
-};
-
-void WriteBytesTo(const std::wstring& path, std::string_view bytes) {
-    TextWriter writer;
-    Check(CreateText(writer, path));
-    WriteText(writer, bytes);
-    Check(CloseText(writer));
-}
-
-std::string BytesOf(const std::wstring& path) {
-    system::File file;
-    Check(system::OpenForReading(path, file) == system::kErrorNone);
-    std::string bytes;
-    size_t count = 0;
-    do {
-        std::array<char, 8192> part;
-        Check(system::ReadBytes(file, part.data(), part.size(), count) == system::kErrorNone);
-        bytes.append(part.data(), count);
-    } while (count != 0);
-    system::CloseFile(file);
-    return bytes;
-}
+using fuzz::BytesOf;
+using fuzz::Check;
+using fuzz::ScratchFile;
+using fuzz::WriteBytesTo;
 
 // One line of the plain reading.
 struct PlainLine {
@@ -73,7 +39,9 @@ std::vector<PlainLine> PlainLines(std::string_view bytes) {
         lines.push_back(line);
         at = feed + 1;
     }
-    if (!lines.empty() && lines.back().bytes.back() != '\n') lines.back().bytes += "\r\n";
+    if (!lines.empty() && lines.back().bytes.back() != '\n') {
+        lines.back().bytes += lines.back().bytes.back() == '\r' ? "\n" : "\r\n";
+    }
     return lines;
 }
 
@@ -170,6 +138,7 @@ void CheckCopy(const std::wstring& path, const std::wstring& copy, const std::st
 
 CORVANE_FUZZ_TARGET(database_scan) {
     using namespace corvane;
+    using namespace corvane::fuzz;
     // Longer lines are cut by the reader; the plain reading does not do that.
     if (bytes.size() > kLongestLine) return;
     static const ScratchFile file;

@@ -169,6 +169,12 @@ TEST(CopySpan, LastLineWithoutAnEndGetsOne) {
     EXPECT_EQ(CopyOf(file, 8, -1), "");
 }
 
+TEST(CopySpan, LastLineCutInTheMiddleOfItsEndGetsTheOtherHalf) {
+    OneFile file("one\r\ntwo\r");
+    EXPECT_EQ(CopyOf(file, 0, -1), "one\r\ntwo\r\n");
+    EXPECT_EQ(CopyOf(file, 5, -1), "two\r\n");
+}
+
 TEST(CopySpan, EmptyFileGivesNothing) {
     OneFile file("");
     EXPECT_EQ(CopyOf(file, 0, -1), "");
@@ -229,7 +235,7 @@ TEST(CopyToLine, CopiesTheLinesBeforeEachMark) {
 }
 
 TEST(CopyToLine, WithoutTheLineTheLastOneGetsItsEnd) {
-    for (const char* text : {"one\r\ntwo", "one\r\ntwo\r\n"}) {
+    for (const char* text : {"one\r\ntwo", "one\r\ntwo\r", "one\r\ntwo\r\n"}) {
         OneFile file(text);
         EXPECT_EQ(PiecesBetweenMarks(file), std::vector<std::string>{"one\r\ntwo\r\n"});
     }
