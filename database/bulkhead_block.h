@@ -13,11 +13,11 @@ namespace corvane {
 // without an identifier gets a new one and keeps it.
 void WriteBulkheadBlock(TextWriter& writer, BulkheadArrangement& arrangement, int32_t number);
 
-// Reads model `number`. Reports a file that is not a database (message 1083), a number that no
-// block of this kind has ("Can not find BHA ..."), and a read that fails (3509). False in all these
-// cases: x_m is -1 then, the rest of the record untouched. A table that is missing stays empty.
-// What rows say counts more than what counts say, and a row that belongs to no bulkhead is left
-// out; a damaged block gives what could be read, and true.
+// Reads model `number`. Reports a file that is not there (message 3580), that is not a database
+// (1083), a number that no block of this kind has ("Can not find BHA ..."), and a read that fails
+// (3509). False in all these cases: x_m is -1 then, the rest of the record untouched. A table that
+// is missing stays empty. What rows say counts more than what counts say, and a row that belongs to
+// no bulkhead is left out; a damaged block gives what could be read, and true.
 bool ReadBulkheadBlock(const std::wstring& path, int32_t number, BulkheadArrangement& arrangement);
 
 // ---- The same, of open files -------------------------------------------------------------------

@@ -140,15 +140,14 @@ void ReadBulkheadLines(TextReader& reader, BulkheadArrangement& arrangement) {
 
 bool ReadBulkheadBlock(const std::wstring& path, int32_t number, BulkheadArrangement& arrangement) {
     constexpr float kNowhere = -1;
-    if (!IsDatabaseFile(path)) {
-        ReportMessage(kMsgNoDatabase, {path});
+    TextReader reader;
+    if (!RequireDatabaseText(reader, path)) {
         arrangement.x_m = kNowhere;
         return false;
     }
     ReportStatus(kMsgReadingModel, {path});
-    TextReader reader;
     std::string keyword(kBulkheadKeyword);
-    if (!OpenText(reader, path) || !FindModel(reader, number, keyword)) {
+    if (!FindModel(reader, number, keyword)) {
         if (!ReportReadFault(reader, path)) {
             ReportMessage(L"Can not find BHA ¤ in file '¤'", {number, path});
         }

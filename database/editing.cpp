@@ -1,6 +1,8 @@
 #include "database/editing.h"
 
 #include <algorithm>
+#include <unordered_set>
+#include <vector>
 
 #include "database/bulkhead_block.h"
 #include "database/copying.h"
@@ -8,6 +10,7 @@
 #include "database/scanning.h"
 #include "database/section_block.h"
 #include "files/file_system.h"
+#include "files/read_fault.h"
 #include "files/rewrite.h"
 #include "report/reporters.h"
 #include "text/numbers.h"
@@ -67,49 +70,36 @@ bool OpenWritableDatabase(TextReader& reader, std::wstring& path, AskForDatabase
 
 // ---- Numbers -----------------------------------------------------------------------------------
 
-// A number that no block has; 0 when there is none, and when not all of the file could be read.
-int32_t NextNumber(TextReader& reader) {
-    const std::string marker = GetMessageBytes(kMsgModelMarker);
-    int64_t count = 0;
-    int64_t highest = 0;
-    SeekLine(reader, 0);
-    for (; FindLine(reader, marker); ++count) {
-        std::string_view line;
-        ReadLine(reader, line);
-        if (ReadBlockLine(reader, marker, line)) {
-            highest = std::max<int64_t>(highest, LeadingInteger(line));
-        }
-    }
-    const int64_t next = std::max(count, highest) + 1;
-    return reader.error == kErrorNone && next <= INT32_MAX ? static_cast<int32_t>(next) : 0;
+// What the numbers of the blocks are. False, and reported, when not all of the file can be read.
+bool ReadNumbersOrReport(TextReader& reader, const std::wstring& path, BlockNumbers& blocks) {
+    blocks = ReadBlockNumbers(reader);
+    if (reader.error == kErrorNone) return true;
+    ReportTextNotWritten(path, reader.error);
+    return false;
 }
 
-// The same; why there is none is reported.
-int32_t NextNumberOrReport(TextReader& reader, const std::wstring& path) {
-    const int32_t number = NextNumber(reader);
-    if (reader.error != kErrorNone) {
-        ReportTextNotWritten(path, reader.error);
-    } else if (number == 0) {
-        ReportMessage(kMsgNoModelNumberLeft, {path});
-    }
-    return number;
+// The number that a new model gets; 0, and reported, when there is none.
+int32_t NextNumberOrReport(const BlockNumbers& blocks, const std::wstring& path) {
+    if (blocks.next == 0) ReportMessage(kMsgNoModelNumberLeft, {path});
+    return blocks.next;
+}
+
+// Which numbers are lowered when a block goes: those above its own after it. Where that would give
+// one of them the number of a block before it, those before it, too.
+bool LowersNumbersBefore(const std::vector<int32_t>& numbers, int32_t number) {
+    const auto block = std::ranges::find(numbers, number);
+    const std::unordered_set<int32_t> before(numbers.begin(), block);
+    return std::any_of(block, numbers.end(),
+                       [&](int32_t after) { return after > number && before.contains(after - 1); });
 }
 
 // ---- Steps that the edits share ----------------------------------------------------------------
 
-// Copies what is before the block `number`; false when there is no such block.
-bool CopyToBlock(TextReader& reader, TextWriter& writer, int32_t number) {
+// Copies what is before the block `run.stopBefore`, or all where there is no such block.
+void CopyToBlock(TextReader& reader, TextWriter& writer, const BlockRun& run) {
     SeekLine(reader, 0);
     CopyFileHead(reader, writer);
-    BlockRun run;
-    run.stopBefore = number;
-    return CopyBlocks(reader, writer, run);
-}
-
-bool AbandonForMissingModel(Rewrite& rewrite, int32_t number) {
-    AbandonRewrite(rewrite);
-    ReportMessage(kMsgModelMissing, {number, rewrite.target});
-    return false;
+    CopyBlocks(reader, writer, run);
 }
 
 bool FinishEdit(TextReader& reader, Rewrite& rewrite) {
@@ -158,16 +148,18 @@ bool ReplaceBlock(std::wstring& path, int32_t number, const EditOptions& options
     TextReader reader;
     if (!OpenWritableDatabase(reader, path, options.ask)) return false;
     ReportStatus(kMsgWritingDatabase, {path});
+    BlockNumbers blocks;
+    if (!ReadNumbersOrReport(reader, path, blocks)) return false;
+    const bool isNew = number >= 1 && number == blocks.next;
+    if (!isNew && !RequireOneBlock(blocks, number, path)) return false;
     Rewrite rewrite;
     BeginRewrite(rewrite, path);
     rewrite.keepBackup = options.keepBackup;
-    // A damaged block counts as 0, and is nobody's model.
-    const bool found = number >= 1 && CopyToBlock(reader, rewrite.writer, number);
-    if (!found && reader.error == kErrorNone && number != NextNumber(reader)) {
-        return AbandonForMissingModel(rewrite, number);
-    }
+    BlockRun before;
+    before.stopBefore = number;
+    CopyToBlock(reader, rewrite.writer, before);
     writeBlock(rewrite.writer);
-    if (found) {
+    if (!isNew) {
         SkipBlock(reader);
         SkipClosingComments(reader, ClosingComments(WrittenTail(rewrite.writer)));
         CopyBlocks(reader, rewrite.writer, {});
@@ -231,43 +223,70 @@ bool DeleteModel(const std::wstring& path, int32_t number, bool keepBackup) {
         return false;
     }
     TextReader reader;
-    if (!OpenDatabase(reader, path)) return false;
+    BlockNumbers blocks;
+    if (!OpenDatabase(reader, path) || !ReadNumbersOrReport(reader, path, blocks) ||
+        !RequireOneBlock(blocks, number, path)) {
+        return false;
+    }
     Rewrite rewrite;
     BeginRewrite(rewrite, path);
     rewrite.keepBackup = keepBackup;
-    if (CopyToBlock(reader, rewrite.writer, number)) {
-        SkipBlock(reader);
-        BlockRun run;
-        run.shift = -1;
-        run.shiftAbove = number;
-        CopyBlocks(reader, rewrite.writer, run);
-    } else if (reader.error == kErrorNone) {
-        return AbandonForMissingModel(rewrite, number);
+    BlockRun before;
+    before.stopBefore = number;
+    BlockRun after;
+    after.shift = -1;
+    after.shiftAbove = number;
+    if (LowersNumbersBefore(blocks.numbers, number)) {
+        before.shift = after.shift;
+        before.shiftAbove = number;
     }
+    CopyToBlock(reader, rewrite.writer, before);
+    SkipBlock(reader);
+    CopyBlocks(reader, rewrite.writer, after);
     return FinishEdit(reader, rewrite);
 }
 
 int32_t NextModelNumber(const std::wstring& path) {
     TextReader reader;
-    return OpenText(reader, path) ? NextNumber(reader) : 0;
+    if (!OpenText(reader, path)) return 0;
+    const int32_t next = ReadBlockNumbers(reader).next;
+    return reader.error == kErrorNone ? next : 0;
 }
 
 int32_t NumberForAppending(std::wstring& path, AskForDatabase ask) {
     TextReader reader;
+    BlockNumbers blocks;
     if (!OpenWritableDatabase(reader, path, ask)) return 0;
     ReportStatus(kMsgWritingDatabase, {path});
-    return NextNumberOrReport(reader, path);
+    return ReadNumbersOrReport(reader, path, blocks) ? NextNumberOrReport(blocks, path) : 0;
 }
 
 // ---- Copies ------------------------------------------------------------------------------------
 
 int32_t CopyModel(std::wstring& path, const ModelCopy& copy) {
-    const int32_t number = NumberForAppending(path, copy.options.ask);
+    TextReader reader;
+    BlockNumbers blocks;
+    if (!OpenWritableDatabase(reader, path, copy.options.ask)) return 0;
+    ReportStatus(kMsgWritingDatabase, {path});
+    if (!ReadNumbersOrReport(reader, path, blocks) || !RequireOneBlock(blocks, copy.number, path)) {
+        return 0;
+    }
+    // The procedures of the kinds open the file again.
+    system::CloseFile(reader.file);
+    const int32_t number = NextNumberOrReport(blocks, path);
     return number != 0 && FactsOf(copy.kind).copy(path, copy, number) ? number : 0;
 }
 
 AppendResult AppendModel(std::wstring& path, const ModelSource& source, ModelKind kind,
                          const EditOptions& options) {
+    TextReader reader;
+    if (!RequireDatabaseText(reader, source.path)) return AppendResult::kNoSource;
+    const BlockNumbers blocks = ReadBlockNumbers(reader);
+    if (ReportReadFault(reader, source.path) ||
+        !RequireOneBlock(blocks, source.number, source.path)) {
+        return AppendResult::kNoSource;
+    }
+    system::CloseFile(reader.file);
     return FactsOf(kind).append(path, source, options);
 }
 

@@ -27,17 +27,20 @@ struct EditOptions {
         nullptr;  // null, and a cancelled question, end the edit of a read-only file
 };
 
-// Writes the record instead of the first block `number`; when no block has that number, at the end
-// of the file, provided that it is the number that a new model gets (NextModelNumber). Any other
-// number is reported (1011). Message 602 meanwhile. True when the file has the record.
+// A block is known by its number, from 1 on. A number that no block has is reported (1011), one
+// that two blocks have, and one below 1, too (3522); nothing is written then.
+
+// Writes the record instead of the block `number`; when no block has that number, at the end of the
+// file, provided that it is the number that a new model gets (NextModelNumber). Message 602
+// meanwhile. True when the file has the record.
 bool ReplaceSection(std::wstring& path, SectionModel& section, int32_t number,
                     const EditOptions& options = {});
 bool ReplaceBulkheadArrangement(std::wstring& path, BulkheadArrangement& arrangement,
                                 int32_t number, const EditOptions& options = {});
 
-// Removes the first block of this number and subtracts 1 from every larger number after it. A
-// number that no block has is reported (1011), and nothing is written; one below 1 does nothing.
-// Message 603 meanwhile. True when the file is without the model.
+// Removes the block of this number and subtracts 1 from every larger number after it; where numbers
+// are out of order and two blocks would then have one number, from every larger number of the file.
+// A number below 1 does nothing. Message 603 meanwhile. True when the file is without the model.
 bool DeleteModel(const std::wstring& path, int32_t number, bool keepBackup);
 
 // The larger of the number of blocks and the highest block number, plus 1. 0 when the file cannot

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <limits>
+#include <unordered_map>
 
 #include "database/model_kind.h"
 #include "database/scanning.h"
-#include "report/messages.h"
+#include "files/read_fault.h"
+#include "report/reporters.h"
 #include "text/numbers.h"
 #include "text/text.h"
 
@@ -66,16 +68,41 @@ void ReadEntry(TextReader& reader, Listing& listing, Detail detail, ModelEntry& 
     if (hasPosition) entry.x = ReadPosition(reader, listing);
 }
 
+void FindOwnNumbers(std::vector<ModelEntry>& entries) {
+    std::unordered_map<int32_t, int> blocks;
+    blocks.reserve(entries.size());
+    for (const ModelEntry& entry : entries) ++blocks[entry.number];
+    for (ModelEntry& entry : entries) {
+        entry.hasOwnNumber = entry.number >= 1 && blocks[entry.number] == 1;
+    }
+}
+
+bool IsMissing(const TextReader& reader) {
+    return reader.error == system::kErrorFileNotFound || reader.error == system::kErrorPathNotFound;
+}
+
+void ReportListFault(const TextReader& reader, const std::wstring& path, bool isHalf) {
+    if (reader.error == system::kErrorNone || IsMissing(reader)) return;
+    const MessageNumber message = isHalf ? kMsgListIsHalf : kMsgFileNotRead;
+    ReportMessage(message, {path, system::ErrorText(reader.error)});
+}
+
 std::vector<ModelEntry> ListEntries(const std::wstring& path, Detail detail) {
     std::vector<ModelEntry> entries;
+    if (path.empty()) return entries;
     TextReader reader;
-    if (!OpenText(reader, path)) return entries;
-    Listing listing;
-    std::string_view line;
-    while (FindLine(reader, listing.modelMarker)) {
-        ReadLine(reader, line);
-        ReadEntry(reader, listing, detail, entries.emplace_back());
+    if (OpenText(reader, path)) {
+        Listing listing;
+        std::string_view line;
+        while (FindLine(reader, listing.modelMarker)) {
+            ModelEntry& entry = entries.emplace_back();
+            entry.offset = LinePosition(reader);
+            ReadLine(reader, line);
+            ReadEntry(reader, listing, detail, entry);
+        }
     }
+    ReportListFault(reader, path, !entries.empty());
+    FindOwnNumbers(entries);
     return entries;
 }
 
@@ -90,17 +117,36 @@ std::vector<ModelEntry> ListModelsWithPositions(const std::wstring& path) {
 }
 
 float ModelPosition(const std::wstring& path, int32_t number) {
+    float x = -1;
+    ReadModelPosition(path, number, x);
+    return x;
+}
+
+bool ReadModelPosition(const std::wstring& path, int32_t number, float& x) {
+    if (path.empty()) return false;
     TextReader reader;
     std::string keyword;
-    if (!OpenText(reader, path) || !FindModel(reader, number, keyword)) return -1;
+    if (!OpenText(reader, path) || !FindModel(reader, number, keyword)) {
+        if (IsMissing(reader)) {
+            ReportMessage(kMsgDatabaseMissing, {path});
+        } else {
+            ReportReadFault(reader, path);
+        }
+        return false;
+    }
     Listing listing;
     ModelEntry entry;
     std::string_view line;
     FindLine(reader, listing.modelMarker);
     ReadLine(reader, line);
-    if (!ReadKeyword(reader, listing, entry, line) || !SkipToName(reader, listing)) return 0;
-    if (!ReadBlockLine(reader, listing.modelMarker, line)) return 0;  // the name
-    return ReadPosition(reader, listing);
+    float position = 0;
+    if (ReadKeyword(reader, listing, entry, line) && SkipToName(reader, listing) &&
+        ReadBlockLine(reader, listing.modelMarker, line)) {  // the name
+        position = ReadPosition(reader, listing);
+    }
+    if (ReportReadFault(reader, path)) return false;
+    x = position;
+    return true;
 }
 
 }  // namespace corvane

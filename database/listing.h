@@ -15,19 +15,27 @@ namespace corvane {
 
 // One model of a list, in file order.
 struct ModelEntry {
-    int32_t number = 0;  // as the block has it: not always its index in the file
+    int32_t number =
+        0;  // as the block has it: not always its place in the file; 0 where it has none
+    int64_t offset = 0;  // of the block's marker, in bytes
     std::wstring name;   // trimmed
     ModelKind kind = ModelKind::kSection;
     float x = -1;  // [m] position; -1 for a torsion model, 0 where the block has no position row
+    // The number is 1 or more, and no other block of the file has it: it leads to this model.
+    bool hasOwnNumber = false;
+    bool operator==(const ModelEntry&) const = default;
 };
 
-// The models of a file, as far as it can be read; empty for a file that cannot be opened.
-// ListModels leaves x at -1.
+// The models of a file; none of a file that is not there. Where it cannot be opened, or not be read
+// to its end, this is reported, and the list has what was read. ListModels leaves x at -1.
 std::vector<ModelEntry> ListModels(const std::wstring& path);
 std::vector<ModelEntry> ListModelsWithPositions(const std::wstring& path);
 
 // Position [m] of one model; -1 when the file has no model of this number, 0 when its block has no
 // position row. The row after a torsion model's name is read like any other.
 float ModelPosition(const std::wstring& path, int32_t number);
+// The same; false, and `x` untouched, when there is no such model, and when it cannot be read,
+// which is reported.
+bool ReadModelPosition(const std::wstring& path, int32_t number, float& x);
 
 }  // namespace corvane

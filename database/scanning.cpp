@@ -1,6 +1,9 @@
 #include "database/scanning.h"
 
-#include "report/messages.h"
+#include <algorithm>
+
+#include "files/read_fault.h"
+#include "report/reporters.h"
 #include "text/numbers.h"
 #include "text/text.h"
 
@@ -83,6 +86,54 @@ int CountModels(const std::wstring& path) {
     int count = 0;
     for (; FindLine(reader, marker); ++count) ReadLine(reader, line);
     return count;
+}
+
+bool RequireDatabaseText(TextReader& reader, const std::wstring& path) {
+    if (OpenText(reader, path) && IsDatabase(reader)) return true;
+    if (reader.error == system::kErrorFileNotFound || reader.error == system::kErrorPathNotFound) {
+        ReportMessage(kMsgDatabaseMissing, {path});
+    } else if (!ReportReadFault(reader, path)) {
+        ReportMessage(kMsgNoDatabase, {path});
+    }
+    return false;
+}
+
+bool RequireDatabaseFile(const std::wstring& path) {
+    TextReader reader;
+    return RequireDatabaseText(reader, path);
+}
+
+BlockNumbers ReadBlockNumbers(TextReader& reader) {
+    const std::string marker = GetMessageBytes(kMsgModelMarker);
+    BlockNumbers blocks;
+    int64_t highest = 0;
+    SeekLine(reader, 0);
+    while (FindLine(reader, marker)) {
+        std::string_view line;
+        ReadLine(reader, line);
+        const bool hasNumber = ReadBlockLine(reader, marker, line);
+        blocks.numbers.push_back(hasNumber ? LeadingInteger(line) : 0);
+        highest = std::max<int64_t>(highest, blocks.numbers.back());
+    }
+    const int64_t next = std::max(static_cast<int64_t>(blocks.numbers.size()), highest) + 1;
+    if (next <= INT32_MAX) blocks.next = static_cast<int32_t>(next);
+    return blocks;
+}
+
+bool RequireOneBlock(const BlockNumbers& blocks, int32_t number, const std::wstring& path) {
+    const auto count = std::ranges::count(blocks.numbers, number);
+    if (count == 0) {
+        ReportMessage(kMsgModelMissing, {number, path});
+    } else if (count > 1 || number < 1) {
+        ReportNumberNotOwn(number, path);
+    } else {
+        return true;
+    }
+    return false;
+}
+
+void ReportNumberNotOwn(int32_t number, const std::wstring& path) {
+    ReportMessage(kMsgNumberNotOwn, {number, path, GetMessage(kMsgModelMarker)});
 }
 
 }  // namespace corvane

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "files/text_file.h"
 
@@ -44,5 +45,26 @@ bool FindModel(TextReader& reader, int32_t number, std::string& keyword);
 
 // Number of model blocks; 0 for a file that cannot be opened.
 int CountModels(const std::wstring& path);
+
+// Opens a database that is to be read, at its start. What is not one is reported: a file that is
+// not there any more (3580), that cannot be read (3509), or that holds something else (1083).
+bool RequireDatabaseText(TextReader& reader, const std::wstring& path);
+// The same, without a reader.
+bool RequireDatabaseFile(const std::wstring& path);
+
+// What the numbers of a database's blocks are.
+struct BlockNumbers {
+    std::vector<int32_t> numbers;  // by block; 0 where a block has none
+    // A number that no block has: the larger of the count of the blocks and the highest number,
+    // plus 1; 0 where that is beyond 32 bits.
+    int32_t next = 0;
+};
+// Reads them from the start of the file on; as far as it can be read.
+BlockNumbers ReadBlockNumbers(TextReader& reader);
+// Whether the number, from 1 on, leads to one block alone. Reported when not: no block has it
+// (1011), or more than one, or the blocks that have it have lost theirs (3522).
+bool RequireOneBlock(const BlockNumbers& blocks, int32_t number, const std::wstring& path);
+// A command leaves the model alone that this number does not lead to alone (3522).
+void ReportNumberNotOwn(int32_t number, const std::wstring& path);
 
 }  // namespace corvane

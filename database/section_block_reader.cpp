@@ -176,14 +176,11 @@ void ReadSectionLines(TextReader& reader, ModelKind kind, SectionModel& section)
 
 bool ReadSectionBlock(const std::wstring& path, int32_t number, bool allowBulkhead,
                       SectionModel& section) {
-    if (!IsDatabaseFile(path)) {
-        ReportMessage(kMsgNoDatabase, {path});
-        return false;
-    }
-    ReportStatus(kMsgReadingModel, {path});
     TextReader reader;
+    if (!RequireDatabaseText(reader, path)) return false;
+    ReportStatus(kMsgReadingModel, {path});
     std::string keyword;
-    if (!OpenText(reader, path) || !FindModel(reader, number, keyword)) {
+    if (!FindModel(reader, number, keyword)) {
         if (!ReportReadFault(reader, path)) ReportMessage(kMsgModelMissing, {number, path});
         return false;
     }

@@ -132,7 +132,7 @@
     X(kMsgNotImplemented, 3515)         \
     X(kMsgLegalNotice, 3520)            \
     X(kMsgLegalNoticeLabel, 3521)       \
-    X(kMsgNumbersNotInOrder, 3522)      \
+    X(kMsgNumberNotOwn, 3522)           \
     X(kMsgModelChanged, 3523)           \
     X(kMsgNameNotUsable, 3525)          \
     X(kMsgPathTooLong, 3526)            \
@@ -155,7 +155,9 @@
     X(kMsgOverwriteQuestion, 3557)      \
     X(kMsgOnlySections, 3560)           \
     X(kMsgNoLegacySection, 3561)        \
-    X(kMsgNoFileSelected, 3570)
+    X(kMsgNoFileSelected, 3570)         \
+    X(kMsgDatabaseMissing, 3580)        \
+    X(kMsgListIsHalf, 3581)
 
 namespace corvane {
 

@@ -23,9 +23,7 @@ std::vector<ModelEntry> ListLegacy(const std::wstring& path) {
 }
 
 std::vector<ModelEntry> ListDatabase(const std::wstring& path) {
-    if (IsDatabaseFile(path)) return ListModels(path);
-    ReportMessage(kMsgNoDatabase, {path});
-    return {};
+    return RequireDatabaseFile(path) ? ListModels(path) : std::vector<ModelEntry>();
 }
 
 bool ReadFromLegacy(const std::wstring& path, int32_t slot, SectionModel& section,
@@ -35,11 +33,11 @@ bool ReadFromLegacy(const std::wstring& path, int32_t slot, SectionModel& sectio
 }
 
 // A section without ship's data, which is reported, can be drawn.
-bool ReadFromDatabase(const std::wstring& path, int32_t row, SectionModel& section,
+bool ReadFromDatabase(const std::wstring& path, int32_t number, SectionModel& section,
                       BasicShipData& bsd) {
     ModelEntry model;
-    if (!RequireModelInRow(ListModels(path), row, path, model)) return false;
-    if (!ReadSectionBlock(path, row, false, section)) return false;
+    if (!RequireModel(ListModels(path), number, path, model)) return false;
+    if (!ReadSectionBlock(path, number, false, section)) return false;
     LoadBsdFromDatabase(path, bsd);
     return true;
 }
@@ -56,8 +54,9 @@ std::vector<ExchangeItem> ListForExchange(const std::wstring& path) {
         ReportMessage(kMsgFileMissing, {path});
         return items;
     }
-    for (const ModelEntry& model : IsLegacyDatabase(path) ? ListLegacy(path) : ListDatabase(path)) {
-        const auto number = static_cast<int32_t>(items.size() + 1);
+    const bool isLegacy = IsLegacyDatabase(path);
+    for (const ModelEntry& model : isLegacy ? ListLegacy(path) : ListDatabase(path)) {
+        const int32_t number = isLegacy ? static_cast<int32_t>(items.size() + 1) : model.number;
         items.push_back({model.name + FactsOf(model.kind).exchangeSuffix, number, model.kind});
     }
     return items;

@@ -23,8 +23,9 @@ struct ExportChoice {
 
 // An item of LI_Sections in either box.
 struct ExchangeItem {
-    std::wstring text;   // as the list shows it
-    int32_t number = 0;  // slot of a legacy database, row in a model database's list; from 1
+    std::wstring text;  // as the list shows it
+    int32_t number =
+        0;  // slot of a legacy database, from 1; of a model database the model's number
     ModelKind kind = ModelKind::kSection;
     bool operator==(const ExchangeItem&) const = default;
 };

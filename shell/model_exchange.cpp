@@ -53,7 +53,7 @@ AppendResult AppendLegacySection(Import& import, int32_t number) {
 AppendResult AppendItem(Import& import, const ExchangeItem& item) {
     if (IsLegacyDatabase(import.source)) return AppendLegacySection(import, item.number);
     ModelEntry model;
-    if (!RequireModelInRow(import.models, item.number, import.source, model)) {
+    if (!RequireModel(import.models, item.number, import.source, model)) {
         return AppendResult::kNoSource;
     }
     return AppendModel(import.path, {import.source, item.number}, item.kind, OptionsOf(import));

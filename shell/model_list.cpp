@@ -1,7 +1,6 @@
 #include "shell/model_list.h"
 
 #include <array>
-#include <limits>
 
 #include "database/listing.h"
 #include "report/reporters.h"
@@ -10,19 +9,23 @@
 namespace corvane {
 namespace {
 
-std::wstring IdText(int number) {
-    return number < 10 ? L' ' + std::to_wstring(number) : std::to_wstring(number);
+std::wstring IdText(int32_t number) {
+    const std::wstring text = std::to_wstring(number);
+    return text.size() == 1 ? L' ' + text : text;
 }
 
-ModelRow RowOf(const ModelEntry& model, int number) {
+ModelRow RowOf(const ModelEntry& model) {
     ModelRow row;
     row.name = model.name;
     // The sum makes a negative zero a plain one.
     if (model.x >= 0) row.x = DecimalText(double{model.x} + 0.0, 3, 3);
-    row.id = IdText(number);
+    row.id = IdText(model.number);
     row.type = KindName(model.kind);
     row.icon = FactsOf(model.kind).icon;
-    row.tag = static_cast<int16_t>(number);
+    row.tag = model.number;
+    row.hasOwnNumber = model.hasOwnNumber;
+    row.offset = model.offset;
+    row.x_m = model.x;
     row.kind = model.kind;
     return row;
 }
@@ -47,10 +50,7 @@ std::span<const ModelColumn> ModelColumns() {
 std::vector<ModelRow> FillModelList(const std::wstring& path) {
     ReportStatus(kMsgReadingModels, {path});
     std::vector<ModelRow> rows;
-    for (const ModelEntry& model : ListModelsWithPositions(path)) {
-        if (rows.size() == std::numeric_limits<int16_t>::max()) break;
-        rows.push_back(RowOf(model, static_cast<int>(rows.size()) + 1));
-    }
+    for (const ModelEntry& model : ListModelsWithPositions(path)) rows.push_back(RowOf(model));
     ShowStatus(L"");
     return rows;
 }

@@ -17,7 +17,11 @@ struct ModelRow {
     std::wstring id;    // the number, a single digit with a blank in front
     std::wstring type;  // kind name
     int icon = 1;       // 1-based index in IML_Small
-    int16_t tag = 0;    // model number in the list, 1 the first
+    int32_t tag = 0;    // the model's number: that of its block, not its place in the list
+    // The number leads to this model; a row without such a number is shown, and left alone.
+    bool hasOwnNumber = false;
+    int64_t offset = 0;  // of its block in the file
+    float x_m = -1;      // position
     ModelKind kind = ModelKind::kSection;
 };
 
@@ -33,8 +37,8 @@ struct ModelColumn {
 // The columns from left to right: "Name", "X", "Id", "Type".
 std::span<const ModelColumn> ModelColumns();
 
-// Reads the models of a database, in file order, with status message 621 meanwhile. At most 32,767
-// of them, as many as model numbers of 16 bits tell apart. Read faults give a shorter list.
+// Reads the models of a database, in file order, with status message 621 meanwhile. A read fault is
+// reported; the list has the models before it.
 std::vector<ModelRow> FillModelList(const std::wstring& path);
 
 }  // namespace corvane

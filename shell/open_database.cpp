@@ -1,7 +1,6 @@
 #include "shell/open_database.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "bsd/bsd_file.h"
 #include "database/scanning.h"
@@ -17,20 +16,32 @@ namespace {
 
 void ShowModel(const ModelRow& row) {
     shell.database.currentModel = row.tag;
+    shell.database.currentOffset = row.offset;
     ShowInPreview(row);
     shell.view.setSectionMenuCaption(SectionMenuCaption(row.kind));
     shell.view.showModelButtons(row.kind);
     shell.view.updateEnabling();
 }
 
-// Lists the models and selects the current one, when there is such a row.
+// The current model's row. Of rows that have one number it is the one that was selected.
+std::vector<ModelRow>::const_iterator CurrentRow(const OpenDatabase& database) {
+    const auto selected =
+        std::ranges::find(database.rows, database.currentOffset, &ModelRow::offset);
+    if (selected != database.rows.end() && selected->tag == database.currentModel) return selected;
+    return std::ranges::find(database.rows, database.currentModel, &ModelRow::tag);
+}
+
+// Lists the models and selects the current one, when there is such a row; the first one, when there
+// was no current one.
 void ShowModels() {
     OpenDatabase& database = shell.database;
-    if (database.currentModel == 0) database.currentModel = 1;
     shell.view.setDatabaseText(database.path);
     database.rows = FillModelList(database.path);
+    if (database.currentModel == 0) {
+        database.currentModel = database.rows.empty() ? 1 : database.rows.front().tag;
+    }
     shell.view.setRows(database.rows);
-    const auto current = std::ranges::find(database.rows, database.currentModel, &ModelRow::tag);
+    const auto current = CurrentRow(database);
     if (current == database.rows.end()) {
         shell.view.selectRow(-1);
         DeselectModel();
@@ -57,7 +68,7 @@ bool IsDatabaseOpen() {
 void AdoptDatabase(const std::wstring& path, const BasicShipData& bsd) {
     shell.database.path = path;
     shell.database.bsd = bsd;
-    shell.database.currentModel = 1;
+    shell.database.currentModel = 0;
     shell.preview = PreviewPane();
 }
 
@@ -93,13 +104,15 @@ void ReadShipRecordAgain() {
     if (LoadBsdFromDatabase(path, bsd) || FileExists(path)) shell.database.bsd = bsd;
 }
 
-void SetCurrentModel(int16_t number) {
+void SetCurrentModel(int32_t number) {
     shell.database.currentModel = number;
 }
 
 void SelectLastModelNext() {
-    const int last = CountModels(shell.database.path);
-    if (last <= std::numeric_limits<int16_t>::max()) SetCurrentModel(static_cast<int16_t>(last));
+    const std::vector<ModelEntry> models = ListModels(shell.database.path);
+    if (models.empty()) return;
+    shell.database.currentModel = models.back().number;
+    shell.database.currentOffset = models.back().offset;
 }
 
 void RefreshMainWindow() {
@@ -149,15 +162,15 @@ bool RequireDatabase() {
     return isThere;
 }
 
-bool RequireModelInRow(const std::vector<ModelEntry>& models, int32_t row, const std::wstring& path,
-                       ModelEntry& model) {
-    const auto found = std::ranges::find(models, row, &ModelEntry::number);
-    if (row < 1 || found == models.end()) {
-        ReportMessage(kMsgModelMissing, {row, path});
+bool RequireModel(const std::vector<ModelEntry>& models, int32_t number, const std::wstring& path,
+                  ModelEntry& model) {
+    const auto found = std::ranges::find(models, number, &ModelEntry::number);
+    if (found == models.end()) {
+        ReportMessage(kMsgModelMissing, {number, path});
         return false;
     }
-    if (found - models.begin() != row - 1) {
-        ReportMessage(kMsgNumbersNotInOrder, {row, path});
+    if (!found->hasOwnNumber) {
+        ReportNumberNotOwn(number, path);
         return false;
     }
     model = *found;
@@ -168,7 +181,7 @@ bool RequireCurrentModel(ModelEntry& model) {
     const std::wstring& path = shell.database.path;
     AwaitReadable(path);
     return RequireDatabase() &&
-           RequireModelInRow(ListModels(path), shell.database.currentModel, path, model);
+           RequireModel(ListModels(path), shell.database.currentModel, path, model);
 }
 
 bool RequireUnchanged(const ModelEntry& asked) {

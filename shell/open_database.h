@@ -2,8 +2,8 @@
 // current model. Whatever changes one of them is a procedure of this module; everybody else reads.
 //
 // The database itself stays in its file: every list, preview and command reads the file, and every
-// edit rewrites it, so another program of the suite may change it between two commands. A row names
-// the model that the file had there when the list was filled.
+// edit rewrites it, so another program of the suite may change it between two commands. A row has
+// the number of the model that the file had there when the list was filled, and commands go by it.
 #pragma once
 
 #include <cstdint>
@@ -20,9 +20,11 @@ struct OpenDatabase {
     std::wstring path;           // absolute; empty: no database is open
     BasicShipData bsd;           // its ship record; fresh where the file has none
     std::vector<ModelRow> rows;  // as RefreshMainWindow listed them last
-    // Number of the selected model, 1 the first; 0 none yet. It stays when no row is selected:
-    // after the last model was deleted no row has it.
-    int16_t currentModel = 0;
+    // Number of the selected model, that of its block; 0 none yet. It stays when no row is
+    // selected: after the last model was deleted no row has it.
+    int32_t currentModel = 0;
+    // Where its block was when it was selected. It tells apart rows that have one number.
+    int64_t currentOffset = 0;
 };
 
 bool IsDatabaseOpen();
@@ -46,8 +48,8 @@ void AdoptShipRecord(const BasicShipData& bsd);
 // Reads the ship record again. While the file cannot be read the record stays as it is.
 void ReadShipRecordAgain();
 
-void SetCurrentModel(int16_t number);
-// The database's last model becomes the current one, if there is a row for its number.
+void SetCurrentModel(int32_t number);
+// The database's last model becomes the current one.
 void SelectLastModelNext();
 
 // ---- The window's view of it -------------------------------------------------------------------
@@ -76,13 +78,13 @@ std::wstring MainWindowCaption();
 // message when no database is open.
 bool RequireDatabase();
 
-// The model in row `row`, from 1, of a database's list. False when the list has no model of that
-// number there, which is reported (1011, 3522).
-bool RequireModelInRow(const std::vector<ModelEntry>& models, int32_t row, const std::wstring& path,
-                       ModelEntry& model);
+// The model of this number in a database's list. False when no model has it, and when it does not
+// lead to one model alone, which is reported (1011, 3522).
+bool RequireModel(const std::vector<ModelEntry>& models, int32_t number, const std::wstring& path,
+                  ModelEntry& model);
 
 // The current model as the file has it now. False, and reported, when the open database is missing,
-// or has none in that row.
+// or has no such model.
 bool RequireCurrentModel(ModelEntry& model);
 
 // The current model is still the one that the user was asked about; reported when not.

@@ -27,9 +27,8 @@ std::wstring FormattedNumber(double value, std::wstring_view format) {
     return DecimalText(value, least, least + optional);
 }
 
-bool ReadForPreview(const ModelRow& row) {
-    return row.kind == ModelKind::kSection && shell.view.isPreviewOn() &&
-           ReadSectionBlock(shell.database.path, row.tag, false, shell.preview.section);
+bool IsPreviewed(const ModelRow& row) {
+    return row.hasOwnNumber && row.kind == ModelKind::kSection && shell.view.isPreviewOn();
 }
 
 void ClearPicture() {
@@ -37,22 +36,32 @@ void ClearPicture() {
     shell.view.clearPreview();
 }
 
-// Shows the model in the picture, as far as it can be shown there, and returns its position [m].
-float ShowInPicture(const ModelRow& row) {
-    if (!ReadForPreview(row)) {
+// The position [m] of a model that has no picture. A number that does not lead to one model alone
+// leads nowhere: the list's position is the row's own.
+bool ReadPosition(const ModelRow& row, float& x_m) {
+    x_m = row.x_m;
+    return !row.hasOwnNumber || ReadModelPosition(shell.database.path, row.tag, x_m);
+}
+
+// Shows the model in the picture, as far as it can be shown there. False when it could not be read.
+bool ShowInPicture(const ModelRow& row, float& x_m) {
+    if (!IsPreviewed(row)) {
         ClearPicture();
-        return ModelPosition(shell.database.path, row.tag);
+        return ReadPosition(row, x_m);
     }
+    if (!ReadSectionBlock(shell.database.path, row.tag, false, shell.preview.section)) return false;
     shell.preview.isShown = true;
     shell.view.redrawPreview();
     ResetMousePointer();
-    return shell.preview.section.x_m;
+    x_m = shell.preview.section.x_m;
+    return true;
 }
 
 }  // namespace
 
 void ShowInPreview(const ModelRow& row) {
-    const float x_m = ShowInPicture(row);
+    float x_m = 0;
+    if (!ShowInPicture(row, x_m)) return ClearPreviewPane();
     shell.view.setPositionText(FormatMessage(kMsgPosition, {x_m}));
     shell.view.setFrameText(FrameText(x_m));
 }

@@ -18,9 +18,9 @@ struct PreviewPane {
     bool isShown = false;
 };
 
-// Shows a row's model. A section is read and drawn when the preview is on; of any other model, and
-// of one that could not be read, which is reported, the position alone is read and the picture is
-// cleared.
+// Shows a row's model. A section is read and drawn when the preview is on; of any other model the
+// position alone is read, and the picture is cleared. What could not be read is reported; picture
+// and labels are empty then.
 void ShowInPreview(const ModelRow& row);
 // Empties picture and labels.
 void ClearPreviewPane();

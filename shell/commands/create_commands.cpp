@@ -1,8 +1,5 @@
 #include "shell/commands/create_commands.h"
 
-#include <algorithm>
-#include <limits>
-
 #include "database/model_kind.h"
 #include "database/scanning.h"
 #include "shell/state.h"
@@ -11,21 +8,14 @@
 namespace corvane {
 namespace {
 
-// Model numbers are 16-bit.
-int16_t ModelCount() {
-    constexpr int kMost = std::numeric_limits<int16_t>::max();
-    return static_cast<int16_t>(std::min(CountModels(shell.database.path), kMost));
-}
-
 void Create(ModelKind kind) {
-    const int16_t count = ModelCount();
+    const int count = CountModels(shell.database.path);
     shell.suppressListEvents = true;
     ProgramRun run;
     run.program = InputProgramPath(kind);
     const bool wasTried = RequireReadyForModels() && RunProgram(run);
     shell.suppressListEvents = false;
-    const int16_t countAfter = ModelCount();
-    if (countAfter > count) SetCurrentModel(countAfter);
+    if (CountModels(shell.database.path) > count) SelectLastModelNext();
     if (wasTried) ShowAfterRun(run);
 }
 

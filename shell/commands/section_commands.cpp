@@ -1,10 +1,8 @@
 #include "shell/commands/section_commands.h"
 
-#include <limits>
 #include <string>
 
 #include "database/editing.h"
-#include "database/scanning.h"
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "report/reporters.h"
@@ -18,29 +16,10 @@
 namespace corvane {
 namespace {
 
-void ReportMissingModel() {
-    ReportMessage(kMsgModelMissing, {int32_t{shell.database.currentModel}, shell.database.path});
-}
-
-bool RequireKindOfCurrentModel(ModelKind& kind) {
-    TextReader reader;
-    std::string keyword;
-    if (!OpenText(reader, shell.database.path) ||
-        !FindModel(reader, shell.database.currentModel, keyword)) {
-        ReportMissingModel();
-        return false;
-    }
-    kind = KindOfKeyword(keyword);
-    return true;
-}
-
-// Runs the program that `programPath` gives for the current model's kind.
-void RunOnCurrentModel(std::wstring (*programPath)(ModelKind kind)) {
-    ModelKind kind = ModelKind::kSection;
-    if (!RequireReadyForModels() || !RequireKindOfCurrentModel(kind)) return;
+void RunOnModel(const std::wstring& program, const ModelEntry& model) {
     ProgramRun run;
-    run.program = programPath(kind);
-    if (RunProgram(run, shell.database.currentModel)) ShowAfterRun(run);
+    run.program = program;
+    if (RunProgram(run, model.number)) ShowAfterRun(run);
 }
 
 void CopyCurrentModel(const ModelEntry& model, const std::wstring& name) {
@@ -50,10 +29,7 @@ void CopyCurrentModel(const ModelEntry& model, const std::wstring& name) {
         path, {shell.database.currentModel, model.kind, name, {true, AskForWritableDatabase}});
     if (copy != 0) {
         if (path != shell.database.path) ContinueInWritableFile(path);
-        // The list has no row for a number beyond 16 bits.
-        if (copy <= std::numeric_limits<int16_t>::max()) {
-            SetCurrentModel(static_cast<int16_t>(copy));
-        }
+        SetCurrentModel(copy);
         RefreshMainWindow();
     }
     ResetMousePointer();
@@ -72,13 +48,15 @@ void RemoveCurrentModel() {
 }  // namespace
 
 void ME_SectionInput_Click() {
-    RunOnCurrentModel(InputProgramPath);
+    ModelEntry model;
+    if (!RequireReadyForModels() || !RequireCurrentModel(model)) return;
+    RunOnModel(InputProgramPath(model.kind), model);
 }
 
 void ME_SectionVelkRule_Click() {
-    if (!RequireDatabase()) return;
-    if (shell.database.currentModel < 1) return ReportMissingModel();
-    RunOnCurrentModel(RuleProgramPath);
+    ModelEntry model;
+    if (!RequireCurrentModel(model) || !RequireReadyForModels()) return;
+    RunOnModel(RuleProgramPath(model.kind), model);
 }
 
 void ME_SectionCopy_Click() {

@@ -1,8 +1,8 @@
 // The commands of the Section menu, on the current model.
 //
-// The current model is a row of the list, and edits go by model number. Copy, Delete and Export run
-// only where both name the same model: where the row's number is missing from the file (message
-// 1011) or leads to the model of another row (3522), nothing is asked or changed. The file is read
+// The current model is known by its number, which the list's row has from its block. Where no model
+// of the file has it (message 1011), or it does not lead to one model alone (3522), nothing is run,
+// asked or changed. The file is read
 // again after the user has answered: when another program has put another model there meanwhile
 // (3523), nothing is changed, and the list is shown again. A command that the user cancels, or that
 // fails, which is reported, leaves the file and the state of the process as they were.

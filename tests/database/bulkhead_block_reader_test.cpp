@@ -6,6 +6,7 @@
 #include "database/section_block.h"
 #include "report/messages.h"
 #include "tests/database/bulkhead_sample.h"
+#include "tests/database/editing_fixture.h"
 #include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
@@ -132,8 +133,16 @@ TEST_F(BulkheadReaderTest, SectionsAndTorsionModelsAreNotArrangements) {
 
 TEST_F(BulkheadReaderTest, FileThatIsNotADatabaseIsMessage1083) {
     BulkheadArrangement arrangement;
+    test::WriteFileBytes(path, "something else\r\n");
     EXPECT_FALSE(ReadBulkheadBlock(path, 1, arrangement));
     EXPECT_EQ(Warning(), test::Narrow(FormatMessage(1083, {path})));
+    EXPECT_EQ(arrangement.x_m, -1.0f);
+}
+
+TEST_F(BulkheadReaderTest, MissingFileIsReportedAsMissing) {
+    BulkheadArrangement arrangement;
+    EXPECT_FALSE(ReadBulkheadBlock(path, 1, arrangement));
+    EXPECT_EQ(Warning(), test::BoxText(kMsgDatabaseMissing, {path}));
     EXPECT_EQ(arrangement.x_m, -1.0f);
 }
 

@@ -96,7 +96,7 @@ TEST_F(CopyModelTest, CopyGetsTheNumberAboveAllOthers) {
         std::string text = SampleHead();
         for (const SampleBlock& block : blocks) text += CopiedBlockText(block, 0);
         EXPECT_EQ(Text(), text + CopiedBlockText(blocks[3], expected - 4));
-        EXPECT_EQ(Copy(1, ModelKind::kSection), expected + 1);
+        EXPECT_EQ(Copy(expected, ModelKind::kTorsion), expected + 1);
         EXPECT_EQ(ListModels(path).size(), 7U);
     }
 }
@@ -164,9 +164,19 @@ TEST_F(CopyModelTest, OnlyTorsionModelIsCopied) {
     EXPECT_EQ(Text(), Copied({block}) + CopiedBlockText(block, 1));
 }
 
-TEST_F(CopyModelTest, TorsionModelBetweenBlocksOfLikeNumbersIsCopiedAlone) {
+TEST_F(CopyModelTest, DoubleNumberIsRefused) {
+    const std::string text = DatabaseText(Numbered({" 1 ", " 4 ", " 1 ", " 4 ", " 5 "}));
+    Write(text);
+    for (const auto& [number, kind] :
+         {std::pair(1, ModelKind::kSection), std::pair(4, ModelKind::kTorsion)}) {
+        EXPECT_EQ(Copy(number, kind, true), 0);
+        ExpectRefusalOfNumber(text, number);
+    }
+}
+
+TEST_F(CopyModelTest, TorsionModelBetweenBlocksOutOfOrderIsCopiedAlone) {
     // No number comes after the other.
-    std::vector<SampleBlock> blocks = Numbered({" 8 ", " 4 ", " 2 ", " 4 ", " 4 "});
+    std::vector<SampleBlock> blocks = Numbered({" 8 ", " 5 ", " 2 ", " 4 ", " 3 "});
     blocks[3].beforeMarker.clear();
     Write(DatabaseText(blocks));
     EXPECT_EQ(Copy(4, ModelKind::kTorsion), 9);

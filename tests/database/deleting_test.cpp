@@ -90,15 +90,14 @@ TEST_F(DeletingTest, NumberBelowOneDoesNothing) {
     EXPECT_EQ(test::FilesIn(folder.path).size(), 1U);
 }
 
-TEST_F(DeletingTest, OfADoubleNumberOnlyTheFirstBlockGoes) {
+TEST_F(DeletingTest, DoubleNumberIsRefusedAndItsNeighboursAreNot) {
     std::vector<SampleBlock> blocks = Numbered({" 1 ", " 2 ", " 2 ", " 2 ", " 3 "});
     blocks[3].beforeMarker.clear();
     Write(DatabaseText(blocks));
-    EXPECT_TRUE(DeleteModel(path, 2, false));
-    EXPECT_EQ(Text(), Copied({blocks[0], blocks[2], blocks[3]}) + CopiedBlockText(blocks[4], -1));
-    // The second of them is found from then on.
-    EXPECT_TRUE(DeleteModel(path, 2, false));
-    EXPECT_EQ(Text(), Copied({blocks[0], blocks[3]}) + CopiedBlockText(blocks[4], -1));
+    EXPECT_FALSE(DeleteModel(path, 2, true));
+    ExpectRefusalOfNumber(DatabaseText(blocks), 2);
+    EXPECT_TRUE(DeleteModel(path, 3, false));
+    EXPECT_EQ(Text(), Copied({blocks[0], blocks[1], blocks[2], blocks[3]}));
 }
 
 TEST_F(DeletingTest, OnlyLargerNumbersAfterTheModelAreLowered) {
@@ -107,6 +106,15 @@ TEST_F(DeletingTest, OnlyLargerNumbersAfterTheModelAreLowered) {
     EXPECT_TRUE(DeleteModel(path, 3, false));
     EXPECT_EQ(Text(), Copied({blocks[0], blocks[2]}) + CopiedBlockText(blocks[3], -1) +
                           CopiedBlockText(blocks[4], 0));
+}
+
+TEST_F(DeletingTest, NumbersBeforeTheModelAreLoweredWhereTwoModelsWouldHaveOneNumber) {
+    const std::vector<SampleBlock> blocks = Numbered({" 1 ", " 3 ", " 2 ", " 4 ", " 5 "});
+    Write(DatabaseText(blocks));
+    EXPECT_TRUE(DeleteModel(path, 2, false));
+    EXPECT_EQ(Text(), Copied({blocks[0]}) + CopiedBlockText(blocks[1], -1) +
+                          blocks[2].beforeMarker + CopiedBlockText(blocks[3], -1) +
+                          CopiedBlockText(blocks[4], -1));
 }
 
 TEST_F(DeletingTest, DamagedBlocksPassUnchanged) {

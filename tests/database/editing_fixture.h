@@ -14,8 +14,14 @@
 #include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 #include "tests/support/without_stamps.h"
+#include "text/text.h"
 
 namespace corvane::test {
+
+// What a box shows of a message.
+inline std::string BoxText(int32_t message, MessageArguments arguments) {
+    return Narrow(SubstituteArguments(ExpandLineBreaks(GetMessage(message)), arguments));
+}
 
 struct EditingTest : testing::Test {
     RecordedReports screen;
@@ -30,10 +36,13 @@ struct EditingTest : testing::Test {
     // The file, and its folder, are as this text and one file; the only message was this one.
     void ExpectRefusal(std::string_view text, int32_t message, MessageArguments arguments) {
         EXPECT_EQ(RecordedReports::Of("warning"),
-                  std::vector<std::string>{Narrow(FormatMessage(message, arguments))});
+                  std::vector<std::string>{BoxText(message, arguments)});
         RecordedReports::events.clear();
         EXPECT_EQ(Text(), text);
         EXPECT_EQ(FilesIn(folder.path).size(), 1U);
+    }
+    void ExpectRefusalOfNumber(std::string_view text, int32_t number) {
+        ExpectRefusal(text, kMsgNumberNotOwn, {number, path, GetMessage(kMsgModelMarker)});
     }
     // The captions that the status label had, in order.
     std::vector<std::string> Captions() const { return RecordedReports::Of("caption"); }

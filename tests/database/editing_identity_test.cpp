@@ -143,8 +143,9 @@ struct EditingIdentityTest : test::TemporaryFilesInMemory, test::EditingTest {
             Piece piece = RandomPiece(random, number, lineFeeds);
             // What closes a damaged block is no matter of this test.
             if (i > 0 && file.pieces.back().rewritten.empty()) piece.comments.clear();
-            for (const Piece& earlier : file.pieces) {
-                if (earlier.number == piece.number) piece.putBack = false;
+            // A number that two blocks have is refused.
+            for (Piece& earlier : file.pieces) {
+                if (earlier.number == piece.number) earlier.putBack = piece.putBack = false;
             }
             file.pieces.push_back(std::move(piece));
         }

@@ -7,7 +7,10 @@
 
 #include "database/listing.h"
 #include "database/scanning.h"
+#include "report/messages.h"
+#include "tests/database/editing_fixture.h"
 #include "tests/database/sample_database.h"
+#include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -20,6 +23,7 @@ using test::SampleBlock;
 using test::SampleHead;
 
 struct ListingTest : testing::Test {
+    test::RecordedReports screen;
     test::TemporaryFolder folder;
     std::wstring path = folder.File(L"ship.ve2");
     StructuralLines lines = FetchStructuralLines();
@@ -190,16 +194,33 @@ TEST_F(ListingTest, NumbersThatAreDoubleOrNotDenseAreListedAsTheyAre) {
     const std::vector<ModelEntry> entries = ListModelsWithPositions(path);
     ASSERT_EQ(entries.size(), 5u);
     EXPECT_EQ(entries[1].name, L"Bulkhead 40");
+    const bool own[] = {false, false, false, false, true};
+    const std::string text = test::ReadFileBytes(path);
+    for (size_t i = 0; i < 5; ++i) {
+        EXPECT_EQ(entries[i].hasOwnNumber, own[i]) << i;
+        const auto offset = static_cast<size_t>(entries[i].offset);
+        EXPECT_EQ(text.compare(offset, lines.modelMarker.size(), lines.modelMarker), 0) << i;
+        EXPECT_TRUE(i == 0 || entries[i].offset > entries[i - 1].offset);
+    }
     EXPECT_EQ(ModelPosition(path, 7), 12.5f);
     EXPECT_EQ(ModelPosition(path, -2), 0.0f);
     EXPECT_EQ(ModelPosition(path, 1), -1.0f);
 }
 
-TEST_F(ListingTest, TenModelsAreListed) {
-    std::vector<SampleBlock> blocks(10);
-    for (size_t i = 0; i < blocks.size(); ++i) blocks[i].number = PrintForm(int32_t(i) + 1);
-    Write(DatabaseText(blocks));
-    EXPECT_EQ(ListModels(path).size(), 10u);
+TEST_F(ListingTest, AsManyModelsAreListedAsTheFileHas) {
+    constexpr int32_t kMany = 100'000;
+    std::string text = SampleHead();
+    SampleBlock block;
+    block.body.clear();
+    for (int32_t number = 1; number <= kMany; ++number) {
+        block.number = PrintForm(number);
+        text += BlockText(block);
+    }
+    Write(text);
+    const std::vector<ModelEntry> entries = ListModels(path);
+    ASSERT_EQ(entries.size(), static_cast<size_t>(kMany));
+    EXPECT_EQ(entries.back().number, kMany);
+    EXPECT_TRUE(entries.back().hasOwnNumber);
 }
 
 // ---- Damaged files -----------------------------------------------------------------------------
@@ -270,10 +291,28 @@ TEST_F(ListingTest, PositionOfAMissingModelIsMinusOne) {
 
 TEST_F(ListingTest, FileThatCannotBeReadHasAnEmptyList) {
     EXPECT_TRUE(ListModels(L"").empty());
-    EXPECT_TRUE(ListModels(folder.path).empty());
     EXPECT_TRUE(ListModelsWithPositions(folder.File(L"missing.ve2")).empty());
     Write("");
     EXPECT_TRUE(ListModelsWithPositions(path).empty());
+    EXPECT_TRUE(test::RecordedReports::Of("warning").empty());
+    EXPECT_TRUE(ListModels(folder.path).empty());
+    EXPECT_EQ(test::RecordedReports::Of("warning").size(), 1u);
+}
+
+TEST_F(ListingTest, ReadThatFailsIsReported) {
+    float x = 5;
+    EXPECT_TRUE(ListModelsWithPositions(test::kUnreadableFile).empty());
+    EXPECT_FALSE(ReadModelPosition(test::kUnreadableFile, 1, x));
+    EXPECT_EQ(test::RecordedReports::Of("warning").size(), 2u);
+    EXPECT_EQ(x, 5);
+}
+
+TEST_F(ListingTest, PositionInAFileThatIsGoneIsReported) {
+    float x = 5;
+    EXPECT_FALSE(ReadModelPosition(path, 1, x));
+    EXPECT_EQ(test::RecordedReports::Of("warning"),
+              std::vector{test::BoxText(kMsgDatabaseMissing, {path})});
+    EXPECT_EQ(x, 5);
 }
 
 TEST_F(ListingTest, BinaryFileIsReadWithoutHarm) {

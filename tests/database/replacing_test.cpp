@@ -133,11 +133,15 @@ TEST_F(ReplacingTest, NumberThatNoBlockHasIsReportedAndNothingWritten) {
     for (const int32_t number : {7, 0, -1, INT32_MAX, INT32_MIN}) ExpectRefusedNumber(text, number);
 }
 
-TEST_F(ReplacingTest, FirstBlockOfADoubleNumberIsReplaced) {
-    const std::vector<SampleBlock> blocks = Numbered({" 1 ", " 2 ", " 2 ", " 2 ", " 5 "});
-    Write(DatabaseText(blocks));
-    EXPECT_TRUE(ReplaceSection(path, section, 2));
-    EXPECT_EQ(WithoutStamps(Text()), WithSectionAt(blocks, 1));
+TEST_F(ReplacingTest, DoubleNumberAndNumberOfADamagedBlockAreRefused) {
+    for (const auto& [numbers, number] :
+         {std::pair(std::vector<const char*>{" 1 ", " 2 ", " 2 ", " 2 ", " 5 "}, 2),
+          std::pair(std::vector<const char*>{" 1 ", "none", " 3 ", " 4 ", " 5 "}, 0),
+          std::pair(std::vector<const char*>{" 1 ", "-4 ", " 3 ", " 4 ", " 5 "}, -4)}) {
+        Write(DatabaseText(Numbered(numbers)));
+        EXPECT_FALSE(ReplaceSection(path, section, number, {.keepBackup = true}));
+        ExpectRefusalOfNumber(DatabaseText(Numbered(numbers)), number);
+    }
 }
 
 TEST_F(ReplacingTest, NumbersInAnyOrderAreFound) {

@@ -7,6 +7,7 @@
 #include "database/model_kind.h"
 #include "database/scanning.h"
 #include "report/messages.h"
+#include "tests/database/editing_fixture.h"
 #include "tests/database/section_sample.h"
 #include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
@@ -126,10 +127,17 @@ TEST_F(SectionReaderTest, FileThatIsNotADatabaseIsMessage1083) {
     EXPECT_EQ(section.name, L"kept");
 }
 
-TEST_F(SectionReaderTest, MissingFileIsMessage1083) {
+TEST_F(SectionReaderTest, MissingFileIsReportedAsMissing) {
     SectionModel section;
     EXPECT_FALSE(ReadSectionBlock(path, 1, false, section));
-    EXPECT_EQ(Warning(), test::Narrow(FormatMessage(1083, {path})));
+    EXPECT_EQ(Warning(), test::BoxText(kMsgDatabaseMissing, {path}));
+}
+
+TEST_F(SectionReaderTest, FileThatCannotBeReadIsReportedWithTheReason) {
+    SectionModel section;
+    EXPECT_FALSE(ReadSectionBlock(test::kUnreadableFile, 1, false, section));
+    const std::string before = test::Narrow(FormatMessage(3509, {test::kUnreadableFile, L""}));
+    EXPECT_EQ(Warning().substr(0, 40), before.substr(0, 40));
 }
 
 TEST_F(SectionReaderTest, NumberThatNoBlockHasIsMessage1011) {

@@ -289,21 +289,31 @@ void TextLine(ListRow& row, const std::wstring& text) {
 void TextLine(ListRow& row, const std::string& text) {
     row.text += text + '\n';
 }
+void HeadTextLine(ListRow& row, const std::string& text) {
+    TextLine(row, text);
+}
+void GoOnInNextLine(ListRow& row) {
+    EndLine(row);
+}
 bool HasFields(ListRow&, bool present, int) {
     return present;
 }
-void OutlineLine(ListRow& row, std::vector<NodeReference>& outline) {
-    for (const NodeReference node : outline) Add(row, node);
+void OutlineLine(ListRow& row, Compartment& compartment) {
+    for (const NodeReference node : compartment.outline) Add(row, node);
     EndLine(row);
 }
-void FillingLevelLine(ListRow& row, std::vector<FillingLevel>& levels) {
-    for (const FillingLevel& level : levels) Add(row, level);
+void FillingLevelLine(ListRow& row, Compartment& compartment) {
+    for (const FillingLevel& level : compartment.levels) Add(row, level);
     EndLine(row);
 }
 
 void ListPanel(ListRow& row, Panel& panel) {
-    PanelLine(row, panel, 0);
-    for (Node& node : panel.nodes) ItemLines(row, node);
+    PanelCounts counts = CountsOf(panel);
+    PanelLine(row, panel, 0, counts);
+    for (Node& node : panel.nodes) {
+        int16_t absolute = AbsoluteCode(node, {}, 0);
+        NodeLine(row, {node, absolute});
+    }
     for (Plate& plate : panel.plates) ItemLines(row, plate);
     for (size_t i = 0; i < panel.stiffeners.size(); ++i) {
         auto spans = static_cast<int32_t>(panel.stiffenerDetails[i].spans.size());

@@ -80,14 +80,15 @@ TEST_F(ExchangeBoxes, ModelDatabaseIsListedByItsModelsAndTheirKinds) {
     ExpectStateUntouched();
 }
 
-TEST_F(ExchangeBoxes, ModelsAreNumberedByTheirRowsWhateverTheFileSays) {
+TEST_F(ExchangeBoxes, ModelsHaveTheNumbersOfTheirBlocks) {
     std::vector<SampleBlock> blocks(2);
-    blocks[0].number = blocks[1].number = " 7 ";
+    blocks[0].number = " 7 ";
+    blocks[1].number = " 3 ";
     WriteFileBytes(database, DatabaseText(blocks));
     const std::vector<ExchangeItem> items = ListForExchange(database);
     ASSERT_EQ(items.size(), 2u);
-    EXPECT_EQ(items[0].number, 1);
-    EXPECT_EQ(items[1].number, 2);
+    EXPECT_EQ(items[0].number, 7);
+    EXPECT_EQ(items[1].number, 3);
 }
 
 TEST_F(ExchangeBoxes, DatabasesWithoutModelsGiveAnEmptyListInSilence) {
@@ -226,7 +227,7 @@ TEST_F(ExchangeBoxes, SectionThatIsGoneIsReported) {
     EXPECT_EQ(Warnings(), Told{WarningText(1020, {legacy})});
 }
 
-TEST_F(ExchangeBoxes, SectionWhoseNumberIsNotItsRowIsReported) {
+TEST_F(ExchangeBoxes, SectionThatSharesItsNumberIsReported) {
     std::vector<SampleBlock> blocks(3);
     blocks[1].number = " 3 ";
     blocks[2].number = " 3 ";
@@ -234,7 +235,7 @@ TEST_F(ExchangeBoxes, SectionWhoseNumberIsNotItsRowIsReported) {
     SectionModel section;
     BasicShipData bsd;
     EXPECT_FALSE(ReadForExchange(database, {L"Frame 10", 3}, section, bsd));
-    EXPECT_EQ(Warnings(), Told{WarningText(3522, {3, database})});
+    EXPECT_EQ(Warnings(), Told{WarningText(3522, {3, database, GetMessage(kMsgModelMarker)})});
 }
 
 // ---- Service text ------------------------------------------------------------------------------

@@ -12,6 +12,7 @@
 #include "shell/rule_set.h"
 #include "tests/shell/fake_view.h"
 #include "tests/shell/shown_database.h"
+#include "text/text.h"
 
 namespace corvane {
 namespace {
@@ -265,13 +266,83 @@ TEST(OpenDatabaseTest, ModelWithoutAPositionShowsTheFrameOfTheValueRead) {
     EXPECT_EQ(FakeView::frame, L"Frame : 7");
 }
 
-TEST(OpenDatabaseTest, SelectionAfterTheFileIsGoneShowsNoPosition) {
+TEST(OpenDatabaseTest, SelectionAfterTheFileIsGoneSaysSoAndShowsNoPosition) {
+    for (const bool isPreviewOn : {true, false}) {
+        ShownDatabase window;
+        FakeView::previewOn = isPreviewOn;
+        window.Open(Database(1));
+        RefreshMainWindow();
+        RecordedReports::events.clear();
+        shell.database.path = window.folder.File(L"gone.ve2");
+        SelectRow(0);
+        EXPECT_EQ(FakeView::position, L"");
+        EXPECT_EQ(FakeView::frame, L"");
+        EXPECT_EQ(RecordedReports::Of("warning"),
+                  Events{Narrow(SubstituteArguments(
+                      ExpandLineBreaks(GetMessage(kMsgDatabaseMissing)), {shell.database.path}))});
+    }
+}
+
+// ---- Numbers that are not the place in the list ------------------------------------------------
+
+std::string FiveModels(const char* const (&numbers)[5]) {
+    std::string text = "DATABASE\r\n";
+    for (int i = 0; i < 5; ++i) {
+        std::string block = Block(i + 1, "SECTION", std::string(1, static_cast<char>('A' + i)),
+                                  ' ' + std::to_string(10 * (i + 1)) + ' ');
+        const std::string number = "\r\n " + std::to_string(i + 1) + " \r\n";
+        const size_t at = block.find(number);
+        EXPECT_NE(at, std::string::npos);
+        text += block.replace(at, number.size(), std::string("\r\n") + numbers[i] + "\r\n");
+    }
+    return text;
+}
+
+TEST(OpenDatabaseTest, RowsCarryTheNumbersOfTheirBlocks) {
     ShownDatabase window;
-    window.Open(Database(1));
+    window.Open(FiveModels({" 1 ", " 3 ", " 2 ", " 40 ", " 5 "}));
     RefreshMainWindow();
-    shell.database.path = window.folder.File(L"gone.ve2");
-    SelectRow(0);
-    EXPECT_EQ(FakeView::position, L"X = -1 m");
+    EXPECT_EQ(Ids(), (Events{" 1", " 3", " 2", "40", " 5"}));
+    const int32_t numbers[] = {1, 3, 2, 40, 5};
+    const char* const positions[] = {"X = 10 m", "X = 20 m", "X = 30 m", "X = 40 m", "X = 50 m"};
+    for (int row = 0; row < 5; ++row) {
+        SelectRow(row);
+        EXPECT_EQ(shell.database.currentModel, numbers[row]);
+        EXPECT_EQ(Narrow(FakeView::position), positions[row]);
+        RefreshMainWindow();
+        EXPECT_EQ(FakeView::selected, row);
+    }
+    EXPECT_TRUE(RecordedReports::Of("warning").empty());
+}
+
+TEST(OpenDatabaseTest, FirstModelIsSelectedWhateverItsNumberIs) {
+    ShownDatabase window;
+    window.Open(FiveModels({" 7 ", " 8 ", " 9 ", " 10 ", " 11 "}));
+    shell.database.currentModel = 0;
+    RefreshMainWindow();
+    EXPECT_EQ(shell.database.currentModel, 7);
+    EXPECT_EQ(FakeView::selected, 0);
+}
+
+TEST(OpenDatabaseTest, RowWithoutANumberOfItsOwnShowsItsOwnPositionAndNoPicture) {
+    ShownDatabase window;
+    window.Open(FiveModels({" 1 ", " 2 ", " 2 ", "none", "-1 "}));
+    RefreshMainWindow();
+    const char* const positions[] = {"X = 10 m", "X = 20 m", "X = 30 m", "X = 40 m", "X = 50 m"};
+    for (int row = 1; row < 5; ++row) {
+        SelectRow(row);
+        EXPECT_EQ(Narrow(FakeView::position), positions[row]);
+        EXPECT_FALSE(shell.preview.isShown);
+    }
+    SelectRow(2);
+    RefreshMainWindow();
+    EXPECT_EQ(FakeView::selected, 2) << "not the other model of that number";
+}
+
+TEST(OpenDatabaseTest, AllModelsOfAFileHaveRows) {
+    ShownDatabase window;
+    window.Open(Database(40'000));
+    EXPECT_EQ(FillModelList(shell.database.path).size(), 40'000U);
 }
 
 // ---- Frame label -------------------------------------------------------------------------------

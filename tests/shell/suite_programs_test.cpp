@@ -341,7 +341,7 @@ const CreateCase kCreates[] = {{ME_SectionNew_Click, kSection, L"SectInput.exe"}
                                {ME_NewTorsion_Click, kTorsion, L"TorModel.exe"}};
 
 // What the state was while the program ran.
-int16_t currentModelInRun;
+int32_t currentModelInRun;
 bool suppressListEventsInRun;
 
 void NoteState() {

@@ -231,7 +231,7 @@ TEST_F(ModelCommandsUi, NamesWithSpecialCharactersMakeOneModelEach) {
         std::string listed;
     } cases[] = {{L"Höhe é", Narrow(L"Höhe é")},
                  {L"* star", "* star"},
-                 {L"------ dashes", "_----- dashes"},
+                 {L"------ dashes", "------ dashes"},
                  {L"====== CORVANE MODEL ======", "====== CORVANE MODEL ======"},
                  {L"a & b, \"c\"; d", "a & b, \"c\"; d"},
                  {L"日本", "??"}};
@@ -291,6 +291,64 @@ TEST_F(ModelCommandsUi, QuestionNamesKindNameAndFileAndEnterMeansNo) {
         EXPECT_TRUE(HasClosed(box.window));
     }
     ExpectUntouched();
+}
+
+// ---- Numbers that are not the place in the list ------------------------------------------------
+
+// The golden file's text with another number for one of its models.
+std::string WithNumber(std::string text, const char* number, const char* keyword,
+                       const char* other) {
+    const std::string old = std::string("\r\n ") + number + " \r\n" + keyword + "\r\n";
+    const size_t at = text.find(old);
+    EXPECT_NE(at, std::string::npos) << old;
+    return text.replace(at, old.size(), std::string("\r\n") + other + "\r\n" + keyword + "\r\n");
+}
+
+TEST_F(ModelCommandsUi, ModelsOutOfOrderAreDeletedByTheirNumbers) {
+    Put(WithNumber(WithNumber(before, "2", "BHA", " 3 "), "3", "TORSION", " 2 "));
+    const OpenProgram program(*this);
+    ASSERT_NE(program.main, nullptr);
+    EXPECT_EQ(program.Cell(1, 2), " 3");
+    EXPECT_EQ(program.Cell(2, 2), " 2");
+    const std::string section = program.Cell(0, 0);
+    const std::string torsion = program.Cell(2, 0);
+    program.Run(1, ME_SectionRemove);
+    const Box box = WaitForBox(program);
+    EXPECT_NE(Narrow(box.text).find("Bulkhead " + program.Cell(1, 0) + " from"), std::string::npos);
+    EXPECT_TRUE(Press(box, IDYES));
+    EXPECT_TRUE(RowCountBecomes(program.list, 2));
+    EXPECT_EQ(program.Cell(0, 0), section);
+    EXPECT_EQ(program.Cell(1, 0), torsion);
+}
+
+TEST_F(ModelCommandsUi, CopyInAFileWithAGapIsSelected) {
+    Put(WithNumber(before, "3", "TORSION", " 9 "));
+    const OpenProgram program(*this);
+    ASSERT_NE(program.main, nullptr);
+    program.Copy(0, L"Behind the gap");
+    EXPECT_EQ(program.Cell(3, 0), "Behind the gap");
+    EXPECT_EQ(program.Cell(3, 2), "10");
+}
+
+TEST_F(ModelCommandsUi, DoubleNumberIsRefusedAndNothingIsAsked) {
+    Put(WithNumber(before, "3", "TORSION", " 2 "));
+    const OpenProgram program(*this);
+    ASSERT_NE(program.main, nullptr);
+    for (const auto command : {ME_SectionRemove, ME_SectionCopy}) {
+        program.Run(1, command);
+        EXPECT_NE(program.Warning().find("does not belong to one model alone"), std::string::npos);
+    }
+    ExpectUntouched();
+}
+
+TEST_F(ModelCommandsUi, DatabaseThatIsGoneIsNotCalledAnotherKindOfFile) {
+    const OpenProgram program(*this);
+    ASSERT_NE(program.main, nullptr);
+    ASSERT_TRUE(DeleteFileW(path.c_str()));
+    SelectRow(program, program.list, 1);
+    EXPECT_NE(program.Warning().find("is no longer there"), std::string::npos);
+    EXPECT_TRUE(TextBecomes(GetDlgItem(program.main, LB_X), L""));
+    EXPECT_TRUE(TextBecomes(GetDlgItem(program.main, LB_Frame), L""));
 }
 
 TEST_F(ModelCommandsUi, DeleteKeepsABackupWhenTheSettingIsNotZero) {

@@ -128,6 +128,22 @@ TEST(SiblingProgram, SeesTheExactCommandLine) {
     EXPECT_TRUE(session.RowCountBecomes(14));
 }
 
+TEST(SiblingProgram, GetsTheNumberOfTheRowsOwnModel) {
+    std::string sample = Sample();
+    for (const auto& [from, to] : {std::pair("\r\n 2 \r\nSECTION", "\r\n 77 \r\nSECTION"),
+                                   std::pair("\r\n 3 \r\nSECTION", "\r\n 2 \r\nSECTION")}) {
+        const size_t at = sample.find(from);
+        ASSERT_NE(at, std::string::npos);
+        sample.replace(at, std::string(from).size(), to);
+    }
+    const Session session(L"ship.ve2", sample);
+    ASSERT_NE(session.main, nullptr);
+    SelectRow(session.program, session.Control(LI_Sections), 1);
+    Choose(session.main, ME_SectionInput);
+    EXPECT_TRUE(session.Ran(L"SectInput.exe").ends_with(" 77"));
+    EXPECT_TRUE(session.BecomesLocked(false));
+}
+
 TEST(SiblingProgram, PlantedProgramIsNotRun) {
     const Session session(L"ship.ve2");
     ASSERT_NE(session.main, nullptr);

@@ -299,7 +299,7 @@ TEST_F(ExportSectionCommand, OtherKindsAreRefusedBeforeTheBox) {
                                 WarningText(3560, {L"Torsion", L"Girder"})}));
 }
 
-TEST_F(ExportSectionCommand, ModelThatIsNotTheRowsIsRefusedBeforeTheBox) {
+TEST_F(ExportSectionCommand, NumberThatLeadsToNoModelAloneIsRefusedBeforeTheBox) {
     std::vector<SampleBlock> blocks = FiveBlocks();
     blocks[1].number = blocks[2].number = " 3 ";
     WriteFileBytes(path, DatabaseText(blocks));
@@ -310,8 +310,8 @@ TEST_F(ExportSectionCommand, ModelThatIsNotTheRowsIsRefusedBeforeTheBox) {
     ME_SectionExport_Click();
     system::RemoveFile(path);
     ME_SectionExport_Click();
-    EXPECT_EQ(Warnings(), (Told{WarningText(3522, {3, path}), WarningText(1011, {9, path}),
-                                WarningText(1020, {path})}));
+    EXPECT_EQ(Warnings(), (Told{WarningText(3522, {3, path, GetMessage(kMsgModelMarker)}),
+                                WarningText(1011, {9, path}), WarningText(1020, {path})}));
 }
 
 TEST_F(ExportSectionCommand, AnotherModelInItsPlaceAfterTheBoxIsLeftAlone) {

@@ -275,14 +275,17 @@ TEST_F(ImportCommand, OpenDatabaseItselfIsRefused) {
     ExpectUntouched();
 }
 
-TEST_F(ImportCommand, ModelWhoseNumberIsNotItsRowIsToldAndTheRestGoesOn) {
+std::string NumberNotOwn(int32_t number, const std::wstring& path) {
+    return WarningText(3522, {number, path, GetMessage(kMsgModelMarker)});
+}
+
+TEST_F(ImportCommand, ModelsThatShareANumberAreToldAndTheRestGoesOn) {
     std::vector<SampleBlock> blocks = FiveBlocks();
     blocks[2].number = " 2 ";
     WriteFileBytes(other, DatabaseText(blocks));
     Import(other);
-    EXPECT_EQ(Warnings(), Told{WarningText(1011, {3, other})});
-    EXPECT_EQ(ModelNames(),
-              (Names{L"Frame 10", L"Frame 10", L"Frame 10", L"Bulkhead 40", L"Girder", L"Aft"}));
+    EXPECT_EQ(Warnings(), (Told{NumberNotOwn(2, other), NumberNotOwn(2, other)}));
+    EXPECT_EQ(ModelNames(), (Names{L"Frame 10", L"Frame 10", L"Frame 10", L"Girder", L"Aft"}));
 }
 
 TEST_F(ImportCommand, DamagedModelInTheMiddleIsToldAndTheRestGoesOn) {
@@ -292,7 +295,7 @@ TEST_F(ImportCommand, DamagedModelInTheMiddleIsToldAndTheRestGoesOn) {
         blocks[static_cast<size_t>(damaged)].number = "broken";
         WriteFileBytes(other, DatabaseText(blocks));
         Import(other);
-        EXPECT_EQ(Warnings(), Told{WarningText(1011, {damaged + 1, other})});
+        EXPECT_EQ(Warnings(), Told{NumberNotOwn(0, other)});
         EXPECT_EQ(ModelNumbers(path), (Numbers{1, 2, 3, 4, 5, 6}));
     }
 }
@@ -389,14 +392,14 @@ TEST_F(ImportCommand, DatabaseWhoseNumbersAreUsedUpIsToldOnce) {
     }
 }
 
-TEST_F(ImportCommand, ModelBeyondTheListIsAppendedAndTheCurrentOneStays) {
+TEST_F(ImportCommand, ModelBeyondSixteenBitsIsAppendedAndBecomesTheCurrentOne) {
     before = SampleHead();
     for (int i = 1; i <= 32767; ++i) before += ModelText(i, ModelKind::kTorsion);
     WriteFileBytes(path, before);
     WriteLegacyDatabase(legacy, {L"Frame 30"});
     Import(legacy);
     EXPECT_EQ(CountModels(path), 32768);
-    EXPECT_EQ(shell.database.currentModel, 1);
+    EXPECT_EQ(shell.database.currentModel, 32768);
     EXPECT_TRUE(Warnings().empty());
 }
 

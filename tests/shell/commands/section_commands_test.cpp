@@ -67,12 +67,12 @@ struct ModelCommandsTest : testing::Test {
         return numbers;
     }
     // Nothing was asked or shown but `warning`, and file and state are as they were.
-    void ExpectRefused(const std::wstring& warning, int16_t current = 3) {
+    void ExpectRefused(const std::wstring& warning, int32_t current = 3) {
         EXPECT_EQ(RecordedReports::Of("warning"), Events{Narrow(warning)});
         EXPECT_EQ(RecordedReports::Of("ask"), Events{});
         ExpectUntouched(current);
     }
-    void ExpectUntouched(int16_t current = 3) {
+    void ExpectUntouched(int32_t current = 3) {
         EXPECT_EQ(test::ReadFileBytes(path), before);
         EXPECT_EQ(test::FilesIn(folder.path), Names{L"ship.ve2"});
         EXPECT_EQ(shell.database.path, path);
@@ -221,7 +221,7 @@ TEST_F(ModelCommandsTest, OddNamesOfCopiesStayOneModelEach) {
     ASSERT_EQ(listed.size(), 10U);
     EXPECT_EQ(listed[5], names[0]);
     EXPECT_EQ(listed[6], names[1]);
-    EXPECT_EQ(listed[7], L"_----- dashes");
+    EXPECT_EQ(listed[7], names[2]);
     EXPECT_EQ(listed[8], names[3]);
     EXPECT_EQ(listed[9], names[4]);
 }
@@ -339,16 +339,6 @@ TEST_F(ModelCommandsTest, AfterDeleteOfAnotherRowTheNextOneIsSelected) {
     EXPECT_TRUE(IsEnabled(*FindCommand(ME_SectionRemove)));
 }
 
-TEST_F(ModelCommandsTest, DeleteOfTheFirstOfTwoEqualNumbersKeepsTheOther) {
-    std::vector<test::SampleBlock> blocks = test::FiveBlocks();
-    blocks[3].number = " 3 ";
-    Open(blocks);
-    FakeView::answerYes = true;
-    ME_SectionRemove_Click();
-    EXPECT_EQ(ModelNames(), (Names{L"Frame 10", L"Bulkhead 40", L"Girder", L"Aft"}));
-    EXPECT_EQ(Numbers(), (std::vector<int32_t>{1, 2, 3, 4}));
-}
-
 // ---- Both: what is refused ---------------------------------------------------------------------
 
 TEST_P(BothCommands, MissingDatabaseIsReported) {
@@ -376,26 +366,38 @@ TEST_P(BothCommands, NumberThatNoBlockHasIsReported) {
     ExpectRefused(WarningText(kMsgModelMissing, {3, path}));
 }
 
-TEST_P(BothCommands, NumberOfAnotherRowsModelIsRefused) {
+TEST_P(BothCommands, NumberThatDoesNotLeadToOneModelAloneIsRefused) {
     const struct {
         const char* second;
         const char* third;
-        const char* fourth;
-    } cases[] = {
-        {" 2 ", " 2 ", " 3 "},  // doubled: number 3 is the fourth row
-        {" 3 ", " 3 ", " 4 "},  // doubled: the first number 3 is the second row
-        {" 3 ", " 2 ", " 4 "},  // exchanged
-    };
+        int32_t number;
+    } cases[] = {{" 3 ", " 3 ", 3}, {" 2 ", "none", 0}, {" 2 ", "-1 ", -1}};
     for (const auto& item : cases) {
         RecordedReports::events.clear();
         std::vector<test::SampleBlock> blocks = test::FiveBlocks();
         blocks[1].number = item.second;
         blocks[2].number = item.third;
-        blocks[3].number = item.fourth;
         Open(blocks);
+        shell.database.currentModel = item.number;
         GetParam()();
-        ExpectRefused(WarningText(kMsgNumbersNotInOrder, {3, path}));
+        ExpectRefused(
+            WarningText(kMsgNumberNotOwn, {item.number, path, GetMessage(kMsgModelMarker)}),
+            item.number);
     }
+}
+
+// Rows 1, 3, 2, 4, 5: what the command does is done to the model whose row it was.
+TEST_P(BothCommands, ModelsOutOfOrderAreKnownByTheirNumbers) {
+    std::vector<test::SampleBlock> blocks = test::FiveBlocks();
+    blocks[1].number = " 3 ";
+    blocks[2].number = " 2 ";
+    Open(blocks);
+    RefreshMainWindow();
+    SelectRow(1);
+    RecordedReports::events.clear();
+    GetParam()();
+    ASSERT_EQ(RecordedReports::Of("ask").size(), 1U);
+    EXPECT_NE(RecordedReports::Of("ask").front().find("Bulkhead 40"), std::string::npos);
 }
 
 TEST_P(BothCommands, DamagedBlockElsewhereDoesNoHarm) {
