@@ -58,11 +58,9 @@ void RequireSameNumbers(BasicShipData& a, BasicShipData& b) {
     }
 }
 
-// What the writer must change in a title: a line break, and the look of a header line, which a
-// title has when it stands behind the version on one line.
+// What the writer must change in a title: a line break.
 bool IsWrittenOtherwise(std::wstring_view title) {
-    return title.find(L'\r') != std::wstring_view::npos ||
-           IsHeaderLine(system::AnsiFromWide(title));
+    return title.find(L'\r') != std::wstring_view::npos;
 }
 
 void RequireSameTitles(const BasicShipData& a, const BasicShipData& b) {

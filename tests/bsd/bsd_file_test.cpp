@@ -329,7 +329,8 @@ TEST_F(BsdSave, DatabaseHeldByAnotherProgramIsReportedAndUntouched) {
     if (saved) GTEST_SKIP() << "files that are open can be replaced on this system";
     EXPECT_EQ(Text(), text);
     ExpectReportOfFailedSave(path, kHead + BlockOf(OtherBsd()) + kLastLine);
-    EXPECT_EQ(FilesIn(folder.path).size(), 1u);
+    EXPECT_EQ(ReadFileBytes(folder.File(L"ship.bak")), text);
+    EXPECT_EQ(FilesIn(folder.path).size(), 2u);
 }
 
 // The host tells open files in a folder where nobody can create one.

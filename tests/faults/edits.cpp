@@ -114,7 +114,7 @@ std::vector<Edit> MakeEdits() {
     return {
         {"new_database", false, false, false, NewDatabase},
         {"new_over_old", true, false, false, NewDatabase},
-        {"save_bsd", true, false, false, SaveBsd},
+        {"save_bsd", true, false, true, SaveBsd},
         {"rewrite", true, false, false, RewriteAll<false>},
         {"rewrite_backup", true, false, true, RewriteAll<true>},
         {"rewrite_second_backup", true, true, true, RewriteAll<true>},
