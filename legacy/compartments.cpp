@@ -45,34 +45,103 @@ struct Point {
     double y, z;
 };
 
-std::vector<Point> OutlineOf(const Section& section, const Compartment& compartment) {
-    std::vector<Point> points;
-    for (const NodeReference reference : compartment.outline) {
-        if (!NodeExists(section, reference)) continue;
-        const Node& node = NodeAt(section, reference);
-        if (node.computed != 0) points.push_back({node.y, node.z});
+// A corner of an outline, and by how much the way to the next one turns [rad], a left turn
+// positive; 0 for a straight way.
+struct Corner {
+    Point at;
+    double sweep;
+};
+
+void AppendNode(const Node& node, std::vector<Corner>& corners) {
+    if (node.computed != 0) corners.push_back({{node.y, node.z}, 0});
+}
+
+// Goes on to another node of the strake on which the last corner is, along its plating.
+void AppendAlong(const Strake& strake, int from, int to, std::vector<Corner>& corners) {
+    const int step = to < from ? -1 : 1;
+    for (int node = from; node != to; node += step) {
+        const int item = (step > 0 ? node : node - 1) - 1;
+        const bool isLine = item < ItemsOf(strake) && strake.items[item].length > 0;
+        if (isLine) corners.back().sweep = step * double{strake.items[item].sweep};
+        AppendNode(strake.nodes[node - 1 + step], corners);
     }
-    return points;
+}
+
+// An outline of more corners is not an outline: it is cut short.
+constexpr size_t kMostCorners = 20000;
+
+// The corners of a compartment: from node to node straight, but along the plating where two nodes
+// that follow one another are on one strake. From the last node back to the first it is straight.
+std::vector<Corner> OutlineOf(const Section& section, const Compartment& compartment) {
+    std::vector<Corner> corners;
+    NodeReference before{};
+    for (const NodeReference reference : compartment.outline) {
+        if (corners.size() > kMostCorners) break;
+        if (!NodeExists(section, reference) || NodeAt(section, reference).computed == 0) continue;
+        if (reference.strake == before.strake) {
+            AppendAlong(StrakeAt(section, reference.strake), before.node, reference.node, corners);
+        } else {
+            AppendNode(NodeAt(section, reference), corners);
+        }
+        before = reference;
+    }
+    return corners;
+}
+
+// An area, positive where the outline runs anticlockwise, and its first moments.
+struct Part {
+    double area;
+    Point moment;
+};
+
+// The triangle of the origin and the straight way between two corners.
+Part Triangle(Point a, Point b) {
+    const double area = (a.y * b.z - b.y * a.z) / 2;
+    return {area, {area * (a.y + b.y) / 3, area * (a.z + b.z) / 3}};
+}
+
+// What an arc has beyond its chord c: a circular segment. With h half the sweep its area is
+// c^2 (2h - sin 2h) / (8 sin^2 h), and its centre is c (2 sin^2 h / 3 / (2h - sin 2h) - cot h / 2)
+// from the middle of the chord. For small h both are those of a parabola: c^2 h / 6 and c h / 10.
+Part Segment(Point a, Point b, double sweep) {
+    constexpr double kParabolaBelow = 0.01;
+    const double h = sweep / 2;
+    const Point chord{b.y - a.y, b.z - a.z};
+    double area = h / 6;
+    double beside = h / 10;
+    if (std::abs(h) >= kParabolaBelow) {
+        const double excess = 2 * h - std::sin(2 * h);
+        const double square = std::sin(h) * std::sin(h);
+        area = excess / (8 * square);
+        beside = 2 * square / (3 * excess) - 1 / (2 * std::tan(h));
+    }
+    area *= chord.y * chord.y + chord.z * chord.z;
+    // A left turn bends to the right of its chord.
+    const Point centre{(a.y + b.y) / 2 + beside * chord.z, (a.z + b.z) / 2 - beside * chord.y};
+    return {area, {area * centre.y, area * centre.z}};
+}
+
+void Add(Part& sum, const Part& part) {
+    sum.area += part.area;
+    sum.moment.y += part.moment.y;
+    sum.moment.z += part.moment.z;
 }
 
 }  // namespace
 
 void ComputeCompartment(const Section& section, Compartment& compartment) {
-    const std::vector<Point> points = OutlineOf(section, compartment);
-    double area = 0;
-    Point moment{0, 0};
-    for (size_t i = 0; i < points.size(); ++i) {
-        const Point a = points[i];
-        const Point b = points[(i + 1) % points.size()];
-        const double part = (a.y * b.z - b.y * a.z) / 2;
-        area += part;
-        moment.y += part * (a.y + b.y) / 3;
-        moment.z += part * (a.z + b.z) / 3;
+    const std::vector<Corner> corners = OutlineOf(section, compartment);
+    Part sum{};
+    for (size_t i = 0; i < corners.size(); ++i) {
+        const Point a = corners[i].at;
+        const Point b = corners[(i + 1) % corners.size()].at;
+        Add(sum, Triangle(a, b));
+        if (corners[i].sweep != 0) Add(sum, Segment(a, b, corners[i].sweep));
     }
-    const bool flat = area == 0 || !std::isfinite(area);
-    compartment.area_m2 = flat ? 0 : ClampToSingle(std::abs(area));
-    compartment.centreY_m = flat ? 0 : ClampToSingle(moment.y / area);
-    compartment.centreZ_m = flat ? 0 : ClampToSingle(moment.z / area);
+    const bool flat = sum.area == 0 || !std::isfinite(sum.area);
+    compartment.area_m2 = flat ? 0 : ClampToSingle(std::abs(sum.area));
+    compartment.centreY_m = flat ? 0 : ClampToSingle(sum.moment.y / sum.area);
+    compartment.centreZ_m = flat ? 0 : ClampToSingle(sum.moment.z / sum.area);
 }
 
 CompartmentList ListCompartments(const LegacyExport& work) {

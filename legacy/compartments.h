@@ -9,8 +9,9 @@
 
 namespace corvane {
 
-// Area and centre of the outline, as a polygon through its nodes; 0 for fewer than three nodes.
-// Stored into the compartment.
+// Area and centre of the compartment, stored into it. The outline follows the plating, arcs too,
+// where two nodes that follow one another are on one strake, as in the preview; elsewhere, and from
+// the last node back to the first, it is straight. 0 for an outline without an area.
 void ComputeCompartment(const Section& section, Compartment& compartment);
 
 // What the geometry block has of each compartment; made before that block is filled, written into

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "platform/grvelk.h"
 #include "report/messages.h"
 #include "tests/companions/section_builder.h"
@@ -244,6 +246,62 @@ TEST_F(LegacyRecord, CompartmentHasAreaAndCentreOfItsOutline) {
     EXPECT_EQ(tank.area_m2, 12) << "stored in the section, too";
     EXPECT_EQ(legacy.nodeCount, 4);
     EXPECT_EQ(legacy.nodes[3], 4);
+}
+
+// A quarter of a circle of 2 m about the origin, in two arcs, and a strake from the origin.
+struct ArcTest : LegacyRecord {
+    void SetUp() override {
+        const auto half = static_cast<float>(std::sqrt(2));
+        Panel& round = section.panels.emplace_back();
+        round.nodes = {RadiusNode(2, 0, 2), RadiusNode(half, half, 2), GivenNode(0, 2)};
+        section.panels.emplace_back().nodes = {GivenNode(0, 0), GivenNode(2, 2)};
+    }
+    const LegacyCompartment& Exported(std::vector<NodeReference> outline) {
+        section.compartments.resize(1);
+        section.compartments[0].outline = std::move(outline);
+        Export();
+        return record->geometry.compartments[0];
+    }
+};
+constexpr double kPi = 3.14159265358979;
+
+TEST_F(ArcTest, CompartmentEndsAtTheRoundedPlating) {
+    const auto centre = static_cast<float>(8 / (3 * kPi));
+    for (const auto& outline : {std::vector<NodeReference>{{1, 1}, {1, 2}, {1, 3}, {2, 1}},
+                                std::vector<NodeReference>{{2, 1}, {1, 3}, {1, 2}, {1, 1}},
+                                std::vector<NodeReference>{{1, 1}, {1, 3}, {2, 1}}}) {
+        const LegacyCompartment& legacy = Exported(outline);
+        EXPECT_FLOAT_EQ(legacy.area_m2, static_cast<float>(kPi)) << outline.size();
+        EXPECT_FLOAT_EQ(legacy.centreY, centre) << outline.size();
+        EXPECT_FLOAT_EQ(legacy.centreZ, centre) << outline.size();
+    }
+}
+
+TEST_F(ArcTest, CompartmentOutsideOfTheRoundedPlatingIsSmaller) {
+    const LegacyCompartment& legacy = Exported({{1, 1}, {2, 2}, {1, 3}, {1, 2}, {1, 1}});
+    const double area = 4 - kPi;
+    EXPECT_FLOAT_EQ(legacy.area_m2, static_cast<float>(area));
+    EXPECT_FLOAT_EQ(legacy.centreY, static_cast<float>((4.0 - 8.0 / 3) / area));
+    EXPECT_FLOAT_EQ(legacy.centreZ, static_cast<float>((4.0 - 8.0 / 3) / area));
+}
+
+TEST_F(ArcTest, BetweenTwoStrakesAndBackToTheFirstNodeTheOutlineIsStraight) {
+    EXPECT_FLOAT_EQ(Exported({{1, 3}, {2, 1}, {1, 1}}).area_m2, 2);
+    EXPECT_EQ(Exported({{1, 1}, {1, 1}}).area_m2, 0);
+}
+
+TEST_F(ArcTest, NearlyStraightArcAddsTheAreaOfAParabola) {
+    for (const float radius : {240.0F, 260.0F, 100000.0F}) {
+        section.panels[0].nodes = {RadiusNode(5, 0, radius), GivenNode(5, 5)};
+        section.panels[1].nodes = {GivenNode(0, 5), GivenNode(0, 0)};
+        const LegacyCompartment& legacy = Exported({{1, 1}, {1, 2}, {2, 1}, {2, 2}});
+        const double sweep = 2 * std::asin(2.5 / radius);
+        const double bow = double{radius} * radius / 2 * (sweep - std::sin(sweep));
+        EXPECT_NEAR(legacy.area_m2, 25 + bow, 1e-4) << radius;
+        EXPECT_NEAR(legacy.centreZ, 2.5, 1e-5) << radius;
+        const double outside = 5 + 0.4 * bow / 5 * 1.5;
+        EXPECT_NEAR(legacy.centreY, (62.5 + bow * outside) / (25 + bow), 1e-4) << radius;
+    }
 }
 
 TEST_F(LegacyRecord, OutlineLosesNodesThatDoNotExist) {
