@@ -7,10 +7,11 @@
 namespace corvane {
 namespace {
 
-// The library's stiffener has its own profile: that of the first span.
+// The library's stiffener has its own profile: that of the first span, turned as the row says.
 void AdoptProfiles(Panel& panel) {
     const size_t count = std::min(panel.stiffeners.size(), panel.stiffenerDetails.size());
     for (size_t i = 0; i < count; ++i) {
+        panel.stiffeners[i].mirrored = panel.stiffenerDetails[i].mirrored;
         if (panel.stiffenerDetails[i].spans.empty()) continue;
         const Scantlings& profile = panel.stiffenerDetails[i].spans.front().scantlings;
         Stiffener& stiffener = panel.stiffeners[i];

@@ -17,7 +17,7 @@ struct LibraryView {
 };
 
 // Counts beyond 16 bits are cut. The model's `items` and `plateEnds` are sized and filled, and each
-// stiffener gets the profile of its first span.
+// stiffener gets the profile of its first span and its own turn.
 void MakeLibraryView(SectionModel& model, LibraryView& view);
 
 }  // namespace corvane

@@ -81,6 +81,7 @@ struct Stiffener {
     float spacing;             // [m] from one to the next along the strake
     int32_t profile;           // kProfile...
     float webHeight_mm, webThickness_mm, flangeBreadth_mm, flangeThickness_mm;
+    int32_t mirrored;  // boolean: the flange points to the strake's start, not to its end
 };
 inline constexpr int32_t kProfileFlat = 0;
 inline constexpr int32_t kProfileBulb = 1;
@@ -89,7 +90,8 @@ inline constexpr int32_t kProfileTee = 3;
 static_assert(offsetof(Stiffener, s) == 16 && offsetof(Stiffener, onStrake) == 20);
 static_assert(offsetof(Stiffener, count) == 24 && offsetof(Stiffener, offset) == 28);
 static_assert(offsetof(Stiffener, spacing) == 32 && offsetof(Stiffener, profile) == 36);
-static_assert(offsetof(Stiffener, webHeight_mm) == 40 && sizeof(Stiffener) == 56);
+static_assert(offsetof(Stiffener, webHeight_mm) == 40 && offsetof(Stiffener, mirrored) == 56);
+static_assert(sizeof(Stiffener) == 60);
 
 // One strake of the section: its line through the nodes, and the items on it.
 struct Strake {

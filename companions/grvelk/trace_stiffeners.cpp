@@ -34,7 +34,8 @@ Profile ProfileOf(const Sketch& sketch, const Stiffener& stiffener) {
                                   : stiffener.flangeBreadth_mm;
     Profile profile{Visible(sketch, stiffener.webHeight_mm, kLeastWeb_px), 0, 0};
     if (stiffener.profile == kProfileBulb || stiffener.profile == kProfileAngle) {
-        profile.flangeAlong = Visible(sketch, breadth_mm, kLeastFlange_px);
+        const double flange = Visible(sketch, breadth_mm, kLeastFlange_px);
+        (stiffener.mirrored != 0 ? profile.flangeAgainst : profile.flangeAlong) = flange;
     } else if (stiffener.profile == kProfileTee) {
         profile.flangeAlong = Visible(sketch, breadth_mm / 2, kLeastFlange_px);
         profile.flangeAgainst = profile.flangeAlong;
@@ -51,12 +52,12 @@ void AddProfile(const Sketch& sketch, const Spot& foot, PlanePoint normal, const
     ForEachSide(sketch, [&](double side) {
         const FramePoint webTop = MappedSide(sketch, side, top);
         std::vector<FramePoint> line{MappedSide(sketch, side, foot.at), webTop};
-        if (profile.flangeAgainst > 0) {
+        const auto end = [&](double along) { return MappedSide(sketch, side, onFlange(along)); };
+        if (profile.flangeAgainst > 0 && profile.flangeAlong > 0) {
             AddPolyline(lines, line);
-            line = {MappedSide(sketch, side, onFlange(-profile.flangeAgainst)), webTop};
-        }
-        if (profile.flangeAlong > 0) {
-            line.push_back(MappedSide(sketch, side, onFlange(profile.flangeAlong)));
+            line = {end(-profile.flangeAgainst), webTop, end(profile.flangeAlong)};
+        } else if (profile.flangeAgainst > 0 || profile.flangeAlong > 0) {
+            line.push_back(end(profile.flangeAlong - profile.flangeAgainst));
         }
         AddPolyline(lines, line);
     });

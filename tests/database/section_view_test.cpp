@@ -55,6 +55,8 @@ TEST(SectionViewTest, PlateEndsAreThoseOfThePlates) {
 TEST(SectionViewTest, ProfileOfAStiffenerIsThatOfItsFirstSpan) {
     SectionModel model = test::FullSection();
     model.panels[0].stiffenerDetails[1].spans.clear();
+    model.panels[0].stiffenerDetails[0].mirrored = 0;
+    model.panels[0].stiffenerDetails[1].mirrored = -1;
     model.panels[0].stiffeners[1].profile = kProfileTee;
     LibraryView view;
     MakeLibraryView(model, view);
@@ -64,6 +66,8 @@ TEST(SectionViewTest, ProfileOfAStiffenerIsThatOfItsFirstSpan) {
     EXPECT_EQ(first.webThickness_mm, 12);
     EXPECT_EQ(first.flangeBreadth_mm, 0);
     EXPECT_EQ(view.section.strakes[0].stiffeners[1].profile, kProfileTee);
+    EXPECT_EQ(first.mirrored, 0);
+    EXPECT_EQ(view.section.strakes[0].stiffeners[1].mirrored, -1);
 }
 
 TEST(SectionViewTest, CountsAreClampedToSixteenBits) {

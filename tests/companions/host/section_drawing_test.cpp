@@ -162,6 +162,25 @@ TEST(SectionDrawingTest, ProfilesHaveTheirFlanges) {
     EXPECT_TRUE(has({{1350, 500}, {1330, 500}, {1330, 490}})) << "bulb inside of the side";
 }
 
+TEST(SectionDrawingTest, TurnedFlangesPointToTheStartOfTheStrake) {
+    DrawingRecorder recorder(1500, 800);
+    SampleSection sample;
+    for (test::SampleStrake& strake : sample.contents) {
+        for (Stiffener& row : strake.stiffeners) row.mirrored = -1;
+    }
+    ScaleWindow(nullptr, &recorder.drawing, -15, -2, 15, 14, 200);
+    Trace(recorder, sample);
+    const Lines lines = recorder.Of(kStiffeners);
+    const auto has = [&](const Line& line) {
+        return std::find(lines.begin(), lines.end(), line) != lines.end();
+    };
+    EXPECT_TRUE(has({{900, 100}, {900, 120}, {890, 120}})) << "angle below the deck";
+    EXPECT_TRUE(has({{600, 100}, {600, 120}, {610, 120}})) << "the same on the other side";
+    EXPECT_TRUE(has({{1350, 500}, {1330, 500}, {1330, 510}})) << "bulb inside of the side";
+    EXPECT_TRUE(has({{1045, 620}, {1050, 620}, {1055, 620}})) << "a tee has two sides";
+    EXPECT_TRUE(has({{850, 700}, {850, 680}})) << "a flat bar has no flange";
+}
+
 TEST(SectionDrawingTest, BulbWithoutABreadthIsAFifthOfItsWeb) {
     DrawingRecorder recorder(3000, 1600);
     SampleSection sample;
