@@ -84,7 +84,8 @@ void ConvertLegacyDatabase(benchmark::State& state) {
         const std::vector<ModelEntry> list = ListLegacySections(legacy, status);
         for (int16_t number = 1; static_cast<size_t>(number) <= list.size(); ++number) {
             SectionModel section;
-            ImportSection(legacy, number, section);
+            ExchangeLosses losses;
+            ImportSection(legacy, number, section, losses);
             ReplaceSection(target, section, number);
         }
         if (CountModels(target) != kSections) state.SkipWithError("sections are missing");

@@ -30,6 +30,7 @@ struct Work {
     // The strakes that wait for one another: a list, as their chain may be as long as there are
     // strakes.
     std::vector<Frame> stack;
+    std::vector<StrakeFault> faults;
 
     State& StateOf(int strake) { return strakes[static_cast<size_t>(strake - 1)]; }
     State& StateOf(NodeReference node) {
@@ -38,13 +39,18 @@ struct Work {
 };
 
 Work StartWork(Section& section, const std::wstring& name) {
-    Work work{section, name, {}, {}, {}};
+    Work work{section, name, {}, {}, {}, {}};
     for (int strake = 1; StrakeExists(section, strake); ++strake) {
         work.strakes.push_back(State::kNew);
         const auto count = static_cast<size_t>(NodesOf(StrakeAt(section, strake)));
         work.nodes.emplace_back(count, State::kNew);
     }
     return work;
+}
+
+void AddFault(Work& work, const StrakeFault& fault) {
+    ReportStrakeFault(fault, work.name);
+    work.faults.push_back(fault);
 }
 
 // ---- Nodes and their items ---------------------------------------------------------------------
@@ -99,16 +105,18 @@ void ComputeOneNode(Work& work, NodeReference self) {
         code == kCodeCircularReference && FailedBefore(work, NodeAt(work.section, self));
     work.StateOf(self) = State::kDone;
     if (code == 0 || again || reported) return;
-    ReportStrakeCode(code, self.strake, work.name);
+    AddFault(work, {code, self.node, self.strake});
 }
 
 // The item that ends at the node.
-void ComputeItemsOf(const Work& work, NodeReference self) {
+void ComputeItemsOf(Work& work, NodeReference self) {
     const Strake& strake = StrakeAt(work.section, self.strake);
     const auto item = static_cast<int16_t>(self.node - 1);
     if (item < 1 || item > ItemsOf(strake)) return;
     if (strake.nodes[item - 1].computed == 0 || strake.nodes[item].computed == 0) return;
-    ComputeStrakeItems({strake.items, item, item, self.strake}, work.section.tolerance, work.name);
+    const std::vector<StrakeFault> faults = ComputeStrakeItems(
+        {strake.items, item, item, self.strake}, work.section.tolerance, work.name);
+    work.faults.insert(work.faults.end(), faults.begin(), faults.end());
 }
 
 void FinishStrake(Work& work, int16_t number) {
@@ -116,7 +124,7 @@ void FinishStrake(Work& work, int16_t number) {
     Strake& strake = StrakeAt(work.section, number);
     const int items = ItemsOf(strake);
     strake.length = items == 0 ? 0 : strake.items[items - 1].s + strake.items[items - 1].length;
-    if (items == 0) ReportStrakeCode(kCodeNoNodes, number, work.name);
+    if (items == 0) AddFault(work, {kCodeNoNodes, 0, number});
 }
 
 // Goes on with the frame on top of the stack by one step.
@@ -258,9 +266,9 @@ std::vector<Joint> FindJoints(const Section& section) {
 
 }  // namespace
 
-std::vector<Joint> ComputeAbsoluteGeometry(Section& section, const std::wstring& sectionName) {
+AbsoluteGeometry ComputeAbsoluteGeometry(Section& section, const std::wstring& sectionName) {
     ReportStatus(kMsgComputingGeometry, {sectionName});
-    std::vector<Joint> joints;
+    AbsoluteGeometry geometry;
     if (StrakeExists(section, 1)) {
         ComputeAbsNodes(section.strakes, section.strakeCount);
         ComputeAbsStrake(section.strakes, section.strakeCount);
@@ -268,10 +276,10 @@ std::vector<Joint> ComputeAbsoluteGeometry(Section& section, const std::wstring&
         ComputeStrakes(work);
         PlaceStiffeners(section);
         ComputeAbscissas(section);
-        joints = FindJoints(section);
+        geometry = {FindJoints(section), std::move(work.faults)};
     }
     ShowStatus(L"");
-    return joints;
+    return geometry;
 }
 
 }  // namespace corvane

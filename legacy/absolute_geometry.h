@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "legacy/geometry.h"
 #include "platform/grvelk.h"
 
 namespace corvane {
@@ -17,10 +18,14 @@ struct Joint {
     bool operator==(const Joint&) const = default;
 };
 
-// Computes all nodes, strakes and stiffeners of a section, and gives its joints in the order of the
-// nodes. A node is computed after the strake that it is defined on; where strakes wait for one
-// another the library's code says so. What cannot be computed is reported once, by the strake where
-// it begins, and the rest goes on.
-std::vector<Joint> ComputeAbsoluteGeometry(Section& section, const std::wstring& sectionName);
+struct AbsoluteGeometry {
+    std::vector<Joint> joints;  // in the order of the nodes
+    std::vector<StrakeFault> faults;
+};
+
+// Computes all nodes, strakes and stiffeners of a section. A node is computed after the strake that
+// it is defined on; where strakes wait for one another the library's code says so. What cannot be
+// computed is reported once, without a box, by the strake where it begins, and the rest goes on.
+AbsoluteGeometry ComputeAbsoluteGeometry(Section& section, const std::wstring& sectionName);
 
 }  // namespace corvane

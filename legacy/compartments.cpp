@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 #include "legacy/fields.h"
 #include "legacy/legacy_tables.h"
 #include "legacy/strake_access.h"
 #include "legacy/strakes_from_legacy.h"
-#include "report/reporters.h"
 
 namespace corvane {
 namespace {
@@ -35,6 +35,20 @@ LegacyCompartment ListCompartment(const Section& section, Compartment& compartme
     entry.centreY = compartment.centreY_m;
     entry.centreZ = compartment.centreZ_m;
     return entry;
+}
+
+// How many nodes the strakes have in the legacy form.
+int CountNodes(const LegacyGeometry& legacy) {
+    return std::accumulate(std::begin(legacy.strakeNodeCount), std::end(legacy.strakeNodeCount), 0);
+}
+
+// Nodes that had no room, the last ones, go out of the outline.
+void KeepNodesThatAreThere(LegacyCompartment& entry, int nodes) {
+    int16_t* const end = entry.nodes + entry.nodeCount;
+    int16_t* const kept =
+        std::remove_if(entry.nodes, end, [nodes](int16_t number) { return number > nodes; });
+    std::fill(kept, end, int16_t{0});
+    entry.nodeCount = static_cast<int16_t>(kept - entry.nodes);
 }
 
 bool HasTooManyNodes(const Compartment& compartment) {
@@ -162,28 +176,30 @@ void FillCompLoad(const LegacyExport& work) {
     LegacyCompLoad& legacy = work.record.compLoad;
     const size_t count = std::min<size_t>(compartments.size(), kLegacyCompartments);
     if (compartments.size() > count) {
-        ReportMessage(kMsgTooManyCompartments, {int32_t{kLegacyCompartments}});
+        NoteLoss(work.losses, kMsgTooManyCompartments, {int32_t{kLegacyCompartments}});
     }
     legacy.count = static_cast<int16_t>(count);
     for (size_t i = 0; i < count; ++i) {
-        PutText(compartments[i].name, legacy.name[i], sizeof(legacy.name[i]));
+        PutText(compartments[i].name, {legacy.name[i], sizeof(legacy.name[i])}, work.losses);
         CopyLoads(ToLegacy(), compartments[i], legacy, i);
     }
     const auto end = compartments.begin() + static_cast<ptrdiff_t>(count);
     if (std::any_of(compartments.begin(), end, HasTooManyNodes)) {
-        ReportMessage(kMsgTooManyOutlineNodes, {int32_t{kLegacyOutlineNodes}});
+        NoteLoss(work.losses, kMsgTooManyOutlineNodes, {int32_t{kLegacyOutlineNodes}});
     }
 }
 
 void FillCompartments(const LegacyExport& work, const CompartmentList& list) {
     LegacyGeometry& legacy = work.record.geometry;
-    Filling levels{legacy.levels, legacy.counts.levels, kMsgTooManyLevels};
+    Filling levels{legacy.levels, legacy.counts.levels, kMsgTooManyLevels, work.losses};
     const size_t count = std::min<size_t>(list.compartments.size(), kLegacyCompartments);
     legacy.counts.compartments = static_cast<int16_t>(count);
+    const int nodes = CountNodes(legacy);
     auto next = list.levels.begin();
     for (size_t i = 0; i < count; ++i) {
         LegacyCompartment& entry = legacy.compartments[i];
         entry = list.compartments[i];
+        KeepNodesThatAreThere(entry, nodes);
         entry.levelCount = 0;
         for (int16_t k = 0; k < list.compartments[i].levelCount; ++k, ++next) {
             LegacyLevel* level = levels.Next();

@@ -54,14 +54,22 @@ int16_t AddSlot(const std::wstring& path) {
     return status;
 }
 
-// Fills the slot. What the library makes of the three blocks is unknown.
-void ExportBlocks(const std::wstring& path, int16_t number, SectionModel& section) {
+// What the library gets for the compartments of a section as another program of the suite holds
+// them. Nothing is there, and there is room for what a library may write.
+struct ForeignCompartments {
+    std::array<unsigned char, 65536> bytes{};
+};
+
+// Fills the slot, and adds what did not fit. What the library makes of the three blocks is unknown.
+void ExportBlocks(const std::wstring& path, int16_t number, SectionModel& section,
+                  ExchangeLosses& losses) {
     const auto record = std::make_unique<LegacySectionRecord>();
-    ToLegacyRecord(section, *record);
+    const auto foreign = std::make_unique<ForeignCompartments>();
+    AddLosses(losses, section.name, ToLegacyRecord(section, *record));
     const std::string file = system::AnsiFromWide(path);
     exportvelkmainsec(file.c_str(), number, &record->main);
     exportsectiongeometry(file.c_str(), number, &record->geometry);
-    exportvelkcompload(file.c_str(), number, &section.compartments, &record->compLoad);
+    exportvelkcompload(file.c_str(), number, foreign.get(), &record->compLoad);
 }
 
 int16_t NameSlot(const std::wstring& path, const SectionModel& section) {
@@ -84,28 +92,42 @@ struct Target {
     const std::wstring& told;  // in messages
 };
 
+// All sections of a database on their way to a new legacy database.
+struct DatabaseExport {
+    const Target& target;
+    BasicShipData bsd;
+    ExchangeLosses losses;
+};
+
+// A library may keep what it gets until the file is read: whether all of it is in the file now.
+bool IsAllWritten(const std::wstring& path) {
+    int16_t status = kNoAnswer;
+    ListLegacySections(path, status);
+    return status == 0;
+}
+
 // The slot's name is not judged: the next slot's status takes the place of this one.
-bool ExportNext(const Target& target, int16_t number, SectionModel& section,
-                const BasicShipData& bsd) {
+bool ExportNext(DatabaseExport& work, int16_t number, SectionModel& section) {
+    const Target& target = work.target;
     if (LacksDimensions(section) || section.depth_m < kUnsetBelow) {
-        SetSectionDefaults(section, bsd, kUnsetBelow);
+        SetSectionDefaults(section, work.bsd, kUnsetBelow);
     }
     if (AddSlot(target.path) != 0) {
         ReportMessage(kMsgLegacySectionNotAdded, {int32_t{number}, target.told});
         return false;
     }
-    ExportBlocks(target.path, number, section);
+    ExportBlocks(target.path, number, section, work.losses);
     NameSlot(target.path, section);
     return true;
 }
 
-bool ExportSections(const std::wstring& source, const Target& target, const BasicShipData& bsd) {
+bool ExportSections(const std::wstring& source, DatabaseExport& work) {
     int16_t number = 0;
     for (const ModelEntry& entry : ListModels(source)) {
         if (entry.kind != ModelKind::kSection) continue;
         SectionModel section;
         if (!ReadSectionBlock(source, entry.number, false, section)) continue;
-        if (!ExportNext(target, ++number, section, bsd)) return false;
+        if (!ExportNext(work, ++number, section)) return false;
     }
     return true;
 }
@@ -128,11 +150,12 @@ bool StartDatabase(const std::wstring& source, const Target& target, BasicShipDa
 }
 
 // Whether the slot can be read: a record that a call cannot fill is left as it was.
-bool HasSlot(const std::string& file, int16_t number) {
+bool HasSlot(const std::string& file, int number) {
     alignas(LegacyMainSection) std::array<char, sizeof(LegacyMainSection)> block;
     block.fill('\xA5');
     const auto untouched = block;
-    importvelkmainsec(file.c_str(), number, reinterpret_cast<LegacyMainSection*>(block.data()));
+    importvelkmainsec(file.c_str(), static_cast<int16_t>(number),
+                      reinterpret_cast<LegacyMainSection*>(block.data()));
     return block != untouched;
 }
 
@@ -175,12 +198,14 @@ bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShi
         ReportMessage(kMsgDimensionsLacking, {Trim(section.name)});
         SetSectionDefaults(section, bsd, kUnsetBelow);
     }
-    ExportBlocks(slot.path, slot.number, section);
+    ExchangeLosses losses;
+    ExportBlocks(slot.path, slot.number, section, losses);
     if (slot.isNew && NameSlot(slot.path, section) != 0) {
         ReportMessage(kMsgLegacySectionNotAdded, {int32_t{slot.number}, slot.path});
         return false;
     }
     ShowStatus(L"");
+    ReportLosses(slot.path, losses);
     return true;
 }
 
@@ -188,24 +213,33 @@ bool ExportDatabase(const std::wstring& source, const std::wstring& path,
                     const std::wstring& told) {
     if (!FileExists(source) || !IsDatabaseFile(source)) return false;
     const Target target{path, told.empty() ? path : told};
-    BasicShipData bsd;
-    if (!StartDatabase(source, target, bsd) || !ExportSections(source, target, bsd)) return false;
+    DatabaseExport work{target, {}, {}};
+    if (!StartDatabase(source, target, work.bsd)) return false;
+    const bool isExported = ExportSections(source, work);
+    if (!IsAllWritten(path) && isExported) {
+        ReportMessage(kMsgLegacyNotCreated, {target.told});
+        return false;
+    }
+    if (!isExported) return false;
     ShowStatus(L"");
+    ReportLosses(target.told, work.losses);
     return true;
 }
 
-bool ImportSection(const std::wstring& path, int16_t number, SectionModel& section) {
+bool ImportSection(const std::wstring& path, int16_t number, SectionModel& section,
+                   ExchangeLosses& losses) {
     if (!FileExists(path)) {
         ReportMessage(kMsgFileMissing, {path});
         return false;
     }
     const auto record = std::make_unique<LegacySectionRecord>();
     const std::string file = system::AnsiFromWide(path);
-    section.compartments.clear();
+    const auto foreign = std::make_unique<ForeignCompartments>();
     importvelkmainsec(file.c_str(), number, &record->main);
     importsectiongeometry(file.c_str(), number, &record->geometry);
-    importvelkcompload(file.c_str(), number, &section.compartments, &record->compLoad);
-    FromLegacyRecord(*record, section);
+    importvelkcompload(file.c_str(), number, foreign.get(), &record->compLoad);
+    Losses lost = FromLegacyRecord(*record, section);
+    AddLosses(losses, section.name, std::move(lost));
     ShowStatus(L"");
     return true;
 }
@@ -226,11 +260,19 @@ std::vector<ModelEntry> ListLegacySections(const std::wstring& path, int16_t& st
 }
 
 int16_t CountLegacySections(const std::wstring& path, int16_t& status) {
-    auto count = static_cast<int16_t>(ListLegacySections(path, status).size());
-    if (count < kLegacyListedSections) return count;
+    const auto listed = static_cast<int16_t>(ListLegacySections(path, status).size());
+    if (listed < kLegacyListedSections) return listed;
     const std::string file = system::AnsiFromWide(path);
-    while (count < INT16_MAX && HasSlot(file, static_cast<int16_t>(count + 1))) ++count;
-    return count;
+    // Slots follow one another without a gap: the last one lies between one that is there and one
+    // that is not.
+    int there = listed;
+    int missing = INT16_MAX;
+    if (HasSlot(file, missing)) return INT16_MAX;
+    while (missing - there > 1) {
+        const int middle = (there + missing) / 2;
+        (HasSlot(file, middle) ? there : missing) = middle;
+    }
+    return static_cast<int16_t>(there);
 }
 
 int16_t LoadBsdFromLegacy(const std::wstring& path, BasicShipData& bsd) {

@@ -10,6 +10,7 @@
 #include "bsd/basic_ship_data.h"
 #include "database/listing.h"
 #include "database/section.h"
+#include "legacy/losses.h"
 
 namespace corvane {
 
@@ -33,28 +34,31 @@ struct LegacySlot {
 
 // Writes the section into a slot of an existing legacy database. The section gets the defaults that
 // it lacks (with message 1074 when breadth or draught is one of them) and its geometry computed.
-// False when the library reports a failure.
+// What did not fit is reported at the end. False when the library reports a failure.
 bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShipData& bsd);
 
 // Makes a new legacy database at `target`, instead of any file there, of all sections of the
 // model database `source`, in file order; one that cannot be read is reported and left out. Nothing
 // happens when `source` is not a model database. False then, and when the library reports a
-// failure. `told` is the name that messages have for the target, where that is to be put elsewhere.
+// failure. What did not fit is reported at the end. `told` is the name that messages have for the
+// target, where that is to be put elsewhere.
 bool ExportDatabase(const std::wstring& source, const std::wstring& target,
                     const std::wstring& told = {});
 
 // ---- Import ------------------------------------------------------------------------------------
 
 // Reads section `number`, from 1. A missing file is reported (1020): false then. A section that
-// the library fails to read cannot be recognised as such; it is empty then.
-bool ImportSection(const std::wstring& path, int16_t number, SectionModel& section);
+// the library fails to read cannot be recognised as such; it is empty then. What could not be
+// placed is added to `losses`, to be reported at the end of the import.
+bool ImportSection(const std::wstring& path, int16_t number, SectionModel& section,
+                   ExchangeLosses& losses);
 
 // The names of the database's sections, at most 20; x is -1. `status` is the library's: the list
 // is empty unless it is 0.
 std::vector<ModelEntry> ListLegacySections(const std::wstring& path, int16_t& status);
 
-// The number of the database's sections, beyond 20 too. `status` is the library's: 0 is the number
-// unless it is 0.
+// The number of the database's sections, beyond 20 too; 32,767 when the library gives a section for
+// any number. `status` is the library's: 0 is the number unless it is 0.
 int16_t CountLegacySections(const std::wstring& path, int16_t& status);
 
 // The ship's data; the library's status. Unless it is 0 the record keeps its contents.

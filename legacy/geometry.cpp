@@ -46,16 +46,22 @@ NodeReference NodeAtPoint(const Section& section, float y, float z) {
     return {};
 }
 
-void ReportStrakeCode(int16_t code, int16_t strake, const std::wstring& sectionName) {
-    ReportMessage(kMsgStrakeCoincidentNodes + code - kCodeCoincidentNodes,
-                  {int32_t{strake}, sectionName});
+void ReportStrakeFault(const StrakeFault& fault, const std::wstring& sectionName) {
+    ReportSilent(kMsgStrakeCoincidentNodes + fault.code - kCodeCoincidentNodes,
+                 {int32_t{fault.item}, sectionName, int32_t{fault.strake}});
 }
 
-void ComputeStrakeItems(const ItemList& list, float tolerance, const std::wstring& sectionName) {
+std::vector<StrakeFault> ComputeStrakeItems(const ItemList& list, float tolerance,
+                                            const std::wstring& sectionName) {
+    std::vector<StrakeFault> faults;
     for (int k = list.first; k <= list.last; ++k) {
-        const int16_t code = ComputeStrake(list.items, static_cast<int16_t>(k), tolerance);
-        if (code != 0) ReportStrakeCode(code, list.strake, sectionName);
+        const auto item = static_cast<int16_t>(k);
+        const int16_t code = ComputeStrake(list.items, item, tolerance);
+        if (code == 0) continue;
+        faults.push_back({code, item, list.strake});
+        ReportStrakeFault(faults.back(), sectionName);
     }
+    return faults;
 }
 
 }  // namespace corvane

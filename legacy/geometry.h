@@ -7,6 +7,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/grvelk.h"
 
@@ -30,8 +31,15 @@ int16_t AbscissaOfPoint(const Section& section, NodeReference reference, int16_t
 // section's tolerance; (0, 0) when none is.
 NodeReference NodeAtPoint(const Section& section, float y, float z);
 
-// Reports a code of the library, for a strake of the section, as message 1041 + code.
-void ReportStrakeCode(int16_t code, int16_t strake, const std::wstring& sectionName);
+// What the library could not compute.
+struct StrakeFault {
+    int16_t code;    // kCode...
+    int16_t item;    // the node, or the line from it to the next one; 0: the strake itself
+    int16_t strake;  // its number
+    bool operator==(const StrakeFault&) const = default;
+};
+// Reports a fault as message 1041 + code, without a box: a section may have many.
+void ReportStrakeFault(const StrakeFault& fault, const std::wstring& sectionName);
 
 // Items `first` to `last` of a strake's list, both from 1.
 struct ItemList {
@@ -39,7 +47,8 @@ struct ItemList {
     int16_t first, last;
     int16_t strake;  // number of the strake, for messages
 };
-// Computes the items in order. A code of the library is reported, and the next item follows.
-void ComputeStrakeItems(const ItemList& list, float tolerance, const std::wstring& sectionName);
+// Computes the items in order. A fault is reported, and the next item follows. Returns the faults.
+std::vector<StrakeFault> ComputeStrakeItems(const ItemList& list, float tolerance,
+                                            const std::wstring& sectionName);
 
 }  // namespace corvane

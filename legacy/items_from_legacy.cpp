@@ -7,7 +7,6 @@
 #include "legacy/legacy_tables.h"
 #include "legacy/strake_access.h"
 #include "legacy/strakes_from_legacy.h"
-#include "report/reporters.h"
 
 namespace corvane {
 namespace {
@@ -30,12 +29,12 @@ bool MakeRelative(const Section& section, int16_t strake, float s, Stiffener& st
 }
 
 // Message 2001: the item's number, and the first and last node of its strake.
-void ReportNotPlaced(const LegacyImport& work, size_t item, int16_t strake) {
+void NoteNotPlaced(const LegacyImport& work, size_t item, int16_t strake) {
     NodeRange nodes{0, 0};
     if (StrakeExists(work.geometry, strake)) nodes = NodesOf(work.legacy, strake);
     const int last = nodes.count == 0 ? 0 : nodes.first + nodes.count - 1;
-    ReportMessage(kMsgLegacyItemNotPlaced,
-                  {static_cast<int32_t>(item), int32_t{nodes.first}, int32_t{last}});
+    NoteLoss(work.losses, kMsgLegacyItemNotPlaced,
+             {static_cast<int32_t>(item), int32_t{nodes.first}, int32_t{last}});
 }
 
 Scantlings ProfileOf(const LegacyGeometry& legacy, int16_t number) {
@@ -84,8 +83,8 @@ std::vector<Span> ListSpans(const LegacyImport& work) {
 }
 
 // Message 2013: what it belongs to does not exist, or is elsewhere.
-void ReportNotAttached(size_t item, int16_t owner) {
-    ReportMessage(kMsgLegacyItemNotAttached, {static_cast<int32_t>(item), int32_t{owner}});
+void NoteNotAttached(const LegacyImport& work, size_t item, int16_t owner) {
+    NoteLoss(work.losses, kMsgLegacyItemNotAttached, {static_cast<int32_t>(item), int32_t{owner}});
 }
 
 Span* SpanOf(std::vector<Span>& spans, int16_t number) {
@@ -100,7 +99,7 @@ void ReadSpanBrackets(const LegacyImport& work, std::vector<Span>& spans) {
         ++number;
         Span* span = SpanOf(spans, entry.span);
         if (span == nullptr) {
-            ReportNotAttached(number, entry.span);
+            NoteNotAttached(work, number, entry.span);
             continue;
         }
         span->bracket.present = true;
@@ -116,7 +115,7 @@ void ReadFatigueTables(const LegacyImport& work, std::vector<Span>& spans) {
         ++number;
         Span* span = SpanOf(spans, entry.span);
         if (span == nullptr) {
-            ReportNotAttached(number, entry.span);
+            NoteNotAttached(work, number, entry.span);
             continue;
         }
         span->fatigue.present = true;
@@ -160,7 +159,7 @@ void ReadStiffeners(const LegacyImport& work) {
         StiffenerDetail detail;
         CopyStiffener(FromLegacy(), stiffener, detail, entry);
         if (panel == nullptr || !PlaceStiffener(work, entry, stiffener)) {
-            ReportNotPlaced(work, number, entry.strake);
+            NoteNotPlaced(work, number, entry.strake);
         }
         if (panel == nullptr) continue;
         panel->stiffeners.push_back(stiffener);
@@ -180,7 +179,7 @@ void ReadSpans(const LegacyImport& work) {
         StiffenerDetail* owner =
             exists ? details[static_cast<size_t>(entry.stiffener - 1)] : nullptr;
         if (owner == nullptr || !StandsAtStiffener(work, entry)) {
-            ReportNotAttached(i + 1, entry.stiffener);
+            NoteNotAttached(work, i + 1, entry.stiffener);
             continue;
         }
         owner->spans.push_back(spans[i]);
@@ -210,7 +209,7 @@ void ReadOpenings(const LegacyImport& work) {
         // An opening is at its node: whatever else its position says has no field.
         if (panel == nullptr || !MakeRelative(work.geometry, entry.strake, entry.s, place) ||
             !(std::abs(place.offset) <= work.geometry.tolerance)) {
-            ReportNotPlaced(work, number, entry.strake);
+            NoteNotPlaced(work, number, entry.strake);
         }
         if (panel != nullptr) CopyOpening(FromLegacy(), panel->openings.emplace_back(), entry);
     }
@@ -223,7 +222,7 @@ void ReadPillars(const LegacyImport& work) {
         Panel* panel = PanelOf(work, entry.strake);
         Stiffener place{};
         if (panel == nullptr || !MakeRelative(work.geometry, entry.strake, entry.s, place)) {
-            ReportNotPlaced(work, number, entry.strake);
+            NoteNotPlaced(work, number, entry.strake);
         }
         if (panel != nullptr) CopyPillar(FromLegacy(), panel->pillars.emplace_back(), entry);
     }

@@ -1,9 +1,10 @@
 // What a section's strakes have on them, from the legacy form: the parts of FromLegacyRecord after
 // ReadStrakes and the geometry. An item of a strake that does not exist is left out; one that
-// cannot be placed is reported.
+// cannot be placed is noted.
 #pragma once
 
 #include "database/section.h"
+#include "legacy/losses.h"
 #include "platform/ztvelk32.h"
 
 namespace corvane {
@@ -13,6 +14,7 @@ struct LegacyImport {
     SectionModel& section;
     const Section& geometry;  // the library's view of the section; its strakes have been computed
     const LegacyGeometry& legacy;
+    Losses& losses;
 };
 
 void ReadStiffeners(const LegacyImport& work);

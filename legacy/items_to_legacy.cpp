@@ -19,8 +19,9 @@ bool SameProfile(const LegacyProfile& a, const LegacyProfile& b) {
 // The table of profiles, in which each is once.
 struct Profiles {
     LegacyGeometry& legacy;
+    Losses& losses;
     Filling<LegacyProfile, kLegacyProfiles> filling{legacy.profiles, legacy.counts.profiles,
-                                                    kMsgTooManyProfiles};
+                                                    kMsgTooManyProfiles, losses};
 
     // The profile's number; 0 for scantlings that are all 0, and where there is no room.
     int16_t NumberOf(Scantlings& scantlings) {
@@ -42,8 +43,7 @@ struct Profiles {
 // Calls visit(panel, strake number) for the panels that the legacy form holds.
 template <class Visit>
 void ForEachPanel(const LegacyExport& work, Visit visit) {
-    const int count = std::min<int>(work.geometry.strakeCount, kLegacyStrakes);
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < work.record.geometry.strakeCount; ++i) {
         visit(work.section.panels[static_cast<size_t>(i)], static_cast<int16_t>(i + 1));
     }
 }
@@ -69,12 +69,13 @@ float PlaceOf(const Section& section, int16_t k, NodeReference node) {
 struct SpanFill {
     const LegacyExport& work;
     LegacyGeometry& legacy = work.record.geometry;
-    Profiles profiles{legacy};
-    Filling<LegacySpan, kLegacySpans> spans{legacy.spans, legacy.counts.spans, kMsgTooManySpans};
+    Profiles profiles{legacy, work.losses};
+    Filling<LegacySpan, kLegacySpans> spans{legacy.spans, legacy.counts.spans, kMsgTooManySpans,
+                                            work.losses};
     Filling<LegacySpanBracket, kLegacySpanBrackets> brackets{
-        legacy.spanBrackets, legacy.counts.spanBrackets, kMsgTooManySpanBrackets};
+        legacy.spanBrackets, legacy.counts.spanBrackets, kMsgTooManySpanBrackets, work.losses};
     Filling<LegacyFatigueTable, kLegacyFatigueTables> fatigue{
-        legacy.fatigueTables, legacy.counts.fatigueTables, kMsgTooManyFatigueTables};
+        legacy.fatigueTables, legacy.counts.fatigueTables, kMsgTooManyFatigueTables, work.losses};
     int16_t stiffener = 0;  // its number in the legacy table
 };
 
@@ -111,7 +112,8 @@ void FillSpansOf(SpanFill& fill, const Stiffener& stiffener, StiffenerDetail& de
 
 void FillStiffeners(const LegacyExport& work) {
     LegacyGeometry& legacy = work.record.geometry;
-    Filling filling{legacy.stiffeners, legacy.counts.stiffeners, kMsgTooManyStiffeners};
+    Filling filling{legacy.stiffeners, legacy.counts.stiffeners, kMsgTooManyStiffeners,
+                    work.losses};
     ForEachPanel(work, [&](Panel& panel, int16_t strake) {
         for (size_t i = 0; i < panel.stiffeners.size(); ++i) {
             LegacyStiffener* entry = filling.Next();
@@ -137,8 +139,8 @@ void FillSpans(const LegacyExport& work) {
 
 void FillBrackets(const LegacyExport& work) {
     LegacyGeometry& legacy = work.record.geometry;
-    Profiles profiles{legacy};
-    Filling filling{legacy.brackets, legacy.counts.brackets, kMsgTooManyBrackets};
+    Profiles profiles{legacy, work.losses};
+    Filling filling{legacy.brackets, legacy.counts.brackets, kMsgTooManyBrackets, work.losses};
     ForEachPanel(work, [&](Panel& panel, int16_t strake) {
         for (PrimaryBracket& bracket : panel.brackets) {
             LegacyBracket* entry = filling.Next();
@@ -154,7 +156,7 @@ void FillBrackets(const LegacyExport& work) {
 
 void FillOpenings(const LegacyExport& work) {
     LegacyGeometry& legacy = work.record.geometry;
-    Filling filling{legacy.openings, legacy.counts.openings, kMsgTooManyOpenings};
+    Filling filling{legacy.openings, legacy.counts.openings, kMsgTooManyOpenings, work.losses};
     ForEachPanel(work, [&](Panel& panel, int16_t strake) {
         for (Opening& opening : panel.openings) {
             LegacyOpening* entry = filling.Next();
@@ -168,7 +170,7 @@ void FillOpenings(const LegacyExport& work) {
 
 void FillPillars(const LegacyExport& work) {
     LegacyGeometry& legacy = work.record.geometry;
-    Filling filling{legacy.pillars, legacy.counts.pillars, kMsgTooManyPillars};
+    Filling filling{legacy.pillars, legacy.counts.pillars, kMsgTooManyPillars, work.losses};
     ForEachPanel(work, [&](Panel& panel, int16_t strake) {
         for (Pillar& pillar : panel.pillars) {
             LegacyPillar* entry = filling.Next();
@@ -181,7 +183,7 @@ void FillPillars(const LegacyExport& work) {
 
 void FillPlates(const LegacyExport& work) {
     LegacyGeometry& legacy = work.record.geometry;
-    Filling filling{legacy.plates, legacy.counts.plates, kMsgTooManyPlates};
+    Filling filling{legacy.plates, legacy.counts.plates, kMsgTooManyPlates, work.losses};
     ForEachPanel(work, [&](Panel& panel, int16_t strake) {
         for (Plate& plate : panel.plates) {
             LegacyPlate* entry = filling.Next();

@@ -9,7 +9,7 @@
 #include <span>
 #include <string>
 
-#include "report/reporters.h"
+#include "legacy/losses.h"
 
 namespace corvane {
 
@@ -20,22 +20,28 @@ template <class Entry, int size>
 struct Filling {
     Entry (&table)[size];
     int16_t& count;   // of used entries; goes up with each
-    int32_t message;  // what has no room is reported once, with the table's size
+    int32_t message;  // what has no room is noted once, with the table's size
+    Losses& losses;
     bool full = false;
 
     // The next entry, zeroed like the whole record; null when the table is full.
     Entry* Next() {
         if (count < size) return &table[count++];
-        if (!full) ReportMessage(message, {int32_t{size}});
+        if (!full) NoteLoss(losses, message, {int32_t{size}});
         full = true;
         return nullptr;
     }
 };
 template <class Entry, int size>
-Filling(Entry (&)[size], int16_t&, int32_t) -> Filling<Entry, size>;
+Filling(Entry (&)[size], int16_t&, int32_t, Losses&) -> Filling<Entry, size>;
 
-// Single-byte text, up to its first NUL, cut to the field; NULs fill it up.
-void PutText(const std::wstring& text, char* field, size_t size);
+// OEM text, up to its first NUL, cut to the field; NULs fill it up. What an import would not give
+// back is noted.
+struct TextField {
+    char* bytes;
+    size_t size;
+};
+void PutText(const std::wstring& text, TextField field, Losses& losses);
 
 // ---- Reading -----------------------------------------------------------------------------------
 
@@ -46,7 +52,7 @@ std::span<const Entry> Used(const Entry (&table)[size], int16_t count) {
     return {table, static_cast<size_t>(std::clamp<int>(count, 0, size))};
 }
 
-// Single-byte text up to its first NUL, trimmed.
+// OEM text up to its first NUL, trimmed.
 std::wstring TextOf(const char* field, size_t size);
 
 }  // namespace corvane

@@ -49,8 +49,10 @@ void ReadItems(const LegacyImport& work) {
 
 }  // namespace
 
-void FromLegacyRecord(const LegacySectionRecord& record, SectionModel& section) {
+Losses FromLegacyRecord(const LegacySectionRecord& record, SectionModel& section) {
     ReportStatus(kMsgConvertingFromLegacy, {TextOf(record.main.name, sizeof(record.main.name))});
+    const QuietStatus quiet;
+    Losses losses;
     section = SectionModel();
     section.formatVersion = kSectionFormatVersion;
     section.tolerance_m = kTolerance_m;
@@ -62,8 +64,9 @@ void FromLegacyRecord(const LegacySectionRecord& record, SectionModel& section) 
     LibraryView view;
     MakeLibraryView(section, view);
     ComputeAbsoluteGeometry(view.section, section.name);
-    ReadItems({section, view.section, record.geometry});
+    ReadItems({section, view.section, record.geometry, losses});
     ReadCompartments(record, section);
+    return losses;
 }
 
 }  // namespace corvane

@@ -4,13 +4,14 @@
 #pragma once
 
 #include "database/section.h"
+#include "legacy/losses.h"
 #include "platform/ztvelk32.h"
 
 namespace corvane {
 
-// Makes a new section of the record, with its geometry computed, without an identifier. Items that
-// cannot be placed are reported; those of a strake that does not exist are left out. Messages in
-// the status line say what is being done; it is not cleared at the end.
-void FromLegacyRecord(const LegacySectionRecord& record, SectionModel& section);
+// Makes a new section of the record, with its geometry computed, without an identifier. Returns
+// what could not be placed; what is on a strake that does not exist is left out. A message in the
+// status line says what is being done; it is not cleared at the end.
+Losses FromLegacyRecord(const LegacySectionRecord& record, SectionModel& section);
 
 }  // namespace corvane

@@ -15,8 +15,10 @@
 namespace corvane {
 namespace {
 
-void FillMain(SectionModel& section, LegacyMainSection& legacy) {
-    PutText(section.name, legacy.name, sizeof(legacy.name));
+void FillMain(const LegacyExport& work) {
+    SectionModel& section = work.section;
+    LegacyMainSection& legacy = work.record.main;
+    PutText(section.name, {legacy.name, sizeof(legacy.name)}, work.losses);
     CopyMainFields(ToLegacy(), section, legacy);
     if (section.moduliAbsent != 0) return;
     legacy.deckModulus_m3 = section.deckModulus_m3;
@@ -36,21 +38,24 @@ void FillGeometry(const LegacyExport& work) {
 
 }  // namespace
 
-void ToLegacyRecord(SectionModel& section, LegacySectionRecord& record) {
+Losses ToLegacyRecord(SectionModel& section, LegacySectionRecord& record) {
     std::memset(&record, 0, sizeof(record));
     ReportStatus(kMsgConvertingToLegacy, {section.name});
+    const QuietStatus quiet;
+    Losses losses;
     LibraryView view;
     MakeLibraryView(section, view);
     ComputeAbsoluteGeometry(view.section, section.name);
     for (Compartment& compartment : section.compartments) {
         ComputeCompartment(view.section, compartment);
     }
-    const LegacyExport work{section, view.section, record};
+    const LegacyExport work{section, view.section, record, losses};
     const CompartmentList list = ListCompartments(work);
-    FillMain(section, record.main);
+    FillMain(work);
     FillGeometry(work);
     FillCompLoad(work);
     FillCompartments(work, list);
+    return losses;
 }
 
 }  // namespace corvane

@@ -1,6 +1,5 @@
 #include "legacy/strakes_to_legacy.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
@@ -19,12 +18,15 @@ struct StrakeFill {
     int nodes = 0;
     int points = 0;
     Filling<LegacyCurve, kLegacyCurves> curves{legacy.curves, legacy.counts.curves,
-                                               kMsgTooManyCurves};
+                                               kMsgTooManyCurves, work.losses};
+    Filling<LegacyExtension, kLegacyExtensions> extensions{
+        legacy.extensions, legacy.counts.extensions, kMsgTooManyIntersections, work.losses};
 };
 
-bool HasRoom(int count, int limit) {
+// Whether the legacy form holds that many; noted when not.
+bool HasRoom(const StrakeFill& fill, int count, int limit) {
     if (count <= limit) return true;
-    ReportMessage(kMsgLegacyGeometryFull, {int32_t{limit}});
+    NoteLoss(fill.work.losses, kMsgLegacyGeometryFull, {int32_t{limit}});
     return false;
 }
 
@@ -45,24 +47,28 @@ bool HasBase(const Section& section, const Node& node) {
 
 // Copies the line of an intersection. False when there is no room for it.
 bool FillExtension(StrakeFill& fill, Node& node) {
-    int16_t& count = fill.legacy.counts.extensions;
-    if (count == kLegacyExtensions) return false;
-    LegacyExtension& entry = fill.legacy.extensions[count++];
-    entry.node = static_cast<int16_t>(fill.nodes);
-    CopyExtension(ToLegacy(), node, entry);
+    LegacyExtension* entry = fill.extensions.Next();
+    if (entry == nullptr) return false;
+    entry->node = static_cast<int16_t>(fill.nodes);
+    CopyExtension(ToLegacy(), node, *entry);
     return true;
 }
 
-// The node as the legacy form can hold it: one of another kind is given by its place.
+// Whether the node is in the legacy form as it is defined.
+bool IsHeld(StrakeFill& fill, NodeReference self, Node& node) {
+    if (node.kind == kNodeIntersection) return FillExtension(fill, node);
+    if (IsLegacyKind(node.kind)) return true;
+    NoteLoss(fill.work.losses, kMsgNodeKindUnknown, {int32_t{self.strake}, int32_t{self.node}});
+    return false;
+}
+
+// The node as the legacy form can hold it: any other is given by its place.
 Node NodeForLegacy(StrakeFill& fill, NodeReference self) {
     Node node = NodeAt(fill.work.geometry, self);
     if (!HasBase(fill.work.geometry, node)) {
-        ReportMessage(kMsgBaseNodeMissing, {int32_t{self.strake}, int32_t{self.node}});
+        NoteLoss(fill.work.losses, kMsgBaseNodeMissing, {int32_t{self.strake}, int32_t{self.node}});
     }
-    const bool held =
-        IsLegacyKind(node.kind) && (node.kind != kNodeIntersection || FillExtension(fill, node));
-    if (held) return node;
-    ReportMessage(kMsgNodeKindUnknown, {int32_t{self.strake}, int32_t{self.node}});
+    if (IsHeld(fill, self, node)) return node;
     node.kind = kNodeGiven;
     if (node.computed != 0) {
         node.givenY = node.y;
@@ -79,21 +85,25 @@ void FillCurve(StrakeFill& fill, Node& node) {
     CopyCurve(ToLegacy(), node, *curve);
 }
 
-bool FillPoint(StrakeFill& fill, const Node& node) {
-    // The last of the points is never used.
-    if (!HasRoom(fill.points + 2, kLegacyPoints)) return false;
+void FillPoint(StrakeFill& fill, const Node& node) {
     const int p = fill.points++;
     fill.legacy.nodePoint[fill.nodes - 1] = static_cast<int16_t>(fill.points);
     fill.legacy.pointUsed[p] = 1;
     fill.legacy.pointY[p] = node.givenY;
     fill.legacy.pointZ[p] = node.givenZ;
-    return true;
 }
 
+// False, and the node is left out, when it has no room.
 bool FillNode(StrakeFill& fill, NodeReference self) {
-    if (!HasRoom(fill.nodes + 1, kLegacyNodes)) return false;
+    if (!HasRoom(fill, fill.nodes + 1, kLegacyNodes)) return false;
     const auto g = static_cast<size_t>(fill.nodes++);
     Node node = NodeForLegacy(fill, self);
+    const bool isPoint = node.kind == kNodeGiven;
+    // The last of the points is never used.
+    if (isPoint && !HasRoom(fill, fill.points + 2, kLegacyPoints)) {
+        --fill.nodes;
+        return false;
+    }
     const LegacyKind kind = LegacyKindOf(node.kind);
     LegacyGeometry& legacy = fill.legacy;
     legacy.nodeClass[g] = kind.nodeClass;
@@ -103,23 +113,27 @@ bool FillNode(StrakeFill& fill, NodeReference self) {
     legacy.nodeY[g] = node.givenY;
     legacy.nodeZ[g] = node.givenZ;
     FillCurve(fill, node);
-    return node.kind != kNodeGiven || FillPoint(fill, node);
+    if (isPoint) FillPoint(fill, node);
+    return true;
 }
 
+// False when the strake, or one of its nodes, has no room; it has the nodes before that one then.
 bool FillStrake(StrakeFill& fill, int16_t number) {
-    if (!HasRoom(number, kLegacyStrakes)) return false;
+    if (!HasRoom(fill, number, kLegacyStrakes)) return false;
     const auto i = static_cast<size_t>(number - 1);
     Panel& panel = fill.work.section.panels[i];
     const Strake& strake = StrakeAt(fill.work.geometry, number);
     LegacyGeometry& legacy = fill.legacy;
     CopyStrake(ToLegacy(), panel, legacy, i);
-    PutText(panel.name, legacy.strakeName[i], sizeof(legacy.strakeName[i]));
+    PutText(panel.name, {legacy.strakeName[i], sizeof(legacy.strakeName[i])}, fill.work.losses);
     legacy.strakeFirstNode[i] = static_cast<int16_t>(fill.nodes + 1);
-    legacy.strakeNodeCount[i] = strake.nodeCount;
     legacy.strakeNumber[i] = number;
     legacy.strakePresent[i] = 1;
-    for (int16_t node = 1; node <= strake.nodeCount; ++node) {
-        if (!FillNode(fill, {number, node})) return false;
+    legacy.strakeCount = number;
+    int16_t& nodes = legacy.strakeNodeCount[i];
+    while (nodes < strake.nodeCount) {
+        if (!FillNode(fill, {number, static_cast<int16_t>(nodes + 1)})) return false;
+        ++nodes;
     }
     return true;
 }
@@ -129,9 +143,7 @@ bool FillStrake(StrakeFill& fill, int16_t number) {
 void FillStrakes(const LegacyExport& work) {
     ReportStatus(kMsgConvertingNodes);
     StrakeFill fill{work};
-    const int16_t count = work.geometry.strakeCount;
-    fill.legacy.strakeCount = std::min<int16_t>(count, kLegacyStrakes);
-    for (int16_t number = 1; number <= count; ++number) {
+    for (int16_t number = 1; number <= work.geometry.strakeCount; ++number) {
         if (!FillStrake(fill, number)) return;
     }
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "database/section.h"
+#include "legacy/losses.h"
 #include "platform/ztvelk32.h"
 
 namespace corvane {
@@ -12,11 +13,12 @@ struct LegacyExport {
     SectionModel& section;
     const Section& geometry;  // the library's view of the section
     LegacySectionRecord& record;
+    Losses& losses;
 };
 
-// Fills the strakes' and the nodes' tables, up to the first strake or node that has no room, which
-// is reported. A node of a kind that the legacy form lacks is reported, and given by its
-// coordinates.
+// Fills the strakes' and the nodes' tables, up to the first strake, node or point that has no room,
+// which is noted: the last strake ends there, or is left out when it has no node before. A node of
+// a kind that the legacy form lacks is noted, and given by its coordinates.
 void FillStrakes(const LegacyExport& work);
 
 }  // namespace corvane

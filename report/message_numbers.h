@@ -61,8 +61,8 @@
     X(kMsgNoDatabase, 1083)             \
     X(kMsgReadOnly, 1086)               \
     X(kMsgLegacyItemNotPlaced, 2001)    \
-    X(kMsgBaseNodeMissing, 2006)        \
-    X(kMsgNodeKindUnknown, 2007)        \
+    X(kMsgTooManyCurves, 2006)          \
+    X(kMsgTooManyIntersections, 2007)   \
     X(kMsgTooManyCompartments, 2009)    \
     X(kMsgTooManyOutlineNodes, 2010)    \
     X(kMsgLegacyItemNotAttached, 2013)  \
@@ -146,7 +146,6 @@
     X(kMsgDatabaseGone, 3539)           \
     X(kMsgDatabaseDamaged, 3540)        \
     X(kMsgTooManyPlates, 3550)          \
-    X(kMsgTooManyCurves, 3551)          \
     X(kMsgTooManyProfiles, 3552)        \
     X(kMsgTooManySpanBrackets, 3553)    \
     X(kMsgTooManyFatigueTables, 3554)   \
@@ -155,7 +154,19 @@
     X(kMsgOverwriteQuestion, 3557)      \
     X(kMsgOnlySections, 3560)           \
     X(kMsgNoLegacySection, 3561)        \
-    X(kMsgNoFileSelected, 3570)
+    X(kMsgNoFileSelected, 3570)         \
+    X(kMsgBaseNodeMissing, 3590)        \
+    X(kMsgNodeKindUnknown, 3591)        \
+    X(kMsgNotAllExchanged, 3592)        \
+    X(kMsgLossesOfSection, 3593)        \
+    X(kMsgMoreLosses, 3594)             \
+    X(kMsgNameChanged, 3595)            \
+    X(kMsgMoreSectionsQuestion, 3596)   \
+    X(kMsgSectionsNotConverted, 3597)   \
+    X(kMsgMoreSections, 3598)           \
+    X(kMsgNoPlating, 3599)              \
+    X(kMsgNoShipData, 3600)             \
+    X(kMsgNoPictureOfKind, 3601)
 
 namespace corvane {
 

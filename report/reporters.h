@@ -64,6 +64,13 @@ void ShowWarning(std::wstring_view text);
 
 void StatusLinesOff();
 void StatusLinesOn();
+// Off while it lives.
+struct QuietStatus {
+    QuietStatus() { StatusLinesOff(); }
+    ~QuietStatus() { StatusLinesOn(); }
+    QuietStatus(const QuietStatus&) = delete;
+    QuietStatus& operator=(const QuietStatus&) = delete;
+};
 
 // What the utilities report of a run-time error: a plain box "context number description", only in
 // debug mode.

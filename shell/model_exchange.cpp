@@ -31,6 +31,7 @@ struct Import {
     std::vector<ModelEntry> models;  // of the source, when it is a model database
     std::wstring path;               // of the database that takes the models
     int appended = 0;
+    ExchangeLosses losses;
 };
 
 // The backup is made with the first model, so that it holds what was there before.
@@ -40,7 +41,7 @@ EditOptions OptionsOf(const Import& import) {
 
 AppendResult AppendLegacySection(Import& import, int32_t number) {
     SectionModel section;
-    if (!ImportSection(import.source, static_cast<int16_t>(number), section)) {
+    if (!ImportSection(import.source, static_cast<int16_t>(number), section, import.losses)) {
         return AppendResult::kNoSource;
     }
     section.identifier.clear();  // the writer makes a new one
@@ -116,6 +117,7 @@ void ImportModels(const ImportChoice& choice) {
     if (import.path != shell.database.path) ContinueInWritableFile(import.path);
     SelectLastModelNext();
     RefreshMainWindow();
+    ReportLosses(import.source, import.losses);
 }
 
 void ExportCurrentSection(const ExportChoice& choice) {

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstring>
+
 #include "bsd/basic_ship_data.h"
 #include "database/copying.h"
 #include "database/creating.h"
@@ -66,6 +69,20 @@ Calls Warnings() {
     return warnings;
 }
 
+// The box that says what an exchange lost.
+struct Expected {
+    std::wstring section;
+    std::vector<std::wstring> losses;
+};
+std::string LossesText(const std::wstring& path, const std::vector<Expected>& sections) {
+    std::wstring lines;
+    for (const Expected& expected : sections) {
+        lines += L"\r\rSection '" + expected.section + L"':";
+        for (const std::wstring& loss : expected.losses) lines += L'\r' + loss;
+    }
+    return WarningText(3592, {path, lines});
+}
+
 struct Exchange : testing::Test {
     RecordedReports screen;
     FakeLegacyLibrary library;
@@ -122,13 +139,11 @@ TEST_F(Exchange, StatusLinesOfAnExportFollowOneAnother) {
     SectionModel section = SmallSection(L"A section with a name of more than 20", 7.5F);
     ExportSection({L"C:\\Ships\\Alpha\\a long name.vel", 1}, section, bsd);
     const Calls told = Told();
-    ASSERT_EQ(told.size(), 6u);
+    ASSERT_EQ(told.size(), 3u) << "the steps of the conversion are not shown";
     EXPECT_EQ(told[0], Caption(620, {L"A sectio..than 20", L"C:\\Ships..name.vel"}));
     EXPECT_EQ(told[1], Caption(611, {section.name}));
-    EXPECT_EQ(told[2], Caption(616, {section.name}));
-    EXPECT_EQ(told[3], "caption ");
-    EXPECT_EQ(told[4], Caption(612, {}));
-    EXPECT_EQ(told[5], "caption ");
+    EXPECT_EQ(told[2], "caption ");
+    EXPECT_EQ(RecordedReports::tag, L"-1") << "status lines are shown again";
 }
 
 TEST_F(Exchange, DatabaseThatTakesNoSlotEndsTheExport) {
@@ -154,18 +169,34 @@ TEST_F(Exchange, LibraryThatIsMissingHasFailed) {
     EXPECT_TRUE(Library::calls.empty());
 }
 
-TEST_F(Exchange, NameGoesToTheListInOemAndToTheRecordInAnsi) {
+TEST_F(Exchange, NamesCrossInOem) {
     SectionModel section = SmallSection(L"\u00C9tamb\u00F4t", 0.5F);
+    section.panels[0].name = L"Bord\u00E9";
+    section.compartments.resize(1);
+    section.compartments[0].name = L"\u00C0 vide";
     ExportSection({target, 1}, section, bsd);
     EXPECT_EQ(Library::calls.back(), "addsectvelkdb ship.vel '\x90tamb\x93t' 0.5");
-    EXPECT_STREQ(Library::record.main.name, "\xC9tamb\xF4t");
+    EXPECT_STREQ(Library::record.main.name, "\x90tamb\x93t");
+    EXPECT_STREQ(Library::record.geometry.strakeName[0], "Bord\x82");
+    EXPECT_STREQ(Library::record.compLoad.name[0], "\xB7 vide");
+    WriteFileBytes(target, "any");
+    SectionModel back;
+    ExchangeLosses losses;
+    ASSERT_TRUE(ImportSection(target, 1, back, losses));
+    EXPECT_EQ(back.name, section.name);
+    EXPECT_EQ(back.panels[0].name, section.panels[0].name);
+    EXPECT_EQ(back.compartments[0].name, section.compartments[0].name);
+    EXPECT_TRUE(Warnings().empty());
 }
 
-TEST_F(Exchange, CharacterThatOemLacksIsAQuestionMarkInTheList) {
+TEST_F(Exchange, CharacterThatOemLacksIsAQuestionMarkAndIsReported) {
     SectionModel section = SmallSection(L"5 \u20AC", 0.5F);
     ExportSection({target, 1}, section, bsd);
     EXPECT_EQ(Library::calls.back(), "addsectvelkdb ship.vel '5 ?' 0.5");
-    EXPECT_STREQ(Library::record.main.name, "5 \x80");
+    EXPECT_STREQ(Library::record.main.name, "5 ?");
+    EXPECT_EQ(
+        Warnings(),
+        Calls{LossesText(target, {{L"5 \u20AC", {FormatMessage(3595, {L"5 \u20AC", L"5 ?"})}}})});
 }
 
 // ---- Section defaults --------------------------------------------------------------------------
@@ -266,7 +297,8 @@ TEST_F(Exchange, WholeDatabaseIsWrittenInTheDescribedOrder) {
                      "exportvelkcompload ship.vel 1", "addsectvelkdb ship.vel 'Frame 10' 7.5",
                      "extendvelkdb ship.vel", "exportvelkmainsec ship.vel 2",
                      "exportsectiongeometry ship.vel 2", "exportvelkcompload ship.vel 2",
-                     "addsectvelkdb ship.vel 'Frame 20' 15"}));
+                     "addsectvelkdb ship.vel 'Frame 20' 15", "getvelksections ship.vel"}))
+        << "the list at the end says whether all has been written";
     EXPECT_TRUE(Warnings().empty());
 }
 
@@ -320,8 +352,9 @@ TEST_F(Exchange, SlotThatIsRefusedEndsTheLoop) {
                  SmallSection(L"Frame 20", 15), SmallSection(L"Frame 30", 20)});
     Library::extendFailsAt = 2;
     EXPECT_FALSE(ExportDatabase(source, target));
-    EXPECT_EQ(Library::calls.size(), 8u);
-    EXPECT_EQ(Library::calls.back(), "extendvelkdb ship.vel");
+    EXPECT_EQ(Library::calls.size(), 9u);
+    EXPECT_EQ(Library::calls[7], "extendvelkdb ship.vel");
+    EXPECT_EQ(Library::calls[8], "getvelksections ship.vel") << "the library keeps nothing back";
     EXPECT_EQ(Warnings(), Calls{WarningText(1003, {2, target})});
 }
 
@@ -329,7 +362,53 @@ TEST_F(Exchange, NameThatIsRefusedDoesNotEndTheLoop) {
     WriteModels({SmallSection(L"Frame 10", 7.5F), SmallSection(L"Frame 20", 15)});
     Library::nameStatus = 6;
     EXPECT_TRUE(ExportDatabase(source, target));
-    EXPECT_EQ(Library::calls.size(), 12u);
+    EXPECT_EQ(Library::calls.size(), 13u);
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(Exchange, WholeDatabaseThatIsNotWrittenInTheEndIsReported) {
+    WriteModels({SmallSection(L"Frame 10", 7.5F)});
+    Library::listStatus = 4;
+    EXPECT_FALSE(ExportDatabase(source, target));
+    EXPECT_EQ(Warnings(), Calls{WarningText(1067, {target})});
+}
+
+TEST_F(Exchange, LossesOfAWholeDatabaseAreReportedOnceSectionBySection) {
+    SectionModel few = SmallSection(L"Frame 10", 7.5F);
+    few.panels[0].openings.resize(13);
+    few.panels[0].pillars.resize(9);
+    SectionModel none = SmallSection(L"Frame 20", 15);
+    SectionModel one = SmallSection(L"Frame 30", 20);
+    one.compartments.resize(9);
+    WriteModels({few, none, one});
+    EXPECT_TRUE(ExportDatabase(source, target));
+    EXPECT_EQ(Warnings(),
+              Calls{LossesText(
+                  target, {{L"Frame 10", {FormatMessage(2017, {12}), FormatMessage(2015, {8})}},
+                           {L"Frame 30", {FormatMessage(2009, {8})}}})});
+}
+
+TEST_F(Exchange, LossesThatFillTheScreenAreCut) {
+    std::vector<SectionModel> sections;
+    for (int i = 0; i < 30; ++i) {
+        sections.push_back(SmallSection(L"Frame " + std::to_wstring(i), 1));
+        sections.back().panels[0].pillars.resize(9);
+    }
+    WriteModels(sections);
+    EXPECT_TRUE(ExportDatabase(source, target));
+    const Calls warnings = Warnings();
+    ASSERT_EQ(warnings.size(), 1u);
+    EXPECT_LT(std::count(warnings[0].begin(), warnings[0].end(), '\r'), 45);
+    EXPECT_TRUE(warnings[0].ends_with("... and 37 more.")) << warnings[0];
+}
+
+TEST_F(Exchange, FaultyGeometryShowsNoBox) {
+    SectionModel section = SmallSection(L"Frame 10", 7.5F);
+    Panel panel;
+    for (int i = 0; i < 27; ++i) panel.nodes.push_back(section.panels[0].nodes[0]);
+    section.panels.push_back(panel);
+    EXPECT_TRUE(ExportSection({target, 1}, section, bsd));
+    EXPECT_TRUE(RecordedReports::Happened("colour red"));
     EXPECT_TRUE(Warnings().empty());
 }
 
@@ -385,22 +464,101 @@ TEST_F(Exchange, SectionIsImportedInTheDescribedOrder) {
     WriteFileBytes(target, "any");
     RecordedReports::events.clear();
     SectionModel back;
-    EXPECT_TRUE(ImportSection(target, 7, back));
+    ExchangeLosses losses;
+    EXPECT_TRUE(ImportSection(target, 7, back, losses));
     EXPECT_EQ(Library::calls,
               (Calls{"importvelkmainsec ship.vel 7", "importsectiongeometry ship.vel 7",
                      "importvelkcompload ship.vel 7"}));
     EXPECT_EQ(back.name, L"Frame 10");
     const Calls told = Told();
-    ASSERT_EQ(told.size(), 4u);
+    ASSERT_EQ(told.size(), 2u);
     EXPECT_EQ(told[0], Caption(610, {L"Frame 10"}));
-    EXPECT_EQ(told[1], Caption(613, {}));
-    EXPECT_EQ(told[2], Caption(616, {L"Frame 10"}));
-    EXPECT_EQ(told[3], "caption ");
+    EXPECT_EQ(told[1], "caption ");
+    EXPECT_EQ(RecordedReports::tag, L"-1");
+}
+
+TEST_F(Exchange, LossesOfAnImportAreGathered) {
+    SectionModel section = SmallSection(L"Frame 10", 7.5F);
+    ToLegacyRecord(section, Library::record);
+    Library::record.geometry.counts.pillars = 1;
+    Library::record.geometry.pillars[0].strake = 9;
+    WriteFileBytes(target, "any");
+    RecordedReports::events.clear();
+    ExchangeLosses losses;
+    SectionModel back;
+    EXPECT_TRUE(ImportSection(target, 7, back, losses));
+    EXPECT_TRUE(ImportSection(target, 8, back, losses));
+    EXPECT_TRUE(Warnings().empty());
+    ReportLosses(target, losses);
+    const Expected lost{L"Frame 10", {FormatMessage(2001, {1, 0, 0})}};
+    EXPECT_EQ(Warnings(), Calls{LossesText(target, {lost, lost})});
+    ReportLosses(target, {});
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(Exchange, CompartmentsOfTheSectionItselfNeverCross) {
+    static const auto isZeroed = [](const void* compartments) {
+        const auto* bytes = static_cast<const unsigned char*>(compartments);
+        return std::all_of(bytes, bytes + 65536, [](unsigned char byte) { return byte == 0; });
+    };
+    const FakeFunction out(exportvelkcompload,
+                           [](const char*, int16_t, void* own, LegacyCompLoad*) {
+                               EXPECT_TRUE(isZeroed(own));
+                               std::memset(own, 0x5A, 65536);
+                               return int16_t{0};
+                           });
+    const FakeFunction in(importvelkcompload, [](const char*, int16_t, void* own, LegacyCompLoad*) {
+        EXPECT_TRUE(isZeroed(own));
+        std::memset(own, 0x5A, 65536);
+        return int16_t{0};
+    });
+    SectionModel section = SmallSection(L"Frame 10", 7.5F);
+    section.compartments.resize(2);
+    EXPECT_TRUE(ExportSection({target, 1}, section, bsd));
+    EXPECT_EQ(section.compartments.size(), 2u);
+    WriteFileBytes(target, "any");
+    ExchangeLosses losses;
+    EXPECT_TRUE(ImportSection(target, 1, section, losses));
+    EXPECT_EQ(section.compartments.size(), 2u);
+}
+
+// A library with this many slots; it leaves a record alone where there is none.
+struct FakeSlots {
+    static inline int slots = 0;
+    static inline int reads = 0;
+    FakeFunction<decltype(importvelkmainsec)> fake{
+        importvelkmainsec, [](const char*, int16_t number, LegacyMainSection* record) {
+            ++reads;
+            if (number <= slots) record->x_m = number;
+            return int16_t{0};
+        }};
+    explicit FakeSlots(int count) {
+        slots = count;
+        reads = 0;
+        Library::listCount = static_cast<int16_t>(std::min(count, 20));
+    }
+};
+
+TEST_F(Exchange, SlotsBeyondTheListAreCountedInFewReads) {
+    for (const int count : {0, 19, 20, 21, 22, 37, 999, 1000, 32766}) {
+        const FakeSlots slots(count);
+        int16_t status = -1;
+        EXPECT_EQ(CountLegacySections(target, status), count);
+        EXPECT_LE(FakeSlots::reads, 16) << count;
+    }
+}
+
+TEST_F(Exchange, LibraryThatGivesASectionForAnyNumberIsNotAskedForAll) {
+    const FakeSlots slots(INT16_MAX);
+    int16_t status = -1;
+    EXPECT_EQ(CountLegacySections(target, status), INT16_MAX);
+    EXPECT_EQ(FakeSlots::reads, 1);
 }
 
 TEST_F(Exchange, MissingFileIsReportedBeforeAnyCall) {
     SectionModel section;
-    EXPECT_FALSE(ImportSection(target, 1, section));
+    ExchangeLosses losses;
+    EXPECT_FALSE(ImportSection(target, 1, section, losses));
     EXPECT_TRUE(Library::calls.empty());
     EXPECT_EQ(Warnings(), Calls{WarningText(1020, {target})});
 }

@@ -179,7 +179,7 @@ TEST_F(LegacyRecord, ClassAndCodeTellTheKindOfANode) {
         EXPECT_EQ(GeometryAt<int16_t>(2664 + 2 * 2), expected.nodeClass) << expected.node.kind;
         EXPECT_EQ(GeometryAt<int16_t>(1464 + 2 * 2), expected.code) << expected.node.kind;
         EXPECT_EQ(SectionOf(*record).panels[1].nodes[0].kind, expected.node.kind);
-        EXPECT_TRUE(RecordedReports::Of("warning").empty()) << expected.node.kind;
+        EXPECT_TRUE(RecordedReports::Of("lost").empty()) << expected.node.kind;
     }
 }
 
@@ -194,8 +194,8 @@ TEST_F(LegacyRecord, ReferenceOfANodeLosesItsSign) {
 
 TEST_F(LegacyRecord, NodeOnANodeThatDoesNotExistIsReported) {
     ExportNode(OffsetNode({1, 3}, 1, 1));
-    const std::vector<std::string> warnings = RecordedReports::Of("warning");
-    EXPECT_EQ(warnings.back(), WarningText(2006, {2, 1}));
+    const std::vector<std::string> lost = RecordedReports::Of("lost");
+    EXPECT_EQ(lost.back(), LossText(3590, {2, 1}));
     EXPECT_EQ(SectionOf(*record).panels[1].nodes[0].onNode, 3) << "it is kept as it stands";
 }
 
@@ -203,8 +203,8 @@ TEST_F(LegacyRecord, NodeOfAnotherKindIsReportedAndGivenByItsCoordinates) {
     Node node = GivenNode(5, 6);
     node.kind = 9;
     ExportNode(node);
-    const std::vector<std::string> warnings = RecordedReports::Of("warning");
-    EXPECT_EQ(warnings.back(), WarningText(2007, {2, 1}));
+    const std::vector<std::string> lost = RecordedReports::Of("lost");
+    EXPECT_EQ(lost.back(), LossText(3591, {2, 1}));
     const SectionModel back = SectionOf(*record);
     EXPECT_EQ(back.panels[1].nodes[0].kind, kNodeGiven);
     EXPECT_EQ(back.panels[1].nodes[0].givenY, 5);
@@ -332,9 +332,9 @@ struct PlaceTest : LegacyRecord {
         Export();
         RecordedReports::events.clear();
     }
-    std::vector<std::string> ImportWarnings() {
+    std::vector<std::string> LostInImport() {
         section = SectionOf(*record);
-        return RecordedReports::Of("warning");
+        return RecordedReports::Of("lost");
     }
 };
 
@@ -348,7 +348,7 @@ TEST_F(PlaceTest, PlacesAreAbscissas) {
     EXPECT_EQ(legacy.spans[2].stiffener, 2);
     EXPECT_EQ(legacy.openings[0].s, 10);
     EXPECT_EQ(legacy.pillars[0].s, 2.5F);
-    EXPECT_TRUE(ImportWarnings().empty());
+    EXPECT_TRUE(LostInImport().empty());
 }
 
 TEST_F(PlaceTest, StiffenersAndSpansArePlacedByTheLibrary) {
@@ -376,7 +376,7 @@ TEST_F(PlaceTest, FourTablesComeBackThroughTheLibrary) {
         places.push_back(item->s);
         return real(all, count, k, item);
     });
-    ImportWarnings();
+    LostInImport();
     EXPECT_EQ(places, (std::vector<float>{1, 6, 1, 6, 6, 10, 2.5F}))
         << "stiffeners, spans, openings, pillars";
 }
@@ -384,7 +384,7 @@ TEST_F(PlaceTest, FourTablesComeBackThroughTheLibrary) {
 TEST_F(PlaceTest, AbscissaCountsMoreThanTheOffset) {
     record->geometry.stiffeners[0].s = 2.25F;
     record->geometry.spans[0].s = 2.25F;
-    EXPECT_TRUE(ImportWarnings().empty());
+    EXPECT_TRUE(LostInImport().empty());
     EXPECT_EQ(section.panels[0].stiffeners[0].offset, 2.25F);
 }
 
@@ -399,7 +399,7 @@ TEST_F(PlaceTest, OffsetBeyondAnEndIsKept) {
 
 TEST_F(PlaceTest, StiffenerThatCannotBePlacedIsReportedAndKept) {
     record->geometry.stiffeners[1].onNode = 9;
-    EXPECT_EQ(ImportWarnings(), std::vector<std::string>{WarningText(2001, {2, 1, 2})});
+    EXPECT_EQ(LostInImport(), std::vector<std::string>{LossText(2001, {2, 1, 2})});
     ASSERT_EQ(section.panels[0].stiffeners.size(), 2u);
     EXPECT_EQ(section.panels[0].stiffeners[1].offset, -4);
     EXPECT_EQ(section.panels[0].stiffenerDetails[1].spans.size(), 2u);
@@ -407,8 +407,8 @@ TEST_F(PlaceTest, StiffenerThatCannotBePlacedIsReportedAndKept) {
 
 TEST_F(PlaceTest, StiffenerOfNoStrakeIsReportedAndLeftOutWithItsSpans) {
     record->geometry.stiffeners[0].strake = 4;
-    EXPECT_EQ(ImportWarnings(),
-              (std::vector<std::string>{WarningText(2001, {1, 0, 0}), WarningText(2013, {1, 1})}));
+    EXPECT_EQ(LostInImport(),
+              (std::vector<std::string>{LossText(2001, {1, 0, 0}), LossText(2013, {1, 1})}));
     ASSERT_EQ(section.panels[0].stiffeners.size(), 1u);
     EXPECT_EQ(section.panels[0].stiffeners[0].offset, -4);
     EXPECT_EQ(section.panels[0].stiffenerDetails[0].spans.size(), 2u);
@@ -416,27 +416,27 @@ TEST_F(PlaceTest, StiffenerOfNoStrakeIsReportedAndLeftOutWithItsSpans) {
 
 TEST_F(PlaceTest, SpanOfNoStiffenerIsReportedAndLeftOut) {
     record->geometry.spans[1].stiffener = 3;
-    EXPECT_EQ(ImportWarnings(), std::vector<std::string>{WarningText(2013, {2, 3})});
+    EXPECT_EQ(LostInImport(), std::vector<std::string>{LossText(2013, {2, 3})});
     EXPECT_EQ(section.panels[0].stiffenerDetails[1].spans.size(), 1u);
 }
 
 TEST_F(PlaceTest, SpanThatIsElsewhereIsReportedAndLeftOut) {
     record->geometry.spans[0].s = 1.5F;
-    EXPECT_EQ(ImportWarnings(), std::vector<std::string>{WarningText(2013, {1, 1})});
+    EXPECT_EQ(LostInImport(), std::vector<std::string>{LossText(2013, {1, 1})});
     EXPECT_TRUE(section.panels[0].stiffenerDetails[0].spans.empty());
 }
 
 TEST_F(PlaceTest, OpeningAwayFromItsNodeIsReportedAndKept) {
     record->geometry.openings[0].s = 9;
-    EXPECT_EQ(ImportWarnings(), std::vector<std::string>{WarningText(2001, {1, 1, 2})});
+    EXPECT_EQ(LostInImport(), std::vector<std::string>{LossText(2001, {1, 1, 2})});
     EXPECT_EQ(section.panels[0].openings.at(0).at, (NodeReference{1, 2}));
 }
 
 TEST_F(PlaceTest, OpeningAndPillarOfNoStrakeAreReportedAndLeftOut) {
     record->geometry.openings[0].strake = 0;
     record->geometry.pillars[0].strake = -1;
-    EXPECT_EQ(ImportWarnings(), (std::vector<std::string>{WarningText(2001, {1, 0, 0}),
-                                                          WarningText(2001, {1, 0, 0})}));
+    EXPECT_EQ(LostInImport(),
+              (std::vector<std::string>{LossText(2001, {1, 0, 0}), LossText(2001, {1, 0, 0})}));
     EXPECT_TRUE(section.panels[0].openings.empty());
     EXPECT_TRUE(section.panels[0].pillars.empty());
 }
@@ -449,7 +449,7 @@ TEST_F(LegacyRecord, EmptyRecordIsAnEmptySection) {
     EXPECT_TRUE(back.name.empty());
     EXPECT_TRUE(back.panels.empty());
     EXPECT_TRUE(back.compartments.empty());
-    EXPECT_TRUE(RecordedReports::Of("warning").empty());
+    EXPECT_TRUE(RecordedReports::Of("lost").empty());
 }
 
 TEST_F(LegacyRecord, AnyBytesAreARecord) {

@@ -364,15 +364,23 @@ void SetImportedHead(SectionModel& section) {
     section.momentsAbsent = absent ? -1 : 0;
 }
 
+namespace {
+
+void RecordLosses(const Losses& losses) {
+    for (const std::wstring& text : losses) RecordedReports::Record("lost " + Narrow(text));
+}
+
+}  // namespace
+
 std::unique_ptr<LegacySectionRecord> RecordOf(SectionModel& section) {
     auto record = std::make_unique<LegacySectionRecord>();
-    ToLegacyRecord(section, *record);
+    RecordLosses(ToLegacyRecord(section, *record));
     return record;
 }
 
 SectionModel SectionOf(const LegacySectionRecord& record) {
     SectionModel section;
-    FromLegacyRecord(record, section);
+    RecordLosses(FromLegacyRecord(record, section));
     return section;
 }
 
@@ -413,6 +421,10 @@ void WriteLegacyDatabase(const std::wstring& path, const std::vector<std::wstrin
         ASSERT_TRUE(ExportSection({path, number}, section, bsd));
     }
     RecordedReports::events.clear();
+}
+
+std::string LossText(int32_t number, MessageArguments arguments) {
+    return Narrow(FormatMessage(number, arguments));
 }
 
 std::string WarningText(int32_t number, MessageArguments arguments) {

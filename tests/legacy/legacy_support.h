@@ -37,6 +37,9 @@ bool SameBytes(const LegacySectionRecord& a, const LegacySectionRecord& b);
 // ship's name has an accent.
 void WriteLegacyDatabase(const std::wstring& path, const std::vector<std::wstring>& names);
 
+// A loss as RecordOf and SectionOf record it: the event "lost text".
+std::string LossText(int32_t number, MessageArguments arguments);
+
 // What the screen is told by a report of this message; what it was told before is kept.
 std::string WarningText(int32_t number, MessageArguments arguments);
 

@@ -13,14 +13,15 @@ namespace {
 
 using namespace test;
 
-std::vector<std::string> Warnings() {
-    std::vector<std::string> warnings = RecordedReports::Of("warning");
+std::vector<std::string> Lost() {
+    std::vector<std::string> lost = RecordedReports::Of("lost");
+    EXPECT_TRUE(RecordedReports::Of("warning").empty()) << "reported by the exchange, at its end";
     RecordedReports::events.clear();
-    return warnings;
+    return lost;
 }
 
-std::vector<std::string> Told(int32_t number, int32_t limit) {
-    return {WarningText(number, {limit})};
+std::vector<std::string> Limit(int32_t number, int32_t limit) {
+    return {LossText(number, {limit})};
 }
 
 // Panels of four nodes, two of which define points.
@@ -45,7 +46,7 @@ TEST(LegacyLimits, HundredNodesAreExportedWithoutAMessage) {
     const RecordedReports screen;
     SectionModel section = SectionOfNodes(100);
     const auto record = RecordOf(section);
-    EXPECT_TRUE(Warnings().empty());
+    EXPECT_TRUE(Lost().empty());
     EXPECT_EQ(record->geometry.strakeFirstNode[24], 97);
     EXPECT_EQ(record->geometry.nodeClass[99], 1);
     EXPECT_EQ(SectionOf(*record).panels.back().nodes.size(), 4u);
@@ -58,7 +59,7 @@ TEST(LegacyLimits, HundredAndFirstNodeIsReported) {
     section.panels[0].stiffenerDetails.resize(1);
     section.compartments.resize(1);
     const auto record = RecordOf(section);
-    EXPECT_EQ(Warnings(), Told(1025, 100));
+    EXPECT_EQ(Lost(), Limit(1025, 100));
     EXPECT_EQ(record->geometry.strakeCount, 26);
     EXPECT_EQ(record->geometry.strakeFirstNode[25], 101);
     EXPECT_EQ(record->geometry.counts.stiffeners, 1) << "the later tables are filled";
@@ -73,7 +74,7 @@ TEST(LegacyLimits, FiftyNinePointsAreAccepted) {
     const RecordedReports screen;
     SectionModel section = SectionOfPoints(59);
     const auto record = RecordOf(section);
-    EXPECT_TRUE(Warnings().empty());
+    EXPECT_TRUE(Lost().empty());
     EXPECT_EQ(record->geometry.nodePoint[58], 59);
     EXPECT_EQ(record->geometry.pointUsed[58], 1);
 }
@@ -84,11 +85,35 @@ TEST(LegacyLimits, SixtiethPointIsReported) {
     section.panels.push_back(PanelOfNodes(1, 1, 2));
     section.panels[0].plates.resize(1);
     const auto record = RecordOf(section);
-    EXPECT_EQ(Warnings(), Told(1025, 60));
+    EXPECT_EQ(Lost(), Limit(1025, 60));
     EXPECT_EQ(record->geometry.pointUsed[59], 0);
     EXPECT_EQ(record->geometry.strakePresent[1], 0) << "the filling of strakes has stopped";
     EXPECT_EQ(record->geometry.counts.plates, 1) << "the later tables are filled";
     EXPECT_EQ(SectionOf(*record).panels.size(), 1u);
+}
+
+TEST(LegacyLimits, WhatIsBeyondALimitIsLeftOut) {
+    const RecordedReports screen;
+    SectionModel section = SectionOfPoints(70);
+    for (size_t i = 0; i < 70; ++i) section.panels[0].nodes[i].givenY = static_cast<float>(i);
+    section.panels[0].nodes[59].radius = 50;
+    section.panels.push_back(PanelOfNodes(1, 1, 2));
+    section.panels[1].stiffeners = {StiffenerAt(0.5F)};
+    section.panels[1].stiffenerDetails.resize(1);
+    section.compartments.resize(1);
+    section.compartments[0].outline = {{1, 1}, {1, 59}, {1, 60}, {2, 1}, {1, 2}};
+    const auto record = RecordOf(section);
+    EXPECT_EQ(Lost(), Limit(1025, 60));
+    EXPECT_EQ(record->geometry.strakeCount, 1);
+    EXPECT_EQ(record->geometry.strakeNodeCount[0], 59);
+    EXPECT_EQ(record->geometry.counts.curves, 0) << "the curve of a node that has no room";
+    EXPECT_EQ(record->geometry.counts.stiffeners, 0) << "what is on a strake that has no room";
+    const SectionModel back = SectionOf(*record);
+    EXPECT_TRUE(Lost().empty()) << "nothing in the record refers to what is missing";
+    ASSERT_EQ(back.panels.size(), 1u);
+    ASSERT_EQ(back.panels[0].nodes.size(), 59u);
+    for (size_t i = 0; i < 59; ++i) EXPECT_EQ(back.panels[0].nodes[i].givenY, i);
+    EXPECT_EQ(back.compartments[0].outline, (std::vector<NodeReference>{{1, 1}, {1, 59}, {1, 2}}));
 }
 
 TEST(LegacyLimits, ThirtyOneStrakesAreReported) {
@@ -96,11 +121,11 @@ TEST(LegacyLimits, ThirtyOneStrakesAreReported) {
     SectionModel section;
     for (int16_t i = 1; i <= 30; ++i) section.panels.push_back(PanelOfNodes(1, 1, i));
     auto record = RecordOf(section);
-    EXPECT_TRUE(Warnings().empty());
+    EXPECT_TRUE(Lost().empty());
     section.panels.push_back(PanelOfNodes(1, 1, 31));
     section.panels[30].plates.resize(1);
     record = RecordOf(section);
-    EXPECT_EQ(Warnings(), Told(1025, 30));
+    EXPECT_EQ(Lost(), Limit(1025, 30));
     EXPECT_EQ(record->geometry.strakeCount, 30);
     EXPECT_EQ(record->geometry.counts.plates, 0) << "plates of strakes that have no room";
     EXPECT_EQ(SectionOf(*record).panels.size(), 30u);
@@ -162,7 +187,7 @@ const Capacity kCapacities[] = {
          for (int i = 0; i < count; ++i) PanelFor(section, i).plates.emplace_back();
      },
      [](const LegacySectionRecord& record) -> int { return record.geometry.counts.plates; }},
-    {"rounded parts", 30, 3551,
+    {"rounded parts", 30, 2006,
      [](SectionModel& section, int count) {
          section.panels[0] = PanelOfNodes(2, count, 1);
          for (int i = 0; i < count; ++i) {
@@ -226,7 +251,7 @@ TEST(LegacyLimits, TablesTakeAsManyAsTheyHold) {
     for (const Capacity& capacity : kCapacities) {
         SectionModel section = SectionWith(capacity, capacity.limit);
         const auto record = RecordOf(section);
-        EXPECT_EQ(Warnings(), std::vector<std::string>{}) << capacity.name;
+        EXPECT_EQ(Lost(), std::vector<std::string>{}) << capacity.name;
         EXPECT_EQ(capacity.count(*record), capacity.limit) << capacity.name;
         SectionModel back = SectionOf(*record);
         SetImportedHead(section);
@@ -240,10 +265,10 @@ TEST(LegacyLimits, OneMoreIsReportedOnceAndLeftOut) {
     for (const Capacity& capacity : kCapacities) {
         SectionModel section = SectionWith(capacity, capacity.limit + 1);
         const auto record = RecordOf(section);
-        EXPECT_EQ(Warnings(), Told(capacity.message, capacity.limit)) << capacity.name;
+        EXPECT_EQ(Lost(), Limit(capacity.message, capacity.limit)) << capacity.name;
         EXPECT_EQ(capacity.count(*record), capacity.limit) << capacity.name;
         const SectionModel back = SectionOf(*record);
-        EXPECT_EQ(Warnings(), std::vector<std::string>{}) << capacity.name;
+        EXPECT_EQ(Lost(), std::vector<std::string>{}) << capacity.name;
     }
 }
 
@@ -254,7 +279,7 @@ TEST(LegacyLimits, ManyMoreAreReportedOnce) {
         if (capacity.message == kMsgTooManyCurves) continue;    // so would nodes
         SectionModel section = SectionWith(capacity, 3 * capacity.limit);
         RecordOf(section);
-        EXPECT_EQ(Warnings(), Told(capacity.message, capacity.limit)) << capacity.name;
+        EXPECT_EQ(Lost(), Limit(capacity.message, capacity.limit)) << capacity.name;
     }
 }
 
@@ -280,7 +305,7 @@ TEST(LegacyLimits, SpansOfStiffenersWithoutRoomAreLeftOut) {
     for (int i = 0; i < 61; ++i) AddStiffener(section.panels[0]);
     section.panels[0].stiffenerDetails[60].spans.resize(1);
     const auto record = RecordOf(section);
-    EXPECT_EQ(Warnings(), Told(2021, 60));
+    EXPECT_EQ(Lost(), Limit(2021, 60));
     EXPECT_EQ(record->geometry.counts.spans, 0);
 }
 
@@ -296,11 +321,33 @@ TEST(LegacyLimits, IntersectionsWithoutRoomAreGivenByTheirCoordinates) {
     }
     section.panels[0].nodes[1].givenZ = 6;
     const auto record = RecordOf(section);
-    EXPECT_EQ(Warnings(), std::vector<std::string>{WarningText(2007, {2, 11})});
+    EXPECT_EQ(Lost(), Limit(2007, 10));
+    EXPECT_EQ(record->geometry.counts.extensions, 10);
     const SectionModel back = SectionOf(*record);
     EXPECT_EQ(back.panels[1].nodes[9].kind, kNodeIntersection);
     EXPECT_EQ(back.panels[1].nodes[10].kind, kNodeGiven);
     EXPECT_EQ(back.panels[1].nodes[10].givenY, 30);
+}
+
+TEST(LegacyLimits, NamesThatAreCutAreReported) {
+    const RecordedReports screen;
+    SectionModel section;
+    section.name = std::wstring(40, L'n');
+    section.panels.push_back(PanelOfNodes(2, 0, 1));
+    section.panels[0].name = std::wstring(26, L'p');
+    section.compartments.resize(1);
+    section.compartments[0].name = std::wstring(34, L'c');
+    RecordOf(section);
+    EXPECT_TRUE(Lost().empty());
+    section.name += L'N';
+    section.panels[0].name += L'P';
+    section.compartments[0].name += L'C';
+    RecordOf(section);
+    const auto text = [](const std::wstring& name) {
+        return LossText(3595, {name, name.substr(0, name.size() - 1)});
+    };
+    EXPECT_EQ(Lost(), (std::vector<std::string>{text(section.name), text(section.panels[0].name),
+                                                text(section.compartments[0].name)}));
 }
 
 TEST(LegacyLimits, IntegersAreClampedToSixteenBits) {

@@ -271,7 +271,8 @@ TEST_F(SampleTest, LegacyDatabaseHasTheShipAndItsSections) {
         const ExpectedModel& expected = kModels[number - 1];
         SectionModel section;
         EXPECT_EQ(Narrow(sections[static_cast<size_t>(number - 1)].name), Narrow(expected.name));
-        ASSERT_TRUE(ImportSection(legacyPath, number, section));
+        ExchangeLosses losses;
+        ASSERT_TRUE(ImportSection(legacyPath, number, section, losses));
         EXPECT_EQ(Narrow(section.name), Narrow(expected.name));
         EXPECT_EQ(section.panels.size(), ReadSection(number).panels.size());
     }

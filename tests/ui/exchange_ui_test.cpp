@@ -129,7 +129,8 @@ struct ExchangeTest : MainWindowFixture {
     }
     static float LegacyPosition(const std::wstring& path, int16_t slot) {
         SectionModel section;
-        EXPECT_TRUE(ImportSection(path, slot, section));
+        ExchangeLosses losses;
+        EXPECT_TRUE(ImportSection(path, slot, section, losses));
         return section.x_m;
     }
     Texts RowNames() const {

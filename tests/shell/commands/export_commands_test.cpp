@@ -76,7 +76,8 @@ struct ExportCommands : CommandTest {
     }
     static std::wstring NameInSlot(const std::wstring& file, int16_t slot) {
         SectionModel section;
-        EXPECT_TRUE(ImportSection(file, slot, section));
+        ExchangeLosses losses;
+        EXPECT_TRUE(ImportSection(file, slot, section, losses));
         return section.name;
     }
 };
@@ -230,7 +231,8 @@ TEST_F(ExportSectionCommand, MissingDimensionsAreToldAndTakenFromTheShip) {
     Export(New(L"Frame 10"));
     EXPECT_EQ(Warnings(), Told{WarningText(1074, {L"Frame 10"})});
     SectionModel back;
-    ASSERT_TRUE(ImportSection(legacy, 1, back));
+    ExchangeLosses losses;
+    ASSERT_TRUE(ImportSection(legacy, 1, back, losses));
     EXPECT_EQ(back.breadth_m, 32.5F);
 }
 

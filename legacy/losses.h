@@ -1,0 +1,34 @@
+// What an exchange with a legacy database left out, cut or changed. It is gathered while sections
+// are converted, and reported once, section by section, at the end of the exchange.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "report/messages.h"
+
+namespace corvane {
+
+// Of one section: texts of messages, in the order in which the losses were met.
+using Losses = std::vector<std::wstring>;
+
+void NoteLoss(Losses& losses, int32_t message, MessageArguments arguments);
+
+// Of one exchange.
+struct ExchangeLosses {
+    Losses whole;  // what concerns no single section
+    struct Entry {
+        std::wstring section;  // its name
+        Losses losses;
+    };
+    std::vector<Entry> sections;
+};
+
+// Adds a section's losses, if there are any.
+void AddLosses(ExchangeLosses& all, const std::wstring& section, Losses losses);
+
+// One box with all of them, cut to what a screen holds. `path` is the legacy database. Nothing is
+// shown when nothing was lost.
+void ReportLosses(const std::wstring& path, const ExchangeLosses& all);
+
+}  // namespace corvane
