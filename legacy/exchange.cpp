@@ -200,7 +200,8 @@ bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShi
     }
     ExchangeLosses losses;
     ExportBlocks(slot.path, slot.number, section, losses);
-    if (slot.isNew && NameSlot(slot.path, section) != 0) {
+    const bool isNamed = !slot.isNew || NameSlot(slot.path, section) == 0;
+    if (!isNamed || !IsAllWritten(slot.path)) {
         ReportMessage(kMsgLegacySectionNotAdded, {int32_t{slot.number}, slot.path});
         return false;
     }

@@ -1,6 +1,7 @@
 // The exchange with a legacy database: whole conversations with the legacy library. The library
-// does all work on the file; a status other than 0 is reported, and ends the
-// conversation. What it had written by then stays in the file.
+// does all work on the file; a status other than 0 is reported, and ends the conversation. What it
+// had written by then stays in the file. An export ends with the list of sections, whose status
+// says whether all of it has been written: the calls for the blocks of a section have none.
 #pragma once
 
 #include <cstdint>

@@ -1,10 +1,13 @@
-// The library's functions: each reads the file, does one thing, and writes the file again.
+// The library's functions. What they change is written as companions/ztvelk32/changes.h says.
 #include <algorithm>
 #include <cstring>
+#include <functional>
 #include <new>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "companions/ztvelk32/changes.h"
 #include "companions/ztvelk32/legacy_file.h"
 #include "platform/system.h"
 
@@ -24,19 +27,50 @@ int16_t Guarded(const char* path, Operation operation) {
     }
 }
 
-void Tell(int16_t* status, int16_t value) {
+// What a function with a status word does. A failure of a function without one comes first.
+template <class Operation>
+void WithStatus(const char* path, int16_t* status, Operation operation) {
+    const int16_t value = Guarded(path, [&operation](const std::wstring& file) {
+        std::wstring& failed = Kept().failed;
+        if (failed.empty() || failed != system::AbsolutePath(file)) return operation(file);
+        failed.clear();
+        return kLegacyNotWritten;
+    });
     if (status != nullptr) *status = value;
 }
 
-// change(database) gives a status; the file is written when that is success.
+// change(changes) gives a status.
 template <class Change>
-int16_t Edit(const char* path, Change change) {
-    return Guarded(path, [&change](const std::wstring& file) {
-        Database database;
-        int16_t status = ReadDatabase(file, database);
-        if (status == kLegacyDone) status = change(database);
-        return status == kLegacyDone ? WriteDatabase(file, database) : status;
+int16_t Edit(const std::wstring& file, Change change) {
+    int16_t status = OpenForChange(file);
+    if (status == kLegacyDone) status = change(Kept());
+    if (status == kLegacyDone) Kept().isChanged = true;
+    return status;
+}
+
+// The last change of a conversation: in a database that was there before, it is on the disk.
+template <class Change>
+int16_t EditAndWrite(const std::wstring& file, Change change) {
+    const int16_t status = Edit(file, change);
+    return status == kLegacyDone && !Kept().isNew ? WriteChanges() : status;
+}
+
+// The status of a function without a status word. That nothing was written is also the status of
+// the next function with one.
+int16_t WithoutStatus(const char* path,
+                      const std::function<int16_t(const std::wstring&)>& operation) {
+    return Guarded(path, [&operation](const std::wstring& file) {
+        const int16_t status = operation(file);
+        if (status == kLegacyNotWritten) Kept().failed = system::AbsolutePath(file);
+        return status;
     });
+}
+
+// What is read is what the file has.
+template <class Read>
+int16_t ReadFile(const std::wstring& file, Read read) {
+    const int16_t status = WriteChanges();
+    return status == kLegacyDone ? read(file) : status;
 }
 
 void SetEntryName(LegacySectionEntry& entry, std::string_view name) {
@@ -45,27 +79,46 @@ void SetEntryName(LegacySectionEntry& entry, std::string_view name) {
 }
 
 template <class Block>
+int16_t SetBlock(Changes& changes, int16_t section, Block LegacySectionRecord::* member,
+                 const Block& block) {
+    std::vector<Slot>& slots = changes.database.slots;
+    if (section < 1 || static_cast<size_t>(section) > slots.size()) return kLegacyNoSection;
+    slots[static_cast<size_t>(section - 1)].record.*member = block;
+    return kLegacyDone;
+}
+
+template <class Block>
 int16_t ExportBlock(const char* path, int16_t section, Block LegacySectionRecord::* member,
                     const Block* block) {
     if (block == nullptr) return kLegacyNoSection;
-    return Edit(path, [&](Database& database) {
-        if (section < 1 || static_cast<size_t>(section) > database.slots.size()) {
-            return kLegacyNoSection;
-        }
-        database.slots[static_cast<size_t>(section - 1)].record.*member = *block;
-        return kLegacyDone;
+    return WithoutStatus(path, [&](const std::wstring& file) {
+        return Edit(file,
+                    [&](Changes& changes) { return SetBlock(changes, section, member, *block); });
     });
+}
+
+// The third block is the last one, unless its slot still gets a name.
+int16_t ExportLastBlock(const std::wstring& file, int16_t section, const LegacyCompLoad& block) {
+    const auto set = [&](Changes& changes) {
+        return SetBlock(changes, section, &LegacySectionRecord::compLoad, block);
+    };
+    const int16_t status = Edit(file, set);
+    const Changes& changes = Kept();
+    const bool isNamed = changes.unnamed != static_cast<size_t>(section);
+    return status == kLegacyDone && !changes.isNew && isNamed ? WriteChanges() : status;
 }
 
 template <class Block>
 int16_t ImportBlock(const char* path, int16_t section, Block LegacySectionRecord::* member,
                     Block* block) {
     if (block == nullptr) return kLegacyNoSection;
-    return Guarded(path, [&](const std::wstring& file) {
-        Slot slot;
-        const int16_t status = ReadSlot(file, section, slot);
-        if (status == kLegacyDone) *block = slot.record.*member;
-        return status;
+    return Guarded(path, [&](const std::wstring& name) {
+        return ReadFile(name, [&](const std::wstring& file) {
+            Slot slot;
+            const int16_t status = ReadSlot(file, section, slot);
+            if (status == kLegacyDone) *block = slot.record.*member;
+            return status;
+        });
     });
 }
 
@@ -76,45 +129,50 @@ CORVANE_EXPORT float CORVANE_STDCALL getztvelk32version() {
 }
 
 CORVANE_EXPORT void CORVANE_STDCALL createvelkdb(const char* path, int16_t* status) {
-    Tell(status, Guarded(path, [](const std::wstring& file) {
-             Database database;
-             return WriteDatabase(file, database);
-         }));
+    WithStatus(path, status, MakeDatabase);
 }
 
 CORVANE_EXPORT void CORVANE_STDCALL extendvelkdb(const char* path, int16_t* status) {
-    Tell(status, Edit(path, [](Database& database) {
-             if (database.slots.size() >= kMostSections) return kLegacyFull;
-             Slot& slot = database.slots.emplace_back();
-             std::memset(&slot, 0, sizeof(slot));
-             SetEntryName(slot.entry, {});
-             return kLegacyDone;
-         }));
+    WithStatus(path, status, [](const std::wstring& file) {
+        return Edit(file, [](Changes& changes) {
+            std::vector<Slot>& slots = changes.database.slots;
+            if (slots.size() >= kMostSections) return kLegacyFull;
+            Slot& slot = slots.emplace_back();
+            std::memset(&slot, 0, sizeof(slot));
+            SetEntryName(slot.entry, {});
+            changes.unnamed = slots.size();
+            return kLegacyDone;
+        });
+    });
 }
 
 CORVANE_EXPORT void CORVANE_STDCALL addsectvelkdb(const char* path, const char* name,
                                                   float position, int16_t* status) {
-    Tell(status, Edit(path, [&](Database& database) {
-             if (database.slots.empty()) return kLegacyNoSection;
-             LegacySectionEntry& entry = database.slots.back().entry;
-             SetEntryName(entry, name == nullptr ? "" : name);
-             entry.x_m = position;
-             return kLegacyDone;
-         }));
+    WithStatus(path, status, [&](const std::wstring& file) {
+        return EditAndWrite(file, [&](Changes& changes) {
+            if (changes.database.slots.empty()) return kLegacyNoSection;
+            LegacySectionEntry& entry = changes.database.slots.back().entry;
+            SetEntryName(entry, name == nullptr ? "" : name);
+            entry.x_m = position;
+            changes.unnamed = 0;
+            return kLegacyDone;
+        });
+    });
 }
 
 CORVANE_EXPORT void CORVANE_STDCALL getvelksections(const char* path, int16_t* status,
                                                     int16_t* count, LegacySectionEntry* entries) {
     if (count != nullptr) *count = 0;
-    Tell(status, Guarded(path, [&](const std::wstring& file) {
-             Database database;
-             const int16_t read = ReadDatabase(file, database);
-             if (read != kLegacyDone || count == nullptr || entries == nullptr) return read;
-             const size_t listed = std::min<size_t>(database.slots.size(), kLegacyListedSections);
-             for (size_t i = 0; i < listed; ++i) entries[i] = database.slots[i].entry;
-             *count = static_cast<int16_t>(listed);
-             return read;
-         }));
+    const auto list = [&](const std::wstring& file) {
+        Database database;
+        const int16_t read = ReadDatabase(file, database);
+        if (read != kLegacyDone || count == nullptr || entries == nullptr) return read;
+        const size_t listed = std::min<size_t>(database.slots.size(), kLegacyListedSections);
+        for (size_t i = 0; i < listed; ++i) entries[i] = database.slots[i].entry;
+        *count = static_cast<int16_t>(listed);
+        return read;
+    };
+    WithStatus(path, status, [&](const std::wstring& file) { return ReadFile(file, list); });
 }
 
 CORVANE_EXPORT int16_t CORVANE_STDCALL exportvelkmainsec(const char* path, int16_t section,
@@ -139,7 +197,9 @@ CORVANE_EXPORT int16_t CORVANE_STDCALL importsectiongeometry(const char* path, i
 
 CORVANE_EXPORT int16_t CORVANE_STDCALL exportvelkcompload(const char* path, int16_t section, void*,
                                                           LegacyCompLoad* record) {
-    return ExportBlock(path, section, &LegacySectionRecord::compLoad, record);
+    if (record == nullptr) return kLegacyNoSection;
+    return WithoutStatus(
+        path, [&](const std::wstring& file) { return ExportLastBlock(file, section, *record); });
 }
 
 CORVANE_EXPORT int16_t CORVANE_STDCALL importvelkcompload(const char* path, int16_t section, void*,
@@ -149,19 +209,22 @@ CORVANE_EXPORT int16_t CORVANE_STDCALL importvelkcompload(const char* path, int1
 
 CORVANE_EXPORT void CORVANE_STDCALL exportvelkbsd(const char* path, const LegacyBsd* bsd,
                                                   int16_t* status) {
-    Tell(status, Edit(path, [bsd](Database& database) {
-             if (bsd == nullptr) return kLegacyNotWritten;
-             database.bsd = *bsd;
-             return kLegacyDone;
-         }));
+    WithStatus(path, status, [bsd](const std::wstring& file) {
+        return EditAndWrite(file, [bsd](Changes& changes) {
+            if (bsd == nullptr) return kLegacyNotWritten;
+            changes.database.bsd = *bsd;
+            return kLegacyDone;
+        });
+    });
 }
 
 CORVANE_EXPORT void CORVANE_STDCALL importvelknavi(const char* path, LegacyBsd* bsd,
                                                    int16_t* status) {
-    Tell(status, Guarded(path, [bsd](const std::wstring& file) {
-             Database database;
-             const int16_t read = ReadDatabase(file, database);
-             if (read == kLegacyDone && bsd != nullptr) *bsd = database.bsd;
-             return read;
-         }));
+    const auto import = [bsd](const std::wstring& file) {
+        Database database;
+        const int16_t read = ReadDatabase(file, database);
+        if (read == kLegacyDone && bsd != nullptr) *bsd = database.bsd;
+        return read;
+    };
+    WithStatus(path, status, [&](const std::wstring& file) { return ReadFile(file, import); });
 }

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstring>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -68,6 +69,7 @@ struct LegacyFile : testing::Test {
     void WriteSections(int count) const {
         ASSERT_EQ(Create(), 0);
         ASSERT_EQ(Extend(), 0);
+        ASSERT_EQ(ListStatus(), 0) << "all is written";
         RepeatSection(path, count);
     }
 };
@@ -173,8 +175,7 @@ TEST_F(LegacyFile, ShipDataComeBack) {
 }
 
 TEST_F(LegacyFile, WhatFailsLeavesRecordAndFileAsTheyWere) {
-    Create();
-    Extend();
+    WriteSections(1);
     const std::string before = ReadFileBytes(path);
     for (const int16_t section : {int16_t{0}, int16_t{-1}, int16_t{2}, int16_t{INT16_MAX}}) {
         auto record = Pattern<LegacyMainSection>(5);
@@ -239,6 +240,138 @@ TEST_F(LegacyFile, FolderThatIsMissingCannotBeWritten) {
     EXPECT_EQ(status, kLegacyNotWritten);
 }
 
+// ---- When changes are written ------------------------------------------------------------------
+
+// A database of one named section that was there before, and the way to a further one.
+struct ChangedFile : LegacyFile {
+    std::string before;
+
+    void SetUp() override {
+        Create();
+        Extend();
+        AddSection("Frame 10", 7.5f);
+        ListStatus();
+        before = ReadFileBytes(path);
+    }
+    int16_t ExportBlocks(int16_t section) const {
+        exportvelkmainsec(Name(), section, Pattern<LegacyMainSection>(1).get());
+        exportsectiongeometry(Name(), section, Pattern<LegacyGeometry>(2).get());
+        return exportvelkcompload(Name(), section, nullptr, Pattern<LegacyCompLoad>(3).get());
+    }
+    bool IsUnchanged() const { return ReadFileBytes(path) == before; }
+    size_t Slots() const {
+        return (ReadFileBytes(path).size() - kLegacyEmptySize) / kLegacySlotSize;
+    }
+};
+
+TEST_F(ChangedFile, NewSectionIsWrittenWhenItGetsItsName) {
+    EXPECT_EQ(Extend(), kLegacyDone);
+    EXPECT_EQ(ExportBlocks(2), kLegacyDone);
+    EXPECT_TRUE(IsUnchanged());
+    EXPECT_EQ(AddSection("Frame 20", 9), kLegacyDone);
+    const std::string after = ReadFileBytes(path);
+    ASSERT_EQ(Slots(), 2u);
+    EXPECT_EQ(after.substr(kLegacyEmptySize + kLegacySlotSize, 8), "Frame 20");
+    EXPECT_EQ(ListStatus(), kLegacyDone);
+    EXPECT_EQ(ReadFileBytes(path), after) << "once";
+}
+
+TEST_F(ChangedFile, ReplacedSectionIsWrittenWithItsThirdBlock) {
+    exportvelkmainsec(Name(), 1, Pattern<LegacyMainSection>(1).get());
+    exportsectiongeometry(Name(), 1, Pattern<LegacyGeometry>(2).get());
+    EXPECT_TRUE(IsUnchanged()) << "never a slot of which only a part is new";
+    EXPECT_EQ(exportvelkcompload(Name(), 1, nullptr, Pattern<LegacyCompLoad>(3).get()), 0);
+    const std::string after = ReadFileBytes(path);
+    EXPECT_NE(after, before);
+    EXPECT_EQ(after.substr(kLegacyEmptySize, 44), before.substr(kLegacyEmptySize, 44));
+}
+
+TEST_F(ChangedFile, ShipDataAreWrittenAtOnce) {
+    int16_t status = -1;
+    exportvelkbsd(Name(), Pattern<LegacyBsd>(3).get(), &status);
+    EXPECT_EQ(status, kLegacyDone);
+    EXPECT_FALSE(IsUnchanged());
+}
+
+TEST_F(ChangedFile, NewDatabaseIsWrittenWhenItIsRead) {
+    const auto main = std::make_unique<LegacyMainSection>();
+    const std::function<int16_t()> reads[] = {
+        [&] { return ListStatus(); }, [&] { return BsdStatus(); },
+        [&] { return importvelkmainsec(Name(), 3, main.get()); }};
+    for (const auto& read : reads) {
+        Create();
+        for (int16_t i = 1; i <= 3; ++i) {
+            EXPECT_EQ(Extend(), kLegacyDone);
+            EXPECT_EQ(ExportBlocks(i), kLegacyDone);
+            EXPECT_EQ(AddSection("Frame", i), kLegacyDone);
+        }
+        EXPECT_EQ(ReadFileBytes(path).size(), kLegacyEmptySize) << "one rewrite for all of them";
+        EXPECT_EQ(read(), kLegacyDone);
+        EXPECT_EQ(Slots(), 3u);
+    }
+}
+
+TEST_F(ChangedFile, NewDatabaseIsWrittenWhenAnotherIsNamed) {
+    const std::string other = system::AnsiFromWide(folder.File(L"other.vel"));
+    int16_t status = -1;
+    Create();
+    Extend();
+    createvelkdb(other.c_str(), &status);
+    EXPECT_EQ(status, kLegacyDone);
+    EXPECT_EQ(Slots(), 1u);
+    Create();
+    Extend();
+    extendvelkdb(other.c_str(), &status);
+    EXPECT_EQ(status, kLegacyDone);
+    EXPECT_EQ(Slots(), 1u);
+}
+
+TEST_F(ChangedFile, DatabaseThatIsMadeAgainLosesItsChanges) {
+    Create();
+    Extend();
+    EXPECT_EQ(Create(), kLegacyDone);
+    EXPECT_EQ(ListStatus(), kLegacyDone);
+    EXPECT_EQ(Slots(), 0u);
+}
+
+TEST_F(ChangedFile, FailedWriteIsTheStatusOfTheName) {
+    EXPECT_EQ(Extend(), kLegacyDone);
+    ASSERT_EQ(system::SetReadOnly(path, true), system::kErrorNone);
+    EXPECT_EQ(AddSection("Frame 20", 9), kLegacyNotWritten);
+    ASSERT_EQ(system::SetReadOnly(path, false), system::kErrorNone);
+    EXPECT_TRUE(IsUnchanged());
+    EXPECT_EQ(ListStatus(), kLegacyDone) << "it was reported";
+    EXPECT_TRUE(IsUnchanged()) << "and is forgotten";
+}
+
+TEST_F(ChangedFile, FailedWriteOfAReplacedSectionIsTheNextStatus) {
+    exportvelkmainsec(Name(), 1, Pattern<LegacyMainSection>(1).get());
+    ASSERT_EQ(system::SetReadOnly(path, true), system::kErrorNone);
+    EXPECT_EQ(exportvelkcompload(Name(), 1, nullptr, Pattern<LegacyCompLoad>(3).get()),
+              kLegacyNotWritten);
+    ASSERT_EQ(system::SetReadOnly(path, false), system::kErrorNone);
+    EXPECT_EQ(ListStatus(), kLegacyNotWritten);
+    EXPECT_EQ(ListStatus(), kLegacyDone) << "once";
+    EXPECT_TRUE(IsUnchanged());
+}
+
+TEST_F(ChangedFile, WhatAnotherProgramHasWrittenIsNotOverwritten) {
+    EXPECT_EQ(Extend(), kLegacyDone);
+    WriteFileBytes(path, before + "another program's");
+    EXPECT_EQ(AddSection("Frame 20", 9), kLegacyNotWritten);
+    EXPECT_EQ(ReadFileBytes(path), before + "another program's");
+}
+
+TEST_F(ChangedFile, ChangesOfADeletedFileGoWithIt) {
+    const std::string other = system::AnsiFromWide(folder.File(L"other.vel"));
+    EXPECT_EQ(Extend(), kLegacyDone);
+    system::RemoveFile(path);
+    int16_t status = -1;
+    createvelkdb(other.c_str(), &status);
+    EXPECT_EQ(status, kLegacyDone);
+    EXPECT_EQ(FilesIn(folder.path), std::vector<std::wstring>{L"other.vel"});
+}
+
 // ---- The file ----------------------------------------------------------------------------------
 
 TEST_F(LegacyFile, LayoutIsTheDocumentedOne) {
@@ -247,6 +380,7 @@ TEST_F(LegacyFile, LayoutIsTheDocumentedOne) {
     AddSection("Frame 10", 7.5f);
     const auto main = Pattern<LegacyMainSection>(1);
     exportvelkmainsec(Name(), 1, main.get());
+    ListStatus();
     const std::string bytes = ReadFileBytes(path);
     ASSERT_EQ(bytes.size(), kLegacyEmptySize + kLegacySlotSize);
     EXPECT_EQ(bytes.substr(0, 8), "CVNLEG\r\n");

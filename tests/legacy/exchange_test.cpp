@@ -122,7 +122,7 @@ TEST_F(Exchange, SectionGoesToANewSlotInTheDescribedOrder) {
     EXPECT_EQ(Library::calls,
               (Calls{"extendvelkdb ship.vel", "exportvelkmainsec ship.vel 3",
                      "exportsectiongeometry ship.vel 3", "exportvelkcompload ship.vel 3",
-                     "addsectvelkdb ship.vel 'Frame 10' 7.5"}));
+                     "addsectvelkdb ship.vel 'Frame 10' 7.5", "getvelksections ship.vel"}));
     EXPECT_STREQ(Library::record.main.name, "Frame 10");
     EXPECT_EQ(Library::record.geometry.strakeCount, 1);
 }
@@ -132,7 +132,16 @@ TEST_F(Exchange, ReplacingASlotNeitherExtendsNorRenames) {
     EXPECT_TRUE(ExportSection({target, 2, false}, section, bsd));
     EXPECT_EQ(Library::calls,
               (Calls{"exportvelkmainsec ship.vel 2", "exportsectiongeometry ship.vel 2",
-                     "exportvelkcompload ship.vel 2"}));
+                     "exportvelkcompload ship.vel 2", "getvelksections ship.vel"}));
+}
+
+TEST_F(Exchange, SectionThatIsNotWrittenInTheEndIsReported) {
+    Library::listStatus = 4;
+    for (const bool isNew : {true, false}) {
+        SectionModel section = SmallSection(L"Frame 10", 7.5F);
+        EXPECT_FALSE(ExportSection({target, 2, isNew}, section, bsd));
+        EXPECT_EQ(Warnings(), Calls{WarningText(1003, {2, target})});
+    }
 }
 
 TEST_F(Exchange, StatusLinesOfAnExportFollowOneAnother) {
@@ -175,7 +184,7 @@ TEST_F(Exchange, NamesCrossInOem) {
     section.compartments.resize(1);
     section.compartments[0].name = L"\u00C0 vide";
     ExportSection({target, 1}, section, bsd);
-    EXPECT_EQ(Library::calls.back(), "addsectvelkdb ship.vel '\x90tamb\x93t' 0.5");
+    EXPECT_EQ(Library::calls.end()[-2], "addsectvelkdb ship.vel '\x90tamb\x93t' 0.5");
     EXPECT_STREQ(Library::record.main.name, "\x90tamb\x93t");
     EXPECT_STREQ(Library::record.geometry.strakeName[0], "Bord\x82");
     EXPECT_STREQ(Library::record.compLoad.name[0], "\xB7 vide");
@@ -192,7 +201,7 @@ TEST_F(Exchange, NamesCrossInOem) {
 TEST_F(Exchange, CharacterThatOemLacksIsAQuestionMarkAndIsReported) {
     SectionModel section = SmallSection(L"5 \u20AC", 0.5F);
     ExportSection({target, 1}, section, bsd);
-    EXPECT_EQ(Library::calls.back(), "addsectvelkdb ship.vel '5 ?' 0.5");
+    EXPECT_EQ(Library::calls.end()[-2], "addsectvelkdb ship.vel '5 ?' 0.5");
     EXPECT_STREQ(Library::record.main.name, "5 ?");
     EXPECT_EQ(
         Warnings(),
@@ -215,7 +224,7 @@ TEST_F(Exchange, SectionWithoutDimensionsGetsThoseOfTheShipAfterAMessage) {
     EXPECT_EQ(main.navigationCode, 5);
     EXPECT_EQ(section.bottomSlope_deg, 30);
     EXPECT_EQ(section.sideSlope_deg, 45);
-    EXPECT_EQ(Library::calls.back(), "addsectvelkdb ship.vel 'Frame 10' 108.89");
+    EXPECT_EQ(Library::calls.end()[-2], "addsectvelkdb ship.vel 'Frame 10' 108.89");
     EXPECT_EQ(Warnings(), Calls{WarningText(1074, {L"Frame 10"})});
 }
 

@@ -420,6 +420,7 @@ void WriteLegacyDatabase(const std::wstring& path, const std::vector<std::wstrin
         section.panels.push_back(PanelOfNodes(2, 0, 1));
         ASSERT_TRUE(ExportSection({path, number}, section, bsd));
     }
+    ListLegacySections(path, status);  // all is written
     RecordedReports::events.clear();
 }
 
