@@ -260,13 +260,12 @@ std::vector<ModelEntry> ListLegacySections(const std::wstring& path, int16_t& st
     return list;
 }
 
-int16_t CountLegacySections(const std::wstring& path, int16_t& status) {
-    const auto listed = static_cast<int16_t>(ListLegacySections(path, status).size());
-    if (listed < kLegacyListedSections) return listed;
+int16_t CountLegacySections(const std::wstring& path, size_t listed) {
+    if (listed < kLegacyListedSections) return static_cast<int16_t>(listed);
     const std::string file = system::AnsiFromWide(path);
     // Slots follow one another without a gap: the last one lies between one that is there and one
     // that is not.
-    int there = listed;
+    int there = kLegacyListedSections;
     int missing = INT16_MAX;
     if (HasSlot(file, missing)) return INT16_MAX;
     while (missing - there > 1) {

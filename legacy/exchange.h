@@ -58,9 +58,9 @@ bool ImportSection(const std::wstring& path, int16_t number, SectionModel& secti
 // is empty unless it is 0.
 std::vector<ModelEntry> ListLegacySections(const std::wstring& path, int16_t& status);
 
-// The number of the database's sections, beyond 20 too; 32,767 when the library gives a section for
-// any number. `status` is the library's: 0 is the number unless it is 0.
-int16_t CountLegacySections(const std::wstring& path, int16_t& status);
+// The number of the database's sections, when its list has `listed`: beyond 20 too; 32,767 when the
+// library gives a section for any number.
+int16_t CountLegacySections(const std::wstring& path, size_t listed);
 
 // The ship's data; the library's status. Unless it is 0 the record keeps its contents.
 int16_t LoadBsdFromLegacy(const std::wstring& path, BasicShipData& bsd);

@@ -30,7 +30,8 @@ std::vector<ModelEntry> ListDatabase(const std::wstring& path) {
 
 bool ReadFromLegacy(const std::wstring& path, int32_t slot, SectionModel& section,
                     BasicShipData& bsd) {
-    return ImportSection(path, static_cast<int16_t>(slot), section) &&
+    ExchangeLosses losses;  // the picture shows what is there; the import reports the rest
+    return ImportSection(path, static_cast<int16_t>(slot), section, losses) &&
            RequireLegacyRead(path, LoadBsdFromLegacy(path, bsd));
 }
 
@@ -42,6 +43,13 @@ bool ReadFromDatabase(const std::wstring& path, int32_t row, SectionModel& secti
     if (!ReadSectionBlock(path, row, false, section)) return false;
     LoadBsdFromDatabase(path, bsd);
     return true;
+}
+
+// The library lists 20 sections at most.
+void ReportSectionsNotListed(const std::wstring& path, size_t listed) {
+    const int32_t count = CountLegacySections(path, listed);
+    const auto shown = static_cast<int32_t>(listed);
+    if (count > shown) ReportMessage(kMsgMoreSections, {path, count, shown});
 }
 
 }  // namespace
@@ -67,6 +75,7 @@ ExchangeList ListOfFile(const std::wstring& path) {
     if (!FileExists(path)) return {{}, L"No DB Corvane"};
     ExchangeList list{ListForExchange(path), nullptr};
     if (list.items.empty()) list.hint = L"No Section neither bulkead";
+    if (IsLegacyDatabase(path)) ReportSectionsNotListed(path, list.items.size());
     return list;
 }
 

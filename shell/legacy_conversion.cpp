@@ -30,34 +30,45 @@ bool ConfirmWriting(const std::wstring& path) {
            shell.view.askYesNo(ExpandLineBreaks(FormatMessage(kMsgOverwriteQuestion, {path})));
 }
 
+// The library lists 20 sections at most. When there are more, the user says whether those are to be
+// converted; how many are left out is noted.
+bool ConfirmListed(const std::wstring& legacyPath, size_t listed, ExchangeLosses& losses) {
+    const int32_t count = CountLegacySections(legacyPath, listed);
+    const auto shown = static_cast<int32_t>(listed);
+    if (count <= shown) return true;
+    NoteLoss(losses.whole, kMsgSectionsNotConverted, {count - shown, count});
+    return shell.view.askYesNo(
+        ExpandLineBreaks(FormatMessage(kMsgMoreSectionsQuestion, {legacyPath, count, shown})));
+}
+
 // Appends the sections to a database that has no model.
-bool AppendSections(const std::wstring& legacyPath, std::wstring& path) {
+bool AppendSections(const std::wstring& legacyPath, std::wstring& path, ExchangeLosses& losses) {
     int16_t status = 0;
     const std::vector<ModelEntry> list = ListLegacySections(legacyPath, status);
     if (!RequireLegacyRead(legacyPath, status)) return false;
+    if (!ConfirmListed(legacyPath, list.size(), losses)) return false;
     for (int16_t number = 1; static_cast<size_t>(number) <= list.size(); ++number) {
         SectionModel section;
-        if (!ImportSection(legacyPath, number, section)) return false;
+        if (!ImportSection(legacyPath, number, section, losses)) return false;
         if (!ReplaceSection(path, section, number)) return false;
     }
     return true;
 }
 
-bool WriteConverted(const std::wstring& legacyPath, const std::wstring& path, BasicShipData& bsd) {
-    return MakeFile(path, [&](std::wstring temporary) {
-        return CreateDatabaseFile(temporary, bsd) && AppendSections(legacyPath, temporary);
-    });
-}
-
-void Convert(const std::wstring& legacyPath) {
+// The new database, without its losses reported. False when there is none, which has been reported.
+bool Convert(const std::wstring& legacyPath, ExchangeLosses& losses) {
     BasicShipData bsd;
-    if (!RequireLegacyRead(legacyPath, LoadBsdFromLegacy(legacyPath, bsd))) return;
+    if (!RequireLegacyRead(legacyPath, LoadBsdFromLegacy(legacyPath, bsd))) return false;
     const std::wstring baseName = NewBaseName(legacyPath);
     bsd.Titles(5).Assign(UpperCase(baseName));
     ChangeToDirectory(shell.settings.WorkDirectory);
     const std::wstring path = system::AbsolutePath(baseName + L".ve2");
-    if (!ConfirmWriting(path) || !WriteConverted(legacyPath, path, bsd)) return;
-    AdoptDatabase(LowerCase(path), bsd);
+    if (!ConfirmWriting(path)) return false;
+    const bool isWritten = MakeFile(path, [&](std::wstring temporary) {
+        return CreateDatabaseFile(temporary, bsd) && AppendSections(legacyPath, temporary, losses);
+    });
+    if (isWritten) AdoptDatabase(LowerCase(path), bsd);
+    return isWritten;
 }
 
 std::wstring AskForLegacyFile() {
@@ -77,10 +88,12 @@ void OpenLegacyDatabase(std::wstring path) {
     ChangeToDirectory(DirectoryOf(path));
     SetBusyPointer();
     shell.settings.BrowseDirectory = DirectoryOf(path);
-    Convert(path);
+    ExchangeLosses losses;
+    const bool isConverted = Convert(path, losses);
     ChangeToDirectory(remembered);
     ResetMousePointer();
     RefreshMainWindow();
+    if (isConverted) ReportLosses(path, losses);
 }
 
 void SaveAsLegacyDatabase(const std::wstring& path) {

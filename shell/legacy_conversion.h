@@ -8,7 +8,9 @@ namespace corvane {
 // Converts a legacy database into a new model database in WorkDirectory, which becomes the open one
 // with its first model as the current one. Without a name the user is asked for the file. The new
 // file's base name is the old one's; that of "star" is made of its folder. It becomes the ship's
-// name, in upper case. An existing file is replaced only when the user says so.
+// name, in upper case. An existing file is replaced only when the user says so. Of more than 20
+// sections the first 20 are converted, when the user says so. What could not be converted is
+// reported at the end.
 //
 // What fails is reported and leaves every file and the open database as they were. The current
 // directory is the same afterwards; BrowseDirectory becomes the legacy file's folder.

@@ -84,8 +84,9 @@ bool RequireSlot(const ExportChoice& choice, LegacySlot& slot) {
         return false;
     }
     int16_t status = 0;
-    const int16_t count = CountLegacySections(choice.path, status);
+    const size_t listed = ListLegacySections(choice.path, status).size();
     if (!RequireLegacyRead(choice.path, status)) return false;
+    const int16_t count = CountLegacySections(choice.path, listed);
     if (choice.createNew && count == kMostModels) {
         ReportMessage(kMsgLegacyNotExtended, {choice.path});
         return false;

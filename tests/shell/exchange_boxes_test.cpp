@@ -104,6 +104,9 @@ TEST_F(ExchangeBoxes, OfTwentyOneSectionsTwentyAreListed) {
     WriteLegacyDatabase(legacy, names);
     names.pop_back();
     EXPECT_EQ(TextsOf(ListForExchange(legacy)), names);
+    EXPECT_TRUE(Warnings().empty());
+    EXPECT_EQ(TextsOf(ListOfFile(legacy).items), names);
+    EXPECT_EQ(Warnings(), std::vector<std::string>{WarningText(3598, {legacy, 21, 20})});
 }
 
 TEST_F(ExchangeBoxes, WhatCanNotBeListedIsReported) {

@@ -196,12 +196,54 @@ TEST_F(LegacyCommand, CallsFollowTheDescribedConversation) {
     EXPECT_EQ(CountModels(work + L"Aurora.ve2"), 2);
 }
 
-TEST_F(LegacyCommand, TwentyOneSectionsAreConvertedUpToTheTwentieth) {
-    std::vector<std::wstring> names;
-    for (int i = 1; i <= 21; ++i) names.push_back(L"Frame " + std::to_wstring(i));
+struct TwentyFour : LegacyCommand {
+    TwentyFour() {
+        std::vector<std::wstring> names;
+        for (int i = 1; i <= 24; ++i) names.push_back(L"Frame " + std::to_wstring(i));
+        WriteLegacyDatabase(legacy, names);
+    }
+};
+
+TEST_F(TwentyFour, SectionsAreConvertedUpToTheTwentiethAsSaidBeforeAndAfter) {
+    FakeView::answerYes = true;
+    OpenLegacyDatabase(legacy);
+    EXPECT_EQ(CountModels(work + L"Aurora.ve2"), 20);
+    const std::vector<std::string> asked = RecordedReports::Of("ask");
+    ASSERT_EQ(asked.size(), 1u);
+    EXPECT_NE(asked[0].find("has 24 sections. Only the first 20 can"), std::string::npos);
+    const std::vector<std::string> warnings = Warnings();
+    ASSERT_EQ(warnings.size(), 1u);
+    EXPECT_NE(warnings[0].find("4 of its 24 sections were left out"), std::string::npos);
+}
+
+TEST_F(TwentyFour, SectionsAreNotConvertedWhenTheUserSaysNo) {
+    FakeView::answerYes = false;
+    OpenLegacyDatabase(legacy);
+    EXPECT_TRUE(FilesIn(work).empty());
+    EXPECT_EQ(shell.database.path, L"C:\\before.ve2");
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(LegacyCommand, TwentySectionsAreConvertedWithoutAQuestion) {
+    std::vector<std::wstring> names(20, L"Frame");
     WriteLegacyDatabase(legacy, names);
     OpenLegacyDatabase(legacy);
     EXPECT_EQ(CountModels(work + L"Aurora.ve2"), 20);
+    EXPECT_TRUE(RecordedReports::Of("ask").empty());
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(LegacyCommand, WithoutATemporaryFolderTheUserIsTold) {
+    WriteLegacyDatabase(legacy, {L"Frame 10"});
+    {
+        const NoTemporaryFolder none;
+        OpenLegacyDatabase(legacy);
+    }
+    const std::vector<std::string> warnings = Warnings();
+    ASSERT_EQ(warnings.size(), 1u);
+    EXPECT_NE(warnings[0].find("Aurora.ve2' cannot be written"), std::string::npos) << warnings[0];
+    EXPECT_TRUE(FilesIn(work).empty());
+    EXPECT_EQ(shell.database.path, L"C:\\before.ve2");
 }
 
 }  // namespace

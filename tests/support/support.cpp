@@ -100,10 +100,30 @@ bool ReadOnlyHasEffect() {
     return !std::ofstream(NativePath(path), std::ios::binary | std::ios::app).is_open();
 }
 
+namespace {
+
+void SetTemporaryDirectory(const std::wstring& folder) {
+#if defined(_WIN32)
+    _wputenv_s(L"TMP", folder.c_str());
+#else
+    setenv(kTemporaryVariable, NativePath(folder).c_str(), 1);
+#endif
+}
+
+}  // namespace
+
 KeepCurrentDirectory::KeepCurrentDirectory() : path(system::CurrentDirectory()) {}
 
 KeepCurrentDirectory::~KeepCurrentDirectory() {
     EXPECT_EQ(system::SetCurrentTo(path), system::kErrorNone);
+}
+
+NoTemporaryFolder::NoTemporaryFolder() : usual(system::TemporaryDirectory()) {
+    SetTemporaryDirectory(usual + L"missing\\");
+}
+
+NoTemporaryFolder::~NoTemporaryFolder() {
+    SetTemporaryDirectory(usual);
 }
 
 #if defined(_WIN32)

@@ -20,6 +20,17 @@ struct TemporaryFolder {
     std::wstring File(std::wstring_view name) const { return path + std::wstring(name); }
 };
 
+// While one of these lives, the system's temporary folder is one that does not exist.
+struct NoTemporaryFolder {
+    NoTemporaryFolder();
+    ~NoTemporaryFolder();
+    NoTemporaryFolder(const NoTemporaryFolder&) = delete;
+    NoTemporaryFolder& operator=(const NoTemporaryFolder&) = delete;
+
+private:
+    std::wstring usual;
+};
+
 // While one of these lives, temporary files lie in memory, where the system has a folder for that:
 // flushing them to the disk takes no time.
 struct TemporaryFilesInMemory {
