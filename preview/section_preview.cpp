@@ -1,6 +1,7 @@
 #include "preview/section_preview.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "text/numbers.h"
 
@@ -55,6 +56,83 @@ void KeepAspectRatio(const Picture& picture, float xFactor, float yFactor, Edges
     }
 }
 
+// Fits the picture's scale around the edges; a degenerate extent leaves it as it is.
+void FitEdges(Picture& picture, Edges edges) {
+    if (IsNearZero(edges.xRight - edges.xLeft)) return;
+    const float xFactor = picture.width / (edges.xRight - edges.xLeft);
+    if (IsNearZero(edges.yTop - edges.yBottom)) return;
+    const float yFactor = picture.height / (edges.yTop - edges.yBottom);
+    if (IsNearZero(yFactor) || IsNearZero(xFactor)) return;
+    KeepAspectRatio(picture, xFactor, yFactor, edges);
+    picture.scaleLeft = edges.xLeft;
+    picture.scaleTop = edges.yTop;
+    picture.scaleWidth = edges.xRight - edges.xLeft;
+    picture.scaleHeight = edges.yBottom - edges.yTop;
+    ScaleWindow(picture.window, picture.dc, edges.xLeft, edges.yBottom, edges.xRight, edges.yTop,
+                kResolution);
+}
+
+// ---- Sections larger than the ship's frame -----------------------------------------------------
+
+void Include(Edges& extent, float y, float z, float reach) {
+    if (!std::isfinite(y) || !std::isfinite(z) || !std::isfinite(reach)) return;
+    extent.xLeft = std::min(extent.xLeft, y - reach);
+    extent.xRight = std::max(extent.xRight, y + reach);
+    extent.yBottom = std::min(extent.yBottom, z - reach);
+    extent.yTop = std::max(extent.yTop, z + reach);
+}
+
+// How far an arc is from its chord at most; 0 for a straight line.
+float Rise(const StrakeItem& item) {
+    return item.arcRadius > 0 ? item.arcRadius * (1 - std::cos(item.sweep / 2)) : 0;
+}
+
+// The edges, moved to hold the computed plating.
+Edges WithPlating(Edges edges, const Section& section) {
+    for (int i = 0; i < section.strakeCount; ++i) {
+        const Strake& strake = section.strakes[i];
+        for (int k = 0; k < strake.nodeCount; ++k) {
+            const Node& node = strake.nodes[k];
+            if (node.computed != 0) Include(edges, node.y, node.z, 0);
+        }
+        for (int k = 0; k < strake.itemCount; ++k) {
+            const StrakeItem& item = strake.items[k];
+            if (!(item.length > 0)) continue;
+            Include(edges, item.y1, item.z1, Rise(item));
+            Include(edges, item.y2, item.z2, Rise(item));
+        }
+    }
+    // The mirror image is drawn, too.
+    if (section.symmetryMode == 1) {
+        edges.xRight = std::max(edges.xRight, -edges.xLeft);
+        edges.xLeft = -edges.xRight;
+    }
+    return edges;
+}
+
+Edges EdgesOf(const Picture& picture) {
+    return {picture.scaleLeft, picture.scaleTop + picture.scaleHeight,
+            picture.scaleLeft + picture.scaleWidth, picture.scaleTop};
+}
+
+// Where plating is outside of the fitted frame, the fit is repeated for a ship that is as broad and
+// as high as the section, and beyond the centre line and the base where the section is.
+void FitLargerSection(Picture& picture, const Section& section, float margin) {
+    const Edges fitted = EdgesOf(picture);
+    const Edges needed = WithPlating(fitted, section);
+    if (needed.xLeft >= fitted.xLeft && needed.xRight <= fitted.xRight &&
+        needed.yBottom >= fitted.yBottom && needed.yTop <= fitted.yTop) {
+        return;
+    }
+    const Edges plating = WithPlating({0, 0, 0, 0}, section);
+    const float breadth = std::max(section.drawingBreadth, 2 * plating.xRight);
+    const float height = std::max(section.drawingHeight, plating.yTop);
+    Edges edges = EdgesOf(breadth, height, section.symmetryMode, margin);
+    edges.xLeft = std::min(edges.xLeft, plating.xLeft - breadth * margin / 4);
+    edges.yBottom = std::min(edges.yBottom, plating.yBottom - height * margin / 2);
+    FitEdges(picture, edges);
+}
+
 void SendProvisionalFrame(const Picture& picture) {
     ScaleWindow(picture.window, picture.dc, 0, 0, 0.1F, 0.1F, kResolution);
 }
@@ -81,19 +159,7 @@ void MakePreviewParameters(float breadth, const Picture& picture, PreviewParamet
 
 void FitPreviewScale(Picture& picture, float breadth, float height, int16_t symmetryMode,
                      const DrawingParameters& parameters) {
-    Edges edges = EdgesOf(breadth, height, symmetryMode, parameters.margin);
-    if (IsNearZero(edges.xRight - edges.xLeft)) return;
-    const float xFactor = picture.width / (edges.xRight - edges.xLeft);
-    if (IsNearZero(edges.yTop - edges.yBottom)) return;
-    const float yFactor = picture.height / (edges.yTop - edges.yBottom);
-    if (IsNearZero(yFactor) || IsNearZero(xFactor)) return;
-    KeepAspectRatio(picture, xFactor, yFactor, edges);
-    picture.scaleLeft = edges.xLeft;
-    picture.scaleTop = edges.yTop;
-    picture.scaleWidth = edges.xRight - edges.xLeft;
-    picture.scaleHeight = edges.yBottom - edges.yTop;
-    ScaleWindow(picture.window, picture.dc, edges.xLeft, edges.yBottom, edges.xRight, edges.yTop,
-                kResolution);
+    FitEdges(picture, EdgesOf(breadth, height, symmetryMode, parameters.margin));
 }
 
 void SyncGraphicsFrame(Picture& picture) {
@@ -118,6 +184,7 @@ void DrawSectionPreview(Section& section, const BasicShipData& bsd, Picture& pic
     SendProvisionalFrame(picture);
     FitPreviewScale(picture, section.drawingBreadth, section.drawingHeight, section.symmetryMode,
                     made.parameters);
+    FitLargerSection(picture, section, made.parameters.margin);
     SyncGraphicsFrame(picture);
     TraceSection(picture.dc, &section, &made.parameters);
     section.previewMode = previewMode;

@@ -25,8 +25,9 @@ struct Picture {
     int32_t (*systemColour)(int index) = nullptr;  // 0x00BBGGRR
 };
 
-// Draws the section with the ship's breadth and depth, which are stored into it. Does nothing, and
-// leaves the picture as it is, without a defined BSD or without geometry.
+// Draws the section with the ship's breadth and depth, which are stored into it. A section that is
+// larger than the ship gets a larger frame: no plating is cut off. Does nothing, and leaves the
+// picture as it is, without a defined BSD or without geometry.
 void DrawSectionPreview(Section& section, const BasicShipData& bsd, Picture& picture);
 
 // Sets the picture's user scale so that a section of this breadth and height [m] fits with its

@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "preview/section_preview.h"
+#include "tests/companions/sample_section.h"
+#include "tests/companions/section_builder.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -315,6 +317,107 @@ TEST_F(SectionPreviewTest, DrawingEndsWithTheFittedFrame) {
     EXPECT_FLOAT_EQ(frames[3].yBottom, frames[1].yBottom);
     EXPECT_FLOAT_EQ(frames[3].xRight, frames[1].xRight);
     EXPECT_FLOAT_EQ(frames[3].yTop, frames[1].yTop);
+}
+
+// ---- Sections larger than the ship -------------------------------------------------------------
+
+struct LargeSectionTest : SectionPreviewTest {
+    test::TestSection large;
+
+    // The described calls, and the frame that ScaleWindow got last.
+    Frame DrawLarge(int16_t mode) {
+        frames.clear();
+        calls.clear();
+        large.section.geometryPresent = -1;
+        large.section.symmetryMode = mode;
+        DrawSectionPreview(large.section, bsd, picture);
+        return frames.back();
+    }
+    // Two nodes as the library has computed them.
+    void Span(Node a, Node b) {
+        for (Node* node : {&a, &b}) {
+            node->y = node->givenY;
+            node->z = node->givenZ;
+            node->computed = -1;
+        }
+        large.Add({a, b});
+    }
+    static bool Holds(const Frame& frame, float y, float z) {
+        return frame.xLeft < y && y < frame.xRight && frame.yBottom < z && z < frame.yTop;
+    }
+};
+
+TEST_F(LargeSectionTest, SectionInsideTheFrameGetsTheDescribedCalls) {
+    Span(test::GivenNode(0, 0), test::GivenNode(15, 17));
+    for (const int16_t mode : {int16_t{0}, int16_t{1}}) {
+        const Frame frame = DrawLarge(mode);
+        EXPECT_EQ(frames.size(), 4U);
+        EXPECT_EQ(calls.size(), 8U);
+        Fit(mode, 30, 17);
+        EXPECT_FLOAT_EQ(frames.back().xRight, frame.xRight);
+        EXPECT_FLOAT_EQ(frames.back().yTop, frame.yTop);
+    }
+}
+
+TEST_F(LargeSectionTest, BroaderAndHigherSectionIsHeldWithItsMargins) {
+    Span(test::GivenNode(0, 0), test::GivenNode(30, 40));
+    picture.width = 1000;
+    const Frame tall = DrawLarge(0);
+    EXPECT_EQ(calls,
+              (std::vector<std::string>{"font", "QuickCompute", "ScaleWindow provisional",
+                                        "ScaleWindow", "ScaleWindow", "ScaleWindow provisional",
+                                        "clear", "ScaleWindow", "TraceSection"}))
+        << "the fit is repeated";
+    EXPECT_FLOAT_EQ(tall.xRight, 30 * 1.04F) << "as for a ship of that breadth";
+    EXPECT_FLOAT_EQ(tall.xLeft, -1.2F);
+    picture.width = 9000;
+    const Frame wide = DrawLarge(0);
+    EXPECT_FLOAT_EQ(wide.yTop, 40 * 1.08F) << "as for a ship of that depth";
+    EXPECT_NEAR(wide.yBottom, -1.6F, 1e-4);
+    EXPECT_EQ(large.section.drawingBreadth, 30) << "the ship's";
+    EXPECT_EQ(large.section.drawingHeight, 17);
+}
+
+TEST_F(LargeSectionTest, WhatIsBelowTheBaseOrAcrossTheCentreLineIsHeld) {
+    Span(test::GivenNode(-6, -5), test::GivenNode(10, 10));
+    for (const float width : {1000.0F, 9000.0F}) {
+        picture.width = width;
+        for (const int16_t mode : {int16_t{0}, int16_t{1}, int16_t{2}, int16_t{7}}) {
+            const Frame frame = DrawLarge(mode);
+            EXPECT_TRUE(Holds(frame, -6, -5)) << mode;
+            EXPECT_TRUE(Holds(frame, 10, 10)) << mode;
+            if (mode == 1) {
+                EXPECT_FLOAT_EQ(frame.xLeft, -frame.xRight);
+            }
+            EXPECT_NEAR(picture.width / (frame.xRight - frame.xLeft),
+                        picture.height / (frame.yTop - frame.yBottom), 0.05);
+        }
+    }
+}
+
+TEST_F(LargeSectionTest, MirrorImageIsHeldToo) {
+    Span(test::GivenNode(-40, 0), test::GivenNode(0, 10));
+    EXPECT_TRUE(Holds(DrawLarge(1), 40, 10));
+}
+
+TEST_F(LargeSectionTest, ArcBeyondItsNodesIsHeld) {
+    // Half a circle of 10 m radius on the right of x = 10.
+    Span(test::RadiusNode(10, 0, 10), test::GivenNode(10, 20));
+    StrakeItem& item = large.ItemOf(1, 1);
+    item = test::StraightItem(10, 0, 10, 20, 0);
+    item.arcRadius = 10;
+    item.sweep = 3.1415927F;
+    EXPECT_TRUE(Holds(DrawLarge(0), 20, 10));
+}
+
+TEST_F(LargeSectionTest, NodesWithoutAPlaceChangeNothing) {
+    Span(test::GivenNode(0, 0), test::GivenNode(15, 17));
+    large.NodeOf(1, 1).y = std::nanf("");
+    large.NodeOf(1, 2).z = INFINITY;
+    Span(test::GivenNode(500, 500), test::GivenNode(600, 600));
+    large.NodeOf(2, 1).computed = large.NodeOf(2, 2).computed = 0;
+    DrawLarge(0);
+    EXPECT_EQ(frames.size(), 4U);
 }
 
 TEST_F(SectionPreviewTest, DegenerateExtentLeavesTheScaleAndSkipsTheFit) {
