@@ -27,26 +27,30 @@ std::wstring FormattedNumber(double value, std::wstring_view format) {
     return DecimalText(value, least, least + optional);
 }
 
-bool ReadForPreview(const ModelRow& row) {
-    return row.kind == ModelKind::kSection && shell.view.isPreviewOn() &&
-           ReadSectionBlock(shell.database.path, row.tag, false, shell.preview.section);
+void ClearPicture(const std::wstring& why) {
+    shell.preview.isShown = false;
+    shell.view.clearPreview(why);
 }
 
-void ClearPicture() {
-    shell.preview.isShown = false;
-    shell.view.clearPreview();
+void ShowSection() {
+    const std::wstring why = WhyNoPicture(shell.preview.section, shell.database.bsd);
+    if (!why.empty()) return ClearPicture(why);
+    shell.preview.isShown = true;
+    shell.view.redrawPreview();
 }
 
 // Shows the model in the picture, as far as it can be shown there, and returns its position [m].
 float ShowInPicture(const ModelRow& row) {
-    if (!ReadForPreview(row)) {
-        ClearPicture();
-        return ModelPosition(shell.database.path, row.tag);
+    const bool isOn = shell.view.isPreviewOn();
+    const bool isSection = row.kind == ModelKind::kSection;
+    if (isOn && isSection &&
+        ReadSectionBlock(shell.database.path, row.tag, false, shell.preview.section)) {
+        ShowSection();
+        ResetMousePointer();
+        return shell.preview.section.x_m;
     }
-    shell.preview.isShown = true;
-    shell.view.redrawPreview();
-    ResetMousePointer();
-    return shell.preview.section.x_m;
+    ClearPicture(isOn && !isSection ? WhyNoPicture(row.kind) : L"");
+    return ModelPosition(shell.database.path, row.tag);
 }
 
 }  // namespace
@@ -58,9 +62,20 @@ void ShowInPreview(const ModelRow& row) {
 }
 
 void ClearPreviewPane() {
-    ClearPicture();
+    ClearPicture(L"");
     shell.view.setPositionText(L"");
     shell.view.setFrameText(L"");
+}
+
+std::wstring WhyNoPicture(SectionModel& section, const BasicShipData& bsd) {
+    LibraryView view;
+    MakeLibraryView(section, view);
+    if (view.section.geometryPresent == 0) return GetMessage(kMsgNoPlating);
+    return IsBsdDefined(bsd) ? std::wstring() : GetMessage(kMsgNoShipData);
+}
+
+std::wstring WhyNoPicture(ModelKind kind) {
+    return FormatMessage(kMsgNoPictureOfKind, {KindName(kind)});
 }
 
 void DrawSection(SectionModel& section, const BasicShipData& bsd, Picture& picture) {

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "database/model_kind.h"
 #include "database/section.h"
 #include "preview/section_preview.h"
 
@@ -20,10 +21,15 @@ struct PreviewPane {
 
 // Shows a row's model. A section is read and drawn when the preview is on; of any other model, and
 // of one that could not be read, which is reported, the position alone is read and the picture is
-// cleared.
+// cleared. The picture says why it is empty, as far as that was not reported.
 void ShowInPreview(const ModelRow& row);
 // Empties picture and labels.
 void ClearPreviewPane();
+
+// Why there is nothing to draw of a section of this ship; empty when there is something.
+std::wstring WhyNoPicture(SectionModel& section, const BasicShipData& bsd);
+// The same for a model that is not a section.
+std::wstring WhyNoPicture(ModelKind kind);
 
 // Draws a section of a ship into a picture.
 void DrawSection(SectionModel& section, const BasicShipData& bsd, Picture& picture);

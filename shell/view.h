@@ -65,7 +65,8 @@ struct View {
 
     bool (*isPreviewOn)() = [] { return false; };  // OP_Preview
     void (*redrawPreview)() = [] {};               // PIC_Section, through DrawPreview
-    void (*clearPreview)() = [] {};
+    // Empties PIC_Section, and shows in it why; an empty text shows nothing.
+    void (*clearPreview)(const std::wstring& why) = [](const std::wstring&) {};
     void (*setPositionText)(const std::wstring& text) = [](const std::wstring&) {};  // LB_X
     void (*setFrameText)(const std::wstring& text) = [](const std::wstring&) {};     // LB_Frame
     void (*setSectionMenuCaption)(const std::wstring& text) = [](const std::wstring&) {};

@@ -52,7 +52,10 @@ void ShowContents(View& view) {
     view.focusList = [] { kRecord("focus list"); };
     view.isPreviewOn = [] { return FakeView::previewOn; };
     view.redrawPreview = [] { kRecord("redraw preview"); };
-    view.clearPreview = [] { kRecord("clear preview"); };
+    view.clearPreview = [](const std::wstring& why) {
+        kRecord("clear preview");
+        FakeView::whyNoPicture = why;
+    };
     view.setPositionText = [](const std::wstring& text) { FakeView::position = text; };
     view.setFrameText = [](const std::wstring& text) { FakeView::frame = text; };
     view.setSectionMenuCaption = [](const std::wstring& text) { FakeView::menu = text; };
@@ -81,7 +84,8 @@ std::vector<ModelRow> FakeView::rows;
 int FakeView::selected;
 int FakeView::rule;
 bool FakeView::locked;
-std::wstring FakeView::database, FakeView::position, FakeView::frame, FakeView::menu;
+std::wstring FakeView::database, FakeView::position, FakeView::frame, FakeView::menu,
+    FakeView::whyNoPicture;
 
 FakeView::FakeView() : before(std::exchange(shell, ShellState())) {
     answerYes = previewOn = locked = false;
@@ -91,7 +95,7 @@ FakeView::FakeView() : before(std::exchange(shell, ShellState())) {
     rows.clear();
     selected = -1;
     rule = 0;
-    database = position = frame = menu = L"untouched";
+    database = position = frame = menu = whyNoPicture = L"untouched";
     View view;
     view.report = RecordedReports::View();
     AskQuestions(view);

@@ -36,7 +36,7 @@ struct FakeView {
     static int selected;
     static int rule;
     static bool locked;
-    static std::wstring database, position, frame, menu;
+    static std::wstring database, position, frame, menu, whyNoPicture;
 
 private:
     RecordedReports reports;

@@ -2,10 +2,14 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "bsd/bsd_file.h"
+#include "database/editing.h"
 #include "database/listing.h"
 #include "tests/shell/fake_view.h"
+#include "tests/shell/sample_models.h"
 #include "tests/shell/shown_database.h"
 
 namespace corvane {
@@ -46,18 +50,67 @@ struct CountingLibrary {
     }
 };
 
+// A copy of the sample ship, with the preview on.
+struct ShownSample {
+    FakeView view;
+    test::TemporaryFolder folder;
+    std::vector<ModelRow> rows;
+
+    ShownSample() {
+        shell.database.path = folder.File(L"ship.ve2");
+        test::WriteFileBytes(shell.database.path, test::ReadFileBytes(test::SamplePath()));
+        LoadBsdFromDatabase(shell.database.path, shell.database.bsd);
+        FakeView::previewOn = true;
+        rows = FillModelList(shell.database.path);
+        RecordedReports::events.clear();
+    }
+};
+
 TEST(PreviewPane, SelectedSectionIsReadForThePreview) {
-    ShownDatabase window;
-    window.Open(Database(2));
-    FakeView::previewOn = true;
-    const std::vector<ModelRow> rows = FillModelList(shell.database.path);
-    ShowInPreview(rows[1]);
+    const ShownSample sample;
+    ShowInPreview(sample.rows[1]);
     EXPECT_TRUE(shell.preview.isShown);
-    EXPECT_EQ(shell.preview.section.name, L"Frame 2");
+    EXPECT_EQ(shell.preview.section.name, sample.rows[1].name);
     EXPECT_TRUE(RecordedReports::Happened("redraw preview"));
     EXPECT_FALSE(RecordedReports::Happened("clear preview"));
     EXPECT_TRUE(RecordedReports::Happened("pointer reset"));
-    EXPECT_EQ(FakeView::position, L"X = 20 m");
+    const float x = ModelPosition(shell.database.path, 2);
+    EXPECT_EQ(FakeView::position, FormatMessage(kMsgPosition, {x}));
+}
+
+TEST(PreviewPane, SectionWithoutPlatingClearsThePictureAndSaysWhy) {
+    const ShownSample sample;
+    ShowInPreview(sample.rows[0]);
+    std::wstring path = shell.database.path;
+    SectionModel bare;
+    bare.name = L"Bare";
+    bare.x_m = 12;
+    bare.panels.resize(2);
+    bare.panels[0].nodes.resize(1);
+    ASSERT_TRUE(ReplaceSection(path, bare, 2));
+    RecordedReports::events.clear();
+    ShowInPreview(FillModelList(path).at(1));
+    EXPECT_FALSE(shell.preview.isShown);
+    EXPECT_TRUE(RecordedReports::Happened("clear preview"));
+    EXPECT_FALSE(RecordedReports::Happened("redraw preview"));
+    EXPECT_EQ(FakeView::whyNoPicture, L"This section has no plating to draw.");
+    EXPECT_EQ(FakeView::position, FormatMessage(kMsgPosition, {12.0F}));
+    EXPECT_TRUE(RecordedReports::Of("warning").empty());
+}
+
+TEST(PreviewPane, SectionOfAShipWithoutDataClearsThePictureAndSaysWhy) {
+    const ShownSample sample;
+    for (const int item : {1, 2, 3, 9}) {
+        const float value = std::exchange(shell.database.bsd.MainData(item), 0.0F);
+        RecordedReports::events.clear();
+        ShowInPreview(sample.rows[0]);
+        EXPECT_FALSE(shell.preview.isShown) << item;
+        EXPECT_TRUE(RecordedReports::Happened("clear preview")) << item;
+        EXPECT_EQ(FakeView::whyNoPicture, GetMessage(kMsgNoShipData)) << item;
+        shell.database.bsd.MainData(item) = value;
+    }
+    ShowInPreview(sample.rows[0]);
+    EXPECT_TRUE(shell.preview.isShown) << "as soon as the data are there";
 }
 
 TEST(PreviewPane, WithoutThePreviewOnlyThePositionIsRead) {
@@ -69,10 +122,11 @@ TEST(PreviewPane, WithoutThePreviewOnlyThePositionIsRead) {
     EXPECT_TRUE(shell.preview.section.name.empty());
     EXPECT_TRUE(RecordedReports::Happened("clear preview"));
     EXPECT_FALSE(RecordedReports::Happened("redraw preview"));
+    EXPECT_EQ(FakeView::whyNoPicture, L"") << "the user does not want one";
     EXPECT_EQ(FakeView::position, L"X = 20 m");
 }
 
-TEST(PreviewPane, BulkheadAndTorsionModelClearThePreviewWithoutABox) {
+TEST(PreviewPane, BulkheadAndTorsionModelClearThePreviewWithoutABoxAndSayWhy) {
     for (const char* keyword : {"BHA", "TORSION"}) {
         ShownDatabase window;
         window.Open("DATABASE\r\n" + Block(1, "SECTION", "Midship", " 100 ") +
@@ -85,6 +139,8 @@ TEST(PreviewPane, BulkheadAndTorsionModelClearThePreviewWithoutABox) {
         EXPECT_FALSE(shell.preview.isShown) << keyword;
         EXPECT_TRUE(RecordedReports::Happened("clear preview"));
         EXPECT_TRUE(RecordedReports::Of("warning").empty());
+        EXPECT_EQ(FakeView::whyNoPicture,
+                  FormatMessage(kMsgNoPictureOfKind, {KindName(rows[1].kind)}));
         EXPECT_EQ(shell.preview.section.name, L"Midship") << "no section is read";
         const float x = ModelPosition(shell.database.path, 2);
         EXPECT_EQ(FakeView::position, FormatMessage(kMsgPosition, {x}));
@@ -101,25 +157,23 @@ TEST(PreviewPane, SectionThatCannotBeReadClearsThePreview) {
     ShowInPreview(row);
     EXPECT_FALSE(shell.preview.isShown);
     EXPECT_TRUE(RecordedReports::Happened("clear preview"));
+    EXPECT_EQ(FakeView::whyNoPicture, L"") << "a box has said it";
 }
 
 TEST(PreviewPane, DeselectingClearsThePreview) {
-    ShownDatabase window;
-    window.Open(Database(1));
-    FakeView::previewOn = true;
-    ShowInPreview(FillModelList(shell.database.path).at(0));
+    const ShownSample sample;
+    ShowInPreview(sample.rows[0]);
+    ASSERT_TRUE(shell.preview.isShown);
     ClearPreviewPane();
+    EXPECT_EQ(FakeView::whyNoPicture, L"");
     EXPECT_FALSE(shell.preview.isShown);
     EXPECT_TRUE(RecordedReports::Happened("clear preview"));
 }
 
 TEST(PreviewPane, RepaintDrawsFromMemoryNotFromTheFile) {
-    ShownDatabase window;
+    const ShownSample sample;
     CountingLibrary library;
-    window.Open(Database(1));
-    FakeView::previewOn = true;
-    ShowInPreview(FillModelList(shell.database.path).at(0));
-    ShipOfOnePanel();
+    ShowInPreview(sample.rows[0]);
     test::WriteFileBytes(shell.database.path, "no database any more");
     RecordedReports::events.clear();
     DrawPreview(library.picture);

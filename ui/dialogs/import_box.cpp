@@ -49,9 +49,15 @@ void OnListClick(HWND window, ImportBox& box) {
     const bool isOn = IsDlgButtonChecked(window, OP_Preview) == BST_CHECKED;
     box.isShown = isOn && current != nullptr &&
                   ReadForExchange(box.files.path, *current, box.section, box.bsd);
+    std::wstring why;
+    if (box.isShown) {
+        why = WhyNoPicture(box.section, box.bsd);
+    } else if (isOn && current != nullptr && current->kind != ModelKind::kSection) {
+        why = WhyNoPicture(current->kind);
+    }
     // A section that cannot be drawn must not leave the one before it in the picture.
-    ClearSectionPicture(picture);
-    if (box.isShown) RedrawSectionPicture(picture);
+    ClearSectionPicture(picture, why);
+    if (box.isShown && why.empty()) RedrawSectionPicture(picture);
     SetDlgItemTextW(window, LB_Service, box.isShown ? ServiceText(box.bsd).c_str() : L"");
 }
 

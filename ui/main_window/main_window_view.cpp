@@ -151,7 +151,9 @@ void FillInContents(View& view) {
     view.focusList = FocusList;
     view.isPreviewOn = [] { return IsDlgButtonChecked(MainHandle(), OP_Preview) == BST_CHECKED; };
     view.redrawPreview = [] { RedrawSectionPicture(MainControl(PIC_Section)); };
-    view.clearPreview = [] { ClearSectionPicture(MainControl(PIC_Section)); };
+    view.clearPreview = [](const std::wstring& why) {
+        ClearSectionPicture(MainControl(PIC_Section), why);
+    };
     view.setPositionText = [](const std::wstring& text) { SetText(MainControl(LB_X), text); };
     view.setFrameText = [](const std::wstring& text) { SetText(MainControl(LB_Frame), text); };
     view.setSectionMenuCaption = [](const std::wstring& text) {

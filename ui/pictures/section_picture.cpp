@@ -12,9 +12,16 @@
 namespace corvane {
 namespace {
 
+// Around a text in the picture, at 96 dots an inch.
+constexpr int kTextMargin = 8;
+
+// The window's text while it shows a section; readers of the screen say it.
+constexpr wchar_t kCaption[] = L"Preview of the section";
+
 // Belongs to the window from its creation on, and goes with it.
 struct PictureState {
     PictureContents source;
+    std::wstring why;            // what an empty picture says
     HBITMAP contents = nullptr;  // what the window shows; all drawing goes here
     SIZE size{};                 // [px]
     Picture scale;               // the user scale, kept from one drawing to the next
@@ -103,6 +110,35 @@ void DrawOn(HWND window, const std::function<void(Picture&)>& draw) {
     InvalidateRect(window, nullptr, FALSE);
 }
 
+// Draws the text in the middle of the picture, on as many lines as it needs.
+void DrawWhy(Picture& picture) {
+    const HWND window = static_cast<HWND>(picture.window);
+    auto& device = *static_cast<BitmapDevice*>(picture.context);
+    const std::wstring& why = StateOf(window)->why;
+    RECT client{};
+    GetClientRect(window, &client);
+    const int margin = Scaled(kTextMargin, DpiOf(window));
+    InflateRect(&client, -margin, -margin);
+    device.font = CreateMessageFont(DpiOf(window), 100);
+    SelectObject(device.dc, device.font);
+    SetBkMode(device.dc, TRANSPARENT);
+    SetTextColor(device.dc, GetSysColor(COLOR_WINDOWTEXT));
+    constexpr UINT kFormat = DT_CENTER | DT_WORDBREAK | DT_NOPREFIX;
+    RECT text = client;
+    DrawTextW(device.dc, why.c_str(), -1, &text, kFormat | DT_CALCRECT);
+    const LONG free = (client.bottom - client.top) - (text.bottom - text.top);
+    client.top += free > 0 ? free / 2 : 0;
+    DrawTextW(device.dc, why.c_str(), -1, &client, kFormat);
+}
+
+// Draws the section, or what the empty picture says.
+void DrawContents(HWND window) {
+    const PictureState& state = *StateOf(window);
+    if (state.why.empty()) return DrawOn(window, state.source.draw);
+    DrawOn(window, SyncGraphicsFrame);
+    DrawOn(window, DrawWhy);
+}
+
 // A bitmap of the window's size, with as much of the old contents as it holds.
 void TakeSize(HWND window, SIZE size) {
     PictureState& state = *StateOf(window);
@@ -122,7 +158,7 @@ void TakeSize(HWND window, SIZE size) {
     if (state.contents != nullptr) DeleteObject(state.contents);
     state.contents = contents;
     state.size = size;
-    DrawOn(window, state.source.draw);
+    DrawContents(window);
 }
 
 void ShowContents(HWND window, HDC dc) {
@@ -160,7 +196,7 @@ void OnPaint(HWND window) {
 // The background is in the colours of the system.
 void OnColoursChanged(HWND window) {
     DrawOn(window, SyncGraphicsFrame);
-    DrawOn(window, StateOf(window)->source.draw);
+    DrawContents(window);
 }
 
 void OnNcDestroy(HWND window) {
@@ -226,18 +262,22 @@ HWND CreateSectionPicture(HWND parent, PictureContents contents) {
     RegisterClassExW(&windowClass);
     auto state = std::make_unique<PictureState>();
     state->source = std::move(contents);
-    return CreateWindowExW(WS_EX_CLIENTEDGE, kSectionPictureClass, L"Preview of the section",
-                           WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, parent,
-                           reinterpret_cast<HMENU>(INT_PTR{PIC_Section}), windowClass.hInstance,
-                           state.release());
+    return CreateWindowExW(WS_EX_CLIENTEDGE, kSectionPictureClass, kCaption, WS_CHILD | WS_VISIBLE,
+                           0, 0, 0, 0, parent, reinterpret_cast<HMENU>(INT_PTR{PIC_Section}),
+                           windowClass.hInstance, state.release());
 }
 
 void RedrawSectionPicture(HWND picture) {
-    DrawOn(picture, StateOf(picture)->source.draw);
+    StateOf(picture)->why.clear();
+    SetWindowTextW(picture, kCaption);
+    DrawContents(picture);
 }
 
-void ClearSectionPicture(HWND picture) {
+void ClearSectionPicture(HWND picture, const std::wstring& why) {
+    StateOf(picture)->why = why;
+    SetWindowTextW(picture, why.empty() ? kCaption : why.c_str());
     DrawOn(picture, SyncGraphicsFrame);
+    if (!why.empty()) DrawOn(picture, DrawWhy);
 }
 
 }  // namespace corvane

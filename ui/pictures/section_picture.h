@@ -21,6 +21,7 @@ HWND CreateSectionPicture(HWND parent, PictureContents contents);
 // Draws the section. Where there is none, or the Basic Ship Data are not defined, the picture keeps
 // its contents.
 void RedrawSectionPicture(HWND picture);
-void ClearSectionPicture(HWND picture);
+// Empties the picture; a text, which is also the window's own then, says in its middle why.
+void ClearSectionPicture(HWND picture, const std::wstring& why = {});
 
 }  // namespace corvane
