@@ -119,7 +119,7 @@ struct ExchangeTest : MainWindowFixture {
         EXPECT_EQ(status, 0);
         return names;
     }
-    // A slot is there before it has its name, and while the program writes the file it can't be read.
+    // While the program writes the file it cannot be read.
     static bool GetsNewSection(const std::wstring& path, const char* name) {
         return WaitUntil([&] {
             int16_t status = -1;
