@@ -12,9 +12,9 @@
 #include "platform/system.h"
 #include "platform/ztvelk32.h"
 
+namespace corvane {
 namespace {
 
-using namespace corvane;
 using fuzz::Require;
 
 std::wstring NewDatabase() {
@@ -60,12 +60,16 @@ void Exchange(SectionModel& section) {
     system::RemoveFile(path);
 }
 
-}  // namespace
-
-CORVANE_FUZZ_TARGET(legacy_exchange) {
-    if (bytes.size() > 16 * 1024) return;
+void ExchangeBytes(std::string_view bytes) {
     SectionModel section;
     fuzz::ReadBytes(
         bytes, [&](TextReader& reader) { ReadSectionLines(reader, ModelKind::kSection, section); });
     Exchange(section);
+}
+
+}  // namespace
+}  // namespace corvane
+
+CORVANE_FUZZ_TARGET(legacy_exchange) {
+    if (bytes.size() <= 16 * 1024) corvane::ExchangeBytes(bytes);
 }
