@@ -1,4 +1,4 @@
-// A full legacy database, 20 sections, converted into a model database, and one written.
+// A full legacy database, 20 sections, converted into a model database; and one of 200 written.
 #include <benchmark/benchmark.h>
 
 #include "database/creating.h"
@@ -16,6 +16,7 @@ namespace corvane {
 namespace {
 
 constexpr int16_t kSections = kLegacyListedSections;
+constexpr int16_t kWrittenSections = 200;
 
 std::wstring NewFile() {
     std::wstring path;
@@ -61,11 +62,11 @@ SectionModel FullSection(int16_t number) {
 }
 
 // A model database of that many full sections; appends them as a conversion does.
-std::wstring MakeModels() {
+std::wstring MakeModels(int16_t count) {
     std::wstring path = NewFile();
     BasicShipData bsd = NewBasicShipData(L"SHIP");
     CreateDatabaseFile(path, bsd);
-    for (int16_t number = 1; number <= kSections; ++number) {
+    for (int16_t number = 1; number <= count; ++number) {
         SectionModel section = FullSection(number);
         ReplaceSection(path, section, number);
     }
@@ -73,7 +74,7 @@ std::wstring MakeModels() {
 }
 
 void ConvertLegacyDatabase(benchmark::State& state) {
-    const std::wstring models = MakeModels();
+    const std::wstring models = MakeModels(kSections);
     const std::wstring legacy = NewFile();
     if (!ExportDatabase(models, legacy)) state.SkipWithError("no legacy database");
     std::wstring target = NewFile();
@@ -95,7 +96,7 @@ void ConvertLegacyDatabase(benchmark::State& state) {
 BENCHMARK(ConvertLegacyDatabase)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
 
 void WriteLegacyDatabase(benchmark::State& state) {
-    const std::wstring models = MakeModels();
+    const std::wstring models = MakeModels(kWrittenSections);
     const std::wstring legacy = NewFile();
     for (auto _ : state) {
         if (!ExportDatabase(models, legacy)) state.SkipWithError("not written");

@@ -80,6 +80,10 @@ void UseFile(std::string_view bytes) {
     }
     extendvelkdb(path.c_str(), &shipStatus);
     Require(status == kLegacyDone || shipStatus == status);
+    const int16_t before = count;
+    getvelksections(path.c_str(), &status, &count, entries.data());
+    const int16_t after = shipStatus == kLegacyDone ? before + 1 : before;
+    Require(status != kLegacyDone || count == std::min<int>(after, kLegacyListedSections));
     system::RemoveFile(file);
 }
 

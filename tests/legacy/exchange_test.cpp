@@ -397,20 +397,6 @@ TEST_F(Exchange, LossesOfAWholeDatabaseAreReportedOnceSectionBySection) {
                            {L"Frame 30", {FormatMessage(2009, {8})}}})});
 }
 
-TEST_F(Exchange, LossesThatFillTheScreenAreCut) {
-    std::vector<SectionModel> sections;
-    for (int i = 0; i < 30; ++i) {
-        sections.push_back(SmallSection(L"Frame " + std::to_wstring(i), 1));
-        sections.back().panels[0].pillars.resize(9);
-    }
-    WriteModels(sections);
-    EXPECT_TRUE(ExportDatabase(source, target));
-    const Calls warnings = Warnings();
-    ASSERT_EQ(warnings.size(), 1u);
-    EXPECT_LT(std::count(warnings[0].begin(), warnings[0].end(), '\r'), 45);
-    EXPECT_TRUE(warnings[0].ends_with("... and 37 more.")) << warnings[0];
-}
-
 TEST_F(Exchange, FaultyGeometryShowsNoBox) {
     SectionModel section = SmallSection(L"Frame 10", 7.5F);
     Panel panel;

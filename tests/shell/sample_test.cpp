@@ -17,6 +17,7 @@
 #include "database/section_block.h"
 #include "database/section_view.h"
 #include "files/text_file.h"
+#include "legacy/compartments.h"
 #include "legacy/exchange.h"
 #include "preview/section_preview.h"
 #include "tests/shell/sample_models.h"
@@ -255,6 +256,40 @@ TEST_F(SampleTest, LegacyDatabaseMadeAgainIsTheSame) {
     const std::string bytes = test::ReadFileBytes(made);
     EXPECT_EQ(bytes.size(), 150620u);
     EXPECT_TRUE(bytes == test::ReadFileBytes(legacyPath));
+}
+
+// Figures of docs/sample-ship.md; along the chords they would be 2.34 and 37.48.
+TEST_F(SampleTest, TanksEndAtTheRoundedPlating) {
+    const struct {
+        int16_t section;
+        const wchar_t* tank;
+        float area_m2, centreY_m;
+    } tanks[] = {{1, L"Bilge water tank", 2.770F, 8.414F},
+                 {2, L"Double bottom and hopper tank", 43.971F, 10.621F}};
+    for (const auto& expected : tanks) {
+        SectionModel section = ReadSection(expected.section);
+        LibraryView view;
+        MakeLibraryView(section, view);
+        QuickCompute(&view.section, nullptr);
+        const auto tank = std::find_if(
+            section.compartments.begin(), section.compartments.end(),
+            [&](const Compartment& compartment) { return compartment.name == expected.tank; });
+        ASSERT_NE(tank, section.compartments.end());
+        ComputeCompartment(view.section, *tank);
+        EXPECT_NEAR(tank->area_m2, expected.area_m2, 0.001);
+        EXPECT_NEAR(tank->centreY_m, expected.centreY_m, 0.001);
+    }
+}
+
+TEST_F(SampleTest, FlangesOfTheSideAreTurned) {
+    for (int16_t number = 1; number <= kSectionCount; ++number) {
+        for (const Panel& panel : ReadSection(number).panels) {
+            const bool isSide = panel.name == L"Side shell" || panel.name == L"Sheer strake";
+            for (const StiffenerDetail& detail : panel.stiffenerDetails) {
+                EXPECT_EQ(detail.mirrored, isSide ? -1 : 0) << number << Narrow(panel.name);
+            }
+        }
+    }
 }
 
 TEST_F(SampleTest, LegacyDatabaseHasTheShipAndItsSections) {

@@ -147,7 +147,9 @@ TEST_F(ImportBoxTest, PreviewFollowsTheClickedItem) {
         EXPECT_NE(DrawnPixels(window), first);
         const int last = static_cast<int>(Count(window, LI_Sections)) - 1;
         SelectItems(window, {last});
-        EXPECT_TRUE(ShowsNoPreview(window)) << "no section, so there is nothing to be drawn";
+        EXPECT_EQ(test::TextOf(window, PIC_Section),
+                  "There is no picture for a model of this kind (Torsion).");
+        EXPECT_TRUE(test::TextOf(window, LB_Service).empty());
     });
 }
 

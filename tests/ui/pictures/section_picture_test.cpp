@@ -54,6 +54,18 @@ struct SectionPicture : testing::Test {
     }
     // Number of pixels in the colour of plating that a repaint shows.
     int PlatingPixels() const {
+        return CountPixels([](COLORREF colour) { return colour == RGB(0, 0, 255); });
+    }
+    // Number of pixels that are not empty ground.
+    int InkedPixels() const {
+        return CountPixels([](COLORREF colour) { return colour != GetSysColor(COLOR_WINDOW); });
+    }
+    std::wstring Caption() const {
+        wchar_t text[200] = L"";
+        GetWindowTextW(picture, text, 200);
+        return text;
+    }
+    int CountPixels(bool (*isCounted)(COLORREF)) const {
         RECT client{};
         GetClientRect(picture, &client);
         const HDC screen = GetDC(picture);
@@ -64,7 +76,7 @@ struct SectionPicture : testing::Test {
         int count = 0;
         for (int y = 0; y < client.bottom; ++y) {
             for (int x = 0; x < client.right; ++x) {
-                count += GetPixel(dc, x, y) == RGB(0, 0, 255) ? 1 : 0;
+                count += isCounted(GetPixel(dc, x, y)) ? 1 : 0;
             }
         }
         SelectObject(dc, before);
@@ -105,6 +117,33 @@ TEST_F(SectionPicture, ClearingEmptiesIt) {
     ShowDeck();
     ClearSectionPicture(picture);
     EXPECT_EQ(PlatingPixels(), 0);
+}
+
+TEST_F(SectionPicture, EmptyPictureSaysWhy) {
+    ShowDeck();
+    ClearSectionPicture(picture, L"This section has no plating to draw.");
+    EXPECT_EQ(PlatingPixels(), 0);
+    EXPECT_GT(InkedPixels(), 100);
+    EXPECT_EQ(Caption(), L"This section has no plating to draw.");
+    shell.preview.isShown = false;
+    SetWindowPos(picture, nullptr, 0, 0, 154, 154, SWP_NOZORDER | SWP_NOACTIVATE);
+    EXPECT_GT(InkedPixels(), 100) << "at any size";
+    SendMessageW(picture, WM_SYSCOLORCHANGE, 0, 0);
+    EXPECT_GT(InkedPixels(), 100) << "in any colours";
+    ClearSectionPicture(picture);
+    EXPECT_EQ(InkedPixels(), 0);
+    EXPECT_EQ(Caption(), L"Preview of the section");
+}
+
+TEST_F(SectionPicture, SectionTakesThePlaceOfTheText) {
+    ClearSectionPicture(picture, L"none");
+    ShowDeck();
+    const int shown = InkedPixels();
+    EXPECT_GT(PlatingPixels(), 300);
+    EXPECT_EQ(Caption(), L"Preview of the section");
+    ClearSectionPicture(picture);
+    RedrawSectionPicture(picture);
+    EXPECT_EQ(InkedPixels(), shown) << "nothing of the text is left";
 }
 
 TEST_F(SectionPicture, DrawsAnewAtANewSize) {
