@@ -31,21 +31,6 @@ bool FindHeader(TextReader& reader) {
     return false;
 }
 
-// Goes to the header line of the block, which is before the first model. False when there is none.
-bool FindHeader(TextReader& reader) {
-    const std::string modelMarker = GetMessageBytes(kMsgModelMarker);
-    int64_t position = LinePosition(reader);
-    std::string_view line;
-    while (ReadLine(reader, line) && line != modelMarker) {
-        if (line == kBsdHeaderLine) {
-            SeekLine(reader, position);
-            return true;
-        }
-        position = LinePosition(reader);
-    }
-    return false;
-}
-
 // Passes over the comment lines that follow.
 void SkipCommentLines(TextReader& reader) {
     std::string_view line;

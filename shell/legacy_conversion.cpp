@@ -45,17 +45,6 @@ bool ConfirmListed(const std::wstring& legacyPath, size_t listed, ExchangeLosses
         ExpandLineBreaks(FormatMessage(kMsgMoreSectionsQuestion, {legacyPath, count, shown})));
 }
 
-// The library lists 20 sections at most. When there are more, the user says whether those are to be
-// converted; how many are left out is noted.
-bool ConfirmListed(const std::wstring& legacyPath, size_t listed, ExchangeLosses& losses) {
-    const int32_t count = CountLegacySections(legacyPath, listed);
-    const auto shown = static_cast<int32_t>(listed);
-    if (count <= shown) return true;
-    NoteLoss(losses.whole, kMsgSectionsNotConverted, {count - shown, count});
-    return shell.view.askYesNo(
-        ExpandLineBreaks(FormatMessage(kMsgMoreSectionsQuestion, {legacyPath, count, shown})));
-}
-
 // Appends the sections to a database that has no model.
 bool AppendSections(const std::wstring& legacyPath, std::wstring& path, ExchangeLosses& losses) {
     int16_t status = 0;
