@@ -92,7 +92,7 @@ TEST(ChildProgramTest, OnlyCodesOfExceptionsAreACrash) {
 TEST(ChildProgramTest, FolderThatLooksLikeAProgramStartsNoOther) {
     const test::TemporaryFolder folder;
     const std::wstring planted = folder.File(L"v1.exe");
-    const std::wstring program = folder.File(L"v1.exe files\Sect Input.exe");
+    const std::wstring program = folder.File(L"v1.exe files\\Sect Input.exe");
     ASSERT_EQ(system::MakeDirectory(FolderOf(program)), system::kErrorNone);
     CopyChild(planted);
     CopyChild(program);
