@@ -259,7 +259,8 @@ TEST_F(FileCommandsTest, ImportMakesTheGoldenFile) {
     Open(File(L"ship.ve2"));
     ASSERT_TRUE(DatabaseBecomes(File(L"ship.ve2")));
     Give(ME_FileImportBSD, L"Import", File(L"data.bsd"));
-    EXPECT_TRUE(TextBecomes(GetDlgItem(main, PAN_Help), L""));
+    EXPECT_TRUE(TextBecomes(GetDlgItem(main, PAN_Help),
+                            L"The Basic Ship Data were read from '" + File(L"data.bsd") + L"'"));
     EXPECT_EQ(ReadFileBytes(File(L"ship.ve2")), Golden("imported_bsd.ve2"));
 }
 

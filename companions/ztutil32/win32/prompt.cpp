@@ -75,8 +75,8 @@ Answer Ask(Prompt& prompt, int32_t size) {
     const Answer answer = ShowOnce(prompt);
     if (answer != Answer::kChosen || IsUsable(prompt.fileName, size)) return answer;
     MessageBoxW(GetActiveWindow(),
-                L"This name is too long, or has characters that the system's code page lacks.\n"
-                L"Please choose another one.",
+                L"This name cannot be used.\n\nUse at most 259 characters, folders included, and "
+                L"only letters of the language that Windows is set to.",
                 prompt.caption.c_str(), MB_OK | MB_ICONEXCLAMATION);
     return Answer::kUnusable;
 }

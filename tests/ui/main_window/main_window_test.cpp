@@ -83,7 +83,7 @@ TEST(MainWindowWindow, WithoutADatabaseListAndMenusAreDisabled) {
     EXPECT_TRUE(open.MenuGreyed(1, MF_BYPOSITION));
     EXPECT_TRUE(open.MenuGreyed(2, MF_BYPOSITION));
     EXPECT_FALSE(open.MenuGreyed(0, MF_BYPOSITION));
-    EXPECT_EQ(open.Text(PAN_Help), test::Narrow(GetMessage(kMsgInputBsdFirst)) + "...");
+    EXPECT_EQ(open.Text(PAN_Help), test::Narrow(GetMessage(kMsgNoDatabaseOpen)));
 }
 
 TEST(MainWindowWindow, MenuItemsAreGreyedAsTheTableTells) {
