@@ -10,6 +10,7 @@
 #include "shell/open_database.h"
 #include "shell/state.h"
 #include "tests/shell/fake_view.h"
+#include "tests/shell/shown_database.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -125,6 +126,53 @@ TEST(Commands, QuitClosesTheWindow) {
     const test::FakeView screen;
     FindCommand(ME_FileQuit)->run();
     EXPECT_EQ(test::RecordedReports::events, std::vector<std::string>{"close"});
+}
+
+TEST(Commands, LockReachesTheWindow) {
+    const test::ShownDatabase window;
+    LockShell(true);
+    LockShell(false);
+    EXPECT_EQ(test::RecordedReports::events, (std::vector<std::string>{"lock", "unlock"}));
+}
+
+TEST(Commands, CommandThatIsMissingTellsSo) {
+    const test::ShownDatabase window;
+    NotImp();
+    EXPECT_EQ(test::RecordedReports::Of("plain"), std::vector<std::string>{"not implemented"});
+}
+
+TEST(Commands, CommandsAreEnabledByTheState) {
+    const test::ShownDatabase window;
+    Command command{};
+    const auto enabled = [&](EnabledWhen when, bool rowSelected) {
+        command.enabledWhen = when;
+        test::FakeView::selected = rowSelected ? 0 : -1;
+        return IsEnabled(command);
+    };
+    EXPECT_TRUE(enabled(EnabledWhen::kAlways, false));
+    EXPECT_FALSE(enabled(EnabledWhen::kDatabaseOpen, true));
+    EXPECT_FALSE(enabled(EnabledWhen::kBsdDefined, true));
+    EXPECT_FALSE(enabled(EnabledWhen::kModelSelected, false));
+    EXPECT_TRUE(enabled(EnabledWhen::kModelSelected, true));
+    shell.database.path = L"C:\\ship.ve2";
+    EXPECT_TRUE(enabled(EnabledWhen::kDatabaseOpen, false));
+    EXPECT_FALSE(enabled(EnabledWhen::kBsdDefined, false));
+    test::DefineBsd();
+    EXPECT_TRUE(enabled(EnabledWhen::kBsdDefined, false));
+}
+
+TEST(Commands, BsdMenuOpensWithADatabaseAndCreateMenuWithItsBsd) {
+    const test::ShownDatabase window;
+    EXPECT_TRUE(IsMenuEnabled(Menu::kFile));
+    EXPECT_TRUE(IsMenuEnabled(Menu::kSection));
+    EXPECT_TRUE(IsMenuEnabled(Menu::kHelp));
+    EXPECT_FALSE(IsMenuEnabled(Menu::kBsd));
+    EXPECT_FALSE(IsMenuEnabled(Menu::kCreate));
+    shell.database.path = L"C:\\ship.ve2";
+    EXPECT_TRUE(IsMenuEnabled(Menu::kBsd));
+    EXPECT_FALSE(IsMenuEnabled(Menu::kCreate));
+    test::DefineBsd();
+    EXPECT_TRUE(IsMenuEnabled(Menu::kCreate));
 }
 
 }  // namespace
