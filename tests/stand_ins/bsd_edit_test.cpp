@@ -193,7 +193,8 @@ TEST_F(BsdEditTest, FortyZonesAndNoZoneAreSaved) {
 TEST_F(BsdEditTest, DatabaseWithoutTheBlockIsReported) {
     test::WriteFileBytes(path, "CORVANE DATABASE\r\n*\r\n");
     EXPECT_FALSE(OpenForm(kBsdEditor, Line(), form));
-    EXPECT_EQ(Warning(), Narrow(path) + " : not a valid Corvane file");
+    EXPECT_EQ(Warning(),
+              test::AdvisedText(path + L" : not a valid Corvane file", kMsgForeignFileAdvice));
 }
 
 TEST_F(BsdEditTest, ModelNumberIsIgnored) {
