@@ -217,7 +217,9 @@ TEST(OpenDatabaseTest, RowsCarryTheNumbersOfTheirBlocks) {
     ShownDatabase window;
     window.Open(FiveModels({" 1 ", " 3 ", " 2 ", " 40 ", " 5 "}));
     RefreshMainWindow();
-    EXPECT_EQ(Ids(), (Events{" 1", " 3", " 2", "40", " 5"}));
+    Events ids;
+    for (const ModelRow& row : FakeView::rows) ids.push_back(Narrow(row.id));
+    EXPECT_EQ(ids, (Events{" 1", " 3", " 2", "40", " 5"}));
     const int32_t numbers[] = {1, 3, 2, 40, 5};
     const char* const positions[] = {"X = 10 m", "X = 20 m", "X = 30 m", "X = 40 m", "X = 50 m"};
     for (int row = 0; row < 5; ++row) {

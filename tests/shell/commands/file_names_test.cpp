@@ -37,7 +37,7 @@ struct Before {
     std::wstring databasePath = shell.database.path;
     std::wstring browseDirectory = shell.settings.BrowseDirectory;
     BasicShipData bsd = shell.database.bsd;
-    int16_t currentModel = shell.database.currentModel;
+    int32_t currentModel = shell.database.currentModel;
 
     bool IsUnchanged() const {
         return shell.database.path == databasePath && shell.database.bsd == bsd &&
