@@ -42,7 +42,7 @@ if(NOT compiler IN_LIST known_compilers)
 elseif(CORVANE_WERROR)
     target_compile_options(corvane_flags INTERFACE -Werror)
 endif()
-if(compiler STREQUAL GNU-14)
+if(compiler STREQUAL GNU-14 OR (WIN32 AND compiler STREQUAL GNU-12))
     # In the standard library's code for texts, its optimiser warns of overruns that cannot be.
     target_compile_options(corvane_flags INTERFACE
         -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)

@@ -2,6 +2,7 @@
 
 #include "files/file_system.h"
 #include "files/paths.h"
+#include "files/settings_file.h"
 #include "platform/system.h"
 #include "report/reporters.h"
 #include "shell/settings.h"
@@ -16,12 +17,12 @@ constexpr char kProgramKey[] = "Program";
 constexpr char kDatabaseKey[] = "Database";
 
 void Write(const char* key, const std::wstring& value) {
-    system::WriteProfileText(kSection, key, system::AnsiFromWide(value), kSettingsFile);
+    WriteIniText(kSection, key, system::AnsiFromWide(value), SettingsFile());
 }
 
 std::wstring Read(const char* key) {
     return GetIniString(system::WideFromAnsi(kSection), system::WideFromAnsi(key), L"",
-                        kSettingsFile);
+                        SettingsFile());
 }
 
 }  // namespace
