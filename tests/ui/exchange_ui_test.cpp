@@ -104,10 +104,13 @@ struct ExchangeTest : MainWindowFixture {
         ASSERT_TRUE(Press(told, IDOK));
         EXPECT_TRUE(WaitUntil([&] { return IsWindowVisible(box) && IsWindowEnabled(box); }));
     }
-    void ExpectMainReady() const {
+    void ExpectMainReady(const wchar_t* status = L"") const {
         EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(main) != FALSE; }));
-        EXPECT_TRUE(TextBecomes(Control(PAN_Help), L""));
+        EXPECT_TRUE(TextBecomes(Control(PAN_Help), status)) << Narrow(TextOf(Control(PAN_Help)));
         EXPECT_EQ(program.FindNow(L"#32770"), nullptr);
+    }
+    void ExpectExported(const std::wstring& name) const {
+        ExpectMainReady((L"The section '" + name + L"' was written to '" + legacy + L"'").c_str());
     }
     // The names in the legacy database.
     static Texts LegacyNames(const std::wstring& path) {
@@ -159,7 +162,7 @@ TEST_F(ExchangeTest, ExportMakesANewSlot) {
     ASSERT_TRUE(GetsNewSection(legacy, "Frame 30, new"));
     EXPECT_EQ(LegacyNames(legacy).size(), 10U);
     EXPECT_NEAR(LegacyPosition(legacy, 10), 20.7, 0.001);
-    ExpectMainReady();
+    ExpectExported(L"Frame 30, new");
 }
 
 TEST_F(ExchangeTest, ExportReplacesTheSelectedSection) {
@@ -176,7 +179,7 @@ TEST_F(ExchangeTest, ExportReplacesTheSelectedSection) {
     ASSERT_TRUE(PressButton(box, IDOK));
     EXPECT_TRUE(WaitUntil([&] { return LegacyPosition(legacy, 5) < 21; }));
     EXPECT_EQ(LegacyNames(legacy), before) << "neither a new slot nor another name";
-    ExpectMainReady();
+    ExpectExported(L"Engine room, frame 30");
 }
 
 TEST_F(ExchangeTest, ExportByTheKeyboardAlone) {
@@ -190,7 +193,7 @@ TEST_F(ExchangeTest, ExportByTheKeyboardAlone) {
     ASSERT_TRUE(HasClosed(box));
     ASSERT_TRUE(GetsNewSection(legacy, "Frame 30, keys"));
     EXPECT_EQ(LegacyNames(legacy).size(), 10U);
-    ExpectMainReady();
+    ExpectExported(L"Frame 30, keys");
 
     box = OpenBoxByKeys('X');
     Type({VK_DOWN});
@@ -207,7 +210,7 @@ TEST_F(ExchangeTest, ExportByTheKeyboardAlone) {
     ASSERT_TRUE(HasClosed(box));
     EXPECT_TRUE(WaitUntil([&] { return LegacyPosition(legacy, 3) < 21; }));
     EXPECT_EQ(LegacyNames(legacy).size(), 10U);
-    ExpectMainReady();
+    ExpectExported(L"Engine room, frame 30");
 }
 
 TEST_F(ExchangeTest, ExportOkTellsWhatIsMissingAndStays) {

@@ -171,7 +171,7 @@ TEST_F(ModelCommandsUi, InputBoxIsModalInTheMiddleOfTheMainWindowAndProposesTheN
     ASSERT_NE(box, nullptr);
     EXPECT_EQ(GetWindow(box, GW_OWNER), program.main);
     EXPECT_FALSE(IsWindowEnabled(program.main));
-    EXPECT_EQ(Narrow(TextOf(box)), "Corvane");
+    EXPECT_EQ(Narrow(TextOf(box)), "Copy Bulkhead");
     EXPECT_EQ(Narrow(TextOf(GetDlgItem(box, LB_Question))), "Input the name of the copy");
     EXPECT_EQ(Narrow(TextOf(GetDlgItem(box, TX_Answer))), "Copy of " + program.Cell(1, 0));
     RECT inner{};
@@ -454,12 +454,12 @@ TEST_F(ModelCommandsUi, ReadOnlyDatabaseAndACancelledPromptChangeNothing) {
     ExpectUntouched();
 }
 
-TEST_F(ModelCommandsUi, DeleteInAReadOnlyDatabaseIsReported) {
+TEST_F(ModelCommandsUi, DeleteInAReadOnlyDatabaseIsRefusedWithoutAQuestion) {
     SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY);
     const OpenProgram program(*this);
     ASSERT_NE(program.main, nullptr);
     program.Run(0, ME_SectionRemove);
-    EXPECT_TRUE(Press(WaitForBox(program), IDYES));
+    // At once, without a question.
     EXPECT_NE(program.Warning().find(Narrow(path)), std::string::npos);
     EXPECT_EQ(Rows(program, program.list).size(), 3U);
     ExpectUntouched();
