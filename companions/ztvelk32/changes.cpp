@@ -36,6 +36,7 @@ Changes::~Changes() {
         if (isChanged) Write(*this);
     } catch (const std::bad_alloc&) {
         // The file is as it was.
+        isChanged = false;
     }
 }
 

@@ -153,7 +153,8 @@ TEST_F(BsdLoad, HeaderLineAfterTheFirstModelIsNoBlock) {
     BasicShipData bsd = DistinctBsd();
     EXPECT_FALSE(LoadBsdFromDatabase(path, bsd));
     EXPECT_EQ(bsd, DistinctBsd());
-    EXPECT_EQ(Warnings(), std::vector{Narrow(path) + " : not a valid Corvane file"});
+    EXPECT_EQ(Warnings(), std::vector{Narrow(WithAdvice(path + L" : not a valid Corvane file",
+                                                        BoxText(kMsgForeignFileAdvice)))});
 }
 
 TEST_F(BsdLoad, FileThatCannotBeReadIsReportedAndTheRecordKeepsItsContents) {
@@ -234,7 +235,8 @@ TEST_F(BsdSave, HeaderLineAfterTheFirstModelIsNoBlock) {
     Write(text);
     BasicShipData bsd = OtherBsd();
     EXPECT_FALSE(SaveBsdToDatabase(path, bsd));
-    EXPECT_EQ(Warnings(), std::vector{Narrow(path) + " : not a valid Corvane file"});
+    EXPECT_EQ(Warnings(), std::vector{Narrow(WithAdvice(path + L" : not a valid Corvane file",
+                                                        BoxText(kMsgForeignFileAdvice)))});
     EXPECT_EQ(Text(), text);
 }
 

@@ -132,8 +132,9 @@ NoTemporaryFolder::~NoTemporaryFolder() {
 TemporaryFilesInMemory::TemporaryFilesInMemory() = default;
 TemporaryFilesInMemory::~TemporaryFilesInMemory() = default;
 
-// The profile functions look nowhere but in the Windows folder: the file there makes room.
-FreshSettingsFile::FreshSettingsFile() {
+// The file in the Windows folder makes room, and the user has no folder for a file of his own.
+FreshSettingsFile::FreshSettingsFile() : userFolder(_wgetenv(L"APPDATA")) {
+    _wputenv_s(L"APPDATA", L"");
     path = fs::path(std::getenv("SystemRoot")).wstring() + L"\\" + kSettingsFile;
     wasThere = fs::exists(path);
     if (wasThere) before = ReadFileBytes(path);
@@ -146,6 +147,7 @@ FreshSettingsFile::~FreshSettingsFile() {
     } else {
         fs::remove(path);
     }
+    _wputenv_s(L"APPDATA", userFolder.c_str());
 }
 
 #else

@@ -79,7 +79,8 @@ struct FreshSettingsFile {
     FreshSettingsFile& operator=(const FreshSettingsFile&) = delete;
 
 private:
-    std::string before;  // the old file's bytes, or the old place of the file
+    std::wstring userFolder;  // where the user's own file would be
+    std::string before;       // the old file's bytes, or the old place of the file
     bool wasThere = false;
 };
 

@@ -317,8 +317,7 @@ TEST_F(StandInUiTest, DatabaseThatAnotherProgramHoldsIsNotWritten) {
         Enter(window, 0, L"Held");
         Click(window, IDOK);
         const Box box = WaitForBox(program);
-        EXPECT_NE(Narrow(box.text).find("was not changed"), std::string::npos)
-            << Narrow(box.text);
+        EXPECT_NE(Narrow(box.text).find("was not changed"), std::string::npos) << Narrow(box.text);
         EXPECT_TRUE(Press(box, IDOK));
     }
     EXPECT_EQ(Bytes(), before);
