@@ -27,7 +27,7 @@ bool MakeEmptyFile(const std::wstring& path) {
 }  // namespace
 
 std::wstring SettingsFile() {
-    const std::wstring besideProgram =
+    std::wstring besideProgram =
         WithTrailingBackslash(DirectoryOf(system::ProgramPath())) + kSettingsFile;
     if (IsThere(besideProgram)) return besideProgram;
     const std::wstring own = OwnFolder() + kSettingsFile;
@@ -42,7 +42,7 @@ std::wstring SettingsFilePath() {
 std::wstring MakeOwnSettingsFile() {
     const std::wstring folder = OwnFolder();
     if (folder.empty()) return {};
-    const std::wstring own = folder + kSettingsFile;
+    std::wstring own = folder + kSettingsFile;
     if (IsThere(own)) return own;
     system::MakeDirectory(StripTrailingBackslash(folder));
     const std::wstring shared = system::WindowsDirectory() + kSettingsFile;
