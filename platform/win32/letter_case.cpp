@@ -6,11 +6,11 @@ namespace corvane::system {
 namespace {
 
 std::wstring Mapped(std::wstring_view text, DWORD how) {
-    const auto length = static_cast<int>(text.size());
     std::wstring result(text.size(), L'\0');
-    const int mapped = LCMapStringEx(LOCALE_NAME_INVARIANT, how, text.data(), length, result.data(),
-                                     length, nullptr, nullptr, 0);
-    return mapped == length ? result : std::wstring(text);
+    const int mapped =
+        LCMapStringEx(LOCALE_NAME_INVARIANT, how, text.data(), static_cast<int>(text.size()),
+                      result.data(), static_cast<int>(result.size()), nullptr, nullptr, 0);
+    return mapped == static_cast<int>(text.size()) ? result : std::wstring(text);
 }
 
 }  // namespace
