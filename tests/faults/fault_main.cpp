@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "tests/faults/scene.h"
+#include "tests/support/support.h"
 
 int main(int count, char** arguments) {
     const std::string mode = count > 2 ? arguments[1] : "";
@@ -16,5 +17,7 @@ int main(int count, char** arguments) {
     corvane::faults::InstallHooks();
     if (mode == "--edit") return corvane::faults::RunAsChild({arguments + 2, arguments + count});
     testing::InitGoogleTest(&count, arguments);
+    // A file that has just been written is read with other calls than an older one.
+    const corvane::test::FreshSettingsFile settings;
     return RUN_ALL_TESTS();
 }
