@@ -82,6 +82,34 @@ void WriteWithNewBlock(TextReader& reader, TextWriter& writer, BasicShipData& bs
     CopySpan(reader, -1, writer);
 }
 
+// Opens the database and goes to its block. False, and reported, when the block cannot be saved
+// there; a file that is not there is reported only if it was there before.
+bool RequireOldBlock(Rewrite& rewrite, const std::wstring& path, bool wasThere) {
+    TextReader& reader = rewrite.reader;
+    OpenOldText(rewrite, path);
+    if (reader.error == system::kErrorFileNotFound || reader.error == system::kErrorPathNotFound) {
+        if (wasThere) ReportMessage(kMsgDatabaseMissing, {path});
+        return false;
+    }
+    if (IsReadOnlyFile(path)) {
+        ShowWarning(WithAdvice(path + L" is read only!", BoxText(kMsgReadOnlyAdvice)));
+        return false;
+    }
+    const bool hasBlock = reader.error == system::kErrorNone && FindHeader(reader);
+    if (reader.error != system::kErrorNone) {
+        ReportTextNotWritten(path, reader.error);
+    } else if (!hasBlock) {
+        WarnOfForeignFile(path);
+    }
+    return hasBlock && reader.error == system::kErrorNone;
+}
+
+RewriteEnd ReplaceBlock(Rewrite& rewrite, const std::wstring& path, BasicShipData& bsd) {
+    BeginRewrite(rewrite, path);
+    WriteWithNewBlock(rewrite.reader, rewrite.writer, bsd);
+    return FinishRewrite(rewrite);
+}
+
 }  // namespace
 
 bool LoadBsdFromDatabase(const std::wstring& path, BasicShipData& bsd) {
@@ -105,26 +133,14 @@ bool LoadBsdFromDatabase(const std::wstring& path, BasicShipData& bsd) {
 }
 
 bool SaveBsdToDatabase(const std::wstring& path, BasicShipData& bsd) {
-    const system::ErrorNumber readable = AwaitReadable(path);
-    if (readable == system::kErrorFileNotFound || readable == system::kErrorPathNotFound) {
-        return false;
-    }
-    if (IsReadOnlyFile(path)) {
-        ShowWarning(WithAdvice(path + L" is read only!", BoxText(kMsgReadOnlyAdvice)));
-        return false;
-    }
-    TextReader reader;
-    if (OpenText(reader, path) && !FindHeader(reader) && reader.error == system::kErrorNone) {
-        WarnOfForeignFile(path);
-        return false;
-    }
-    Rewrite rewrite;
-    BeginRewrite(rewrite, path);
-    rewrite.keepBackup = true;
-    if (reader.error == system::kErrorNone) WriteWithNewBlock(reader, rewrite.writer, bsd);
-    // Some systems let nobody rename over a file that is open.
-    system::CloseFile(reader.file);
-    return FinishRewrite(rewrite, reader.error);
+    bool wasThere = false;
+    return RepeatUntilUnchanged(path, [&] {
+        Rewrite rewrite;
+        rewrite.keepBackup = true;
+        if (!RequireOldBlock(rewrite, path, wasThere)) return RewriteEnd::kFailed;
+        wasThere = true;
+        return ReplaceBlock(rewrite, path, bsd);
+    });
 }
 
 bool ImportBsdFile(const std::wstring& path, BasicShipData& bsd) {

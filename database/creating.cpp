@@ -50,10 +50,12 @@ bool CreateDatabaseFile(const std::wstring& path, BasicShipData& bsd) {
         ReportMessage(kMsgReadOnly, {path});
         return false;
     }
-    Rewrite rewrite;
-    BeginRewrite(rewrite, path);
-    WriteFileHead(rewrite.writer, bsd);
-    return FinishRewrite(rewrite);
+    return RepeatUntilUnchanged(path, [&] {
+        Rewrite rewrite;
+        BeginRewrite(rewrite, path);
+        WriteFileHead(rewrite.writer, bsd);
+        return FinishRewrite(rewrite);
+    });
 }
 
 }  // namespace corvane

@@ -1,6 +1,7 @@
 #include "database/editing.h"
 
 #include <algorithm>
+#include <optional>
 #include <unordered_set>
 #include <vector>
 
@@ -23,11 +24,10 @@ using system::kErrorNone;
 
 // ---- The file ----------------------------------------------------------------------------------
 
-// Opens the database that is to be edited, even if another program holds it for a moment. What is
-// not a database is reported.
-bool OpenDatabase(TextReader& reader, const std::wstring& path) {
-    AwaitReadable(path);
-    if (OpenText(reader, path) && IsDatabase(reader)) return true;
+// Opens the text of a database, which is to be edited. What is not a database is reported.
+bool OpenDatabase(Rewrite& rewrite, const std::wstring& path) {
+    TextReader& reader = rewrite.reader;
+    if (OpenOldText(rewrite, path) && IsDatabase(reader)) return true;
     if (reader.error == kErrorNone) {
         ReportMessage(kMsgNoDatabase, {path});
     } else if (reader.error == system::kErrorFileNotFound ||
@@ -59,14 +59,14 @@ bool MoveToWritableFile(std::wstring& path, AskForDatabase ask) {
 }
 
 // Opens the database, or the one that the user names instead of a read-only one.
-bool OpenWritableDatabase(TextReader& reader, std::wstring& path, AskForDatabase ask) {
-    if (path.empty() || !OpenDatabase(reader, path)) return false;
+bool OpenWritableDatabase(Rewrite& rewrite, std::wstring& path, AskForDatabase ask) {
+    if (path.empty() || !OpenDatabase(rewrite, path)) return false;
     if (!IsReadOnlyFile(path)) return true;
-    system::CloseFile(reader.file);
-    return MoveToWritableFile(path, ask) && OpenDatabase(reader, path);
+    system::CloseFile(rewrite.reader.file);
+    return MoveToWritableFile(path, ask) && OpenDatabase(rewrite, path);
 }
 
-// ---- Numbers -----------------------------------------------------------------------------------
+// ---- Every edit --------------------------------------------------------------------------------
 
 // What the numbers of the blocks are. False, and reported, when not all of the file can be read.
 bool ReadNumbersOrReport(TextReader& reader, const std::wstring& path, BlockNumbers& blocks) {
@@ -75,6 +75,31 @@ bool ReadNumbersOrReport(TextReader& reader, const std::wstring& path, BlockNumb
     ReportTextNotWritten(path, reader.error);
     return false;
 }
+
+// The gate that every edit goes through: from here to its end nobody else writes into the database,
+// and when another program replaces it meanwhile, all is done again with what is there then.
+// `write` looks at the numbers, begins the rewrite and writes the new text; false, which it has
+// reported, ends the edit.
+//     write: bool(Rewrite& rewrite, const BlockNumbers& blocks)
+template <class Write>
+bool EditDatabase(std::wstring& path, const EditOptions& options, MessageNumber status,
+                  Write write) {
+    const bool isDone = RepeatUntilUnchanged(path, [&] {
+        Rewrite rewrite;
+        BlockNumbers blocks;
+        rewrite.keepBackup = options.keepBackup;
+        if (!OpenWritableDatabase(rewrite, path, options.ask)) return RewriteEnd::kFailed;
+        ReportStatus(status, {path});
+        if (!ReadNumbersOrReport(rewrite.reader, path, blocks)) return RewriteEnd::kFailed;
+        if (write(rewrite, blocks)) return FinishRewrite(rewrite);
+        AbandonRewrite(rewrite);
+        return RewriteEnd::kFailed;
+    });
+    if (isDone) ShowStatus(L"");
+    return isDone;
+}
+
+// ---- Steps that the edits share ----------------------------------------------------------------
 
 // The number that a new model gets; 0, and reported, when there is none.
 int32_t NextNumberOrReport(const BlockNumbers& blocks, const std::wstring& path) {
@@ -91,21 +116,11 @@ bool LowersNumbersBefore(const std::vector<int32_t>& numbers, int32_t number) {
                        [&](int32_t after) { return after > number && before.contains(after - 1); });
 }
 
-// ---- Steps that the edits share ----------------------------------------------------------------
-
 // Copies what is before the block `run.stopBefore`, or all where there is no such block.
 void CopyToBlock(TextReader& reader, TextWriter& writer, const BlockRun& run) {
     SeekLine(reader, 0);
     CopyFileHead(reader, writer);
     CopyBlocks(reader, writer, run);
-}
-
-bool FinishEdit(TextReader& reader, Rewrite& rewrite) {
-    // Some systems let nobody rename over a file that is open.
-    system::CloseFile(reader.file);
-    if (!FinishRewrite(rewrite, reader.error)) return false;
-    ShowStatus(L"");
-    return true;
 }
 
 // ---- Replacing ---------------------------------------------------------------------------------
@@ -139,62 +154,52 @@ void SkipClosingComments(TextReader& reader, std::string_view closing) {
     }
 }
 
-// `writeBlock` writes the new block.
+// `writeBlock` writes the new block. What began as a new model does not replace one that another
+// program has given its number meanwhile.
 template <class WriteBlock>
 bool ReplaceBlock(std::wstring& path, int32_t number, const EditOptions& options,
                   WriteBlock writeBlock) {
-    TextReader reader;
-    if (!OpenWritableDatabase(reader, path, options.ask)) return false;
-    ReportStatus(kMsgWritingDatabase, {path});
-    BlockNumbers blocks;
-    if (!ReadNumbersOrReport(reader, path, blocks)) return false;
-    const bool isNew = number >= 1 && number == blocks.next;
-    if (!isNew && !RequireOneBlock(blocks, number, path)) return false;
-    Rewrite rewrite;
-    BeginRewrite(rewrite, path);
-    rewrite.keepBackup = options.keepBackup;
-    BlockRun before;
-    before.stopBefore = number;
-    CopyToBlock(reader, rewrite.writer, before);
-    writeBlock(rewrite.writer);
-    if (!isNew) {
-        SkipBlock(reader);
-        SkipClosingComments(reader, ClosingComments(WrittenTail(rewrite.writer)));
-        CopyBlocks(reader, rewrite.writer, {});
-    }
-    return FinishEdit(reader, rewrite);
+    bool wasNew = false;
+    const auto write = [&](Rewrite& rewrite, const BlockNumbers& blocks) {
+        const bool isNew = number >= 1 && number == blocks.next;
+        if (wasNew && !isNew) {
+            ReportMessage(kMsgModelChanged, {path});
+            return false;
+        }
+        if (!isNew && !RequireOneBlock(blocks, number, path)) return false;
+        wasNew = isNew;
+        BeginRewrite(rewrite, path);
+        BlockRun before;
+        before.stopBefore = number;
+        CopyToBlock(rewrite.reader, rewrite.writer, before);
+        writeBlock(rewrite.writer);
+        if (isNew) return true;
+        SkipBlock(rewrite.reader);
+        SkipClosingComments(rewrite.reader, ClosingComments(WrittenTail(rewrite.writer)));
+        CopyBlocks(rewrite.reader, rewrite.writer, {});
+        return true;
+    };
+    return EditDatabase(path, options, kMsgWritingDatabase, write);
 }
 
-// ---- Copying -----------------------------------------------------------------------------------
+// ---- Appending ---------------------------------------------------------------------------------
 
-// The source has its own reader, even if it is the same file.
-bool AppendTorsionBlock(const std::wstring& path, const ModelSource& source, int32_t newNumber,
-                        bool keepBackup) {
-    TextReader reader;
-    TextReader from;
-    if (!OpenDatabase(reader, path) || !OpenDatabase(from, source.path)) return false;
-    std::string keyword(kTorsionKeyword);
-    if (!FindModel(from, source.number, keyword) && from.error == kErrorNone) {
-        ReportMessage(kMsgModelMissing, {source.number, source.path});
-        return false;
-    }
-    Rewrite rewrite;
-    BeginRewrite(rewrite, path);
-    rewrite.keepBackup = keepBackup;
-    SeekLine(reader, 0);
-    CopyFileHead(reader, rewrite.writer);
-    CopyBlocks(reader, rewrite.writer, {});
-    BlockRun run;
-    run.mostBlocks = 1;
-    run.shift = int64_t{newNumber} - source.number;
-    CopyBlocks(from, rewrite.writer, run);
-    if (reader.error == kErrorNone) reader.error = from.error;
-    system::CloseFile(from.file);
-    return FinishEdit(reader, rewrite);
-}
-
-AppendResult ResultOf(bool isAppended) {
-    return isAppended ? AppendResult::kAppended : AppendResult::kNotWritten;
+// `writeBlock` writes the new model's block after all others, with a number that no block has,
+// which `number` becomes; false, which it has reported, leaves the database as it is. `source` is
+// the number of a model that the database itself must have, if any.
+//     writeBlock: bool(TextWriter& writer)
+template <class WriteBlock>
+bool AppendBlock(std::wstring& path, const EditOptions& options, std::optional<int32_t> source,
+                 int32_t& number, WriteBlock writeBlock) {
+    return EditDatabase(path, options, kMsgWritingDatabase,
+                        [&](Rewrite& rewrite, const BlockNumbers& blocks) {
+                            if (source && !RequireOneBlock(blocks, *source, path)) return false;
+                            number = NextNumberOrReport(blocks, path);
+                            if (number == 0) return false;
+                            BeginRewrite(rewrite, path);
+                            CopyToBlock(rewrite.reader, rewrite.writer, {});
+                            return writeBlock(rewrite.writer);
+                        });
 }
 
 }  // namespace
@@ -214,34 +219,26 @@ bool ReplaceBulkheadArrangement(std::wstring& path, BulkheadArrangement& arrange
 }
 
 bool DeleteModel(const std::wstring& path, int32_t number, bool keepBackup) {
-    if (path.empty() || number < 1) return false;
-    ReportStatus(kMsgDeletingModel, {path});
-    if (IsReadOnlyFile(path)) {
-        ReportMessage(kMsgReadOnly, {path});
-        return false;
-    }
-    TextReader reader;
-    BlockNumbers blocks;
-    if (!OpenDatabase(reader, path) || !ReadNumbersOrReport(reader, path, blocks) ||
-        !RequireOneBlock(blocks, number, path)) {
-        return false;
-    }
-    Rewrite rewrite;
-    BeginRewrite(rewrite, path);
-    rewrite.keepBackup = keepBackup;
-    BlockRun before;
-    before.stopBefore = number;
-    BlockRun after;
-    after.shift = -1;
-    after.shiftAbove = number;
-    if (LowersNumbersBefore(blocks.numbers, number)) {
-        before.shift = after.shift;
-        before.shiftAbove = number;
-    }
-    CopyToBlock(reader, rewrite.writer, before);
-    SkipBlock(reader);
-    CopyBlocks(reader, rewrite.writer, after);
-    return FinishEdit(reader, rewrite);
+    if (number < 1) return false;
+    std::wstring edited = path;
+    return EditDatabase(edited, {keepBackup, nullptr}, kMsgDeletingModel,
+                        [&](Rewrite& rewrite, const BlockNumbers& blocks) {
+                            if (!RequireOneBlock(blocks, number, path)) return false;
+                            BeginRewrite(rewrite, path);
+                            BlockRun before;
+                            before.stopBefore = number;
+                            BlockRun after;
+                            after.shift = -1;
+                            after.shiftAbove = number;
+                            if (LowersNumbersBefore(blocks.numbers, number)) {
+                                before.shift = after.shift;
+                                before.shiftAbove = number;
+                            }
+                            CopyToBlock(rewrite.reader, rewrite.writer, before);
+                            SkipBlock(rewrite.reader);
+                            CopyBlocks(rewrite.reader, rewrite.writer, after);
+                            return true;
+                        });
 }
 
 int32_t NextModelNumber(const std::wstring& path) {
@@ -251,28 +248,26 @@ int32_t NextModelNumber(const std::wstring& path) {
     return reader.error == kErrorNone ? next : 0;
 }
 
-int32_t NumberForAppending(std::wstring& path, AskForDatabase ask) {
-    TextReader reader;
-    BlockNumbers blocks;
-    if (!OpenWritableDatabase(reader, path, ask)) return 0;
-    ReportStatus(kMsgWritingDatabase, {path});
-    return ReadNumbersOrReport(reader, path, blocks) ? NextNumberOrReport(blocks, path) : 0;
-}
-
 // ---- Copies ------------------------------------------------------------------------------------
 
+bool AppendSection(std::wstring& path, SectionModel& section, const EditOptions& options) {
+    int32_t number = 0;
+    return AppendBlock(path, options, {}, number, [&](TextWriter& writer) {
+        WriteSectionBlock(writer, section, number);
+        return true;
+    });
+}
+
 int32_t CopyModel(std::wstring& path, const ModelCopy& copy) {
-    TextReader reader;
-    BlockNumbers blocks;
-    if (!OpenWritableDatabase(reader, path, copy.options.ask)) return 0;
-    ReportStatus(kMsgWritingDatabase, {path});
-    if (!ReadNumbersOrReport(reader, path, blocks) || !RequireOneBlock(blocks, copy.number, path)) {
-        return 0;
-    }
-    // The procedures of the kinds open the file again.
-    system::CloseFile(reader.file);
-    const int32_t number = NextNumberOrReport(blocks, path);
-    return number != 0 && FactsOf(copy.kind).copy(path, copy, number) ? number : 0;
+    const KindFacts& facts = FactsOf(copy.kind);
+    EditOptions options = copy.options;
+    options.keepBackup = options.keepBackup || facts.isCopiedWithBackup;
+    const std::wstring newName = Trim(copy.newName);
+    int32_t number = 0;
+    const bool isDone = AppendBlock(path, options, copy.number, number, [&](TextWriter& writer) {
+        return facts.writeCopy(writer, {path, copy.number}, &newName, number);
+    });
+    return isDone ? number : 0;
 }
 
 AppendResult AppendModel(std::wstring& path, const ModelSource& source, ModelKind kind,
@@ -285,55 +280,51 @@ AppendResult AppendModel(std::wstring& path, const ModelSource& source, ModelKin
         return AppendResult::kNoSource;
     }
     system::CloseFile(reader.file);
-    return FactsOf(kind).append(path, source, options);
+    bool isRead = true;
+    int32_t number = 0;
+    const bool isDone = AppendBlock(path, options, {}, number, [&](TextWriter& writer) {
+        isRead = FactsOf(kind).writeCopy(writer, source, nullptr, number);
+        return isRead;
+    });
+    if (!isRead) return AppendResult::kNoSource;
+    return isDone ? AppendResult::kAppended : AppendResult::kNotWritten;
 }
 
-bool CopySection(std::wstring& path, const ModelCopy& copy, int32_t newNumber) {
+bool WriteCopyOfSection(TextWriter& writer, const ModelSource& source, const std::wstring* newName,
+                        int32_t newNumber) {
     SectionModel section;
-    if (!ReadSectionBlock(path, copy.number, false, section)) return false;
-    section.name = Trim(copy.newName);
+    if (!ReadSectionBlock(source.path, source.number, false, section)) return false;
+    if (newName != nullptr) section.name = *newName;
     section.identifier.clear();  // the writer makes a new one
-    return ReplaceSection(path, section, newNumber, {true, copy.options.ask});
+    WriteSectionBlock(writer, section, newNumber);
+    return true;
 }
 
-bool CopyBulkheadArrangement(std::wstring& path, const ModelCopy& copy, int32_t newNumber) {
+bool WriteCopyOfBulkhead(TextWriter& writer, const ModelSource& source, const std::wstring* newName,
+                         int32_t newNumber) {
     BulkheadArrangement arrangement;
-    if (!ReadBulkheadBlock(path, copy.number, arrangement)) return false;
-    arrangement.name = Trim(copy.newName);
+    if (!ReadBulkheadBlock(source.path, source.number, arrangement)) return false;
+    if (newName != nullptr) arrangement.name = *newName;
     arrangement.identifier.clear();
-    return ReplaceBulkheadArrangement(path, arrangement, newNumber, {true, copy.options.ask});
+    WriteBulkheadBlock(writer, arrangement, newNumber);
+    return true;
 }
 
-bool CopyTorsionModel(std::wstring& path, const ModelCopy& copy, int32_t newNumber) {
-    return AppendTorsionBlock(path, {path, copy.number}, newNumber, copy.options.keepBackup);
-}
-
-AppendResult AppendSection(std::wstring& path, const ModelSource& source,
-                           const EditOptions& options) {
-    SectionModel section;
-    if (!ReadSectionBlock(source.path, source.number, false, section)) {
-        return AppendResult::kNoSource;
+bool WriteCopyOfTorsion(TextWriter& writer, const ModelSource& source, const std::wstring*,
+                        int32_t newNumber) {
+    TextReader reader;
+    std::string keyword(kTorsionKeyword);
+    OpenText(reader, source.path);
+    const bool isFound = reader.error == kErrorNone && FindModel(reader, source.number, keyword);
+    if (isFound) {
+        BlockRun run;
+        run.mostBlocks = 1;
+        run.shift = int64_t{newNumber} - source.number;
+        CopyBlocks(reader, writer, run);
     }
-    section.identifier.clear();
-    const int32_t number = NumberForAppending(path, options.ask);
-    return ResultOf(number != 0 && ReplaceSection(path, section, number, options));
-}
-
-AppendResult AppendBulkheadArrangement(std::wstring& path, const ModelSource& source,
-                                       const EditOptions& options) {
-    BulkheadArrangement arrangement;
-    if (!ReadBulkheadBlock(source.path, source.number, arrangement)) {
-        return AppendResult::kNoSource;
-    }
-    arrangement.identifier.clear();
-    const int32_t number = NumberForAppending(path, options.ask);
-    return ResultOf(number != 0 && ReplaceBulkheadArrangement(path, arrangement, number, options));
-}
-
-AppendResult AppendTorsionModel(std::wstring& path, const ModelSource& source,
-                                const EditOptions& options) {
-    const int32_t number = NumberForAppending(path, options.ask);
-    return ResultOf(number != 0 && AppendTorsionBlock(path, source, number, options.keepBackup));
+    if (ReportReadFault(reader, source.path)) return false;
+    if (!isFound) ReportMessage(kMsgModelMissing, {source.number, source.path});
+    return isFound;
 }
 
 }  // namespace corvane

@@ -1,6 +1,7 @@
 // Edits of a model database. Each of them writes the whole file again (files/rewrite.h): copied
-// spans, the new block, and number lines that change. After a failure, which is reported, the file
-// is as it was, and the result is false or 0.
+// spans, the new block, and number lines that change. Nobody else writes into the file meanwhile;
+// when another program replaces it, the edit is made again from the new text. After a failure,
+// which is reported, the file is as it was, and the result is false or 0.
 //
 // `path` is the database's file. When that file is read-only, the user is informed (message 1086)
 // and `options.ask` asks for another file: the database's text is copied there, the edit is done
@@ -14,6 +15,7 @@
 #include "database/bulkhead.h"
 #include "database/model_kind.h"
 #include "database/section.h"
+#include "files/text_file.h"
 
 namespace corvane {
 
@@ -47,10 +49,6 @@ bool DeleteModel(const std::wstring& path, int32_t number, bool keepBackup);
 // be read to its end, and when there is no such number.
 int32_t NextModelNumber(const std::wstring& path);
 
-// The same of a database that a model is to be appended to: the question about a read-only one is
-// asked as by the edits, and why there is no number is reported.
-int32_t NumberForAppending(std::wstring& path, AskForDatabase ask);
-
 // ---- Copies ------------------------------------------------------------------------------------
 
 struct ModelCopy {
@@ -72,25 +70,26 @@ struct ModelSource {
 
 enum class AppendResult {
     kAppended,
-    kNoSource,   // the source does not have the model; the database was not touched
-    kNotWritten  // the database is as it was
+    kNoSource,   // the source does not have the model, or it cannot be read
+    kNotWritten  // the database cannot be written
 };
 
-// Appends a model of another database, with the number for appending: a section or a bulkhead
-// arrangement with a new identifier; a torsion model line by line (kNotWritten and message 1011,
-// when the source does not have it). What fails is reported.
+// Appends a model of another database: a section or a bulkhead arrangement with a new identifier; a
+// torsion model line by line. What fails is reported, and the database is as it was.
 AppendResult AppendModel(std::wstring& path, const ModelSource& source, ModelKind kind,
                          const EditOptions& options);
 
-// The procedures of the single kinds, for the table in database/model_kind.cpp.
-bool CopySection(std::wstring& path, const ModelCopy& copy, int32_t newNumber);
-bool CopyBulkheadArrangement(std::wstring& path, const ModelCopy& copy, int32_t newNumber);
-bool CopyTorsionModel(std::wstring& path, const ModelCopy& copy, int32_t newNumber);
-AppendResult AppendSection(std::wstring& path, const ModelSource& source,
-                           const EditOptions& options);
-AppendResult AppendBulkheadArrangement(std::wstring& path, const ModelSource& source,
-                                       const EditOptions& options);
-AppendResult AppendTorsionModel(std::wstring& path, const ModelSource& source,
-                                const EditOptions& options);
+// Appends the record as a new model, with the number that NextModelNumber gives.
+bool AppendSection(std::wstring& path, SectionModel& section, const EditOptions& options);
+
+// The procedures of the single kinds, for the table in database/model_kind.cpp: write the block of
+// a copy. `newName` null keeps the source's name. False, and reported, when the source does not
+// have the model, or it cannot be read.
+bool WriteCopyOfSection(TextWriter& writer, const ModelSource& source, const std::wstring* newName,
+                        int32_t newNumber);
+bool WriteCopyOfBulkhead(TextWriter& writer, const ModelSource& source, const std::wstring* newName,
+                         int32_t newNumber);
+bool WriteCopyOfTorsion(TextWriter& writer, const ModelSource& source, const std::wstring* newName,
+                        int32_t newNumber);
 
 }  // namespace corvane

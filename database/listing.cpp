@@ -6,6 +6,7 @@
 
 #include "database/model_kind.h"
 #include "database/scanning.h"
+#include "files/file_system.h"
 #include "files/read_fault.h"
 #include "report/reporters.h"
 #include "text/numbers.h"
@@ -87,21 +88,53 @@ void ReportListFault(const TextReader& reader, const std::wstring& path, bool is
     ReportMessage(message, {path, system::ErrorText(reader.error)});
 }
 
+void ReadEntries(TextReader& reader, Detail detail, std::vector<ModelEntry>& entries) {
+    Listing listing;
+    std::string_view line;
+    while (FindLine(reader, listing.modelMarker)) {
+        ModelEntry& entry = entries.emplace_back();
+        entry.offset = LinePosition(reader);
+        ReadLine(reader, line);
+        ReadEntry(reader, listing, detail, entry);
+    }
+}
+
+// Reads the whole list. False when another program has changed the file meanwhile.
+bool ReadListOnce(TextReader& reader, const std::wstring& path, Detail detail,
+                  std::vector<ModelEntry>& entries) {
+    entries.clear();
+    if (!OpenText(reader, path)) return true;
+    system::FileStamp before;
+    system::FileStamp after;
+    system::GetFileStamp(reader.file, before);
+    ReadEntries(reader, detail, entries);
+    return system::GetFileStamp(path, after) == system::kErrorNone && before == after;
+}
+
+// Whether another program has the file open for writing, even after a second.
+bool IsBeingWritten(const std::wstring& path) {
+    system::File file;
+    const system::ErrorNumber error = OpenPatiently(path, file);
+    system::CloseFile(file);
+    return error == system::kErrorSharingViolation || error == system::kErrorLockViolation;
+}
+
 std::vector<ModelEntry> ListEntries(const std::wstring& path, Detail detail) {
+    constexpr int kMostAttempts = 3;
     std::vector<ModelEntry> entries;
     if (path.empty()) return entries;
-    TextReader reader;
-    if (OpenText(reader, path)) {
-        Listing listing;
-        std::string_view line;
-        while (FindLine(reader, listing.modelMarker)) {
-            ModelEntry& entry = entries.emplace_back();
-            entry.offset = LinePosition(reader);
-            ReadLine(reader, line);
-            ReadEntry(reader, listing, detail, entry);
+    bool isWhole = !IsBeingWritten(path);
+    for (int attempt = 1;; ++attempt) {
+        TextReader reader;
+        const bool isUnchanged = ReadListOnce(reader, path, detail, entries);
+        if (!isUnchanged && attempt < kMostAttempts) continue;
+        isWhole = isWhole && isUnchanged;
+        ReportListFault(reader, path, !entries.empty());
+        if (!isWhole && reader.error == system::kErrorNone) {
+            ReportMessage(kMsgBeingWritten, {path, HoldersOf(path)});
         }
+        break;
     }
-    ReportListFault(reader, path, !entries.empty());
     FindOwnNumbers(entries);
     return entries;
 }

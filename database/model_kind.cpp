@@ -23,8 +23,8 @@ constexpr std::array kKinds = {
               .inputProgram = {.message = kMsgSectionProgram},
               .ruleProgram = {.message = kMsgRuleProgram},
               .csrProgram = {.fixedName = L"CsrCheck.exe"},
-              .copy = CopySection,
-              .append = AppendSection},
+              .isCopiedWithBackup = true,
+              .writeCopy = WriteCopyOfSection},
     KindFacts{.kind = ModelKind::kBulkhead,
               .keyword = kBulkheadKeyword,
               .name = L"Bulkhead",
@@ -37,8 +37,8 @@ constexpr std::array kKinds = {
               .inputProgram = {.fixedName = L"BhdInput.exe"},
               .ruleProgram = {.fixedName = L"BhdCheck.exe"},
               .csrProgram = {.fixedName = L"BhdCheck.exe"},
-              .copy = CopyBulkheadArrangement,
-              .append = AppendBulkheadArrangement},
+              .isCopiedWithBackup = true,
+              .writeCopy = WriteCopyOfBulkhead},
     KindFacts{.kind = ModelKind::kTorsion,
               .keyword = kTorsionKeyword,
               .name = L"Torsion",
@@ -51,8 +51,8 @@ constexpr std::array kKinds = {
               .inputProgram = {.fixedName = L"TorModel.exe"},
               .ruleProgram = {.fixedName = L"TorModel.exe"},
               .csrProgram = {.fixedName = L"TorModel.exe"},
-              .copy = CopyTorsionModel,
-              .append = AppendTorsionModel},
+              .isCopiedWithBackup = false,
+              .writeCopy = WriteCopyOfTorsion},
 };
 
 }  // namespace

@@ -30,10 +30,8 @@ struct ProgramFile {
 std::wstring ProgramFileName(const ProgramFile& program);
 
 // Of database/editing.h, which has the procedures of the table.
-struct EditOptions;
-struct ModelCopy;
 struct ModelSource;
-enum class AppendResult;
+struct TextWriter;
 
 struct KindFacts {
     ModelKind kind;
@@ -48,11 +46,10 @@ struct KindFacts {
     ProgramFile inputProgram;  // creates and edits a model
     ProgramFile ruleProgram;   // checks it
     ProgramFile csrProgram;    // checks it under the rule set CSR
-    // Appends a copy of a model of the same database, as model `newNumber`. True when it is there.
-    bool (*copy)(std::wstring& path, const ModelCopy& copy, int32_t newNumber);
-    // Appends a model of another database, with the number for appending.
-    AppendResult (*append)(std::wstring& path, const ModelSource& source,
-                           const EditOptions& options);
+    bool isCopiedWithBackup;   // whatever is asked for
+    // Writes the block of a copy of a model (database/editing.h).
+    bool (*writeCopy)(TextWriter& writer, const ModelSource& source, const std::wstring* newName,
+                      int32_t newNumber);
 };
 
 // The table, in the order of the kinds' numbers.

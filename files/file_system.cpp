@@ -13,17 +13,17 @@ namespace {
 using system::ErrorNumber;
 using system::kErrorNone;
 
-// The system uses the first three characters.
-constexpr wchar_t kTemporaryPrefix[] = L"Corvane";
-
 constexpr size_t kCopyBufferSize = 64 * 1024;
 
 // Pauses between the attempts at a file that another program holds: a second in all.
 constexpr std::array kDelays_ms = {10, 30, 60, 120, 240, 540};
 
+bool IsLocked(ErrorNumber error) {
+    return error == system::kErrorSharingViolation || error == system::kErrorLockViolation;
+}
+
 bool IsHeldByAnother(ErrorNumber error) {
-    return error == system::kErrorAccessDenied || error == system::kErrorSharingViolation ||
-           error == system::kErrorLockViolation;
+    return error == system::kErrorAccessDenied || IsLocked(error);
 }
 
 ErrorNumber CopyOpenFile(system::File from, system::File to) {
@@ -77,14 +77,27 @@ ErrorNumber RenamePatiently(const std::wstring& from, const std::wstring& to) {
     return CallPatiently(IsHeldByAnother, [&] { return system::RenameOver(from, to); });
 }
 
-// Whether a file of that name is known to be there, even if it cannot be opened.
-bool IsThere(const std::wstring& path) {
-    system::FileStatus status;
-    return system::GetFileStatus(path, status) == kErrorNone && status.exists;
-}
-
 void RemoveOrTell(const std::wstring& path, ReplaceResult& result) {
     if (RemoveOwnFile(path) != kErrorNone) result.leftOver = path;
+}
+
+// A swap failed. The target may be missing, which must be known, and its old text may be in the
+// backup, which began as an empty file.
+void UndoSwap(const std::wstring& backup, const std::wstring& target, ReplaceResult& result) {
+    system::FileStatus targetStatus;
+    system::FileStatus backupStatus;
+    const bool isTargetKnown = system::GetFileStatus(target, targetStatus) == kErrorNone;
+    system::GetFileStatus(backup, backupStatus);
+    if (backupStatus.size == 0 || (isTargetKnown && targetStatus.exists)) {
+        RemoveOrTell(backup, result);
+    } else if (!isTargetKnown || RenamePatiently(backup, target) != kErrorNone) {
+        result.oldText = backup;
+    }
+}
+
+bool IsChanged(const std::wstring& path, const system::FileStamp* old) {
+    system::FileStamp now;
+    return old != nullptr && !(system::GetFileStamp(path, now) == kErrorNone && now == *old);
 }
 
 // The way for a target that a reader holds for good. The old text is under the backup name
@@ -94,12 +107,7 @@ void SwapWithBackup(const std::wstring& copy, const std::wstring& target, Replac
     result.error = system::NewTemporaryName(DirectoryOf(target), kTemporaryPrefix, backup);
     if (result.error != kErrorNone) return;
     result.error = system::SwapIn(target, copy, backup);
-    // A swap that stopped halfway has taken the old text away: it goes back.
-    if (result.Done() || IsThere(target) || RenamePatiently(backup, target) == kErrorNone) {
-        RemoveOrTell(backup, result);
-    } else {
-        result.oldText = backup;
-    }
+    result.Done() ? RemoveOrTell(backup, result) : UndoSwap(backup, target, result);
 }
 
 // Nobody was asked about a target that was not there.
@@ -108,10 +116,13 @@ void PutInNewPlace(const std::wstring& copy, ReplaceResult& result) {
                                  [&] { return system::RenameToNewName(copy, result.target); });
 }
 
-void PutInPlaceOfOld(const std::wstring& copy, ReplaceResult& result) {
-    result.error = system::CopyAttributes(result.target, copy);
-    if (!result.Done()) return;
-    result.error = RenamePatiently(copy, result.target);
+// Each attempt looks first whether the target still has the text that is to go; `old` null: any.
+void PutInPlaceOfOld(const std::wstring& copy, const system::FileStamp* old,
+                     ReplaceResult& result) {
+    result.error = CallPatiently(IsHeldByAnother, [&] {
+        return IsChanged(result.target, old) ? system::kErrorFileChanged
+                                             : system::RenameOver(copy, result.target);
+    });
     if (IsHeldByAnother(result.error)) SwapWithBackup(copy, result.target, result);
 }
 
@@ -156,11 +167,11 @@ bool IsReadOnlyFile(const std::wstring& path) {
 }
 
 bool IsSameFile(const std::wstring& a, const std::wstring& b) {
-    system::FileIdentity first;
-    system::FileIdentity second;
-    if (system::GetFileIdentity(a, first) == kErrorNone &&
-        system::GetFileIdentity(b, second) == kErrorNone) {
-        return first == second;
+    system::FileStamp first;
+    system::FileStamp second;
+    if (system::GetFileStamp(a, first) == kErrorNone &&
+        system::GetFileStamp(b, second) == kErrorNone) {
+        return first.identity == second.identity;
     }
     return EqualsIgnoringCase(system::AbsolutePath(a), system::AbsolutePath(b));
 }
@@ -172,15 +183,16 @@ void KillFile(const std::wstring& path) {
 }
 
 ErrorNumber AwaitReadable(const std::wstring& path) {
-    const auto isLocked = [](ErrorNumber error) {
-        return error == system::kErrorSharingViolation || error == system::kErrorLockViolation;
-    };
-    return CallPatiently(isLocked, [&] {
+    return CallPatiently(IsLocked, [&] {
         system::File file;
         const ErrorNumber error = system::OpenForReading(path, file);
         system::CloseFile(file);
         return error;
     });
+}
+
+ErrorNumber OpenPatiently(const std::wstring& path, system::File& file) {
+    return CallPatiently(IsLocked, [&] { return system::OpenForEditing(path, file); });
 }
 
 ErrorNumber RemoveOwnFile(const std::wstring& path) {
@@ -190,12 +202,6 @@ ErrorNumber RemoveOwnFile(const std::wstring& path) {
     const ErrorNumber error = CallPatiently(isThere, [&] { return system::RemoveFile(path); });
     if (!isThere(error)) return kErrorNone;
     ReportDebugError(L"ExKill " + path, error);
-    return error;
-}
-
-ErrorNumber CheckFolderTakesFiles(const std::wstring& folder, std::wstring& leftOver) {
-    const ErrorNumber error = system::NewTemporaryName(folder, kTemporaryPrefix, leftOver);
-    if (!leftOver.empty() && RemoveOwnFile(leftOver) == kErrorNone) leftOver.clear();
     return error;
 }
 
@@ -213,6 +219,42 @@ std::wstring TempFileName() {
     return error == kErrorNone ? name : std::wstring();
 }
 
+ReplaceResult PutInPlace(const std::wstring& newText, const std::wstring& target,
+                         const system::FileStamp* old) {
+    ReplaceResult result;
+    result.target = target;
+    result.newText = newText;
+    if (old == nullptr) {
+        PutInNewPlace(newText, result);
+        return result;
+    }
+    system::FileStatus status;
+    result.error = system::GetFileStatus(target, status);
+    if (result.Done()) result.error = RefusalOf(status, TargetKind::kAny);
+    if (result.Done()) PutInPlaceOfOld(newText, old, result);
+    return result;
+}
+
+ReplaceResult PutLinkOrCopy(const std::wstring& source, const std::wstring& target) {
+    ReplaceResult result;
+    result.target = target;
+    result.newText = source;
+    system::FileStatus status;
+    result.error = system::GetFileStatus(target, status);
+    if (result.Done()) result.error = RefusalOf(status, TargetKind::kAny);
+    // Two links to one file cannot be renamed to each other.
+    if (!result.Done() || (status.exists && IsSameFile(source, target))) return result;
+    std::wstring link;
+    result.error = system::NewTemporaryName(DirectoryOf(target), kTemporaryPrefix, link);
+    if (!result.Done()) return result;
+    if (RemoveOwnFile(link) != kErrorNone || system::MakeLink(source, link) != kErrorNone) {
+        return PutCopy(source, target);
+    }
+    status.exists ? PutInPlaceOfOld(link, nullptr, result) : PutInNewPlace(link, result);
+    if (!result.Done()) RemoveOrTell(link, result);
+    return result;
+}
+
 ReplaceResult PutCopy(const std::wstring& source, const std::wstring& target, TargetKind kind) {
     ReplaceResult result;
     result.target = system::AbsolutePath(target);
@@ -223,7 +265,9 @@ ReplaceResult PutCopy(const std::wstring& source, const std::wstring& target, Ta
     if (!result.Done()) return result;
     std::wstring copy;
     result.error = CopyBeside(source, result.target, copy);
-    if (result.Done()) status.exists ? PutInPlaceOfOld(copy, result) : PutInNewPlace(copy, result);
+    if (result.Done() && status.exists) result.error = system::CopyAttributes(result.target, copy);
+    if (result.Done())
+        status.exists ? PutInPlaceOfOld(copy, nullptr, result) : PutInNewPlace(copy, result);
     if (!result.Done() && !copy.empty()) RemoveOrTell(copy, result);
     return result;
 }

@@ -11,9 +11,12 @@ namespace corvane {
 // Whether the file can be opened for reading. A folder, a missing file, an empty name and a file
 // that another program holds exclusively give false.
 bool FileExists(const std::wstring& path);
-// Whether a file that is to be rewritten can be opened for reading: kErrorNone, or why not. A
-// program that holds the file exclusively is waited for, about a second.
+// Whether a file can be opened for reading: kErrorNone, or why not. A program that holds the file
+// exclusively is waited for, about a second.
 system::ErrorNumber AwaitReadable(const std::wstring& path);
+// Opens a file that is to be rewritten: nobody writes into it until it is closed. A program that
+// has it open for writing, or exclusively, is waited for, about a second.
+system::ErrorNumber OpenPatiently(const std::wstring& path, system::File& file);
 // Whether a file that cannot be opened may be there all the same: another program locks it, or its
 // drive or folder cannot be reached. False where the folder is there without such a file.
 bool IsOutOfReach(const std::wstring& path);
@@ -31,9 +34,8 @@ void KillFile(const std::wstring& path);
 // waited for, about a second. A file that is not there is not an error.
 system::ErrorNumber RemoveOwnFile(const std::wstring& path);
 
-// Whether a folder takes a new file: kErrorNone, or why not. One is made and removed again;
-// `leftOver` gets its name when it could not be removed.
-system::ErrorNumber CheckFolderTakesFiles(const std::wstring& folder, std::wstring& leftOver);
+// The system uses the first three characters, those of the application's title.
+inline constexpr wchar_t kTemporaryPrefix[] = L"Corvane";
 
 // Creates an empty file under a new name in the temporary folder, beginning with the application
 // title's first three characters. `path` is empty after a failure, unless a file was made that
@@ -44,7 +46,7 @@ system::ErrorNumber NewTemporaryFile(std::wstring& path);
 // three characters. The caller creates the file. Empty when there is no temporary folder.
 std::wstring TempFileName();
 
-// What ReplaceFile or PutCopy did. On success `error` is kErrorNone. On failure the target is
+// What one of the procedures below did. On success `error` is kErrorNone. On failure the target is
 // untouched and the new text is still where it came from. ReportReplacement (files/rewrite.h) shows
 // all that the user must know of it.
 struct ReplaceResult {
@@ -66,6 +68,16 @@ struct ReplaceResult {
 // is refused (kErrorAccessDenied) before anything is touched. Where there was no target, one that
 // somebody makes meanwhile stays, and the result is kErrorFileExists.
 ReplaceResult ReplaceFile(const std::wstring& temporary, const std::wstring& target);
+
+// The last step of it: renames `newText`, which is beside the target and on the disk, to its name.
+// `old`: the stamp of the file that is to be replaced, or null when there was none. A target that is
+// another file now, or has another text, stays, with kErrorFileChanged.
+ReplaceResult PutInPlace(const std::wstring& newText, const std::wstring& target,
+                         const system::FileStamp* old);
+
+// Gives the text of `source` the name `target`, beside it, too, instead of an older file of that
+// name: as one more link to the file, or as a copy where the volume has no links.
+ReplaceResult PutLinkOrCopy(const std::wstring& source, const std::wstring& target);
 
 // As ReplaceFile, but `source`, another file, stays: a copy of its text takes the place of
 // `target`. kNew: a target that is there is left alone (kErrorFileExists).

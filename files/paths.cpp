@@ -73,7 +73,9 @@ bool IsDeviceName(std::wstring_view path) {
 }
 
 std::wstring BackupPath(std::wstring_view path) {
-    return StripExtension(path) + L".bak";
+    const std::wstring name = FileNameOf(path);
+    const bool hasExtension = name.find(L'.') != std::wstring::npos;
+    return (hasExtension ? StripExtension(path) : Trim(path)) + L".bak";
 }
 
 // The system's own matching would also look at a file's short name, where "ship.velo" is a "*.vel".

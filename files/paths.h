@@ -29,7 +29,7 @@ std::wstring FileExtension(std::wstring_view name);
 bool IsFullPath(std::wstring_view path);
 // Whether the name, with any extension, is one that Windows keeps for a device: nul, com1 ...
 bool IsDeviceName(std::wstring_view path);
-// Where the old text of a file is kept: the name without its extension (StripExtension), ".bak".
+// Where the old text of a file is kept: the path without the extension of the file's name, ".bak".
 std::wstring BackupPath(std::wstring_view path);
 
 // Whether a file's name has one of the extensions of a pattern such as "*.vel;*.ve2", but for upper

@@ -10,4 +10,9 @@ bool ReportReadFault(const TextReader& reader, const std::wstring& path) {
     return true;
 }
 
+std::wstring HoldersOf(const std::wstring& path) {
+    const std::wstring names = system::ProgramsThatHold(path);
+    return names.empty() ? GetMessage(kMsgAnotherProgram) : names;
+}
+
 }  // namespace corvane

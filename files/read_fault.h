@@ -11,4 +11,8 @@ namespace corvane {
 // (message 3509).
 bool ReportReadFault(const TextReader& reader, const std::wstring& path);
 
+// The programs that have a file open, for a message (3692, 3694): their names, or that the system
+// does not say.
+std::wstring HoldersOf(const std::wstring& path);
+
 }  // namespace corvane

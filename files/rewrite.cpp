@@ -2,6 +2,7 @@
 
 #include "files/file_system.h"
 #include "files/paths.h"
+#include "files/read_fault.h"
 #include "report/reporters.h"
 #include "text/text.h"
 
@@ -18,49 +19,117 @@ void ReportLeftOver(const std::wstring& path) {
 
 bool ReportNoBackup(const Rewrite& rewrite, const std::wstring& reason, ErrorNumber error) {
     ReportMessage(kMsgBackupNotWritten, {BackupPath(rewrite.target), rewrite.target, reason,
-                                         rewrite.temporary, RemedyOf(error)});
+                                         rewrite.newText, RemedyOf(error)});
     return false;
 }
 
-// Copies the target, if there is one, to its backup. A failure is reported.
+// Gives the target's text, if there is one, the backup's name, too. A failure is reported.
 bool KeepBackup(const Rewrite& rewrite) {
-    system::FileStatus status;
-    const ErrorNumber error = system::GetFileStatus(rewrite.target, status);
-    if (error != kErrorNone) return ReportNoBackup(rewrite, ErrorText(error), error);
-    if (!status.exists) return true;
+    if (!rewrite.isTargetThere) return true;
     const std::wstring path = BackupPath(rewrite.target);
-    if (IsSameFile(path, rewrite.target)) {
+    if (EqualsIgnoringCase(path, rewrite.target)) {
         return ReportNoBackup(rewrite, GetMessage(kMsgBackupIsTheFile), kErrorNone);
     }
-    const ReplaceResult backup = PutCopy(rewrite.target, path);
+    const ReplaceResult backup = PutLinkOrCopy(rewrite.target, path);
     ReportReplacement(
         backup, kMsgBackupNotWritten,
-        {path, rewrite.target, ReasonOf(backup.error), rewrite.temporary, RemedyOf(backup.error)});
+        {path, rewrite.target, ReasonOf(backup.error), rewrite.newText, RemedyOf(backup.error)});
     return backup.Done();
+}
+
+// The old text's other names, its backup aside: an edit that ended halfway may have left that one.
+int64_t CountOtherLinks(const Rewrite& rewrite) {
+    if (rewrite.stamp.linkCount < 2 || IsDirectory(rewrite.target)) return 0;
+    const bool isBackup = IsSameFile(BackupPath(rewrite.target), rewrite.target);
+    return rewrite.stamp.linkCount - (isBackup ? 2 : 1);
+}
+
+void RemoveNewText(const Rewrite& rewrite) {
+    if (rewrite.newText.empty() || RemoveOwnFile(rewrite.newText) == kErrorNone) return;
+    ReportLeftOver(rewrite.newText);
+}
+
+// Looks at the target of a rewrite that does not read it.
+void LookAtTarget(Rewrite& rewrite, const std::wstring& path) {
+    rewrite.target = system::LinkedFile(path);
+    rewrite.isTargetThere = system::GetFileStamp(rewrite.target, rewrite.stamp) == kErrorNone;
+}
+
+RewriteEnd PutNewTextInPlace(Rewrite& rewrite) {
+    if (rewrite.keepBackup && !KeepBackup(rewrite)) return RewriteEnd::kFailed;
+    const ReplaceResult result = PutInPlace(rewrite.newText, rewrite.target,
+                                            rewrite.isTargetThere ? &rewrite.stamp : nullptr);
+    if (result.error == system::kErrorFileChanged) {
+        AbandonRewrite(rewrite);
+        return RewriteEnd::kChanged;
+    }
+    ReportReplacement(
+        result, kMsgFileNotWritten,
+        {rewrite.target, ReasonOf(result.error), rewrite.newText, RemedyOf(result.error)});
+    return result.Done() ? RewriteEnd::kDone : RewriteEnd::kFailed;
 }
 
 }  // namespace
 
-void BeginRewrite(Rewrite& rewrite, const std::wstring& target) {
-    rewrite.target = target;
-    std::wstring leftOver;
+bool OpenOldText(Rewrite& rewrite, const std::wstring& path) {
+    rewrite.target = system::LinkedFile(path);
+    system::File file;
+    ErrorNumber error = OpenPatiently(rewrite.target, file);
+    if (error == kErrorNone) error = system::GetFileStamp(file, rewrite.stamp);
+    rewrite.isTargetThere = error == kErrorNone;
+    AdoptFile(rewrite.reader, file);
+    rewrite.reader.error = error;
+    return rewrite.isTargetThere;
+}
+
+void BeginRewrite(Rewrite& rewrite, const std::wstring& path) {
+    if (!rewrite.reader.file.IsOpen()) LookAtTarget(rewrite, path);
     rewrite.folderError =
-        CheckFolderTakesFiles(DirectoryOf(system::AbsolutePath(target)), leftOver);
-    ReportLeftOver(leftOver);
+        system::NewTemporaryName(DirectoryOf(rewrite.target), kTemporaryPrefix, rewrite.newText);
     rewrite.writer.error = rewrite.folderError;
-    if (rewrite.folderError != kErrorNone) return;
-    rewrite.writer.error = NewTemporaryFile(rewrite.temporary);
-    if (rewrite.writer.error == kErrorNone) CreateText(rewrite.writer, rewrite.temporary);
+    if (rewrite.folderError != kErrorNone) {
+        RemoveNewText(rewrite);
+        return;
+    }
+    const int64_t otherLinks = CountOtherLinks(rewrite);
+    if (otherLinks > 0) {
+        ReportMessage(kMsgOtherLinks, {rewrite.target, static_cast<int32_t>(otherLinks)});
+    }
+    // Before the first line is written: what others may not read they never can.
+    if (CreateText(rewrite.writer, rewrite.newText) && rewrite.isTargetThere) {
+        rewrite.writer.error = system::CopyAttributes(rewrite.target, rewrite.newText);
+    }
 }
 
 void AbandonRewrite(Rewrite& rewrite) {
+    system::CloseFile(rewrite.reader.file);
     CloseText(rewrite.writer);
-    if (rewrite.temporary.empty() || RemoveOwnFile(rewrite.temporary) == kErrorNone) return;
-    ReportLeftOver(rewrite.temporary);
+    RemoveNewText(rewrite);
+}
+
+RewriteEnd FinishRewrite(Rewrite& rewrite) {
+    const ErrorNumber readError = rewrite.reader.error;
+    if (readError == kErrorNone) FlushText(rewrite.writer);
+    CloseText(rewrite.writer);
+    // Some systems let nobody rename over a file that is open.
+    system::CloseFile(rewrite.reader.file);
+    if (rewrite.folderError != kErrorNone) {
+        ReportMessage(kMsgFolderNotWritable, {rewrite.target, ErrorText(rewrite.folderError)});
+        return RewriteEnd::kFailed;
+    }
+    const ErrorNumber error = readError != kErrorNone ? readError : rewrite.writer.error;
+    if (error == kErrorNone) return PutNewTextInPlace(rewrite);
+    AbandonRewrite(rewrite);
+    ReportTextNotWritten(rewrite.target, error);
+    return RewriteEnd::kFailed;
 }
 
 void ReportTextNotWritten(const std::wstring& target, ErrorNumber error) {
-    ReportMessage(kMsgTextNotWritten, {target, ErrorText(error), system::TemporaryDirectory()});
+    if (error != system::kErrorSharingViolation && error != system::kErrorLockViolation) {
+        ReportMessage(kMsgTextNotWritten, {target, ErrorText(error)});
+        return;
+    }
+    ReportMessage(kMsgHeldByProgram, {target, HoldersOf(target)});
 }
 
 void ReportReplacement(const ReplaceResult& result, int32_t failure, MessageArguments arguments) {
@@ -89,26 +158,6 @@ std::wstring RemedyOf(ErrorNumber error) {
         default:
             return GetMessage(kMsgRepeatCommand);
     }
-}
-
-bool FinishRewrite(Rewrite& rewrite, ErrorNumber readError) {
-    CloseText(rewrite.writer);
-    if (rewrite.folderError != kErrorNone) {
-        ReportMessage(kMsgFolderNotWritable, {rewrite.target, ErrorText(rewrite.folderError)});
-        return false;
-    }
-    const ErrorNumber error = readError != kErrorNone ? readError : rewrite.writer.error;
-    if (error != kErrorNone) {
-        AbandonRewrite(rewrite);
-        ReportTextNotWritten(rewrite.target, error);
-        return false;
-    }
-    if (rewrite.keepBackup && !KeepBackup(rewrite)) return false;
-    const ReplaceResult result = ReplaceFile(rewrite.temporary, rewrite.target);
-    ReportReplacement(
-        result, kMsgFileNotWritten,
-        {rewrite.target, ReasonOf(result.error), rewrite.temporary, RemedyOf(result.error)});
-    return result.Done();
 }
 
 }  // namespace corvane

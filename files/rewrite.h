@@ -1,40 +1,74 @@
-// Rewrites a file: the new text goes to a temporary file, and only when it is whole does it
-// take the place of the old one. Every rewrite of the program goes this way.
+// Rewrites a file: the new text goes to a new file beside the old one, and only when it is whole
+// and on the disk does it replace the old one, by a rename. Every edit of the program goes this
+// way.
+//
+// Nobody writes into the old text while it is read: who writes already is waited for, about a
+// second. Should the file be another one at the end, because another program has replaced it
+// meanwhile, nothing is replaced, and the edit is made again from the text that is there now.
 #pragma once
 
 #include <string>
 
 #include "files/file_system.h"
 #include "files/text_file.h"
-#include "report/messages.h"
+#include "report/reporters.h"
 
 namespace corvane {
 
 struct Rewrite {
-    std::wstring target;
+    std::wstring target;      // absolute; where a symbolic link leads
     bool keepBackup = false;  // set it before FinishRewrite
-    std::wstring temporary;
-    TextWriter writer;
+    TextReader reader;        // the old text; closed where there is none, or none is wanted
+    TextWriter writer;        // the new text
+    std::wstring newText;     // the file beside the target that the writer fills
+    bool isTargetThere = false;
+    system::FileStamp stamp;  // of the old text, when there is one
     // Why the target's folder takes no new file, so that nothing is written.
     system::ErrorNumber folderError = system::kErrorNone;
 };
 
-// Opens the temporary file, provided that the target's folder takes new files; what is to be
-// written goes to `writer`. A failure is kept in the writer, so that only FinishRewrite need be
-// asked.
-void BeginRewrite(Rewrite& rewrite, const std::wstring& target);
+// Opens the old text, which the edit reads; false when it cannot be opened, reader.error says why.
+bool OpenOldText(Rewrite& rewrite, const std::wstring& path);
 
-// Puts the new text in the target's place, and first, when a backup is kept, a copy of the old text
-// at BackupPath(target), instead of an older backup; no reader of ours may hold the target
-// open. `readError` is that of the text that was copied from, if any.
+// Makes the new file, with the attributes, access list, owner and creation time of the old one;
+// what is to be written goes to `writer`. A failure is kept in the record, so that only
+// FinishRewrite need be asked. When other hard links lead to the old text, which they keep, this is
+// reported (3691). `path` is that of OpenOldText where that was called.
+void BeginRewrite(Rewrite& rewrite, const std::wstring& path);
+
+enum class RewriteEnd {
+    kDone,    // the file has the new text
+    kFailed,  // reported; the file has the old text
+    kChanged  // another program has changed the file meanwhile; nothing is reported, nothing is
+              // left
+};
+
+// Puts the new text in the target's place, and first, when a backup is kept, the old text under the
+// name BackupPath(target), too, instead of an older backup. Closes both texts.
 //
 // On failure the target is as it was, and the user is informed: the new text is kept when it is
 // whole (message 3500; 3505 when it was the backup that failed), and removed (3504) when not. No
 // text is made when the folder takes no new file (3612).
-bool FinishRewrite(Rewrite& rewrite, system::ErrorNumber readError = system::kErrorNone);
+RewriteEnd FinishRewrite(Rewrite& rewrite);
 
-// Ends a rewrite that is not to be: the target is as it was, the new text goes.
+// Ends a rewrite that is not to be: the target is as it was, the new text goes. Nothing happens to
+// one that was not begun.
 void AbandonRewrite(Rewrite& rewrite);
+
+// Makes an edit, and makes it again as long as another program changes the file meanwhile, three
+// times at most; then this is reported (3690). True when the edit is done.
+//     edit: RewriteEnd()
+template <class Edit>
+bool RepeatUntilUnchanged(const std::wstring& path, Edit edit) {
+    constexpr int kMostAttempts = 3;
+    for (int i = 0; i < kMostAttempts; ++i) {
+        const RewriteEnd end = edit();
+        if (end != RewriteEnd::kChanged) return end == RewriteEnd::kDone;
+    }
+    ReportMessage(kMsgChangedTooOften, {path});
+    return false;
+}
+
 // The one report of a replacement: for a failure the message `failure`, or, when the target was
 // taken away, where its old text and the new one are (3507); and a file that was left over (3508).
 // Nothing is shown when all is well.
@@ -43,7 +77,8 @@ void ReportReplacement(const ReplaceResult& result, int32_t failure, MessageArgu
 std::wstring ReasonOf(system::ErrorNumber error);
 std::wstring RemedyOf(system::ErrorNumber error);
 
-// Shows the user (3504) why there is no new text for a file, which is as it was.
+// Shows the user (3504) why there is no new text for a file, which is as it was; when another
+// program writes it, which one (3692).
 void ReportTextNotWritten(const std::wstring& target, system::ErrorNumber error);
 
 }  // namespace corvane

@@ -162,14 +162,22 @@ bool IsHeaderLine(std::string_view line) {
 }
 
 bool OpenText(TextReader& reader, const std::wstring& path) {
+    system::File file;
+    const system::ErrorNumber error = system::OpenForReading(path, file);
+    AdoptFile(reader, file);
+    reader.error = error;
+    return error == system::kErrorNone;
+}
+
+void AdoptFile(TextReader& reader, system::File file) {
     assert(!reader.file.IsOpen());
-    reader.error = system::OpenForReading(path, reader.file);
-    if (reader.error != system::kErrorNone) return false;
+    reader.file = file;
+    if (!file.IsOpen()) return;
     reader.buffer = std::make_unique_for_overwrite<char[]>(kTextBufferSize);
     reader.first = reader.next = reader.end = 0;
     reader.bufferOffset = 0;
     reader.atEnd = false;
-    return true;
+    reader.error = system::kErrorNone;
 }
 
 bool ReadLine(TextReader& reader, std::string_view& line) {
@@ -259,6 +267,11 @@ void WriteLine(TextWriter& writer, std::string_view line) {
 
 std::string_view WrittenTail(const TextWriter& writer) {
     return {writer.buffer.get(), writer.used};
+}
+
+void FlushText(TextWriter& writer) {
+    WriteOutBuffer(writer);
+    if (writer.error == system::kErrorNone) writer.error = system::FlushToDisk(writer.file);
 }
 
 bool CloseText(TextWriter& writer) {

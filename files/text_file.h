@@ -50,6 +50,8 @@ struct TextReader {
 
 // Opens a file at its start; others may go on reading, writing, renaming and deleting it.
 bool OpenText(TextReader& reader, const std::wstring& path);
+// Reads a file that the caller has opened, from its start; the reader closes it.
+void AdoptFile(TextReader& reader, system::File file);
 
 // The next line without its end; false at the end of the file or after a failed read. The view
 // holds until the next call with this reader.
@@ -90,6 +92,8 @@ void WriteText(TextWriter& writer, std::string_view text);
 void WriteLine(TextWriter& writer, std::string_view line);  // with CR LF
 // What was written last: kKeptTail bytes at least, or all. The view holds until the next write.
 std::string_view WrittenTail(const TextWriter& writer);
+// Writes out what is in memory, and waits until the disk has it.
+void FlushText(TextWriter& writer);
 // Writes out what is in memory and closes the file; false when any write failed.
 bool CloseText(TextWriter& writer);
 

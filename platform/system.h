@@ -30,6 +30,8 @@ inline constexpr ErrorNumber kErrorDiskFull = 112;
 inline constexpr ErrorNumber kErrorInvalidName = 123;
 inline constexpr ErrorNumber kErrorModuleNotFound = 126;
 inline constexpr ErrorNumber kErrorProcedureNotFound = 127;
+// A file is no longer the one that was looked at.
+inline constexpr ErrorNumber kErrorFileChanged = 1006;
 inline constexpr ErrorNumber kErrorIoDevice = 1117;
 
 // The system's description of an error, without a line end: "Access is denied."
@@ -45,6 +47,9 @@ struct File {
 
 // For reading. Other programs may read, write, rename and delete the file meanwhile.
 ErrorNumber OpenForReading(const std::wstring& path, File& file);
+// For reading a text that is to be rewritten: nobody else can write into the file meanwhile.
+// kErrorSharingViolation while another program has it open for writing.
+ErrorNumber OpenForEditing(const std::wstring& path, File& file);
 // A new file for writing, taking the place of what an old one of that name held. Others may read.
 ErrorNumber CreateForWriting(const std::wstring& path, File& file);
 // As above, but fails with kErrorFileExists when the name is taken.
@@ -82,10 +87,23 @@ struct FileIdentity {
     uint64_t file = 0;
     bool operator==(const FileIdentity&) const = default;
 };
+// What a text is known by: a file whose stamp is the same has not been written meanwhile.
+struct FileStamp {
+    FileIdentity identity;
+    int64_t size = 0;      // bytes
+    int64_t modified = 0;  // as in FileStatus
+    int64_t linkCount =
+        0;  // names that the file has; a new name changes no text, so == leaves it out
+    bool operator==(const FileStamp& other) const {
+        return identity == other.identity && size == other.size && modified == other.modified;
+    }
+};
 // Of an existing file or folder.
-ErrorNumber GetFileIdentity(const std::wstring& path, FileIdentity& identity);
+ErrorNumber GetFileStamp(const std::wstring& path, FileStamp& stamp);
+ErrorNumber GetFileStamp(File file, FileStamp& stamp);
 ErrorNumber SetReadOnly(const std::wstring& path, bool readOnly);
-// Gives `to` the attributes (on the host: permissions) of `from`.
+// Gives `to` the attributes (on the host: permissions), the access list, the owner and the creation
+// time of `from`, as far as the user may. Attributes that cannot be set are an error.
 ErrorNumber CopyAttributes(const std::wstring& from, const std::wstring& to);
 ErrorNumber RemoveFile(const std::wstring& path);
 // Copies the bytes of a file; fails when `to` exists and `overwrite` is false.
@@ -101,6 +119,10 @@ ErrorNumber RenameToNewName(const std::wstring& from, const std::wstring& to);
 // `backup`. Absolute paths only.
 ErrorNumber SwapIn(const std::wstring& target, const std::wstring& replacement,
                    const std::wstring& backup);
+// Gives a file one more name, which nobody has yet, on the same volume. Not every volume can.
+ErrorNumber MakeLink(const std::wstring& existing, const std::wstring& name);
+// The file that a symbolic link leads to; the path itself, made absolute, where it is not one.
+std::wstring LinkedFile(const std::wstring& path);
 ErrorNumber MakeDirectory(const std::wstring& path);
 ErrorNumber RemoveEmptyDirectory(const std::wstring& path);
 
@@ -175,6 +197,9 @@ bool IsProgramRunning(const std::wstring& path);
 // nothing has failed since ClearLastError.
 ErrorNumber LastError();
 void ClearLastError();
+// The names of the programs that have a file open, as the system shows them to users: "One, Two".
+// Empty when the system does not say.
+std::wstring ProgramsThatHold(const std::wstring& path);
 // Milliseconds since some moment in the past.
 int64_t Milliseconds();
 void SleepFor(int milliseconds);

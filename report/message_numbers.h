@@ -200,7 +200,12 @@
     X(kMsgOpenInProgram, 3633)          \
     X(kMsgBasicShipData, 3634)          \
     X(kMsgNewModel, 3635)               \
-    X(kMsgRegionalNote, 3636)
+    X(kMsgRegionalNote, 3636)           \
+    X(kMsgChangedTooOften, 3690)        \
+    X(kMsgOtherLinks, 3691)             \
+    X(kMsgHeldByProgram, 3692)          \
+    X(kMsgAnotherProgram, 3693)         \
+    X(kMsgBeingWritten, 3694)
 
 namespace corvane {
 

@@ -45,9 +45,7 @@ AppendResult AppendLegacySection(Import& import, int32_t number) {
         return AppendResult::kNoSource;
     }
     section.identifier.clear();  // the writer makes a new one
-    const int32_t newNumber = NumberForAppending(import.path, AskForWritableDatabase);
-    const bool isAppended =
-        newNumber != 0 && ReplaceSection(import.path, section, newNumber, OptionsOf(import));
+    const bool isAppended = AppendSection(import.path, section, OptionsOf(import));
     return isAppended ? AppendResult::kAppended : AppendResult::kNotWritten;
 }
 

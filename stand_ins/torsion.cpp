@@ -57,56 +57,55 @@ bool SkipName(TextReader& reader, int64_t& begin) {
     return false;
 }
 
-// Some systems do not replace a file that is open.
-bool Finish(Rewrite& rewrite, TextReader& reader) {
-    system::CloseFile(reader.file);
-    return FinishRewrite(rewrite, reader.error);
-}
-
 }  // namespace
 
 bool WriteTorsionModel(const std::wstring& path, const TorsionModel& model, int32_t number) {
-    TextReader reader;
-    std::string keyword;
-    Rewrite rewrite;
-    OpenText(reader, path);
-    BeginRewrite(rewrite, path);
-    if (reader.error == system::kErrorNone) {
+    return RepeatUntilUnchanged(path, [&] {
+        Rewrite rewrite;
+        TextReader& reader = rewrite.reader;
+        if (!OpenOldText(rewrite, path)) {
+            ReportTextNotWritten(path, reader.error);
+            return RewriteEnd::kFailed;
+        }
+        std::string keyword;
         const bool found = FindModel(reader, number, keyword);
         const int64_t block = found ? LinePosition(reader) : -1;
         SeekLine(reader, 0);
+        BeginRewrite(rewrite, path);
         CopySpan(reader, block, rewrite.writer);
         WriteBlock(rewrite.writer, model, number);
         if (found) SkipBlock(reader);
         CopySpan(reader, -1, rewrite.writer);
-    }
-    return Finish(rewrite, reader);
+        return FinishRewrite(rewrite);
+    });
 }
 
 bool RenameModel(const std::wstring& path, const std::wstring& name, int32_t number) {
-    TextReader reader;
-    std::string keyword;
-    int64_t begin = 0;
-    if (!OpenText(reader, path) || !FindModel(reader, number, keyword)) {
-        ReportMessage(kMsgModelMissing, {number, path});
-        return false;
-    }
-    if (!SkipName(reader, begin)) {
-        ReportMessage(
-            L"Model ¤ of '¤' has lost its name line: nothing was saved.²²Delete "
-            L"the model in Corvane, or restore the database from a backup.",
-            {number, path});
-        return false;
-    }
-    const int64_t end = LinePosition(reader);
-    Rewrite rewrite;
-    BeginRewrite(rewrite, path);
-    SeekLine(reader, 0);
-    CopySpan(reader, begin, rewrite.writer);
-    WriteLine(rewrite.writer, system::AnsiFromWide(name));
-    SeekLine(reader, end);
-    CopySpan(reader, -1, rewrite.writer);
-    return Finish(rewrite, reader);
+    return RepeatUntilUnchanged(path, [&] {
+        Rewrite rewrite;
+        TextReader& reader = rewrite.reader;
+        std::string keyword;
+        int64_t begin = 0;
+        if (!OpenOldText(rewrite, path) || !FindModel(reader, number, keyword)) {
+            ReportMessage(kMsgModelMissing, {number, path});
+            return RewriteEnd::kFailed;
+        }
+        if (!SkipName(reader, begin)) {
+            ReportMessage(
+                L"Model ¤ of '¤' has lost its name line: nothing was saved.²²Delete "
+                L"the model in Corvane, or restore the database from a backup.",
+                {number, path});
+            return RewriteEnd::kFailed;
+        }
+        const int64_t end = LinePosition(reader);
+        BeginRewrite(rewrite, path);
+        SeekLine(reader, 0);
+        CopySpan(reader, begin, rewrite.writer);
+        WriteLine(rewrite.writer, system::AnsiFromWide(name));
+        SeekLine(reader, end);
+        CopySpan(reader, -1, rewrite.writer);
+        return FinishRewrite(rewrite);
+    });
 }
 
 }  // namespace corvane::stand_ins

@@ -1,9 +1,12 @@
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <climits>
 #include <cstdio>
+#include <cstdlib>
 #include <vector>
 
 #include "platform/host/native.h"
@@ -72,18 +75,36 @@ ErrorNumber CopyAll(File from, File to) {
 }
 
 bool IsSameFile(File file, const std::wstring& path) {
-    struct stat first;
-    struct stat second;
-    std::string native;
-    return NativePath(path, native) == kErrorNone && stat(native.c_str(), &second) == 0 &&
-           fstat(HandleOf(file), &first) == 0 && first.st_dev == second.st_dev &&
-           first.st_ino == second.st_ino;
+    FileStamp first;
+    FileStamp second;
+    return GetFileStamp(file, first) == kErrorNone && GetFileStamp(path, second) == kErrorNone &&
+           first.identity == second.identity;
+}
+
+int64_t ModifiedTime(const struct stat& status) {
+    return int64_t{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec;
+}
+
+FileStamp StampOf(const struct stat& status) {
+    return {{status.st_dev, status.st_ino},
+            status.st_size,
+            ModifiedTime(status),
+            static_cast<int64_t>(status.st_nlink)};
 }
 
 }  // namespace
 
 ErrorNumber OpenForReading(const std::wstring& path, File& file) {
     return Open(path, O_RDONLY, file);
+}
+
+// A writer that locks the file is respected; the lock lasts until the file is closed.
+ErrorNumber OpenForEditing(const std::wstring& path, File& file) {
+    const ErrorNumber error = Open(path, O_RDONLY, file);
+    if (error != kErrorNone) return error;
+    if (flock(HandleOf(file), LOCK_SH | LOCK_NB) == 0 || errno != EWOULDBLOCK) return kErrorNone;
+    CloseFile(file);
+    return kErrorSharingViolation;
 }
 
 ErrorNumber CreateForWriting(const std::wstring& path, File& file) {
@@ -144,17 +165,24 @@ ErrorNumber GetFileStatus(const std::wstring& path, FileStatus& status) {
     status.isDirectory = S_ISDIR(data.st_mode);
     status.isReadOnly = (data.st_mode & kWriteBits) == 0;
     status.size = data.st_size;
-    status.modified = int64_t{data.st_mtim.tv_sec} * 1'000'000'000 + data.st_mtim.tv_nsec;
+    status.modified = ModifiedTime(data);
     return kErrorNone;
 }
 
-ErrorNumber GetFileIdentity(const std::wstring& path, FileIdentity& identity) {
+ErrorNumber GetFileStamp(File file, FileStamp& stamp) {
+    struct stat status;
+    if (fstat(HandleOf(file), &status) == -1) return ErrorOf(-1);
+    stamp = StampOf(status);
+    return kErrorNone;
+}
+
+ErrorNumber GetFileStamp(const std::wstring& path, FileStamp& stamp) {
     std::string native;
     const ErrorNumber error = NativePath(path, native);
     if (error != kErrorNone) return error;
     struct stat status;
     if (stat(native.c_str(), &status) == -1) return ErrorOfPath(-1, native);
-    identity = {status.st_dev, status.st_ino};
+    stamp = StampOf(status);
     return kErrorNone;
 }
 
@@ -176,6 +204,9 @@ ErrorNumber CopyAttributes(const std::wstring& from, const std::wstring& to) {
     if (error != kErrorNone) return error;
     struct stat status;
     if (stat(nativeFrom.c_str(), &status) == -1) return ErrorOfPath(-1, nativeFrom);
+    // Only the administrator can give a file away.
+    const bool isGiven = chown(nativeTo.c_str(), status.st_uid, status.st_gid) == 0;
+    if (!isGiven) (void)!chown(nativeTo.c_str(), static_cast<uid_t>(-1), status.st_gid);
     return ErrorOfPath(chmod(nativeTo.c_str(), status.st_mode & 0777), nativeTo);
 }
 
@@ -249,6 +280,27 @@ ErrorNumber SwapIn(const std::wstring& target, const std::wstring& replacement,
     const ErrorNumber renaming = RenameOver(replacement, target);
     if (renaming != kErrorNone) unlink(nativeBackup.c_str());
     return renaming;
+}
+
+ErrorNumber MakeLink(const std::wstring& existing, const std::wstring& name) {
+    std::string nativeExisting;
+    std::string nativeName;
+    const ErrorNumber error = NativePaths(existing, name, nativeExisting, nativeName);
+    if (error != kErrorNone) return error;
+    return ErrorOfPath(link(nativeExisting.c_str(), nativeName.c_str()), nativeName);
+}
+
+std::wstring LinkedFile(const std::wstring& path) {
+    std::string native;
+    struct stat status;
+    if (NativePath(path, native) != kErrorNone || lstat(native.c_str(), &status) == -1 ||
+        !S_ISLNK(status.st_mode)) {
+        return AbsolutePath(path);
+    }
+    char* const real = realpath(native.c_str(), nullptr);
+    std::wstring linked = real != nullptr ? WindowsPath(real) : AbsolutePath(path);
+    free(real);
+    return linked;
 }
 
 ErrorNumber MakeDirectory(const std::wstring& path) {

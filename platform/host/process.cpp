@@ -36,6 +36,11 @@ bool ClaimSingleInstance() {
     return claimed;
 }
 
+// The host has no list of them for users.
+std::wstring ProgramsThatHold(const std::wstring&) {
+    return {};
+}
+
 bool IsProgramRunning(const std::wstring& path) {
     std::string native;
     struct stat wanted;

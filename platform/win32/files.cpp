@@ -11,6 +11,8 @@ namespace {
 // One call of Windows transfers at most this many bytes; its count has 32 bits.
 constexpr size_t kLargestTransfer = size_t{1} << 30;
 
+constexpr DWORD kLongestPath = 32 * 1024;
+
 constexpr DWORD kCopiedAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN |
                                     FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
 
@@ -37,6 +39,51 @@ ErrorNumber Open(const std::wstring& path, const OpenMode& mode, File& file) {
 ErrorNumber SetAttributes(const std::wstring& path, DWORD attributes) {
     if (attributes == 0) attributes = FILE_ATTRIBUTE_NORMAL;
     return ErrorOf(SetFileAttributesW(NativePath(path).c_str(), attributes) != 0);
+}
+
+// The path as users write it, without what lifts the limit of 260 characters.
+std::wstring WithoutPrefix(const std::wstring& path) {
+    constexpr std::wstring_view kShare = L"\\\\?\\UNC\\";
+    constexpr std::wstring_view kDrive = L"\\\\?\\";
+    if (path.starts_with(kShare)) return L"\\\\" + path.substr(kShare.size());
+    return path.starts_with(kDrive) ? path.substr(kDrive.size()) : path;
+}
+
+FileStamp StampOf(const BY_HANDLE_FILE_INFORMATION& data) {
+    const auto joined = [](DWORD high, DWORD low) { return uint64_t{high} << 32 | low; };
+    return {{data.dwVolumeSerialNumber, joined(data.nFileIndexHigh, data.nFileIndexLow)},
+            static_cast<int64_t>(joined(data.nFileSizeHigh, data.nFileSizeLow)),
+            static_cast<int64_t>(
+                joined(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime)),
+            data.nNumberOfLinks};
+}
+
+// Asks for no right to the contents, so that a file that others lock is found, too.
+ErrorNumber OpenToLook(const std::wstring& path, DWORD access, File& file) {
+    const OpenMode mode{access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                        OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS};
+    return Open(path, mode, file);
+}
+
+// A part of the security of one file for another; nothing where the user may not.
+void CopySecurity(const std::wstring& from, const std::wstring& to, SECURITY_INFORMATION part) {
+    DWORD size = 0;
+    GetFileSecurityW(from.c_str(), part, nullptr, 0, &size);
+    std::vector<std::byte> security(size);
+    if (size > 0 && GetFileSecurityW(from.c_str(), part, security.data(), size, &size) != 0) {
+        SetFileSecurityW(to.c_str(), part, security.data());
+    }
+}
+
+void CopyCreationTime(const std::wstring& from, const std::wstring& to) {
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    File file;
+    if (GetFileAttributesExW(NativePath(from).c_str(), GetFileExInfoStandard, &data) == 0 ||
+        OpenToLook(to, FILE_WRITE_ATTRIBUTES, file) != kErrorNone) {
+        return;
+    }
+    SetFileTime(HandleOf(file), &data.ftCreationTime, nullptr, nullptr);
+    CloseFile(file);
 }
 
 bool IsReadOnly(const std::wstring& path) {
@@ -75,6 +122,12 @@ ErrorNumber RenameInOneStep(const std::wstring& from, const std::wstring& to) {
 ErrorNumber OpenForReading(const std::wstring& path, File& file) {
     const OpenMode mode{GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                         OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN};
+    return Open(path, mode, file);
+}
+
+ErrorNumber OpenForEditing(const std::wstring& path, File& file) {
+    const OpenMode mode{GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, OPEN_EXISTING,
+                        FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN};
     return Open(path, mode, file);
 }
 
@@ -150,20 +203,20 @@ ErrorNumber GetFileStatus(const std::wstring& path, FileStatus& status) {
     return kErrorNone;
 }
 
-ErrorNumber GetFileIdentity(const std::wstring& path, FileIdentity& identity) {
-    // Asks for no right to the contents, so that a file that others lock is found, too.
-    const OpenMode mode{0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING,
-                        FILE_FLAG_BACKUP_SEMANTICS};
-    File file;
-    ErrorNumber error = Open(path, mode, file);
-    if (error != kErrorNone) return error;
+ErrorNumber GetFileStamp(File file, FileStamp& stamp) {
     BY_HANDLE_FILE_INFORMATION data;
-    error = ErrorOf(GetFileInformationByHandle(HandleOf(file), &data) != 0);
-    CloseFile(file);
+    const ErrorNumber error = ErrorOf(GetFileInformationByHandle(HandleOf(file), &data) != 0);
+    if (error == kErrorNone) stamp = StampOf(data);
+    return error;
+}
+
+ErrorNumber GetFileStamp(const std::wstring& path, FileStamp& stamp) {
+    File file;
+    ErrorNumber error = OpenToLook(path, 0, file);
     if (error != kErrorNone) return error;
-    identity = {data.dwVolumeSerialNumber,
-                uint64_t{data.nFileIndexHigh} << 32 | data.nFileIndexLow};
-    return kErrorNone;
+    error = GetFileStamp(file, stamp);
+    CloseFile(file);
+    return error;
 }
 
 ErrorNumber SetReadOnly(const std::wstring& path, bool readOnly) {
@@ -176,7 +229,14 @@ ErrorNumber SetReadOnly(const std::wstring& path, bool readOnly) {
 ErrorNumber CopyAttributes(const std::wstring& from, const std::wstring& to) {
     const DWORD attributes = GetFileAttributesW(NativePath(from).c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) return GetLastError();
-    return SetAttributes(to, attributes & kCopiedAttributes);
+    const ErrorNumber error = SetAttributes(to, attributes & kCopiedAttributes);
+    if (error != kErrorNone) return error;
+    CopyCreationTime(from, to);
+    // The access list by itself, since few may give a file away.
+    CopySecurity(NativePath(from), NativePath(to), DACL_SECURITY_INFORMATION);
+    CopySecurity(NativePath(from), NativePath(to),
+                 OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION);
+    return kErrorNone;
 }
 
 ErrorNumber RemoveFile(const std::wstring& path) {
@@ -213,6 +273,26 @@ ErrorNumber SwapIn(const std::wstring& target, const std::wstring& replacement,
     return ErrorOf(ReplaceFileW(NativePath(target).c_str(), NativePath(replacement).c_str(),
                                 NativePath(backup).c_str(), REPLACEFILE_IGNORE_MERGE_ERRORS,
                                 nullptr, nullptr) != 0);
+}
+
+ErrorNumber MakeLink(const std::wstring& existing, const std::wstring& name) {
+    return ErrorOf(
+        CreateHardLinkW(NativePath(name).c_str(), NativePath(existing).c_str(), nullptr) != 0);
+}
+
+std::wstring LinkedFile(const std::wstring& path) {
+    std::wstring absolute = AbsolutePath(path);
+    const DWORD attributes = GetFileAttributesW(NativePath(path).c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) {
+        return absolute;
+    }
+    File file;
+    if (OpenToLook(path, 0, file) != kErrorNone) return absolute;
+    std::wstring linked(kLongestPath, L'\0');
+    linked.resize(GetFinalPathNameByHandleW(HandleOf(file), linked.data(), kLongestPath, 0));
+    CloseFile(file);
+    if (linked.empty() || linked.size() >= kLongestPath) return absolute;
+    return WithoutPrefix(linked);
 }
 
 ErrorNumber MakeDirectory(const std::wstring& path) {

@@ -30,18 +30,19 @@ size_t UnquotedNameLength(const wchar_t* commandLine) {
 }
 
 // Whether a process has not ended and was started from a program file.
-bool IsProcessOf(DWORD id, const FileIdentity& program) {
+bool IsProcessOf(DWORD id, const FileStamp& program) {
     constexpr DWORD kLongestName = 0x8000;
     const HANDLE process = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION | SYNCHRONIZE, FALSE, id);
     if (process == nullptr) return false;
     std::wstring path(kLongestName, L'\0');
     DWORD length = kLongestName;
-    FileIdentity found;
+    FileStamp found;
     const bool isRunning = WaitForSingleObject(process, 0) == WAIT_TIMEOUT;
     const bool isNamed = QueryFullProcessImageNameW(process, 0, path.data(), &length) != 0;
     CloseHandle(process);
     path.resize(isNamed ? length : 0);
-    return isRunning && isNamed && GetFileIdentity(path, found) == kErrorNone && found == program;
+    return isRunning && isNamed && GetFileStamp(path, found) == kErrorNone &&
+           found.identity == program.identity;
 }
 
 }  // namespace
@@ -63,8 +64,8 @@ bool ClaimSingleInstance() {
 }
 
 bool IsProgramRunning(const std::wstring& path) {
-    FileIdentity wanted;
-    if (GetFileIdentity(path, wanted) != kErrorNone) return false;
+    FileStamp wanted;
+    if (GetFileStamp(path, wanted) != kErrorNone) return false;
     const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
     if (snapshot == INVALID_HANDLE_VALUE) return false;
     PROCESSENTRY32W entry{};

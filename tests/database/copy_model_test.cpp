@@ -136,6 +136,56 @@ TEST_F(CopyModelTest, OnlyABulkheadArrangementIsCopiedAsOne) {
     }
 }
 
+// ---- Other programs ----------------------------------------------------------------------------
+
+// Another program puts a new version of the database in place while a copy is being written.
+struct Meanwhile {
+    inline static std::wstring path;
+    inline static std::string text;
+    inline static int times = 0;
+
+    static void CORVANE_STDCALL ReplaceDatabase(char* buffer, int32_t size) {
+        GiveIdentifier(buffer, size);
+        if (times-- <= 0) return;
+        const std::wstring theirs = path + L".new";
+        test::WriteFileBytes(theirs, text);
+        EXPECT_EQ(system::RenameOver(theirs, path), system::kErrorNone);
+    }
+};
+
+TEST_F(CopyModelTest, ModelThatAnotherProgramAppendsMeanwhileStaysAndTheCopyComesAfterIt) {
+    const std::string theirs = SectionAndOthers() + CopiedBlockText(FiveBlocks()[3], 2);
+    for (const auto& [times, expected] : {std::pair(1, 7), std::pair(2, 7)}) {
+        Write(SectionAndOthers());
+        Meanwhile::path = path;
+        Meanwhile::text = theirs;
+        Meanwhile::times = times;
+        generate.function.pointer = Meanwhile::ReplaceDatabase;
+        EXPECT_EQ(Copy(1, ModelKind::kSection), expected);
+        SectionModel copy = section;
+        copy.name = L"Copy";
+        copy.identifier = kNewIdentifier;
+        EXPECT_EQ(WithoutStamps(Text()), WithoutStamps(theirs + BlockText(copy, 7)));
+        EXPECT_EQ(test::ReadFileBytes(folder.File(L"ship.bak")), theirs);
+        EXPECT_EQ(test::FilesIn(folder.path).size(), 2U);
+        EXPECT_TRUE(test::RecordedReports::Of("warning").empty());
+    }
+}
+
+TEST_F(CopyModelTest, FileThatIsReplacedAgainAndAgainIsReportedAndLeftAlone) {
+    const std::string theirs = SectionAndOthers() + CopiedBlockText(FiveBlocks()[3], 2);
+    Write(SectionAndOthers());
+    Meanwhile::path = path;
+    Meanwhile::text = theirs;
+    Meanwhile::times = 100;
+    generate.function.pointer = Meanwhile::ReplaceDatabase;
+    EXPECT_EQ(Copy(1, ModelKind::kSection), 0);
+    EXPECT_EQ(Meanwhile::times, 97);
+    EXPECT_EQ(Text(), theirs);
+    EXPECT_EQ(test::RecordedReports::Of("warning"),
+              std::vector<std::string>{test::ShownText(kMsgChangedTooOften, {path})});
+}
+
 // ---- Torsion models ----------------------------------------------------------------------------
 
 TEST_F(CopyModelTest, TorsionCopyHasTheNextNumberAndOtherwiseTheSameLines) {

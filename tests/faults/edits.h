@@ -16,6 +16,7 @@ struct Edit {
     bool keepsBackup = false;
     // True when the procedure says that the file has the new text.
     bool (*run)(const std::wstring& path) = nullptr;
+    bool keepsText = true;  // the new text has what the edit did not change of the old one
 };
 
 // GoogleTest's way to show one.

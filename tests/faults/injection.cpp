@@ -52,6 +52,9 @@ Step BeforeCall(const char* kind) {
     // Whatever this does itself is not counted.
     current.active = false;
     current.calls.emplace_back(kind);
+    const bool isMeanwhile = static_cast<int>(current.calls.size()) == current.plan.call &&
+                             current.plan.fault == Fault::kMeanwhile;
+    if (isMeanwhile) current.plan.meanwhile();
     current.active = true;
     const Fault fault = current.plan.fault;
     if (IsPlanned() && fault == Fault::kKillBefore) KillThisProcess();

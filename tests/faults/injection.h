@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -23,12 +24,14 @@ enum class Fault {
     kFailKind,    // it fails, and so does every later call of the same kind
     kFailAll,     // it fails, and so does every later call
     kShortWrite,  // half of a write is done, and the call succeeds
+    kMeanwhile,   // another program acts before the call (Plan::meanwhile)
 };
 
 struct Plan {
     Fault fault = Fault::kNone;
     int call = 0;  // the first one is 1
     system::ErrorNumber error = system::kErrorNone;
+    std::function<void()> meanwhile = {};
 };
 
 // From here on calls are counted, and the plan is followed.
@@ -39,6 +42,13 @@ std::vector<std::string> StopFaults();
 inline bool IsWrite(const std::string& kind) {
     return kind == "write" || kind == "NtWriteFile";
 }
+
+// A rename over the target is the last call of its kind in an edit. It takes so many calls, from
+// the first one after the last look at the target on.
+inline bool IsRename(const std::string& kind) {
+    return kind == "rename" || kind == "NtSetInformationFile";
+}
+extern const int kCallsOfARename;
 
 // ---- For the hooks -----------------------------------------------------------------------------
 

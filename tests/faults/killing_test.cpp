@@ -24,10 +24,10 @@ TEST_P(Killed, LeavesTheOldOrTheNewFile) {
     const int callCount = static_cast<int>(scene.calls.size());
     for (int call = 1; call <= callCount; ++call) {
         // After a call is before the next one.
-        Kill(scene, {Fault::kKillBefore, call, 0}, tally);
-        if (IsWrite(scene.calls[call - 1])) Kill(scene, {Fault::kKillWithin, call, 0}, tally);
+        Kill(scene, {Fault::kKillBefore, call}, tally);
+        if (IsWrite(scene.calls[call - 1])) Kill(scene, {Fault::kKillWithin, call}, tally);
     }
-    Kill(scene, {Fault::kKillAfter, callCount, 0}, tally);
+    Kill(scene, {Fault::kKillAfter, callCount}, tally);
     tally.Print();
 }
 

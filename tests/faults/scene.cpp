@@ -108,7 +108,7 @@ int RunAsChild(const std::vector<std::string>& arguments) {
     if (edit == nullptr) return 2;
     const Scene scene{*edit, system::WideFromAnsi(arguments[1]),
                       system::WideFromAnsi(arguments[2])};
-    const Plan plan{static_cast<Fault>(std::stoi(arguments[3])), std::stoi(arguments[4]), 0};
+    const Plan plan{static_cast<Fault>(std::stoi(arguments[3])), std::stoi(arguments[4])};
     return RunEdit(scene, plan).done ? 0 : 1;
 }
 

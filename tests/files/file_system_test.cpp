@@ -275,13 +275,22 @@ TEST(PutCopy, NewTargetIsLeftAloneWhenItIsThere) {
     EXPECT_EQ(ReadFileBytes(files.target), "new");
 }
 
-TEST(CheckFolderTakesFiles, LeavesNothingBehind) {
-    const TemporaryFolder folder;
-    std::wstring leftOver;
-    EXPECT_EQ(CheckFolderTakesFiles(folder.path, leftOver), system::kErrorNone);
-    EXPECT_EQ(leftOver, L"");
-    EXPECT_TRUE(FilesIn(folder.path).empty());
-    EXPECT_NE(CheckFolderTakesFiles(folder.File(L"none"), leftOver), system::kErrorNone);
+TEST(PutLinkOrCopy, GivesTheFileAnotherNameInsteadOfAnOlderFile) {
+    const Replacing files;
+    const std::wstring backup = files.folder.File(L"ship.bak");
+    WriteFileBytes(files.target, "text");
+    for (const char* older : {"", "older"}) {
+        if (*older != '\0') {
+            KillFile(backup);
+            WriteFileBytes(backup, older);
+        }
+        EXPECT_TRUE(PutLinkOrCopy(files.target, backup).Done());
+        EXPECT_TRUE(IsSameFile(files.target, backup));
+        EXPECT_TRUE(FilesIn(files.folder.path) == (Names{L"ship.bak", L"ship.ve2"}));
+    }
+    // It has the name already.
+    EXPECT_TRUE(PutLinkOrCopy(files.target, backup).Done());
+    EXPECT_TRUE(FilesIn(files.folder.path) == (Names{L"ship.bak", L"ship.ve2"}));
 }
 
 TEST(ReplaceFile, TextsOfEverySizeArrive) {

@@ -101,8 +101,8 @@ TEST(BackupPath, NameWithoutAPointIsKeptWhole) {
     EXPECT_EQ(BackupPath(L""), L".bak");
 }
 
-TEST(BackupPath, LastPointCountsEvenInAFolderName) {
-    EXPECT_EQ(BackupPath(L"C:\\rev1.2\\ship"), L"C:\\rev1.bak");
+TEST(BackupPath, PointInAFoldersNameIsNoExtension) {
+    EXPECT_EQ(BackupPath(L"C:\\rev1.2\\ship"), L"C:\\rev1.2\\ship.bak");
 }
 
 TEST(FitsPattern, ExtensionDecidesWhateverItsCase) {

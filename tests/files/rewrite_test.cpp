@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "files/file_system.h"
+#include "files/paths.h"
 #include "report/messages.h"
 #include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
@@ -28,34 +31,106 @@ struct RewriteTest : testing::Test {
 
 TEST_F(RewriteTest, NewTextReplacesTheOld) {
     EXPECT_EQ(ReadFileBytes(target), "old");
-    EXPECT_TRUE(FinishRewrite(rewrite));
+    EXPECT_EQ(FinishRewrite(rewrite), RewriteEnd::kDone);
     EXPECT_EQ(ReadFileBytes(target), "new");
-    EXPECT_FALSE(FileExists(rewrite.temporary));
+    EXPECT_FALSE(FileExists(rewrite.newText));
     EXPECT_EQ(test::FilesIn(folder.path).size(), 1U);
     EXPECT_TRUE(RecordedReports::Of("warning").empty());
 }
 
 TEST_F(RewriteTest, TextThatCouldNotBeReadWholeIsRemovedAndReported) {
-    EXPECT_FALSE(FinishRewrite(rewrite, system::kErrorIoDevice));
+    rewrite.reader.error = system::kErrorIoDevice;
+    EXPECT_EQ(FinishRewrite(rewrite), RewriteEnd::kFailed);
     EXPECT_EQ(ReadFileBytes(target), "old");
-    EXPECT_FALSE(FileExists(rewrite.temporary));
+    EXPECT_FALSE(FileExists(rewrite.newText));
     ASSERT_EQ(RecordedReports::Of("warning").size(), 1U);
     const std::string message = RecordedReports::Of("warning")[0];
-    for (const std::wstring& part :
-         {target, system::ErrorText(system::kErrorIoDevice), system::TemporaryDirectory()}) {
+    for (const std::wstring& part : {target, system::ErrorText(system::kErrorIoDevice)}) {
         EXPECT_NE(message.find(test::Narrow(part)), std::string::npos) << message;
     }
 }
 
 TEST_F(RewriteTest, TextThatCannotBePutInPlaceIsKeptAndItsPathReported) {
     ASSERT_EQ(system::SetReadOnly(target, true), system::kErrorNone);
-    EXPECT_FALSE(FinishRewrite(rewrite));
+    EXPECT_EQ(FinishRewrite(rewrite), RewriteEnd::kFailed);
     EXPECT_EQ(ReadFileBytes(target), "old");
-    EXPECT_EQ(ReadFileBytes(rewrite.temporary), "new");
+    EXPECT_EQ(ReadFileBytes(rewrite.newText), "new");
     ASSERT_EQ(RecordedReports::Of("warning").size(), 1U);
-    EXPECT_NE(RecordedReports::Of("warning")[0].find(test::Narrow(rewrite.temporary)),
+    EXPECT_NE(RecordedReports::Of("warning")[0].find(test::Narrow(rewrite.newText)),
               std::string::npos);
-    KillFile(rewrite.temporary);
+    KillFile(rewrite.newText);
+}
+
+TEST_F(RewriteTest, NewTextIsBesideTheOldOne) {
+    EXPECT_EQ(DirectoryOf(rewrite.newText), DirectoryOf(target));
+    AbandonRewrite(rewrite);
+    EXPECT_EQ(test::FilesIn(folder.path), std::vector<std::wstring>{L"ship.ve2"});
+}
+
+// ---- Other programs ----------------------------------------------------------------------------
+
+TEST_F(RewriteTest, FileThatAnotherProgramReplacesMeanwhileStays) {
+    test::WriteFileBytes(folder.File(L"theirs"), "the text of another program");
+    ASSERT_EQ(system::RenameOver(folder.File(L"theirs"), target), system::kErrorNone);
+    EXPECT_EQ(FinishRewrite(rewrite), RewriteEnd::kChanged);
+    EXPECT_EQ(ReadFileBytes(target), "the text of another program");
+    EXPECT_EQ(test::FilesIn(folder.path), std::vector<std::wstring>{L"ship.ve2"});
+    EXPECT_TRUE(RecordedReports::events.empty());
+}
+
+TEST_F(RewriteTest, FileThatAnotherProgramWritesIntoMeanwhileStays) {
+    test::WriteFileBytes(target, "other");
+    EXPECT_EQ(FinishRewrite(rewrite), RewriteEnd::kChanged);
+    EXPECT_EQ(ReadFileBytes(target), "other");
+}
+
+TEST_F(RewriteTest, FileThatAnotherProgramDeletesMeanwhileIsNotMadeAgain) {
+    KillFile(target);
+    EXPECT_EQ(FinishRewrite(rewrite), RewriteEnd::kChanged);
+    EXPECT_TRUE(test::FilesIn(folder.path).empty());
+}
+
+TEST(Rewrite, FileThatIsMadeMeanwhileStays) {
+    const RecordedReports screen;
+    const test::TemporaryFolder folder;
+    const std::wstring target = folder.File(L"ship.ve2");
+    Rewrite rewrite;
+    BeginRewrite(rewrite, target);
+    WriteText(rewrite.writer, "new");
+    test::WriteFileBytes(target, "made by others");
+    EXPECT_EQ(FinishRewrite(rewrite), RewriteEnd::kFailed);
+    EXPECT_EQ(ReadFileBytes(target), "made by others");
+    EXPECT_EQ(ReadFileBytes(rewrite.newText), "new");
+    EXPECT_EQ(RecordedReports::Of("warning").size(), 1U);
+}
+
+TEST(RepeatUntilUnchanged, TriesThreeTimesAndReportsThat) {
+    for (const int changes : {0, 2, 3}) {
+        const RecordedReports screen;
+        int attempts = 0;
+        const bool isDone = RepeatUntilUnchanged(L"ship.ve2", [&] {
+            return ++attempts <= changes ? RewriteEnd::kChanged : RewriteEnd::kDone;
+        });
+        EXPECT_EQ(isDone, changes < 3);
+        EXPECT_EQ(attempts, std::min(changes + 1, 3));
+        EXPECT_EQ(RecordedReports::Of("warning").size(), changes < 3 ? 0U : 1U);
+    }
+}
+
+TEST(RepeatUntilUnchanged, FailureIsNotRepeated) {
+    int attempts = 0;
+    EXPECT_FALSE(RepeatUntilUnchanged(L"ship.ve2", [&] {
+        ++attempts;
+        return RewriteEnd::kFailed;
+    }));
+    EXPECT_EQ(attempts, 1);
+}
+
+TEST(OpenOldText, MissingFileIsTheReadersError) {
+    const test::TemporaryFolder folder;
+    Rewrite rewrite;
+    EXPECT_FALSE(OpenOldText(rewrite, folder.File(L"none.ve2")));
+    EXPECT_EQ(rewrite.reader.error, system::kErrorFileNotFound);
 }
 
 // The system has a folder that takes no new file, with a file that everybody may see written.
@@ -68,9 +143,9 @@ TEST(Rewrite, FolderThatTakesNoFileIsTheReasonAndLeavesNoText) {
     BeginRewrite(rewrite, target);
     rewrite.keepBackup = true;
     WriteText(rewrite.writer, "new");
-    EXPECT_FALSE(FinishRewrite(rewrite));
+    EXPECT_EQ(FinishRewrite(rewrite), RewriteEnd::kFailed);
     EXPECT_EQ(ReadFileBytes(target), before);
-    EXPECT_EQ(rewrite.temporary, L"");
+    EXPECT_EQ(rewrite.newText, L"");
     ASSERT_EQ(RecordedReports::Of("warning").size(), 1U);
     const std::string message = RecordedReports::Of("warning")[0];
     EXPECT_NE(message.find("its folder takes no new file"), std::string::npos) << message;
@@ -127,16 +202,16 @@ struct BackupTest : testing::Test {
         BeginRewrite(rewrite, folder.File(name));
         WriteText(rewrite.writer, text);
         rewrite.keepBackup = true;
-        return FinishRewrite(rewrite);
+        return FinishRewrite(rewrite) == RewriteEnd::kDone;
     }
     std::string Text(const std::wstring& name) const { return ReadFileBytes(folder.File(name)); }
     // The one message shown, which names the kept text; that is removed then.
     std::string FailureMessage() const {
-        EXPECT_EQ(ReadFileBytes(rewrite.temporary), "new");
+        EXPECT_EQ(ReadFileBytes(rewrite.newText), "new");
         const std::vector<std::string> messages = RecordedReports::Of("warning");
         EXPECT_EQ(messages.size(), 1U);
-        EXPECT_NE(messages.at(0).find(test::Narrow(rewrite.temporary)), std::string::npos);
-        KillFile(rewrite.temporary);
+        EXPECT_NE(messages.at(0).find(test::Narrow(rewrite.newText)), std::string::npos);
+        KillFile(rewrite.newText);
         return messages.at(0);
     }
 };
@@ -147,7 +222,7 @@ TEST_F(BackupTest, OldTextIsBesideTheNewOne) {
     EXPECT_EQ(Text(L"ship.ve2"), "new");
     EXPECT_EQ(Text(L"ship.bak"), "old");
     EXPECT_EQ(test::FilesIn(folder.path).size(), 2U);
-    EXPECT_FALSE(FileExists(rewrite.temporary));
+    EXPECT_FALSE(FileExists(rewrite.newText));
     EXPECT_TRUE(RecordedReports::events.empty());
 }
 
@@ -171,6 +246,52 @@ TEST_F(BackupTest, NewFileHasNoBackup) {
     EXPECT_EQ(test::FilesIn(folder.path), std::vector<std::wstring>{L"ship.ve2"});
 }
 
+TEST_F(BackupTest, BackupIsTheOldFileItself) {
+    test::WriteFileBytes(folder.File(L"ship.ve2"), "old");
+    system::FileStamp old;
+    ASSERT_EQ(system::GetFileStamp(folder.File(L"ship.ve2"), old), system::kErrorNone);
+    EXPECT_TRUE(Write(L"ship.ve2", "new"));
+    system::FileStamp backup;
+    ASSERT_EQ(system::GetFileStamp(folder.File(L"ship.bak"), backup), system::kErrorNone);
+    EXPECT_EQ(backup.identity, old.identity);
+    EXPECT_EQ(backup.linkCount, 1);
+}
+
+// An edit that ended between its backup and its last step leaves one file of two names.
+TEST_F(BackupTest, BackupOfAnEditThatEndedHalfwayIsNoOtherName) {
+    test::WriteFileBytes(folder.File(L"ship.ve2"), "old");
+    ASSERT_EQ(system::MakeLink(folder.File(L"ship.ve2"), folder.File(L"ship.bak")),
+              system::kErrorNone);
+    EXPECT_TRUE(Write(L"ship.ve2", "new"));
+    EXPECT_EQ(Text(L"ship.ve2"), "new");
+    EXPECT_EQ(Text(L"ship.bak"), "old");
+    EXPECT_EQ(test::FilesIn(folder.path).size(), 2U);
+    EXPECT_TRUE(RecordedReports::events.empty());
+}
+
+TEST_F(BackupTest, OtherNamesKeepTheOldTextAndTheUserIsInformed) {
+    test::WriteFileBytes(folder.File(L"ship.ve2"), "old");
+    ASSERT_EQ(system::MakeLink(folder.File(L"ship.ve2"), folder.File(L"other.ve2")),
+              system::kErrorNone);
+    EXPECT_TRUE(Write(L"ship.ve2", "new"));
+    EXPECT_EQ(Text(L"other.ve2"), "old");
+    EXPECT_EQ(Text(L"ship.ve2"), "new");
+    ASSERT_EQ(RecordedReports::Of("warning").size(), 1U);
+    const std::string message = RecordedReports::Of("warning")[0];
+    EXPECT_NE(message.find(test::Narrow(folder.File(L"ship.ve2"))), std::string::npos);
+    EXPECT_NE(message.find("(hard links): 1."), std::string::npos) << message;
+}
+
+TEST_F(BackupTest, FileWithoutAnExtensionHasItsBackupInItsFolder) {
+    const std::wstring folderWithPoint = folder.File(L"proj.v2");
+    ASSERT_EQ(system::MakeDirectory(folderWithPoint), system::kErrorNone);
+    test::WriteFileBytes(folder.File(L"proj.bak"), "another file");
+    test::WriteFileBytes(folder.File(L"proj.v2\\ship"), "old");
+    EXPECT_TRUE(Write(L"proj.v2\\ship", "new"));
+    EXPECT_EQ(Text(L"proj.v2\\ship.bak"), "old");
+    EXPECT_EQ(Text(L"proj.bak"), "another file");
+}
+
 TEST_F(BackupTest, ReadOnlyBackupStopsTheRewrite) {
     test::WriteFileBytes(folder.File(L"ship.ve2"), "old");
     test::WriteFileBytes(folder.File(L"ship.bak"), "older");
@@ -178,8 +299,8 @@ TEST_F(BackupTest, ReadOnlyBackupStopsTheRewrite) {
     EXPECT_FALSE(Write(L"ship.ve2", "new"));
     EXPECT_EQ(Text(L"ship.ve2"), "old");
     EXPECT_EQ(Text(L"ship.bak"), "older");
-    EXPECT_EQ(test::FilesIn(folder.path).size(), 2U);
     const std::string message = FailureMessage();
+    EXPECT_EQ(test::FilesIn(folder.path).size(), 2U);
     EXPECT_NE(message.find(test::Narrow(folder.File(L"ship.bak"))), std::string::npos);
     EXPECT_NE(message.find("Access"), std::string::npos);
 }
@@ -197,9 +318,9 @@ TEST_F(BackupTest, FileThatHasABackupsNameIsLeftAlone) {
     test::WriteFileBytes(folder.File(L"ship.BAK"), "old");
     EXPECT_FALSE(Write(L"ship.BAK", "new"));
     EXPECT_EQ(Text(L"ship.BAK"), "old");
-    EXPECT_EQ(test::FilesIn(folder.path).size(), 1U);
     EXPECT_NE(FailureMessage().find(test::Narrow(GetMessage(kMsgBackupIsTheFile))),
               std::string::npos);
+    EXPECT_EQ(test::FilesIn(folder.path).size(), 1U);
 }
 
 TEST(Rewrite, WithoutATemporaryFileNothingIsWritten) {
@@ -211,7 +332,7 @@ TEST(Rewrite, WithoutATemporaryFileNothingIsWritten) {
     rewrite.target = target;
     EXPECT_FALSE(CreateText(rewrite.writer, folder.File(L"missing\\new.tmp")));
     WriteText(rewrite.writer, "new");
-    EXPECT_FALSE(FinishRewrite(rewrite));
+    EXPECT_EQ(FinishRewrite(rewrite), RewriteEnd::kFailed);
     EXPECT_EQ(ReadFileBytes(target), "old");
     EXPECT_EQ(RecordedReports::Of("warning").size(), 1U);
 }

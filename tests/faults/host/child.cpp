@@ -25,7 +25,7 @@ bool IsKilled(const Scene& scene, const Plan& plan) {
     return WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
 }
 
-// Here there is one sharing mode: a lock is advice, which nobody need take.
+// Here there is one sharing mode: the holder locks the file, as one that writes it.
 Holder::Holder(const std::wstring& path, int, int milliseconds) {
     std::string native;
     EXPECT_EQ(system::NativePath(path, native), system::kErrorNone);
@@ -53,7 +53,7 @@ Holder::~Holder() {
 }
 
 bool CanBeReplaced(int) {
-    return true;
+    return false;
 }
 
 }  // namespace corvane::faults

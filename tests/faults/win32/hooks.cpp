@@ -185,6 +185,8 @@ void ReplaceImports(const wchar_t* library) {
 
 }  // namespace
 
+const int kCallsOfARename = 4;
+
 void InstallHooks() {
     ReplaceImports(L"kernel32.dll");
     ReplaceImports(L"kernelbase.dll");
