@@ -114,7 +114,7 @@ TEST_F(ExchangeBoxes, WhatCanNotBeListedIsReported) {
     ExpectUnlisted(legacy, WarningText(1020, {legacy}));
     ExpectUnlisted(database, WarningText(1020, {database}));
     WriteFileBytes(legacy, "no legacy database");
-    ExpectUnlisted(legacy, WarningText(3556, {legacy, kLegacyForeign}));
+    ExpectUnlisted(legacy, UnreadText(legacy, kLegacyForeign));
     WriteFileBytes(database, "no database");
     ExpectUnlisted(database, WarningText(1083, {database}));
     WriteFileBytes(database, "");
@@ -130,7 +130,7 @@ TEST_F(ExchangeBoxes, DamagedLegacyDatabaseIsReportedWithItsStatus) {
     const std::string bytes = ReadFileBytes(legacy);
     for (const size_t size : {bytes.size() - 1, size_t{1300}, size_t{40}, size_t{9}}) {
         WriteFileBytes(legacy, bytes.substr(0, size));
-        ExpectUnlisted(legacy, WarningText(3556, {legacy, kLegacyDamaged}));
+        ExpectUnlisted(legacy, UnreadText(legacy, kLegacyDamaged));
     }
 }
 
@@ -181,7 +181,7 @@ TEST_F(ExchangeBoxes, LegacyShipDataThatCanNotBeReadAreReported) {
     SectionModel section;
     BasicShipData bsd;
     EXPECT_FALSE(ReadForExchange(legacy, {L"Frame 10", 1}, section, bsd));
-    EXPECT_EQ(Warnings(), Told{WarningText(3556, {legacy, 3})});
+    EXPECT_EQ(Warnings(), Told{UnreadText(legacy, 3)});
 }
 
 TEST_F(ExchangeBoxes, SectionOfADatabaseIsReadWithItsShipData) {
