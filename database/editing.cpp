@@ -78,7 +78,7 @@ bool ReadNumbersOrReport(TextReader& reader, const std::wstring& path, BlockNumb
 
 // The number that a new model gets; 0, and reported, when there is none.
 int32_t NextNumberOrReport(const BlockNumbers& blocks, const std::wstring& path) {
-    if (blocks.next == 0) ReportMessage(kMsgNoModelNumberLeft, {path});
+    if (blocks.next == 0) ReportNoNumberLeft(path);
     return blocks.next;
 }
 

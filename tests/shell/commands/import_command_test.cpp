@@ -392,7 +392,7 @@ TEST_F(ImportCommand, DatabaseWhoseNumbersAreUsedUpIsToldOnce) {
     WriteFileBytes(other, DatabaseText(FiveBlocks()));
     for (const int row : {1, 2, 4}) {
         Import(other, {row, 5});
-        EXPECT_EQ(Warnings(), Told{WarningText(3510, {path})});
+        EXPECT_EQ(Warnings(), Told{WarningText(3510, {path, GetMessage(3002)})});
         ExpectUntouched();
     }
 }
