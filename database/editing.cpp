@@ -43,8 +43,11 @@ bool OpenDatabase(TextReader& reader, const std::wstring& path) {
 bool MoveToWritableFile(std::wstring& path, AskForDatabase ask) {
     std::wstring target = path;
     while (IsReadOnlyFile(target)) {
-        ReportMessage(kMsgReadOnly, {target});
-        if (ask == nullptr) return false;
+        if (ask == nullptr) {
+            ReportMessage(kMsgReadOnly, {target});
+            return false;
+        }
+        ReportMessage(kMsgReadOnly, {target}, BoxText(kMsgCopyAskedNext));
         target = ask(target);
         if (target.empty()) return false;
     }

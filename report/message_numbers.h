@@ -211,7 +211,8 @@
     X(kMsgLegacyNoAnswer, 3647)         \
     X(kMsgModelLeftOut, 3648)           \
     X(kMsgNotAllImported, 3649)         \
-    X(kMsgSectionsWithLosses, 3650)
+    X(kMsgSectionsWithLosses, 3650)     \
+    X(kMsgCopyAskedNext, 3653)
 
 namespace corvane {
 

@@ -416,7 +416,7 @@ TEST_F(ImportCommand, ReadOnlyDatabaseIsTakenToAnotherFileWhichBecomesTheOpenOne
     WriteLegacyDatabase(legacy, {L"Frame 30", L"Frame 40"});
     const FakePrompt prompt{target};
     Import(legacy);
-    EXPECT_EQ(Warnings(), Told{WarningText(1086, {path})});
+    EXPECT_EQ(Warnings(), Told{AdvisedText(1086, {path}, kMsgCopyAskedNext)});
     EXPECT_EQ(FakePrompt::questions.size(), 1u);
     EXPECT_EQ(shell.database.path, target);
     EXPECT_EQ(shell.database.currentModel, 4);
