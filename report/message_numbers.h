@@ -212,6 +212,8 @@
     X(kMsgModelLeftOut, 3648)           \
     X(kMsgNotAllImported, 3649)         \
     X(kMsgSectionsWithLosses, 3650)     \
+    X(kMsgAftOfFrame, 3651)             \
+    X(kMsgForwardOfFrame, 3652)         \
     X(kMsgCopyAskedNext, 3653)
 
 namespace corvane {
