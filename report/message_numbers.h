@@ -214,7 +214,8 @@
     X(kMsgSectionsWithLosses, 3650)     \
     X(kMsgAftOfFrame, 3651)             \
     X(kMsgForwardOfFrame, 3652)         \
-    X(kMsgCopyAskedNext, 3653)
+    X(kMsgCopyAskedNext, 3653)          \
+    X(kMsgPreviewLegend, 3655)
 
 namespace corvane {
 
