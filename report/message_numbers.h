@@ -215,6 +215,7 @@
     X(kMsgAftOfFrame, 3651)             \
     X(kMsgForwardOfFrame, 3652)         \
     X(kMsgCopyAskedNext, 3653)          \
+    X(kMsgOpenDatabaseChosen, 3654)     \
     X(kMsgPreviewLegend, 3655)
 
 namespace corvane {

@@ -91,6 +91,18 @@ TEST_F(ExchangeBoxes, ModelsHaveTheNumbersOfTheirBlocks) {
     EXPECT_EQ(items[1].number, 3);
 }
 
+TEST_F(ExchangeBoxes, OpenDatabaseIsNotListedAndSaysSo) {
+    WriteFileBytes(database, DatabaseText(FiveBlocks()));
+    shell.database.path = database;
+    const ExchangeList list = ListOfFile(database);
+    EXPECT_TRUE(list.items.empty());
+    EXPECT_EQ(list.hint, L"This is the open database. Choose another file.");
+    EXPECT_TRUE(Warnings().empty());
+    shell.database.path = File(L"before.ve2");
+    EXPECT_EQ(ListOfFile(database).items.size(), 5u);
+    EXPECT_EQ(ListOfFile(database).hint, L"");
+}
+
 TEST_F(ExchangeBoxes, DatabasesWithoutModelsGiveAnEmptyListInSilence) {
     WriteLegacyDatabase(legacy, {});
     WriteFileBytes(database, SampleHead());
