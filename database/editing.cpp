@@ -43,8 +43,11 @@ bool OpenDatabase(Rewrite& rewrite, const std::wstring& path) {
 bool MoveToWritableFile(std::wstring& path, AskForDatabase ask) {
     std::wstring target = path;
     while (IsReadOnlyFile(target)) {
-        ReportMessage(kMsgReadOnly, {target});
-        if (ask == nullptr) return false;
+        if (ask == nullptr) {
+            ReportMessage(kMsgReadOnly, {target});
+            return false;
+        }
+        ReportMessage(kMsgReadOnly, {target}, BoxText(kMsgCopyAskedNext));
         target = ask(target);
         if (target.empty()) return false;
     }
@@ -103,7 +106,7 @@ bool EditDatabase(std::wstring& path, const EditOptions& options, MessageNumber 
 
 // The number that a new model gets; 0, and reported, when there is none.
 int32_t NextNumberOrReport(const BlockNumbers& blocks, const std::wstring& path) {
-    if (blocks.next == 0) ReportMessage(kMsgNoModelNumberLeft, {path});
+    if (blocks.next == 0) ReportNoNumberLeft(path);
     return blocks.next;
 }
 

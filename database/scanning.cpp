@@ -136,4 +136,8 @@ void ReportNumberNotOwn(int32_t number, const std::wstring& path) {
     ReportMessage(kMsgNumberNotOwn, {number, path, GetMessage(kMsgModelMarker)});
 }
 
+void ReportNoNumberLeft(const std::wstring& path) {
+    ReportMessage(kMsgNoModelNumberLeft, {path, GetMessage(kMsgModelMarker)});
+}
+
 }  // namespace corvane

@@ -66,5 +66,7 @@ BlockNumbers ReadBlockNumbers(TextReader& reader);
 bool RequireOneBlock(const BlockNumbers& blocks, int32_t number, const std::wstring& path);
 // A command leaves the model alone that this number does not lead to alone (3522).
 void ReportNumberNotOwn(int32_t number, const std::wstring& path);
+// No number is left for a new model (3510).
+void ReportNoNumberLeft(const std::wstring& path);
 
 }  // namespace corvane

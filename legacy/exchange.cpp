@@ -26,6 +26,11 @@ constexpr int16_t kNoAnswer = -1;
 
 constexpr int16_t kShortTextLength = 20;
 
+// The library's status in words is below the message.
+void ReportFailure(int32_t message, MessageArguments arguments, int16_t status) {
+    ReportMessage(message, arguments, LegacyStatusText(status));
+}
+
 // The ship's data as they cross to the library.
 struct BsdBuffer {
     alignas(LegacyBsd) std::array<unsigned char, kLegacyBsdBufferSize> bytes{};
@@ -95,11 +100,11 @@ struct DatabaseExport {
     ExchangeLosses losses;
 };
 
-// A library may keep what it gets until the file is read: whether all of it is in the file now.
-bool IsAllWritten(const std::wstring& path) {
+// A library may keep what it gets until the file is read: 0 when all of it is in the file now.
+int16_t StatusOfAllWritten(const std::wstring& path) {
     int16_t status = kNoAnswer;
     ListLegacySections(path, status);
-    return status == 0;
+    return status;
 }
 
 // The slot's name is not judged: the next slot's status takes the place of this one.
@@ -108,8 +113,9 @@ bool ExportNext(DatabaseExport& work, int16_t number, SectionModel& section) {
     if (LacksDimensions(section) || section.depth_m < kUnsetBelow) {
         SetSectionDefaults(section, work.bsd, kUnsetBelow);
     }
-    if (AddSlot(target.path) != 0) {
-        ReportMessage(kMsgLegacySectionNotAdded, {int32_t{number}, target.told});
+    const int16_t status = AddSlot(target.path);
+    if (status != 0) {
+        ReportFailure(kMsgLegacySectionNotAdded, {int32_t{number}, target.told}, status);
         return false;
     }
     ExportBlocks(target.path, number, section, work.losses);
@@ -117,31 +123,43 @@ bool ExportNext(DatabaseExport& work, int16_t number, SectionModel& section) {
     return true;
 }
 
+// A number that does not lead to one block alone is reported: it could lead to another section.
+bool ReadSectionOf(const ModelEntry& entry, const std::wstring& source, SectionModel& section) {
+    if (entry.hasOwnNumber) return ReadSectionBlock(source, entry.number, false, section);
+    ReportNumberNotOwn(entry.number, source);
+    return false;
+}
+
 bool ExportSections(const std::wstring& source, DatabaseExport& work) {
     int16_t number = 0;
     for (const ModelEntry& entry : ListModels(source)) {
         if (entry.kind != ModelKind::kSection) continue;
         SectionModel section;
-        if (!ReadSectionBlock(source, entry.number, false, section)) continue;
+        if (!ReadSectionOf(entry, source, section)) {
+            NoteLoss(work.losses.whole, kMsgModelLeftOut, {entry.name});
+            continue;
+        }
         if (!ExportNext(work, ++number, section)) return false;
     }
     return true;
 }
 
 bool StartDatabase(const std::wstring& source, const Target& target, BasicShipData& bsd) {
-    int16_t status = kNoAnswer;
-    if (!IsSameFile(source, target.path)) {
-        KillFile(target.path);
-        createvelkdb(system::AnsiFromWide(target.path).c_str(), &status);
+    if (IsSameFile(source, target.path)) {
+        ReportMessage(kMsgIsOpenDatabase, {target.told});
+        return false;
     }
+    KillFile(target.path);
+    int16_t status = kNoAnswer;
+    createvelkdb(system::AnsiFromWide(target.path).c_str(), &status);
     if (status != 0) {
-        ReportMessage(kMsgLegacyNotCreated, {target.told});
+        ReportFailure(kMsgLegacyNotCreated, {target.told}, status);
         return false;
     }
     LoadBsdFromDatabase(source, bsd);
     status = ExportBsd(target.path, bsd);
     if (status == 0) return true;
-    ReportMessage(kMsgLegacyBsdNotWritten, {target.told, int32_t{status}});
+    ReportFailure(kMsgLegacyBsdNotWritten, {target.told, int32_t{status}}, status);
     return false;
 }
 
@@ -186,8 +204,9 @@ void SetSectionDefaults(SectionModel& section, const BasicShipData& bsd, float t
 bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShipData& bsd) {
     ReportStatus(kMsgExportingSection, {ShortenText(section.name, kShortTextLength),
                                         ShortenText(slot.path, kShortTextLength)});
-    if (slot.isNew && AddSlot(slot.path) != 0) {
-        ReportMessage(kMsgLegacyNotExtended, {slot.path});
+    int16_t status = slot.isNew ? AddSlot(slot.path) : int16_t{0};
+    if (status != 0) {
+        ReportFailure(kMsgLegacyNotExtended, {slot.path}, status);
         return false;
     }
     if (LacksDimensions(section)) {
@@ -196,9 +215,10 @@ bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShi
     }
     ExchangeLosses losses;
     ExportBlocks(slot.path, slot.number, section, losses);
-    const bool isNamed = !slot.isNew || NameSlot(slot.path, section) == 0;
-    if (!isNamed || !IsAllWritten(slot.path)) {
-        ReportMessage(kMsgLegacySectionNotAdded, {int32_t{slot.number}, slot.path});
+    if (slot.isNew) status = NameSlot(slot.path, section);
+    if (status == 0) status = StatusOfAllWritten(slot.path);
+    if (status != 0) {
+        ReportFailure(kMsgLegacySectionNotAdded, {int32_t{slot.number}, slot.path}, status);
         return false;
     }
     ShowStatus(L"");
@@ -213,11 +233,12 @@ bool ExportDatabase(const std::wstring& source, const std::wstring& path,
     DatabaseExport work{target, {}, {}};
     if (!StartDatabase(source, target, work.bsd)) return false;
     const bool isExported = ExportSections(source, work);
-    if (!IsAllWritten(path) && isExported) {
-        ReportMessage(kMsgLegacyNotCreated, {target.told});
+    const int16_t status = StatusOfAllWritten(path);
+    if (!isExported) return false;
+    if (status != 0) {
+        ReportFailure(kMsgLegacyNotCreated, {target.told}, status);
         return false;
     }
-    if (!isExported) return false;
     ShowStatus(L"");
     ReportLosses(target.told, work.losses);
     return true;
@@ -281,8 +302,19 @@ int16_t LoadBsdFromLegacy(const std::wstring& path, BasicShipData& bsd) {
     return status;
 }
 
+std::wstring LegacyStatusText(int16_t status) {
+    constexpr std::array kOwnStatuses{kMsgLegacyFileMissing, kMsgLegacyForeign,
+                                      kMsgLegacyDamaged,     kMsgLegacyNotWritten,
+                                      kMsgLegacyFull,        kMsgLegacyNoSection};
+    static_assert(kOwnStatuses.size() == kLegacyNoSection);
+    if (status == kNoAnswer) return BoxText(kMsgLegacyNoAnswer);
+    const auto index = static_cast<size_t>(status - 1);
+    if (index >= kOwnStatuses.size()) return BoxText(kMsgLegacyOtherStatus, {int32_t{status}});
+    return BoxText(kOwnStatuses[index]);
+}
+
 bool RequireLegacyRead(const std::wstring& path, int16_t status) {
-    if (status != 0) ReportMessage(kMsgLegacyNotRead, {path, int32_t{status}});
+    if (status != 0) ReportMessage(kMsgLegacyNotRead, {path, LegacyStatusText(status)});
     return status == 0;
 }
 

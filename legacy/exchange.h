@@ -65,6 +65,10 @@ int16_t CountLegacySections(const std::wstring& path, size_t listed);
 // The ship's data; the library's status. Unless it is 0 the record keeps its contents.
 int16_t LoadBsdFromLegacy(const std::wstring& path, BasicShipData& bsd);
 
+// What a status other than 0 means, and what the user can do; of a status that our own library does
+// not have, the number.
+std::wstring LegacyStatusText(int16_t status);
+
 // Whether a status is success; any other is reported (3556).
 bool RequireLegacyRead(const std::wstring& path, int16_t status);
 

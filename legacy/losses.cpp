@@ -10,6 +10,8 @@ constexpr size_t kMostLines = 24;
 
 std::vector<std::wstring> LinesOf(const ExchangeLosses& all) {
     std::vector<std::wstring> lines = all.whole;
+    const auto count = static_cast<int32_t>(all.sections.size());
+    if (count > 1) lines.push_back(FormatMessage(kMsgSectionsWithLosses, {count}));
     for (const ExchangeLosses::Entry& entry : all.sections) {
         lines.push_back(FormatMessage(kMsgLossesOfSection, {entry.section}));
         lines.insert(lines.end(), entry.losses.begin(), entry.losses.end());

@@ -16,7 +16,7 @@ void NoteLoss(Losses& losses, int32_t message, MessageArguments arguments);
 
 // Of one exchange.
 struct ExchangeLosses {
-    Losses whole;  // what concerns no single section
+    Losses whole;  // what concerns no single section, and sections that are not there at all
     struct Entry {
         std::wstring section;  // its name
         Losses losses;
@@ -27,8 +27,9 @@ struct ExchangeLosses {
 // Adds a section's losses, if there are any.
 void AddLosses(ExchangeLosses& all, const std::wstring& section, Losses losses);
 
-// One box with all of them, cut to what a screen holds. `path` is the legacy database. Nothing is
-// shown when nothing was lost.
+// One box with all of them, cut to what a screen holds: first what concerns no single section, then
+// how many sections lost something, if more than one did, and what. `path` is the other database.
+// Nothing is shown when nothing was lost.
 void ReportLosses(const std::wstring& path, const ExchangeLosses& all);
 
 }  // namespace corvane

@@ -201,6 +201,22 @@
     X(kMsgBasicShipData, 3634)          \
     X(kMsgNewModel, 3635)               \
     X(kMsgRegionalNote, 3636)           \
+    X(kMsgLegacyFileMissing, 3640)      \
+    X(kMsgLegacyForeign, 3641)          \
+    X(kMsgLegacyDamaged, 3642)          \
+    X(kMsgLegacyNotWritten, 3643)       \
+    X(kMsgLegacyFull, 3644)             \
+    X(kMsgLegacyNoSection, 3645)        \
+    X(kMsgLegacyOtherStatus, 3646)      \
+    X(kMsgLegacyNoAnswer, 3647)         \
+    X(kMsgModelLeftOut, 3648)           \
+    X(kMsgNotAllImported, 3649)         \
+    X(kMsgSectionsWithLosses, 3650)     \
+    X(kMsgAftOfFrame, 3651)             \
+    X(kMsgForwardOfFrame, 3652)         \
+    X(kMsgCopyAskedNext, 3653)          \
+    X(kMsgOpenDatabaseChosen, 3654)     \
+    X(kMsgPreviewLegend, 3655)          \
     X(kMsgChangedTooOften, 3690)        \
     X(kMsgOtherLinks, 3691)             \
     X(kMsgHeldByProgram, 3692)          \

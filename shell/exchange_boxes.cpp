@@ -72,7 +72,10 @@ std::vector<ExchangeItem> ListForExchange(const std::wstring& path) {
 
 ExchangeList ListOfFile(const std::wstring& path) {
     if (!FileExists(path)) return {{}, L"No DB Corvane"};
-    ExchangeList list{ListForExchange(path), nullptr};
+    if (IsDatabaseOpen() && IsSameFile(path, shell.database.path)) {
+        return {{}, GetMessage(kMsgOpenDatabaseChosen)};
+    }
+    ExchangeList list{ListForExchange(path), {}};
     if (list.items.empty()) list.hint = L"No Section neither bulkead";
     if (IsLegacyDatabase(path)) ReportSectionsNotListed(path, list.items.size());
     return list;

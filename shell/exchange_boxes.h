@@ -48,8 +48,9 @@ std::vector<ExchangeItem> ListForExchange(const std::wstring& path);
 // What LI_Sections shows of a file: its items, or why there are none.
 struct ExchangeList {
     std::vector<ExchangeItem> items;
-    const wchar_t* hint = nullptr;  // null while there are items
+    std::wstring hint;  // empty while there are items
 };
+// The open database itself is refused: a hint says so.
 ExchangeList ListOfFile(const std::wstring& path);
 
 // What OK requires: a selection in the list, and a chosen file. What is missing is shown.

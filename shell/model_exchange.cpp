@@ -13,6 +13,7 @@
 #include "database/section_block.h"
 #include "files/file_system.h"
 #include "legacy/exchange.h"
+#include "platform/ztvelk32.h"
 #include "report/reporters.h"
 #include "shell/exchange_boxes.h"
 #include "shell/file_prompt.h"
@@ -86,7 +87,7 @@ bool RequireSlot(const ExportChoice& choice, LegacySlot& slot) {
     if (!RequireLegacyRead(choice.path, status)) return false;
     const int16_t count = CountLegacySections(choice.path, listed);
     if (choice.createNew && count == kMostModels) {
-        ReportMessage(kMsgLegacyNotExtended, {choice.path});
+        ReportMessage(kMsgLegacyNotExtended, {choice.path}, LegacyStatusText(kLegacyFull));
         return false;
     }
     if (!choice.createNew && (choice.slot < 1 || choice.slot > count)) {
@@ -110,7 +111,14 @@ void ImportModels(const ImportChoice& choice) {
     for (const ExchangeItem& item : choice.items) {
         const AppendResult result = AppendItem(import, item);
         if (result == AppendResult::kAppended) ++import.appended;
-        if (result == AppendResult::kNotWritten) break;
+        if (result == AppendResult::kNoSource) {
+            NoteLoss(import.losses.whole, kMsgModelLeftOut, {item.text});
+        }
+        if (result == AppendResult::kNotWritten) {
+            NoteLoss(import.losses.whole, kMsgNotAllImported,
+                     {import.appended, static_cast<int32_t>(choice.items.size())});
+            break;
+        }
     }
     if (import.appended == 0) return;
     if (import.path != shell.database.path) ContinueInWritableFile(import.path);

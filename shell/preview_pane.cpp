@@ -105,8 +105,10 @@ std::wstring FrameText(float x_m) {
     if (!nearest.found) return L"No frame in BSD";
     const std::wstring frame = std::to_wstring(nearest.frame);
     if (nearest.distance < kSamePosition_m) return L"Frame : " + frame;
+    const bool isAft = x_m < FrameX(shell.database.bsd, nearest.frame);
     return L"Closer Frame : " + frame + L" (" +
-           FormattedNumber(nearest.distance, GetMessage(kMsgFrameDistanceFormat)) + L" m)";
+           FormattedNumber(nearest.distance, GetMessage(kMsgFrameDistanceFormat)) + L" m)" +
+           GetMessage(isAft ? kMsgAftOfFrame : kMsgForwardOfFrame);
 }
 
 }  // namespace corvane

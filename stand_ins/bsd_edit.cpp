@@ -61,7 +61,7 @@ Field ZonesField(const BasicShipData& bsd) {
     Field field;
     field.label = L"Frame &zones";
     field.kind = FieldKind::kLines;
-    field.unit = L"one on each line: its last frame, and its spacing in m";
+    field.unit = L"on each line: last frame, spacing in m, such as 60 0.75";
     for (int k = 1; k <= bsd.FrameZoneCount && k <= kMostZones; ++k) {
         field.value += GeneralText(int32_t{bsd.FrameNumbers(k)}) + L"  " +
                        GeneralText(bsd.ZoneSpacing(k)) + L"\r\n";
@@ -69,8 +69,15 @@ Field ZonesField(const BasicShipData& bsd) {
     return field;
 }
 
+// On one line with the number before it.
+Field Beside(Field field) {
+    field.isBeside = true;
+    return field;
+}
+
 Field FirstFrameField(const BasicShipData& bsd) {
-    Field field = NumberField(L"&First frame", L"", bsd.FrameNumbers(0), {-1000, 1000});
+    Field field = NumberField(L"&First frame", L"(the first zone begins here)", bsd.FrameNumbers(0),
+                              {-1000, 1000});
     field.kind = FieldKind::kInteger;
     return field;
 }
@@ -85,9 +92,9 @@ bool FillFields(Form& form) {
         TypeField(bsd.ShipType(), form.request.mil),
         NumberField(L"&Length", L"m between perpendiculars", main(1), {1, 1000}),
         NumberField(L"&Breadth", L"m", main(2), {1, 200}),
-        NumberField(L"De&pth", L"m", main(3), {1, 100}),
+        Beside(NumberField(L"De&pth", L"m", main(3), {1, 100})),
         NumberField(L"D&raught", L"m", main(6), {0, 100}),
-        NumberField(L"Sp&eed", L"knots", main(8), {0, 100}),
+        Beside(NumberField(L"Sp&eed", L"knots", main(8), {0, 100})),
         NumberField(L"Block c&oefficient", L"", main(9), {0.1, 1}),
         FirstFrameField(bsd),
         NumberField(L"&x of frame 0", L"m from the aft perpendicular", bsd.FrameZeroX, {-100, 100}),

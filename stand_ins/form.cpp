@@ -260,7 +260,7 @@ float NumberOf(const Field& field) {
 int32_t NumberToSave(const Form& form) {
     if (form.request.model > 0) return form.request.model;
     const int32_t number = NextModelNumber(form.request.databasePath);
-    if (number == 0) ReportMessage(kMsgNoModelNumberLeft, {form.request.databasePath});
+    if (number == 0) ReportNoNumberLeft(form.request.databasePath);
     return number;
 }
 

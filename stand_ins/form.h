@@ -35,7 +35,8 @@ struct Field {
     std::wstring value;  // as shown at first, then as the user left it
     std::wstring unit;   // after the field
     Range range{};
-    size_t longest = 0;  // characters of a text; 0: no limit
+    size_t longest = 0;     // characters of a text; 0: no limit
+    bool isBeside = false;  // a number on one line with the number before it
     std::vector<std::wstring> choices;
 };
 

@@ -15,11 +15,15 @@ namespace corvane::stand_ins {
 namespace {
 
 // Lengths in pixels at 96 dots per inch.
-constexpr int kMargin = 12;
-constexpr int kGap = 6;
-constexpr int kGroupGap = 12;
+constexpr int kMargin = 10;
+constexpr int kGap = 4;
+constexpr int kGroupGap = 10;
 constexpr int kFieldWidth = 330;
 constexpr int kNumberWidth = 90;
+// Of a field that is beside another: where its label begins, after the other one's left edge, and
+// the label's width.
+constexpr int kBesideLeft = 130;
+constexpr int kBesideLabelWidth = 50;
 constexpr int kDropHeight = 300;
 constexpr int kLinesShown = 3;
 
@@ -139,6 +143,7 @@ struct Layout {
     UINT dpi;
     int lineHeight;
     LONG column;  // left edge of the facts' values and of the fields
+    LONG top;     // of the field that was placed last
     RECT free;    // what is below the controls that have been placed
 };
 
@@ -173,20 +178,30 @@ void PlaceField(Layout& layout, const Field& field, int index) {
     RECT& free = layout.free;
     const bool isNumber = field.kind == FieldKind::kNumber || field.kind == FieldKind::kInteger;
     const bool isTall = field.kind == FieldKind::kLines;
-    const LONG right = isNumber ? layout.column + Scaled(kNumberWidth, layout.dpi) : free.right;
+    LONG labelLeft = free.left;
+    LONG left = layout.column;
+    if (field.isBeside) {
+        free.top = layout.top;
+        labelLeft = left + Scaled(kBesideLeft, layout.dpi);
+        left = labelLeft + Scaled(kBesideLabelWidth, layout.dpi);
+    }
+    layout.top = free.top;
+    const LONG right = isNumber ? left + Scaled(kNumberWidth, layout.dpi) : free.right;
     const LONG bottom = free.top + (isTall ? kLinesShown : 1) * layout.lineHeight + 2 * edge;
     // The list that drops from a choice is part of its height.
     const int drop = field.kind == FieldKind::kChoice ? Scaled(kDropHeight, layout.dpi) : 0;
-    PlaceControl(layout.window, kFieldId + index, {layout.column, free.top, right, bottom + drop});
+    PlaceControl(layout.window, kFieldId + index, {left, free.top, right, bottom + drop});
     const LONG text = free.top + edge;
     PlaceControl(layout.window, kFieldLabelId + index,
-                 {free.left, text, layout.column, text + layout.lineHeight});
+                 {labelLeft, text, left, text + layout.lineHeight});
     // The unit is after a short field, and below a tall one, which needs the whole breadth.
     const LONG unitTop = isTall ? bottom + gap / 2 : text;
     const LONG unitBottom = unitTop + layout.lineHeight;
+    const LONG unitLeft = isTall ? left : right + gap;
+    const LONG unitRight = unitLeft + ControlTextSize(layout.window, kFieldUnitId + index).cx;
     if (!field.unit.empty()) {
         PlaceControl(layout.window, kFieldUnitId + index,
-                     {isTall ? layout.column : right + gap, unitTop, free.right, unitBottom});
+                     {unitLeft, unitTop, unitRight, unitBottom});
     }
     free.top = (isTall && !field.unit.empty() ? unitBottom : bottom) + gap;
 }
@@ -204,7 +219,7 @@ void PlaceFields(Layout& layout) {
 SIZE PlaceControls(HWND window, void*, UINT dpi) {
     const int margin = Scaled(kMargin, dpi);
     const int groupGap = Scaled(kGroupGap, dpi);
-    Layout layout{window, dpi, ControlTextSize(window, IDCANCEL).cy, 0, {}};
+    Layout layout{window, dpi, ControlTextSize(window, IDCANCEL).cy, 0, 0, {}};
     layout.column = margin + LabelWidth(window) + groupGap;
     RECT& free = layout.free;
     free = {margin, margin, layout.column + Scaled(kFieldWidth, dpi), margin};

@@ -107,7 +107,7 @@ TEST_F(CopyModelTest, FileThatHasTheLargestNumberTakesNoOther) {
     for (const auto& [number, kind] :
          {std::pair(1, ModelKind::kSection), std::pair(4, ModelKind::kTorsion)}) {
         EXPECT_EQ(Copy(number, kind), 0);
-        ExpectRefusal(text, kMsgNoModelNumberLeft, {path});
+        ExpectRefusal(text, kMsgNoModelNumberLeft, {path, GetMessage(kMsgModelMarker)});
     }
 }
 

@@ -54,12 +54,16 @@ struct ReadOnlyDatabaseTest : test::EditingTest {
     static std::string ReadOnlyMessage(const std::wstring& file) {
         return Narrow(FormatMessage(kMsgReadOnly, {file}));
     }
+    // The same before another file is asked for.
+    static std::string AskingMessage(const std::wstring& file) {
+        return test::AdvisedText(kMsgReadOnly, {file}, kMsgCopyAskedNext);
+    }
     static std::vector<std::string> Warnings() { return test::RecordedReports::Of("warning"); }
 };
 
 TEST_F(ReadOnlyDatabaseTest, ReadOnlyFileIsReportedAndAnotherOneAskedFor) {
     EXPECT_TRUE(ReplaceSection(path, section, 1, kAsking));
-    EXPECT_EQ(Warnings(), std::vector<std::string>{ReadOnlyMessage(original)});
+    EXPECT_EQ(Warnings(), std::vector<std::string>{AskingMessage(original)});
     EXPECT_EQ(proposals, std::vector<std::wstring>{original});
 }
 
@@ -118,7 +122,7 @@ TEST_F(ReadOnlyDatabaseTest, CancelledQuestionEndsTheEdit) {
         EXPECT_EQ(path, original);
         ExpectOriginalUntouched();
         EXPECT_EQ(proposals.size(), 1U);
-        EXPECT_EQ(Warnings(), std::vector<std::string>{ReadOnlyMessage(original)});
+        EXPECT_EQ(Warnings(), std::vector<std::string>{AskingMessage(original)});
         EXPECT_EQ(test::FilesIn(folder.path).size(), 1U);
     }
 }
@@ -130,8 +134,8 @@ TEST_F(ReadOnlyDatabaseTest, QuestionIsAskedAgainForAFileThatIsReadOnlyToo) {
     EXPECT_TRUE(ReplaceSection(path, section, 1, kAsking));
     EXPECT_EQ(path, other);
     EXPECT_EQ(Warnings(),
-              (std::vector<std::string>{ReadOnlyMessage(original), ReadOnlyMessage(alsoReadOnly),
-                                        ReadOnlyMessage(original)}));
+              (std::vector<std::string>{AskingMessage(original), AskingMessage(alsoReadOnly),
+                                        AskingMessage(original)}));
     EXPECT_EQ(proposals.size(), 3U);
     EXPECT_EQ(proposals[1], alsoReadOnly);
     EXPECT_EQ(test::ReadFileBytes(alsoReadOnly), "also");

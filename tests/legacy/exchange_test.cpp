@@ -76,6 +76,8 @@ struct Expected {
 };
 std::string LossesText(const std::wstring& path, const std::vector<Expected>& sections) {
     std::wstring lines;
+    const auto count = static_cast<int32_t>(sections.size());
+    if (count > 1) lines += L'\r' + FormatMessage(3650, {count});
     for (const Expected& expected : sections) {
         lines += L"\r\rSection '" + expected.section + L"':";
         for (const std::wstring& loss : expected.losses) lines += L'\r' + loss;
@@ -135,12 +137,30 @@ TEST_F(Exchange, ReplacingASlotNeitherExtendsNorRenames) {
                      "exportvelkcompload ship.vel 2", "getvelksections ship.vel"}));
 }
 
-TEST_F(Exchange, SectionThatIsNotWrittenInTheEndIsReported) {
-    Library::listStatus = 4;
+// What the library answers at one step, and the report; the exchange ends with that call.
+struct Failure {
+    int16_t& status;
+    int16_t value;
+    size_t calls;
+    std::string report;
+};
+
+TEST_F(Exchange, FailureEndsTheExportOfASectionAndIsReportedInWords) {
     for (const bool isNew : {true, false}) {
-        SectionModel section = SmallSection(L"Frame 10", 7.5F);
-        EXPECT_FALSE(ExportSection({target, 2, isNew}, section, bsd));
-        EXPECT_EQ(Warnings(), Calls{WarningText(1003, {2, target})});
+        for (const Failure& failure :
+             {Failure{Library::extendStatus, 5, 1, FailureText(1002, {target}, 5)},
+              Failure{Library::nameStatus, 6, 5, FailureText(1003, {12, target}, 6)},
+              Failure{Library::listStatus, 4, isNew ? 6U : 4U,
+                      FailureText(1003, {12, target}, 4)}}) {
+            if (!isNew && &failure.status != &Library::listStatus) continue;
+            Library::calls.clear();
+            failure.status = failure.value;
+            SectionModel section = SmallSection(L"Frame 10", 7.5F);
+            EXPECT_FALSE(ExportSection({target, 12, isNew}, section, bsd));
+            failure.status = 0;
+            EXPECT_EQ(Library::calls.size(), failure.calls);
+            EXPECT_EQ(Warnings(), Calls{failure.report});
+        }
     }
 }
 
@@ -155,27 +175,28 @@ TEST_F(Exchange, StatusLinesOfAnExportFollowOneAnother) {
     EXPECT_EQ(RecordedReports::tag, L"-1") << "status lines are shown again";
 }
 
-TEST_F(Exchange, DatabaseThatTakesNoSlotEndsTheExport) {
-    Library::extendStatus = 5;
-    SectionModel section = SmallSection(L"Frame 10", 7.5F);
-    EXPECT_FALSE(ExportSection({target, 1}, section, bsd));
-    EXPECT_EQ(Library::calls, Calls{"extendvelkdb ship.vel"});
-    EXPECT_EQ(Warnings(), Calls{WarningText(1002, {target})});
-}
-
-TEST_F(Exchange, SlotThatCannotBeNamedIsReported) {
-    Library::nameStatus = 4;
-    SectionModel section = SmallSection(L"Frame 10", 7.5F);
-    EXPECT_FALSE(ExportSection({target, 12}, section, bsd));
-    EXPECT_EQ(Library::calls.size(), 5u);
-    EXPECT_EQ(Warnings(), Calls{WarningText(1003, {12, target})});
-}
-
 TEST_F(Exchange, LibraryThatIsMissingHasFailed) {
     const FakeFunction fake(extendvelkdb, [](const char*, int16_t*) {});
     SectionModel section = SmallSection(L"Frame 10", 7.5F);
     EXPECT_FALSE(ExportSection({target, 1}, section, bsd));
     EXPECT_TRUE(Library::calls.empty());
+    EXPECT_EQ(Warnings(), Calls{WarningText(1002, {target}) + "\r\r" + Narrow(BoxText(3647))});
+}
+
+TEST_F(Exchange, StatusIsReportedInWords) {
+    for (int16_t status = 1; status <= 6; ++status) {
+        EXPECT_EQ(LegacyStatusText(status), BoxText(3639 + status));
+    }
+    for (const int status : {INT16_MIN, -2, 7, 99, INT16_MAX}) {
+        const std::wstring text = LegacyStatusText(static_cast<int16_t>(status));
+        EXPECT_EQ(text, BoxText(3646, {status}));
+        EXPECT_NE(text.find(std::to_wstring(status)), std::wstring::npos);
+    }
+    EXPECT_FALSE(RequireLegacyRead(target, 3));
+    EXPECT_EQ(Warnings(), Calls{"The DOS database '" + Narrow(target) +
+                                "' could not be read.\r\rThe file is damaged. Use an undamaged "
+                                "copy of it."});
+    EXPECT_TRUE(RequireLegacyRead(target, 0));
 }
 
 TEST_F(Exchange, NamesCrossInOem) {
@@ -240,22 +261,17 @@ TEST_F(Exchange, DimensionsAreReportedBeforeTheBlocksAreWritten) {
     EXPECT_EQ(warningsBefore, 1u);
 }
 
-TEST_F(Exchange, DepthAloneIsNoReasonForDefaultsOfASingleExport) {
+TEST_F(Exchange, NeitherTheDepthAloneNorOneThousandthIsAReasonForDefaults) {
     SectionModel section = SmallSection(L"Frame 10", 1);
     section.depth_m = 0;
+    section.breadth_m = 0.001F;
     ExportSection({target, 1}, section, bsd);
     EXPECT_EQ(Library::record.main.depth_m, 0);
+    EXPECT_EQ(Library::record.main.breadth_m, 0.001F);
     EXPECT_TRUE(Warnings().empty());
 }
 
-TEST_F(Exchange, OneThousandthIsSet) {
-    SectionModel section = SmallSection(L"Frame 10", 1);
-    section.breadth_m = 0.001F;
-    ExportSection({target, 1}, section, bsd);
-    EXPECT_EQ(Library::record.main.breadth_m, 0.001F);
-}
-
-TEST_F(Exchange, DefaultsLeaveWhatIsSet) {
+TEST_F(Exchange, DefaultsLeaveWhatIsSetUnlessThereIsNoThreshold) {
     SectionModel section = SmallSection(L"Frame 10", 7.5F);
     section.draught_m = 0;
     section.shipType = 9;
@@ -270,13 +286,6 @@ TEST_F(Exchange, DefaultsLeaveWhatIsSet) {
     EXPECT_EQ(section.navigationCode, -2);
     EXPECT_EQ(section.bottomSlope_deg, 20);
     EXPECT_EQ(section.sideSlope_deg, 45);
-}
-
-TEST_F(Exchange, WithoutAThresholdEveryFieldGetsItsDefault) {
-    SectionModel section = SmallSection(L"Frame 10", 7.5F);
-    section.shipType = 9;
-    section.navigationCode = -2;
-    section.bottomSlope_deg = 20;
     SetSectionDefaults(section, bsd);
     EXPECT_EQ(section.name, L"Frame 10");
     EXPECT_EQ(section.x_m, 108.89F);
@@ -328,6 +337,7 @@ TEST_F(Exchange, SourceIsNeverItsOwnTarget) {
     const std::string before = ReadFileBytes(source);
     EXPECT_FALSE(ExportDatabase(source, source));
     EXPECT_TRUE(Library::calls.empty());
+    EXPECT_EQ(Warnings(), Calls{WarningText(3535, {source})});
     EXPECT_EQ(ReadFileBytes(source), before);
 }
 
@@ -340,20 +350,19 @@ TEST_F(Exchange, NothingHappensWithoutAModelDatabase) {
     EXPECT_EQ(ReadFileBytes(target), "old");
 }
 
-TEST_F(Exchange, DatabaseThatCannotBeCreatedEndsTheExport) {
+TEST_F(Exchange, FailureEndsTheExportOfADatabaseAndIsReportedInWords) {
     WriteModels({SmallSection(L"Frame 10", 7.5F)});
-    Library::createStatus = 4;
-    EXPECT_FALSE(ExportDatabase(source, target));
-    EXPECT_EQ(Library::calls, Calls{"createvelkdb ship.vel"});
-    EXPECT_EQ(Warnings(), Calls{WarningText(1067, {target})});
-}
-
-TEST_F(Exchange, ShipDataThatCannotBeWrittenEndTheExport) {
-    WriteModels({SmallSection(L"Frame 10", 7.5F)});
-    Library::bsdStatus = 3;
-    EXPECT_FALSE(ExportDatabase(source, target));
-    EXPECT_EQ(Library::calls.size(), 2u);
-    EXPECT_EQ(Warnings(), Calls{WarningText(1068, {target, 3})});
+    for (const Failure& failure :
+         {Failure{Library::createStatus, 4, 1, FailureText(1067, {target}, 4)},
+          Failure{Library::bsdStatus, 3, 2, FailureText(1068, {target, 3}, 3)},
+          Failure{Library::listStatus, 4, 8, FailureText(1067, {target}, 4)}}) {
+        Library::calls.clear();
+        failure.status = failure.value;
+        EXPECT_FALSE(ExportDatabase(source, target));
+        failure.status = 0;
+        EXPECT_EQ(Library::calls.size(), failure.calls);
+        EXPECT_EQ(Warnings(), Calls{failure.report});
+    }
 }
 
 TEST_F(Exchange, SlotThatIsRefusedEndsTheLoop) {
@@ -364,7 +373,20 @@ TEST_F(Exchange, SlotThatIsRefusedEndsTheLoop) {
     EXPECT_EQ(Library::calls.size(), 9u);
     EXPECT_EQ(Library::calls[7], "extendvelkdb ship.vel");
     EXPECT_EQ(Library::calls[8], "getvelksections ship.vel") << "the library keeps nothing back";
-    EXPECT_EQ(Warnings(), Calls{WarningText(1003, {2, target})});
+    EXPECT_EQ(Warnings(), Calls{FailureText(1003, {2, target}, 5)});
+}
+
+TEST_F(Exchange, SectionThatCannotBeReadIsNamedAtTheEnd) {
+    WriteModels({SmallSection(L"Frame 10", 7.5F), SmallSection(L"Frame 10", 15)});
+    std::string text = ReadFileBytes(source);
+    const size_t second = text.rfind("\r\n 2 \r\n");
+    ASSERT_NE(second, std::string::npos);
+    WriteFileBytes(source, text.replace(second + 3, 1, "1"));
+    EXPECT_TRUE(ExportDatabase(source, target));
+    const Calls warnings = Warnings();
+    ASSERT_EQ(warnings.size(), 3u) << "each model that shares a number is reported";
+    const std::wstring line = L"\r'Frame 10' was left out, because it could not be read.";
+    EXPECT_EQ(warnings[2], WarningText(3592, {target, line + line}));
 }
 
 TEST_F(Exchange, NameThatIsRefusedDoesNotEndTheLoop) {
@@ -373,13 +395,6 @@ TEST_F(Exchange, NameThatIsRefusedDoesNotEndTheLoop) {
     EXPECT_TRUE(ExportDatabase(source, target));
     EXPECT_EQ(Library::calls.size(), 13u);
     EXPECT_TRUE(Warnings().empty());
-}
-
-TEST_F(Exchange, WholeDatabaseThatIsNotWrittenInTheEndIsReported) {
-    WriteModels({SmallSection(L"Frame 10", 7.5F)});
-    Library::listStatus = 4;
-    EXPECT_FALSE(ExportDatabase(source, target));
-    EXPECT_EQ(Warnings(), Calls{WarningText(1067, {target})});
 }
 
 TEST_F(Exchange, LossesOfAWholeDatabaseAreReportedOnceSectionBySection) {
@@ -539,10 +554,7 @@ TEST_F(Exchange, SlotsBeyondTheListAreCountedInFewReads) {
         EXPECT_EQ(CountLegacySections(target, static_cast<size_t>(std::min(count, 20))), count);
         EXPECT_LE(FakeSlots::reads, 16) << count;
     }
-}
-
-TEST_F(Exchange, LibraryThatGivesASectionForAnyNumberIsNotAskedForAll) {
-    const FakeSlots slots(INT16_MAX);
+    const FakeSlots anyNumber(INT16_MAX);
     EXPECT_EQ(CountLegacySections(target, 20), INT16_MAX);
     EXPECT_EQ(FakeSlots::reads, 1);
 }
@@ -556,38 +568,29 @@ TEST_F(Exchange, MissingFileIsReportedBeforeAnyCall) {
 }
 
 TEST_F(Exchange, ListHasTheNamesInAnsi) {
-    Library::listCount = 2;
+    Library::listCount = 3;
     std::memcpy(Library::entries[0].name, "\x90tamb\x93t                       ", 30);
     std::memcpy(Library::entries[1].name, "0123456789012345678901234567890123456789", 40);
+    std::memcpy(Library::entries[2].name, "\xB0 tank ", 7);  // a shade, which ANSI lacks
     int16_t status = -1;
     const std::vector<ModelEntry> list = ListLegacySections(target, status);
     EXPECT_EQ(Library::calls, Calls{"getvelksections ship.vel"});
-    ASSERT_EQ(list.size(), 2u);
+    ASSERT_EQ(list.size(), 3u);
     EXPECT_EQ(list[0].name, L"\u00C9tamb\u00F4t");
     EXPECT_EQ(list[1].name.size(), 40u);
+    EXPECT_EQ(list[2].name, L"? tank");
     EXPECT_EQ(list[0].kind, ModelKind::kSection);
     EXPECT_EQ(list[1].kind, ModelKind::kSection);
 }
 
-TEST_F(Exchange, OemCharacterThatAnsiLacksIsAQuestionMark) {
-    Library::listCount = 1;
-    std::memcpy(Library::entries[0].name, "\xB0 tank ", 7);  // a shade
-    int16_t status = -1;
-    EXPECT_EQ(ListLegacySections(target, status).at(0).name, L"? tank");
-}
-
-TEST_F(Exchange, CountThatIsTooLargeListsTwenty) {
+TEST_F(Exchange, CountThatIsTooLargeListsTwentyAndADamagedDatabaseNone) {
     Library::listCount = 500;
     int16_t status = -1;
     EXPECT_EQ(ListLegacySections(target, status).size(), 20u);
     Library::listCount = -3;
     EXPECT_TRUE(ListLegacySections(target, status).empty());
-}
-
-TEST_F(Exchange, ListOfADamagedDatabaseIsEmpty) {
     Library::listCount = 2;
     Library::listStatus = 3;
-    int16_t status = -1;
     EXPECT_TRUE(ListLegacySections(target, status).empty());
     EXPECT_EQ(status, 3);
 }

@@ -446,6 +446,14 @@ std::string WarningText(int32_t number, MessageArguments arguments) {
     return text;
 }
 
+std::string FailureText(int32_t number, MessageArguments arguments, int16_t status) {
+    return WarningText(number, arguments) + "\r\r" + Narrow(LegacyStatusText(status));
+}
+
+std::string UnreadText(const std::wstring& path, int16_t status) {
+    return WarningText(3556, {path, LegacyStatusText(status)});
+}
+
 // ---- The library -------------------------------------------------------------------------------
 
 namespace {

@@ -42,6 +42,9 @@ std::string LossText(int32_t number, MessageArguments arguments);
 
 // What the screen is told by a report of this message; what it was told before is kept.
 std::string WarningText(int32_t number, MessageArguments arguments);
+// The same with a status of the legacy library in words below it; that it could not be read.
+std::string FailureText(int32_t number, MessageArguments arguments, int16_t status);
+std::string UnreadText(const std::wstring& path, int16_t status);
 
 // The value at an offset of the whole record.
 template <class Number>

@@ -91,6 +91,18 @@ TEST_F(ExchangeBoxes, ModelsHaveTheNumbersOfTheirBlocks) {
     EXPECT_EQ(items[1].number, 3);
 }
 
+TEST_F(ExchangeBoxes, OpenDatabaseIsNotListedAndSaysSo) {
+    WriteFileBytes(database, DatabaseText(FiveBlocks()));
+    shell.database.path = database;
+    const ExchangeList list = ListOfFile(database);
+    EXPECT_TRUE(list.items.empty());
+    EXPECT_EQ(list.hint, L"This is the open database. Choose another file.");
+    EXPECT_TRUE(Warnings().empty());
+    shell.database.path = File(L"before.ve2");
+    EXPECT_EQ(ListOfFile(database).items.size(), 5u);
+    EXPECT_EQ(ListOfFile(database).hint, L"");
+}
+
 TEST_F(ExchangeBoxes, DatabasesWithoutModelsGiveAnEmptyListInSilence) {
     WriteLegacyDatabase(legacy, {});
     WriteFileBytes(database, SampleHead());
@@ -114,7 +126,7 @@ TEST_F(ExchangeBoxes, WhatCanNotBeListedIsReported) {
     ExpectUnlisted(legacy, WarningText(1020, {legacy}));
     ExpectUnlisted(database, WarningText(1020, {database}));
     WriteFileBytes(legacy, "no legacy database");
-    ExpectUnlisted(legacy, WarningText(3556, {legacy, kLegacyForeign}));
+    ExpectUnlisted(legacy, UnreadText(legacy, kLegacyForeign));
     WriteFileBytes(database, "no database");
     ExpectUnlisted(database, WarningText(1083, {database}));
     WriteFileBytes(database, "");
@@ -130,7 +142,7 @@ TEST_F(ExchangeBoxes, DamagedLegacyDatabaseIsReportedWithItsStatus) {
     const std::string bytes = ReadFileBytes(legacy);
     for (const size_t size : {bytes.size() - 1, size_t{1300}, size_t{40}, size_t{9}}) {
         WriteFileBytes(legacy, bytes.substr(0, size));
-        ExpectUnlisted(legacy, WarningText(3556, {legacy, kLegacyDamaged}));
+        ExpectUnlisted(legacy, UnreadText(legacy, kLegacyDamaged));
     }
 }
 
@@ -181,7 +193,7 @@ TEST_F(ExchangeBoxes, LegacyShipDataThatCanNotBeReadAreReported) {
     SectionModel section;
     BasicShipData bsd;
     EXPECT_FALSE(ReadForExchange(legacy, {L"Frame 10", 1}, section, bsd));
-    EXPECT_EQ(Warnings(), Told{WarningText(3556, {legacy, 3})});
+    EXPECT_EQ(Warnings(), Told{UnreadText(legacy, 3)});
 }
 
 TEST_F(ExchangeBoxes, SectionOfADatabaseIsReadWithItsShipData) {

@@ -169,7 +169,7 @@ TEST_F(LegacyCommand, DamagedDatabaseIsReportedWithItsStatusAndChangesNothing) {
     ASSERT_EQ(system::SetCurrentTo(browse), system::kErrorNone);
     const std::wstring before = system::CurrentDirectory();
     OpenLegacyDatabase(legacy);
-    EXPECT_EQ(Warnings(), std::vector<std::string>{WarningText(3556, {legacy, 3})});
+    EXPECT_EQ(Warnings(), std::vector<std::string>{UnreadText(legacy, 3)});
     EXPECT_EQ(shell.database.path, L"C:\\before.ve2");
     EXPECT_EQ(shell.database.bsd.Titles(5).Trimmed(), L"BEFORE");
     EXPECT_TRUE(FilesIn(work).empty());
@@ -180,7 +180,7 @@ TEST_F(LegacyCommand, DamagedDatabaseIsReportedWithItsStatusAndChangesNothing) {
 TEST_F(LegacyCommand, ForeignFileIsReportedWithItsStatus) {
     WriteFileBytes(legacy, "no legacy database");
     OpenLegacyDatabase(legacy);
-    EXPECT_EQ(Warnings(), std::vector<std::string>{WarningText(3556, {legacy, 2})});
+    EXPECT_EQ(Warnings(), std::vector<std::string>{UnreadText(legacy, 2)});
 }
 
 TEST_F(LegacyCommand, ListThatCanNotBeReadLeavesNoFile) {
@@ -190,7 +190,7 @@ TEST_F(LegacyCommand, ListThatCanNotBeReadLeavesNoFile) {
     WriteFileBytes(legacy, "any");
     FakeView::answerYes = true;
     OpenLegacyDatabase(legacy);
-    EXPECT_EQ(Warnings(), std::vector<std::string>{WarningText(3556, {legacy, 3})});
+    EXPECT_EQ(Warnings(), std::vector<std::string>{UnreadText(legacy, 3)});
     EXPECT_EQ(ReadFileBytes(work + L"Aurora.ve2"), "old");
     EXPECT_EQ(shell.database.path, L"C:\\before.ve2");
 }

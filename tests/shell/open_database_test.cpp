@@ -276,21 +276,22 @@ TEST(OpenDatabaseTest, FrameWithinAMillimetreIsTheFrame) {
     EXPECT_EQ(FrameText(12.0009F), L"Frame : 12");
 }
 
-TEST(OpenDatabaseTest, FrameFartherAwayIsTheCloserFrameWithItsDistance) {
+TEST(OpenDatabaseTest, FrameFartherAwayIsTheCloserFrameWithItsDistanceAndSide) {
     const ShownDatabase window;
     GiveFrames();
-    EXPECT_EQ(FrameText(12.25F), L"Closer Frame : 12 (0.250 m)");
-    EXPECT_EQ(FrameText(11.75F), L"Closer Frame : 12 (0.250 m)");
-    EXPECT_EQ(FrameText(103.0F), L"Closer Frame : 100 (3.000 m)");
+    EXPECT_EQ(FrameText(12.25F), L"Closer Frame : 12 (0.250 m), forward of it");
+    EXPECT_EQ(FrameText(11.75F), L"Closer Frame : 12 (0.250 m), aft of it");
+    EXPECT_EQ(FrameText(103.0F), L"Closer Frame : 100 (3.000 m), forward of it");
+    EXPECT_EQ(FrameText(-2.0F), L"Closer Frame : 0 (2.000 m), aft of it");
 }
 
 TEST(OpenDatabaseTest, DistanceTakesTheFormatOfTheCatalogue) {
     const ShownDatabase window;
     GiveFrames();
     test::FakeCatalogue::texts[kMsgFrameDistanceFormat] = "0.0##";
-    EXPECT_EQ(FrameText(12.25F), L"Closer Frame : 12 (0.25 m)");
+    EXPECT_EQ(FrameText(12.25F), L"Closer Frame : 12 (0.25 m), forward of it");
     test::FakeCatalogue::texts[kMsgFrameDistanceFormat] = "0";
-    EXPECT_EQ(FrameText(103.0F), L"Closer Frame : 100 (3 m)");
+    EXPECT_EQ(FrameText(103.0F), L"Closer Frame : 100 (3 m), forward of it");
 }
 
 TEST(OpenDatabaseTest, NegativeFramesAreFoundToo) {

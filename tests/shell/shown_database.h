@@ -15,6 +15,8 @@ inline std::map<int32_t, std::string> MainWindowTexts() {
     return {{kMsgPosition, "X = \xA4 m"},
             {kMsgReadingModels, "Reading \xA4"},
             {kMsgFrameDistanceFormat, "#0.000"},
+            {kMsgAftOfFrame, ", aft of it"},
+            {kMsgForwardOfFrame, ", forward of it"},
             {kMsgInputBsdFirst, "BSD first"},
             {kMsgNotImplemented, "not implemented"},
             {kMsgCommentRule, "*"},

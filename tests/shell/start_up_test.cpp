@@ -334,7 +334,7 @@ TEST_F(StartUpTest, DeviceOnTheCommandLineIsRefusedInWords) {
     Configure(kMsgDatabasePathKey, database);
     EXPECT_TRUE(StartUp(L"nul.ve2"));
     ASSERT_EQ(RecordedReports::Of("warning").size(), 1U);
-    EXPECT_NE(RecordedReports::Of("warning")[0].find("Windows keeps it for a device"),
+    EXPECT_NE(RecordedReports::Of("warning")[0].find("Windows reserves it for a device"),
               std::string::npos);
     EXPECT_EQ(shell.database.path, database);
 }

@@ -388,6 +388,25 @@ TEST_F(ExchangeTest, ImportOkTellsWhatIsMissingAndStays) {
     EXPECT_EQ(RowNames().size(), 14U);
 }
 
+TEST_F(ExchangeTest, OpenDatabaseIsRefusedWhenItIsChosenAndTheBoxGoesOn) {
+    const HWND box = OpenBox(ME_SectionImport);
+    ASSERT_NE(box, nullptr);
+    ClickFile(box, L"ship.ve2");
+    const Texts hint{"This is the open database. Choose another file."};
+    EXPECT_TRUE(WaitUntil([&] { return Items(In(box, LI_Sections)) == hint; }));
+    EXPECT_FALSE(IsWindowEnabled(In(box, LI_Sections)));
+    PostMessageW(In(box, IDOK), BM_CLICK, 0, 0);
+    const Box refusal = WaitForBox(program);
+    EXPECT_NE(Narrow(refusal.text).find("' is the open database itself."), std::string::npos)
+        << Narrow(refusal.text);
+    ASSERT_TRUE(Press(refusal, IDOK));
+    EXPECT_TRUE(WaitUntil([&] { return IsWindowVisible(box) && IsWindowEnabled(box); }));
+    ClickFile(box, L"ship.vel");
+    EXPECT_TRUE(SectionCountBecomes(box, 9));
+    ASSERT_TRUE(PressButton(box, IDOK));
+    EXPECT_TRUE(RowCountBecomes(Control(LI_Sections), 15));
+}
+
 TEST_F(ExchangeTest, BrowseMovesTheListsToTheFile) {
     CreateDirectoryW(installation.File(L"inner").c_str(), nullptr);
     const std::wstring deep = Copy("aurora_bay.vel", L"inner\\deep.vel");

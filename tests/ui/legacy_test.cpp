@@ -133,23 +133,27 @@ TEST_F(LegacyTest, ExistingDatabaseIsReplacedOnYes) {
     EXPECT_NE(ReadFileBytes(installation.File(L"Aurora.ve2")), "old");
 }
 
-// A database that can't be read, and what the library says of it.
+// A database that cannot be read, and what the user is told of it.
 struct LegacyDamage {
     const char* name;
-    int status;
+    const char* reason;
     std::string (*bytes)();
 };
 
+constexpr char kForeign[] =
+    "The file is not a DOS database, or a later version has made it. Choose another file.";
+constexpr char kDamaged[] = "The file is damaged. Use an undamaged copy of it.";
+
 const LegacyDamage kLegacyDamages[] = {
-    {"Empty", 2, [] { return std::string(); }},
-    {"Foreign", 2, [] { return std::string(5000, 'x'); }},
-    {"CutOff", 3,
+    {"Empty", kForeign, [] { return std::string(); }},
+    {"Foreign", kForeign, [] { return std::string(5000, 'x'); }},
+    {"CutOff", kDamaged,
      [] {
          std::string bytes = LegacySample();
          bytes.pop_back();
          return bytes;
      }},
-    {"Flipped", 3,
+    {"Flipped", kDamaged,
      [] {
          std::string bytes = LegacySample();
          bytes[bytes.size() / 2] ^= 4;
@@ -169,8 +173,7 @@ struct LegacyDamageTest : LegacyTest, testing::WithParamInterface<LegacyDamage> 
     void ExpectTold(const Box& box) const {
         ASSERT_NE(box.window, nullptr);
         EXPECT_EQ(Narrow(box.text), "The DOS database '" + Narrow(path) +
-                                        "' could not be read (status " +
-                                        std::to_string(GetParam().status) + ").");
+                                        "' could not be read.\r\r" + GetParam().reason);
         ASSERT_TRUE(Press(box, IDOK));
     }
     void ExpectNothingChanged() const {

@@ -108,6 +108,11 @@ TEST_F(StandInUiTest, EachShowsItsRequestAndCloseChangesNothing) {
         EXPECT_EQ(Fact(window, 1), "Switches: /d /mil");
         EXPECT_EQ(Fact(window, 2), "Database: " + Narrow(database));
         EXPECT_EQ(Fact(window, 3), start.model);
+        // On a screen of 800 by 600 with a taskbar of 40, without the caption and frame of 39.
+        RECT client{};
+        GetClientRect(window, &client);
+        EXPECT_LE(client.right, 784);
+        EXPECT_LE(client.bottom, 521);
         EXPECT_TRUE(Close(program, window));
         EXPECT_EQ(Bytes(), before);
     }

@@ -22,8 +22,9 @@ enum ControlId : int {
     BT_Open,
     BT_Rule,
     BT_Bsd,
-    GR_Rule,  // around OP_Rule
-    OP_Rule,  // the first of kRuleSetCount options
+    LB_Legend,  // above PIC_Section: what its colours are
+    GR_Rule,    // around OP_Rule
+    OP_Rule,    // the first of kRuleSetCount options
     // FM_Load and FM_About.
     LB_Title = 1100,
     LB_Version,

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "report/reporters.h"
+#include "shell/open_database.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
@@ -73,8 +74,8 @@ void ListChosenFile(HWND window, ExchangeBox& box) {
     std::vector<std::wstring> texts;
     texts.reserve(box.items.size());
     for (const ExchangeItem& item : box.items) texts.push_back(item.text);
-    if (contents.hint != nullptr) texts = {contents.hint};
-    EnableWindow(list, contents.hint == nullptr);
+    if (!contents.hint.empty()) texts = {contents.hint};
+    EnableWindow(list, contents.hint.empty());
     FillList(list, texts);
     FitScrolling(list);
     ResetMousePointer();
@@ -93,7 +94,7 @@ Accepted AcceptExchange(HWND window, ExchangeBox& box, bool needsSelection) {
     if (enter == EnterKey::kOpenedFolder) ListNothing(window, box);
     if (enter != EnterKey::kAccepts) return {};
     const std::wstring path = ChosenFile(window, box.lists);
-    if (!RequireChosenFile(path)) return {};
+    if (!RequireChosenFile(path) || !RequireOtherFile(path)) return {};
     std::vector<ExchangeItem> selected = SelectedItems(window, box);
     if (needsSelection && !RequireSelection(!selected.empty())) return {};
     return {path, std::move(selected)};

@@ -86,7 +86,6 @@ void AddControls(HWND window, void* contents) {
     box.files.onItems = [window, &box] { OnItems(window, box); };
     AddFileLists(window, box.files.lists);
     const DWORD button = WS_VISIBLE | WS_TABSTOP;
-    AddControl(window, {BT_Browse, WC_BUTTONW, L"&Browse...", button | BS_PUSHBUTTON | WS_GROUP});
     AddSectionsList(window, L"Model&s:", LBS_EXTENDEDSEL);
     AddControl(window, {OP_Preview, WC_BUTTONW, L"&Preview", button | BS_AUTOCHECKBOX});
     CheckDlgButton(window, OP_Preview, BST_CHECKED);
@@ -96,6 +95,8 @@ void AddControls(HWND window, void* contents) {
                                   L"Arial"});
     AddControl(window,
                {LB_Service, WC_STATICW, L"", WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS});
+    // In the row of OK and Cancel.
+    AddControl(window, {BT_Browse, WC_BUTTONW, L"&Browse...", button | BS_PUSHBUTTON | WS_GROUP});
     AddOkAndCancel(window);
 }
 

@@ -197,8 +197,10 @@ void OnDrawLabel(HWND window, const DRAWITEMSTRUCT& item) {
     FillRect(item.hDC, &area, GetSysColorBrush(COLOR_BTNFACE));
     const HGDIOBJ before = SelectObject(item.hDC, StateOfMainWindow(window)->layout.font);
     OnColourStatic(window, item.hDC, item.hwndItem);
+    // The legend ends where the picture ends.
+    const UINT align = item.CtlID == LB_Legend ? DT_RIGHT : DT_LEFT;
     DrawTextW(item.hDC, text.c_str(), static_cast<int>(text.size()), &area,
-              DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+              align | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
     SelectObject(item.hDC, before);
 }
 

@@ -73,6 +73,7 @@ void AddMainControls(HWND window, MainWindowState& state) {
     AddControl(window, OP_Preview, WC_BUTTONW, L"&Preview", WS_TABSTOP | BS_AUTOCHECKBOX);
     SendMessageW(GetDlgItem(window, OP_Preview), BM_SETCHECK, BST_CHECKED, 0);
     CreateSectionPicture(window, {DrawPreview, L""});
+    AddControl(window, LB_Legend, WC_STATICW, L"", label | SS_NOTIFY);
     AddControl(window, LB_X, WC_STATICW, L"", label);
     AddControl(window, LB_Frame, WC_STATICW, L"", label);
     AddControl(window, BT_Open, WC_BUTTONW, L"&Edit", button | WS_GROUP);
@@ -84,6 +85,7 @@ void AddMainControls(HWND window, MainWindowState& state) {
     state.toolTips = CreateToolTips(window);
     AddToolTip(state.toolTips, GetDlgItem(window, TX_DataBase));
     AddToolTip(state.toolTips, GetDlgItem(window, PAN_Help));
+    AddToolTip(state.toolTips, GetDlgItem(window, LB_Legend));
 }
 
 void ApplyResolution(HWND window, UINT dpi) {

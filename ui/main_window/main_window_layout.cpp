@@ -170,6 +170,9 @@ void PlacePanes(Divider& divider, const RECT& area, const Layout& layout, int te
     divider.Place(SP_Sections, {split, top, previewLeft, area.bottom});
     divider.Place(OP_Preview, {previewLeft, area.top,
                                previewLeft + divider.Length(kPreviewButtonWidth), headBottom});
+    const int legendLeft = previewLeft + divider.Length(kPreviewButtonWidth + kGap);
+    divider.Place(LB_Legend, {legendLeft, labelTop, std::max<LONG>(legendLeft, area.right),
+                              labelTop + textHeight});
     divider.Place(PIC_Section, {previewLeft, top, area.right, area.bottom});
 }
 

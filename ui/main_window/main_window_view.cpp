@@ -157,9 +157,13 @@ void FillInContents(View& view) {
     };
     view.focusList = FocusList;
     view.isPreviewOn = [] { return IsDlgButtonChecked(MainHandle(), OP_Preview) == BST_CHECKED; };
-    view.redrawPreview = [] { RedrawSectionPicture(MainControl(PIC_Section)); };
+    view.redrawPreview = [] {
+        RedrawSectionPicture(MainControl(PIC_Section));
+        SetLabel(LB_Legend, GetMessage(kMsgPreviewLegend));
+    };
     view.clearPreview = [](const std::wstring& why) {
         ClearSectionPicture(MainControl(PIC_Section), why);
+        SetLabel(LB_Legend, L"");
     };
     view.setPositionText = [](const std::wstring& text) { SetLabel(LB_X, text); };
     view.setFrameText = [](const std::wstring& text) { SetLabel(LB_Frame, text); };

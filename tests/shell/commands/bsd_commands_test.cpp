@@ -304,7 +304,7 @@ TEST_F(BadSource, ThatIsMissingIsRefused) {
 TEST_F(BadSource, ThatIsADamagedLegacyDatabaseIsRefused) {
     MakeOpen(L"ship.ve2");
     WriteFileBytes(File(L"old.vel"), "no legacy database");
-    ExpectRefused(File(L"old.vel"), "old.vel' could not be read (status ");
+    ExpectRefused(File(L"old.vel"), "old.vel' could not be read.");
 }
 
 TEST_F(BadSource, ThatIsTheOpenDatabaseIsRefused) {

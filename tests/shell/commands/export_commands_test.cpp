@@ -346,18 +346,18 @@ TEST_F(ExportSectionCommand, AnotherModelInItsPlaceAfterTheBoxIsLeftAlone) {
 TEST_F(ExportSectionCommand, TargetThatCanNotBeWrittenIsToldAndStays) {
     ExpectRefused(New(L"New"), WarningText(1020, {legacy}));
     WriteFileBytes(legacy, "no legacy database");
-    ExpectRefused(New(L"New"), WarningText(3556, {legacy, kLegacyForeign}));
+    ExpectRefused(New(L"New"), UnreadText(legacy, kLegacyForeign));
     WriteLegacyDatabase(legacy, {L"One"});
     const std::string whole = ReadFileBytes(legacy);
     for (size_t size = 1; size < whole.size(); size += 1709) {
         WriteFileBytes(legacy, whole.substr(0, size));
-        ExpectRefused(New(L"New"), WarningText(3556, {legacy, kLegacyDamaged}));
+        ExpectRefused(New(L"New"), UnreadText(legacy, kLegacyDamaged));
     }
     for (size_t i = 8; i < whole.size(); i += 1709) {
         std::string bytes = whole;
         bytes[i] = static_cast<char>(bytes[i] ^ 0x10);
         WriteFileBytes(legacy, bytes);
-        ExpectRefused(Over(1), WarningText(3556, {legacy, kLegacyDamaged}));
+        ExpectRefused(Over(1), UnreadText(legacy, kLegacyDamaged));
     }
 }
 
@@ -379,7 +379,7 @@ TEST_F(ExportSectionCommand, SlotThatIsNotThereIsTold) {
 TEST_F(ExportSectionCommand, FullDatabaseTakesNoFurtherSection) {
     WriteLegacyDatabase(legacy, {L"One"});
     RepeatSection(legacy, 999);
-    ExpectRefused(New(L"New"), WarningText(1002, {legacy}));
+    ExpectRefused(New(L"New"), FailureText(1002, {legacy}, 5));
 }
 
 // ---- File > Save as Velk Dos -------------------------------------------------------------------
@@ -435,16 +435,16 @@ TEST_F(SaveLegacyCommand, LibraryThatFailsLeavesTheOldFile) {
     const FakeLegacyLibrary library;
     FakeLegacyLibrary::createStatus = 4;
     Save(legacy);
-    EXPECT_EQ(Warnings(), Told{WarningText(1067, {legacy})});
+    EXPECT_EQ(Warnings(), Told{FailureText(1067, {legacy}, 4)});
     FakeLegacyLibrary::createStatus = 0;
     FakeLegacyLibrary::bsdStatus = 4;
     Save(legacy);
-    EXPECT_EQ(Warnings(), Told{WarningText(1068, {legacy, 4})});
+    EXPECT_EQ(Warnings(), Told{FailureText(1068, {legacy, 4}, 4)});
     FakeLegacyLibrary::bsdStatus = 0;
     FakeLegacyLibrary::calls.clear();
     FakeLegacyLibrary::extendFailsAt = 2;
     Save(legacy);
-    EXPECT_EQ(Warnings(), Told{WarningText(1003, {2, legacy})});
+    EXPECT_EQ(Warnings(), Told{FailureText(1003, {2, legacy}, 5)});
     EXPECT_EQ(ReadFileBytes(legacy), "old");
     EXPECT_EQ(RecordedReports::events.back(), "pointer reset");
 }
@@ -478,7 +478,9 @@ TEST_F(SaveLegacyCommand, SectionThatCanNotBeReadIsToldAndLeftOut) {
     blocks[2].number = " 2 ";  // that of a bulkhead arrangement before it
     WriteFileBytes(path, DatabaseText(blocks));
     Save(legacy);
-    EXPECT_EQ(Warnings().size(), 1u);
+    ASSERT_EQ(Warnings().size(), 2u);
+    EXPECT_EQ(Warnings()[1],
+              WarningText(3592, {legacy, L"\r" + FormatMessage(3648, {L"Frame 20"})}));
     EXPECT_EQ(ListedNames(legacy), (Names{L"Frame 10", L"Aft"}));
 }
 

@@ -284,7 +284,10 @@ TEST_F(ImportCommand, ModelsThatShareANumberAreToldAndTheRestGoesOn) {
     blocks[2].number = " 2 ";
     WriteFileBytes(other, DatabaseText(blocks));
     Import(other);
-    EXPECT_EQ(Warnings(), (Told{NumberNotOwn(2, other), NumberNotOwn(2, other)}));
+    const std::wstring leftOut = L"\r" + FormatMessage(3648, {ListForExchange(other)[1].text}) +
+                                 L"\r" + FormatMessage(3648, {ListForExchange(other)[2].text});
+    EXPECT_EQ(Warnings(), (Told{NumberNotOwn(2, other), NumberNotOwn(2, other),
+                                WarningText(3592, {other, leftOut})}));
     EXPECT_EQ(ModelNames(), (Names{L"Frame 10", L"Frame 10", L"Frame 10", L"Girder", L"Aft"}));
 }
 
@@ -295,7 +298,9 @@ TEST_F(ImportCommand, DamagedModelInTheMiddleIsToldAndTheRestGoesOn) {
         blocks[static_cast<size_t>(damaged)].number = "broken";
         WriteFileBytes(other, DatabaseText(blocks));
         Import(other);
-        EXPECT_EQ(Warnings(), Told{NumberNotOwn(0, other)});
+        ASSERT_EQ(Warnings().size(), 2u);
+        EXPECT_EQ(Warnings().at(0), NumberNotOwn(0, other));
+        EXPECT_TRUE(Warnings().at(1).ends_with("' was left out, because it could not be read."));
         EXPECT_EQ(ModelNumbers(path), (Numbers{1, 2, 3, 4, 5, 6}));
     }
 }
@@ -336,7 +341,7 @@ TEST_F(ImportCommand, SourceThatWasDamagedSinceItWasListedGivesNothing) {
         ME_SectionImport_Click();
         EXPECT_EQ(Warnings().size(), 2u) << size;
         EXPECT_EQ(Warnings().at(0),
-                  WarningText(3556, {legacy, size == 0 ? kLegacyForeign : kLegacyDamaged}));
+                  UnreadText(legacy, size == 0 ? kLegacyForeign : kLegacyDamaged));
         ExpectUntouched();
     }
     system::RemoveFile(legacy);
@@ -387,7 +392,7 @@ TEST_F(ImportCommand, DatabaseWhoseNumbersAreUsedUpIsToldOnce) {
     WriteFileBytes(other, DatabaseText(FiveBlocks()));
     for (const int row : {1, 2, 4}) {
         Import(other, {row, 5});
-        EXPECT_EQ(Warnings(), Told{WarningText(3510, {path})});
+        EXPECT_EQ(Warnings(), Told{WarningText(3510, {path, GetMessage(3002)})});
         ExpectUntouched();
     }
 }
@@ -411,7 +416,7 @@ TEST_F(ImportCommand, ReadOnlyDatabaseIsTakenToAnotherFileWhichBecomesTheOpenOne
     WriteLegacyDatabase(legacy, {L"Frame 30", L"Frame 40"});
     const FakePrompt prompt{target};
     Import(legacy);
-    EXPECT_EQ(Warnings(), Told{WarningText(1086, {path})});
+    EXPECT_EQ(Warnings(), Told{AdvisedText(1086, {path}, kMsgCopyAskedNext)});
     EXPECT_EQ(FakePrompt::questions.size(), 1u);
     EXPECT_EQ(shell.database.path, target);
     EXPECT_EQ(shell.database.currentModel, 4);

@@ -22,7 +22,7 @@ constexpr SIZE kLarge{1600, 1000};
 const std::vector<int> kControls = {LB_DataBase, TX_DataBase, Command1,    LB_Models,   LI_Sections,
                                     SP_Sections, OP_Preview,  PIC_Section, LB_X,        LB_Frame,
                                     BT_Open,     BT_Rule,     OP_Rule,     OP_Rule + 1, OP_Rule + 2,
-                                    BT_Bsd,      PAN_Help};
+                                    BT_Bsd,      PAN_Help,    LB_Legend};
 
 template <class Check>
 void AtEverySize(const OpenWindow& open, Check check) {

@@ -65,6 +65,18 @@ TEST(MainWindowWindow, SelectionOfARowSelectsItsModel) {
     EXPECT_EQ(open.MenuText(3), "&Torsion");
 }
 
+TEST(MainWindowWindow, LegendIsThereWhileASectionIsShown) {
+    const OpenWindow open;
+    const std::string legend = "Blue plating, green stiffeners, red plate ends";
+    EXPECT_EQ(open.Text(LB_Legend), legend);
+    open.SetSelected(9, true);
+    EXPECT_EQ(open.Text(LB_Legend), "") << "a bulkhead has no picture";
+    open.SetSelected(1, true);
+    EXPECT_EQ(open.Text(LB_Legend), legend);
+    SendMessageW(open.Control(OP_Preview), BM_CLICK, 0, 0);
+    EXPECT_EQ(open.Text(LB_Legend), "") << "the preview is off";
+}
+
 TEST(MainWindowWindow, LosingTheSelectionEmptiesTheLabelsAndKeepsTheNumber) {
     const OpenWindow open;
     open.SetSelected(12, true);
