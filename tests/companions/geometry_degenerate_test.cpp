@@ -181,7 +181,7 @@ TEST(GeometryDegenerateTest, RecordsOfAnyContents) {
         const int16_t code = section.Compute();
         EXPECT_GE(code, 0);
         EXPECT_LE(code, 10);
-        for (const TestSection::Parts& parts : section.parts) {
+        for (const TestSection::Parts& parts : section.contents) {
             for (const Node& node : parts.nodes) {
                 EXPECT_TRUE(std::isfinite(node.y) && std::isfinite(node.z) &&
                             std::isfinite(node.s));

@@ -224,9 +224,9 @@ int CALLBACK CollectLines(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, L
 
 // 30 strakes with 4 nodes or more each, and 200 stiffeners.
 void FillBigSection(test::SampleSection& sample) {
-    const test::SampleStrake shell = sample.contents[0];
+    const test::TestSection::Parts shell = sample.contents[0];
     sample.contents.assign(30, shell);
-    for (test::SampleStrake& strake : sample.contents) strake.stiffeners[1].count = 3;
+    for (test::TestSection::Parts& strake : sample.contents) strake.stiffeners[1].count = 3;
     sample.Link();
 }
 
