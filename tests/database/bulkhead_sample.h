@@ -10,7 +10,7 @@
 
 namespace corvane::test {
 
-// What the golden file says, written down a second time.
+// That of the golden file.
 BulkheadArrangement FullArrangement();
 // Every field set at random, and every list of a random length.
 BulkheadArrangement RandomArrangement(uint32_t seed);

@@ -3,7 +3,6 @@
 // in print form, the time in its stamp, CR LF at the ends of lines that are written anew, an end
 // for the last line.
 #include <algorithm>
-#include <random>
 
 #include "tests/database/bulkhead_sample.h"
 #include "tests/database/editing_fixture.h"
@@ -37,10 +36,8 @@ struct GeneratedFile {
     bool endless = false;  // the last line has no end
 };
 
-struct Random {
-    std::mt19937 engine;
-    uint32_t Below(uint32_t limit) { return static_cast<uint32_t>(engine() % limit); }
-    bool OneIn(uint32_t chances) { return Below(chances) == 0; }
+struct Random : test::Chance {
+    using Chance::Chance;
     template <class Choice>
     Choice Of(std::initializer_list<Choice> choices) {
         return choices.begin()[Below(static_cast<uint32_t>(choices.size()))];
@@ -130,7 +127,7 @@ struct EditingIdentityTest : test::TemporaryFilesInMemory, test::EditingTest {
     }
 
     GeneratedFile RandomFile(uint32_t seed) {
-        Random random{std::mt19937(seed)};
+        Random random(seed);
         const bool lineFeeds = random.OneIn(3);
         GeneratedFile file;
         file.head = RandomComments(random) + lines.signature + "\r\n" + RandomLines(random);

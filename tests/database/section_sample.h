@@ -10,9 +10,14 @@
 
 namespace corvane::test {
 
-// What the golden file says, written down a second time.
+// That of the golden file.
 SectionModel FullSection();
 // Every field set at random, and every list of a random length.
+Span RandomSpan(Chance& chance);
+Plate RandomPlate(Chance& chance);
+PrimaryBracket RandomBracket(Chance& chance);
+Opening RandomOpening(Chance& chance);
+Pillar RandomPillar(Chance& chance);
 SectionModel RandomSection(uint32_t seed);
 
 // The text of the block behind the name label.

@@ -50,6 +50,8 @@ struct LegacyRecord : testing::Test {
 
 TEST_F(LegacyRecord, HeadIsInTheMainBlock) {
     section = FullSection();
+    section.stillWaterMoment_kNm(2) = -1800;  // a file has magnitudes
+    section.waveMoment_kNm(2) = -2600;
     section.moduliAbsent = 0;
     Export();
     EXPECT_EQ(TextAt(0, 40), "Frame 100" + std::string(31, '\0'));

@@ -117,6 +117,9 @@ struct FakeCatalogue {
 // The texts of the program's catalogue, to change some of them for a FakeCatalogue.
 std::map<int32_t, std::string> CatalogueTexts();
 
+// The same text with LF alone as line end.
+std::string WithLineFeeds(std::string_view text);
+
 // Text as UTF-8, for messages of tests.
 std::string Narrow(std::wstring_view text);
 
