@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "bsd/basic_ship_data.h"
 #include "database/model_kind.h"
 #include "platform/ztutil32.h"
 #include "tests/shell/fake_view.h"
@@ -70,6 +71,20 @@ struct CommandTest : testing::Test {
     // The warning boxes that were shown, and whether there was exactly one that holds `text`.
     static std::vector<std::string> Warnings() { return RecordedReports::Of("warning"); }
     static testing::AssertionResult OnlyWarning(std::string_view text);
+};
+
+// What a command that does nothing leaves as it is.
+struct Before {
+    std::wstring databasePath = shell.database.path;
+    std::wstring browseDirectory = shell.settings.BrowseDirectory;
+    BasicShipData bsd = shell.database.bsd;
+    int32_t currentModel = shell.database.currentModel;
+
+    bool IsUnchanged() const {
+        return shell.database.path == databasePath && shell.database.bsd == bsd &&
+               shell.settings.BrowseDirectory == browseDirectory &&
+               shell.database.currentModel == currentModel && RecordedReports::Of("rows").empty();
+    }
 };
 
 // A block of a model as text.

@@ -83,22 +83,6 @@ TEST_F(LegacyCommand, DatabaseNamedStarIsNamedAfterItsFolder) {
     EXPECT_EQ(shell.database.bsd.Titles(5).Whole(), UpperCase(name).substr(0, 30));
 }
 
-TEST_F(LegacyCommand, SectionsComeBackAsTheyWere) {
-    const std::wstring source = DataPath("../samples/aurora_bay.ve2");
-    ASSERT_TRUE(ExportDatabase(source, legacy));
-    OpenLegacyDatabase(legacy);
-    for (int32_t number = 1; number <= 9; ++number) {
-        SectionModel section;
-        SectionModel converted;
-        ASSERT_TRUE(ReadSectionBlock(source, number, false, section));
-        ASSERT_TRUE(ReadSectionBlock(work + L"Aurora.ve2", number, false, converted));
-        EXPECT_FALSE(converted.identifier.empty());
-        SetImportedHead(section);
-        converted.identifier.clear();
-        EXPECT_EQ(ExactText(converted), ExactText(section)) << number;
-    }
-}
-
 TEST_F(LegacyCommand, WithoutANameTheUserIsAsked) {
     WriteLegacyDatabase(legacy, {L"Frame 10"});
     const FakePrompt prompt{legacy};
@@ -175,12 +159,6 @@ TEST_F(LegacyCommand, DamagedDatabaseIsReportedWithItsStatusAndChangesNothing) {
     EXPECT_TRUE(FilesIn(work).empty());
     EXPECT_EQ(system::CurrentDirectory(), before);
     EXPECT_TRUE(WasRefreshed());
-}
-
-TEST_F(LegacyCommand, ForeignFileIsReportedWithItsStatus) {
-    WriteFileBytes(legacy, "no legacy database");
-    OpenLegacyDatabase(legacy);
-    EXPECT_EQ(Warnings(), std::vector<std::string>{WarningText(3556, {legacy, 2})});
 }
 
 TEST_F(LegacyCommand, ListThatCanNotBeReadLeavesNoFile) {

@@ -45,6 +45,7 @@ TEST(OpenDatabaseTest, WithoutADatabaseEverythingIsEmpty) {
     EXPECT_TRUE(RecordedReports::Happened("clear preview"));
     EXPECT_TRUE(RecordedReports::Happened("title Corvane"));
     EXPECT_FALSE(RecordedReports::Happened("focus list"));
+    EXPECT_EQ(RecordedReports::caption, GetMessage(kMsgNoDatabaseOpen));
 }
 
 TEST(OpenDatabaseTest, FirstModelIsSelectedWhenNoneWasCurrent) {

@@ -142,31 +142,20 @@ TEST_F(SettingsTest, EmptyDataDirectoryIsTheProgramsFolder) {
 TEST_F(SettingsTest, WorkDirectoryGetsItsBackslash) {
     const std::wstring work = MakeFolder(L"work");
     EXPECT_EQ(Read("Work=" + AnsiBytes(folder.File(L"work")) + "\r\n").WorkDirectory, work);
+    EXPECT_EQ(Read("Work=" + AnsiBytes(work) + "\r\n").BrowseDirectory, work) << "the default";
     EXPECT_EQ(Read("Work=" + AnsiBytes(work) + "\r\n").WorkDirectory, work);
 }
 
-TEST_F(SettingsTest, DeletedWorkDirectoryBecomesTheDataDirectory) {
-    const std::wstring data = MakeFolder(L"data");
-    const std::wstring gone = folder.File(L"gone");
-    const ShellSettings settings =
-        Read("Data=" + AnsiBytes(data) + "\r\nWork=" + AnsiBytes(gone) + "\r\n");
-    EXPECT_EQ(settings.WorkDirectory, data);
-    EXPECT_EQ(settings.BrowseDirectory, data);
-}
-
-TEST_F(SettingsTest, EmptyWorkDirectoryBecomesTheDataDirectory) {
-    const std::wstring data = MakeFolder(L"data");
-    EXPECT_EQ(Read("Data=" + AnsiBytes(data) + "\r\nWork=\r\n").WorkDirectory, data);
-}
-
-TEST_F(SettingsTest, AFileIsNoWorkDirectory) {
+TEST_F(SettingsTest, WorkDirectoryThatIsNotThereBecomesTheDataDirectory) {
+    const std::string data = AnsiBytes(MakeFolder(L"data"));
     WriteFileBytes(folder.File(L"a file"), "");
-    EXPECT_EQ(Read("Work=" + AnsiBytes(folder.File(L"a file")) + "\r\n").WorkDirectory, program);
-}
-
-TEST_F(SettingsTest, BrowseDirectoryFollowsTheWorkDirectoryByDefault) {
-    const std::wstring work = MakeFolder(L"work");
-    EXPECT_EQ(Read("Work=" + AnsiBytes(work) + "\r\n").BrowseDirectory, work);
+    for (const std::string& work :
+         {AnsiBytes(folder.File(L"gone")), std::string(), AnsiBytes(folder.File(L"a file")),
+          AnsiBytes(folder.path) + std::string(500, 'x')}) {
+        const ShellSettings settings = Read("Data=" + data + "\r\nWork=" + work + "\r\n");
+        EXPECT_EQ(AnsiBytes(settings.WorkDirectory), data) << work;
+        EXPECT_EQ(AnsiBytes(settings.BrowseDirectory), data) << work;
+    }
 }
 
 TEST_F(SettingsTest, BrowseDirectoryIsTakenAsItIsWritten) {
@@ -202,11 +191,6 @@ TEST_F(SettingsTest, ValuesAreCutAt400Characters) {
     EXPECT_EQ(GetIniString(L"Shell", L"long", L"", file), std::wstring(399, L'a') + L'b');
     EXPECT_EQ(GetIniString(L"Shell", L"exact", L"", file), std::wstring(400, L'e'));
     EXPECT_EQ(GetIniString(L"Shell", L"none", std::wstring(500, L'd'), file).size(), 400u);
-}
-
-TEST_F(SettingsTest, ADirectoryThatIsCutFallsBack) {
-    EXPECT_EQ(Read("Work=" + AnsiBytes(folder.path) + std::string(500, 'x') + "\r\n").WorkDirectory,
-              program);
 }
 
 // ---- Reading: one value ------------------------------------------------------------------------

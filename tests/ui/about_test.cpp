@@ -40,23 +40,5 @@ TEST_F(AboutUi, TellsTitleVersionAndNoticeAndNoWarning) {
     EXPECT_TRUE(IsWindowEnabled(main));
 }
 
-TEST_F(AboutUi, ClosesByEnterEscAndTheCloseButton) {
-    const Program program(installation);
-    const HWND main = program.Main();
-    ASSERT_NE(main, nullptr);
-    for (const WPARAM key : {WPARAM{VK_RETURN}, WPARAM{VK_ESCAPE}, WPARAM{0}}) {
-        Choose(main, ME_HelpAbout);
-        const HWND box = program.Window(L"FM_About");
-        ASSERT_NE(box, nullptr);
-        ASSERT_TRUE(WaitUntil([&] { return FocusOf(box) == GetDlgItem(box, BT_Ok); }));
-        if (key == 0) {
-            PostMessageW(box, WM_CLOSE, 0, 0);
-        } else {
-            PressKey(FocusOf(box), key);
-        }
-        EXPECT_TRUE(HasClosed(box)) << key;
-    }
-}
-
 }  // namespace
 }  // namespace corvane::ui

@@ -22,8 +22,6 @@ struct Damage {
 };
 
 const Damage kDamages[] = {
-    {"Empty", true, 0, [](const std::string&) { return std::string(); }},
-    {"OneByte", true, 0, [](const std::string&) { return std::string("x"); }},
     {"Binary", true, 0,
      [](const std::string&) {
          std::string bytes;
@@ -31,24 +29,12 @@ const Damage kDamages[] = {
          return bytes;
      }},
     {"OneEndlessLine", true, 0, [](const std::string&) { return std::string(5000000, '-'); }},
-    {"CutOffInTheBasicShipData", false, 0,
-     [](const std::string& sample) {
-         return sample.substr(0, sample.find("BSD ------------------") + 200);
-     }},
     {"CutOffBehindTheThirdMarker", false, 3,
      [](const std::string& sample) {
          const std::string marker = "====== CORVANE MODEL ======";
          size_t at = 0;
          for (int i = 0; i < 3; ++i) at = sample.find(marker, at) + marker.size();
          return sample.substr(0, at);
-     }},
-    {"LineFeedsOnly", false, 14,
-     [](const std::string& sample) {
-         std::string bytes;
-         for (const char byte : sample) {
-             if (byte != '\r') bytes += byte;
-         }
-         return bytes;
      }},
 };
 

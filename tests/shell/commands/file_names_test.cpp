@@ -3,26 +3,18 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
-#include "bsd/basic_ship_data.h"
-#include "bsd/bsd_file.h"
 #include "database/model_kind.h"
-#include "database/scanning.h"
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "platform/system.h"
-#include "report/reporters.h"
-#include "shell/commands/commands.h"
 #include "shell/state.h"
 #include "tests/shell/command_support.h"
 #include "tests/shell/fake_view.h"
-#include "tests/support/without_stamps.h"
-#include "text/text.h"
 
 namespace corvane {
 namespace {
 
+using test::Before;
 using test::CommandTest;
 using test::FakePrompt;
 using test::Narrow;
@@ -31,20 +23,6 @@ using test::RecordedReports;
 using test::WriteFileBytes;
 
 struct FileNames : CommandTest {};
-
-// What a command that does nothing leaves as it is.
-struct Before {
-    std::wstring databasePath = shell.database.path;
-    std::wstring browseDirectory = shell.settings.BrowseDirectory;
-    BasicShipData bsd = shell.database.bsd;
-    int32_t currentModel = shell.database.currentModel;
-
-    bool IsUnchanged() const {
-        return shell.database.path == databasePath && shell.database.bsd == bsd &&
-               shell.settings.BrowseDirectory == browseDirectory &&
-               shell.database.currentModel == currentModel && RecordedReports::Of("rows").empty();
-    }
-};
 
 struct BadName {
     const char* name;

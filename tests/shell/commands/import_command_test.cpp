@@ -122,12 +122,6 @@ TEST_F(ImportCommand, ModelsOfAllKindsAreAppendedFromAModelDatabase) {
     EXPECT_EQ(ReadFileBytes(other), DatabaseText(FiveBlocks()));
 }
 
-TEST_F(ImportCommand, ModelsThatWereThereStayAsTheyAre) {
-    WriteFileBytes(other, DatabaseText(FiveBlocks()));
-    Import(other);
-    EXPECT_EQ(ReadFileBytes(path).substr(0, before.size()), before);
-}
-
 TEST_F(ImportCommand, TorsionModelIsCopiedLineByLine) {
     std::vector<SampleBlock> blocks = FiveBlocks();
     blocks[3].body = "------------------ BODY ------------------\r\n* any\r\n 1,2 \t x\r\n";
@@ -172,15 +166,6 @@ TEST_F(ImportCommand, SampleShipIsImportedWholeIntoAnEmptyDatabase) {
     EXPECT_TRUE(Warnings().empty());
     EXPECT_EQ(ModelNames(), ModelNames(sample));
     EXPECT_EQ(LastBody(path, "TORSION"), LastBody(sample, "TORSION"));
-}
-
-TEST_F(ImportCommand, OfTwentyOneSectionsTwentyCanBeImported) {
-    Names names;
-    for (int i = 1; i <= 21; ++i) names.push_back(L"Frame " + std::to_wstring(i));
-    WriteLegacyDatabase(legacy, names);
-    Import(legacy);
-    EXPECT_EQ(ModelNames().size(), 22u);
-    EXPECT_EQ(ModelNames().back(), L"Frame 20");
 }
 
 TEST_F(ImportCommand, OfFiveHundredSectionsTwentyCanBeImported) {

@@ -97,6 +97,14 @@ struct ExchangeBoxTest : testing::Test {
             order.push_back(GetDlgCtrlID(control));
         }
     }
+    // At 96 dots per inch, on a screen of 800 by 600 with a task bar.
+    static void ExpectFitsASmallScreen(HWND window) {
+        ScaleTo(window, 96);
+        RECT whole{};
+        GetWindowRect(window, &whole);
+        EXPECT_LE(whole.right - whole.left, 800);
+        EXPECT_LE(whole.bottom - whole.top, 560);
+    }
     // The label before a control names it for screen readers.
     static std::string LabelBefore(HWND window, int id) {
         return Narrow(WindowText(GetWindow(GetDlgItem(window, id), GW_HWNDPREV)));

@@ -400,11 +400,7 @@ TEST_F(ExportBoxTest, EveryResolutionScalesItWhole) {
             EXPECT_GT(files.bottom - files.top, 6 * test::TextSizeOf(window, LB_Files).cy);
             EXPECT_LT(test::PlaceIn(window, LI_Sections).bottom, test::PlaceIn(window, BT_Ok).top);
         }
-        test::ScaleTo(window, 96);
-        RECT whole{};
-        GetWindowRect(window, &whole);
-        EXPECT_LE(whole.right - whole.left, 800);
-        EXPECT_LE(whole.bottom - whole.top, 560) << "a task bar has its place, too";
+        ExpectFitsASmallScreen(window);
     });
 }
 

@@ -405,11 +405,7 @@ TEST_F(ImportBoxTest, EveryResolutionScalesItWhole) {
             EXPECT_LE(picture.bottom, test::PlaceIn(window, LB_Service).top);
             EXPECT_LE(test::PlaceIn(window, LB_Service).bottom, test::PlaceIn(window, BT_Ok).top);
         }
-        test::ScaleTo(window, 96);
-        RECT whole{};
-        GetWindowRect(window, &whole);
-        EXPECT_LE(whole.right - whole.left, 800);
-        EXPECT_LE(whole.bottom - whole.top, 560) << "a task bar has its place, too";
+        ExpectFitsASmallScreen(window);
     });
 }
 
