@@ -85,7 +85,7 @@ bool LacksDimensions(const SectionModel& section) {
 
 struct Target {
     const std::wstring& path;
-    const std::wstring& told;  // in messages
+    const std::wstring& shown;  // in messages
 };
 
 // All sections of a database on their way to a new legacy database.
@@ -102,14 +102,14 @@ bool IsAllWritten(const std::wstring& path) {
     return status == 0;
 }
 
-// The slot's name is not judged: the next slot's status takes the place of this one.
+// The slot's name is not judged: the next slot's status replaces this one.
 bool ExportNext(DatabaseExport& work, int16_t number, SectionModel& section) {
     const Target& target = work.target;
     if (LacksDimensions(section) || section.depth_m < kUnsetBelow) {
         SetSectionDefaults(section, work.bsd, kUnsetBelow);
     }
     if (AddSlot(target.path) != 0) {
-        ReportMessage(kMsgLegacySectionNotAdded, {int32_t{number}, target.told});
+        ReportMessage(kMsgLegacySectionNotAdded, {int32_t{number}, target.shown});
         return false;
     }
     ExportBlocks(target.path, number, section, work.losses);
@@ -135,13 +135,13 @@ bool StartDatabase(const std::wstring& source, const Target& target, BasicShipDa
         createvelkdb(system::AnsiFromWide(target.path).c_str(), &status);
     }
     if (status != 0) {
-        ReportMessage(kMsgLegacyNotCreated, {target.told});
+        ReportMessage(kMsgLegacyNotCreated, {target.shown});
         return false;
     }
     LoadBsdFromDatabase(source, bsd);
     status = ExportBsd(target.path, bsd);
     if (status == 0) return true;
-    ReportMessage(kMsgLegacyBsdNotWritten, {target.told, int32_t{status}});
+    ReportMessage(kMsgLegacyBsdNotWritten, {target.shown, int32_t{status}});
     return false;
 }
 
@@ -207,19 +207,19 @@ bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShi
 }
 
 bool ExportDatabase(const std::wstring& source, const std::wstring& path,
-                    const std::wstring& told) {
+                    const std::wstring& shown) {
     if (!FileExists(source) || !IsDatabaseFile(source)) return false;
-    const Target target{path, told.empty() ? path : told};
+    const Target target{path, shown.empty() ? path : shown};
     DatabaseExport work{target, {}, {}};
     if (!StartDatabase(source, target, work.bsd)) return false;
     const bool isExported = ExportSections(source, work);
     if (!IsAllWritten(path) && isExported) {
-        ReportMessage(kMsgLegacyNotCreated, {target.told});
+        ReportMessage(kMsgLegacyNotCreated, {target.shown});
         return false;
     }
     if (!isExported) return false;
     ShowStatus(L"");
-    ReportLosses(target.told, work.losses);
+    ReportLosses(target.shown, work.losses);
     return true;
 }
 
@@ -259,7 +259,7 @@ std::vector<ModelEntry> ListLegacySections(const std::wstring& path, int16_t& st
 int16_t CountLegacySections(const std::wstring& path, size_t listed) {
     if (listed < kLegacyListedSections) return static_cast<int16_t>(listed);
     const std::string file = system::AnsiFromWide(path);
-    // Slots follow one another without a gap: the last one lies between one that is there and one
+    // Slots follow one another without a gap: the last one is between one that is there and one
     // that is not.
     int there = kLegacyListedSections;
     int missing = INT16_MAX;

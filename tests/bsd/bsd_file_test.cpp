@@ -340,7 +340,7 @@ TEST_F(BsdSave, DatabaseHeldByAnotherProgramIsReportedAndUntouched) {
     EXPECT_EQ(FilesIn(folder.path).size(), 2u);
 }
 
-// The host tells open files in a folder where nobody can create one.
+// The host lists open files in a folder where nobody can create one.
 TEST_F(BsdSave, FolderThatTakesNoNewFileIsReported) {
     const FakeCatalogue catalogue({{kMsgFolderNotWritable, "\xA4|\xA4"}});
     const std::string text = kHead + Golden();

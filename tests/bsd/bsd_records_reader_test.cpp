@@ -383,7 +383,7 @@ TEST(BsdReader, ModelMarkerInTheTitlesEndsTheRecords) {
 }
 
 // One file holds the records cut at every byte, each followed by a model marker: however short they
-// are, nothing behind them is taken.
+// are, nothing after them is read.
 TEST(BsdReader, RecordsCutAtAnyByteLeaveWhatFollowsUnread) {
     const std::string records = GoldenRecords();
     const std::string marker = GetMessageBytes(kMsgModelMarker);

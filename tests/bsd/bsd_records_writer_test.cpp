@@ -108,9 +108,9 @@ TEST(BsdWriter, TextThatIsTheWholeMarkerIsMadeHarmless) {
 
 TEST(BsdWriter, ListWhoseLengthIsNoMultipleOfTheRowLeavesItsLastLineOpen) {
     std::string text;
-    auto visit = [&text](int value, std::string_view behind) {
+    auto visit = [&text](int value, std::string_view after) {
         text += std::to_string(value);
-        text += behind;
+        text += after;
     };
     const int first[] = {1, 2, 3, 4, 5, 6, 7};
     const int second[] = {8, 9};

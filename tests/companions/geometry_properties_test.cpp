@@ -231,8 +231,8 @@ TEST(GeometryPropertiesTest, NormalsStandUprightOnTheStrake) {
         // Left of a strake whose y grows is up.
         EXPECT_GT(stiffener.normalZ, 0);
         const At before = PointOf(section, std::max(0.0F, stiffener.s - 0.001F));
-        const At behind = PointOf(section, std::min(section.LengthOf(1), stiffener.s + 0.001F));
-        const At along{(behind.y - before.y) / 0.002F, (behind.z - before.z) / 0.002F};
+        const At after = PointOf(section, std::min(section.LengthOf(1), stiffener.s + 0.001F));
+        const At along{(after.y - before.y) / 0.002F, (after.z - before.z) / 0.002F};
         EXPECT_NEAR(along.y * stiffener.normalY + along.z * stiffener.normalZ, 0, 0.8);
         Stiffener back = stiffener;
         ASSERT_EQ(RelStiff(section.strakes.data(), 1, 1, &back), 0);

@@ -130,7 +130,7 @@ TEST(GeometryStrakesTest, CentreOfAnArcIsEquallyFarFromAllOfIt) {
     EXPECT_LE(s, kPi);
 }
 
-TEST(GeometryStrakesTest, BehindTheCentreOfAnArcAnEndIsNearest) {
+TEST(GeometryStrakesTest, BeyondTheCentreOfAnArcAnEndIsNearest) {
     TestSection section;
     section.Add({RadiusNode(10, 0, 2), GivenNode(12, 2)});
     ASSERT_EQ(section.Compute(), 0);

@@ -47,7 +47,7 @@ inline Node CoincidentNode(NodeReference base) {
     node.kind = kNodeCoincident;
     return node;
 }
-// At this y (z) on the strake; the other coordinate tells which of several places is meant.
+// At this y (z) on the strake; the other coordinate says which of several points is meant.
 inline Node NodeAtY(int16_t strake, float y, float nearZ = 0) {
     Node node = GivenNode(y, nearZ);
     node.kind = kNodeOnStrake;

@@ -56,7 +56,7 @@ std::string Replaced(std::string_view text, std::string_view from, std::string_v
     return std::string(text.substr(0, place)).append(to).append(text.substr(place + from.size()));
 }
 
-std::string WithLineBehindEach(std::string_view text, std::string_view line) {
+std::string WithLineAfterEach(std::string_view text, std::string_view line) {
     std::string result;
     for (const char character : text) {
         result += character;

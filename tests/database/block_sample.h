@@ -19,12 +19,12 @@ std::string WrittenText(const std::function<void(TextWriter&)>& write);
 // Lets the procedure read the text.
 void ReadFromText(std::string_view text, const std::function<void(TextReader&)>& read);
 
-// The text from the line behind the name label on.
+// The text from the line after the name label on.
 std::string BodyOf(std::string_view text);
 // The text with the first `from` replaced; a test fails when it has none.
 std::string Replaced(std::string_view text, std::string_view from, std::string_view to);
-// The text with a line of its own behind every line.
-std::string WithLineBehindEach(std::string_view text, std::string_view line);
+// The text with another line after every line.
+std::string WithLineAfterEach(std::string_view text, std::string_view line);
 // The block cut into its pieces, label lines first: the file's head, its own, and its tables.
 std::vector<std::string> Tables(std::string_view text);
 // Of both golden files: file head, block head, eleven tables.

@@ -103,7 +103,8 @@ struct KindNames {
         return Kind::kTest;
     }
 };
-TYPED_TEST_SUITE(BlockTest, (testing::Types<Sections, Arrangements>), KindNames);
+using BlockKinds = testing::Types<Sections, Arrangements>;
+TYPED_TEST_SUITE(BlockTest, BlockKinds, KindNames);
 
 // ---- Written -----------------------------------------------------------------------------------
 
@@ -180,7 +181,7 @@ TYPED_TEST(BlockTest, LineFeedsAloneAreLineEnds) {
 }
 
 TYPED_TEST(BlockTest, CommentLinesMayBeAnywhere) {
-    EXPECT_EQ(this->Rewritten(test::WithLineBehindEach(this->golden, "* a comment, 1 2 3")),
+    EXPECT_EQ(this->Rewritten(test::WithLineAfterEach(this->golden, "* a comment, 1 2 3")),
               this->body);
 }
 

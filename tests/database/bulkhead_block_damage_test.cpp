@@ -88,13 +88,13 @@ TEST_F(BulkheadDamageTest, RowsOfABulkheadThatDoesNotExistAreLeftOut) {
         for (const char* row :
              {" 1 \t11.9\t", " 2 \t 0 \t 9 \t0", " 2 \t .8 \t 1 ", " 2 \t 1 \t 1 \t-1 ",
               " 2 \t 1 \t 2 \t 2 ", " 2 \t 1 \t 2 \t .35", " 1 \t .45 ", " 1 \t 1 \t 2 \t 8.4 "}) {
-            const std::string behind = std::string(row).substr(2);
+            const std::string after = std::string(row).substr(2);
             text =
-                Replaced(text, "\r\n" + std::string(row), "\r\n " + std::string(bulkhead) + behind);
+                Replaced(text, "\r\n" + std::string(row), "\r\n " + std::string(bulkhead) + after);
         }
         const BulkheadArrangement read = ReadArrangement(text);
         ASSERT_EQ(read.bulkheads.size(), 2u);
-        if (*bulkhead == 0) continue;  // the numbers behind take its place; only nothing breaks
+        if (*bulkhead == 0) continue;  // the next number counts as it; it only must not fail
         EXPECT_EQ(read.bulkheads[0].nodes.size(), 2u) << bulkhead;
         EXPECT_EQ(read.bulkheads[1].primaryStiffeners.size(), 1u) << bulkhead;
         EXPECT_EQ(read.bulkheads[1].secondaryStiffeners.size(), 1u) << bulkhead;

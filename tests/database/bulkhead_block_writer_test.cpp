@@ -60,7 +60,7 @@ TEST_F(BulkheadWriterTest, SecondaryStiffenersAreTheOnlyOnesWithBracketsAndSpans
     }
 }
 
-TEST_F(BulkheadWriterTest, RecordedSpansWithoutAnythingOfTheirOwnHaveNoTables) {
+TEST_F(BulkheadWriterTest, RecordedSpansWithoutValuesHaveNoTables) {
     BulkheadArrangement arrangement = FullArrangement();
     for (SecondaryStiffener& stiffener : arrangement.bulkheads[1].secondaryStiffeners) {
         for (auto& [number, span] : stiffener.spans) span = {};

@@ -133,7 +133,7 @@ TEST_F(SectionWriterTest, PanelNameIsPaddedAndCutToFortyCharacters) {
     EXPECT_TRUE(Has(BodyText(section), "\r\n" + std::string(40, 'x') + "\t 0 \t"));
 }
 
-// What a name is made of when it could be taken for another kind of line.
+// What a name is made of when it looks like another kind of line.
 TEST_F(SectionWriterTest, NamesNeverMakeOtherLines) {
     const std::string marker = FetchStructuralLines().modelMarker;
     const struct {

@@ -20,11 +20,11 @@ Opening RandomOpening(Chance& chance);
 Pillar RandomPillar(Chance& chance);
 SectionModel RandomSection(uint32_t seed);
 
-// The text of the block behind the name label.
+// The text of the block after the name label.
 std::string BodyText(SectionModel& section);
 // The whole block.
 std::string BlockText(SectionModel& section, int32_t number);
-// A block or a file as far as the section reader takes it, from memory.
+// A block or a file as far as the section reader reads it, from memory.
 SectionModel ReadText(std::string_view text, ModelKind kind = ModelKind::kSection);
 
 }  // namespace corvane::test

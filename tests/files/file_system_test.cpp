@@ -275,7 +275,7 @@ TEST(PutCopy, NewTargetIsLeftAloneWhenItIsThere) {
     EXPECT_EQ(ReadFileBytes(files.target), "new");
 }
 
-TEST(CheckFolderTakesFiles, LeavesNothingBehind) {
+TEST(CheckFolderTakesFiles, LeavesNoFile) {
     const TemporaryFolder folder;
     std::wstring leftOver;
     EXPECT_EQ(CheckFolderTakesFiles(folder.path, leftOver), system::kErrorNone);

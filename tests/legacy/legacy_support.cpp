@@ -498,9 +498,9 @@ struct FakeLegacyLibrary::Fakes {
             *status = bsdStatus;
         }};
     FakeFunction<decltype(importvelknavi)> importNavi{
-        importvelknavi, [](const char* path, LegacyBsd* taken, int16_t* status) {
+        importvelknavi, [](const char* path, LegacyBsd* read, int16_t* status) {
             Record("importvelknavi", path);
-            *taken = bsd;
+            *read = bsd;
             *status = naviStatus;
         }};
 };

@@ -166,7 +166,7 @@ TEST_F(SectionPreviewTest, ParametersByteByByte) {
     put(72, int16_t{8});
     put(74, int16_t{200});
     put(76, 0.08F);
-    // The colours' address is checked through what lies there.
+    // The colours' address is checked through what is there.
     std::memcpy(expected.data() + 108, parameterBytes.data() + 108, sizeof(void*));
     EXPECT_EQ(parameterBytes, expected);
 }

@@ -1,5 +1,5 @@
 // For the tests of commands: a window that records, a file prompt that answers, programs that do
-// what the test tells them, and small databases.
+// what the test says, and small databases.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -34,7 +34,7 @@ struct FakePrompt {
     explicit FakePrompt(std::initializer_list<std::wstring> given = {});
 };
 
-// Stands in for every program: notes the command line and the window's lock, and does what the test
+// Replaces every program: notes the command line and the window's lock, and does what the test
 // says.
 struct FakeProgram {
     static std::vector<std::wstring> commandLines;
@@ -47,7 +47,7 @@ struct FakeProgram {
     explicit FakeProgram(void (*what)() = [] {});
 };
 
-// A test of commands: folders of its own for programs, work, browsing and databases, each ending
+// A test of commands: its own folders for programs, work, browsing and databases, each ending
 // with "\".
 struct CommandTest : testing::Test {
     FakeView view;

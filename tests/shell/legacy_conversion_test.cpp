@@ -161,7 +161,7 @@ TEST_F(LegacyCommand, DamagedDatabaseIsReportedWithItsStatusAndChangesNothing) {
     EXPECT_TRUE(WasRefreshed());
 }
 
-TEST_F(LegacyCommand, ListThatCanNotBeReadLeavesNoFile) {
+TEST_F(LegacyCommand, ListThatCannotBeReadLeavesNoFile) {
     const FakeLegacyLibrary library;
     FakeLegacyLibrary::listStatus = 3;
     WriteFileBytes(work + L"Aurora.ve2", "old");
@@ -224,7 +224,7 @@ TEST_F(LegacyCommand, TwentySectionsAreConvertedWithoutAQuestion) {
     EXPECT_TRUE(Warnings().empty());
 }
 
-TEST_F(LegacyCommand, WithoutATemporaryFolderTheUserIsTold) {
+TEST_F(LegacyCommand, MissingTemporaryFolderIsReported) {
     WriteLegacyDatabase(legacy, {L"Frame 10"});
     {
         const NoTemporaryFolder none;

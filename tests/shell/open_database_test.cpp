@@ -242,7 +242,7 @@ TEST(OpenDatabaseTest, FirstModelIsSelectedWhateverItsNumberIs) {
     EXPECT_EQ(FakeView::selected, 0);
 }
 
-TEST(OpenDatabaseTest, RowWithoutANumberOfItsOwnShowsItsOwnPositionAndNoPicture) {
+TEST(OpenDatabaseTest, RowWithoutItsOwnNumberShowsItsPositionAndNoPicture) {
     ShownDatabase window;
     window.Open(FiveModels({" 1 ", " 2 ", " 2 ", "none", "-1 "}));
     RefreshMainWindow();

@@ -93,7 +93,7 @@ TEST_F(SettingsTest, MissingSectionGivesTheDefaults) {
     EXPECT_EQ(settings.WorkDirectory, program);
 }
 
-TEST_F(SettingsTest, TheProgramsOwnFolderIsTakenByDefault) {
+TEST_F(SettingsTest, TheProgramsOwnFolderIsTheDefault) {
     ShellSettings settings;
     ReadSettings(file, settings);
     const std::wstring path = system::ProgramPath();
@@ -158,7 +158,7 @@ TEST_F(SettingsTest, WorkDirectoryThatIsNotThereBecomesTheDataDirectory) {
     }
 }
 
-TEST_F(SettingsTest, BrowseDirectoryIsTakenAsItIsWritten) {
+TEST_F(SettingsTest, BrowseDirectoryIsUsedAsItIsWritten) {
     MakeFolder(L"browse");
     const std::wstring browse = folder.File(L"browse");
     EXPECT_EQ(Read("Browse=" + AnsiBytes(browse) + "\r\n").BrowseDirectory, browse);
@@ -419,7 +419,7 @@ TEST_F(SettingsTest, UnknownUserIsAnEmptyName) {
     EXPECT_EQ(Written("Third"), "-2.5");
 }
 
-TEST_F(SettingsTest, AUserNameThatFillsTheBufferIsTakenWhole) {
+TEST_F(SettingsTest, AUserNameThatFillsTheBufferIsUsedWhole) {
     FakeFunction full(LoginName,
                       [](char* buffer, int32_t size) { std::fill_n(buffer, size, 'n'); });
     EXPECT_TRUE(WriteSettings(file, SomeSettings()));
@@ -440,7 +440,7 @@ TEST_F(SettingsTest, FirstWriteThatFailsIsReportedAndEndsTheWriting) {
 TEST_F(SettingsTest, AWriteThatFailsInBetweenEndsTheWriting) {
     static std::wstring iniFile;
     iniFile = file;
-    // While the user's name is asked for, a folder takes the file's place.
+    // While the user's name is asked for, a folder replaces the file.
     FakeFunction login2(LoginName, [](char* buffer, int32_t) {
         EXPECT_EQ(system::RemoveFile(iniFile), system::kErrorNone);
         EXPECT_EQ(system::MakeDirectory(iniFile), system::kErrorNone);

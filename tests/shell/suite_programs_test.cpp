@@ -53,7 +53,7 @@ constexpr Switches kSwitches[] = {
     {false, true, true, "/mil /JBP "}, {true, true, true, "/d /mil /JBP "},
 };
 
-TEST_F(SiblingPrograms, SwitchesStandInTheirOrderWithABlankBehindEach) {
+TEST_F(SiblingPrograms, SwitchesAreInTheirOrderWithABlankAfterEach) {
     for (const Switches& switches : kSwitches) {
         shell.debugMode = switches.debug;
         shell.milMode = switches.mil;
@@ -190,7 +190,7 @@ TEST_F(SectionInput, ProgramOfTheModelsKindIsRun) {
     }
 }
 
-TEST_F(SectionInput, ListIsReadAnewAfterTheRun) {
+TEST_F(SectionInput, ListIsReadAgainAfterTheRun) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"SectInput.exe");
     const FakeProgram program(
@@ -211,7 +211,7 @@ TEST_F(SectionInput, PointerIsBusyUntilTheEnd) {
     EXPECT_EQ(pointers.back(), "reset");
 }
 
-// Runs a command that must not run a program, and tells of one thing.
+// Runs a command that must not run a program, and reports one thing.
 void ExpectNoRun(void (*command)(), std::string_view warning) {
     RecordedReports::events.clear();
     const FakeProgram program;
@@ -420,7 +420,7 @@ TEST_F(CreateModel, ModelBeforeStaysCurrentWhenNothingIsRun) {
     EXPECT_EQ(shell.database.currentModel, 2);
 }
 
-// ---- What a program can leave behind -----------------------------------------------------------
+// ---- What a program can do to the file ----------------------------------------------------------
 
 TEST_F(DamagingProgram, ThatCannotBeStartedIsReported) {
     MakeOpen(L"ship.ve2", {kSection});
@@ -454,7 +454,7 @@ TEST_F(DamagingProgram, ThatDeletesTheDatabaseIsReported) {
     EXPECT_TRUE(OnlyWarning("The database '" + Narrow(File(L"ship.ve2")) + "' has been missing"));
     EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 0);
     EXPECT_TRUE(RecordedReports::Happened("clear preview"));
-    // The shell goes on: what follows is reported, and nothing runs.
+    // The shell continues: what follows is reported, and nothing runs.
     ExpectNoRun(ME_SectionInput_Click, "ship.ve2' cannot be opened");
     ExpectNoRun(ME_SectionNew_Click, "ship.ve2' cannot be opened");
 }
@@ -487,7 +487,7 @@ TEST_F(DamagingProgram, ThatLeavesTheDatabaseReadOnlyIsReported) {
     ME_SectionInput_Click();
     EXPECT_TRUE(OnlyWarning("ship.ve2' is read-only"));
     EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 1);
-    // It was so before the next run: nothing new is to be told.
+    // It was so before the next run: there is nothing new to report.
     RecordedReports::events.clear();
     ME_SectionInput_Click();
     EXPECT_TRUE(Warnings().empty());
@@ -506,7 +506,7 @@ TEST_F(DamagingProgram, ThatCutsTheDatabaseOffLeavesWhatCanBeRead) {
     EXPECT_TRUE(Warnings().empty());
 }
 
-TEST_F(DamagingProgram, PathThatTheProgramsCannotBeToldIsReported) {
+TEST_F(DamagingProgram, PathThatCannotBePassedOnIsReported) {
     const std::wstring path = File(L"\u03A9mega.ve2");
     ASSERT_EQ(system::CopyBytes(Make(L"ship.ve2", {kSection}), path, false), system::kErrorNone);
     MakeOpen(L"ship.ve2", {kSection});

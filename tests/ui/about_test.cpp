@@ -20,7 +20,7 @@ struct AboutUi : testing::Test {
     static std::string Text(HWND box, int id) { return Narrow(TextOf(GetDlgItem(box, id))); }
 };
 
-TEST_F(AboutUi, TellsTitleVersionAndNoticeAndNoWarning) {
+TEST_F(AboutUi, ShowsTitleVersionAndNoticeAndNoWarning) {
     const Program program(installation, L"/mil");
     const HWND main = program.Main();
     ASSERT_NE(main, nullptr);

@@ -1,5 +1,5 @@
-// Databases that are locked, empty, cut off or no databases: the program tells so or shows what can
-// be read, goes on, and leaves the file as it was.
+// Databases that are locked, empty, cut off or no databases: the program says so or shows what can
+// be read, continues, and leaves the file as it was.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -29,7 +29,7 @@ const Damage kDamages[] = {
          return bytes;
      }},
     {"OneEndlessLine", true, 0, [](const std::string&) { return std::string(5000000, '-'); }},
-    {"CutOffBehindTheThirdMarker", false, 3,
+    {"CutOffAfterTheThirdMarker", false, 3,
      [](const std::string& sample) {
          const std::string marker = "====== CORVANE MODEL ======";
          size_t at = 0;
@@ -45,7 +45,7 @@ struct DamageTest : testing::TestWithParam<Damage> {
     std::string sample = test::ReadFileBytes(test::DataPath("../samples/aurora_bay.ve2"));
 };
 
-TEST_P(DamageTest, IsToldAndTheFileStaysAsItIs) {
+TEST_P(DamageTest, IsReportedAndTheFileStaysAsItIs) {
     const Damage& damage = GetParam();
     const std::string bytes = damage.bytes(sample);
     test::WriteFileBytes(database, bytes);
@@ -115,7 +115,7 @@ TEST(ShortenedDatabase, WindowStaysOpenWhileItsBoxIsUp) {
     EXPECT_EQ(program.ExitCode(), 0U);
 }
 
-// The sample with a gigabyte of nothing behind its last model.
+// The sample with a gigabyte of nothing after its last model.
 TEST(HugeDatabase, OfOneGigabyteIsListed) {
     constexpr LONGLONG kSize = 1LL << 30;
     const Settings settings;

@@ -95,13 +95,13 @@ struct ExchangeTest : MainWindowFixture {
     static bool SelectedCountBecomes(HWND box, int count) {
         return WaitUntil([&] { return Send(In(box, LI_Sections), LB_GETSELCOUNT, 0, 0) == count; });
     }
-    // Presses OK, which must tell something and leave the box.
-    void ExpectOkTells(HWND box, const char* text) const {
+    // Presses OK, which must report something and leave the box.
+    void ExpectOkReports(HWND box, const char* text) const {
         PostMessageW(In(box, IDOK), BM_CLICK, 0, 0);
-        const Box told = WaitForPlainBox(program);
-        EXPECT_EQ(Narrow(told.text), text);
-        EXPECT_FALSE(IsWindowEnabled(box)) << "the box can be used below what it tells";
-        ASSERT_TRUE(Press(told, IDOK));
+        const Box report = WaitForPlainBox(program);
+        EXPECT_EQ(Narrow(report.text), text);
+        EXPECT_FALSE(IsWindowEnabled(box)) << "the box can be used below what it reports";
+        ASSERT_TRUE(Press(report, IDOK));
         EXPECT_TRUE(WaitUntil([&] { return IsWindowVisible(box) && IsWindowEnabled(box); }));
     }
     void ExpectMainReady(const wchar_t* status = L"") const {
@@ -179,15 +179,15 @@ TEST_F(ExchangeTest, ExportByTheKeyboardAlone) {
     ExpectExported(L"Engine room, frame 30");
 }
 
-TEST_F(ExchangeTest, ExportOkTellsWhatIsMissingAndStays) {
+TEST_F(ExchangeTest, ExportOkReportsWhatIsMissingAndStays) {
     const HWND box = OpenBox(ME_SectionExport);
     ASSERT_NE(box, nullptr);
-    ExpectOkTells(box, "Please select a file");
+    ExpectOkReports(box, "Please select a file");
     ClickFile(box, L"ship.vel");
     EXPECT_TRUE(SectionCountBecomes(box, 9));
     PostMessageW(In(box, kReplace), BM_CLICK, 0, 0);
     EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(In(box, LI_Sections)) != FALSE; }));
-    ExpectOkTells(box, "Please select a section");
+    ExpectOkReports(box, "Please select a section");
     EXPECT_TRUE(PressButton(box, IDCANCEL));
 }
 

@@ -70,10 +70,10 @@ TEST_F(FileCommandsTest, NewAsksBeforeItReplacesAFile) {
     EXPECT_EQ(ReadFileBytes(File(L"old.ve2")), "old");
 }
 
-// Whether the system's prompt tells it or the program: a box comes, and nothing has happened. ("?"
-// and "*" make a name a filter for the prompt's list, and quotes a list of names; Wine's prompt
-// crashes over a path of more than 260 characters.)
-TEST_F(FileCommandsTest, NamesThatCannotBeAreToldAndNothingChanges) {
+// Whether the system's prompt reports it or the program: a box comes, and nothing has happened.
+// ("?" and "*" make a name a filter for the prompt's list, and quotes a list of names; Wine's
+// prompt crashes over a path of more than 260 characters.)
+TEST_F(FileCommandsTest, NamesThatCannotBeAreReportedAndNothingChanges) {
     WriteFileBytes(File(L"ship.ve2"), Sample());
     Open(File(L"ship.ve2"));
     ASSERT_TRUE(DatabaseBecomes(File(L"ship.ve2")));
@@ -97,8 +97,8 @@ TEST_F(FileCommandsTest, NamesThatCannotBeAreToldAndNothingChanges) {
         ASSERT_NE(box.window, nullptr);
         EXPECT_NE(box.text, L"");
         EXPECT_TRUE(Press(box, IDOK));
-        // A prompt that has told it itself is still there; letters that the code page lacks are
-        // told behind it, and it comes again.
+        // A prompt that has reported it itself is still there; letters that the code page lacks are
+        // reported after it, and it comes again.
         const bool comesAgain = std::string_view(name) == "chinese letters";
         const HWND left = comesAgain ? WaitForFileDialog(program).window : dialog.window;
         if (IsWindow(left)) PressButton(left, IDCANCEL);

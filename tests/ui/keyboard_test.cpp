@@ -80,7 +80,7 @@ struct KeyboardTest : MainWindowFixture {
         Type({shows == Shows::kQuestion ? WORD{VK_RETURN} : WORD{VK_ESCAPE}});
         ASSERT_TRUE(HasClosed(window)) << text;
     }
-    // Goes on with Tab until the control has the focus, once around the window at most.
+    // Presses Tab until the control has the focus, once around the window at most.
     bool TabTo(int control) const {
         constexpr int kMostStops = 20;
         for (int i = 0; i < kMostStops && FocusedControl(main) != control; ++i) {
@@ -148,7 +148,7 @@ TEST_F(KeyboardTest, DeleteInTheListAsksAndEnterKeepsTheModel) {
 
 TEST_F(KeyboardTest, DoubleClickInTheListEdits) {
     const RECT list = Place(LI_Sections);
-    // The second of the rows that lie below the head.
+    // The second of the rows that are below the head.
     const HWND head = reinterpret_cast<HWND>(Send(Control(LI_Sections), LVM_GETHEADER, 0, 0));
     RECT headPlace{};
     GetWindowRect(head, &headPlace);

@@ -26,7 +26,7 @@ bool Exists(const std::wstring& path) {
     return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-// New databases lie in the working folder: the program's own one when no settings say otherwise.
+// New databases are in the working folder: the program's own one when no settings say otherwise.
 struct LegacyTest : testing::Test {
     Settings settings;
     Installation installation;
@@ -118,7 +118,7 @@ struct LegacyDamageTest : LegacyTest, testing::WithParamInterface<LegacyDamage> 
         WriteFileBytes(path, bytes);
         files = test::FilesIn(installation.folder);
     }
-    void ExpectTold(const Box& box) const {
+    void ExpectReported(const Box& box) const {
         ASSERT_NE(box.window, nullptr);
         EXPECT_EQ(Narrow(box.text), "The DOS database '" + Narrow(path) +
                                         "' could not be read (status " +
@@ -131,14 +131,14 @@ struct LegacyDamageTest : LegacyTest, testing::WithParamInterface<LegacyDamage> 
     }
 };
 
-TEST_P(LegacyDamageTest, IsToldAtTheStartAndNothingIsOpened) {
+TEST_P(LegacyDamageTest, IsReportedAtTheStartAndNothingIsOpened) {
     const Program program(installation, L"\"" + path + L"\"");
-    ExpectTold(WaitForBox(program));
+    ExpectReported(WaitForBox(program));
     ExpectNothingOpen(program, program.Main());
     ExpectNothingChanged();
 }
 
-TEST_P(LegacyDamageTest, IsToldInOpenAndTheOpenDatabaseStays) {
+TEST_P(LegacyDamageTest, IsReportedInOpenAndTheOpenDatabaseStays) {
     WriteFileBytes(installation.File(L"ship.ve2"),
                    ReadFileBytes(test::DataPath("../samples/aurora_bay.ve2")));
     files = test::FilesIn(installation.folder);
@@ -148,7 +148,7 @@ TEST_P(LegacyDamageTest, IsToldInOpenAndTheOpenDatabaseStays) {
     const std::wstring caption = TextOf(main);
     Choose(main, ME_FileOpen);
     ASSERT_TRUE(AnswerFilePrompt(program, path));
-    ExpectTold(WaitForPlainBox(program));
+    ExpectReported(WaitForPlainBox(program));
     EXPECT_TRUE(RowCountBecomes(GetDlgItem(main, LI_Sections), 14));
     EXPECT_EQ(Narrow(TextOf(main)), Narrow(caption));
     ExpectNothingChanged();

@@ -1,5 +1,5 @@
 // Companion libraries that are missing, too old, of another version, or no libraries at all: the
-// program tells which one, and ends.
+// program says which one, and ends.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -82,12 +82,12 @@ TEST_P(LibraryTest, IsNamedAndEndsTheProgram) {
 INSTANTIATE_TEST_SUITE_P(Libraries, LibraryTest, testing::ValuesIn(kCases),
                          [](const auto& instance) { return std::string(instance.param.name); });
 
-TEST(LibrarySearch, LibraryOnTheSearchPathIsNotTaken) {
+TEST(LibrarySearch, LibraryOnTheSearchPathIsNotUsed) {
     const Settings settings;
     const Installation installation;
     const Installation planted;
     ASSERT_TRUE(DeleteFileW(installation.File(L"BsdVelk.dll").c_str()));
-    // The program inherits the search path, where a good library lies.
+    // The program inherits the search path, where a good library is.
     wchar_t path[8192] = L"";
     GetEnvironmentVariableW(L"PATH", path, 8192);
     SetEnvironmentVariableW(L"PATH", (planted.folder + L";" + path).c_str());

@@ -2,7 +2,7 @@
 //
 // Golden files: models.ve2 holds a section, a bulkhead arrangement and a torsion model;
 // models_copied.ve2 what it is after each of them was copied, in this order; models_deleted.ve2
-// what that is after the first three were deleted. A line in "<...>" of a golden file stands for
+// what that is after the first three were deleted. A line in "<...>" of a golden file replaces
 // one that differs from run to run and from user to user: who wrote a block, when, and the
 // identifier that a copy gets. All other bytes must be the same.
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-// Edit, Rule, Create and BSD > Open with a program that does what its database's name tells
-// (tests/ui/child_program.cc): the lock meanwhile, and what it leaves behind.
+// Edit, Rule, Create and BSD > Open with a program that does what its database's name says
+// (tests/ui/child_program.cc): the lock meanwhile, and what is then in the file.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -76,7 +76,7 @@ struct Session {
           program(installation, switches + L"\"" + name + L"\""),
           main(Begin(program, switches)) {}
 
-    // In debug mode a box tells of the current directory first.
+    // In debug mode a box shows the current directory first.
     static HWND Begin(const Program& program, const std::wstring& switches) {
         if (switches.find(L"/d") != std::wstring::npos) Press(WaitForBox(program), IDOK);
         return program.Main();
@@ -84,7 +84,7 @@ struct Session {
 
     HWND Control(int id) const { return GetDlgItem(main, id); }
     std::wstring File(const std::wstring& name) const { return installation.File(name); }
-    // Waits until a program has run, and tells the command line that it has seen.
+    // Waits until a program has run, and returns the command line that it has seen.
     std::string Ran(const wchar_t* name) const {
         const std::wstring path = File(name) + L".times";
         EXPECT_TRUE(WaitUntil([&] { return Exists(path); }));
@@ -94,7 +94,7 @@ struct Session {
     bool BecomesLocked(bool locked) const {
         return WaitUntil([&] { return (IsWindowEnabled(Control(TX_DataBase)) == 0) == locked; });
     }
-    // Presses OK in the box that comes, and tells its text.
+    // Presses OK in the box that comes, and returns its text.
     std::string PressOk() const {
         const Box box = WaitForPlainBox(program);
         EXPECT_TRUE(Press(box, IDOK));
@@ -154,7 +154,7 @@ TEST(SiblingProgram, ThatCrashesIsReported) {
     EXPECT_TRUE(session.RowCountBecomes(14));
 }
 
-TEST(SiblingProgram, ThatEndsWithACodeOfItsOwnIsNotReported) {
+TEST(SiblingProgram, ThatEndsWithAnotherCodeIsNotReported) {
     for (const wchar_t* const name : {L"x code -1 .ve2", L"x code -3 .ve2", L"x code 255 .ve2"}) {
         const Session session(name);
         ASSERT_NE(session.main, nullptr);
@@ -173,7 +173,7 @@ TEST(SiblingProgram, ThatOutlivesTheShellIsAskedAboutBeforeAnEdit) {
     const std::wstring path = Session::Prepare(installation, L"x wait.ve2", Sample());
     const std::wstring quoted = L"\"" + path + L"\"";
     {
-        // Ended at the end of the block; what it started goes on.
+        // Ended at the end of the block; what it started continues.
         const Program killed(installation, quoted);
         ASSERT_NE(killed.Main(), nullptr);
         Choose(killed.Main(), ME_SectionInput);
@@ -276,7 +276,7 @@ TEST(SiblingProgramSpeed, OfADatabaseOfThreeMegabytes) {
     std::string bytes = Sample();
     const std::string filling = "------------------ OTHER ------------------\r\n 1 \t 2 \t 3 \r\n";
     while (bytes.size() < 3000000) bytes += filling;
-    // Each run adds a model, so that the old list is told from the new one.
+    // Each run adds a model, so that the old list differs from the new one.
     const Session session(L"x grow.ve2", bytes);
     ASSERT_NE(session.main, nullptr);
     const std::wstring program = session.File(L"SectInput.exe");

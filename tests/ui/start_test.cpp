@@ -84,7 +84,7 @@ TEST_F(StartTest, ListShowsTheModelsInFileOrder) {
     }
 }
 
-TEST_F(StartTest, SwitchBehindAQuotedPathIsTaken) {
+TEST_F(StartTest, SwitchAfterAQuotedPathIsFound) {
     const std::wstring path = CopyOfSample(installation, L"Aurora Bay.ve2");
     const Program program(installation, Quoted(path) + L" /mil");
     const HWND main = program.Main();
@@ -195,7 +195,7 @@ TEST_F(StartTest, OtherMessagesWithDataAreIgnored) {
     EXPECT_EQ(Narrow(ControlText(main, TX_DataBase)), "No database selected");
 }
 
-TEST_F(StartTest, SecondStartDoesNotTakeAnotherCopysWindow) {
+TEST_F(StartTest, SecondStartDoesNotActivateAnotherCopysWindow) {
     // Copies below and above the right window, with the title that a start without a file has.
     const Installation copies[2];
     const Program below(copies[0]);

@@ -135,7 +135,7 @@ TEST(SectionDrawingTest, PlateEndsBeyondTheStrakeAreLeftOut) {
     EXPECT_EQ(picture.Of(kLimits).size(), 1U);
 }
 
-TEST(SectionDrawingTest, EveryFlatBarOfARowStandsOnThePlating) {
+TEST(SectionDrawingTest, EveryFlatBarOfARowIsOnThePlating) {
     PlainPicture picture;
     picture.sample.section.symmetryMode = 0;
     picture.Draw();
@@ -204,7 +204,7 @@ TEST(SectionDrawingTest, SmallProfilesCanStillBeSeen) {
     EXPECT_EQ(lines[0], (Line{{34, 28}, {34, 24}}));
 }
 
-TEST(SectionDrawingTest, MirroredStiffenersStandOnTheOtherSide) {
+TEST(SectionDrawingTest, MirroredStiffenersAreOnTheOtherSide) {
     PlainPicture picture;
     picture.Draw();
     EXPECT_EQ(picture.Of(kStiffeners).size(), 2 * (4U + 3U + 2U + 2U));
@@ -212,7 +212,7 @@ TEST(SectionDrawingTest, MirroredStiffenersStandOnTheOtherSide) {
     EXPECT_TRUE(picture.Has(kStiffeners, {{30, 100}, {34, 100}, {34, 98}}));
 }
 
-TEST(SectionDrawingTest, RowsAroundABendStandUprightOnThePlating) {
+TEST(SectionDrawingTest, RowsAroundABendAreUprightOnThePlating) {
     PlainPicture picture;
     picture.sample.section.symmetryMode = 0;
     test::TestSection::Parts& shell = picture.sample.contents[0];

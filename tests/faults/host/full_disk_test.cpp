@@ -1,6 +1,6 @@
 // A small disk with every amount of room, from nothing to more than an edit takes, in steps of a
 // page: the edit succeeds, or leaves the old file and says so. The file, the temporary files, or
-// both lie on that disk.
+// both are on that disk.
 #include <fcntl.h>
 #include <sched.h>
 #include <sys/mount.h>
@@ -82,8 +82,8 @@ struct SmallDisk {
 
 struct Place {
     const char* name;
-    bool file;         // lies on the small disk
-    bool temporaries;  // lie there
+    bool file;         // is on the small disk
+    bool temporaries;  // are there
 };
 constexpr Place kPlaces[] = {
     {"file", true, false}, {"temporaries", false, true}, {"both", true, true}};

@@ -29,7 +29,7 @@ namespace {
 
 using namespace test;
 using Names = std::vector<std::wstring>;
-using Told = std::vector<std::string>;
+using Texts = std::vector<std::string>;
 
 struct ExportCommands : CommandTest {
     std::wstring legacy = File(L"old.vel");
@@ -106,11 +106,11 @@ struct ExportSectionCommand : ExportCommands {
         RecordedReports::events.clear();
         ME_SectionExport_Click();
     }
-    // Nothing is told but this, and the legacy database stays.
+    // Nothing is reported but this, and the legacy database stays.
     void ExpectRefused(const ExportChoice& choice, const std::string& warning) {
         const std::string before = FileExists(legacy) ? ReadFileBytes(legacy) : "";
         Export(choice);
-        EXPECT_EQ(Warnings(), Told{warning});
+        EXPECT_EQ(Warnings(), Texts{warning});
         EXPECT_EQ(FileExists(legacy) ? ReadFileBytes(legacy) : "", before);
         EXPECT_EQ(Files().size(), FileExists(legacy) ? 2u : 1u);
     }
@@ -122,7 +122,7 @@ struct ExportSectionCommand : ExportCommands {
     }
 };
 
-TEST_F(ExportSectionCommand, SectionGoesIntoANewSlotBehindTheOthers) {
+TEST_F(ExportSectionCommand, SectionGoesIntoANewSlotAfterTheOthers) {
     WriteLegacyDatabase(legacy, {L"One", L"Two"});
     const std::string one = SlotBytes(legacy, 1);
     shell.database.currentModel = 2;
@@ -143,7 +143,7 @@ TEST_F(ExportSectionCommand, SectionsNameIsProposedAndTheFolderRemembered) {
     EXPECT_EQ(shell.settings.BrowseDirectory, folder.path);
 }
 
-TEST_F(ExportSectionCommand, NewSectionBearsTheNameThatTheUserGives) {
+TEST_F(ExportSectionCommand, NewSectionHasTheNameThatTheUserGives) {
     WriteLegacyDatabase(legacy, {});
     Export(New(L"  Midship  "));
     Export(New(L"   "));
@@ -207,8 +207,8 @@ TEST_F(ExportSectionCommand, OtherKindsAreRefusedBeforeTheBox) {
     ME_SectionExport_Click();
     shell.database.currentModel = 4;
     ME_SectionExport_Click();
-    EXPECT_EQ(Warnings(), (Told{WarningText(3560, {L"Bulkhead", L"Bulkhead 40"}),
-                                WarningText(3560, {L"Torsion", L"Girder"})}));
+    EXPECT_EQ(Warnings(), (Texts{WarningText(3560, {L"Bulkhead", L"Bulkhead 40"}),
+                                 WarningText(3560, {L"Torsion", L"Girder"})}));
 }
 
 TEST_F(ExportSectionCommand, NumberThatLeadsToNoModelAloneIsRefusedBeforeTheBox) {
@@ -222,9 +222,9 @@ TEST_F(ExportSectionCommand, NumberThatLeadsToNoModelAloneIsRefusedBeforeTheBox)
     ME_SectionExport_Click();
     system::RemoveFile(path);
     ME_SectionExport_Click();
-    EXPECT_EQ(Warnings(), (Told{WarningText(3522, {3, path, GetMessage(kMsgModelMarker)}),
-                                test::AdvisedText(1011, {9, path}, kMsgModelGoneAdvice),
-                                test::AdvisedText(1020, {path}, kMsgFileAdvice)}));
+    EXPECT_EQ(Warnings(), (Texts{WarningText(3522, {3, path, GetMessage(kMsgModelMarker)}),
+                                 test::AdvisedText(1011, {9, path}, kMsgModelGoneAdvice),
+                                 test::AdvisedText(1020, {path}, kMsgFileAdvice)}));
 }
 
 TEST_F(ExportSectionCommand, AnotherModelInItsPlaceAfterTheBoxIsLeftAlone) {
@@ -242,12 +242,12 @@ TEST_F(ExportSectionCommand, AnotherModelInItsPlaceAfterTheBoxIsLeftAlone) {
     blocks[1].keyword = "SECTION";
     WriteFileBytes(path, DatabaseText(blocks));
     ME_SectionExport_Click();
-    EXPECT_EQ(Warnings(), Told{WarningText(3523, {path})});
-    EXPECT_EQ(RecordedReports::Of("rows"), Told{"5"});
+    EXPECT_EQ(Warnings(), Texts{WarningText(3523, {path})});
+    EXPECT_EQ(RecordedReports::Of("rows"), Texts{"5"});
     EXPECT_EQ(ReadFileBytes(legacy), before);
 }
 
-TEST_F(ExportSectionCommand, TargetThatCanNotBeWrittenIsToldAndStays) {
+TEST_F(ExportSectionCommand, TargetThatCannotBeWrittenIsReportedAndStays) {
     ExpectRefused(New(L"New"), WarningText(1020, {legacy}));
     WriteFileBytes(legacy, "no legacy database");
     ExpectRefused(New(L"New"), WarningText(3556, {legacy, kLegacyForeign}));
@@ -265,7 +265,7 @@ TEST_F(ExportSectionCommand, TargetThatCanNotBeWrittenIsToldAndStays) {
     }
 }
 
-TEST_F(ExportSectionCommand, ReadOnlyTargetIsToldBeforeAnyCall) {
+TEST_F(ExportSectionCommand, ReadOnlyTargetIsReportedBeforeAnyCall) {
     WriteLegacyDatabase(legacy, {L"One"});
     ASSERT_EQ(system::SetReadOnly(legacy, true), system::kErrorNone);
     ExpectRefused(New(L"New"), WarningText(1086, {legacy}));
@@ -273,7 +273,7 @@ TEST_F(ExportSectionCommand, ReadOnlyTargetIsToldBeforeAnyCall) {
     ASSERT_EQ(system::SetReadOnly(legacy, false), system::kErrorNone);
 }
 
-TEST_F(ExportSectionCommand, SlotThatIsNotThereIsTold) {
+TEST_F(ExportSectionCommand, SlotThatIsNotThereIsReported) {
     WriteLegacyDatabase(legacy, {L"One"});
     for (const int16_t slot : {int16_t{0}, int16_t{-1}, int16_t{2}}) {
         ExpectRefused(Over(slot), WarningText(3561, {int32_t{slot}, legacy}));
@@ -339,21 +339,21 @@ TEST_F(SaveLegacyCommand, LibraryThatFailsLeavesTheOldFile) {
     const FakeLegacyLibrary library;
     FakeLegacyLibrary::createStatus = 4;
     Save(legacy);
-    EXPECT_EQ(Warnings(), Told{WarningText(1067, {legacy})});
+    EXPECT_EQ(Warnings(), Texts{WarningText(1067, {legacy})});
     FakeLegacyLibrary::createStatus = 0;
     FakeLegacyLibrary::bsdStatus = 4;
     Save(legacy);
-    EXPECT_EQ(Warnings(), Told{WarningText(1068, {legacy, 4})});
+    EXPECT_EQ(Warnings(), Texts{WarningText(1068, {legacy, 4})});
     FakeLegacyLibrary::bsdStatus = 0;
     FakeLegacyLibrary::calls.clear();
     FakeLegacyLibrary::extendFailsAt = 2;
     Save(legacy);
-    EXPECT_EQ(Warnings(), Told{WarningText(1003, {2, legacy})});
+    EXPECT_EQ(Warnings(), Texts{WarningText(1003, {2, legacy})});
     EXPECT_EQ(ReadFileBytes(legacy), "old");
     EXPECT_EQ(RecordedReports::events.back(), "pointer reset");
 }
 
-TEST_F(SaveLegacyCommand, NewFileThatIsNotThereIsToldAndLeavesTheOldOne) {
+TEST_F(SaveLegacyCommand, NewFileThatIsNotThereIsReportedAndLeavesTheOldOne) {
     WriteFileBytes(legacy, "old");
     const FakeLegacyLibrary library;  // says yes to all and writes nothing
     Save(legacy);
@@ -364,20 +364,20 @@ TEST_F(SaveLegacyCommand, NewFileThatIsNotThereIsToldAndLeavesTheOldOne) {
 TEST_F(SaveLegacyCommand, OpenDatabaseIsNeverTheTarget) {
     const std::string before = ReadFileBytes(path);
     Save(path);
-    EXPECT_EQ(Warnings(), Told{WarningText(3535, {path})});
+    EXPECT_EQ(Warnings(), Texts{WarningText(3535, {path})});
     EXPECT_EQ(ReadFileBytes(path), before);
 }
 
-TEST_F(SaveLegacyCommand, ReadOnlyTargetIsToldAndStays) {
+TEST_F(SaveLegacyCommand, ReadOnlyTargetIsReportedAndStays) {
     WriteFileBytes(legacy, "old");
     ASSERT_EQ(system::SetReadOnly(legacy, true), system::kErrorNone);
     Save(legacy);
     ASSERT_EQ(system::SetReadOnly(legacy, false), system::kErrorNone);
-    EXPECT_EQ(Warnings(), Told{WarningText(1086, {legacy})});
+    EXPECT_EQ(Warnings(), Texts{WarningText(1086, {legacy})});
     EXPECT_EQ(ReadFileBytes(legacy), "old");
 }
 
-TEST_F(SaveLegacyCommand, SectionThatCanNotBeReadIsToldAndLeftOut) {
+TEST_F(SaveLegacyCommand, SectionThatCannotBeReadIsReportedAndLeftOut) {
     std::vector<SampleBlock> blocks = FiveBlocks();
     blocks[2].number = " 2 ";  // that of a bulkhead arrangement before it
     WriteFileBytes(path, DatabaseText(blocks));
@@ -386,14 +386,14 @@ TEST_F(SaveLegacyCommand, SectionThatCanNotBeReadIsToldAndLeftOut) {
     EXPECT_EQ(ListedNames(legacy), (Names{L"Frame 10", L"Aft"}));
 }
 
-TEST_F(SaveLegacyCommand, FileThatIsNoDatabaseIsToldBeforeThePrompt) {
+TEST_F(SaveLegacyCommand, FileThatIsNotADatabaseIsReportedBeforeThePrompt) {
     WriteFileBytes(path, "no database");
     const FakePrompt prompt{legacy};
     ME_FileSaveLegacy_Click();
     system::RemoveFile(path);
     ME_FileSaveLegacy_Click();
     EXPECT_EQ(Warnings(),
-              (Told{WarningText(1083, {path}), test::AdvisedText(1020, {path}, kMsgFileAdvice)}));
+              (Texts{WarningText(1083, {path}), test::AdvisedText(1020, {path}, kMsgFileAdvice)}));
     EXPECT_TRUE(FakePrompt::questions.empty());
     ExpectOnly({});
 }

@@ -236,7 +236,7 @@ TEST_F(FileOpen, DataWithoutASignatureAreEnough) {
     EXPECT_EQ(ShipName(), L"SHIP");
 }
 
-TEST_F(FileOpen, FileThatIsNoDatabaseIsRefused) {
+TEST_F(FileOpen, FileThatIsNotADatabaseIsRefused) {
     MakeOpen(L"old.ve2", {ModelKind::kSection});
     const std::string contents[] = {"", "x", "some text\r\n", std::string(300000, '\0'),
                                     std::string(300000, '-')};
@@ -362,7 +362,7 @@ TEST_F(FileOpen, CopyOntoItselfOpensTheFile) {
     EXPECT_EQ(ReadFileBytes(path), bytes);
 }
 
-TEST_F(FileOpen, CopyNamedStarBearsItsFoldersName) {
+TEST_F(FileOpen, CopyNamedStarHasItsFoldersName) {
     FakeView::answerYes = true;
     for (const wchar_t* name : {L"work\\star.vew", L"work\\STAR.VEW"}) {
         const std::wstring path = Make(name, {ModelKind::kSection});

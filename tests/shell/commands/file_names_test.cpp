@@ -106,7 +106,7 @@ TEST_P(BadNames, AreRefusedBySaveAs) {
 INSTANTIATE_TEST_SUITE_P(FilePrompt, BadNames, testing::ValuesIn(kBadNames),
                          [](const auto& instance) { return std::string(instance.param.name); });
 
-TEST_F(FileNames, LongestUsablePathIsTaken) {
+TEST_F(FileNames, LongestUsablePathIsUsed) {
     const std::wstring path = folder.path + std::wstring(255 - folder.path.size(), L'a') + L".ve2";
     ASSERT_EQ(path.size(), 259U);
     const FakePrompt prompt{path};
@@ -115,7 +115,7 @@ TEST_F(FileNames, LongestUsablePathIsTaken) {
     EXPECT_TRUE(FileExists(path));
 }
 
-// A folder in which nobody can make a file: the reason is told.
+// A folder in which nobody can make a file: the reason is reported.
 struct UnwritableFolder : CommandTest {
     void ExpectNotMade(void (*command)()) {
         // The host has one, also under Wine.
@@ -131,11 +131,11 @@ struct UnwritableFolder : CommandTest {
     }
 };
 
-TEST_F(UnwritableFolder, IsToldByNew) {
+TEST_F(UnwritableFolder, IsReportedByNew) {
     ExpectNotMade(ME_FileNew_Click);
 }
 
-TEST_F(UnwritableFolder, IsToldBySaveAs) {
+TEST_F(UnwritableFolder, IsReportedBySaveAs) {
     ExpectNotMade(ME_FileSaveAs_Click);
 }
 

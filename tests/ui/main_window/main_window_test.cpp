@@ -62,7 +62,7 @@ TEST(MainWindowWindow, WithoutADatabaseListAndMenusAreDisabled) {
     EXPECT_EQ(open.Text(PAN_Help), test::Narrow(GetMessage(kMsgNoDatabaseOpen)));
 }
 
-TEST(MainWindowWindow, MenuItemsAreGreyedAsTheTableTells) {
+TEST(MainWindowWindow, MenuItemsAreGreyedAsTheTableSays) {
     const OpenWindow open;
     EXPECT_TRUE(IsWindowEnabled(open.Control(LI_Sections)));
     EXPECT_FALSE(open.MenuGreyed(1, MF_BYPOSITION));
@@ -190,7 +190,7 @@ TEST(MainWindowWindow, RuleOptionAtTheStartComesFromTheSwitches) {
     EXPECT_EQ(ChosenRule(OpenWindow(true, [] { shell.jbpMode = shell.milMode = true; })), 1);
 }
 
-TEST(MainWindowWindow, RuleOptionsHaveTheirCaptionsAndTellTheirNumber) {
+TEST(MainWindowWindow, RuleOptionsHaveTheirCaptionsAndGiveTheirNumber) {
     const OpenWindow open;
     const char* const captions[] = {"QUOR", "CSR for BC", "QUOR MIL"};
     for (int i = 0; i < kRuleSetCount; ++i) {

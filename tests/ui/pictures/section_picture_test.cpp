@@ -139,7 +139,7 @@ TEST_F(SectionPicture, SectionTakesThePlaceOfTheText) {
     EXPECT_EQ(InkedPixels(), shown) << "nothing of the text is left";
 }
 
-TEST_F(SectionPicture, DrawsAnewAtANewSize) {
+TEST_F(SectionPicture, DrawsAgainAtANewSize) {
     ShowDeck();
     const int before = PlatingPixels();
     SetWindowPos(picture, nullptr, 0, 0, 154, 104, SWP_NOZORDER | SWP_NOACTIVATE);
