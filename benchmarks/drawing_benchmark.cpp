@@ -9,7 +9,7 @@ namespace corvane {
 namespace {
 
 void FillBigSection(test::SampleSection& sample) {
-    const test::SampleStrake shell = sample.contents[0];
+    const test::TestSection::Parts shell = sample.contents[0];
     sample.contents.assign(30, shell);
     sample.Link();
 }

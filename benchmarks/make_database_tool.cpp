@@ -1,4 +1,4 @@
-// make_database_tool PATH MEGABYTES: writes a big database and tells how many models it has.
+// make_database_tool PATH MEGABYTES: writes a big database and prints how many models it has.
 #include <cstdio>
 #include <cstdlib>
 

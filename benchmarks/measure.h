@@ -1,4 +1,4 @@
-// What a small program tells of its own run.
+// What a small program reports of its own run.
 #pragma once
 
 #include <chrono>
@@ -11,7 +11,7 @@
 
 namespace corvane::benchmarks {
 
-// The most memory that this process held; -1 where the system does not tell.
+// The most memory that this process held; -1 where the system does not say.
 inline long PeakMemoryKiB() {
     std::ifstream status("/proc/self/status");
     for (std::string line; std::getline(status, line);) {

@@ -16,7 +16,7 @@ struct BasicShipData {
     Array<int16_t, 1, 10> TypeCodes;    // (1) ship type 1..21, (2) class code, (9) > 0: PartCodes
     Array<float, 1, 6> GeneralData;
     Array<float, 1, 30> MainData;  // main dimensions [m] and coefficients; (2) is the breadth,
-                                   // (3) the depth, (4) takes the value of (3) when near zero
+                                   // (3) the depth, (4) gets the value of (3) when near zero
     Table<float, 2, 10> Table2x10;
     Table<float, 6, 5> Table6x5;
     Array<int16_t, 1, 3> PartCodes;  // with TypeCodes(9) > 0, a 0 becomes 1 on reading

@@ -10,7 +10,7 @@
 namespace corvane {
 namespace {
 
-// The records as a row of items, taken from line after line.
+// The records as a row of items, read from line after line.
 struct ItemReader {
     TextReader& lines;
     const std::string modelMarker = GetMessageBytes(kMsgModelMarker);
@@ -70,7 +70,7 @@ bool TakeText(ItemReader& items, std::string_view& text) {
 
 // What is before the next blank, tab, comma or line end, empty before a comma. Blanks, tabs
 // and one comma or line end after it are swallowed, so that a tab before the end of a line opens
-// no item of its own.
+// no item itself.
 bool TakeItem(ItemReader& items, std::string_view& item) {
     PassBlanks(items.rest);
     while (items.rest.empty()) {

@@ -33,9 +33,9 @@ void WriteTextLine(TextWriter& writer, std::wstring_view text, std::string_view 
 
 void WriteBasicShipData(TextWriter& writer, BasicShipData& bsd) {
     const std::string modelMarker = GetMessageBytes(kMsgModelMarker);
-    const auto write = [&writer](auto& value, std::string_view behind) {
+    const auto write = [&writer](auto& value, std::string_view after) {
         WriteNumber(writer, value);
-        WriteText(writer, behind);
+        WriteText(writer, after);
     };
     if (IsNearZero(bsd.MainData(4))) bsd.MainData(4) = bsd.MainData(3);
     WriteLine(writer, kWrittenVersion);

@@ -1,4 +1,4 @@
-// The Basic Ship Data in the form that the legacy library takes.
+// The Basic Ship Data in the form of the legacy library.
 #pragma once
 
 #include "bsd/basic_ship_data.h"

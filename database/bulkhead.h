@@ -118,11 +118,11 @@ struct Hopper {
 };
 
 struct BulkheadArrangement {
-    std::wstring name;
-    std::string identifier;
+    std::wstring name;       // at most 1,000 characters are written
+    std::string identifier;  // ANSI; unique among all models; a writer makes one where it is empty
     double formatVersion = 0;  // of the block that was read
 
-    float x_m = 0;
+    float x_m = 0;  // position along the ship
     float stoolVolume_m3 = 0;
     int32_t symmetric = 0;  // boolean: one half is described
     Hopper aftHopper;       // of the holds aft and fore of the bulkheads

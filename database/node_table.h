@@ -1,5 +1,6 @@
 // The rows of nodes: table 2 of a section, table NODES of a bulkhead arrangement. An owner is a
-// panel or a bulkhead. `line` has the columns after the owner's number.
+// panel or a bulkhead: it has `nodes` and, as many or fewer, `absoluteCodes`. `line` has the
+// columns after the owner's number, up to and including the line's end.
 #pragma once
 
 #include <vector>
@@ -9,6 +10,8 @@
 
 namespace corvane {
 
+// By owner, and within an owner in the order of its nodes: a node's number is not in its row, its
+// place gives it.
 template <class Owner>
 void WriteNodeRows(RowWriter& row, std::vector<Owner>& owners, void (*line)(RowWriter&, NodeRow)) {
     int16_t number = 0;
@@ -22,7 +25,8 @@ void WriteNodeRows(RowWriter& row, std::vector<Owner>& owners, void (*line)(RowW
     }
 }
 
-// Rows of owners that do not exist are left out.
+// Adds the nodes to their owners, at most kMostItems each; rows of owners that do not exist are
+// left out. A field that a row lacks keeps its reset value: 0, but kind 1 and absolute.
 template <class Owner>
 void ReadNodeRows(RowReader& row, std::vector<Owner>& owners, void (*line)(RowReader&, NodeRow)) {
     while (AtRow(row)) {

@@ -61,9 +61,9 @@ struct PlusMinusFlag {  // 1 true, -1 false
 struct RowWriter {
     TextWriter& writer;
     StructuralLines lines = FetchStructuralLines();
-    bool separate = false;  // a tab comes before the next field
-    size_t used = 0;        // of `text`
-    std::array<char, 4096> text;
+    bool separate = false;        // a tab comes before the next field
+    size_t used = 0;              // of `text`
+    std::array<char, 4096> text;  // a longer row goes to the writer in pieces
 
     explicit RowWriter(TextWriter& file) : writer(file) {}
 };
@@ -89,13 +89,15 @@ void Abut(RowWriter& row);
 void CommentRule(RowWriter& row);
 void EmptyLine(RowWriter& row);
 // A whole line of text in a table. Characters that would make another kind of line of it are
-// replaced. A std::wstring is converted to the ANSI code page; a std::string is ANSI already.
+// replaced: control characters by blanks, the first dash of a header line by "_"; a blank comes
+// before a comment and before the model marker. At most 1,000 characters are written. A
+// std::wstring is converted to the ANSI code page; a std::string is ANSI already.
 void TextLine(RowWriter& row, const std::wstring& text);
 // A text of the block's head, which is data even if it begins with dashes; only the label of the
-// first table is none.
+// first table is not.
 void HeadTextLine(RowWriter& row, const std::wstring& text);
 void HeadTextLine(RowWriter& row, const std::string& text);
-// The line's end in the middle of an item, for numbers that a reader takes over line ends.
+// The line's end in the middle of an item, for numbers that a reader reads over line ends.
 inline void GoOnInNextLine(RowWriter& row) {
     EndLine(row);
 }
@@ -128,6 +130,7 @@ struct RowReader {
 inline bool AtRow(const RowReader& row) {
     return row.place == RowReader::Place::kRow;
 }
+// Blanks and tabs only.
 bool IsBlank(std::string_view line);
 // Goes to the next line whatever it is.
 void LoadLine(RowReader& row);
@@ -135,6 +138,7 @@ void LoadLine(RowReader& row);
 // The next number of the line, or of the next lines where the reader passes line ends; false, and
 // `value` untouched, when it has no more.
 bool ReadNumber(RowReader& row, double& value);
+// Of this line alone.
 int NumbersLeft(RowReader& row);
 
 void Value(RowReader& row, float& value);

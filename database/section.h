@@ -73,7 +73,7 @@ struct Span {
     Scantlings scantlings;
     float length_m = 0;
     int16_t material = 0;
-    float aftLength_m = 0;  // taken off at the aft end by the connection there
+    float aftLength_m = 0;  // subtracted at the aft end by the connection there
     int16_t aftConnection = 0;
     float foreLength_m = 0;
     int16_t foreConnection = 0;
@@ -87,9 +87,9 @@ struct Span {
 
 // What a stiffener row has besides its place (table 4; the place is the library's Stiffener).
 struct StiffenerDetail {
-    int32_t connection = 0;  // type of the end connections
-    int32_t mirrored = 0;    // boolean: flanges turned the other way
-    std::vector<Span> spans;
+    int32_t connection = 0;   // type of the end connections
+    int32_t mirrored = 0;     // boolean: flanges turned the other way
+    std::vector<Span> spans;  // the first one gives the profile that is drawn
     // What the file's number of spans has above the number of the rows; 0 in a sound block.
     int64_t spanCountExcess = 0;
     bool operator==(const StiffenerDetail&) const = default;
@@ -97,10 +97,10 @@ struct StiffenerDetail {
 
 // Table 8: a primary bracket or web between a node of the panel and another one.
 struct PrimaryBracket {
-    int16_t item = 0;  // its own number
-    NodeReference from{};
+    int16_t item = 0;      // its own number
+    NodeReference from{};  // on the panel
     NodeReference to{};
-    int16_t aftFrame = 0;
+    int16_t aftFrame = 0;  // frame numbers
     int16_t foreFrame = 0;
     int16_t side = 0;
     float armLength_m = 0;
@@ -155,7 +155,7 @@ struct Panel {
     // What the file's numbers of nodes, plates, stiffeners and brackets have above the numbers of
     // the rows; 0 in a sound block.
     Array<int32_t, 1, 4> countExcess;
-    std::vector<Node> nodes;
+    std::vector<Node> nodes;  // as given; the library computes their places (section_view.h)
     // Column Abs° of the nodes that were read, from the first one on: 0 relative, any other value
     // absolute. A code that contradicts its node counts as missing.
     std::vector<int16_t> absoluteCodes;
@@ -166,11 +166,11 @@ struct Panel {
     std::vector<Opening> openings;
     std::vector<Pillar> pillars;
     // Room for the library, not in the file.
-    std::vector<StrakeItem> items;
-    std::vector<float> plateEnds;
+    std::vector<StrakeItem> items;  // one less than nodes: the line from each node to the next
+    std::vector<float> plateEnds;   // [m] abscissas, those of the plates
 };
 
-// A filling level of a tank, and the free surface there.
+// A filling level of a tank, and the free surface there. A row has room for 133 of them.
 struct FillingLevel {
     float level_m = 0;
     float surfaceLength_m = 0;
@@ -180,7 +180,8 @@ struct FillingLevel {
 
 // Table 7: a compartment.
 struct Compartment {
-    std::wstring name;
+    std::wstring name;  // at most 1,000 characters are written
+    // In order, either way round; at most 199 are written.
     std::vector<NodeReference> outline;  // without the pair that closes it
     NodeReference outlineEnd{};          // that pair: its node is 0
     int32_t contents = 0;
@@ -206,8 +207,8 @@ struct Compartment {
 
 // The whole block. A new record is an empty section.
 struct SectionModel {
-    std::wstring name;
-    std::string identifier;    // unique among all models; a writer makes one where it is empty
+    std::wstring name;       // at most 1,000 characters are written
+    std::string identifier;  // ANSI; unique among all models; a writer makes one where it is empty
     double formatVersion = 0;  // of the block that was read
 
     // The head's lines, in order.

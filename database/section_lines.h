@@ -164,7 +164,7 @@ void ItemLines(Row& row, Span& span) {
 }
 
 // Table 11: four lines for one span. The third has the number of stresses, which is always 9. A
-// reader takes the numbers wherever the lines end.
+// reader reads the numbers wherever the lines end.
 template <class Row>
 void ItemLines(Row& row, FatigueTable& fatigue) {
     GoOnInNextLine(row);  // after panel, stiffener, span

@@ -10,7 +10,8 @@ namespace corvane {
 
 // What the stamps say; gathered once per file written.
 struct Stamp {
-    std::wstring firstIdentification;  // from the settings file, trimmed
+    // From the settings file, trimmed, of at most 400 characters; empty when it has none.
+    std::wstring firstIdentification;
     std::wstring secondIdentification;
     std::wstring date;  // in the user's formats
     std::wstring time;
@@ -18,7 +19,13 @@ struct Stamp {
 };
 Stamp CurrentStamp();
 
-// Three lines, and a fourth where there is a user's name.
+// Three lines, and a fourth where there is a user's name, each after the comment rule of the
+// catalogue, in the ANSI code page (a letter that it lacks is "?"). With the usual catalogue:
+//     * Program : Corvane 1.0 R0 32bit
+//     * Format version :  2.002
+//     * Written by : Yard, Oslo 20/11/2026,  17:45:00
+//     * User : ann
+// The blank after "Oslo" is left out where there is no second identification.
 void WriteStampLines(TextWriter& writer, const Stamp& stamp, float formatVersion);
 
 }  // namespace corvane

@@ -17,8 +17,8 @@ void ComputeCompartment(const Section& section, Compartment& compartment);
 // What the geometry block has of each compartment; made before that block is filled, written into
 // it at the end: only then the nodes have their numbers.
 struct CompartmentList {
-    std::vector<LegacyCompartment> compartments;
-    std::vector<LegacyLevel> levels;
+    std::vector<LegacyCompartment> compartments;  // all; FillCompartments cuts the list
+    std::vector<LegacyLevel> levels;              // of all compartments, one after the other
 };
 CompartmentList ListCompartments(const LegacyExport& work);
 

@@ -90,7 +90,7 @@ bool LacksDimensions(const SectionModel& section) {
 
 struct Target {
     const std::wstring& path;
-    const std::wstring& told;  // in messages
+    const std::wstring& shown;  // in messages
 };
 
 // All sections of a database on their way to a new legacy database.
@@ -107,7 +107,7 @@ int16_t StatusOfAllWritten(const std::wstring& path) {
     return status;
 }
 
-// The slot's name is not judged: the next slot's status takes the place of this one.
+// The slot's name is not judged: the next slot's status replaces this one.
 bool ExportNext(DatabaseExport& work, int16_t number, SectionModel& section) {
     const Target& target = work.target;
     if (LacksDimensions(section) || section.depth_m < kUnsetBelow) {
@@ -115,7 +115,7 @@ bool ExportNext(DatabaseExport& work, int16_t number, SectionModel& section) {
     }
     const int16_t status = AddSlot(target.path);
     if (status != 0) {
-        ReportFailure(kMsgLegacySectionNotAdded, {int32_t{number}, target.told}, status);
+        ReportFailure(kMsgLegacySectionNotAdded, {int32_t{number}, target.shown}, status);
         return false;
     }
     ExportBlocks(target.path, number, section, work.losses);
@@ -153,13 +153,13 @@ bool StartDatabase(const std::wstring& source, const Target& target, BasicShipDa
     int16_t status = kNoAnswer;
     createvelkdb(system::AnsiFromWide(target.path).c_str(), &status);
     if (status != 0) {
-        ReportFailure(kMsgLegacyNotCreated, {target.told}, status);
+        ReportFailure(kMsgLegacyNotCreated, {target.shown}, status);
         return false;
     }
     LoadBsdFromDatabase(source, bsd);
     status = ExportBsd(target.path, bsd);
     if (status == 0) return true;
-    ReportFailure(kMsgLegacyBsdNotWritten, {target.told, int32_t{status}}, status);
+    ReportFailure(kMsgLegacyBsdNotWritten, {target.shown, int32_t{status}}, status);
     return false;
 }
 
@@ -227,20 +227,20 @@ bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShi
 }
 
 bool ExportDatabase(const std::wstring& source, const std::wstring& path,
-                    const std::wstring& told) {
+                    const std::wstring& shown) {
     if (!FileExists(source) || !IsDatabaseFile(source)) return false;
-    const Target target{path, told.empty() ? path : told};
+    const Target target{path, shown.empty() ? path : shown};
     DatabaseExport work{target, {}, {}};
     if (!StartDatabase(source, target, work.bsd)) return false;
     const bool isExported = ExportSections(source, work);
     const int16_t status = StatusOfAllWritten(path);
     if (!isExported) return false;
     if (status != 0) {
-        ReportFailure(kMsgLegacyNotCreated, {target.told}, status);
+        ReportFailure(kMsgLegacyNotCreated, {target.shown}, status);
         return false;
     }
     ShowStatus(L"");
-    ReportLosses(target.told, work.losses);
+    ReportLosses(target.shown, work.losses);
     return true;
 }
 
@@ -280,7 +280,7 @@ std::vector<ModelEntry> ListLegacySections(const std::wstring& path, int16_t& st
 int16_t CountLegacySections(const std::wstring& path, size_t listed) {
     if (listed < kLegacyListedSections) return static_cast<int16_t>(listed);
     const std::string file = system::AnsiFromWide(path);
-    // Slots follow one another without a gap: the last one lies between one that is there and one
+    // Slots follow one another without a gap: the last one is between one that is there and one
     // that is not.
     int there = kLegacyListedSections;
     int missing = INT16_MAX;

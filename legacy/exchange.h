@@ -41,10 +41,10 @@ bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShi
 // Makes a new legacy database at `target`, instead of any file there, of all sections of the
 // model database `source`, in file order; one that cannot be read is reported and left out. Nothing
 // happens when `source` is not a model database. False then, and when the library reports a
-// failure. What did not fit is reported at the end. `told` is the name that messages have for the
+// failure. What did not fit is reported at the end. `shown` is the name that messages have for the
 // target, where that is to be put elsewhere.
 bool ExportDatabase(const std::wstring& source, const std::wstring& target,
-                    const std::wstring& told = {});
+                    const std::wstring& shown = {});
 
 // ---- Import ------------------------------------------------------------------------------------
 

@@ -82,8 +82,8 @@ void CopyHeadRest(Copy copy, SectionModel& ours, LegacyHeadRest& legacy) {
 
 // ---- Strakes and nodes -------------------------------------------------------------------------
 
-// A strake is one of our panels. `i` is its index, from 0. Without name and nodes
-// (legacy/strakes_to_legacy.cpp, legacy/strakes_from_legacy.cpp).
+// At most kLegacyStrakes. A strake is one of our panels. `i` is its index, from 0. Without name and
+// nodes (legacy/strakes_to_legacy.cpp, legacy/strakes_from_legacy.cpp).
 template <class Copy>
 void CopyStrake(Copy copy, Panel& ours, LegacyGeometry& legacy, size_t i) {
     copy(ours.spacing_m, legacy.strakeSpacing[i]);
@@ -93,7 +93,8 @@ void CopyStrake(Copy copy, Panel& ours, LegacyGeometry& legacy, size_t i) {
     copy(ours.material, legacy.strakeMaterial[i]);
 }
 
-// `g` is the node's index, from 0, in the one numbering of the legacy form. Without its kind
+// At most kLegacyNodes in all strakes, of them kLegacyPoints - 1 with coordinates. `g` is the
+// node's index, from 0, in the one numbering of the legacy form. Without its kind
 // (legacy/node_kinds.h), its coordinates, and the strake that it is defined on, which loses its
 // sign in the legacy form.
 template <class Copy>
@@ -105,7 +106,8 @@ void CopyNode(Copy copy, Node& ours, LegacyGeometry& legacy, size_t g) {
     copy(ours.relative, legacy.nodeRelative[g]);
 }
 
-// A node has a curve when the way to the next node is not straight; without the number of the node.
+// At most kLegacyCurves. A node has a curve when the way to the next node is not straight; without
+// the number of the node.
 template <class Copy>
 void CopyCurve(Copy copy, Node& ours, LegacyCurve& legacy) {
     copy(ours.radius, legacy.radius);
@@ -113,8 +115,8 @@ void CopyCurve(Copy copy, Node& ours, LegacyCurve& legacy) {
     copy(ours.tangentZ, legacy.tangentZ);
 }
 
-// A node at an intersection has an extension: the line that it is on, and the strake that crosses
-// it.
+// At most kLegacyExtensions. A node at an intersection has an extension: the line that it is on,
+// and the strake that crosses it.
 template <class Copy>
 void CopyExtension(Copy copy, Node& ours, LegacyExtension& legacy) {
     copy(ours.extensionStrake, legacy.strake);
@@ -124,7 +126,8 @@ void CopyExtension(Copy copy, Node& ours, LegacyExtension& legacy) {
 // ---- Items of a strake; without profiles and abscissas -----------------------------------------
 // (legacy/items_to_legacy.cpp, legacy/items_from_legacy.cpp)
 
-// The legacy form has each profile once, in a table; the gap of a doubled one is lost.
+// At most kLegacyProfiles. The legacy form has each profile once, in a table; the gap of a doubled
+// one is lost, and scantlings that are all 0 are number 0, which is not in the table.
 template <class Copy>
 void CopyProfile(Copy copy, Scantlings& ours, LegacyProfile& legacy) {
     copy(ours.type, legacy.type);
@@ -134,6 +137,8 @@ void CopyProfile(Copy copy, Scantlings& ours, LegacyProfile& legacy) {
     copy(ours.flangeThickness_mm, legacy.flangeThickness_mm);
 }
 
+// At most kLegacyStiffeners in all strakes. Without the strake; the abscissa has to agree with the
+// node and the offset.
 template <class Copy>
 void CopyStiffener(Copy copy, Stiffener& ours, StiffenerDetail& detail, LegacyStiffener& legacy) {
     copy(ours.onStrake, legacy.onStrake);
@@ -146,6 +151,8 @@ void CopyStiffener(Copy copy, Stiffener& ours, StiffenerDetail& detail, LegacySt
     copy(ours.spacing, legacy.spacing);
 }
 
+// At most kLegacySpans of all stiffeners. Without the stiffener's number; a span's abscissa is that
+// of its stiffener.
 template <class Copy>
 void CopySpan(Copy copy, Span& ours, LegacySpan& legacy) {
     copy(ours.material, legacy.material);
@@ -159,6 +166,7 @@ void CopySpan(Copy copy, Span& ours, LegacySpan& legacy) {
     copy(ours.spacing_m, legacy.spacing);
 }
 
+// At most kLegacySpanBrackets of all spans; without the span's number.
 template <class Copy>
 void CopySpanBracket(Copy copy, SpanBracket& ours, LegacySpanBracket& legacy) {
     copy(ours.kind, legacy.kind);
@@ -166,6 +174,7 @@ void CopySpanBracket(Copy copy, SpanBracket& ours, LegacySpanBracket& legacy) {
     copy(ours.length_m, legacy.length);
 }
 
+// At most kLegacyFatigueTables of all spans; without the span's number.
 template <class Copy>
 void CopyFatigueTable(Copy copy, FatigueTable& ours, LegacyFatigueTable& legacy) {
     copy(ours.detail, legacy.detail);
@@ -177,6 +186,7 @@ void CopyFatigueTable(Copy copy, FatigueTable& ours, LegacyFatigueTable& legacy)
     CopyList(copy, ours.stress_MPa, legacy.stress_MPa);
 }
 
+// At most kLegacyBrackets of all strakes; without the strake. A bracket has three profiles.
 template <class Copy>
 void CopyBracket(Copy copy, PrimaryBracket& ours, LegacyBracket& legacy) {
     copy(ours.item, legacy.item);
@@ -193,6 +203,7 @@ void CopyBracket(Copy copy, PrimaryBracket& ours, LegacyBracket& legacy) {
     copy(ours.toeLength_m, legacy.toeLength);
 }
 
+// At most kLegacyOpenings of all strakes; without the strake. Its abscissa is that of its node.
 template <class Copy>
 void CopyOpening(Copy copy, Opening& ours, LegacyOpening& legacy) {
     copy(ours.item, legacy.item);
@@ -206,6 +217,8 @@ void CopyOpening(Copy copy, Opening& ours, LegacyOpening& legacy) {
     copy(ours.breadth_m, legacy.breadth);
 }
 
+// At most kLegacyPillars of all strakes; without the strake. Our offset is the abscissa itself, and
+// the second line's profile is a type without scantlings.
 template <class Copy>
 void CopyPillar(Copy copy, Pillar& ours, LegacyPillar& legacy) {
     copy(ours.item, legacy.item);
@@ -225,6 +238,8 @@ void CopyPillar(Copy copy, Pillar& ours, LegacyPillar& legacy) {
     copy(ours.webThickness_mm, legacy.webThickness_mm);
 }
 
+// At most kLegacyPlates of all strakes; without the strake. A plate begins where the one before it
+// on the same strake ends.
 template <class Copy>
 void CopyPlate(Copy copy, Plate& ours, LegacyPlate& legacy) {
     copy(ours.material, legacy.material);
@@ -238,7 +253,8 @@ void CopyPlate(Copy copy, Plate& ours, LegacyPlate& legacy) {
 // ---- Compartments; without names, outlines and levels ------------------------------------------
 // (legacy/compartments.cpp)
 
-// The part that is in the geometry block.
+// The part that is in the geometry block. At most kLegacyCompartments, each with at most
+// kLegacyOutlineNodes nodes around it.
 template <class Copy>
 void CopyCompartment(Copy copy, Compartment& ours, LegacyCompartment& legacy) {
     copy(ours.contents, legacy.contents);
@@ -260,7 +276,8 @@ void CopyLoads(Copy copy, Compartment& ours, LegacyCompLoad& legacy, size_t i) {
     CopyList(copy, ours.wavePressure_kPa, legacy.wavePressure_kPa[i]);
 }
 
-// The levels of all compartments follow one another in one table of the legacy form.
+// The levels of all compartments follow one another in one table of the legacy form, of at most
+// kLegacyLevels; a compartment has the number of its own.
 template <class Copy>
 void CopyLevel(Copy copy, FillingLevel& ours, LegacyLevel& legacy) {
     copy(ours.level_m, legacy.level);

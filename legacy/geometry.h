@@ -16,7 +16,7 @@ namespace corvane {
 // A copy of the node; a zeroed one when there is none.
 Node NodeRecord(const Section& section, NodeReference reference);
 
-// Whether the node has coordinates of its own, by the library; when not, whether the node that it
+// Whether the node has its own coordinates, by the library; when not, whether the node that it
 // is defined on has. 0 is no.
 int16_t NodeAbsolute(const Section& section, NodeReference reference);
 

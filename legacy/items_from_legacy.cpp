@@ -139,7 +139,7 @@ std::vector<StiffenerDetail*> DetailsByNumber(const LegacyImport& work) {
 }
 
 // Whether the span is where its stiffener is. Where neither can be placed, it is.
-bool StandsAtStiffener(const LegacyImport& work, const LegacySpan& span) {
+bool IsAtStiffener(const LegacyImport& work, const LegacySpan& span) {
     const LegacyStiffener& owner = work.legacy.stiffeners[span.stiffener - 1];
     Stiffener place{};
     place.onStrake = owner.onStrake;
@@ -178,7 +178,7 @@ void ReadSpans(const LegacyImport& work) {
             entry.stiffener >= 1 && static_cast<size_t>(entry.stiffener) <= details.size();
         StiffenerDetail* owner =
             exists ? details[static_cast<size_t>(entry.stiffener - 1)] : nullptr;
-        if (owner == nullptr || !StandsAtStiffener(work, entry)) {
+        if (owner == nullptr || !IsAtStiffener(work, entry)) {
             NoteNotAttached(work, i + 1, entry.stiffener);
             continue;
         }

@@ -7,6 +7,8 @@
 
 namespace corvane {
 
+// An abscissa in the legacy form is in m, from the strake's first node; 0 when the library cannot
+// place the item.
 void FillStiffeners(const LegacyExport& work);
 // After FillStiffeners: a span has its stiffener's number. Also the brackets and the fatigue tables
 // of spans, and the profiles, each of them once.

@@ -35,12 +35,12 @@ struct Filling {
 template <class Entry, int size>
 Filling(Entry (&)[size], int16_t&, int32_t, Losses&) -> Filling<Entry, size>;
 
-// OEM text, up to its first NUL, cut to the field; NULs fill it up. What an import would not give
-// back is noted.
 struct TextField {
     char* bytes;
-    size_t size;
+    size_t size;  // in characters; a text that fills the field has no NUL
 };
+// OEM text, up to its first NUL, cut to the field; NULs fill it up. What an import would not give
+// back is noted (kMsgNameChanged): letters that the OEM code page lacks, and what was cut.
 void PutText(const std::wstring& text, TextField field, Losses& losses);
 
 // ---- Reading -----------------------------------------------------------------------------------

@@ -7,9 +7,9 @@
 namespace corvane {
 
 // Classes.
-inline constexpr int16_t kByCoordinates = 0;
-inline constexpr int16_t kOnOtherNode = 1;
-inline constexpr int16_t kByIntersection = 2;
+inline constexpr int16_t kByCoordinates = 0;   // given; second kind: on a strake
+inline constexpr int16_t kOnOtherNode = 1;     // with an offset; second kind: coincident
+inline constexpr int16_t kByIntersection = 2;  // of a line with a strake
 // The code that distinguishes the second kind of a class from the first.
 inline constexpr int16_t kSecondKind = 2;
 

@@ -14,11 +14,12 @@ int16_t StrakesOf(const LegacyGeometry& legacy);
 
 // The nodes of a strake that is there, in the legacy numbering: from 1, over all strakes.
 struct NodeRange {
-    int16_t first, count;
+    int16_t first, count;  // first + count - 1 is at most kLegacyNodes; count 0: no nodes
 };
 NodeRange NodesOf(const LegacyGeometry& legacy, int16_t strake);
 
-// Adds the panels with their nodes to the section; no geometry is computed.
+// Adds the panels with their nodes to the section; no geometry is computed. A node that is defined
+// on nothing has the coordinates of its point, where that is used; otherwise those of the node.
 void ReadStrakes(const LegacyGeometry& legacy, SectionModel& section);
 
 }  // namespace corvane

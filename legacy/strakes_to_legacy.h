@@ -13,7 +13,7 @@ struct LegacyExport {
     SectionModel& section;
     const Section& geometry;  // the library's view of the section
     LegacySectionRecord& record;
-    Losses& losses;
+    Losses& losses;  // what was left out, cut or changed is added
 };
 
 // Fills the strakes' and the nodes' tables, up to the first strake, node or point that has no room,

@@ -15,7 +15,7 @@ namespace corvane {
 // with natural alignment; addresses are at multiples of 8 on 32 and 64 bits alike, so that all
 // offsets are the same. All arrays belong to the caller.
 
-// How a strake goes on from a node to the next one.
+// How a strake continues from a node to the next one.
 inline constexpr int32_t kShapeStraight = 0;
 inline constexpr int32_t kShapeArcByRadius = 1;  // radius > 0: turns to the left, < 0: to the right
 inline constexpr int32_t kShapeArcByTangent = 2;  // touches the two lines to the tangent point
@@ -218,7 +218,7 @@ int16_t CORVANE_STDCALL YZToS(corvane::Strake* strake, float y, float z, float* 
 int16_t CORVANE_STDCALL SToYZ(corvane::Strake* strake, float s, float* y, float* z,
                               float tolerance);
 
-// Whether the node of strake `strake` has coordinates of its own: 1; 0 when it is defined on
+// Whether the node of strake `strake` has its own coordinates: 1; 0 when it is defined on
 // another node or on a strake, or does not exist.
 int16_t CORVANE_STDCALL Absnode(corvane::Strake* strakes, int16_t count, int16_t strake,
                                 int16_t node);

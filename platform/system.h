@@ -52,7 +52,7 @@ ErrorNumber OpenForReading(const std::wstring& path, File& file);
 ErrorNumber OpenForEditing(const std::wstring& path, File& file);
 // A new file for writing, taking the place of what an old one of that name held. Others may read.
 ErrorNumber CreateForWriting(const std::wstring& path, File& file);
-// As above, but fails with kErrorFileExists when the name is taken.
+// As above, but fails with kErrorFileExists when a file has the name.
 ErrorNumber CreateNewForWriting(const std::wstring& path, File& file);
 
 // Reads up to `most` bytes at the file's position; count 0 is the end of the file.
@@ -80,8 +80,8 @@ struct FileStatus {
 
 // Fills `status`; a missing file is not an error (exists is false then).
 ErrorNumber GetFileStatus(const std::wstring& path, FileStatus& status);
-// What the system tells one file from all others by, whatever the path: a link, a short name and a
-// mapped drive lead to the same file.
+// What distinguishes a file from all others in the system, whatever the path: a link, a short name
+// and a mapped drive lead to the same file.
 struct FileIdentity {
     uint64_t volume = 0;
     uint64_t file = 0;
@@ -131,7 +131,7 @@ ErrorNumber RemoveEmptyDirectory(const std::wstring& path);
 // The current directory of the process, without trailing "\" but for a drive's root.
 std::wstring CurrentDirectory();
 ErrorNumber SetCurrentTo(const std::wstring& path);
-// The absolute path of a name, taken from the current directory.
+// The absolute path of a name, relative to the current directory.
 std::wstring AbsolutePath(const std::wstring& path);
 // The folder for temporary files, with a trailing "\". Empty on failure.
 std::wstring TemporaryDirectory();

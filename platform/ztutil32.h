@@ -2,7 +2,7 @@
 // a program, the file prompt, plane geometry tests.
 //
 // Texts are NUL-terminated single-byte ANSI. A boolean is a 16-bit integer: -1 true, 0 false; the
-// shell takes any non-zero value as true.
+// shell treats any non-zero value as true.
 #pragma once
 
 #include "platform/companion.h"
@@ -40,7 +40,7 @@ void CORVANE_STDCALL LoginName(char* buffer, int32_t size);
 // longest beginning that ends in ".exe" before a blank or the end and that is a file, so neither a
 // folder with blanks in its name nor one named "v1.exe files" needs quotes. `windowStyle` is a
 // show-window code, 0 no preference. While it waits the calling thread's windows go on painting,
-// but take no input. False: nothing was started, and the system's last error says why.
+// but accept no input. False: nothing was started, and the system's last error says why.
 // kProgramCrashed: it was started, and an exception that nobody handled ended it (exit codes
 // 0xC0000000 to 0xCFFFFFFF, and 0xE06D7363).
 int16_t CORVANE_STDCALL ShellAndWait(const char* commandLine, int16_t windowStyle);
@@ -50,9 +50,9 @@ int16_t CORVANE_STDCALL ShellAndWait(const char* commandLine, int16_t windowStyl
 //   title             a list "description|pattern|description|pattern..." of the file types; a
 //                     text without a bar is one description, whose pattern the extension gives
 //   buffer, size      in: the proposed name; out: the chosen one
-//   flags             -1: a name to save under, asks before an existing file is taken;
+//   flags             -1: a name to save under, asks before an existing file is replaced;
 //                     0: an existing file
-//   caption           the window's caption; when empty, the first description is taken
+//   caption           the window's caption; when empty, the first description is used
 // Returns false when the user cancels; the buffer is then unchanged.
 int16_t CORVANE_STDCALL ZTUtilPromptForName(char* defaultExtension, char* title, char* buffer,
                                             int32_t size, int32_t flags, char* caption);

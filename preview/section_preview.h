@@ -1,5 +1,5 @@
-// A section, small and whole, in a picture box: computes the frame and what the drawing library is
-// told; the library computes and draws the geometry.
+// A section, small and whole, in a picture box: computes the frame and the parameters of the
+// drawing; the library computes and draws the geometry.
 #pragma once
 
 #include <cstdint>

@@ -142,7 +142,7 @@
     X(kMsgIsOpenDatabase, 3535)         \
     X(kMsgProgramNotStarted, 3536)      \
     X(kMsgProgramCrashed, 3537)         \
-    X(kMsgPathNotTold, 3538)            \
+    X(kMsgPathNotPassedOn, 3538)        \
     X(kMsgDatabaseGone, 3539)           \
     X(kMsgDatabaseDamaged, 3540)        \
     X(kMsgTooManyPlates, 3550)          \

@@ -1,5 +1,5 @@
 // What the boxes FM_Export and FM_Inport show and ask, decided without a window. The boxes convert
-// nothing: the commands do, with what the boxes leave behind.
+// nothing: the commands do, with what the boxes return.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@
 
 namespace corvane {
 
-// What FM_Export leaves behind.
+// What FM_Export returns.
 struct ExportChoice {
     std::wstring path;      // of an existing legacy database, absolute
     bool createNew = true;  // OP_CreateNew; else the section in `slot` is replaced
@@ -30,8 +30,8 @@ struct ExchangeItem {
     bool operator==(const ExchangeItem&) const = default;
 };
 
-// What FM_Inport leaves behind: the items that are selected, in the order of the list. None only
-// when the box takes a file without sections.
+// What FM_Inport returns: the items that are selected, in the order of the list. None only
+// when the box accepts a file without sections.
 struct ImportChoice {
     std::wstring path;  // absolute
     std::vector<ExchangeItem> items;

@@ -9,7 +9,7 @@ namespace corvane {
 
 struct FileQuestion {
     uint16_t command = 0;  // the menu item whose caption the prompt has
-    std::wstring types;    // list of file types, as the utility library takes it
+    std::wstring types;    // list of file types, in the form of the utility library
     std::wstring defaultExtension = L"ve2";
     std::wstring proposed;   // file name
     std::wstring directory;  // where the prompt starts
@@ -20,7 +20,7 @@ struct FileQuestion {
 // when the user cancels, and when the name cannot be used, which is reported: BrowseDirectory stays
 // then. The current directory is the same afterwards.
 //
-// A usable name is one that every program of the suite can take: of at most kLongestPath
+// A usable name is one that every program of the suite can use: of at most kLongestPath
 // characters, without any that file names must not hold, and no folder. One to save under is in a
 // folder that exists and is no read-only file; any other names a file that can be read.
 std::wstring AskForFile(const FileQuestion& question);

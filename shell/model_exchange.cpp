@@ -30,7 +30,7 @@ constexpr int kMostModels = std::numeric_limits<int16_t>::max();
 struct Import {
     std::wstring source;
     std::vector<ModelEntry> models;  // of the source, when it is a model database
-    std::wstring path;               // of the database that takes the models
+    std::wstring path;               // of the database that the models are added to
     int appended = 0;
     ExchangeLosses losses;
 };

@@ -10,7 +10,7 @@ struct ImportChoice;
 // Appends models of another database to the open one, in the order of the list: sections of a
 // legacy database, models of any kind of a model database. Sections and bulkhead arrangements get
 // new identifiers; torsion models are copied line by line. A model that cannot be read is left out,
-// and the rest goes on; when the open database cannot be written, it ends there. The backup holds
+// and the rest continues; when the open database cannot be written, it ends there. The backup holds
 // the database as it was before the first one. The last model becomes the current one.
 void ImportModels(const ImportChoice& choice);
 

@@ -23,7 +23,7 @@ struct OpenDatabase {
     // Number of the selected model, that of its block; 0 none yet. It stays when no row is
     // selected: after the last model was deleted no row has it.
     int32_t currentModel = 0;
-    // Where its block was when it was selected. It tells apart rows that have one number.
+    // Where its block was when it was selected. It distinguishes rows that have one number.
     int64_t currentOffset = 0;
 };
 
@@ -58,7 +58,7 @@ void SelectLastModelNext();
 void RefreshMainWindow();
 
 // The status line between two commands: what is to be done next while there is no database or no
-// valid ship record, otherwise empty. A red line, and one that told of a success, goes.
+// valid ship record, otherwise empty. A red line, and one that reported a success, is cleared.
 void ShowNextStep();
 
 // Row `index`, 0 the first, was clicked or reached by the keyboard: its model becomes the current

@@ -97,7 +97,7 @@ bool IsWritten(const WrittenSetting& setting, const ShellSettings& settings) {
 
 std::wstring GetIniString(const std::wstring& section, const std::wstring& key,
                           const std::wstring& fallback, const std::wstring& file) {
-    // Stands for a missing key, so that a fallback outside the ANSI range comes back whole.
+    // Means a missing key, so that a fallback outside the ANSI range comes back whole.
     static constexpr char kMissing[] = "\x01";
     const std::string value = system::ReadProfileText(
         system::AnsiFromWide(section), system::AnsiFromWide(key), kMissing, file, kLongestSetting);

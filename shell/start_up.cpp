@@ -42,7 +42,7 @@ void ShowFirstWindows() {
     reportView.processPendingMessages();
 }
 
-// Tells the suite's other programs that the shell has been started.
+// Notes for the suite's other programs that the shell has been started.
 void WriteStartEntry() {
     WriteIniText(GetMessageBytes(kMsgStartSection), GetMessageBytes(kMsgStartKey), "1",
                  SettingsFile());
@@ -75,7 +75,7 @@ bool Main(const std::wstring& commandLine) {
 }
 
 bool GiveWayToRunningInstance(const std::wstring& commandLine) {
-    // The new title keeps this process from being taken for the running instance.
+    // The new title keeps this process from looking like the running instance.
     const std::wstring title = std::exchange(shell.title, L"...duplicate instance");
     const bool isHanded = shell.view.handToRunningInstance(ReadCommandLine(commandLine));
     shell.title = title;

@@ -16,10 +16,10 @@ struct ShellState {
     bool milMode = false;    // switch "/mil", rule set "QUOR MIL"
     bool jbpMode = false;    // switch "/JBP", rule set "CSR for BC"
     bool childRunning = false;
-    // The main window takes no commands; see LockShell.
+    // The main window accepts no commands; see LockShell.
     bool locked = false;
     // While the Open dialog is up and while a model is being created; the import dialog's list
-    // takes no clicks then.
+    // accepts no clicks then.
     bool suppressListEvents = false;
 
     // The application's title, with the rule set's suffix " JBP" or " MIL".
@@ -42,7 +42,7 @@ extern ShellState shell;
 void UseView(const View& view);
 
 // Keeps the user from the window's commands while a program of the suite runs, and gives them back;
-// the window goes on painting itself.
+// the window continues to paint itself.
 void LockShell(bool locked);
 // The window is locked for as long as this lives: on every way out, by a fault too, it is given
 // back.

@@ -109,7 +109,7 @@ bool RunProgram(ProgramRun& run, int32_t model) {
     if (!RequireProgram(run.program)) return false;
     const std::wstring commandLine = CommandLine(run.program, model);
     if (system::WideFromAnsi(system::AnsiFromWide(commandLine)) != commandLine) {
-        ReportMessage(kMsgPathNotTold, {FileNameOf(run.program), shell.database.path});
+        ReportMessage(kMsgPathNotPassedOn, {FileNameOf(run.program), shell.database.path});
         return false;
     }
     ReportStatus(kMsgStartingProgram, {FileNameOf(run.program)});

@@ -3,7 +3,7 @@
 //
 // While a program runs the shell is locked and touches no file. Afterwards the database is read
 // again; a program that could not be started or crashed, and a database that the program left
-// missing, read-only or damaged, are reported, and the shell goes on.
+// missing, read-only or damaged, are reported, and the shell continues.
 #pragma once
 
 #include <cstdint>
@@ -51,10 +51,11 @@ struct ProgramRun {
 // missing is reported.
 bool RequireReadyForModels();
 
-// Runs `run.program` on the open database, for a model or for none, with message 622 in the status
-// line, and then what is open in which program. False when nothing was tried: a program that is
-// missing (message 1020), a DataDirectory that is not a full path (kMsgDataDirectoryRefused), and a
-// path that cannot be passed on in the code page of the programs (kMsgPathNotTold), are reported.
+// Runs `run.program` on the open database, for a model or without one, with message 622 in the
+// status line, and then what is open in which program. False when nothing was tried: a program that
+// is missing (message 1020), a DataDirectory that is not a full path (kMsgDataDirectoryRefused),
+// and a path that cannot be passed on in the code page of the programs (kMsgPathNotPassedOn), are
+// reported.
 bool RunProgram(ProgramRun& run, int32_t model = kNoModel);
 // Whether the database's file has another date and time than before the run, or is gone.
 bool HasDatabaseChanged(const ProgramRun& run);

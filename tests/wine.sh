@@ -91,7 +91,7 @@ StageFiles() {
     local program=$1 folder present=() item
     case $program in
         "$checkout"/*) folder=$(dirname "${program#"$checkout"/}") ;;
-        *) WineFail "$program lies outside $checkout" ;;
+        *) WineFail "$program is outside $checkout" ;;
     esac
     for item in docs tests/golden tests/data fuzz/corpus samples; do
         [ -d "$checkout/$item" ] && present+=("./$item")

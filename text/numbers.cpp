@@ -209,7 +209,7 @@ void TakeDigit(NumberScan& scan, int digit, bool behindPoint) {
     }
 }
 
-// Where the text goes on at `at`, blanks and tabs skipped.
+// Where the text continues at `at`, blanks and tabs skipped.
 template <class Text>
 size_t PassBlanks(Text text, size_t at) {
     while (at < text.size() && (text[at] == ' ' || text[at] == '\t')) ++at;
@@ -241,7 +241,7 @@ size_t ScanExponent(Text text, size_t at, NumberScan& scan) {
     return next;
 }
 
-// Reads the number at the start of the text and returns where the text goes on.
+// Reads the number at the start of the text and returns where the text continues.
 template <class Text>
 size_t ScanNumber(Text text, NumberScan& scan) {
     size_t at = PassBlanks(text, 0);

@@ -63,7 +63,7 @@ void Paint(HWND window) {
     GdiFlush();
 }
 
-// Selects the row as the user does: the list tells the window.
+// Selects the row as the user does: the list notifies the window.
 void Click(HWND window, int row) {
     SelectModelRow(GetDlgItem(window, LI_Sections), row);
     Paint(window);

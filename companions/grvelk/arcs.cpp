@@ -147,7 +147,7 @@ Point DirectionAt(const Curve& curve, double along) {
     return UnitVector(curve.heading - curve.halfSweep + SweepUpTo(curve, held));
 }
 
-// On an arc the nearest point lies on the ray from the centre through the point, where the arc has
+// On an arc the nearest point is on the ray from the centre through the point, where the arc has
 // one; else it is an end. Seen from the start, with x along the tangent and y towards the centre,
 // that ray has swept the angle of the vector (R - y, x).
 Place NearestOn(const Curve& curve, Point point) {
@@ -180,7 +180,7 @@ bool NearestCrossing(const Curve& curve, const Crossing& crossing, double tolera
     std::array<double, 4> candidates{0, curve.length, 0, 0};
     std::array<double, 2> lengths{};
     if (MeetLengths(curve, crossing.line, lengths)) std::copy_n(lengths.begin(), 2, &candidates[2]);
-    // What rounding makes of a point that lies on the line.
+    // What rounding makes of a point that is on the line.
     const double rounding = 1e-9 * (curve.length + Length(curve.start - crossing.line.from));
     bool any = false;
     for (const double along : candidates) {

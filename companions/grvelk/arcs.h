@@ -63,11 +63,11 @@ struct Line {
 struct Crossing {
     Line line;
     Point hint;            // of several points the nearest to this one counts
-    double tolerance = 0;  // a curve that runs along the line within it lies on the line
+    double tolerance = 0;  // a curve that runs along the line within it is on the line
 };
 
-// The curve of an item: false when its ends coincide or one of its numbers is none. What
-// ComputeStrake refuses beyond that is taken as the nearest arc that there is.
+// The curve of an item: false when its ends coincide or one of its values is not a number. What
+// ComputeStrake refuses beyond that becomes the nearest possible arc.
 bool MakeCurve(const StrakeItem& item, Curve& curve);
 // 0 or the kCode that says why the item is not a line.
 int16_t CheckItem(const StrakeItem& item, double tolerance);
@@ -78,7 +78,7 @@ double CurvatureOf(const Curve& curve);
 Point PointAt(const Curve& curve, double along);
 Point DirectionAt(const Curve& curve, double along);
 Place NearestOn(const Curve& curve, Point point);
-// The point of the curve that lies within `tolerance` of the line; of several the one nearest to
+// The point of the curve that is within `tolerance` of the line; of several the one nearest to
 // the hint. False when there is none.
 bool NearestCrossing(const Curve& curve, const Crossing& crossing, double tolerance, Place& found);
 

@@ -21,7 +21,7 @@ struct Pen {
     int32_t width;   // [px] 1 or more
 };
 
-// Polylines one after the other: each takes as many points, 2 or more, as its count says.
+// Polylines one after the other: each has as many points, 2 or more, as its count says.
 struct PixelLines {
     const Pixel* points;
     const uint32_t* counts;

@@ -77,7 +77,7 @@ bool ClipLine(const Rectangle& area, FramePoint& a, FramePoint& b) {
     return true;
 }
 
-// A rounded crossing may lie a hair beyond the edge.
+// A rounded crossing may be a hair beyond the edge.
 Pixel PixelWithin(const Rectangle& area, FramePoint point) {
     return PixelAt(
         {std::clamp(point.x, area.left, area.right), std::clamp(point.y, area.top, area.bottom)});

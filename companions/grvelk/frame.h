@@ -41,7 +41,7 @@ FramePoint Mapped(const Mapping& mapping, PlanePoint point);
 // Lines may reach this far beyond the frame [px], so that no end of a broad one shows.
 inline constexpr int kBeyondFrame = 16;
 
-// Polylines in the making. What lies outside of the frame is cut off; what is not a number is left
+// Polylines in the making. What is outside of the frame is cut off; what is not a number is left
 // out.
 struct LineGroup {
     Mapping mapping;

@@ -1,5 +1,5 @@
 // The computed line of a strake: points along it and places on it. Arrays that are missing, counts
-// below 0 and items without a length are taken as nothing.
+// below 0 and items without a length count as nothing.
 #pragma once
 
 #include <span>
@@ -41,7 +41,7 @@ struct Spot {
     PlanePoint at;
     PlanePoint direction;
 };
-// False when the abscissa lies on no item of the strake. Items follow one another by abscissa; at a
+// False when the abscissa is on no item of the strake. Items follow one another by abscissa; at a
 // knuckle it is the item that begins there.
 bool FindSpot(const Strake& strake, double s, Spot& place);
 

@@ -35,7 +35,7 @@ double EndOf(const StrakeItem& item) {
     return double{item.s} + item.length;
 }
 
-// What an arc has besides its length. Its centre lies on the left of the start when it turns left.
+// What an arc has besides its length. Its centre is on the left of the start when it turns left.
 bool StoreArc(StrakeItem& item, const Curve& curve) {
     const double radius = 1 / CurvatureOf(curve);
     const double tangent = curve.heading - curve.halfSweep;
@@ -56,7 +56,7 @@ void ClearComputed(StrakeItem& item) {
     item.length = 0;
 }
 
-// An abscissa that the items before have made too large for the record is none.
+// An abscissa that the items before have made too large for the record is not an abscissa.
 bool StoreAbscissa(StrakeItem* items, int16_t k) {
     StrakeItem& item = items[k - 1];
     const double s = k == 1 ? 0 : EndOf(items[k - 2]);
@@ -133,7 +133,7 @@ bool PlaceAt(const Strake& strake, double s, StrakePlace& place) {
 }
 
 bool CrossStrake(const Strake& strake, const Crossing& crossing, StrakePlace& place) {
-    // A point on the line comes before one that only lies within the tolerance of it.
+    // A point on the line comes before one that is only within the tolerance of it.
     for (const double tolerance : {0.0, crossing.tolerance}) {
         const auto cross = [&crossing, tolerance](const Curve& curve, Place& found) {
             return NearestCrossing(curve, crossing, tolerance, found);

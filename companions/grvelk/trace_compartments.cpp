@@ -16,7 +16,7 @@ const Strake* StrakeAt(const Section& section, int16_t number) {
     return &strakes[static_cast<size_t>(number) - 1];
 }
 
-// Goes on to a node that lies on the same strake as the one before, along the strake.
+// Continues to a node that is on the same strake as the one before, along the strake.
 void AppendAlong(const Sketch& sketch, const Strake& strake, NodeReference from, NodeReference to,
                  std::vector<PlanePoint>& corners) {
     const std::span<const StrakeItem> items = ItemsIn(strake);

@@ -63,7 +63,7 @@ void AddProfile(const Sketch& sketch, const Spot& foot, PlanePoint normal, const
     });
 }
 
-// Every stiffener of the row, until one lies beyond the strake's end. Returns how many.
+// Every stiffener of the row, until one is beyond the strake's end. Returns how many.
 int AddRow(const Sketch& sketch, const Strake& strake, const Stiffener& row, LineGroup& lines) {
     Spot foot{};
     const double normalLength = std::hypot(row.normalY, row.normalZ);

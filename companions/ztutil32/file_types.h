@@ -36,7 +36,7 @@ inline std::vector<FileType> FileTypesOf(std::wstring_view list,
     return types;
 }
 
-// The types in the form that the system's prompt takes: every text closed by a NUL, the list by
+// The types in the form of the system's prompt: every text closed by a NUL, the list by
 // one more.
 inline std::wstring FilterOf(const std::vector<FileType>& types) {
     std::wstring filter;

@@ -17,7 +17,7 @@ double DistanceOf(Point a, Point b) {
     return std::hypot(b.y - a.y, b.z - a.z);
 }
 
-// The point of the segment from `a` to `b` that lies nearest to `point`.
+// The point of the segment from `a` to `b` that is nearest to `point`.
 Point NearestOnSegment(Point point, Point a, Point b) {
     const Point along{b.y - a.y, b.z - a.z};
     const double lengthSquared = along.y * along.y + along.z * along.z;

@@ -41,7 +41,7 @@ Changes& Kept();
 
 // All return a kLegacy... status.
 
-// A new empty database, in the place of any file of that name.
+// A new empty database, which replaces any file of that name.
 int16_t MakeDatabase(const std::wstring& path);
 // Makes the record that of the file; changes of another one are written first. A file that cannot
 // be written is refused.

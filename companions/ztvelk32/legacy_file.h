@@ -1,5 +1,5 @@
 // The file of a legacy database: docs/legacy-form.md gives the layout. A file is read whole and
-// written whole: the new text goes to a new file in the same folder, which then takes the place of
+// written whole: the new text goes to a new file in the same folder, which then replaces
 // the old one, so that a legacy database is never half written.
 #pragma once
 

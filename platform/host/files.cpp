@@ -46,7 +46,7 @@ ErrorNumber Open(const std::wstring& path, int flags, File& file) {
     return kErrorAccessDenied;
 }
 
-// Both names of a procedure that takes two.
+// Both names of a procedure that has two.
 ErrorNumber NativePaths(const std::wstring& from, const std::wstring& to, std::string& nativeFrom,
                         std::string& nativeTo) {
     const ErrorNumber error = NativePath(from, nativeFrom);

@@ -5,7 +5,7 @@
 namespace corvane::system {
 namespace {
 
-// The profile functions take a name without a folder for a file of the Windows folder.
+// The profile functions treat a name without a folder as a file of the Windows folder.
 std::wstring ProfilePath(const std::wstring& file) {
     const bool hasFolder = file.find_first_of(L"\\/:") != std::wstring::npos;
     return hasFolder ? NativePath(AbsolutePath(file)) : file;

@@ -27,11 +27,6 @@ std::string OlderLayout(std::string_view version) {
     return records.substr(0, records.find("25.1\t"));
 }
 
-std::string WithoutReturns(std::string text) {
-    std::erase(text, '\r');
-    return text;
-}
-
 TEST(BsdReader, GoldenRecordsGiveEveryFieldItsValue) {
     BasicShipData bsd;
     EXPECT_EQ(ReadRecords(GoldenRecords(), bsd), kNumberCount);
@@ -323,7 +318,7 @@ TEST(BsdReader, IntegersAreRoundedAndClampedToSixteenBits) {
 // ---- Line ends, and the end of the records -----------------------------------------------------
 
 TEST(BsdReader, FileWithLineFeedsOnlyReadsTheSame) {
-    EXPECT_EQ(RecordsRead(WithoutReturns(GoldenRecords())), DistinctBsdFromFile());
+    EXPECT_EQ(RecordsRead(WithLineFeeds(GoldenRecords())), DistinctBsdFromFile());
 }
 
 TEST(BsdReader, LastLineMayLackItsEnd) {
@@ -388,7 +383,7 @@ TEST(BsdReader, ModelMarkerInTheTitlesEndsTheRecords) {
 }
 
 // One file holds the records cut at every byte, each followed by a model marker: however short they
-// are, nothing behind them is taken.
+// are, nothing after them is read.
 TEST(BsdReader, RecordsCutAtAnyByteLeaveWhatFollowsUnread) {
     const std::string records = GoldenRecords();
     const std::string marker = GetMessageBytes(kMsgModelMarker);

@@ -31,36 +31,6 @@ TEST(BsdWriter, EveryFieldIsAtItsOffsetInTheGoldenText) {
     EXPECT_EQ(RecordsWritten(bsd), GoldenRecords());
 }
 
-TEST(BsdWriter, StandaloneGoldenFileIsWrittenByteForByte) {
-    BasicShipData bsd;
-    bsd.Titles(1).Assign(L"M/V C\u00F4te d'\u00C9meraude");
-    bsd.Titles(2).Assign(L"Hull 4711");
-    bsd.Titles(3).Assign(L"Bulk carrier, 82 000 tdw");
-    bsd.Titles(4).Assign(L"  indented title");
-    bsd.Titles(5).Assign(L"EMERAUDE");
-    const int codes[] = {7, 1, 1, 0, 1, 20, 1, 0, 0, 0};
-    for (int i = 1; i <= 10; ++i) bsd.TypeCodes(i) = static_cast<int16_t>(codes[i - 1]);
-    const float dimensions[] = {225.5f, 32.26f, 20.05f, 0,     1.5E-05f,
-                                -0.5f,  1E+38f, 0.001f, 0.85f, 123456.7f};
-    for (int i = 1; i <= 10; ++i) bsd.MainData(i) = dimensions[i - 1];
-    bsd.MainData(30) = 1234567;
-    bsd.FrameZoneCount = 3;
-    bsd.FrameNumbers(0) = -5;
-    bsd.FrameNumbers(1) = 12;
-    bsd.FrameNumbers(2) = 236;
-    bsd.FrameNumbers(3) = 248;
-    bsd.FrameZeroX = -0.25f;
-    bsd.ZoneSpacing(1) = 0.7f;
-    bsd.ZoneSpacing(2) = 0.88f;
-    bsd.ZoneSpacing(3) = 0.7f;
-    bsd.ReductionFactor = 0.85f;
-    bsd.ExtraData(1) = -1E-05f;
-    bsd.ExtraData(2) = 9999999;
-    bsd.ExtraData(3) = 1E+07f;
-    bsd.ExtraData(4) = 0.0001f;
-    EXPECT_EQ(RecordsWritten(bsd), ReadFileBytes(DataPath("golden/standalone.bsd")));
-}
-
 TEST(BsdWriter, RecordsHaveSeventyOneLines) {
     BasicShipData bsd;
     const std::string text = RecordsWritten(bsd);
@@ -90,42 +60,6 @@ TEST(BsdWriter, FourthDimensionNotNearZeroStays) {
     bsd.MainData(3) = 21.5f;
     bsd.MainData(4) = 0.001f;
     EXPECT_EQ(LineOf(RecordsWritten(bsd), kGeneralLine + 1), "0\t0\t21.5\t0.001\t0\t");
-}
-
-TEST(BsdWriter, NumbersHaveTheirGeneralForm) {
-    struct Case {
-        float value;
-        const char* text;
-    };
-    const Case cases[] = {
-        {0, "0"},
-        {1, "1"},
-        {-0.5f, "-0.5"},
-        {0.1f, "0.1"},
-        {1E+38f, "1E+38"},
-        {1.5E-05f, "1.5E-05"},
-        {0.0001f, "0.0001"},
-        {0.00012f, "0.00012"},
-        {9999999, "9999999"},
-        {1E+07f, "1E+07"},
-        {1.0f / 3, "0.3333333"},
-        {123456.789f, "123456.8"},
-        {3.4028235E+38f, "3.402823E+38"},
-        {-0.0f, "0"},
-    };
-    for (const Case& c : cases) {
-        BasicShipData bsd;
-        bsd.GeneralData(1) = c.value;
-        EXPECT_EQ(LineOf(RecordsWritten(bsd), kGeneralLine),
-                  std::string(c.text) + "\t0\t0\t0\t0\t0\t");
-    }
-}
-
-TEST(BsdWriter, IntegersOfTheWholeRangeArePlainDecimals) {
-    BasicShipData bsd;
-    bsd.TypeCodes(1) = 32767;
-    bsd.TypeCodes(2) = -32768;
-    EXPECT_EQ(LineOf(RecordsWritten(bsd), 7), "32767\t-32768\t0\t0\t0\t");
 }
 
 TEST(BsdWriter, TextsHaveAllTheirCharacters) {
@@ -174,9 +108,9 @@ TEST(BsdWriter, TextThatIsTheWholeMarkerIsMadeHarmless) {
 
 TEST(BsdWriter, ListWhoseLengthIsNoMultipleOfTheRowLeavesItsLastLineOpen) {
     std::string text;
-    auto visit = [&text](int value, std::string_view behind) {
+    auto visit = [&text](int value, std::string_view after) {
         text += std::to_string(value);
-        text += behind;
+        text += after;
     };
     const int first[] = {1, 2, 3, 4, 5, 6, 7};
     const int second[] = {8, 9};

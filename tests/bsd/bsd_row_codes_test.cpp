@@ -46,7 +46,7 @@ std::vector<std::string> NumberLines() {
     return lines;
 }
 
-// What is read and what is written of it, with a value of its own in each column; integers are too
+// What is read and what is written of it, with another value in each column; integers are too
 // large for 16 bits in `given` when asked for.
 struct Texts {
     std::string given;

@@ -8,14 +8,14 @@
 
 namespace corvane::test {
 
-// The record of tests/golden/bsd_block.txt: every number has a value of its own.
+// The record of tests/golden/bsd_block.txt: every number has another value.
 BasicShipData DistinctBsd();
 // The same as it is in memory after the file was read: layout version "5".
 BasicShipData DistinctBsdFromFile();
 
-// The golden block without its header line and the comment line behind it.
+// The golden block without its header line and the comment line after it.
 std::string GoldenRecords();
-// The golden records, with `text` in the place of line `line` (1: the version).
+// The golden records, with `text` instead of line `line` (1: the version).
 std::string WithLine(int line, std::string_view text);
 
 // Reads the bytes as a file of records; the number of numbers read.

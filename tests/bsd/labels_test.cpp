@@ -12,7 +12,7 @@ namespace {
 
 using test::FakeFunction;
 
-// A catalogue whose texts tell their number; it has no label from 9000 on.
+// A catalogue whose texts are their numbers; it has no label from 9000 on.
 int32_t NumberedLabel(int32_t number, char* buffer, int32_t size) {
     if (number >= 9000) return 0;
     const std::string text = "label " + std::to_string(number);

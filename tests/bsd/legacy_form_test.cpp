@@ -13,7 +13,7 @@ namespace {
 
 using namespace test;
 
-// A record in which every field, those that files have no place for too, has a value of its own.
+// A record in which every field, also one that files do not hold, has another value.
 BasicShipData WholeBsd() {
     BasicShipData bsd = DistinctBsd();
     bsd.FormatVersion.Assign(L"4");

@@ -31,7 +31,7 @@ def blanked(text):
 
 
 def kind_of(head, inside_procedure):
-    """What an opening brace begins, told by the text before it."""
+    """What an opening brace begins, judged by the text before it."""
     if inside_procedure:
         return "block"
     if SCOPE.match(head):

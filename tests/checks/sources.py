@@ -1,4 +1,4 @@
-"""What the checks share: the files of the checkout, and how a finding is told."""
+"""What the checks share: the files of the checkout, and how a finding is reported."""
 
 import os
 import sys

@@ -14,7 +14,7 @@ using namespace test;
 constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
-// Everything that takes a strake, or an array of `count` strakes.
+// Everything that is called with a strake, or an array of `count` strakes.
 void CallAll(Strake* strakes, int16_t count) {
     const float numbers[] = {0, 1, -1, 1e30F, kNaN, kInfinity, -kInfinity};
     Stiffener stiffener = StiffenerAt(1, {1, 1});
@@ -181,7 +181,7 @@ TEST(GeometryDegenerateTest, RecordsOfAnyContents) {
         const int16_t code = section.Compute();
         EXPECT_GE(code, 0);
         EXPECT_LE(code, 10);
-        for (const TestSection::Parts& parts : section.parts) {
+        for (const TestSection::Parts& parts : section.contents) {
             for (const Node& node : parts.nodes) {
                 EXPECT_TRUE(std::isfinite(node.y) && std::isfinite(node.z) &&
                             std::isfinite(node.s));

@@ -78,7 +78,7 @@ TEST(GeometryNodesTest, NodeOnStrakeByZ) {
     ExpectAt(section.NodeOf(3, 1), 10 + std::sqrt(3.0F), 1);
 }
 
-TEST(GeometryNodesTest, GivenCoordinateIsTakenExactly) {
+TEST(GeometryNodesTest, GivenCoordinateIsKeptExactly) {
     TestSection section;
     section.Add({GivenNode(0, 0), GivenNode(7, 3)});
     section.Add({NodeAtY(1, 1.1F), NodeAtZ(1, 2.3F)});
@@ -87,7 +87,7 @@ TEST(GeometryNodesTest, GivenCoordinateIsTakenExactly) {
     EXPECT_EQ(section.NodeOf(2, 2).z, 2.3F);
 }
 
-TEST(GeometryNodesTest, OtherCoordinateTellsWhichPlaceIsMeant) {
+TEST(GeometryNodesTest, OtherCoordinateSaysWhichPointIsMeant) {
     TestSection section;
     // A closed box: every y and z between the corners is met twice.
     section.Add(

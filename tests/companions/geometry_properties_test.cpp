@@ -75,13 +75,13 @@ TEST(GeometryPropertiesTest, AbscissaToPointAndBack) {
 
 TEST(GeometryPropertiesTest, NodesLieAtTheirAbscissas) {
     OnManyStrakes(2, [](TestSection& section, const std::vector<Node>& nodes, Chance&) {
-        for (const Node& node : section.parts.front().nodes) {
+        for (const Node& node : section.contents.front().nodes) {
             const At at = PointOf(section, node.s);
             EXPECT_NEAR(at.y, node.y, kRounding);
             EXPECT_NEAR(at.z, node.z, kRounding);
             EXPECT_NEAR(AbscissaOf(section, {node.y, node.z}), node.s, kRounding);
         }
-        EXPECT_EQ(section.parts.front().nodes.back().y, nodes.back().givenY);
+        EXPECT_EQ(section.contents.front().nodes.back().y, nodes.back().givenY);
     });
 }
 
@@ -187,7 +187,7 @@ TEST(GeometryPropertiesTest, ArcByTangentEqualsArcByRadius) {
 
 TEST(GeometryPropertiesTest, CentreIsEquallyFarFromTheWholeArc) {
     OnManyStrakes(9, [](TestSection& section, const std::vector<Node>&, Chance& chance) {
-        for (const StrakeItem& item : section.parts.front().items) {
+        for (const StrakeItem& item : section.contents.front().items) {
             if (item.arcRadius == 0) continue;
             const At at = PointOf(section, item.s + item.length * chance.Between(0.01, 0.99));
             EXPECT_NEAR(std::hypot(at.y - item.centreY, at.z - item.centreZ), item.arcRadius, 1e-4);
@@ -231,8 +231,8 @@ TEST(GeometryPropertiesTest, NormalsStandUprightOnTheStrake) {
         // Left of a strake whose y grows is up.
         EXPECT_GT(stiffener.normalZ, 0);
         const At before = PointOf(section, std::max(0.0F, stiffener.s - 0.001F));
-        const At behind = PointOf(section, std::min(section.LengthOf(1), stiffener.s + 0.001F));
-        const At along{(behind.y - before.y) / 0.002F, (behind.z - before.z) / 0.002F};
+        const At after = PointOf(section, std::min(section.LengthOf(1), stiffener.s + 0.001F));
+        const At along{(after.y - before.y) / 0.002F, (after.z - before.z) / 0.002F};
         EXPECT_NEAR(along.y * stiffener.normalY + along.z * stiffener.normalZ, 0, 0.8);
         Stiffener back = stiffener;
         ASSERT_EQ(RelStiff(section.strakes.data(), 1, 1, &back), 0);

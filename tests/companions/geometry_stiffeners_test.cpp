@@ -16,7 +16,7 @@ constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
 constexpr int16_t kLeft = -1;
 constexpr int16_t kRight = 1;
 
-// Bottom of 10 m, bilge of radius 2 m, side of 6 m; a bulkhead that stands on the bottom at y = 4.
+// Bottom of 10 m, bilge of radius 2 m, side of 6 m; a bulkhead on the bottom at y = 4.
 struct Hull : TestSection {
     Hull() {
         Add({GivenNode(0, 0), RadiusNode(10, 0, 2), GivenNode(12, 2), GivenNode(12, 8)});
@@ -48,7 +48,7 @@ TEST(GeometryStiffenersTest, PlacesAndNormals) {
          root},
         {StiffenerAt(kPi / 2, {1, 2}, kRight), 10 + kPi / 2, 10 + 2 * root, 2 - 2 * root, root,
          -root},
-        // From a node of another strake that stands on this one.
+        // From a node of another strake that is on this one.
         {StiffenerAt(0.6F, {2, 1}, kLeft), 4.6F, 4.6F, 0, 0, 1},
     };
     for (const Row& row : rows) {
@@ -62,7 +62,7 @@ TEST(GeometryStiffenersTest, PlacesAndNormals) {
     }
 }
 
-TEST(GeometryStiffenersTest, NodeOfAnotherStrakeStandsForTheNearestPoint) {
+TEST(GeometryStiffenersTest, NodeOfAnotherStrakeMeansTheNearestPoint) {
     Hull hull;
     Stiffener stiffener = StiffenerAt(1, {2, 2});  // (4, 8): nearest on the bottom is 8 m below
     EXPECT_EQ(hull.Place(1, stiffener), 0);

@@ -72,7 +72,7 @@ TEST(GeometryStrakesTest, PointsAndAbscissasOfTheShell) {
 
 TEST(GeometryStrakesTest, FlagNamesTheItem) {
     Shell shell;
-    const TestSection::Parts& parts = shell.parts.front();
+    const TestSection::Parts& parts = shell.contents.front();
     for (int16_t item = 1; item <= 4; ++item) {
         const StrakeItem& record = parts.items[static_cast<size_t>(item - 1)];
         float y = 0;
@@ -130,7 +130,7 @@ TEST(GeometryStrakesTest, CentreOfAnArcIsEquallyFarFromAllOfIt) {
     EXPECT_LE(s, kPi);
 }
 
-TEST(GeometryStrakesTest, BehindTheCentreOfAnArcAnEndIsNearest) {
+TEST(GeometryStrakesTest, BeyondTheCentreOfAnArcAnEndIsNearest) {
     TestSection section;
     section.Add({RadiusNode(10, 0, 2), GivenNode(12, 2)});
     ASSERT_EQ(section.Compute(), 0);
@@ -213,7 +213,7 @@ TEST(GeometryStrakesTest, AbsStrakeSetsUpItemsOfComputedNodesOnly) {
     section.Add(
         {RadiusNode(0, 0, 5), GivenNode(3, 0), test::CoincidentNode({1, 1}), GivenNode(9, 9)});
     ASSERT_EQ(ComputeAbsNodes(section.strakes.data(), 1), 0);
-    for (StrakeItem& item : section.parts.front().items) item.length = 7;
+    for (StrakeItem& item : section.contents.front().items) item.length = 7;
     EXPECT_EQ(ComputeAbsStrake(section.strakes.data(), 1), 0);
     EXPECT_EQ(section.ItemOf(1, 1).y2, 3);
     EXPECT_EQ(section.ItemOf(1, 1).shape, kShapeArcByRadius);

@@ -4,10 +4,10 @@
 #include <cmath>
 #include <cstdint>
 #include <deque>
-#include <random>
 #include <vector>
 
 #include "platform/grvelk.h"
+#include "tests/support/chance.h"
 
 namespace corvane::test {
 
@@ -47,7 +47,7 @@ inline Node CoincidentNode(NodeReference base) {
     node.kind = kNodeCoincident;
     return node;
 }
-// At this y (z) on the strake; the other coordinate tells which of several places is meant.
+// At this y (z) on the strake; the other coordinate says which of several points is meant.
 inline Node NodeAtY(int16_t strake, float y, float nearZ = 0) {
     Node node = GivenNode(y, nearZ);
     node.kind = kNodeOnStrake;
@@ -90,8 +90,9 @@ struct TestSection {
         std::vector<Node> nodes;
         std::vector<StrakeItem> items;
         std::vector<Stiffener> stiffeners;
+        std::vector<float> plateEnds;
     };
-    std::deque<Parts> parts;
+    std::deque<Parts> contents;
     std::vector<Strake> strakes;
     Section section{};
 
@@ -102,20 +103,26 @@ struct TestSection {
     // Returns the strake's number.
     int16_t Add(std::vector<Node> nodes, std::vector<Stiffener> stiffeners = {}) {
         const size_t items = nodes.empty() ? 0 : nodes.size() - 1;
-        parts.push_back({std::move(nodes), std::vector<StrakeItem>(items), std::move(stiffeners)});
-        Parts& owned = parts.back();
-        Strake strake{};
-        strake.number = static_cast<int16_t>(parts.size());
-        strake.nodeCount = static_cast<int16_t>(owned.nodes.size());
-        strake.itemCount = static_cast<int16_t>(items);
-        strake.stiffenerCount = static_cast<int16_t>(owned.stiffeners.size());
-        strake.nodes = owned.nodes.data();
-        strake.items = owned.items.data();
-        strake.stiffeners = owned.stiffeners.data();
-        strakes.push_back(strake);
-        section.strakes = strakes.data();
-        section.strakeCount = static_cast<int16_t>(strakes.size());
-        return strake.number;
+        contents.push_back(
+            {std::move(nodes), std::vector<StrakeItem>(items), std::move(stiffeners), {}});
+        Link();
+        return static_cast<int16_t>(contents.size());
+    }
+    // Sets addresses and counts again, after the contents have changed.
+    void Link() {
+        strakes.resize(contents.size());
+        for (size_t i = 0; i < contents.size(); ++i) {
+            Strake& strake = strakes[i];
+            strake.number = static_cast<int16_t>(i + 1);
+            LinkArray(contents[i].nodes, strake.nodes, strake.nodeCount);
+            LinkArray(contents[i].items, strake.items, strake.itemCount);
+            LinkArray(contents[i].stiffeners, strake.stiffeners, strake.stiffenerCount);
+            LinkArray(contents[i].plateEnds, strake.plateEnds, strake.plateCount);
+            if (strake.itemCount == 0) continue;
+            const StrakeItem& last = contents[i].items.back();
+            strake.length = last.s + last.length;
+        }
+        LinkArray(strakes, section.strakes, section.strakeCount);
     }
 
     int16_t Compute() { return QuickCompute(&section, nullptr); }
@@ -126,17 +133,12 @@ struct TestSection {
         return At(strake).stiffeners[stiffener - 1];
     }
     float LengthOf(int strake) { return At(strake).length; }
-};
 
-// Chance that is the same on every machine.
-struct Chance {
-    std::mt19937 engine;
-    explicit Chance(uint32_t seed) : engine(seed) {}
-    float Between(double low, double high) {
-        return static_cast<float>(low +
-                                  (high - low) * (static_cast<uint32_t>(engine()) / 4294967296.0));
+    template <class Element, class Pointer>
+    static void LinkArray(std::vector<Element>& from, Pointer& elements, int16_t& count) {
+        elements = from.data();
+        count = static_cast<int16_t>(from.size());
     }
-    int Below(int limit) { return static_cast<int>(engine() % static_cast<uint32_t>(limit)); }
 };
 
 // The tip of the isosceles triangle over the line from `a` to `b`, `height` to its right.

@@ -171,7 +171,7 @@ TEST_F(LegacyFile, ShipDataComeBack) {
     importvelknavi(Name(), reinterpret_cast<LegacyBsd*>(back.data()), &status);
     EXPECT_EQ(status, kLegacyDone);
     EXPECT_EQ(std::memcmp(back.data(), buffer->data(), sizeof(LegacyBsd)), 0);
-    EXPECT_EQ(back[sizeof(LegacyBsd)], 0) << "nothing behind the record is touched";
+    EXPECT_EQ(back[sizeof(LegacyBsd)], 0) << "nothing after the record is touched";
 }
 
 TEST_F(LegacyFile, WhatFailsLeavesRecordAndFileAsTheyWere) {

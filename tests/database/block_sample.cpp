@@ -11,9 +11,9 @@
 namespace corvane::test {
 namespace {
 
-float RandomSingle(RandomRow& row) {
-    const double mantissa = static_cast<int32_t>(row.Below(2000001)) - 1000000;
-    return static_cast<float>(mantissa * std::pow(10.0, static_cast<int>(row.Below(16)) - 10));
+float RandomSingle(Chance& chance) {
+    const double mantissa = static_cast<int32_t>(chance.Below(2000001u)) - 1000000;
+    return static_cast<float>(mantissa * std::pow(10.0, static_cast<int>(chance.Below(16u)) - 10));
 }
 
 }  // namespace
@@ -56,7 +56,7 @@ std::string Replaced(std::string_view text, std::string_view from, std::string_v
     return std::string(text.substr(0, place)).append(to).append(text.substr(place + from.size()));
 }
 
-std::string WithLineBehindEach(std::string_view text, std::string_view line) {
+std::string WithLineAfterEach(std::string_view text, std::string_view line) {
     std::string result;
     for (const char character : text) {
         result += character;
@@ -93,72 +93,55 @@ std::string WithoutPart(std::string_view text, size_t piece) {
     return result;
 }
 
-Compartment SampleCompartment() {
-    Compartment compartment;
-    compartment.contents = 1;
-    compartment.kind = 2;
-    compartment.symmetric = 1;
-    compartment.hold = 3;
-    compartment.designValues(1) = 1.025f;
-    compartment.designValues(2) = 0.76f;
-    compartment.designValues(20) = -20;
-    compartment.loadCase = 4;
-    compartment.stillWaterPressure_kPa = {{10, 20, 30, 0, 0, 0, 0, 0, 0, 0.5f}};
-    compartment.wavePressure_kPa = {{1, 2, 3, 0, 0, 0, 0, 0, 0, -4}};
-    compartment.levels = {{0.5f, 12, 6.25f}, {1.6f, 12.8f, 16}};
-    compartment.flags = {{1, 2, 3}};
-    compartment.ends = {{120, 152}};
-    compartment.closing = -1;
-    return compartment;
-}
-
-std::wstring RandomName(RandomRow& row) {
+std::wstring RandomName(Chance& chance) {
     constexpr std::wstring_view kCharacters = L"ABCxyz 0123456789-*_.,;()é°'\"";
     std::wstring name;
-    const uint32_t length = row.Below(41);
-    for (uint32_t i = 0; i < length; ++i) name += kCharacters[row.Below(kCharacters.size())];
+    const uint32_t length = chance.Below(41u);
+    for (uint32_t i = 0; i < length; ++i) name += kCharacters[chance.Below(kCharacters.size())];
     return name;
 }
 
-float Draw(RandomRow& row, float) {
-    return RandomSingle(row);
+float Draw(Chance& chance, float) {
+    return RandomSingle(chance);
 }
-int16_t Draw(RandomRow& row, int16_t) {
-    return static_cast<int16_t>(row.Below(65536));
+int16_t Draw(Chance& chance, int16_t) {
+    return static_cast<int16_t>(chance.Below(65536u));
 }
-int32_t Draw(RandomRow& row, int32_t) {
-    return static_cast<int32_t>(row.numbers());
-}
-
-void FillProfile(RandomRow& row, Scantlings& profile) {
-    Fill(row, profile.type, profile.webHeight_mm, profile.webThickness_mm, profile.flangeBreadth_mm,
-         profile.flangeThickness_mm);
+int32_t Draw(Chance& chance, int32_t) {
+    return chance.shortIntegers ? Draw(chance, int16_t{}) : static_cast<int32_t>(chance.engine());
 }
 
-Node RandomNode(RandomRow& row) {
+void FillProfile(Chance& chance, Scantlings& profile) {
+    Fill(chance, profile.type, profile.webHeight_mm, profile.webThickness_mm,
+         profile.flangeBreadth_mm, profile.flangeThickness_mm);
+}
+
+Node RandomNode(Chance& chance) {
     Node node{};
-    Fill(row, node.givenY, node.givenZ, node.inter, node.onStrake, node.onNode, node.shape,
+    Fill(chance, node.givenY, node.givenZ, node.inter, node.onStrake, node.onNode, node.shape,
          node.tangentY, node.tangentZ, node.radius, node.number);
-    node.relative = static_cast<int16_t>(row.Below(2) == 0 ? 0 : -1);
-    node.kind = static_cast<int32_t>(row.Below(6));
+    node.relative = static_cast<int16_t>(chance.Below(2u) == 0 ? 0 : -1);
+    node.kind = static_cast<int32_t>(chance.Below(6u));
     if (node.kind == kNodeIntersection) {
-        for (float& value : node.extension) Fill(row, value);
-        Fill(row, node.extensionStrake);
+        for (float& value : node.extension) Fill(chance, value);
+        Fill(chance, node.extensionStrake);
     }
     return node;
 }
 
-Compartment RandomCompartment(RandomRow& row) {
+Compartment RandomCompartment(Chance& chance) {
     Compartment compartment;
-    compartment.name = RandomName(row);
-    Fill(row, compartment.contents, compartment.kind, compartment.symmetric, compartment.hold,
-         compartment.loadCase, compartment.closing, compartment.flags(2), compartment.ends(1));
-    FillAll(row, compartment.designValues);
-    FillAll(row, compartment.stillWaterPressure_kPa);
-    FillAll(row, compartment.wavePressure_kPa);
-    compartment.levels.resize(row.Below(9));
+    compartment.name = RandomName(chance);
+    Fill(chance, compartment.contents, compartment.kind, compartment.symmetric, compartment.hold,
+         compartment.loadCase, compartment.closing);
+    for (int16_t& flag : compartment.flags.elements) Fill(chance, flag);
+    for (int16_t& end : compartment.ends.elements) Fill(chance, end);
+    FillAll(chance, compartment.designValues);
+    FillAll(chance, compartment.stillWaterPressure_kPa);
+    FillAll(chance, compartment.wavePressure_kPa);
+    compartment.levels.resize(chance.Below(9u));
     for (FillingLevel& level : compartment.levels) {
-        Fill(row, level.level_m, level.surfaceLength_m, level.surfaceBreadth_m);
+        Fill(chance, level.level_m, level.surfaceLength_m, level.surfaceBreadth_m);
     }
     return compartment;
 }

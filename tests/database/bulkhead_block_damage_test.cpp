@@ -31,16 +31,6 @@ void ExpectStable(BulkheadArrangement arrangement) {
     EXPECT_EQ(test::BodyText(again), test::BodyOf(once));
 }
 
-TEST_F(BulkheadDamageTest, BlockCutOffAtAnyByteIsReadAsFarAsItGoes) {
-    for (size_t length = 0; length < block.size(); length += 5) {
-        const BulkheadArrangement read = ReadArrangement(std::string_view(block).substr(0, length));
-        // The first dashes of a label can be taken for one name more.
-        EXPECT_LE(read.bulkheads.size(), 3u);
-        EXPECT_LE(read.holds.size(), 3u);
-        if (length % 7 == 0) ExpectStable(read);
-    }
-}
-
 TEST_F(BulkheadDamageTest, RowCutOffInTheMiddleKeepsItsFirstFields) {
     const size_t row = block.find(" 2 \t 1 \t 2 \t 2 \t 240 ");
     const SecondaryStiffener stiffener = FirstStiffener(block.substr(0, row + 22));
@@ -58,11 +48,6 @@ TEST_F(BulkheadDamageTest, HeadWithMissingLinesNeverSwallowsATable) {
     EXPECT_EQ(read.stoolVolume_m3, 1250.5f);
     EXPECT_TRUE(read.identifier.empty());
     EXPECT_EQ(read.bulkheads.size(), 2u);
-}
-
-TEST_F(BulkheadDamageTest, BlockWithoutNameLabelStillHasItsTables) {
-    const std::string label = FetchStructuralLines().nameLabel + "\r\n";
-    EXPECT_EQ(ReadArrangement(Replaced(block, label, "")).bulkheads.size(), 2u);
 }
 
 TEST_F(BulkheadDamageTest, HoldWithMissingLinesNeverSwallowsTheNextModel) {
@@ -103,13 +88,13 @@ TEST_F(BulkheadDamageTest, RowsOfABulkheadThatDoesNotExistAreLeftOut) {
         for (const char* row :
              {" 1 \t11.9\t", " 2 \t 0 \t 9 \t0", " 2 \t .8 \t 1 ", " 2 \t 1 \t 1 \t-1 ",
               " 2 \t 1 \t 2 \t 2 ", " 2 \t 1 \t 2 \t .35", " 1 \t .45 ", " 1 \t 1 \t 2 \t 8.4 "}) {
-            const std::string behind = std::string(row).substr(2);
+            const std::string after = std::string(row).substr(2);
             text =
-                Replaced(text, "\r\n" + std::string(row), "\r\n " + std::string(bulkhead) + behind);
+                Replaced(text, "\r\n" + std::string(row), "\r\n " + std::string(bulkhead) + after);
         }
         const BulkheadArrangement read = ReadArrangement(text);
         ASSERT_EQ(read.bulkheads.size(), 2u);
-        if (*bulkhead == 0) continue;  // the numbers behind take its place; only nothing breaks
+        if (*bulkhead == 0) continue;  // the next number counts as it; it only must not fail
         EXPECT_EQ(read.bulkheads[0].nodes.size(), 2u) << bulkhead;
         EXPECT_EQ(read.bulkheads[1].primaryStiffeners.size(), 1u) << bulkhead;
         EXPECT_EQ(read.bulkheads[1].secondaryStiffeners.size(), 1u) << bulkhead;
@@ -239,26 +224,6 @@ TEST_F(BulkheadDamageTest, LargeNumbersMakeNoLargeLists) {
         for (const auto& [number, band] : bulkhead.bands) strakeCount += band.size();
     }
     EXPECT_EQ(strakeCount, 2004u);
-}
-
-TEST_F(BulkheadDamageTest, LongLinesAndBinaryBytesAreHarmless) {
-    std::string line(200000, '7');
-    std::string binary;
-    for (int i = 0; i < 4000; ++i) binary += static_cast<char>(i * 37 % 256);
-    for (const std::string& damage : {line, binary, std::string(5000, '\0')}) {
-        for (const char* before : {"------------------ NODES", " 104.75 ", "Hold 3", "no node list",
-                                   " 2 \t .8 ", " 2 \t 1 \t 2 \t .35 "}) {
-            ExpectStable(ReadArrangement(Replaced(block, before, damage + before)));
-        }
-    }
-}
-
-TEST_F(BulkheadDamageTest, EmptyFileAndFileWithoutABlockGiveAnEmptyArrangement) {
-    for (const char* text : {"", "CORVANE DATABASE\r\n", "------\r\n------\r\n"}) {
-        const BulkheadArrangement read = ReadArrangement(text);
-        EXPECT_TRUE(read.bulkheads.empty());
-        EXPECT_TRUE(read.name.empty());
-    }
 }
 
 }  // namespace

@@ -10,16 +10,16 @@
 
 namespace corvane::test {
 
-// What the golden file says, written down a second time.
+// That of the golden file.
 BulkheadArrangement FullArrangement();
 // Every field set at random, and every list of a random length.
 BulkheadArrangement RandomArrangement(uint32_t seed);
 
-// The text of the block behind the name label.
+// The text of the block after the name label.
 std::string BodyText(BulkheadArrangement& arrangement);
 // The whole block.
 std::string BlockText(BulkheadArrangement& arrangement, int32_t number);
-// A block or a file as far as the reader takes it, from memory.
+// A block or a file as far as the reader reads it, from memory.
 BulkheadArrangement ReadArrangement(std::string_view text);
 
 }  // namespace corvane::test

@@ -27,7 +27,7 @@ void CORVANE_STDCALL GiveIdentifier(char* buffer, int32_t) {
 struct CopyModelTest : test::EditingTest {
     test::FakeFunction<decltype(GenerateID)> generate{GenerateID, GiveIdentifier};
 
-    // The section, and behind it the blocks 2 to 5.
+    // The section, and after it the blocks 2 to 5.
     std::string SectionAndOthers() {
         std::string text = SampleHead() + BlockText(section, 1);
         for (size_t i = 1; i < 5; ++i) text += CopiedBlockText(FiveBlocks()[i], 0);

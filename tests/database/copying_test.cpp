@@ -180,7 +180,7 @@ TEST_F(CopyingTest, ShiftedNumberStaysInItsRange) {
 }
 
 TEST_F(CopyingTest, BlockAtTheEndWithTheLargestNumberEndsNoRun) {
-    // One behind the largest number is no number of a block.
+    // One after the largest number is no number of a block.
     SampleBlock first;
     first.number = " 2147483647 ";
     SampleBlock second;
@@ -208,7 +208,7 @@ TEST_F(CopyingTest, BlockNumberedZeroDoesNotEndARunToTheEnd) {
 TEST_F(CopyingTest, LineFeedsPassThrough) {
     const std::string text = test::WithLineFeeds(DatabaseText(FiveBlocks()));
     std::string expected = text;
-    // Only the comment rules are written anew.
+    // Only the comment rules are written again.
     const std::string between = "\n* first\n*\n* third\n";
     const size_t at = expected.find(between);
     expected.replace(at, between.size(), "\n" + lines.commentRule + "\r\n");
@@ -272,7 +272,7 @@ TEST_F(CopyingTest, ReadThatFailsOnTheWayIsTheReadersError) {
     EXPECT_NE(from.error, system::kErrorNone);
 }
 
-// ---- Blocks as they stand ----------------------------------------------------------------------
+// ---- Blocks as they are ------------------------------------------------------------------------
 
 TEST_F(CopyingTest, BlocksAreCopiedUpToTheFirstOfTheNumberWhateverTheirNumbersAre) {
     std::vector<SampleBlock> blocks = FiveBlocks();
@@ -327,10 +327,10 @@ TEST_F(CopyingTest, FirstBlockOfADoubleNumberCanBeLeftOut) {
                          before.stopBefore = 2;
                          CopyBlocks(from, to, before);
                          SkipBlock(from);
-                         BlockRun behind;
-                         behind.shift = -1;
-                         behind.shiftAbove = 2;
-                         CopyBlocks(from, to, behind);
+                         BlockRun after;
+                         after.shift = -1;
+                         after.shiftAbove = 2;
+                         CopyBlocks(from, to, after);
                      }),
               expected);
 }

@@ -37,8 +37,8 @@ std::vector<std::string> LinesOf(const std::string& text) {
     return lines;
 }
 
-// Whether the line is these parts in their order with any text between them, but none before the
-// first and none behind the last.
+// Whether the line is these parts in their order with any text between them, but nothing before the
+// first and nothing after the last.
 bool HasParts(const std::string& line, const std::vector<std::string>& parts) {
     size_t at = 0;
     for (const std::string& part : parts) {
@@ -57,7 +57,7 @@ struct CreatingTest : testing::Test {
 };
 
 TEST_F(CreatingTest, FileHeadIsTheGoldenOneButForItsStamps) {
-    // The golden file's own stamps stand on the lines 4 to 7; whose name is not known has three.
+    // The golden file's own stamps are on the lines 4 to 7; whose name is not known has three.
     const std::vector<std::string> golden =
         LinesOf(test::ReadFileBytes(test::DataPath("golden/file_head.ve2")));
     BasicShipData bsd = SampleShip();
@@ -129,10 +129,10 @@ TEST_F(CreatingTest, FolderThatTakesNoFileIsReportedAndNoTextIsLeft) {
     const std::wstring missing = folder.File(L"no folder\\ship.ve2");
     BasicShipData bsd = SampleShip();
     EXPECT_FALSE(CreateDatabaseFile(missing, bsd));
-    const std::vector<std::string> told = test::RecordedReports::Of("warning");
-    ASSERT_EQ(told.size(), 1u);
-    EXPECT_NE(told[0].find("'" + test::Narrow(missing) + "'"), std::string::npos);
-    EXPECT_NE(told[0].find("its folder takes no new file"), std::string::npos);
+    const std::vector<std::string> shown = test::RecordedReports::Of("warning");
+    ASSERT_EQ(shown.size(), 1u);
+    EXPECT_NE(shown[0].find("'" + test::Narrow(missing) + "'"), std::string::npos);
+    EXPECT_NE(shown[0].find("its folder takes no new file"), std::string::npos);
     EXPECT_TRUE(test::FilesIn(folder.path).empty());
 }
 

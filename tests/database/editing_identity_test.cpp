@@ -1,9 +1,8 @@
 // A model that is read and put back unchanged leaves the file as it was, but for what every rewrite
 // makes regular: one comment rule between a marker and its number, the number of the model itself
-// in print form, the time in its stamp, CR LF at the ends of lines that are written anew, an end
+// in print form, the time in its stamp, CR LF at the ends of lines that are written again, an end
 // for the last line.
 #include <algorithm>
-#include <random>
 
 #include "tests/database/bulkhead_sample.h"
 #include "tests/database/editing_fixture.h"
@@ -20,7 +19,7 @@ using test::WithoutStamps;
 
 constexpr uint32_t kFiles = 10'000;
 
-// A block of a generated file: as it stands there, and as a rewrite leaves it.
+// A block of a generated file: as it is there, and as a rewrite leaves it.
 struct Piece {
     std::string comments;  // before its marker
     std::string text;      // from its marker on
@@ -37,10 +36,8 @@ struct GeneratedFile {
     bool endless = false;  // the last line has no end
 };
 
-struct Random {
-    std::mt19937 engine;
-    uint32_t Below(uint32_t limit) { return static_cast<uint32_t>(engine() % limit); }
-    bool OneIn(uint32_t chances) { return Below(chances) == 0; }
+struct Random : test::Chance {
+    using Chance::Chance;
     template <class Choice>
     Choice Of(std::initializer_list<Choice> choices) {
         return choices.begin()[Below(static_cast<uint32_t>(choices.size()))];
@@ -68,28 +65,28 @@ std::string RandomLines(Random& random) {
     return text;
 }
 
-// The text from the line behind the number on.
-std::string BehindNumber(std::string_view block) {
+// The text from the line after the number on.
+std::string AfterNumber(std::string_view block) {
     size_t place = 0;
     for (int line = 0; line < 3; ++line) place = block.find('\n', place) + 1;
     return std::string(block.substr(place));
 }
 
 struct EditingIdentityTest : test::TemporaryFilesInMemory, test::EditingTest {
-    std::vector<std::string> models;  // blocks behind their numbers
+    std::vector<std::string> models;  // blocks after their numbers
 
     void SetUp() override {
         for (uint32_t seed = 0; seed < 60; ++seed) {
             SectionModel random = RandomSection(seed);
             if (random.panels.size() > 2) random.panels.resize(2);
             if (random.compartments.size() > 1) random.compartments.resize(1);
-            models.push_back(BehindNumber(BlockText(random, 1)));
+            models.push_back(AfterNumber(BlockText(random, 1)));
         }
         for (uint32_t seed = 0; seed < 30; ++seed) {
             BulkheadArrangement random = RandomArrangement(seed);
             if (random.bulkheads.size() > 1) random.bulkheads.resize(1);
             if (random.holds.size() > 1) random.holds.resize(1);
-            models.push_back(BehindNumber(BlockText(random, 1)));
+            models.push_back(AfterNumber(BlockText(random, 1)));
         }
     }
 
@@ -130,7 +127,7 @@ struct EditingIdentityTest : test::TemporaryFilesInMemory, test::EditingTest {
     }
 
     GeneratedFile RandomFile(uint32_t seed) {
-        Random random{std::mt19937(seed)};
+        Random random(seed);
         const bool lineFeeds = random.OneIn(3);
         GeneratedFile file;
         file.head = RandomComments(random) + lines.signature + "\r\n" + RandomLines(random);
@@ -180,21 +177,21 @@ struct EditingIdentityTest : test::TemporaryFilesInMemory, test::EditingTest {
         const std::string text = Text();
 
         std::string before = file.head;
-        std::string behind;
+        std::string after;
         for (size_t i = 0; i < file.pieces.size(); ++i) {
-            std::string& side = i <= place ? before : behind;
+            std::string& side = i <= place ? before : after;
             side += file.pieces[i].comments;
             if (i != place) side += file.pieces[i].copied;
         }
-        if (file.endless) behind = WithoutLastEnd(behind);
-        if (!behind.empty() && !behind.ends_with('\n')) behind += "\r\n";
-        ASSERT_GE(text.size(), before.size() + behind.size());
+        if (file.endless) after = WithoutLastEnd(after);
+        if (!after.empty() && !after.ends_with('\n')) after += "\r\n";
+        ASSERT_GE(text.size(), before.size() + after.size());
         EXPECT_TRUE(text.starts_with(before));
-        EXPECT_TRUE(text.ends_with(behind));
+        EXPECT_TRUE(text.ends_with(after));
         const std::string& rewritten = file.pieces[place].rewritten;
         if (rewritten.empty()) return;
         EXPECT_EQ(
-            WithoutStamps(text.substr(before.size(), text.size() - before.size() - behind.size())),
+            WithoutStamps(text.substr(before.size(), text.size() - before.size() - after.size())),
             WithoutStamps(rewritten));
     }
 };

@@ -57,17 +57,6 @@ TEST_F(ListingTest, ListsNamesKindsAndPositionsInFileOrder) {
     EXPECT_EQ(entries[4].x, -3.5f);
 }
 
-TEST_F(ListingTest, NumbersAreListedAsTheyAre) {
-    std::vector<SampleBlock> blocks = FiveBlocks();
-    blocks[1].number = " 7 ";
-    blocks[2].number = "7 aft";
-    blocks[3].number = "none";
-    Write(DatabaseText(blocks) + lines.modelMarker + "\r\n");
-    std::vector<int32_t> numbers;
-    for (const ModelEntry& entry : ListModels(path)) numbers.push_back(entry.number);
-    EXPECT_EQ(numbers, (std::vector<int32_t>{1, 7, 7, 0, 5, 0}));
-}
-
 TEST_F(ListingTest, ListWithoutPositionsIsTheSameButForX) {
     Write(DatabaseText(FiveBlocks()));
     const std::vector<ModelEntry> names = ListModels(path);
@@ -190,13 +179,16 @@ TEST_F(ListingTest, NumbersThatAreDoubleOrNotDenseAreListedAsTheyAre) {
     blocks[1].number = " 7 ";
     blocks[2].number = "-2 ";
     blocks[3].number = "none";
-    Write(DatabaseText(blocks));
+    blocks[4].number = "5 aft";
+    Write(DatabaseText(blocks) + lines.modelMarker + "\r\n");
     const std::vector<ModelEntry> entries = ListModelsWithPositions(path);
-    ASSERT_EQ(entries.size(), 5u);
+    ASSERT_EQ(entries.size(), 6u);
     EXPECT_EQ(entries[1].name, L"Bulkhead 40");
-    const bool own[] = {false, false, false, false, true};
+    const int32_t numbers[] = {7, 7, -2, 0, 5, 0};
+    const bool own[] = {false, false, false, false, true, false};
     const std::string text = test::ReadFileBytes(path);
-    for (size_t i = 0; i < 5; ++i) {
+    for (size_t i = 0; i < 6; ++i) {
+        EXPECT_EQ(entries[i].number, numbers[i]) << i;
         EXPECT_EQ(entries[i].hasOwnNumber, own[i]) << i;
         const auto offset = static_cast<size_t>(entries[i].offset);
         EXPECT_EQ(text.compare(offset, lines.modelMarker.size(), lines.modelMarker), 0) << i;

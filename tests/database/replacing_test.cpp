@@ -16,7 +16,7 @@ using test::SampleHead;
 using test::WithoutStamps;
 
 struct ReplacingTest : test::EditingTest {
-    // The blocks as an edit leaves them, the section in the place of the one at `place`.
+    // The blocks as an edit leaves them, the section instead of the one at `place`.
     std::string WithSectionAt(const std::vector<SampleBlock>& blocks, size_t place) {
         std::string text = SampleHead();
         for (size_t i = 0; i < blocks.size(); ++i) {
@@ -108,7 +108,7 @@ TEST_F(ReplacingTest, BulkheadArrangementIsReplacedAndAppended) {
     ExpectRefusal(text, kMsgModelMissing, {8, path});
 }
 
-TEST_F(ReplacingTest, BulkheadArrangementPutBackTenTimesLeavesNothingBehind) {
+TEST_F(ReplacingTest, BulkheadArrangementPutBackTenTimesAddsNothing) {
     for (const bool bare : {false, true}) {
         BulkheadArrangement arrangement = bare ? BulkheadArrangement() : test::FullArrangement();
         SampleBlock next;
@@ -225,7 +225,7 @@ struct ClosingRuleTest : ReplacingTest {
     }
 };
 
-TEST_F(ClosingRuleTest, ReplacingTenTimesLeavesNothingBehind) {
+TEST_F(ClosingRuleTest, ReplacingTenTimesAddsNothing) {
     for (const char* comments : {"", "* a note\r\n", "*\r\n* a note\r\n*\r\n", "*\r\n", "**\r\n"}) {
         SampleBlock next;
         next.number = " 2 ";

@@ -34,7 +34,7 @@ struct CodedLine {
 };
 
 enum class Filling {
-    kDistinct,  // every column has a value of its own
+    kDistinct,  // every column has another value
     kTooLarge   // integers have a value that their type cannot hold
 };
 

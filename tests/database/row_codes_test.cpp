@@ -1,5 +1,5 @@
 // Every row of a section block and of a bulkhead arrangement against its code letters: as many
-// columns as letters, each in its letter's form, and each of them a field of its own.
+// columns as letters, each in its letter's form, and each of them another field.
 #include "tests/database/row_codes.h"
 
 #include <gtest/gtest.h>
@@ -523,7 +523,7 @@ BulkheadArrangement ReadArrangement(const CodedText& text) {
     return test::ReadArrangement(BlockOf("BHA", text.given));
 }
 
-TEST(SectionRows, EachColumnIsAFieldOfItsOwn) {
+TEST(SectionRows, EachColumnIsItsOwnField) {
     const auto lines = LinesOfSection();
     const CodedText text = TextOf(lines, Filling::kDistinct);
     ExpectColumns(lines, text, ReadSection(text));
@@ -537,7 +537,7 @@ TEST(SectionRows, AreWrittenWithTheirLetters) {
     }
 }
 
-TEST(BulkheadRows, EachColumnIsAFieldOfItsOwn) {
+TEST(BulkheadRows, EachColumnIsItsOwnField) {
     const auto lines = LinesOfArrangement();
     const CodedText text = TextOf(lines, Filling::kDistinct);
     ExpectColumns(lines, text, ReadArrangement(text));

@@ -10,6 +10,7 @@
 #include "bsd/bsd_file.h"
 #include "database/scanning.h"
 #include "files/text_file.h"
+#include "tests/support/support.h"
 #include "text/numbers.h"
 
 namespace corvane::test {
@@ -21,15 +22,6 @@ inline std::string JoinLines(std::initializer_list<std::string_view> lines) {
         text += "\r\n";
     }
     return text;
-}
-
-// The same text with LF alone as line end.
-inline std::string WithLineFeeds(std::string_view text) {
-    std::string result;
-    for (const char character : text) {
-        if (character != '\r') result += character;
-    }
-    return result;
 }
 
 inline std::string SampleHead() {

@@ -28,16 +28,6 @@ void ExpectStable(SectionModel section) {
     EXPECT_EQ(BodyText(again), test::BodyOf(once));
 }
 
-TEST_F(SectionDamageTest, BlockCutOffAtAnyByteIsReadAsFarAsItGoes) {
-    for (size_t length = 0; length < block.size(); length += 7) {
-        const SectionModel section = ReadText(std::string_view(block).substr(0, length));
-        // The first dashes of a label can be taken for one name more.
-        EXPECT_LE(section.panels.size(), 3u);
-        EXPECT_LE(section.compartments.size(), 3u);
-        if (length % 5 == 0) ExpectStable(section);
-    }
-}
-
 TEST_F(SectionDamageTest, TableCutOffInTheMiddleKeepsTheRowsBefore) {
     const size_t second = block.find(" 2 \t0\t-0.5");
     const SectionModel section = ReadText(block.substr(0, second));
@@ -69,12 +59,6 @@ TEST_F(SectionDamageTest, HeadWithMissingLinesNeverSwallowsATable) {
     const SectionModel section = ReadText(block.substr(0, from) + block.substr(to));
     EXPECT_EQ(section.panels.size(), 2u);
     EXPECT_EQ(section.bottomModulus_m3, 25.125f);
-}
-
-TEST_F(SectionDamageTest, BlockWithoutNameLabelStillHasItsTables) {
-    const std::string label = FetchStructuralLines().nameLabel + "\r\n";
-    const SectionModel section = ReadText(Replaced(block, label, ""));
-    EXPECT_EQ(section.panels.size(), 2u);
 }
 
 TEST_F(SectionDamageTest, CountsThatDisagreeWithTheRowsDoNotMatter) {
@@ -187,26 +171,6 @@ TEST_F(SectionDamageTest, ManyRowsAreClampedToSixteenBitCounts) {
         block.substr(0, place) + rows + block.substr(block.find("*\r\n------------------ PLATES")));
     EXPECT_EQ(section.panels[0].nodes.size(), 32767u);
     EXPECT_EQ(section.panels[0].plates.size(), 2u);
-}
-
-TEST_F(SectionDamageTest, LongLinesAndBinaryBytesAreHarmless) {
-    std::string line(200000, '7');
-    std::string binary;
-    for (int i = 0; i < 4000; ++i) binary += static_cast<char>(i * 37 % 256);
-    for (const std::string& damage : {line, binary, std::string(5000, '\0')}) {
-        for (const char* before :
-             {"------------------ NODES", " 12.5 \t 32.2 ", "Void", " 100 \t-90 "}) {
-            ExpectStable(ReadText(Replaced(block, before, damage + before)));
-        }
-    }
-}
-
-TEST_F(SectionDamageTest, EmptyFileAndFileWithoutABlockGiveAnEmptySection) {
-    for (const char* text : {"", "CORVANE DATABASE\r\n", "------\r\n------\r\n"}) {
-        const SectionModel section = ReadText(text);
-        EXPECT_TRUE(section.panels.empty());
-        EXPECT_TRUE(section.name.empty());
-    }
 }
 
 }  // namespace

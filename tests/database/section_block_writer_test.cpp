@@ -35,27 +35,12 @@ struct SectionWriterTest : testing::Test {
     test::RecordedReports screen;
 };
 
-TEST_F(SectionWriterTest, FullSectionIsTheGoldenBlock) {
-    const std::string golden = test::ReadFileBytes(test::DataPath("golden/section_full.ve2"));
-    SectionModel section = FullSection();
-    EXPECT_EQ(BodyText(section), test::BodyOf(golden));
-}
-
 TEST_F(SectionWriterTest, SectionWithoutPanelsIsTheBareGoldenBlock) {
     const std::string golden = test::ReadFileBytes(test::DataPath("golden/section_bare.ve2"));
     SectionModel section;
     section.name = L"Bare";
     section.identifier = "ID-0002";
     EXPECT_EQ(BodyText(section), test::BodyOf(golden));
-}
-
-TEST_F(SectionWriterTest, BlockHeadHasTheNumberTheKeywordAndTheLayoutVersion) {
-    SectionModel section = OnePanel();
-    const std::string text = test::BlockText(section, 7);
-    const StructuralLines lines = FetchStructuralLines();
-    EXPECT_TRUE(text.starts_with(lines.modelMarker + "\r\n" + lines.commentRule +
-                                 "\r\n 7 \r\nSECTION\r\n" + lines.commentRule + "\r\n" +
-                                 lines.versionLabel + "\r\n 2.002 \r\n" + lines.commentRule));
 }
 
 TEST_F(SectionWriterTest, SectionWithoutCompartmentsHasNeitherOfTheirTables) {
@@ -96,17 +81,6 @@ TEST_F(SectionWriterTest, PanelNodeAndPlateTablesAreThereWithoutRows) {
                                       kMsgFatigueTable, kMsgStiffenerTable}) {
         EXPECT_FALSE(Has(text, GetMessageBytes(label)));
     }
-}
-
-TEST_F(SectionWriterTest, SectionWithoutIdentifierGetsOneAndKeepsIt) {
-    SectionModel section = OnePanel();
-    section.identifier.clear();
-    const std::string first = BodyText(section);
-    ASSERT_FALSE(section.identifier.empty());
-    EXPECT_TRUE(Has(first, "\r\n" + section.identifier + "\r\n\r\n 0 \t 0 \r\n"));
-    const std::string kept = section.identifier;
-    EXPECT_EQ(BodyText(section), first);
-    EXPECT_EQ(section.identifier, kept);
 }
 
 TEST_F(SectionWriterTest, IdentifierIsCutAtItsFirstNul) {
@@ -159,7 +133,7 @@ TEST_F(SectionWriterTest, PanelNameIsPaddedAndCutToFortyCharacters) {
     EXPECT_TRUE(Has(BodyText(section), "\r\n" + std::string(40, 'x') + "\t 0 \t"));
 }
 
-// What a name is made of when it could be taken for another kind of line.
+// What a name is made of when it looks like another kind of line.
 TEST_F(SectionWriterTest, NamesNeverMakeOtherLines) {
     const std::string marker = FetchStructuralLines().modelMarker;
     const struct {
@@ -228,15 +202,6 @@ TEST_F(SectionWriterTest, MissingDetailsOfStiffenersAreAddedAsEmptyOnes) {
     section.panels[0].stiffeners.resize(3);
     BodyText(section);
     EXPECT_EQ(section.panels[0].stiffenerDetails.size(), 3u);
-}
-
-TEST_F(SectionWriterTest, WriteThatFailsIsTheWritersError) {
-    TextWriter writer;
-    writer.buffer = std::make_unique<char[]>(kTextBufferSize);
-    writer.error = system::kErrorPathNotFound;
-    SectionModel section = FullSection();
-    WriteSectionBlock(writer, section, 1);
-    EXPECT_EQ(writer.error, system::kErrorPathNotFound);
 }
 
 }  // namespace

@@ -10,16 +10,21 @@
 
 namespace corvane::test {
 
-// What the golden file says, written down a second time.
+// That of the golden file.
 SectionModel FullSection();
 // Every field set at random, and every list of a random length.
+Span RandomSpan(Chance& chance);
+Plate RandomPlate(Chance& chance);
+PrimaryBracket RandomBracket(Chance& chance);
+Opening RandomOpening(Chance& chance);
+Pillar RandomPillar(Chance& chance);
 SectionModel RandomSection(uint32_t seed);
 
-// The text of the block behind the name label.
+// The text of the block after the name label.
 std::string BodyText(SectionModel& section);
 // The whole block.
 std::string BlockText(SectionModel& section, int32_t number);
-// A block or a file as far as the section reader takes it, from memory.
+// A block or a file as far as the section reader reads it, from memory.
 SectionModel ReadText(std::string_view text, ModelKind kind = ModelKind::kSection);
 
 }  // namespace corvane::test

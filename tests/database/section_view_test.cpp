@@ -1,4 +1,4 @@
-// MakeLibraryView: a section as the geometry library takes it.
+// MakeLibraryView: a section as the geometry library gets it.
 #include <gtest/gtest.h>
 
 #include "database/section_view.h"

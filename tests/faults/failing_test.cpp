@@ -1,5 +1,5 @@
 // Every call that reaches the file system fails, once and for good, in every way: the file is the
-// old one, or the new one where the procedure says so, the user is told, and no file is left that
+// old one, or the new one where the procedure says so, a message says so, and no file is left that
 // no message names.
 #include <array>
 

@@ -40,7 +40,7 @@ bool IsNamed(const std::wstring& path, const std::vector<std::string>& messages)
     });
 }
 
-// A file that the user was not told of.
+// A file that no message named.
 std::string StrayFile(const Scene& scene, const std::vector<std::string>& messages) {
     for (const std::wstring& folder : {scene.folder, scene.temporaries}) {
         for (const std::wstring& name : test::FilesIn(folder)) {

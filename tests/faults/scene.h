@@ -37,14 +37,14 @@ void Measure(Scene& scene);
 
 // Runs the edit in a process of its own; true when that was killed, false when it came to its end.
 bool IsKilled(const Scene& scene, const Plan& plan);
-// What that process does where it is the same program run anew: its arguments are EDIT FOLDER
+// What that process does where it is the same program run again: its arguments are EDIT FOLDER
 // TEMPORARIES FAULT CALL.
 int RunAsChild(const std::vector<std::string>& arguments);
 
-// What is wrong with the files as they stand, "" when nothing is.
+// What is wrong with the files as they are, "" when nothing is.
 // After a death: the file is whole, the old or the new one, and so is the backup.
 std::string FaultAfterDeath(const Scene& scene);
-// After an edit that came to its end: what it says is true, the user was told of a failure, and no
+// After an edit that came to its end: what it says is true, a failure was reported, and no
 // file is left that no message names.
 std::string FaultAfterEnd(const Scene& scene, const Outcome& outcome);
 

@@ -1,4 +1,4 @@
-// A clock that stands still, in the place of the program's own: an edit made twice gives the same
+// A clock that does not run, instead of the program's own: an edit made twice gives the same
 // text. Nobody waits, but where a test says so.
 #include "tests/faults/still_clock.h"
 

@@ -62,7 +62,7 @@ TEST(RunAndWait, AnyNonZeroResultIsTrue) {
     EXPECT_FALSE(result.crashed);
 }
 
-TEST(RunAndWait, CrashIsToldFromAnEnd) {
+TEST(RunAndWait, CrashIsDistinguishedFromAnEnd) {
     const RecordedReports screen;
     const FakeFunction fake(ShellAndWait, Witness<kProgramCrashed>);
     const RunResult result = RunProgram(L"a.exe", 0);
@@ -71,7 +71,7 @@ TEST(RunAndWait, CrashIsToldFromAnEnd) {
     EXPECT_FALSE(childRunning);
 }
 
-// A library that leaves the system's reason behind, as ours does: it fails to make a file anew.
+// A library that leaves the system's reason, as ours does: it fails to make a file again.
 std::wstring takenName;
 int16_t CORVANE_STDCALL FailWithAReason(const char*, int16_t) {
     system::File file;
@@ -79,7 +79,7 @@ int16_t CORVANE_STDCALL FailWithAReason(const char*, int16_t) {
     return 0;
 }
 
-TEST(RunAndWait, ReasonOfTheSystemIsTold) {
+TEST(RunAndWait, ReasonOfTheSystemIsReported) {
     const RecordedReports screen;
     const TemporaryFolder folder;
     takenName = folder.File(L"taken");
@@ -241,7 +241,7 @@ TEST(PromptForFileName, TextsOfAnyLengthFit) {
     EXPECT_EQ(prompt.fileName, std::wstring(399, L'f'));  // the buffer has room for the NUL besides
 }
 
-TEST(PromptForFileName, BufferWithoutANulIsTakenWhole) {
+TEST(PromptForFileName, BufferWithoutANulIsUsedWhole) {
     const FakeFunction fake(ZTUtilPromptForName, FillTheBuffer);
     FilePrompt prompt = SavePrompt();
     EXPECT_EQ(PromptForFileName(prompt), std::wstring(400, L'n'));

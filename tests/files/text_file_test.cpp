@@ -146,7 +146,7 @@ TEST(ReadLine, LinesStraddlingTheBufferAtEveryOffset) {
     for (const char* end : {"\r\n", "\n"}) {
         for (size_t back = 0; back <= 14; ++back) {
             const std::string bytes =
-                Filler(kTextBufferSize - back) + "0123456789" + end + "behind" + end;
+                Filler(kTextBufferSize - back) + "0123456789" + end + "after" + end;
             WriteFileBytes(path, bytes);
             ExpectLinesOf(path, bytes);
         }
@@ -173,7 +173,7 @@ TEST(ReadLine, LineAroundTheLongestLength) {
     for (const char* end : {"\r\n", "\n", ""}) {
         for (size_t length = kLongestLine - 2; length <= kLongestLine + 2; ++length) {
             const std::string bytes =
-                "before\r\n" + std::string(length, 'l') + end + (*end != '\0' ? "behind\r\n" : "");
+                "before\r\n" + std::string(length, 'l') + end + (*end != '\0' ? "after\r\n" : "");
             WriteFileBytes(path, bytes);
             ExpectLinesOf(path, bytes);
         }
@@ -196,7 +196,7 @@ TEST(ReadLine, LongLinesAreCutAndTheNextLineIsWhole) {
     }
 }
 
-// The cut line's end may lie exactly where a read of its rest ends.
+// The cut line's end may be exactly where a read of its rest ends.
 TEST(ReadLine, EndOfALongLineAtEveryOffsetAroundTheReads) {
     const TemporaryFolder folder;
     const std::wstring path = folder.File(L"long.txt");
@@ -377,7 +377,7 @@ TEST(FindLine, MarkerStraddlingTheBufferAtEveryOffset) {
     for (const char* end : {"\r\n", "\n"}) {
         for (size_t back = 0; back <= marker.size() + 6; ++back) {
             const std::string before = Filler(kTextBufferSize + 3 - back);
-            ExpectFound(before + marker + end + "behind\r\n", marker,
+            ExpectFound(before + marker + end + "after\r\n", marker,
                         static_cast<int64_t>(before.size()));
             ExpectFound(before + marker, marker, static_cast<int64_t>(before.size()));
             ExpectFound(before + marker + "x" + end + marker, marker,
@@ -391,9 +391,9 @@ TEST(FindLine, MarkerStraddlingTheBufferAtEveryOffset) {
 // One line feed and marker at every place of the blocks in which memory is looked through.
 TEST(FindLine, MarkerAtEveryOffsetOfAShortFile) {
     for (size_t before = 0; before < 70; ++before) {
-        for (size_t behind = 0; behind < 3; ++behind) {
+        for (size_t after = 0; after < 3; ++after) {
             const std::string text =
-                std::string(before, 'M') + "\nMARK\n" + std::string(behind, 'M');
+                std::string(before, 'M') + "\nMARK\n" + std::string(after, 'M');
             ExpectFound(text, "MARK", static_cast<int64_t>(before) + 1);
         }
         ExpectFound(std::string(before, 'M') + "\nMARK", "MARK", static_cast<int64_t>(before) + 1);

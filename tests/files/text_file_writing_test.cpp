@@ -205,7 +205,7 @@ TEST(CopySpan, AfterALineThatWasCut) {
 
 TEST(CopySpan, GoesOnFromALineThatWasFound) {
     const std::string before = LinesOfSize(kTextBufferSize - 7);
-    OneFile file(before + "MARK\r\nbehind\r\n");
+    OneFile file(before + "MARK\r\nafter\r\n");
     ASSERT_TRUE(FindLine(file.reader, "MARK"));
     const int64_t position = LinePosition(file.reader);
     EXPECT_TRUE(CopyOf(file, 0, position) == before);
@@ -246,9 +246,9 @@ TEST(CopyToLine, WithoutTheLineTheLastOneGetsItsEnd) {
 TEST(CopyToLine, MarkAtEveryOffsetFromTheBuffersEnd) {
     for (size_t offset = 0; offset < 12; ++offset) {
         const std::string before = LinesOfSize(kTextBufferSize - offset);
-        const std::string behind = LinesOfSize(kTextBufferSize + offset);
-        OneFile file(before + "MARK\r\n" + behind + "MARK");
-        EXPECT_TRUE(PiecesBetweenMarks(file) == (std::vector<std::string>{before, behind, ""}))
+        const std::string after = LinesOfSize(kTextBufferSize + offset);
+        OneFile file(before + "MARK\r\n" + after + "MARK");
+        EXPECT_TRUE(PiecesBetweenMarks(file) == (std::vector<std::string>{before, after, ""}))
             << offset;
     }
 }

@@ -51,12 +51,13 @@ BasicShipData Ship() {
 }
 
 // Status captions and warnings in order, without the "..." of a status.
-Calls Told() {
-    Calls told;
+Calls Reports() {
+    Calls reports;
     for (const std::string& event : RecordedReports::events) {
-        if (event.starts_with("caption ") || event.starts_with("warning ")) told.push_back(event);
+        if (event.starts_with("caption ") || event.starts_with("warning "))
+            reports.push_back(event);
     }
-    return told;
+    return reports;
 }
 
 std::string Caption(int32_t number, MessageArguments arguments) {
@@ -167,11 +168,11 @@ TEST_F(Exchange, FailureEndsTheExportOfASectionAndIsReportedInWords) {
 TEST_F(Exchange, StatusLinesOfAnExportFollowOneAnother) {
     SectionModel section = SmallSection(L"A section with a name of more than 20", 7.5F);
     ExportSection({L"C:\\Ships\\Alpha\\a long name.vel", 1}, section, bsd);
-    const Calls told = Told();
-    ASSERT_EQ(told.size(), 3u) << "the steps of the conversion are not shown";
-    EXPECT_EQ(told[0], Caption(620, {L"A sectio..than 20", L"C:\\Ships..name.vel"}));
-    EXPECT_EQ(told[1], Caption(611, {section.name}));
-    EXPECT_EQ(told[2], "caption ");
+    const Calls reports = Reports();
+    ASSERT_EQ(reports.size(), 3u) << "the steps of the conversion are not shown";
+    EXPECT_EQ(reports[0], Caption(620, {L"A sectio..than 20", L"C:\\Ships..name.vel"}));
+    EXPECT_EQ(reports[1], Caption(611, {section.name}));
+    EXPECT_EQ(reports[2], "caption ");
     EXPECT_EQ(RecordedReports::tag, L"-1") << "status lines are shown again";
 }
 
@@ -449,10 +450,10 @@ TEST_F(Exchange, TitlesCrossInOemPaddedToThirty) {
 }
 
 TEST_F(Exchange, ShipDataCrossInALargerZeroedBuffer) {
-    const FakeFunction fake(importvelknavi, [](const char*, LegacyBsd* taken, int16_t* status) {
-        const auto* bytes = reinterpret_cast<const char*>(taken);
+    const FakeFunction fake(importvelknavi, [](const char*, LegacyBsd* read, int16_t* status) {
+        const auto* bytes = reinterpret_cast<const char*>(read);
         for (size_t i = 0; i < kLegacyBsdBufferSize; ++i) EXPECT_EQ(bytes[i], 0) << i;
-        std::memset(reinterpret_cast<char*>(taken), ' ', kLegacyBsdBufferSize);
+        std::memset(reinterpret_cast<char*>(read), ' ', kLegacyBsdBufferSize);
         *status = 0;
     });
     BasicShipData back;
@@ -480,10 +481,10 @@ TEST_F(Exchange, SectionIsImportedInTheDescribedOrder) {
               (Calls{"importvelkmainsec ship.vel 7", "importsectiongeometry ship.vel 7",
                      "importvelkcompload ship.vel 7"}));
     EXPECT_EQ(back.name, L"Frame 10");
-    const Calls told = Told();
-    ASSERT_EQ(told.size(), 2u);
-    EXPECT_EQ(told[0], Caption(610, {L"Frame 10"}));
-    EXPECT_EQ(told[1], "caption ");
+    const Calls reports = Reports();
+    ASSERT_EQ(reports.size(), 2u);
+    EXPECT_EQ(reports[0], Caption(610, {L"Frame 10"}));
+    EXPECT_EQ(reports[1], "caption ");
     EXPECT_EQ(RecordedReports::tag, L"-1");
 }
 

@@ -206,7 +206,7 @@ TEST_F(GeometryTest, RelativeNodeOfAStrake) {
     EXPECT_EQ(RelativeNode(section.section, 1), NodeReference{});
 }
 
-TEST_F(GeometryTest, RelativeNodeOfStrakeZeroIsNoneWithoutACall) {
+TEST_F(GeometryTest, RelativeNodeOfStrakeZeroIsNotANodeAndNothingIsCalled) {
     static int calls;
     calls = 0;
     const FakeFunction fake(RelNode, [](Strake*, int16_t, int16_t, int16_t* strake, int16_t* node) {
@@ -496,14 +496,14 @@ TEST_F(GeometryTest, StiffenersArePlaced) {
     EXPECT_EQ(section.StiffenerOf(1, 3).normalZ, 0);
 }
 
-TEST_F(GeometryTest, StiffenerBeyondTheStrakeStandsAtItsEnd) {
+TEST_F(GeometryTest, StiffenerBeyondTheStrakeIsAtItsEnd) {
     section.Add({GivenNode(0, 0), GivenNode(10, 0)}, {StiffenerAt(12)});
     Compute();
     EXPECT_EQ(section.StiffenerOf(1, 1).y, 10);
     EXPECT_EQ(section.StiffenerOf(1, 1).offset, 12);
 }
 
-TEST_F(GeometryTest, StiffenerWithinTheToleranceOfAKnuckleStandsThere) {
+TEST_F(GeometryTest, StiffenerWithinTheToleranceOfAKnuckleIsThere) {
     section.Add({GivenNode(0, 0), GivenNode(4, 0), GivenNode(4, 4)},
                 {StiffenerAt(3.9995F), StiffenerAt(4.0005F), StiffenerAt(3.998F)});
     Compute();

@@ -50,6 +50,8 @@ struct LegacyRecord : testing::Test {
 
 TEST_F(LegacyRecord, HeadIsInTheMainBlock) {
     section = FullSection();
+    section.stillWaterMoment_kNm(2) = -1800;  // a file has magnitudes
+    section.waveMoment_kNm(2) = -2600;
     section.moduliAbsent = 0;
     Export();
     EXPECT_EQ(TextAt(0, 40), "Frame 100" + std::string(31, '\0'));
@@ -164,7 +166,7 @@ TEST_F(LegacyRecord, NodeWithCoordinatesDefinesAPoint) {
     EXPECT_EQ(GeometryAt<float>(3264 + 4 * 4), 2);
 }
 
-TEST_F(LegacyRecord, ClassAndCodeTellTheKindOfANode) {
+TEST_F(LegacyRecord, ClassAndCodeGiveTheKindOfANode) {
     struct Expected {
         Node node;
         int16_t nodeClass, code;
@@ -196,7 +198,7 @@ TEST_F(LegacyRecord, NodeOnANodeThatDoesNotExistIsReported) {
     ExportNode(OffsetNode({1, 3}, 1, 1));
     const std::vector<std::string> lost = RecordedReports::Of("lost");
     EXPECT_EQ(lost.back(), LossText(3590, {2, 1}));
-    EXPECT_EQ(SectionOf(*record).panels[1].nodes[0].onNode, 3) << "it is kept as it stands";
+    EXPECT_EQ(SectionOf(*record).panels[1].nodes[0].onNode, 3) << "it is kept as it is";
 }
 
 TEST_F(LegacyRecord, NodeOfAnotherKindIsReportedAndGivenByItsCoordinates) {

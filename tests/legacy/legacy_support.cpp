@@ -14,14 +14,13 @@
 #include "platform/system.h"
 #include "report/reporters.h"
 #include "tests/companions/section_builder.h"
+#include "tests/database/section_sample.h"
 #include "tests/support/recorded_reports.h"
 
 namespace corvane::test {
 namespace {
 
 // ---- Random sections ---------------------------------------------------------------------------
-
-constexpr int kFatigueTables = kLegacyFatigueTables;
 
 struct Draft {
     Chance chance;
@@ -30,8 +29,8 @@ struct Draft {
     int brackets = 0;
     int curves = 0;
 
-    bool OneIn(int count) { return chance.Below(count) == 0; }
-    int16_t Code() { return static_cast<int16_t>(chance.Below(65536) - 32768); }
+    bool OneIn(int count) { return chance.OneIn(count); }
+    int16_t Code() { return Draw(chance, int16_t{}); }
     float Length() { return chance.Between(0.1, 20); }
     std::wstring Name(int most) {
         constexpr std::wstring_view kLetters = L"ABCxyz 0123-_.,;()\u00E9\u00DF\u00F8'";
@@ -78,25 +77,13 @@ Node DraftNode(Draft& draft, float y) {
     }
 }
 
+// As many brackets and fatigue tables as the record has room for.
 Span DraftSpan(Draft& draft) {
-    Span span;
+    Span span = RandomSpan(draft.chance);
     span.scantlings = DraftProfile(draft);
-    span.length_m = draft.Length();
-    span.material = draft.Code();
-    span.aftLength_m = draft.Length();
-    span.aftConnection = draft.Code();
-    span.foreLength_m = draft.Length();
-    span.foreConnection = draft.Code();
-    span.reduction_m = draft.Length();
-    span.spacing_m = draft.Length();
-    span.position = draft.Code();
-    if (draft.OneIn(4) && ++draft.brackets <= kLegacySpanBrackets) {
-        span.bracket = {true, draft.Code(), draft.Length(), DraftProfile(draft), draft.Code()};
-    }
-    if (draft.OneIn(10) && ++draft.fatigueTables <= kFatigueTables) {
-        span.fatigue = {true, draft.Length(), draft.Code(), draft.Code(), draft.Code(), 2, 3, {}};
-        for (float& stress : span.fatigue.stress_MPa.elements) stress = draft.Length();
-    }
+    span.bracket.scantlings = DraftProfile(draft);
+    if (!span.bracket.present || ++draft.brackets > kLegacySpanBrackets) span.bracket = {};
+    if (!span.fatigue.present || ++draft.fatigueTables > kLegacyFatigueTables) span.fatigue = {};
     return span;
 }
 
@@ -116,54 +103,23 @@ void DraftStiffeners(Draft& draft, Panel& panel) {
 }
 
 PrimaryBracket DraftBracket(Draft& draft) {
-    PrimaryBracket bracket;
-    bracket.item = draft.Code();
+    PrimaryBracket bracket = RandomBracket(draft.chance);
     bracket.from = DraftReference(draft);
     bracket.to = DraftReference(draft);
-    bracket.aftFrame = draft.Code();
-    bracket.foreFrame = draft.Code();
-    bracket.side = draft.Code();
-    bracket.armLength_m = draft.Length();
-    bracket.kind = draft.Code();
-    bracket.material = draft.Code();
-    bracket.endType = draft.Code();
     for (Scantlings& profile : bracket.scantlings.elements) profile = DraftProfile(draft);
-    bracket.middleLength_m = draft.Length();
-    bracket.toeLength_m = draft.Length();
     return bracket;
 }
 
 Opening DraftOpening(Draft& draft) {
-    Opening opening;
-    opening.item = draft.Code();
+    Opening opening = RandomOpening(draft.chance);
     opening.at = DraftReference(draft);
-    opening.shape = draft.Code();
-    opening.count = draft.Code();
-    opening.reinforced = draft.Code();
-    opening.aftFrame = draft.Code();
-    opening.foreFrame = draft.Code();
-    opening.length_m = draft.Length();
-    opening.breadth_m = draft.Length();
     return opening;
 }
 
 Pillar DraftPillar(Draft& draft) {
-    Pillar pillar;
-    pillar.item = draft.Code();
+    Pillar pillar = RandomPillar(draft.chance);
     pillar.to = DraftReference(draft);
-    pillar.count = draft.Code();
-    pillar.kind = draft.Code();
-    pillar.length_m = draft.Length();
-    pillar.offset_m = draft.Length();
-    pillar.material = draft.Code();
     pillar.profile = draft.chance.Below(4);
-    pillar.area_cm2 = draft.Length();
-    pillar.lowerConnection = draft.Code();
-    pillar.upperConnection = draft.Code();
-    pillar.webHeight_mm = draft.Length();
-    pillar.slenderness = draft.Code();
-    pillar.webThickness_mm = draft.Length();
-    pillar.corrosion = draft.Code();
     return pillar;
 }
 
@@ -180,8 +136,7 @@ void DraftPanel(Draft& draft, float y) {
         panel.nodes.back().number = draft.Code();
     }
     for (int i = draft.chance.Below(4); i > 0; --i) {
-        panel.plates.push_back({draft.Length(), draft.Length(), draft.Code(), draft.Length(),
-                                draft.Length(), draft.Code()});
+        panel.plates.push_back(RandomPlate(draft.chance));
     }
     DraftStiffeners(draft, panel);
     if (draft.OneIn(4)) panel.brackets.push_back(DraftBracket(draft));
@@ -190,7 +145,9 @@ void DraftPanel(Draft& draft, float y) {
 }
 
 void DraftCompartment(Draft& draft) {
-    Compartment& compartment = draft.section.compartments.emplace_back();
+    Compartment& compartment =
+        draft.section.compartments.emplace_back(RandomCompartment(draft.chance));
+    compartment.levels.resize(std::min<size_t>(compartment.levels.size(), 7));
     compartment.name = draft.Name(34);
     for (int i = draft.chance.Below(9); i > 0; --i) {
         const auto strake =
@@ -198,20 +155,6 @@ void DraftCompartment(Draft& draft) {
         const int nodes = static_cast<int>(draft.section.panels[strake].nodes.size());
         compartment.outline.push_back({static_cast<int16_t>(strake + 1),
                                        static_cast<int16_t>(1 + draft.chance.Below(nodes))});
-    }
-    compartment.contents = draft.Code();
-    compartment.kind = draft.Code();
-    compartment.symmetric = draft.Code();
-    compartment.hold = draft.Code();
-    compartment.loadCase = draft.Code();
-    for (int16_t& flag : compartment.flags.elements) flag = draft.Code();
-    for (int16_t& end : compartment.ends.elements) end = draft.Code();
-    compartment.closing = draft.Code();
-    for (float& value : compartment.designValues.elements) value = draft.Length();
-    for (float& value : compartment.stillWaterPressure_kPa.elements) value = draft.Length();
-    for (float& value : compartment.wavePressure_kPa.elements) value = draft.Length();
-    for (int i = draft.chance.Below(8); i > 0; --i) {
-        compartment.levels.push_back({draft.Length(), draft.Length(), draft.Length()});
     }
 }
 
@@ -332,6 +275,7 @@ void ListPanel(ListRow& row, Panel& panel) {
 
 SectionModel GeneratedSection(uint32_t seed) {
     Draft draft{Chance(seed)};
+    draft.chance.shortIntegers = true;  // as the legacy form has them
     DraftHead(draft);
     for (int i = 1 + draft.chance.Below(5); i > 0; --i) {
         DraftPanel(draft, draft.chance.Between(-5, 5));
@@ -562,9 +506,9 @@ struct FakeLegacyLibrary::Fakes {
             *status = bsdStatus;
         }};
     FakeFunction<decltype(importvelknavi)> importNavi{
-        importvelknavi, [](const char* path, LegacyBsd* taken, int16_t* status) {
+        importvelknavi, [](const char* path, LegacyBsd* read, int16_t* status) {
             Record("importvelknavi", path);
-            *taken = bsd;
+            *read = bsd;
             *status = naviStatus;
         }};
 };

@@ -17,7 +17,7 @@
 namespace corvane::test {
 
 // A section by chance that the legacy form can hold: nodes of all kinds, some of which cannot be
-// computed, everything that can stand on a panel, compartments.
+// computed, everything that can be on a panel, compartments.
 SectionModel GeneratedSection(uint32_t seed);
 
 // Panels of this many nodes, one beside the other: nodes with coordinates first, then ones that
@@ -40,7 +40,7 @@ void WriteLegacyDatabase(const std::wstring& path, const std::vector<std::wstrin
 // A loss as RecordOf and SectionOf record it: the event "lost text".
 std::string LossText(int32_t number, MessageArguments arguments);
 
-// What the screen is told by a report of this message; what it was told before is kept.
+// What a report of this message shows; the events before are kept.
 std::string WarningText(int32_t number, MessageArguments arguments);
 // The same with a status of the legacy library in words below it; that it could not be read.
 std::string FailureText(int32_t number, MessageArguments arguments, int16_t status);
@@ -54,8 +54,8 @@ Number ValueAt(const LegacySectionRecord& record, size_t offset) {
     return number;
 }
 
-// Takes the place of the legacy library. Calls stand in `calls` with what they were given, as
-// "extendvelkdb ship.vel"; a path is told by its last part.
+// Replaces the legacy library. Calls are in `calls` with what they were given, as
+// "extendvelkdb ship.vel"; a path is its last part.
 struct FakeLegacyLibrary {
     FakeLegacyLibrary();
     ~FakeLegacyLibrary();

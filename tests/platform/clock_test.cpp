@@ -20,10 +20,10 @@ TEST(Clock, NowIsTheLocalTime) {
     parts.tm_min = now.minute;
     parts.tm_sec = now.second;
     parts.tm_isdst = -1;
-    const std::time_t told = std::mktime(&parts);
+    const std::time_t shown = std::mktime(&parts);
     // The C library and the system may round to the second differently.
-    EXPECT_GE(told, before - 1);
-    EXPECT_LE(told, after + 1);
+    EXPECT_GE(shown, before - 1);
+    EXPECT_LE(shown, after + 1);
 }
 
 TEST(Clock, ShortDateHoldsDayMonthAndYear) {

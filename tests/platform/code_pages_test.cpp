@@ -44,7 +44,7 @@ TEST(CodePages, CharacterThatThePageLacksBecomesAQuestionMark) {
     EXPECT_EQ(AnsiFromWide(L"a\x4E2D"
                            L"b"),
               "a?b");
-    // Neither a look-alike nor a letter without its accent is taken.
+    // Neither a look-alike nor a letter without its accent is used.
     EXPECT_EQ(AnsiFromWide(L"\x03A9\x0101\x2212"), "???");
 }
 

@@ -100,7 +100,7 @@ TEST(OpenFiles, EmptyNameIsError3) {
 TEST(OpenFiles, MissingDriveIsNotFound) {
     File file;
     const ErrorNumber error = OpenForReading(L"Q:\\ship.ve2", file);
-    // Windows gives 3; systems that stand in for it may give 2.
+    // Windows gives 3; other systems may give 2.
     EXPECT_TRUE(error == kErrorPathNotFound || error == kErrorFileNotFound) << error;
     EXPECT_FALSE(file.IsOpen());
 }

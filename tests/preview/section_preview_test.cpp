@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "preview/section_preview.h"
-#include "tests/companions/sample_section.h"
 #include "tests/companions/section_builder.h"
 #include "tests/support/support.h"
 
@@ -167,7 +166,7 @@ TEST_F(SectionPreviewTest, ParametersByteByByte) {
     put(72, int16_t{8});
     put(74, int16_t{200});
     put(76, 0.08F);
-    // The colours' address is checked through what lies there.
+    // The colours' address is checked through what is there.
     std::memcpy(expected.data() + 108, parameterBytes.data() + 108, sizeof(void*));
     EXPECT_EQ(parameterBytes, expected);
 }
@@ -404,7 +403,8 @@ TEST_F(LargeSectionTest, ArcBeyondItsNodesIsHeld) {
     // Half a circle of 10 m radius on the right of x = 10.
     Span(test::RadiusNode(10, 0, 10), test::GivenNode(10, 20));
     StrakeItem& item = large.ItemOf(1, 1);
-    item = test::StraightItem(10, 0, 10, 20, 0);
+    item.y1 = item.y2 = 10;
+    item.z2 = item.length = 20;
     item.arcRadius = 10;
     item.sweep = 3.1415927F;
     picture.width = 1000;  // tall: nothing is widened to the sides

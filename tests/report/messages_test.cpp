@@ -76,7 +76,7 @@ TEST_F(MessagesTest, ANegativeLengthIsNoMessage) {
     EXPECT_EQ(GetMessage(5), L"Res #5");
 }
 
-TEST_F(MessagesTest, OnlyTheTextsOwnLengthIsTaken) {
+TEST_F(MessagesTest, OnlyTheTextsOwnLengthIsUsed) {
     FakeFunction library(ZTGrVel32_LoadVelkinString, [](int32_t, char* buffer, int32_t) {
         std::string_view("abcdef").copy(buffer, 6);
         return int32_t{3};
@@ -103,7 +103,7 @@ TEST_F(MessagesTest, UnknownNumberShowsItsArgumentsAfterBlanks) {
     EXPECT_EQ(FormatMessage(9999, {L"ship.ve2", 7}), L"Res #9999 ship.ve2 7");
 }
 
-TEST_F(MessagesTest, ThirdArgumentOfTwoPlacesStandsAtTheEnd) {
+TEST_F(MessagesTest, ThirdArgumentOfTwoPlacesIsAtTheEnd) {
     EXPECT_EQ(FormatMessage(12, {1, 2, 3}), L"Two 1 and 2 3");
 }
 

@@ -20,7 +20,7 @@ struct SwitchCase {
 TEST(SwitchPresent, Table) {
     const SwitchCase cases[] = {
         {"alone", L"/d", L"/d", true, L""},
-        {"a blank behind it", L"/d ship.ve2", L"/d", true, L"ship.ve2"},
+        {"a blank after it", L"/d ship.ve2", L"/d", true, L"ship.ve2"},
         {"at the end", L"ship.ve2 /d", L"/d", true, L"ship.ve2"},
         {"between words", L"a /d b", L"/d", true, L"a    b"},
         {"upper case on the line", L"/D a", L"/d", true, L"a"},
@@ -29,16 +29,16 @@ TEST(SwitchPresent, Table) {
         {"empty line", L"", L"/d", false, L""},
         {"not there", L"ship.ve2", L"/mil", false, L"ship.ve2"},
         {"the slash alone", L"/", L"/d", false, L"/"},
-        {"one letter behind it at the end", L"/dx", L"/d", true, L"x"},
-        {"a name, and one letter behind the switch", L"ship /dx", L"/d", true, L"ship   x"},
-        {"a slash behind it at the end", L"/d/", L"/d", true, L"/"},
-        {"two letters behind it", L"/dir", L"/d", false, L"/dir"},
-        {"a letter and a blank behind it", L"/dx ", L"/d", false, L"/dx "},
-        {"a tab behind it", L"/mil\tship", L"/mil", false, L"/mil\tship"},
-        {"one tab behind it at the end", L"/mil\t", L"/mil", true, L"\t"},
+        {"one letter after it at the end", L"/dx", L"/d", true, L"x"},
+        {"a name, and one letter after the switch", L"ship /dx", L"/d", true, L"ship   x"},
+        {"a slash after it at the end", L"/d/", L"/d", true, L"/"},
+        {"two letters after it", L"/dir", L"/d", false, L"/dir"},
+        {"a letter and a blank after it", L"/dx ", L"/d", false, L"/dx "},
+        {"a tab after it", L"/mil\tship", L"/mil", false, L"/mil\tship"},
+        {"one tab after it at the end", L"/mil\t", L"/mil", true, L"\t"},
         {"two switches without a blank", L"/d/mil", L"/d", false, L"/d/mil"},
         {"nothing is required in front of it", L"ship/d a", L"/d", true, L"ship   a"},
-        {"inside a path with a blank behind", L"C:/data/mil x", L"/mil", true, L"C:/data     x"},
+        {"inside a path with a blank after it", L"C:/data/mil x", L"/mil", true, L"C:/data     x"},
         {"inside a path with backslashes", L"C:\\data\\mil\\x.ve2", L"/mil", false,
          L"C:\\data\\mil\\x.ve2"},
         {"inside a path with slashes", L"C:/data/mil/x.ve2", L"/mil", false, L"C:/data/mil/x.ve2"},
@@ -84,7 +84,7 @@ TEST(ParseCommandLine, Table) {
          false},
         {"unclosed double quote", L"\"C:\\my ships\\a.ve2", L"C:\\my ships\\a.ve2", false, false},
         {"unclosed single quote", L"'my ship", L"my ship", false, false},
-        {"unclosed quote behind a word", L"one \"two three", L"two three", false, false},
+        {"unclosed quote after a word", L"one \"two three", L"two three", false, false},
         {"a lone quote", L"\"", L"", false, false},
         {"empty quotes", L"\"\"", L"", false, false},
         {"empty quotes before a word", L"\"\" one", L"", false, false},
@@ -96,14 +96,14 @@ TEST(ParseCommandLine, Table) {
         {"debug", L"/d ship.ve2", L"ship.ve2", true, false},
         {"mil", L"ship.ve2 /mil", L"ship.ve2", false, true},
         {"both", L"/mil /d ship.ve2", L"ship.ve2", true, true},
-        {"debug is taken off before mil is judged", L"/mil/d", L"", true, true},
+        {"debug is removed before mil is judged", L"/mil/d", L"", true, true},
         {"both without a blank between are a word", L"/d/mil", L"/d", false, true},
         {"JBP is a word here", L"/JBP", L"/JBP", false, false},
         {"a longer switch is a word", L"/dir", L"/dir", false, false},
         {"mil twice: the second is a word", L"/mil /mil", L"/mil", false, true},
         {"a switch inside a path", L"C:\\data\\mil\\x.ve2", L"C:\\data\\mil\\x.ve2", false, false},
         {"a switch inside quotes", L"\"a /mil b\"", L"a      b", false, true},
-        {"a letter behind the switch is a word", L"/dx", L"x", true, false},
+        {"a letter after the switch is a word", L"/dx", L"x", true, false},
         {"letters beyond ASCII", L"\"C:\\Œuvre été\\ß.ve2\" /MIL", L"C:\\Œuvre été\\ß.ve2", false,
          true},
     };
@@ -139,11 +139,11 @@ TEST(ParseCommandLine, UpperCaseSwitchSetsDebugModeAndTheNameIsOpened) {
     EXPECT_EQ(parsed.file, L"ship.ve2");
 }
 
-TEST(ParseCommandLine, SwitchFollowedByLettersIsNotTaken) {
+TEST(ParseCommandLine, SwitchFollowedByLettersIsNotFound) {
     EXPECT_FALSE(Parse(L"/dir").debug);
 }
 
-TEST(ParseCommandLine, SwitchFollowedByOneLastCharacterIsTaken) {
+TEST(ParseCommandLine, SwitchFollowedByOneLastCharacterIsFound) {
     const Parsed parsed = Parse(L"ship.ve2 /dx");
     EXPECT_TRUE(parsed.debug);
     EXPECT_EQ(parsed.file, L"ship.ve2");
@@ -156,7 +156,7 @@ TEST(ParseCommandLine, QuotedPathWithBlanksBeforeMil) {
     EXPECT_EQ(parsed.file, L"C:\\my ships\\one two.ve2");
 }
 
-TEST(ParseCommandLine, SingleQuotedNameBehindAWordWins) {
+TEST(ParseCommandLine, SingleQuotedNameAfterAWordWins) {
     EXPECT_EQ(Parse(L"one.ve2 'two.ve2'").file, L"two.ve2");
 }
 

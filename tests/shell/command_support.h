@@ -1,5 +1,5 @@
 // For the tests of commands: a window that records, a file prompt that answers, programs that do
-// what the test tells them, and small databases.
+// what the test says, and small databases.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "bsd/basic_ship_data.h"
 #include "database/model_kind.h"
 #include "platform/ztutil32.h"
 #include "tests/shell/fake_view.h"
@@ -33,7 +34,7 @@ struct FakePrompt {
     explicit FakePrompt(std::initializer_list<std::wstring> given = {});
 };
 
-// Stands in for every program: notes the command line and the window's lock, and does what the test
+// Replaces every program: notes the command line and the window's lock, and does what the test
 // says.
 struct FakeProgram {
     static std::vector<std::wstring> commandLines;
@@ -46,7 +47,7 @@ struct FakeProgram {
     explicit FakeProgram(void (*what)() = [] {});
 };
 
-// A test of commands: folders of its own for programs, work, browsing and databases, each ending
+// A test of commands: its own folders for programs, work, browsing and databases, each ending
 // with "\".
 struct CommandTest : testing::Test {
     FakeView view;
@@ -70,6 +71,20 @@ struct CommandTest : testing::Test {
     // The warning boxes that were shown, and whether there was exactly one that holds `text`.
     static std::vector<std::string> Warnings() { return RecordedReports::Of("warning"); }
     static testing::AssertionResult OnlyWarning(std::string_view text);
+};
+
+// What a command that does nothing leaves as it is.
+struct Before {
+    std::wstring databasePath = shell.database.path;
+    std::wstring browseDirectory = shell.settings.BrowseDirectory;
+    BasicShipData bsd = shell.database.bsd;
+    int32_t currentModel = shell.database.currentModel;
+
+    bool IsUnchanged() const {
+        return shell.database.path == databasePath && shell.database.bsd == bsd &&
+               shell.settings.BrowseDirectory == browseDirectory &&
+               shell.database.currentModel == currentModel && RecordedReports::Of("rows").empty();
+    }
 };
 
 // A block of a model as text.

@@ -1,4 +1,4 @@
-// What the boxes of the exchange list, preview and tell.
+// What the boxes of the exchange list, preview and report.
 #include "shell/exchange_boxes.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ namespace {
 
 using namespace test;
 using Texts = std::vector<std::wstring>;
-using Told = std::vector<std::string>;
+using Events = std::vector<std::string>;
 
 struct ExchangeBoxes : CommandTest {
     std::wstring legacy = File(L"ship.vel");
@@ -39,7 +39,7 @@ struct ExchangeBoxes : CommandTest {
     static void ExpectUnlisted(const std::wstring& path, const std::string& warning) {
         RecordedReports::events.clear();
         EXPECT_TRUE(ListForExchange(path).empty());
-        EXPECT_EQ(Warnings(), Told{warning});
+        EXPECT_EQ(Warnings(), Events{warning});
         ExpectStateUntouched();
     }
     static void ExpectStateUntouched() {
@@ -122,7 +122,7 @@ TEST_F(ExchangeBoxes, OfTwentyOneSectionsTwentyAreListed) {
     EXPECT_EQ(Warnings(), std::vector<std::string>{WarningText(3598, {legacy, 21, 20})});
 }
 
-TEST_F(ExchangeBoxes, WhatCanNotBeListedIsReported) {
+TEST_F(ExchangeBoxes, WhatCannotBeListedIsReported) {
     ExpectUnlisted(legacy, WarningText(1020, {legacy}));
     ExpectUnlisted(database, WarningText(1020, {database}));
     WriteFileBytes(legacy, "no legacy database");
@@ -182,18 +182,18 @@ TEST_F(ExchangeBoxes, LegacyPreviewFollowsTheDescribedConversation) {
     BasicShipData bsd;
     EXPECT_TRUE(ReadForExchange(legacy, {L"Frame 30", 3}, section, bsd));
     EXPECT_EQ(FakeLegacyLibrary::calls,
-              (Told{"importvelkmainsec ship.vel 3", "importsectiongeometry ship.vel 3",
-                    "importvelkcompload ship.vel 3", "importvelknavi ship.vel"}));
+              (Events{"importvelkmainsec ship.vel 3", "importsectiongeometry ship.vel 3",
+                      "importvelkcompload ship.vel 3", "importvelknavi ship.vel"}));
 }
 
-TEST_F(ExchangeBoxes, LegacyShipDataThatCanNotBeReadAreReported) {
+TEST_F(ExchangeBoxes, LegacyShipDataThatCannotBeReadAreReported) {
     const FakeLegacyLibrary library;
     FakeLegacyLibrary::naviStatus = 3;
     WriteFileBytes(legacy, "any");
     SectionModel section;
     BasicShipData bsd;
     EXPECT_FALSE(ReadForExchange(legacy, {L"Frame 10", 1}, section, bsd));
-    EXPECT_EQ(Warnings(), Told{UnreadText(legacy, 3)});
+    EXPECT_EQ(Warnings(), Events{UnreadText(legacy, 3)});
 }
 
 TEST_F(ExchangeBoxes, SectionOfADatabaseIsReadWithItsShipData) {
@@ -235,11 +235,11 @@ TEST_F(ExchangeBoxes, SectionThatIsGoneIsReported) {
     SectionModel section;
     BasicShipData bsd;
     EXPECT_FALSE(ReadForExchange(database, {L"Frame 60", 6}, section, bsd));
-    EXPECT_EQ(Warnings(), Told{WarningText(1011, {6, database})});
+    EXPECT_EQ(Warnings(), Events{WarningText(1011, {6, database})});
     RecordedReports::events.clear();
     system::RemoveFile(legacy);
     EXPECT_FALSE(ReadForExchange(legacy, {L"Frame 10", 1}, section, bsd));
-    EXPECT_EQ(Warnings(), Told{WarningText(1020, {legacy})});
+    EXPECT_EQ(Warnings(), Events{WarningText(1020, {legacy})});
 }
 
 TEST_F(ExchangeBoxes, SectionThatSharesItsNumberIsReported) {
@@ -250,7 +250,7 @@ TEST_F(ExchangeBoxes, SectionThatSharesItsNumberIsReported) {
     SectionModel section;
     BasicShipData bsd;
     EXPECT_FALSE(ReadForExchange(database, {L"Frame 10", 3}, section, bsd));
-    EXPECT_EQ(Warnings(), Told{WarningText(3522, {3, database, GetMessage(kMsgModelMarker)})});
+    EXPECT_EQ(Warnings(), Events{WarningText(3522, {3, database, GetMessage(kMsgModelMarker)})});
 }
 
 // ---- Service text ------------------------------------------------------------------------------

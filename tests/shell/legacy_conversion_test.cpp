@@ -83,22 +83,6 @@ TEST_F(LegacyCommand, DatabaseNamedStarIsNamedAfterItsFolder) {
     EXPECT_EQ(shell.database.bsd.Titles(5).Whole(), UpperCase(name).substr(0, 30));
 }
 
-TEST_F(LegacyCommand, SectionsComeBackAsTheyWere) {
-    const std::wstring source = DataPath("../samples/aurora_bay.ve2");
-    ASSERT_TRUE(ExportDatabase(source, legacy));
-    OpenLegacyDatabase(legacy);
-    for (int32_t number = 1; number <= 9; ++number) {
-        SectionModel section;
-        SectionModel converted;
-        ASSERT_TRUE(ReadSectionBlock(source, number, false, section));
-        ASSERT_TRUE(ReadSectionBlock(work + L"Aurora.ve2", number, false, converted));
-        EXPECT_FALSE(converted.identifier.empty());
-        SetImportedHead(section);
-        converted.identifier.clear();
-        EXPECT_EQ(ExactText(converted), ExactText(section)) << number;
-    }
-}
-
 TEST_F(LegacyCommand, WithoutANameTheUserIsAsked) {
     WriteLegacyDatabase(legacy, {L"Frame 10"});
     const FakePrompt prompt{legacy};
@@ -183,7 +167,7 @@ TEST_F(LegacyCommand, ForeignFileIsReportedWithItsStatus) {
     EXPECT_EQ(Warnings(), std::vector<std::string>{UnreadText(legacy, 2)});
 }
 
-TEST_F(LegacyCommand, ListThatCanNotBeReadLeavesNoFile) {
+TEST_F(LegacyCommand, ListThatCannotBeReadLeavesNoFile) {
     const FakeLegacyLibrary library;
     FakeLegacyLibrary::listStatus = 3;
     WriteFileBytes(work + L"Aurora.ve2", "old");
@@ -246,7 +230,7 @@ TEST_F(LegacyCommand, TwentySectionsAreConvertedWithoutAQuestion) {
     EXPECT_TRUE(Warnings().empty());
 }
 
-TEST_F(LegacyCommand, WithoutATemporaryFolderTheUserIsTold) {
+TEST_F(LegacyCommand, MissingTemporaryFolderIsReported) {
     WriteLegacyDatabase(legacy, {L"Frame 10"});
     {
         const NoTemporaryFolder none;

@@ -130,7 +130,7 @@ TEST_F(LibraryChecksTest, MissingFunctionIsReportedWithVersion0AndItsError) {
     EXPECT_EQ(Warnings(), Events{"GrVelk Bulkhead Data: found Unknown ver., needed 0.443 \r127"});
 }
 
-TEST_F(LibraryChecksTest, AnErrorOfAnEarlierCallIsNotTold) {
+TEST_F(LibraryChecksTest, AnErrorOfAnEarlierCallIsNotReported) {
     GetBsdVelkVersion.error = 126;
     FakeVersions::bsd = 1;
     EXPECT_FALSE(CheckLibraryVersions());
@@ -144,7 +144,7 @@ TEST_F(LibraryChecksTest, MissingCatalogueStillShowsTheFourArguments) {
     EXPECT_EQ(Warnings(), Events{"Res #1052 GrVelk Data 1.0 2.002 \r0"});
 }
 
-TEST_F(LibraryChecksTest, OneCheckOfALibraryOfItsOwn) {
+TEST_F(LibraryChecksTest, OneCheckOfAnotherLibrary) {
     VersionFunction function{"NoSuchLibrary.dll", "Version"};
     EXPECT_FALSE(CheckLibrary({L"Label", &function, 1.0f, false}));
     EXPECT_EQ(Warnings(), Events{"Label: found Unknown ver., needed 1.0 \r126"});

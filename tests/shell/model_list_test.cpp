@@ -82,7 +82,7 @@ TEST(ModelList, PositionsHaveThreeDecimals) {
     }
 }
 
-TEST(ModelList, StatusTellsThePathWhileTheListIsFilledAndIsThenCleared) {
+TEST(ModelList, StatusShowsThePathWhileTheListIsFilledAndIsThenCleared) {
     ShownDatabase window;
     window.Open(Database(1));
     FillModelList(shell.database.path);

@@ -45,6 +45,7 @@ TEST(OpenDatabaseTest, WithoutADatabaseEverythingIsEmpty) {
     EXPECT_TRUE(RecordedReports::Happened("clear preview"));
     EXPECT_TRUE(RecordedReports::Happened("title Corvane"));
     EXPECT_FALSE(RecordedReports::Happened("focus list"));
+    EXPECT_EQ(RecordedReports::caption, GetMessage(kMsgNoDatabaseOpen));
 }
 
 TEST(OpenDatabaseTest, FirstModelIsSelectedWhenNoneWasCurrent) {
@@ -241,7 +242,7 @@ TEST(OpenDatabaseTest, FirstModelIsSelectedWhateverItsNumberIs) {
     EXPECT_EQ(FakeView::selected, 0);
 }
 
-TEST(OpenDatabaseTest, RowWithoutANumberOfItsOwnShowsItsOwnPositionAndNoPicture) {
+TEST(OpenDatabaseTest, RowWithoutItsOwnNumberShowsItsPositionAndNoPicture) {
     ShownDatabase window;
     window.Open(FiveModels({" 1 ", " 2 ", " 2 ", "none", "-1 "}));
     RefreshMainWindow();

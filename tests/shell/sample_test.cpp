@@ -18,7 +18,6 @@
 #include "database/section_view.h"
 #include "files/text_file.h"
 #include "legacy/compartments.h"
-#include "legacy/exchange.h"
 #include "preview/section_preview.h"
 #include "tests/shell/sample_models.h"
 #include "tests/support/recorded_reports.h"
@@ -27,39 +26,16 @@
 namespace corvane {
 namespace {
 
+using test::kSampleModels;
 using test::kSectionCount;
 using test::Narrow;
 
 constexpr int32_t kLastBulkhead = 12;
 
-struct ExpectedModel {
-    const wchar_t* name;
-    ModelKind kind;
-    float x_m;
-};
-
-constexpr ExpectedModel kModels[] = {
-    {L"Engine room, frame 30", ModelKind::kSection, 20.7F},
-    {L"Hold 7, frame 61", ModelKind::kSection, 44.7F},
-    {L"Hold 6, frame 91", ModelKind::kSection, 68.7F},
-    {L"Hold 5, frame 121", ModelKind::kSection, 92.7F},
-    {L"Midship section, hold 4", ModelKind::kSection, 108.5F},
-    {L"Hold 3, frame 181", ModelKind::kSection, 140.7F},
-    {L"Hold 2, frame 211", ModelKind::kSection, 164.7F},
-    {L"Hold 1, frame 240", ModelKind::kSection, 187.9F},
-    {L"Fore peak, frame 270", ModelKind::kSection, 208.7F},
-    {L"Engine room bulkhead, frame 46", ModelKind::kBulkhead, 32.7F},
-    {L"Corrugated bulkhead, holds 5 and 4", ModelKind::kBulkhead, 104.7F},
-    {L"Collision bulkhead, frame 254", ModelKind::kBulkhead, 199.1F},
-    {L"Torsion model, holds 7 to 1", ModelKind::kTorsion, -1},
-    {L"Torsion model, holds 5 to 3", ModelKind::kTorsion, -1},
-};
-
 struct SampleTest : testing::Test {
     test::RecordedReports reports;
     test::TemporaryFolder folder;
     std::wstring path = test::SamplePath();
-    std::wstring legacyPath = test::DataPath("../samples/aurora_bay.vel");
 
     void TearDown() override {
         EXPECT_EQ(test::RecordedReports::Of("warning"), std::vector<std::string>{});
@@ -104,14 +80,13 @@ TEST_F(SampleTest, LinesEndWithCrLf) {
 
 TEST_F(SampleTest, ListsItsModels) {
     const std::vector<ModelEntry> models = ListModelsWithPositions(path);
-    ASSERT_EQ(models.size(), std::size(kModels));
+    ASSERT_EQ(models.size(), std::size(kSampleModels));
     std::set<std::wstring> names;
     for (size_t i = 0; i < models.size(); ++i) {
         EXPECT_EQ(models[i].number, static_cast<int32_t>(i + 1));
-        EXPECT_EQ(Narrow(models[i].name), Narrow(kModels[i].name));
-        EXPECT_EQ(models[i].kind, kModels[i].kind) << i;
-        // A torsion model has no position in the list.
-        EXPECT_EQ(models[i].x, kModels[i].x_m) << i;
+        EXPECT_EQ(Narrow(models[i].name), Narrow(kSampleModels[i].name));
+        EXPECT_EQ(models[i].kind, kSampleModels[i].kind) << i;
+        EXPECT_EQ(models[i].x, kSampleModels[i].x_m) << i;
         names.insert(models[i].name);
     }
     EXPECT_EQ(names.size(), models.size()) << "a name twice";
@@ -248,16 +223,6 @@ TEST_F(SampleTest, TorsionModelsHaveTheirFiveTables) {
     }
 }
 
-// ---- As a legacy database ----------------------------------------------------------------------
-
-TEST_F(SampleTest, LegacyDatabaseMadeAgainIsTheSame) {
-    const std::wstring made = folder.File(L"made.vel");
-    ASSERT_TRUE(ExportDatabase(path, made));
-    const std::string bytes = test::ReadFileBytes(made);
-    EXPECT_EQ(bytes.size(), 150620u);
-    EXPECT_TRUE(bytes == test::ReadFileBytes(legacyPath));
-}
-
 // Figures of docs/sample-ship.md; along the chords they would be 2.34 and 37.48.
 TEST_F(SampleTest, TanksEndAtTheRoundedPlating) {
     const struct {
@@ -289,27 +254,6 @@ TEST_F(SampleTest, FlangesOfTheSideAreTurned) {
                 EXPECT_EQ(detail.mirrored, isSide ? -1 : 0) << number << Narrow(panel.name);
             }
         }
-    }
-}
-
-TEST_F(SampleTest, LegacyDatabaseHasTheShipAndItsSections) {
-    BasicShipData ship;
-    BasicShipData legacy;
-    ASSERT_TRUE(LoadBsdFromDatabase(path, ship));
-    ASSERT_EQ(LoadBsdFromLegacy(legacyPath, legacy), 0);
-    EXPECT_EQ(legacy, ship);
-    int16_t status = -1;
-    const std::vector<ModelEntry> sections = ListLegacySections(legacyPath, status);
-    EXPECT_EQ(status, 0);
-    ASSERT_EQ(sections.size(), size_t{kSectionCount});
-    for (int16_t number = 1; number <= kSectionCount; ++number) {
-        const ExpectedModel& expected = kModels[number - 1];
-        SectionModel section;
-        EXPECT_EQ(Narrow(sections[static_cast<size_t>(number - 1)].name), Narrow(expected.name));
-        ExchangeLosses losses;
-        ASSERT_TRUE(ImportSection(legacyPath, number, section, losses));
-        EXPECT_EQ(Narrow(section.name), Narrow(expected.name));
-        EXPECT_EQ(section.panels.size(), ReadSection(number).panels.size());
     }
 }
 

@@ -93,7 +93,7 @@ TEST_F(SettingsTest, MissingSectionGivesTheDefaults) {
     EXPECT_EQ(settings.WorkDirectory, program);
 }
 
-TEST_F(SettingsTest, TheProgramsOwnFolderIsTakenByDefault) {
+TEST_F(SettingsTest, TheProgramsOwnFolderIsTheDefault) {
     ShellSettings settings;
     ReadSettings(file, settings);
     const std::wstring path = system::ProgramPath();
@@ -142,34 +142,23 @@ TEST_F(SettingsTest, EmptyDataDirectoryIsTheProgramsFolder) {
 TEST_F(SettingsTest, WorkDirectoryGetsItsBackslash) {
     const std::wstring work = MakeFolder(L"work");
     EXPECT_EQ(Read("Work=" + AnsiBytes(folder.File(L"work")) + "\r\n").WorkDirectory, work);
+    EXPECT_EQ(Read("Work=" + AnsiBytes(work) + "\r\n").BrowseDirectory, work) << "the default";
     EXPECT_EQ(Read("Work=" + AnsiBytes(work) + "\r\n").WorkDirectory, work);
 }
 
-TEST_F(SettingsTest, DeletedWorkDirectoryBecomesTheDataDirectory) {
-    const std::wstring data = MakeFolder(L"data");
-    const std::wstring gone = folder.File(L"gone");
-    const ShellSettings settings =
-        Read("Data=" + AnsiBytes(data) + "\r\nWork=" + AnsiBytes(gone) + "\r\n");
-    EXPECT_EQ(settings.WorkDirectory, data);
-    EXPECT_EQ(settings.BrowseDirectory, data);
-}
-
-TEST_F(SettingsTest, EmptyWorkDirectoryBecomesTheDataDirectory) {
-    const std::wstring data = MakeFolder(L"data");
-    EXPECT_EQ(Read("Data=" + AnsiBytes(data) + "\r\nWork=\r\n").WorkDirectory, data);
-}
-
-TEST_F(SettingsTest, AFileIsNoWorkDirectory) {
+TEST_F(SettingsTest, WorkDirectoryThatIsNotThereBecomesTheDataDirectory) {
+    const std::string data = AnsiBytes(MakeFolder(L"data"));
     WriteFileBytes(folder.File(L"a file"), "");
-    EXPECT_EQ(Read("Work=" + AnsiBytes(folder.File(L"a file")) + "\r\n").WorkDirectory, program);
+    for (const std::string& work :
+         {AnsiBytes(folder.File(L"gone")), std::string(), AnsiBytes(folder.File(L"a file")),
+          AnsiBytes(folder.path) + std::string(500, 'x')}) {
+        const ShellSettings settings = Read("Data=" + data + "\r\nWork=" + work + "\r\n");
+        EXPECT_EQ(AnsiBytes(settings.WorkDirectory), data) << work;
+        EXPECT_EQ(AnsiBytes(settings.BrowseDirectory), data) << work;
+    }
 }
 
-TEST_F(SettingsTest, BrowseDirectoryFollowsTheWorkDirectoryByDefault) {
-    const std::wstring work = MakeFolder(L"work");
-    EXPECT_EQ(Read("Work=" + AnsiBytes(work) + "\r\n").BrowseDirectory, work);
-}
-
-TEST_F(SettingsTest, BrowseDirectoryIsTakenAsItIsWritten) {
+TEST_F(SettingsTest, BrowseDirectoryIsUsedAsItIsWritten) {
     MakeFolder(L"browse");
     const std::wstring browse = folder.File(L"browse");
     EXPECT_EQ(Read("Browse=" + AnsiBytes(browse) + "\r\n").BrowseDirectory, browse);
@@ -202,11 +191,6 @@ TEST_F(SettingsTest, ValuesAreCutAt400Characters) {
     EXPECT_EQ(GetIniString(L"Shell", L"long", L"", file), std::wstring(399, L'a') + L'b');
     EXPECT_EQ(GetIniString(L"Shell", L"exact", L"", file), std::wstring(400, L'e'));
     EXPECT_EQ(GetIniString(L"Shell", L"none", std::wstring(500, L'd'), file).size(), 400u);
-}
-
-TEST_F(SettingsTest, ADirectoryThatIsCutFallsBack) {
-    EXPECT_EQ(Read("Work=" + AnsiBytes(folder.path) + std::string(500, 'x') + "\r\n").WorkDirectory,
-              program);
 }
 
 // ---- Reading: one value ------------------------------------------------------------------------
@@ -435,7 +419,7 @@ TEST_F(SettingsTest, UnknownUserIsAnEmptyName) {
     EXPECT_EQ(Written("Third"), "-2.5");
 }
 
-TEST_F(SettingsTest, AUserNameThatFillsTheBufferIsTakenWhole) {
+TEST_F(SettingsTest, AUserNameThatFillsTheBufferIsUsedWhole) {
     FakeFunction full(LoginName,
                       [](char* buffer, int32_t size) { std::fill_n(buffer, size, 'n'); });
     EXPECT_TRUE(WriteSettings(file, SomeSettings()));
@@ -456,7 +440,7 @@ TEST_F(SettingsTest, FirstWriteThatFailsIsReportedAndEndsTheWriting) {
 TEST_F(SettingsTest, AWriteThatFailsInBetweenEndsTheWriting) {
     static std::wstring iniFile;
     iniFile = file;
-    // While the user's name is asked for, a folder takes the file's place.
+    // While the user's name is asked for, a folder replaces the file.
     FakeFunction login2(LoginName, [](char* buffer, int32_t) {
         EXPECT_EQ(system::RemoveFile(iniFile), system::kErrorNone);
         EXPECT_EQ(system::MakeDirectory(iniFile), system::kErrorNone);

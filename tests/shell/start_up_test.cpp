@@ -148,7 +148,7 @@ TEST_F(StartUpTest, TheMainWindowIsRefreshedInTheWorkDirectory) {
 
 // ---- Second instance ---------------------------------------------------------------------------
 
-TEST_F(StartUpTest, SecondInstanceHandsItsFileOverUnderAnotherTitleOfItsOwn) {
+TEST_F(StartUpTest, SecondInstanceHandsItsFileOverAndHasAnotherTitle) {
     EXPECT_TRUE(GiveWayToRunningInstance(L"/mil " + Quoted(database)));
     EXPECT_EQ(RecordedReports::events,
               Events{"hand over " + Narrow(database) + " from ...duplicate instance"});
@@ -222,20 +222,20 @@ TEST_F(StartUpTest, QuotedPathWithBlanksAndMil) {
               (Events{"Corvane MIL", "Corvane MIL - my ship.ve2 - ALPHA"}));
 }
 
-TEST_F(StartUpTest, SingleQuotedNameBehindAWordIsOpened) {
+TEST_F(StartUpTest, SingleQuotedNameAfterAWordIsOpened) {
     EXPECT_TRUE(StartUp(L"other.ve2 '" + database + L"'"));
     EXPECT_EQ(shell.database.path, database);
     EXPECT_TRUE(RecordedReports::Of("warning").empty());
 }
 
-TEST_F(StartUpTest, JbpIsTakenOffBeforeTheFileIsRead) {
+TEST_F(StartUpTest, JbpIsRemovedBeforeTheFileIsRead) {
     EXPECT_TRUE(StartUp(L"/jbp " + Quoted(database)));
     EXPECT_TRUE(shell.jbpMode);
     EXPECT_EQ(shell.database.path, database);
     EXPECT_EQ(shell.title, L"Corvane JBP");
 }
 
-TEST_F(StartUpTest, BothRuleSetsStandInTheTitle) {
+TEST_F(StartUpTest, BothRuleSetsAreInTheTitle) {
     EXPECT_TRUE(StartUp(L"/mil /JBP"));
     EXPECT_EQ(RecordedReports::Of("title"), (Events{"Corvane JBP MIL", "Corvane JBP MIL"}));
     // The splash was shown before, with the bare title.
@@ -443,7 +443,7 @@ TEST_F(StartUpTest, AdjustedRegionalSettingsLetItStart) {
     EXPECT_EQ(RecordedReports::events[2], "main load");
 }
 
-TEST_F(StartUpTest, RegionalSettingsThatCanNotBeAdjustedEndTheProcess) {
+TEST_F(StartUpTest, RegionalSettingsThatCannotBeAdjustedEndTheProcess) {
     regionalFine = false;
     regionalCanChange = false;
     FakeView::answerYes = true;
@@ -474,7 +474,7 @@ TEST_F(StartUpTest, ShutDownWritesTheSettingsAndRestoresTheDirectory) {
     EXPECT_EQ(written.IntegerSetting, 7);
 }
 
-TEST_F(StartUpTest, SettingsThatCanNotBeWrittenAreReportedAndTheProgramEnds) {
+TEST_F(StartUpTest, SettingsThatCannotBeWrittenAreReportedAndTheProgramEnds) {
     const std::wstring before = system::CurrentDirectory();
     Configure(kMsgWorkDirectoryKey, folder.path);
     EXPECT_TRUE(StartUp(L""));

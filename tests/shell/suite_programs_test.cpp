@@ -42,32 +42,6 @@ constexpr ModelKind kTorsion = ModelKind::kTorsion;
 
 // ---- Paths and command lines -------------------------------------------------------------------
 
-TEST_F(SiblingPrograms, PathsOfEveryKindAndRuleSet) {
-    shell.settings.DataDirectory = L"C:\\Velk data\\";
-    struct {
-        ModelKind kind;
-        bool jbpMode;
-        const wchar_t* input;
-        const wchar_t* rule;
-    } const cases[] = {
-        {kSection, false, L"C:\\Velk data\\SectInput.exe", L"C:\\Velk data\\SectRule.exe"},
-        {kSection, true, L"C:\\Velk data\\SectInput.exe", L"C:\\Velk data\\CsrCheck.exe"},
-        {kBulkhead, false, L"C:\\Velk data\\BhdInput.exe", L"C:\\Velk data\\BhdCheck.exe"},
-        {kBulkhead, true, L"C:\\Velk data\\BhdInput.exe", L"C:\\Velk data\\BhdCheck.exe"},
-        {kTorsion, false, L"C:\\Velk data\\TorModel.exe", L"C:\\Velk data\\TorModel.exe"},
-        {kTorsion, true, L"C:\\Velk data\\TorModel.exe", L"C:\\Velk data\\TorModel.exe"},
-    };
-    for (const auto& [kind, jbpMode, input, rule] : cases) {
-        shell.jbpMode = jbpMode;
-        for (const bool milMode : {false, true}) {
-            shell.milMode = milMode;
-            EXPECT_EQ(Narrow(InputProgramPath(kind)), Narrow(input));
-            EXPECT_EQ(Narrow(RuleProgramPath(kind)), Narrow(rule));
-            EXPECT_EQ(Narrow(BsdProgramPath()), "C:\\Velk data\\BsdEdit.exe");
-        }
-    }
-}
-
 struct Switches {
     bool debug, mil, jbp;
     const char* text;
@@ -79,7 +53,7 @@ constexpr Switches kSwitches[] = {
     {false, true, true, "/mil /JBP "}, {true, true, true, "/d /mil /JBP "},
 };
 
-TEST_F(SiblingPrograms, SwitchesStandInTheirOrderWithABlankBehindEach) {
+TEST_F(SiblingPrograms, SwitchesAreInTheirOrderWithABlankAfterEach) {
     for (const Switches& switches : kSwitches) {
         shell.debugMode = switches.debug;
         shell.milMode = switches.mil;
@@ -110,12 +84,6 @@ TEST_F(SiblingPrograms, CommandLinesOfEveryKindSwitchAndModelNumber) {
         EXPECT_EQ(Narrow(CommandLine(BsdProgramPath())),
                   "C:\\Velk data\\BsdEdit.exe " + std::string(switches.text) + database);
     }
-}
-
-TEST_F(SiblingPrograms, CommandLineOfTheDescribedExample) {
-    shell.milMode = true;
-    shell.database.path = L"C:\\a.ve2";
-    EXPECT_EQ(CommandLine(L"C:\\p.exe", 3), L"C:\\p.exe /mil \"C:\\a.ve2\" 3");
 }
 
 // ---- Running -----------------------------------------------------------------------------------
@@ -222,7 +190,7 @@ TEST_F(SectionInput, ProgramOfTheModelsKindIsRun) {
     }
 }
 
-TEST_F(SectionInput, ListIsReadAnewAfterTheRun) {
+TEST_F(SectionInput, ListIsReadAgainAfterTheRun) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"SectInput.exe");
     const FakeProgram program(
@@ -243,7 +211,7 @@ TEST_F(SectionInput, PointerIsBusyUntilTheEnd) {
     EXPECT_EQ(pointers.back(), "reset");
 }
 
-// Runs a command that must not run a program, and tells of one thing.
+// Runs a command that must not run a program, and reports one thing.
 void ExpectNoRun(void (*command)(), std::string_view warning) {
     RecordedReports::events.clear();
     const FakeProgram program;
@@ -258,33 +226,6 @@ TEST_F(SectionInput, NothingHappensWithoutADatabase) {
     ME_SectionInput_Click();
     EXPECT_TRUE(FakeProgram::commandLines.empty());
     EXPECT_TRUE(RecordedReports::events.empty());
-}
-
-TEST_F(SectionInput, MissingDatabaseIsReported) {
-    MakeOpen(L"ship.ve2", {kSection});
-    Install(L"SectInput.exe");
-    KillFile(File(L"ship.ve2"));
-    ExpectNoRun(ME_SectionInput_Click, "ship.ve2' cannot be opened");
-}
-
-TEST_F(SectionInput, InvalidDataAreReported) {
-    MakeOpen(L"ship.ve2", {kSection});
-    Install(L"SectInput.exe");
-    for (const int item : {1, 2, 3, 9}) {
-        const float before = std::exchange(shell.database.bsd.MainData(item), 0.0f);
-        ExpectNoRun(ME_SectionInput_Click, "Please input valid BSD first");
-        shell.database.bsd.MainData(item) = before;
-    }
-}
-
-TEST_F(SectionInput, MissingProgramIsReportedWithItsPath) {
-    MakeOpen(L"ship.ve2", {kSection, kBulkhead, kTorsion});
-    for (int16_t number = 1; number <= 3; ++number) {
-        shell.database.currentModel = number;
-        const auto kind = static_cast<ModelKind>(number - 1);
-        ExpectNoRun(ME_SectionInput_Click,
-                    "'" + Narrow(InputProgramPath(kind)) + "' cannot be opened");
-    }
 }
 
 TEST_F(SectionInput, MissingProgramIsReportedWithTheFolderToInstallItIn) {
@@ -311,13 +252,6 @@ TEST_F(SectionInput, FolderInThePlaceOfTheProgramIsReported) {
     MakeOpen(L"ship.ve2", {kSection});
     ASSERT_EQ(system::MakeDirectory(programs + L"SectInput.exe"), system::kErrorNone);
     ExpectNoRun(ME_SectionInput_Click, "SectInput.exe' cannot be opened");
-}
-
-TEST_F(SectionInput, ModelThatTheDatabaseLacksIsReported) {
-    MakeOpen(L"ship.ve2", {kSection});
-    Install(L"SectInput.exe");
-    shell.database.currentModel = 2;
-    ExpectNoRun(ME_SectionInput_Click, "There is no model 2 in");
 }
 
 // ---- Rule --------------------------------------------------------------------------------------
@@ -352,35 +286,55 @@ TEST_F(SectionRule, ProgramOfKindAndRuleSetIsRun) {
     EXPECT_TRUE(Warnings().empty());
 }
 
-TEST_F(SectionRule, MissingDatabaseIsReportedWithItsPath) {
-    MakeOpen(L"ship.ve2", {kSection});
+// ---- Edit and Rule: what is refused ------------------------------------------------------------
+
+struct RunCase {
+    void (*command)();
+    std::wstring (*program)(ModelKind kind);
+};
+
+// A section is open, and both programs are there.
+struct RunOnModel : CommandTest, testing::WithParamInterface<RunCase> {
+    RunOnModel() {
+        MakeOpen(L"ship.ve2", {kSection, kBulkhead, kTorsion});
+        Install(L"SectInput.exe");
+        Install(L"SectRule.exe");
+    }
+};
+INSTANTIATE_TEST_SUITE_P(Commands, RunOnModel,
+                         testing::Values(RunCase{ME_SectionInput_Click, InputProgramPath},
+                                         RunCase{ME_SectionVelkRule_Click, RuleProgramPath}));
+
+TEST_P(RunOnModel, MissingDatabaseIsReportedWithItsPathBeforeTheModel) {
     KillFile(File(L"ship.ve2"));
     shell.database.currentModel = 0;
-    ExpectNoRun(ME_SectionVelkRule_Click, "'" + Narrow(File(L"ship.ve2")) + "' cannot be opened");
+    ExpectNoRun(GetParam().command, "'" + Narrow(File(L"ship.ve2")) + "' cannot be opened");
 }
 
-TEST_F(SectionRule, NoCurrentModelIsReportedWithNumberAndPath) {
-    MakeOpen(L"ship.ve2", {kSection});
-    Install(L"SectRule.exe");
-    for (const int16_t number : {int16_t{0}, int16_t{-1}, int16_t{2}}) {
+TEST_P(RunOnModel, ModelThatTheDatabaseLacksIsReportedWithNumberAndPath) {
+    for (const int32_t number : {0, -1, 4}) {
         shell.database.currentModel = number;
-        ExpectNoRun(ME_SectionVelkRule_Click, "There is no model " + std::to_string(number) +
-                                                  " in the database '" + Narrow(File(L"ship.ve2")));
+        ExpectNoRun(GetParam().command, "There is no model " + std::to_string(number) +
+                                            " in the database '" + Narrow(File(L"ship.ve2")));
     }
 }
 
-TEST_F(SectionRule, InvalidDataAreReported) {
-    MakeOpen(L"ship.ve2", {kSection});
-    Install(L"SectRule.exe");
-    shell.database.bsd = BasicShipData();
-    ExpectNoRun(ME_SectionVelkRule_Click, "Please input valid BSD first");
+TEST_P(RunOnModel, InvalidDataAreReported) {
+    for (const int item : {1, 2, 3, 9}) {
+        const float before = std::exchange(shell.database.bsd.MainData(item), 0.0f);
+        ExpectNoRun(GetParam().command, "Please input valid BSD first");
+        shell.database.bsd.MainData(item) = before;
+    }
 }
 
-TEST_F(SectionRule, MissingProgramIsReportedWithItsPath) {
-    MakeOpen(L"ship.ve2", {kSection});
+TEST_P(RunOnModel, MissingProgramIsReportedWithItsPath) {
     shell.jbpMode = true;
-    ExpectNoRun(ME_SectionVelkRule_Click,
-                "'" + Narrow(programs) + "CsrCheck.exe' cannot be opened");
+    KillFile(programs + L"SectInput.exe");
+    for (const ModelKind kind : {kSection, kBulkhead, kTorsion}) {
+        shell.database.currentModel = static_cast<int32_t>(kind) + 1;
+        ExpectNoRun(GetParam().command,
+                    "'" + Narrow(GetParam().program(kind)) + "' cannot be opened");
+    }
 }
 
 // ---- Create ------------------------------------------------------------------------------------
@@ -466,7 +420,7 @@ TEST_F(CreateModel, ModelBeforeStaysCurrentWhenNothingIsRun) {
     EXPECT_EQ(shell.database.currentModel, 2);
 }
 
-// ---- What a program can leave behind -----------------------------------------------------------
+// ---- What a program can do to the file ----------------------------------------------------------
 
 TEST_F(DamagingProgram, ThatCannotBeStartedIsReported) {
     MakeOpen(L"ship.ve2", {kSection});
@@ -500,7 +454,7 @@ TEST_F(DamagingProgram, ThatDeletesTheDatabaseIsReported) {
     EXPECT_TRUE(OnlyWarning("The database '" + Narrow(File(L"ship.ve2")) + "' has been missing"));
     EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 0);
     EXPECT_TRUE(RecordedReports::Happened("clear preview"));
-    // The shell goes on: what follows is reported, and nothing runs.
+    // The shell continues: what follows is reported, and nothing runs.
     ExpectNoRun(ME_SectionInput_Click, "ship.ve2' cannot be opened");
     ExpectNoRun(ME_SectionNew_Click, "ship.ve2' cannot be opened");
 }
@@ -533,7 +487,7 @@ TEST_F(DamagingProgram, ThatLeavesTheDatabaseReadOnlyIsReported) {
     ME_SectionInput_Click();
     EXPECT_TRUE(OnlyWarning("ship.ve2' is read-only"));
     EXPECT_EQ(static_cast<int>(FakeView::rows.size()), 1);
-    // It was so before the next run: nothing new is to be told.
+    // It was so before the next run: there is nothing new to report.
     RecordedReports::events.clear();
     ME_SectionInput_Click();
     EXPECT_TRUE(Warnings().empty());
@@ -552,7 +506,7 @@ TEST_F(DamagingProgram, ThatCutsTheDatabaseOffLeavesWhatCanBeRead) {
     EXPECT_TRUE(Warnings().empty());
 }
 
-TEST_F(DamagingProgram, PathThatTheProgramsCannotBeToldIsReported) {
+TEST_F(DamagingProgram, PathThatCannotBePassedOnIsReported) {
     const std::wstring path = File(L"\u03A9mega.ve2");
     ASSERT_EQ(system::CopyBytes(Make(L"ship.ve2", {kSection}), path, false), system::kErrorNone);
     MakeOpen(L"ship.ve2", {kSection});

@@ -43,7 +43,7 @@ TEST_F(RequestTest, EveryLineThatTheShellBuildsIsRead) {
     EXPECT_TRUE(RecordedReports::Of("warning").empty());
 }
 
-TEST_F(RequestTest, SwitchesStandAnywhereAndInEitherCase) {
+TEST_F(RequestTest, SwitchesMayBeAnywhereAndInEitherCase) {
     ASSERT_TRUE(ReadRequest(L"  /jbp\t\"C:\\x.ve2\"/D 7 /MIL ", request));
     EXPECT_TRUE(request.debug && request.mil && request.jbp);
     EXPECT_EQ(request.model, 7);

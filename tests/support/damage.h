@@ -1,4 +1,4 @@
-// Damage to files, byte by byte, without writing the rest of them anew.
+// Damage to files, byte by byte, without writing the rest of them again.
 #pragma once
 
 #include <cstddef>

@@ -214,6 +214,12 @@ std::map<int32_t, std::string> CatalogueTexts() {
     return texts;
 }
 
+std::string WithLineFeeds(std::string_view text) {
+    std::string result(text);
+    std::erase(result, '\r');
+    return result;
+}
+
 std::string Narrow(std::wstring_view text) {
     std::string utf8;
     for (const wchar_t character : text) {

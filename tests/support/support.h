@@ -1,4 +1,4 @@
-// What several unit tests share: folders of their own, whole files, and fakes of the libraries.
+// What several unit tests share: their own folders, whole files, and fakes of the libraries.
 #pragma once
 
 #include <cstdint>
@@ -31,7 +31,7 @@ private:
     std::wstring usual;
 };
 
-// While one of these lives, temporary files lie in memory, where the system has a folder for that:
+// While one of these lives, temporary files are in memory, where the system has a folder for that:
 // flushing them to the disk takes no time.
 struct TemporaryFilesInMemory {
     TemporaryFilesInMemory();
@@ -68,7 +68,7 @@ struct KeepCurrentDirectory {
     KeepCurrentDirectory& operator=(const KeepCurrentDirectory&) = delete;
 };
 
-// There is no "Corvane.ini" when the test begins; what it then writes lies at `path`. The file that
+// There is no "Corvane.ini" when the test begins; what it then writes is at `path`. The file that
 // was there before comes back at the end.
 struct FreshSettingsFile {
     TemporaryFolder folder;
@@ -116,6 +116,9 @@ struct FakeCatalogue {
 
 // The texts of the program's catalogue, to change some of them for a FakeCatalogue.
 std::map<int32_t, std::string> CatalogueTexts();
+
+// The same text with LF alone as line end.
+std::string WithLineFeeds(std::string_view text);
 
 // Text as UTF-8, for messages of tests.
 std::string Narrow(std::wstring_view text);

@@ -1,4 +1,4 @@
-// Files that bear stamps, for tests that compare them with golden files.
+// Files that have stamps, for tests that compare them with golden files.
 #pragma once
 
 #include <algorithm>
@@ -8,7 +8,7 @@
 
 namespace corvane::test {
 
-// The text without the stamp lines that tell who wrote it and when.
+// The text without the stamp lines that say who wrote it and when.
 inline std::string WithoutStamps(std::string_view text) {
     std::string kept;
     while (!text.empty()) {

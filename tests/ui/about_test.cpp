@@ -20,7 +20,7 @@ struct AboutUi : testing::Test {
     static std::string Text(HWND box, int id) { return Narrow(TextOf(GetDlgItem(box, id))); }
 };
 
-TEST_F(AboutUi, TellsTitleVersionAndNoticeAndNoWarning) {
+TEST_F(AboutUi, ShowsTitleVersionAndNoticeAndNoWarning) {
     const Program program(installation, L"/mil");
     const HWND main = program.Main();
     ASSERT_NE(main, nullptr);
@@ -38,24 +38,6 @@ TEST_F(AboutUi, TellsTitleVersionAndNoticeAndNoWarning) {
     EXPECT_FALSE(IsWindowEnabled(main));
     EXPECT_TRUE(PressButton(box, BT_Ok));
     EXPECT_TRUE(IsWindowEnabled(main));
-}
-
-TEST_F(AboutUi, ClosesByEnterEscAndTheCloseButton) {
-    const Program program(installation);
-    const HWND main = program.Main();
-    ASSERT_NE(main, nullptr);
-    for (const WPARAM key : {WPARAM{VK_RETURN}, WPARAM{VK_ESCAPE}, WPARAM{0}}) {
-        Choose(main, ME_HelpAbout);
-        const HWND box = program.Window(L"FM_About");
-        ASSERT_NE(box, nullptr);
-        ASSERT_TRUE(WaitUntil([&] { return FocusOf(box) == GetDlgItem(box, BT_Ok); }));
-        if (key == 0) {
-            PostMessageW(box, WM_CLOSE, 0, 0);
-        } else {
-            PressKey(FocusOf(box), key);
-        }
-        EXPECT_TRUE(HasClosed(box)) << key;
-    }
 }
 
 }  // namespace

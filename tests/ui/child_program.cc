@@ -6,7 +6,7 @@
 // Words of the command line, also of a file's name in it, are deeds, done in this order:
 //   sleep      lasts a while
 //   wait       lasts until there is a file "<its own path>.go"
-//   delete     deletes the file that stands in quotes
+//   delete     deletes the file that is in quotes
 //   overwrite  makes it a text of another kind
 //   lock       makes it read-only
 //   grow       adds the marker of another model to it
@@ -56,11 +56,11 @@ long long CounterAtCreation(long long now) {
     return now - (Value(present) - Value(created)) * frequency.QuadPart / kFileTimesPerSecond;
 }
 
-bool IsTold(const wchar_t* word) {
+bool HasWord(const wchar_t* word) {
     return std::wstring(GetCommandLineW()).find(word) != std::wstring::npos;
 }
 
-// What stands in quotes on the command line.
+// What is in quotes on the command line.
 std::wstring QuotedFile() {
     const std::wstring commandLine = GetCommandLineW();
     const size_t first = commandLine.find(L'"');
@@ -75,18 +75,18 @@ void Write(const std::wstring& path, const std::string& text) {
 void DoDeeds(const std::wstring& path) {
     const std::wstring file = QuotedFile();
     const std::wstring signal = path + L".go";
-    if (IsTold(L" sleep")) Sleep(400);
-    while (IsTold(L" wait") && GetFileAttributesW(signal.c_str()) == INVALID_FILE_ATTRIBUTES) {
+    if (HasWord(L" sleep")) Sleep(400);
+    while (HasWord(L" wait") && GetFileAttributesW(signal.c_str()) == INVALID_FILE_ATTRIBUTES) {
         Sleep(5);
     }
-    if (IsTold(L" delete")) DeleteFileW(file.c_str());
-    if (IsTold(L" overwrite")) Write(file, "no database\r\n");
-    if (IsTold(L" grow")) {
+    if (HasWord(L" delete")) DeleteFileW(file.c_str());
+    if (HasWord(L" overwrite")) Write(file, "no database\r\n");
+    if (HasWord(L" grow")) {
         std::ofstream(file.c_str(), std::ios::binary | std::ios::app)
             << "====== CORVANE MODEL ======\r\n";
     }
-    if (IsTold(L" lock")) SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY);
-    if (IsTold(L" crash")) {
+    if (HasWord(L" lock")) SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY);
+    if (HasWord(L" crash")) {
         RaiseException(EXCEPTION_ACCESS_VIOLATION, EXCEPTION_NONCONTINUABLE, 0, nullptr);
     }
     const wchar_t* const code = std::wcsstr(GetCommandLineW(), L" code ");

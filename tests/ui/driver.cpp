@@ -56,7 +56,7 @@ struct RemoteMemory {
     void Get(Record& record) const {
         ReadProcessMemory(process, address, &record, sizeof record, nullptr);
     }
-    // The text behind the record.
+    // The text after the record.
     wchar_t* TextAddress() const { return reinterpret_cast<wchar_t*>(address + 1024); }
     std::wstring Text() const {
         wchar_t text[1024] = L"";
@@ -119,7 +119,7 @@ Installation::Installation() {
     static int counter = 0;
     wchar_t temporary[MAX_PATH + 1] = L"";
     GetTempPathW(MAX_PATH + 1, temporary);
-    // A run that was killed may have left a folder behind.
+    // A run that was killed may have left a folder.
     do {
         const std::wstring name = L"Corvane test " + std::to_wstring(GetCurrentProcessId()) + L" " +
                                   std::to_wstring(++counter);

@@ -7,7 +7,6 @@
 
 #include "shell/commands/commands.h"
 #include "tests/support/support.h"
-#include "tests/support/without_stamps.h"
 #include "tests/ui/driver.h"
 #include "tests/ui/file_dialog.h"
 #include "ui/base/control_ids.h"
@@ -25,10 +24,6 @@ std::string Sample() {
 
 std::string Golden(const char* name) {
     return ReadFileBytes(test::DataPath(std::string("golden/") + name));
-}
-
-bool Exists(const std::wstring& path) {
-    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
 // The program without a database.
@@ -62,24 +57,6 @@ struct FileCommandsTest : testing::Test {
     bool HasRows(int count) const { return RowCountBecomes(list, count); }
 };
 
-TEST_F(FileCommandsTest, NewMakesTheGoldenFile) {
-    Give(ME_FileNew, L"New database", File(L"Emeraude Bay.ve2"));
-    ASSERT_TRUE(DatabaseBecomes(File(L"Emeraude Bay.ve2")));
-    EXPECT_EQ(test::WithoutStamps(ReadFileBytes(File(L"Emeraude Bay.ve2"))),
-              test::WithoutStamps(Golden("new_database.ve2")));
-    EXPECT_TRUE(TextBecomes(GetDlgItem(main, PAN_Help),
-                            L"Next: press Basic Data and enter length, breadth, depth and block "
-                            L"coefficient..."));
-    EXPECT_TRUE(TextBecomes(main, L"Corvane - Emeraude Bay.ve2 - EMERAUDE"));
-    EXPECT_TRUE(HasRows(0));
-}
-
-TEST_F(FileCommandsTest, NewAddsTheExtension) {
-    Give(ME_FileNew, L"New database", L"plain");
-    EXPECT_TRUE(DatabaseBecomes(File(L"plain.ve2")));
-    EXPECT_TRUE(Exists(File(L"plain.ve2")));
-}
-
 TEST_F(FileCommandsTest, NewAsksBeforeItReplacesAFile) {
     WriteFileBytes(File(L"old.ve2"), "old");
     Choose(main, ME_FileNew);
@@ -93,22 +70,10 @@ TEST_F(FileCommandsTest, NewAsksBeforeItReplacesAFile) {
     EXPECT_EQ(ReadFileBytes(File(L"old.ve2")), "old");
 }
 
-TEST_F(FileCommandsTest, GreekLettersAreRefusedByThePrompt) {
-    Choose(main, ME_FileNew);
-    const FileDialog dialog = WaitForFileDialog(program);
-    const Box box = AnswerWithBox(program, dialog, File(L"\u03A9\u03BC\u03AD\u03B3\u03B1.ve2"));
-    ASSERT_NE(box.window, nullptr);
-    EXPECT_NE(Narrow(box.text).find("the language that Windows is set to"), std::string::npos)
-        << Narrow(box.text);
-    EXPECT_TRUE(Press(box, IDOK));
-    EXPECT_TRUE(AnswerFilePrompt(program, L""));
-    EXPECT_TRUE(DatabaseBecomes(L"No database selected"));
-}
-
-// Whether the system's prompt tells it or the program: a box comes, and nothing has happened. ("?"
-// and "*" make a name a filter for the prompt's list, and quotes a list of names; Wine's prompt
-// crashes over a path of more than 260 characters.)
-TEST_F(FileCommandsTest, NamesThatCannotBeAreToldAndNothingChanges) {
+// Whether the system's prompt reports it or the program: a box comes, and nothing has happened.
+// ("?" and "*" make a name a filter for the prompt's list, and quotes a list of names; Wine's
+// prompt crashes over a path of more than 260 characters.)
+TEST_F(FileCommandsTest, NamesThatCannotBeAreReportedAndNothingChanges) {
     WriteFileBytes(File(L"ship.ve2"), Sample());
     Open(File(L"ship.ve2"));
     ASSERT_TRUE(DatabaseBecomes(File(L"ship.ve2")));
@@ -132,8 +97,8 @@ TEST_F(FileCommandsTest, NamesThatCannotBeAreToldAndNothingChanges) {
         ASSERT_NE(box.window, nullptr);
         EXPECT_NE(box.text, L"");
         EXPECT_TRUE(Press(box, IDOK));
-        // A prompt that has told it itself is still there; letters that the code page lacks are
-        // told behind it, and it comes again.
+        // A prompt that has reported it itself is still there; letters that the code page lacks are
+        // reported after it, and it comes again.
         const bool comesAgain = std::string_view(name) == "chinese letters";
         const HWND left = comesAgain ? WaitForFileDialog(program).window : dialog.window;
         if (IsWindow(left)) PressButton(left, IDCANCEL);
@@ -142,16 +107,6 @@ TEST_F(FileCommandsTest, NamesThatCannotBeAreToldAndNothingChanges) {
         EXPECT_EQ(test::FilesIn(installation.folder), files);
         EXPECT_EQ(ReadFileBytes(File(L"ship.ve2")), Sample());
     }
-}
-
-TEST_F(FileCommandsTest, CancelLeavesEverything) {
-    for (const int command : {ME_FileNew, ME_FileOpen}) {
-        Choose(main, command);
-        const FileDialog dialog = WaitForFileDialog(program);
-        ASSERT_NE(dialog.window, nullptr);
-        EXPECT_TRUE(PressButton(dialog.window, IDCANCEL));
-    }
-    EXPECT_TRUE(DatabaseBecomes(L"No database selected"));
 }
 
 TEST_F(FileCommandsTest, OpenShowsTheDatabase) {
@@ -180,22 +135,6 @@ TEST_F(FileCommandsTest, OldExtensionIsCopiedOnYes) {
     ASSERT_TRUE(DatabaseBecomes(File(L"copy.ve2")));
     EXPECT_EQ(ReadFileBytes(File(L"copy.ve2")), Sample());
     EXPECT_TRUE(HasRows(14));
-}
-
-TEST_F(FileCommandsTest, OldExtensionIsOpenedInPlaceOnNo) {
-    WriteFileBytes(File(L"ship.vew"), Sample());
-    Open(File(L"ship.vew"));
-    EXPECT_EQ(PressInBox(IDNO), kCopyQuestion);
-    ASSERT_TRUE(DatabaseBecomes(File(L"ship.vew")));
-    EXPECT_TRUE(HasRows(14));
-}
-
-TEST_F(FileCommandsTest, OldFileThatIsNoDatabaseIsRefused) {
-    WriteFileBytes(File(L"ship.vew"), "no database\r\n");
-    Open(File(L"ship.vew"));
-    EXPECT_EQ(PressInBox(IDOK), Narrow(File(L"ship.vew")) + " : not a valid Corvane file");
-    EXPECT_TRUE(DatabaseBecomes(L"No database selected"));
-    EXPECT_EQ(ReadFileBytes(File(L"ship.vew")), "no database\r\n");
 }
 
 TEST_F(FileCommandsTest, SaveAsOpensTheCopy) {
@@ -227,43 +166,6 @@ TEST_F(FileCommandsTest, OpenDatabaseSpelledAnotherWayIsNotReplaced) {
     }
 }
 
-TEST_F(FileCommandsTest, WithoutADatabaseTheStatusLineSaysWhatToDo) {
-    EXPECT_TRUE(TextBecomes(
-        GetDlgItem(main, PAN_Help),
-        L"Create a database with File > New database, or open one with File > Open database"));
-}
-
-TEST_F(FileCommandsTest, SaveAsVelkDosSaysThatItIsDone) {
-    WriteFileBytes(File(L"ship.ve2"), Sample());
-    Open(File(L"ship.ve2"));
-    ASSERT_TRUE(DatabaseBecomes(File(L"ship.ve2")));
-    Give(ME_FileSaveLegacy, L"Save as Velk Dos", File(L"old.vel"));
-    EXPECT_TRUE(TextBecomes(GetDlgItem(main, PAN_Help),
-                            L"The sections were saved in '" + File(L"old.vel") + L"'"));
-}
-
-TEST_F(FileCommandsTest, SettingsKeepThePathAndTheFolder) {
-    ASSERT_TRUE(CreateDirectoryW(File(L"ships").c_str(), nullptr));
-    WriteFileBytes(File(L"ships\\ship.ve2"), Sample());
-    Open(File(L"ships\\ship.ve2"));
-    ASSERT_TRUE(DatabaseBecomes(File(L"ships\\ship.ve2")));
-    Choose(main, ME_FileQuit);
-    ASSERT_TRUE(program.HasEnded());
-    EXPECT_EQ(Narrow(Settings::Read(L"DatabasePath")), Narrow(File(L"ships\\ship.ve2")));
-    EXPECT_EQ(Narrow(Settings::Read(L"BrowseDirectory")), Narrow(File(L"ships\\")));
-}
-
-TEST_F(FileCommandsTest, ImportMakesTheGoldenFile) {
-    WriteFileBytes(File(L"ship.ve2"), Golden("new_database.ve2"));
-    WriteFileBytes(File(L"data.bsd"), Golden("standalone.bsd"));
-    Open(File(L"ship.ve2"));
-    ASSERT_TRUE(DatabaseBecomes(File(L"ship.ve2")));
-    Give(ME_FileImportBSD, L"Import", File(L"data.bsd"));
-    EXPECT_TRUE(TextBecomes(GetDlgItem(main, PAN_Help),
-                            L"The Basic Ship Data were read from '" + File(L"data.bsd") + L"'"));
-    EXPECT_EQ(ReadFileBytes(File(L"ship.ve2")), Golden("imported_bsd.ve2"));
-}
-
 TEST_F(FileCommandsTest, ImportAsksBeforeItErasesData) {
     WriteFileBytes(File(L"ship.ve2"), Sample());
     WriteFileBytes(File(L"data.bsd"), Golden("standalone.bsd"));
@@ -284,16 +186,6 @@ TEST_F(FileCommandsTest, ImportAsksBeforeItErasesData) {
                             L"The Basic Ship Data were read from '" + File(L"data.bsd") + L"'"));
     EXPECT_TRUE(TextBecomes(main, L"Corvane - ship.ve2 - EMERAUDE"));
     EXPECT_TRUE(HasRows(14));
-}
-
-TEST_F(FileCommandsTest, ImportFromAFileWithoutDataIsRefused) {
-    WriteFileBytes(File(L"ship.ve2"), Golden("new_database.ve2"));
-    WriteFileBytes(File(L"empty.bsd"), "");
-    Open(File(L"ship.ve2"));
-    ASSERT_TRUE(DatabaseBecomes(File(L"ship.ve2")));
-    Give(ME_FileImportBSD, L"Import", File(L"empty.bsd"));
-    EXPECT_EQ(PressInBox(IDOK), Narrow(File(L"empty.bsd")) + " : not a valid Corvane file");
-    EXPECT_EQ(ReadFileBytes(File(L"ship.ve2")), Golden("new_database.ve2"));
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ void Add(std::vector<INPUT>& inputs, WORD key, DWORD flags) {
     input.ki.wVk = key;
     input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
     input.ki.dwFlags = flags;
-    // The keys that lie apart from the number pad.
+    // The keys that are apart from the number pad.
     const bool apart = (key >= VK_PRIOR && key <= VK_DOWN) || key == VK_INSERT || key == VK_DELETE;
     if (apart) input.ki.dwFlags |= KEYEVENTF_EXTENDEDKEY;
     inputs.push_back(input);

@@ -1,5 +1,5 @@
 // Real keys and mouse movements, as they come from the user: they reach whatever has the focus or
-// lies under the pointer.
+// is under the pointer.
 #pragma once
 
 #include <functional>
@@ -19,7 +19,7 @@ void Type(std::initializer_list<WORD> keys);
 void TypeWithAlt(WORD key);
 void TypeWithShift(WORD key);
 // Chooses a command of the main window with Alt and the letter of its menu, then its own letter;
-// false when no command begins. The display tells a window that comes to the front which keys are
+// false when no command begins. The display informs a window that comes to the front which keys are
 // down, and a key of which it knows nothing counts as released then: keys that had no effect are
 // pressed again. Home takes back what a letter alone has selected in the list of models.
 bool ChooseByKeys(const Program& program, WORD menu, WORD item);

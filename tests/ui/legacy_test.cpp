@@ -1,9 +1,7 @@
 // Legacy databases in the real program: named on the command line and chosen in the Open dialog.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "shell/commands/commands.h"
@@ -28,7 +26,7 @@ bool Exists(const std::wstring& path) {
     return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-// New databases lie in the working folder: the program's own one when no settings say otherwise.
+// New databases are in the working folder: the program's own one when no settings say otherwise.
 struct LegacyTest : testing::Test {
     Settings settings;
     Installation installation;
@@ -73,40 +71,6 @@ TEST_F(LegacyTest, DatabaseOnTheCommandLineIsConvertedAndShown) {
     EXPECT_TRUE(TextBecomes(GetDlgItem(main, LB_X), L"X = 108.5 m"));
 }
 
-TEST_F(LegacyTest, DatabaseChosenInTheOpenDialogIsConverted) {
-    const std::wstring path = CopyOfSample(L"Aurora.vel");
-    const Program program(installation);
-    const HWND main = program.Main();
-    ASSERT_NE(main, nullptr);
-    Choose(main, ME_FileOpen);
-    ASSERT_TRUE(AnswerFilePrompt(program, path));
-    ExpectSections(program, main);
-    EXPECT_EQ(Narrow(TextOf(main)), "Corvane - aurora.ve2 - AURORA");
-}
-
-// The folder tells the ship of a database that is called "star".
-TEST_F(LegacyTest, StarGetsTheNameOfItsFolder) {
-    const std::wstring folder = L"C:\\Alpha test " + std::to_wstring(GetCurrentProcessId());
-    ASSERT_TRUE(CreateDirectoryW(folder.c_str(), nullptr));
-    const std::wstring path = folder + L"\\STAR.vel";
-    WriteFileBytes(path, LegacySample());
-    const std::wstring name = L"CAlphatest" + std::to_wstring(GetCurrentProcessId());
-    {
-        const Program program(installation, L"\"" + path + L"\"");
-        const HWND main = program.Main();
-        ASSERT_NE(main, nullptr);
-        ExpectSections(program, main);
-        std::wstring lower = name;
-        std::wstring upper = name;
-        CharLowerW(lower.data());
-        CharUpperW(upper.data());
-        EXPECT_EQ(Narrow(TextOf(main)), Narrow(L"Corvane - " + lower + L".ve2 - " + upper));
-        EXPECT_TRUE(Exists(installation.File(name + L".ve2")));
-    }
-    DeleteFileW(path.c_str());
-    RemoveDirectoryW(folder.c_str());
-}
-
 TEST_F(LegacyTest, ExistingDatabaseIsKeptOnNo) {
     const std::wstring path = CopyOfSample(L"Aurora.vel");
     WriteFileBytes(installation.File(L"Aurora.ve2"), "old");
@@ -121,19 +85,7 @@ TEST_F(LegacyTest, ExistingDatabaseIsKeptOnNo) {
     EXPECT_EQ(ReadFileBytes(installation.File(L"Aurora.ve2")), "old");
 }
 
-TEST_F(LegacyTest, ExistingDatabaseIsReplacedOnYes) {
-    const std::wstring path = CopyOfSample(L"Aurora.vel");
-    WriteFileBytes(installation.File(L"Aurora.ve2"), "old");
-    const Program program(installation, L"\"" + path + L"\"");
-    const Box box = WaitForBox(program);
-    ASSERT_TRUE(Press(box, IDYES));
-    const HWND main = program.Main();
-    ASSERT_NE(main, nullptr);
-    ExpectSections(program, main);
-    EXPECT_NE(ReadFileBytes(installation.File(L"Aurora.ve2")), "old");
-}
-
-// A database that cannot be read, and what the user is told of it.
+// A database that cannot be read, and what the library says of it.
 struct LegacyDamage {
     const char* name;
     const char* reason;
@@ -170,7 +122,7 @@ struct LegacyDamageTest : LegacyTest, testing::WithParamInterface<LegacyDamage> 
         WriteFileBytes(path, bytes);
         files = test::FilesIn(installation.folder);
     }
-    void ExpectTold(const Box& box) const {
+    void ExpectReported(const Box& box) const {
         ASSERT_NE(box.window, nullptr);
         EXPECT_EQ(Narrow(box.text), "The DOS database '" + Narrow(path) +
                                         "' could not be read.\r\r" + GetParam().reason);
@@ -182,14 +134,14 @@ struct LegacyDamageTest : LegacyTest, testing::WithParamInterface<LegacyDamage> 
     }
 };
 
-TEST_P(LegacyDamageTest, IsToldAtTheStartAndNothingIsOpened) {
+TEST_P(LegacyDamageTest, IsReportedAtTheStartAndNothingIsOpened) {
     const Program program(installation, L"\"" + path + L"\"");
-    ExpectTold(WaitForBox(program));
+    ExpectReported(WaitForBox(program));
     ExpectNothingOpen(program, program.Main());
     ExpectNothingChanged();
 }
 
-TEST_P(LegacyDamageTest, IsToldInOpenAndTheOpenDatabaseStays) {
+TEST_P(LegacyDamageTest, IsReportedInOpenAndTheOpenDatabaseStays) {
     WriteFileBytes(installation.File(L"ship.ve2"),
                    ReadFileBytes(test::DataPath("../samples/aurora_bay.ve2")));
     files = test::FilesIn(installation.folder);
@@ -199,7 +151,7 @@ TEST_P(LegacyDamageTest, IsToldInOpenAndTheOpenDatabaseStays) {
     const std::wstring caption = TextOf(main);
     Choose(main, ME_FileOpen);
     ASSERT_TRUE(AnswerFilePrompt(program, path));
-    ExpectTold(WaitForPlainBox(program));
+    ExpectReported(WaitForPlainBox(program));
     EXPECT_TRUE(RowCountBecomes(GetDlgItem(main, LI_Sections), 14));
     EXPECT_EQ(Narrow(TextOf(main)), Narrow(caption));
     ExpectNothingChanged();

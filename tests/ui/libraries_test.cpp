@@ -1,5 +1,5 @@
 // Companion libraries that are missing, too old, of another version, or no libraries at all: the
-// program tells which one, and ends.
+// program says which one, and ends.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -15,115 +15,79 @@ using test::Narrow;
 struct WrongLibrary {
     const char* name;         // of the test
     const wchar_t* fileName;  // the file that is changed
-    const char* wrong;        // folder of the file that takes its place; null: it is removed
-    const char* text;         // what the box says
+    const char* wrong;        // folder of the file that replaces it; null: it is removed
+    // What the box says of it.
+    const char* label;
+    const char* found;
+    const char* needed;
+    int error;
 };
 
-// Without GrVelk.dll there is no catalogue either: the number and the arguments are all there is.
+// Folder "": a file that is no library.
 const WrongLibrary kCases[] = {
-    {"GrVelkDataOfAnotherVersion", L"GrVelk.dll", "data",
-     "Corvane cannot start: its library GrVelk Data is missing or has another version.\r\r"
-     "Version found: 2.003\rVersion needed: 2.002\r\r"
-     "Install Corvane again, so that all its files are there and of one version. "
-     "Error number of the system:\r0"},
-    {"GrVelkMissing", L"GrVelk.dll", nullptr, "Res #1052 GrVelk Data Unknown ver. 2.002 \r126"},
-    {"ZTUtil32TooOld", L"ztutil32.dll", "ztutil32",
-     "Corvane cannot start: its library ZTUtil32 is missing or has another version.\r\r"
-     "Version found: 3.72\rVersion needed: 3.73\r\r"
-     "Install Corvane again, so that all its files are there and of one version. "
-     "Error number of the system:\r0"},
-    {"ZTUtil32Missing", L"ztutil32.dll", nullptr,
-     "Corvane cannot start: its library ZTUtil32 is missing or has another version.\r\r"
-     "Version found: Unknown ver.\rVersion needed: 3.73\r\r"
-     "Install Corvane again, so that all its files are there and of one version. "
-     "Error number of the system:\r126"},
-    {"BsdVelkTooOld", L"BsdVelk.dll", "bsdvelk",
-     "Corvane cannot start: its library BsdVelk is missing or has another version.\r\r"
-     "Version found: 4.9\rVersion needed: 5.0\r\r"
-     "Install Corvane again, so that all its files are there and of one version. "
-     "Error number of the system:\r0"},
-    {"BsdVelkMissing", L"BsdVelk.dll", nullptr,
-     "Corvane cannot start: its library BsdVelk is missing or has another version.\r\r"
-     "Version found: Unknown ver.\rVersion needed: 5.0\r\r"
-     "Install Corvane again, so that all its files are there and of one version. "
-     "Error number of the system:\r126"},
-    {"ZTVelk32TooOld", L"ZTVelk32.dll", "ztvelk32",
-     "Corvane cannot start: its library ZTVelk32 is missing or has another version.\r\r"
-     "Version found: 1.5\rVersion needed: 2.0\r\r"
-     "Install Corvane again, so that all its files are there and of one version. "
-     "Error number of the system:\r0"},
-    {"ZTVelk32Missing", L"ZTVelk32.dll", nullptr,
-     "Corvane cannot start: its library ZTVelk32 is missing or has another version.\r\r"
-     "Version found: Unknown ver.\rVersion needed: 2.0\r\r"
-     "Install Corvane again, so that all its files are there and of one version. "
-     "Error number of the system:\r126"},
-    {"GrVelkBulkheadDataOfAnotherVersion", L"GrVelk.dll", "bha",
-     "Corvane cannot start: its library GrVelk Bulkhead Data is missing or has another version.\r\r"
-     "Version found: 0.444\rVersion needed: 0.443\r\r"
-     "Install Corvane again, so that all its files are there and of one version. "
-     "Error number of the system:\r0"},
-    {"GrVelkWithoutBulkheadData", L"GrVelk.dll", "no_bha",
-     "Corvane cannot start: its library GrVelk Bulkhead Data is missing or has another version.\r\r"
-     "Version found: Unknown ver.\rVersion needed: 0.443\r\r"
-     "Install Corvane again, so that all its files are there and of one version. "
-     "Error number of the system:\r127"},
+    {"GrVelkDataOfAnotherVersion", L"GrVelk.dll", "data", "GrVelk Data", "2.003", "2.002", 0},
+    {"GrVelkMissing", L"GrVelk.dll", nullptr, nullptr, nullptr, nullptr, 0},
+    {"ZTUtil32TooOld", L"ztutil32.dll", "ztutil32", "ZTUtil32", "3.72", "3.73", 0},
+    {"ZTUtil32Missing", L"ztutil32.dll", nullptr, "ZTUtil32", "Unknown ver.", "3.73", 126},
+    {"BsdVelkTooOld", L"BsdVelk.dll", "bsdvelk", "BsdVelk", "4.9", "5.0", 0},
+    {"BsdVelkMissing", L"BsdVelk.dll", nullptr, "BsdVelk", "Unknown ver.", "5.0", 126},
+    {"BsdVelkNoLibrary", L"BsdVelk.dll", "", "BsdVelk", "Unknown ver.", "5.0", 193},
+    {"ZTVelk32TooOld", L"ZTVelk32.dll", "ztvelk32", "ZTVelk32", "1.5", "2.0", 0},
+    {"ZTVelk32Missing", L"ZTVelk32.dll", nullptr, "ZTVelk32", "Unknown ver.", "2.0", 126},
+    {"GrVelkBulkheadDataOfAnotherVersion", L"GrVelk.dll", "bha", "GrVelk Bulkhead Data", "0.444",
+     "0.443", 0},
+    {"GrVelkWithoutBulkheadData", L"GrVelk.dll", "no_bha", "GrVelk Bulkhead Data", "Unknown ver.",
+     "0.443", 127},
 };
+
+std::string ReportOf(const WrongLibrary& example) {
+    // Without GrVelk.dll there is no catalogue either: the number and the arguments are all there
+    // is.
+    if (example.label == nullptr) return "Res #1052 GrVelk Data Unknown ver. 2.002 \r126";
+    return std::string("Corvane cannot start: its library ") + example.label +
+           " is missing or has another version.\r\rVersion found: " + example.found +
+           "\rVersion needed: " + example.needed +
+           "\r\rInstall Corvane again, so that all its files are there and of one version. "
+           "Error number of the system:\r" +
+           std::to_string(example.error);
+}
 
 struct LibraryTest : testing::TestWithParam<WrongLibrary> {
     Settings settings;
     Installation installation;
-
-    // The text of the box that the program shows before it ends by itself.
-    std::string ReportOfTheEndingProgram() const {
-        const Program program(installation);
-        const Box box = WaitForBox(program);
-        EXPECT_NE(box.window, nullptr);
-        EXPECT_EQ(Narrow(box.title), "Corvane");
-        EXPECT_TRUE(Press(box, IDOK));
-        EXPECT_TRUE(program.HasEnded());
-        EXPECT_EQ(program.FindNow(L"FM_Main"), nullptr);
-        return Narrow(box.text);
-    }
 };
 
 TEST_P(LibraryTest, IsNamedAndEndsTheProgram) {
     const WrongLibrary& example = GetParam();
     const std::wstring file = installation.File(example.fileName);
     ASSERT_TRUE(DeleteFileW(file.c_str()));
-    if (example.wrong != nullptr) {
-        const std::string folder = std::string("wrong\\") + example.wrong + "\\";
-        const std::wstring source = std::wstring(folder.begin(), folder.end()) + example.fileName;
+    const std::string folder = example.wrong == nullptr ? "" : example.wrong;
+    if (!folder.empty()) {
+        const std::wstring source =
+            L"wrong\\" + std::wstring(folder.begin(), folder.end()) + L"\\" + example.fileName;
         ASSERT_TRUE(CopyFileW(source.c_str(), file.c_str(), TRUE)) << GetLastError();
+    } else if (example.wrong != nullptr) {
+        test::WriteFileBytes(file, "this is no library");
     }
-    EXPECT_EQ(ReportOfTheEndingProgram(), example.text);
+    const Program program(installation);
+    const Box box = WaitForBox(program);
+    EXPECT_NE(box.window, nullptr);
+    EXPECT_EQ(Narrow(box.title), "Corvane");
+    EXPECT_EQ(Narrow(box.text), ReportOf(example));
+    EXPECT_TRUE(Press(box, IDOK));
+    EXPECT_TRUE(program.HasEnded());
+    EXPECT_EQ(program.FindNow(L"FM_Main"), nullptr);
 }
 
-INSTANTIATE_TEST_SUITE_P(FiveChecks, LibraryTest, testing::ValuesIn(kCases),
+INSTANTIATE_TEST_SUITE_P(Libraries, LibraryTest, testing::ValuesIn(kCases),
                          [](const auto& instance) { return std::string(instance.param.name); });
 
-using GarbageLibraryTest = LibraryTest;
-
-TEST_P(GarbageLibraryTest, FileThatIsNoLibraryIsNamed) {
-    test::WriteFileBytes(installation.File(GetParam().fileName), "this is no library");
-    EXPECT_EQ(ReportOfTheEndingProgram(), GetParam().text);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Garbage, GarbageLibraryTest,
-    testing::Values(WrongLibrary{
-        "BsdVelk", L"BsdVelk.dll", nullptr,
-        "Corvane cannot start: its library BsdVelk is missing or has another version.\r\r"
-        "Version found: Unknown ver.\rVersion needed: 5.0\r\r"
-        "Install Corvane again, so that all its files are there and of one version. "
-        "Error number of the system:\r193"}),
-    [](const auto& instance) { return std::string(instance.param.name); });
-
-TEST(LibrarySearch, LibraryOnTheSearchPathIsNotTaken) {
+TEST(LibrarySearch, LibraryOnTheSearchPathIsNotUsed) {
     const Settings settings;
     const Installation installation;
     const Installation planted;
     ASSERT_TRUE(DeleteFileW(installation.File(L"BsdVelk.dll").c_str()));
-    // The program inherits the search path, where a good library lies.
+    // The program inherits the search path, where a good library is.
     wchar_t path[8192] = L"";
     GetEnvironmentVariableW(L"PATH", path, 8192);
     SetEnvironmentVariableW(L"PATH", (planted.folder + L";" + path).c_str());

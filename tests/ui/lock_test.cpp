@@ -1,4 +1,4 @@
-// The main window while a program of the suite runs: it takes no input, but paints itself.
+// The main window while a program of the suite runs: it accepts no input, but paints itself.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -18,21 +18,6 @@ constexpr int kModels = 14;
 
 // ---- Rule sets ---------------------------------------------------------------------------------
 
-TEST_F(MainWindowTest, RuleOptionsChangeTheTitle) {
-    const struct {
-        int option;
-        const wchar_t* title;
-    } clicks[] = {{1, L"Corvane JBP - ship.ve2 - AURORA BAY"},
-                  {2, L"Corvane MIL - ship.ve2 - AURORA BAY"},
-                  {1, L"Corvane JBP - ship.ve2 - AURORA BAY"},
-                  {0, L"Corvane - ship.ve2 - AURORA BAY"}};
-    for (const auto& click : clicks) {
-        PostMessageW(Control(OP_Rule + click.option), BM_CLICK, 0, 0);
-        EXPECT_TRUE(TextBecomes(main, click.title)) << Narrow(TextOf(main));
-        for (int i = 0; i < kRuleSetCount; ++i) EXPECT_EQ(IsOn(OP_Rule + i), i == click.option);
-    }
-}
-
 // Pixels that differ in the picture of a button.
 int Differing(const Picture& one, const Picture& other) {
     int count = 0;
@@ -74,19 +59,6 @@ TEST_F(MainWindowTest, ClickOnTheSelectedRowReadsItsModelAgain) {
 
 // ---- Model buttons -----------------------------------------------------------------------------
 
-TEST_F(MainWindowTest, TorsionModelHidesRuleAndCentresEdit) {
-    const LONG openLeft = Place(BT_Open).left;
-    const LONG ruleLeft = Place(BT_Rule).left;
-    ASSERT_TRUE(IsShown(BT_Rule));
-    Type({VK_END});
-    ASSERT_TRUE(WaitUntil([&] { return !IsShown(BT_Rule); }));
-    EXPECT_TRUE(WaitUntil([&] { return Place(BT_Open).left == (openLeft + ruleLeft) / 2; }));
-    Type({VK_HOME});
-    ASSERT_TRUE(WaitUntil([&] { return IsShown(BT_Rule); }));
-    EXPECT_TRUE(WaitUntil([&] { return Place(BT_Open).left == openLeft; }));
-    EXPECT_EQ(Place(BT_Rule).left, ruleLeft);
-}
-
 TEST_F(MainWindowTest, DeleteOfTheLastModelLeavesNothingSelectedAndDisablesTheButtons) {
     Type({VK_END});
     ASSERT_TRUE(ShowsPosition(L"X = 116.7 m"));
@@ -121,14 +93,6 @@ TEST_F(MainWindowTest, MouseDragsTheSplitter) {
     EXPECT_TRUE(FocusBecomes(main, LI_Sections)) << "the mouse leaves the focus where it is";
 }
 
-TEST_F(MainWindowTest, SplitterIsReachedAndMovedByKeys) {
-    const LONG before = Place(SP_Sections).left;
-    Type({VK_TAB});
-    ASSERT_TRUE(FocusBecomes(main, SP_Sections));
-    Type({VK_RIGHT, VK_RIGHT});
-    EXPECT_TRUE(WaitUntil([&] { return Place(SP_Sections).left > before + 16; }));
-}
-
 // ---- Keyboard ----------------------------------------------------------------------------------
 
 TEST_F(MainWindowTest, TabKeyVisitsTheControlsAsTheyAreRead) {
@@ -156,22 +120,6 @@ TEST_F(MainWindowTest, AltLetterOpensEachTopMenu) {
         Type({VK_ESCAPE, VK_ESCAPE});
         EXPECT_TRUE(MenuIsOpen(false)) << letter;
         EXPECT_TRUE(FocusBecomes(main, LI_Sections)) << letter;
-    }
-}
-
-TEST_F(MainWindowTest, AltLetterOfTheSectionMenuFollowsTheKind) {
-    const struct {
-        WORD key;
-        char letter;
-        const wchar_t* position;
-    } models[] = {{VK_END, 'T', L"X = 116.7 m"}, {VK_HOME, 'S', L"X = 20.7 m"}};
-    for (const auto& model : models) {
-        Type({model.key});
-        ASSERT_TRUE(ShowsPosition(model.position));
-        TypeWithAlt(static_cast<WORD>(model.letter));
-        EXPECT_TRUE(MenuIsOpen(true)) << model.letter;
-        Type({VK_ESCAPE, VK_ESCAPE});
-        EXPECT_TRUE(MenuIsOpen(false));
     }
 }
 

@@ -64,11 +64,6 @@ struct PreviewTest : testing::Test {
     }
 };
 
-TEST_F(PreviewTest, FirstSectionIsShownAtTheStart) {
-    EXPECT_EQ(SendMessageW(GetDlgItem(main, OP_Preview), BM_GETCHECK, 0, 0), BST_CHECKED);
-    EXPECT_TRUE(Becomes(picture, true));
-}
-
 TEST_F(PreviewTest, TorsionModelClearsThePictureAndSaysWhy) {
     const HWND list = GetDlgItem(main, LI_Sections);
     ASSERT_TRUE(Becomes(picture, true));

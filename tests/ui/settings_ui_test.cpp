@@ -72,28 +72,10 @@ TEST_F(SettingsTest, EndOfTheWindowsSessionWritesThem) {
     DWORD_PTR answer = 0;
     SendMessageTimeoutW(main, WM_QUERYENDSESSION, 0, 0, SMTO_ABORTIFHUNG, kPatience, &answer);
     EXPECT_EQ(answer, 1U);
+    SendMessageTimeoutW(main, WM_ENDSESSION, FALSE, 0, SMTO_ABORTIFHUNG, kPatience, &answer);
+    EXPECT_EQ(Narrow(Settings::Read(L"DatabasePath")), "(none)") << "the session goes on";
     SendMessageTimeoutW(main, WM_ENDSESSION, TRUE, 0, SMTO_ABORTIFHUNG, kPatience, &answer);
     EXPECT_EQ(Narrow(Settings::Read(L"DatabasePath")), Narrow(database));
-}
-
-TEST_F(SettingsTest, StartMarkIsWritten) {
-    const Program program(installation);
-    ASSERT_NE(program.Main(), nullptr);
-    wchar_t mark[16] = L"";
-    GetPrivateProfileStringW(L"Start", L"Started", L"", mark, 16, L"Corvane.ini");
-    EXPECT_EQ(Narrow(mark), "1");
-}
-
-TEST_F(SettingsTest, GarbageGivesTheDefaults) {
-    std::string garbage;
-    for (int i = 0; i < 100000; ++i) garbage += static_cast<char>(i * 7919 >> 3);
-    test::WriteFileBytes(Settings::Path(), garbage);
-    const Program program(installation, L"ship.ve2");
-    const HWND main = program.Main();
-    ASSERT_NE(main, nullptr);
-    EXPECT_EQ(Narrow(TextOf(GetDlgItem(main, TX_DataBase))), Narrow(database));
-    Choose(main, ME_FileQuit);
-    EXPECT_TRUE(program.HasEnded());
 }
 
 // ---- Where they are ----------------------------------------------------------------------------

@@ -152,41 +152,6 @@ TEST_F(StandInUiTest, BsdEditorSavesTheShip) {
     EXPECT_TRUE(Close(program, window));
 }
 
-TEST_F(StandInUiTest, SectionInputMakesASectionAndChangesItAgain) {
-    const std::string before = Bytes();
-    const Program program(installation, Line(), L"SectInput.exe");
-    const HWND window = program.Window(kStandInClass);
-    ASSERT_NE(window, nullptr);
-    Enter(window, 0, L"Côté bâbord");
-    EXPECT_EQ(Save(window), Narrow(L"Saved: section 15, Côté bâbord, in my ship.ve2"));
-    EXPECT_EQ(Fact(window, 3), Narrow(L"Model: 15, Côté bâbord"));
-    EXPECT_TRUE(Bytes().starts_with(before));
-    Enter(window, 0, L"Second name");
-    Enter(window, 3, L"20");
-    Click(window, IDOK);
-    EXPECT_TRUE(TextBecomes(GetDlgItem(window, kStatusId),
-                            L"Saved: section 15, Second name, in my ship.ve2"));
-    const std::vector<ModelEntry> models = ListModelsWithPositions(database);
-    ASSERT_EQ(models.size(), 15U);
-    EXPECT_EQ(Narrow(models[14].name), "Second name");
-    EXPECT_EQ(models[14].x, 108.5F);
-    EXPECT_TRUE(Close(program, window));
-}
-
-TEST_F(StandInUiTest, BulkheadInputAndTorsionProgramMakeTheirModels) {
-    for (const wchar_t* name : {L"BhdInput.exe", L"TorModel.exe"}) {
-        const Program program(installation, Line(), name);
-        const HWND window = program.Window(kStandInClass);
-        ASSERT_NE(window, nullptr);
-        Save(window);
-        EXPECT_TRUE(Close(program, window));
-    }
-    const std::vector<ModelEntry> models = ListModels(database);
-    ASSERT_EQ(models.size(), 16U);
-    EXPECT_EQ(models[14].kind, ModelKind::kBulkhead);
-    EXPECT_EQ(models[15].kind, ModelKind::kTorsion);
-}
-
 TEST_F(StandInUiTest, EnterSavesEscapeClosesAndTabGoesThroughTheFields) {
     const Program program(installation, Line(L" 13"), L"TorModel.exe");
     const HWND window = program.Window(kStandInClass);
@@ -225,17 +190,6 @@ TEST_F(StandInUiTest, EnterBreaksLinesAndTabAndEscapeLeaveThem) {
     EXPECT_TRUE(WaitUntil([&] { return FocusOf(window) == zones; }));
     PressKey(zones, VK_ESCAPE);
     EXPECT_TRUE(program.HasEnded());
-    EXPECT_EQ(Bytes(), before);
-}
-
-TEST_F(StandInUiTest, CloseAfterTypingChangesNothing) {
-    const std::string before = Bytes();
-    const Program program(installation, Line(L" 5"), L"SectInput.exe");
-    const HWND window = program.Window(kStandInClass);
-    ASSERT_NE(window, nullptr);
-    Enter(window, 0, L"never saved");
-    Enter(window, 3, L"25");
-    EXPECT_TRUE(Close(program, window));
     EXPECT_EQ(Bytes(), before);
 }
 
@@ -282,16 +236,7 @@ void ExpectRefusal(const Installation& installation, const std::wstring& line, c
 
 TEST_F(StandInUiTest, WhatCannotBeOpenedIsReportedAndTheProgramEnds) {
     ExpectRefusal(installation, L"", "No database was given.");
-    ExpectRefusal(installation, Line(L" five"), "'five' is not the number of a model.");
-    ExpectRefusal(installation, L"/? " + Line(), "There is no switch '/?'.");
     ExpectRefusal(installation, Line(L" 99"), "There is no model 99 in the database '");
-    ExpectRefusal(installation, Line(L" 13"), "is of the kind 'Torsion'");
-    ExpectRefusal(installation, L"\"" + installation.File(L"none.ve2") + L"\"", "was not found:");
-    test::WriteFileBytes(installation.File(L"text.ve2"), "no database\r\n");
-    ExpectRefusal(installation, L"\"" + installation.File(L"text.ve2") + L"\"",
-                  "is not a Corvane database.");
-    ASSERT_TRUE(SetFileAttributesW(database.c_str(), FILE_ATTRIBUTE_READONLY));
-    ExpectRefusal(installation, Line(), "is read-only and cannot be changed.");
 }
 
 // Holds a file as another program would.

@@ -2,11 +2,13 @@
 // instance, and what the list then shows.
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <string>
 #include <vector>
 
 #include "platform/single_instance.h"
 #include "shell/commands/commands.h"
+#include "tests/shell/sample_models.h"
 #include "tests/support/support.h"
 #include "tests/ui/driver.h"
 #include "ui/base/control_ids.h"
@@ -14,11 +16,9 @@
 namespace corvane::ui {
 namespace {
 
+using test::kSampleModels;
 using test::Narrow;
-
-std::wstring SamplePath() {
-    return test::DataPath("../samples/aurora_bay.ve2");
-}
+using test::SamplePath;
 
 // A copy of the sample ship that a test may change, in the installation's folder.
 std::wstring CopyOfSample(const Installation& installation, std::wstring_view name) {
@@ -61,39 +61,6 @@ TEST_F(StartTest, FileOnTheCommandLineIsOpened) {
     EXPECT_EQ(Narrow(ControlText(main, PAN_Help)), "");
 }
 
-TEST_F(StartTest, RelativeFileOnTheCommandLineIsOpened) {
-    const std::wstring path = CopyOfSample(installation, L"ship.ve2");
-    const Program program(installation, L"ship.ve2");
-    const HWND main = program.Main();
-    ASSERT_NE(main, nullptr);
-    EXPECT_EQ(Narrow(ControlText(main, TX_DataBase)), Narrow(path));
-}
-
-struct ExpectedRow {
-    const wchar_t* name;
-    const wchar_t* x;
-    const wchar_t* id;
-    const wchar_t* type;
-    int icon;
-};
-
-constexpr ExpectedRow kSampleRows[] = {
-    {L"Engine room, frame 30", L"20.700", L" 1", L"Section", 0},
-    {L"Hold 7, frame 61", L"44.700", L" 2", L"Section", 0},
-    {L"Hold 6, frame 91", L"68.700", L" 3", L"Section", 0},
-    {L"Hold 5, frame 121", L"92.700", L" 4", L"Section", 0},
-    {L"Midship section, hold 4", L"108.500", L" 5", L"Section", 0},
-    {L"Hold 3, frame 181", L"140.700", L" 6", L"Section", 0},
-    {L"Hold 2, frame 211", L"164.700", L" 7", L"Section", 0},
-    {L"Hold 1, frame 240", L"187.900", L" 8", L"Section", 0},
-    {L"Fore peak, frame 270", L"208.700", L" 9", L"Section", 0},
-    {L"Engine room bulkhead, frame 46", L"32.700", L"10", L"Bulkhead", 1},
-    {L"Corrugated bulkhead, holds 5 and 4", L"104.700", L"11", L"Bulkhead", 1},
-    {L"Collision bulkhead, frame 254", L"199.100", L"12", L"Bulkhead", 1},
-    {L"Torsion model, holds 7 to 1", L"", L"13", L"Torsion", 2},
-    {L"Torsion model, holds 5 to 3", L"", L"14", L"Torsion", 2},
-};
-
 TEST_F(StartTest, ListShowsTheModelsInFileOrder) {
     const Program program(installation, Quoted(SamplePath()));
     const HWND main = program.Main();
@@ -102,91 +69,27 @@ TEST_F(StartTest, ListShowsTheModelsInFileOrder) {
     EXPECT_EQ(ColumnTitles(program, list),
               (std::vector<std::wstring>{L"Name", L"X", L"Id", L"Type"}));
     const std::vector<Row> rows = Rows(program, list);
-    ASSERT_EQ(rows.size(), std::size(kSampleRows));
+    ASSERT_EQ(rows.size(), std::size(kSampleModels));
+    const char* const types[] = {"Section", "Bulkhead", "Torsion"};
     for (size_t i = 0; i < rows.size(); ++i) {
-        const ExpectedRow& expected = kSampleRows[i];
+        const test::SampleModel& expected = kSampleModels[i];
+        char x[20] = "";
+        if (expected.x_m >= 0) std::snprintf(x, sizeof x, "%.3f", double{expected.x_m});
         EXPECT_EQ(Narrow(rows[i].cells[0]), Narrow(expected.name));
-        EXPECT_EQ(Narrow(rows[i].cells[1]), Narrow(expected.x));
-        EXPECT_EQ(Narrow(rows[i].cells[2]), Narrow(expected.id));
-        EXPECT_EQ(Narrow(rows[i].cells[3]), Narrow(expected.type));
-        EXPECT_EQ(rows[i].icon, expected.icon) << i;
+        EXPECT_EQ(Narrow(rows[i].cells[1]), x);
+        EXPECT_EQ(Narrow(rows[i].cells[2]), (i < 9 ? " " : "") + std::to_string(i + 1));
+        EXPECT_EQ(Narrow(rows[i].cells[3]), types[static_cast<size_t>(expected.kind)]);
+        EXPECT_EQ(rows[i].icon, static_cast<int>(expected.kind)) << i;
         EXPECT_EQ(rows[i].selected, i == 0) << i;
     }
 }
 
-TEST_F(StartTest, ArrowKeyInTheListActsAsAClick) {
-    const Program program(installation, Quoted(SamplePath()));
-    const HWND main = program.Main();
-    ASSERT_NE(main, nullptr);
-    const HWND list = GetDlgItem(main, LI_Sections);
-    EXPECT_EQ(Narrow(ControlText(main, LB_X)), "X = 20.7 m");
-    EXPECT_EQ(Narrow(ControlText(main, LB_Frame)), "Frame : 30");
-    PostMessageW(list, WM_KEYDOWN, VK_DOWN, 0);
-    PostMessageW(list, WM_KEYUP, VK_DOWN, 0);
-    EXPECT_TRUE(TextBecomes(GetDlgItem(main, LB_X), L"X = 44.7 m"));
-    EXPECT_TRUE(TextBecomes(GetDlgItem(main, LB_Frame), L"Frame : 61"));
-}
-
-TEST_F(StartTest, SplashIsShownAndGoes) {
-    const Program program(installation, Quoted(SamplePath()));
-    ASSERT_NE(program.Main(), nullptr);
-    EXPECT_EQ(program.FindNow(L"FM_Load"), nullptr);
-}
-
-TEST_F(StartTest, DebugSwitchTellsTheFolder) {
-    const std::wstring path = CopyOfSample(installation, L"ship.ve2");
-    const Program program(installation, L"/d ship.ve2");
-    const Box box = WaitForBox(program);
-    ASSERT_NE(box.window, nullptr);
-    EXPECT_EQ(Narrow(box.text), "Debug : change dir to exe dir : ");
-    EXPECT_EQ(Narrow(box.title), "Corvane");
-    ASSERT_TRUE(Press(box, IDOK));
-    const HWND main = program.Main();
-    ASSERT_NE(main, nullptr);
-    EXPECT_EQ(Narrow(ControlText(main, TX_DataBase)), Narrow(path));
-}
-
-TEST_F(StartTest, RuleSetSwitchesShowInTheTitle) {
-    const struct {
-        const wchar_t* arguments;
-        const char* title;
-    } kCases[] = {
-        {L"/mil", "Corvane MIL"},
-        {L"/JBP", "Corvane JBP"},
-        {L"/jbp", "Corvane JBP"},
-        {L"/JBP /mil", "Corvane JBP MIL"},
-    };
-    for (const auto& example : kCases) {
-        const Program program(installation, example.arguments);
-        const HWND main = program.Main();
-        ASSERT_NE(main, nullptr);
-        EXPECT_EQ(Narrow(TextOf(main)), example.title) << Narrow(example.arguments);
-    }
-}
-
-TEST_F(StartTest, SwitchBehindAQuotedPathIsTaken) {
+TEST_F(StartTest, SwitchAfterAQuotedPathIsFound) {
     const std::wstring path = CopyOfSample(installation, L"Aurora Bay.ve2");
     const Program program(installation, Quoted(path) + L" /mil");
     const HWND main = program.Main();
     ASSERT_NE(main, nullptr);
     EXPECT_EQ(Narrow(TextOf(main)), "Corvane MIL - Aurora Bay.ve2 - AURORA BAY");
-}
-
-TEST_F(StartTest, MissingFileIsReportedAndTheConfiguredDatabaseOpens) {
-    const std::wstring path = CopyOfSample(installation, L"configured.ve2");
-    Settings::Write(L"DatabasePath", path);
-    const Program program(installation, L"missing.ve2");
-    const Box box = WaitForBox(program);
-    ASSERT_NE(box.window, nullptr);
-    EXPECT_EQ(Message(box),
-              "The file '" + Narrow(installation.File(L"missing.ve2")) +
-                  "' cannot be opened: it does not exist, or another program is using it.");
-    EXPECT_EQ(program.FindNow(L"FM_Load"), nullptr) << "the splash hides the box";
-    ASSERT_TRUE(Press(box, IDOK));
-    const HWND main = program.Main();
-    ASSERT_NE(main, nullptr);
-    EXPECT_EQ(Narrow(ControlText(main, TX_DataBase)), Narrow(path));
-    EXPECT_EQ(Rows(program, GetDlgItem(main, LI_Sections)).size(), std::size(kSampleRows));
 }
 
 // The first of the program's windows, from the topmost down.
@@ -223,28 +126,6 @@ TEST_F(StartTest, NoBoxAtTheStartIsHiddenByTheSplash) {
     EXPECT_NE(program.Main(), nullptr);
 }
 
-TEST_F(StartTest, ConfiguredDatabaseThatIsGoneLeavesNothingOpen) {
-    Settings::Write(L"DatabasePath", installation.File(L"gone.ve2"));
-    const Program program(installation);
-    const HWND main = program.Main();
-    ASSERT_NE(main, nullptr);
-    EXPECT_EQ(Narrow(ControlText(main, TX_DataBase)), "No database selected");
-}
-
-TEST_F(StartTest, ConfiguredDatabaseOutOfReachIsNamedAndRemembered) {
-    const std::wstring path = L"Q:\\ships\\ship.ve2";
-    Settings::Write(L"DatabasePath", path);
-    const Program program(installation);
-    const HWND main = program.Main();
-    ASSERT_NE(main, nullptr);
-    EXPECT_TRUE(TextBecomes(
-        GetDlgItem(main, PAN_Help),
-        L"The database '" + path + L"' cannot be reached now; the next start tries it again"));
-    Choose(main, ME_FileQuit);
-    ASSERT_TRUE(program.HasEnded());
-    EXPECT_EQ(Narrow(Settings::Read(L"DatabasePath")), Narrow(path));
-}
-
 TEST_F(StartTest, SecondInstanceGivesWayToTheFirst) {
     const Program first(installation, Quoted(SamplePath()));
     const HWND main = first.Main();
@@ -265,7 +146,7 @@ TEST_F(StartTest, SecondStartHandsItsFileToTheFirst) {
     const Program second(installation, L"'Second ship.ve2'");
     EXPECT_TRUE(second.HasEnded());
     EXPECT_TRUE(TextBecomes(GetDlgItem(main, TX_DataBase), path));
-    EXPECT_TRUE(RowCountBecomes(GetDlgItem(main, LI_Sections), std::size(kSampleRows)));
+    EXPECT_TRUE(RowCountBecomes(GetDlgItem(main, LI_Sections), std::size(kSampleModels)));
 }
 
 TEST_F(StartTest, FileOfASecondStartWaitsForTheEndOfABox) {
@@ -314,7 +195,7 @@ TEST_F(StartTest, OtherMessagesWithDataAreIgnored) {
     EXPECT_EQ(Narrow(ControlText(main, TX_DataBase)), "No database selected");
 }
 
-TEST_F(StartTest, SecondStartDoesNotTakeAnotherCopysWindow) {
+TEST_F(StartTest, SecondStartDoesNotActivateAnotherCopysWindow) {
     // Copies below and above the right window, with the title that a start without a file has.
     const Installation copies[2];
     const Program below(copies[0]);
@@ -352,14 +233,6 @@ TEST_F(StartTest, NameHeldByAnotherProcessIsReportedAndTheStartIsOffered) {
         EXPECT_EQ(program.HasEnded(0), answer == IDNO);
     }
     CloseHandle(held);
-}
-
-TEST_F(StartTest, CopyOfTheProgramElsewhereIsAnotherProgram) {
-    const Installation elsewhere;
-    const Program first(installation);
-    ASSERT_NE(first.Main(), nullptr);
-    const Program second(elsewhere);
-    EXPECT_NE(second.Main(), nullptr);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // Sizes, fonts and texts of windows at their resolution. Windows before version 10 knows only one
-// resolution for all screens; the procedures then take that one.
+// resolution for all screens; the procedures then use that one.
 #pragma once
 
 #include <string>

@@ -25,7 +25,7 @@ struct DialogKind {
     // Places the controls, all of which have the message font of the resolution, and returns the
     // size that the client area must have.
     SIZE (*place)(HWND window, void* contents, UINT dpi);
-    // The user pressed OK; false keeps the dialog open. Null: there is nothing to take.
+    // The user pressed OK; false keeps the dialog open. Null: there is nothing to read.
     bool (*accept)(HWND window, void* contents) = nullptr;
     // The background of a label, and its text's colour; null where the system decides.
     HBRUSH (*colour)(HWND label, HDC dc) = nullptr;

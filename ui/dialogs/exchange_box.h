@@ -35,7 +35,7 @@ void ListChosenFile(HWND window, ExchangeBox& box);
 // Does what the user asks of the lists of files. True for a double click on a file.
 bool OnExchangeFiles(HWND window, ExchangeBox& box, const Notification& notification);
 
-// What OK leaves behind.
+// What OK returns.
 struct Accepted {
     std::wstring path;                   // of the chosen file; empty: the box stays open
     std::vector<ExchangeItem> selected;  // of LI_Sections, in their order

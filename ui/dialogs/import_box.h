@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-// With this tag of the list of sections, a file can be taken without any of them.
+// With this tag of the list of sections, a file can be accepted without any of them.
 inline constexpr wchar_t kTagWithoutSections[] = L"Cancel";
 
 // Shows the box. True with OK: `choice` is filled in. Otherwise it is left as it was.

@@ -11,7 +11,7 @@ namespace corvane {
 
 // Selects, or deselects, all items of a list box and leaves none of them current; waiting window
 // messages are then handled. Nothing happens to a list that is disabled. In a list for one choice
-// only the choice is taken back.
+// only the choice is undone.
 void SelectAllInList(HWND list, bool value = true);
 
 // Adds an item and attaches a number to it (LB_GETITEMDATA).

@@ -108,7 +108,7 @@ private:
     MainWindowState& state_;
 };
 
-// The enter key reaches the window where no button takes it.
+// The enter key reaches the window where no button uses it.
 void OnEnter(HWND window) {
     if (GetFocus() == GetDlgItem(window, LI_Sections)) RunCommand(FindCommand(ListKey::kEnter)->id);
 }
@@ -117,7 +117,7 @@ void OnCommand(HWND window, uint16_t id, uint16_t notification) {
     if (id == IDOK) return OnEnter(window);
     if (id == OP_Preview) return ShowSelectedRowAgain();
     if (id >= OP_Rule && id < OP_Rule + kRuleSetCount) {
-        // Options tell of a click when they get the focus, too.
+        // Options report a click when they get the focus, too.
         const auto ruleSet = static_cast<RuleSet>(id - OP_Rule);
         if (notification == BN_CLICKED && ruleSet != CurrentRuleSet()) RuleSetChosen(ruleSet);
         return;

@@ -12,7 +12,7 @@ inline constexpr SIZE kLeastClientSize{680, 400};
 struct Layout {
     HFONT font = nullptr;  // of the controls
     UINT dpi = USER_DEFAULT_SCREEN_DPI;
-    // Share of the width that the list takes beside the preview, 0 to 1, as the user left it.
+    // Share of the width that the list has beside the preview, 0 to 1, as the user left it.
     double listShare = 0.54;
     bool hasRuleButton = true;
     // Left edges of BT_Open and BT_Rule beside each other [pixels], from the last call of

@@ -16,7 +16,7 @@ void SetSectionMenuText(HWND window, const std::wstring& text);
 void UpdateMenus(HWND window, bool locked);
 
 // Whether the message is Alt and the letter of a top menu of the window. A control with the same
-// letter must not take it.
+// letter must not use it.
 bool OpensTopMenu(HWND window, const MSG& message);
 
 }  // namespace corvane

@@ -24,7 +24,7 @@ struct DrawnPicture {
     std::vector<Pixel> pixels;  // rows from the top
 };
 
-// A colour that takes away what is there.
+// A colour that removes what is there.
 inline constexpr COLORREF kErase = 0xFFFFFFFF;
 
 // An empty picture that is `units` wide and high.

@@ -1,5 +1,5 @@
 // Drawing with GDI. Whatever is made or selected goes again within the procedure that did it, so
-// that no drawing leaves an object behind.
+// that each drawing releases its objects.
 #include "companions/grvelk/drawing.h"
 
 #include <climits>
@@ -81,7 +81,7 @@ bool OpenDrawing(WindowHandle window, DeviceHandle dc, Drawing& drawing) {
     SetBkMode(device, TRANSPARENT);
     SetPolyFillMode(device, WINDING);
     SetTextAlign(device, TA_LEFT | TA_TOP);
-    // An area has no edge of its own; the plating is drawn over it.
+    // An area itself has no edge; the plating is drawn over it.
     SelectObject(device, GetStockObject(NULL_PEN));
     SelectObject(device, GetStockObject(DC_BRUSH));
     return true;

@@ -39,8 +39,8 @@ void ServeWindows(QuitRequest& quit) {
     DropInput(WM_NCMOUSEMOVE, WM_NCXBUTTONDBLCLK, quit);
 }
 
-// Wakes up now and then: Windows takes a thread that does not look at its messages for five
-// seconds for one that hangs.
+// Wakes up now and then: Windows regards a thread that does not look at its messages for five
+// seconds as one that hangs.
 void WaitForEnd(HANDLE process) {
     constexpr DWORD kMilliseconds = 1000;
     constexpr DWORD kWakeUp = QS_PAINT | QS_SENDMESSAGE | QS_KEY | QS_MOUSE;

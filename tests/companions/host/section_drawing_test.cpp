@@ -135,7 +135,7 @@ TEST(SectionDrawingTest, PlateEndsBeyondTheStrakeAreLeftOut) {
     EXPECT_EQ(picture.Of(kLimits).size(), 1U);
 }
 
-TEST(SectionDrawingTest, EveryFlatBarOfARowStandsOnThePlating) {
+TEST(SectionDrawingTest, EveryFlatBarOfARowIsOnThePlating) {
     PlainPicture picture;
     picture.sample.section.symmetryMode = 0;
     picture.Draw();
@@ -165,7 +165,7 @@ TEST(SectionDrawingTest, ProfilesHaveTheirFlanges) {
 TEST(SectionDrawingTest, TurnedFlangesPointToTheStartOfTheStrake) {
     DrawingRecorder recorder(1500, 800);
     SampleSection sample;
-    for (test::SampleStrake& strake : sample.contents) {
+    for (test::TestSection::Parts& strake : sample.contents) {
         for (Stiffener& row : strake.stiffeners) row.mirrored = -1;
     }
     ScaleWindow(nullptr, &recorder.drawing, -15, -2, 15, 14, 200);
@@ -204,7 +204,7 @@ TEST(SectionDrawingTest, SmallProfilesCanStillBeSeen) {
     EXPECT_EQ(lines[0], (Line{{34, 28}, {34, 24}}));
 }
 
-TEST(SectionDrawingTest, MirroredStiffenersStandOnTheOtherSide) {
+TEST(SectionDrawingTest, MirroredStiffenersAreOnTheOtherSide) {
     PlainPicture picture;
     picture.Draw();
     EXPECT_EQ(picture.Of(kStiffeners).size(), 2 * (4U + 3U + 2U + 2U));
@@ -212,10 +212,10 @@ TEST(SectionDrawingTest, MirroredStiffenersStandOnTheOtherSide) {
     EXPECT_TRUE(picture.Has(kStiffeners, {{30, 100}, {34, 100}, {34, 98}}));
 }
 
-TEST(SectionDrawingTest, RowsAroundABendStandUprightOnThePlating) {
+TEST(SectionDrawingTest, RowsAroundABendAreUprightOnThePlating) {
     PlainPicture picture;
     picture.sample.section.symmetryMode = 0;
-    test::SampleStrake& shell = picture.sample.contents[0];
+    test::TestSection::Parts& shell = picture.sample.contents[0];
     shell.stiffeners.resize(1);
     shell.stiffeners[0].s = 9;
     shell.stiffeners[0].count = 3;
@@ -229,7 +229,7 @@ TEST(SectionDrawingTest, RowsAroundABendStandUprightOnThePlating) {
 
 TEST(SectionDrawingTest, RowsThatWereNotComputedAreLeftOut) {
     PlainPicture picture;
-    for (test::SampleStrake& strake : picture.sample.contents) {
+    for (test::TestSection::Parts& strake : picture.sample.contents) {
         for (Stiffener& row : strake.stiffeners) row.normalY = row.normalZ = 0;
     }
     picture.Draw();
@@ -239,7 +239,7 @@ TEST(SectionDrawingTest, RowsThatWereNotComputedAreLeftOut) {
 TEST(SectionDrawingTest, RowEndsWhereTheStrakeEnds) {
     PlainPicture picture;
     picture.sample.section.symmetryMode = 0;
-    test::SampleStrake& deck = picture.sample.contents[1];
+    test::TestSection::Parts& deck = picture.sample.contents[1];
     deck.stiffeners[0].count = 30000;
     picture.sample.contents[0].stiffeners.clear();
     picture.sample.contents[2].stiffeners.clear();
@@ -401,11 +401,9 @@ TEST(SectionDrawingTest, LineCutOffAtTheFrameKeepsItsDirection) {
     DrawingRecorder recorder(100, 100);
     SampleSection sample;
     sample.section.symmetryMode = 0;
-    sample.contents.resize(1);
-    sample.contents[0] = {};
-    sample.contents[0].nodes = {test::ComputedNode(-1000, -500), test::ComputedNode(1000, 500)};
-    sample.contents[0].items = {test::StraightItem(-1000, -500, 1000, 500, 0)};
-    sample.Link();
+    sample.contents.clear();
+    sample.Add({test::GivenNode(-1000, -500), test::GivenNode(1000, 500)});
+    sample.Compute();
     ScaleWindow(nullptr, &recorder.drawing, -10, -10, 10, 10, 200);
     Trace(recorder, sample);
     EXPECT_EQ(recorder.Of(kPlating), (Lines{{{-16, 83}, {116, 17}}}));

@@ -1,4 +1,4 @@
-// What the host's twin of ztutil32 does in the place of Windows.
+// What the host's twin of ztutil32 does instead of Windows.
 #include <gtest/gtest.h>
 
 #include <array>

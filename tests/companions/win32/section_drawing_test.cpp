@@ -20,7 +20,7 @@ constexpr int32_t kLimits = 0x00000080;
 constexpr int32_t kCompartments = 0x00E0E0E0;
 constexpr int32_t kCentreLine = 0x00808080;
 
-// A white bitmap of 32 bits a pixel in a device context of its own.
+// A white bitmap of 32 bits a pixel in its own device context.
 struct Canvas {
     int width, height;
     uint32_t* bits = nullptr;
@@ -91,7 +91,7 @@ struct GdiSectionDrawing : testing::Test {
         ScaleWindow(nullptr, canvas.dc, -15, -2, 15, 14, 200);
         TraceSection(canvas.dc, &sample.section, &sample.parameters);
     }
-    // Whether a pixel of the colour lies within 1 px of the place.
+    // Whether a pixel of the colour is within 1 px of the point.
     bool Near(int32_t colour, int x, int y) const {
         for (int dy = -1; dy <= 1; ++dy) {
             for (int dx = -1; dx <= 1; ++dx) {
@@ -224,9 +224,9 @@ int CALLBACK CollectLines(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, L
 
 // 30 strakes with 4 nodes or more each, and 200 stiffeners.
 void FillBigSection(test::SampleSection& sample) {
-    const test::SampleStrake shell = sample.contents[0];
+    const test::TestSection::Parts shell = sample.contents[0];
     sample.contents.assign(30, shell);
-    for (test::SampleStrake& strake : sample.contents) strake.stiffeners[1].count = 3;
+    for (test::TestSection::Parts& strake : sample.contents) strake.stiffeners[1].count = 3;
     sample.Link();
 }
 

@@ -151,7 +151,7 @@ struct NotingWindow {
     bool Noted(UINT message) const {
         return std::find(noted.begin(), noted.end(), message) != noted.end();
     }
-    // Takes a posted message out of the queue.
+    // Removes a posted message from the queue.
     bool IsWaiting(UINT message) const {
         MSG taken;
         return PeekMessageW(&taken, handle, message, message, PM_REMOVE) != 0;
@@ -236,7 +236,7 @@ struct KeepRegionalSetting {
     KeepRegionalSetting& operator=(const KeepRegionalSetting&) = delete;
 };
 
-TEST(RegionalTest, DecimalCommaIsRepaired) {
+TEST(RegionalTest, DecimalCommaIsCorrected) {
     const KeepRegionalSetting decimal(LOCALE_SDECIMAL);
     const KeepRegionalSetting grouping(LOCALE_STHOUSAND);
     ASSERT_NE(SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, L","), 0);
@@ -246,7 +246,7 @@ TEST(RegionalTest, DecimalCommaIsRepaired) {
     EXPECT_EQ(IsRegionalOK(), -1);
 }
 
-TEST(RegionalTest, PointAsGroupingSymbolIsRepaired) {
+TEST(RegionalTest, PointAsGroupingSymbolIsCorrected) {
     const KeepRegionalSetting decimal(LOCALE_SDECIMAL);
     const KeepRegionalSetting grouping(LOCALE_STHOUSAND);
     ASSERT_NE(SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, L"."), 0);

@@ -132,7 +132,7 @@ Replacement Replaced(const char* name) {
             }};
 }
 
-// All arguments fit a register, and are told apart by nobody here.
+// All arguments fit a register, and nobody here distinguishes them.
 using A = Argument;
 const std::array kReplacements = {
     Replaced<OpeningHook<0, A, A, A, A, A, A, A, A, A, A>>(kNames[0]),

@@ -82,7 +82,7 @@ TEST_F(FileBsd, UntouchedDatabaseIsNotReadAgain) {
     EXPECT_EQ(ShipName(), L"IN MEMORY");
 }
 
-TEST_F(FileBsd, DataThatAreStillInvalidAreToldInTheStatusLine) {
+TEST_F(FileBsd, DataThatAreStillInvalidAreReportedInTheStatusLine) {
     MakeOpen(L"ship.ve2");
     Install(L"BsdEdit.exe");
     shell.database.bsd = BasicShipData();
@@ -111,7 +111,7 @@ TEST_F(FileBsd, MissingDatabaseIsReported) {
     EXPECT_TRUE(OnlyWarning("ship.ve2' cannot be opened"));
 }
 
-TEST_F(FileBsd, DatabaseThatLostItsDataIsToldOnce) {
+TEST_F(FileBsd, DatabaseThatLostItsDataIsReportedOnce) {
     MakeOpen(L"ship.ve2", {kSection});
     Install(L"BsdEdit.exe");
     const FakeProgram program([] {

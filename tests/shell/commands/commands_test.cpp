@@ -18,7 +18,7 @@ namespace {
 
 constexpr ModelKind kKinds[] = {ModelKind::kSection, ModelKind::kBulkhead, ModelKind::kTorsion};
 
-// The letter behind the first "&", in lower case; 0 without one.
+// The letter after the first "&", in lower case; 0 without one.
 wchar_t KeyboardLetter(const std::wstring& caption) {
     const size_t mark = caption.find(L'&');
     if (mark == std::wstring::npos || mark + 1 >= caption.size()) return 0;
@@ -58,7 +58,7 @@ TEST(Commands, MenusHaveTheirItemsInOrder) {
     EXPECT_EQ(Items(Menu::kHelp), (Captions{L"&About..."}));
 }
 
-TEST(Commands, TopMenusStandInOrder) {
+TEST(Commands, TopMenusAreInOrder) {
     Captions captions;
     for (int i = 0; i < kMenuCount; ++i) captions.emplace_back(MenuCaption(static_cast<Menu>(i)));
     EXPECT_EQ(captions, (Captions{L"&File", L"&BSD", L"&Create", L"&Section", L"&Help"}));
@@ -135,7 +135,7 @@ TEST(Commands, LockReachesTheWindow) {
     EXPECT_EQ(test::RecordedReports::events, (std::vector<std::string>{"lock", "unlock"}));
 }
 
-TEST(Commands, CommandThatIsMissingTellsSo) {
+TEST(Commands, CommandThatIsMissingSaysSo) {
     const test::ShownDatabase window;
     NotImp();
     EXPECT_EQ(test::RecordedReports::Of("plain"), std::vector<std::string>{"not implemented"});

@@ -23,6 +23,7 @@
 namespace corvane {
 namespace {
 
+using test::Before;
 using test::CommandTest;
 using test::FakePrompt;
 using test::FakeView;
@@ -35,22 +36,25 @@ struct FileNew : CommandTest {};
 struct FileOpen : CommandTest {};
 struct FileSaveAs : CommandTest {};
 
-// What a command that does nothing leaves as it is.
-struct Before {
-    std::wstring databasePath = shell.database.path;
-    std::wstring browseDirectory = shell.settings.BrowseDirectory;
-    BasicShipData bsd = shell.database.bsd;
-    int32_t currentModel = shell.database.currentModel;
-
-    bool IsUnchanged() const {
-        return shell.database.path == databasePath && shell.database.bsd == bsd &&
-               shell.settings.BrowseDirectory == browseDirectory &&
-               shell.database.currentModel == currentModel && RecordedReports::Of("rows").empty();
-    }
-};
-
 std::wstring ShipName() {
     return shell.database.bsd.Titles(5).Trimmed();
+}
+
+// ---- All ---------------------------------------------------------------------------------------
+
+TEST_F(CommandTest, CancelledPromptOfAFileChangesNothing) {
+    for (void (*command)() : {ME_FileNew_Click, ME_FileOpen_Click, ME_FileSaveAs_Click}) {
+        MakeOpen(L"old.ve2", {ModelKind::kSection});
+        for (const wchar_t* answer : {L"", L"Cancel"}) {
+            RecordedReports::events.clear();
+            const Before before;
+            const FakePrompt prompt{answer};
+            command();
+            EXPECT_EQ(FakePrompt::questions.size(), 1U);
+            EXPECT_TRUE(before.IsUnchanged());
+            EXPECT_TRUE(Warnings().empty());
+        }
+    }
 }
 
 // ---- New ---------------------------------------------------------------------------------------
@@ -130,18 +134,6 @@ TEST_F(FileNew, NameWithoutAFolderLiesWhereThePromptStarted) {
     ME_FileNew_Click();
     EXPECT_EQ(shell.database.path, browse + L"new.ve2");
     EXPECT_TRUE(FileExists(browse + L"new.ve2"));
-}
-
-TEST_F(FileNew, CancelChangesNothing) {
-    MakeOpen(L"old.ve2", {ModelKind::kSection});
-    for (const wchar_t* answer : {L"", L"Cancel"}) {
-        const Before before;
-        const FakePrompt prompt{answer};
-        ME_FileNew_Click();
-        EXPECT_EQ(FakePrompt::questions.size(), 1U);
-        EXPECT_TRUE(before.IsUnchanged());
-        EXPECT_TRUE(Warnings().empty());
-    }
 }
 
 TEST_F(FileNew, ExistingFileIsReplaced) {
@@ -225,17 +217,6 @@ TEST_F(FileOpen, DatabaseIsShownWithItsFirstModel) {
     EXPECT_TRUE(Warnings().empty());
 }
 
-TEST_F(FileOpen, CancelChangesNothing) {
-    MakeOpen(L"old.ve2", {ModelKind::kSection});
-    for (const wchar_t* answer : {L"", L"Cancel"}) {
-        const Before before;
-        const FakePrompt prompt{answer};
-        ME_FileOpen_Click();
-        EXPECT_TRUE(before.IsUnchanged());
-        EXPECT_TRUE(Warnings().empty());
-    }
-}
-
 TEST_F(FileOpen, DatabaseWithoutDataOpensWithAFreshRecord) {
     MakeOpen(L"old.ve2", {ModelKind::kSection});
     WriteFileBytes(File(L"bare.ve2"), "CORVANE DATABASE\r\n");
@@ -255,7 +236,7 @@ TEST_F(FileOpen, DataWithoutASignatureAreEnough) {
     EXPECT_EQ(ShipName(), L"SHIP");
 }
 
-TEST_F(FileOpen, FileThatIsNoDatabaseIsRefused) {
+TEST_F(FileOpen, FileThatIsNotADatabaseIsRefused) {
     MakeOpen(L"old.ve2", {ModelKind::kSection});
     const std::string contents[] = {"", "x", "some text\r\n", std::string(300000, '\0'),
                                     std::string(300000, '-')};
@@ -381,7 +362,7 @@ TEST_F(FileOpen, CopyOntoItselfOpensTheFile) {
     EXPECT_EQ(ReadFileBytes(path), bytes);
 }
 
-TEST_F(FileOpen, CopyNamedStarBearsItsFoldersName) {
+TEST_F(FileOpen, CopyNamedStarHasItsFoldersName) {
     FakeView::answerYes = true;
     for (const wchar_t* name : {L"work\\star.vew", L"work\\STAR.VEW"}) {
         const std::wstring path = Make(name, {ModelKind::kSection});
@@ -439,14 +420,6 @@ TEST_F(FileSaveAs, CopyIsTheSameToTheByteAndBecomesTheOpenDatabase) {
     EXPECT_EQ(shell.database.bsd, bsd);
 }
 
-TEST_F(FileSaveAs, CancelChangesNothing) {
-    MakeOpen(L"ship.ve2", {ModelKind::kSection});
-    const Before before;
-    const FakePrompt prompt;
-    ME_FileSaveAs_Click();
-    EXPECT_TRUE(before.IsUnchanged());
-}
-
 TEST_F(FileSaveAs, ExistingFileIsReplaced) {
     MakeOpen(L"ship.ve2", {ModelKind::kSection});
     const FakePrompt prompt{Make(L"other.ve2")};
@@ -490,11 +463,6 @@ TEST_F(FileSaveAs, NothingHappensWithoutADatabase) {
 }
 
 // ---- The status line ---------------------------------------------------------------------------
-
-TEST_F(FileOpen, WithoutADatabaseTheStatusLineSaysWhatToDo) {
-    RefreshMainWindow();
-    EXPECT_EQ(RecordedReports::caption, GetMessage(kMsgNoDatabaseOpen));
-}
 
 TEST_F(FileSaveAs, NextCommandClearsARedLineAndALineOfSuccess) {
     MakeOpen(L"ship.ve2");

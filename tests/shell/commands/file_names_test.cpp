@@ -3,26 +3,18 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
-#include "bsd/basic_ship_data.h"
-#include "bsd/bsd_file.h"
 #include "database/model_kind.h"
-#include "database/scanning.h"
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "platform/system.h"
-#include "report/reporters.h"
-#include "shell/commands/commands.h"
 #include "shell/state.h"
 #include "tests/shell/command_support.h"
 #include "tests/shell/fake_view.h"
-#include "tests/support/without_stamps.h"
-#include "text/text.h"
 
 namespace corvane {
 namespace {
 
+using test::Before;
 using test::CommandTest;
 using test::FakePrompt;
 using test::Narrow;
@@ -31,20 +23,6 @@ using test::RecordedReports;
 using test::WriteFileBytes;
 
 struct FileNames : CommandTest {};
-
-// What a command that does nothing leaves as it is.
-struct Before {
-    std::wstring databasePath = shell.database.path;
-    std::wstring browseDirectory = shell.settings.BrowseDirectory;
-    BasicShipData bsd = shell.database.bsd;
-    int32_t currentModel = shell.database.currentModel;
-
-    bool IsUnchanged() const {
-        return shell.database.path == databasePath && shell.database.bsd == bsd &&
-               shell.settings.BrowseDirectory == browseDirectory &&
-               shell.database.currentModel == currentModel && RecordedReports::Of("rows").empty();
-    }
-};
 
 struct BadName {
     const char* name;
@@ -128,7 +106,7 @@ TEST_P(BadNames, AreRefusedBySaveAs) {
 INSTANTIATE_TEST_SUITE_P(FilePrompt, BadNames, testing::ValuesIn(kBadNames),
                          [](const auto& instance) { return std::string(instance.param.name); });
 
-TEST_F(FileNames, LongestUsablePathIsTaken) {
+TEST_F(FileNames, LongestUsablePathIsUsed) {
     const std::wstring path = folder.path + std::wstring(255 - folder.path.size(), L'a') + L".ve2";
     ASSERT_EQ(path.size(), 259U);
     const FakePrompt prompt{path};
@@ -137,7 +115,7 @@ TEST_F(FileNames, LongestUsablePathIsTaken) {
     EXPECT_TRUE(FileExists(path));
 }
 
-// A folder in which nobody can make a file: the reason is told.
+// A folder in which nobody can make a file: the reason is reported.
 struct UnwritableFolder : CommandTest {
     void ExpectNotMade(void (*command)()) {
         // The host has one, also under Wine.
@@ -153,11 +131,11 @@ struct UnwritableFolder : CommandTest {
     }
 };
 
-TEST_F(UnwritableFolder, IsToldByNew) {
+TEST_F(UnwritableFolder, IsReportedByNew) {
     ExpectNotMade(ME_FileNew_Click);
 }
 
-TEST_F(UnwritableFolder, IsToldBySaveAs) {
+TEST_F(UnwritableFolder, IsReportedBySaveAs) {
     ExpectNotMade(ME_FileSaveAs_Click);
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <functional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "database/listing.h"
@@ -128,10 +129,14 @@ INSTANTIATE_TEST_SUITE_P(Commands, BothCommands,
 // ---- Copy --------------------------------------------------------------------------------------
 
 TEST_F(ModelCommandsTest, CopyProposesCopyOfAndTheTrimmedName) {
-    shell.database.currentModel = 2;
-    ME_SectionCopy_Click();
-    EXPECT_EQ(RecordedReports::events, Events{std::string("ask text Copy Bulkhead: ") +
-                                              kCopyQuestion + " [Copy of Bulkhead 40]"});
+    for (const auto& [model, kind, name] :
+         {std::tuple(2, "Bulkhead", "Bulkhead 40"), std::tuple(4, "Torsion", "Girder")}) {
+        RecordedReports::events.clear();
+        shell.database.currentModel = model;
+        ME_SectionCopy_Click();
+        EXPECT_EQ(RecordedReports::events, Events{std::string("ask text Copy ") + kind + ": " +
+                                                  kCopyQuestion + " [Copy of " + name + "]"});
+    }
 }
 
 TEST_F(ModelCommandsTest, CopyOfEachKindIsTheLastModelAndTheCurrentOne) {
@@ -152,38 +157,16 @@ TEST_F(ModelCommandsTest, CopyOfEachKindIsTheLastModelAndTheCurrentOne) {
     }
 }
 
-TEST_F(ModelCommandsTest, CopyOfTorsionModelAsksForANameToo) {
-    shell.database.currentModel = 4;
-    ME_SectionCopy_Click();
-    EXPECT_EQ(RecordedReports::events,
-              Events{std::string("ask text Copy Torsion: ") + kCopyQuestion + " [Copy of Girder]"});
-}
-
-TEST_F(ModelCommandsTest, CopyLeavesItsSourceAndTheOthersAsTheyAre) {
+TEST_F(ModelCommandsTest, CopyOfEachKindKeepsABackup) {
     FakeView::answerYes = true;
     FakeView::answerText = L"New";
-    ME_SectionCopy_Click();
-    const std::string after = test::ReadFileBytes(path);
-    for (const int place : {1, 2, 4, 5}) {
-        EXPECT_EQ(BlockAt(after, place), BlockAt(before, place)) << place;
+    for (const int32_t model : {3, 2, 4}) {
+        const std::string old = test::ReadFileBytes(path);
+        shell.database.currentModel = model;
+        ME_SectionCopy_Click();
+        EXPECT_EQ(test::FilesIn(folder.path), (Names{L"ship.bak", L"ship.ve2"}));
+        EXPECT_EQ(test::ReadFileBytes(folder.File(L"ship.bak")), old) << model;
     }
-    EXPECT_EQ(ModelNames().at(2), L"Frame 20");
-}
-
-TEST_F(ModelCommandsTest, CopyKeepsABackup) {
-    FakeView::answerYes = true;
-    FakeView::answerText = L"New";
-    ME_SectionCopy_Click();
-    EXPECT_EQ(test::FilesIn(folder.path), (Names{L"ship.bak", L"ship.ve2"}));
-    EXPECT_EQ(test::ReadFileBytes(folder.File(L"ship.bak")), before);
-}
-
-TEST_F(ModelCommandsTest, TorsionCopyKeepsABackupToo) {
-    shell.database.currentModel = 4;
-    FakeView::answerYes = true;
-    FakeView::answerText = L"New";
-    ME_SectionCopy_Click();
-    EXPECT_EQ(test::ReadFileBytes(folder.File(L"ship.bak")), before);
 }
 
 TEST_F(ModelCommandsTest, AnswerIsTrimmed) {
@@ -216,9 +199,14 @@ TEST_F(ModelCommandsTest, CopyShowsTheHourglassAndRefreshes) {
 
 TEST_F(ModelCommandsTest, OddNamesOfCopiesStayOneModelEach) {
     const std::string marker = FetchStructuralLines().modelMarker;
-    const std::wstring names[] = {L"H\u00F6he \u00E9", L"* star", L"------ dashes",
+    const std::wstring names[] = {L"H\u00F6he \u00E9",
+                                  L"* star",
+                                  L"------ dashes",
                                   std::wstring(marker.begin(), marker.end()),
-                                  std::wstring(1000, L'x')};
+                                  L"a & b, \"c\"; d",
+                                  std::wstring(1000, L'x'),
+                                  L"Copy of " + std::wstring(1000, L'x'),
+                                  L"\u65E5\u672C"};
     FakeView::answerYes = true;
     for (const std::wstring& name : names) {
         shell.database.currentModel = 1;
@@ -227,12 +215,10 @@ TEST_F(ModelCommandsTest, OddNamesOfCopiesStayOneModelEach) {
     }
     EXPECT_EQ(RecordedReports::Of("warning"), Events{});
     const Names listed = ModelNames();
-    ASSERT_EQ(listed.size(), 10U);
-    EXPECT_EQ(listed[5], names[0]);
-    EXPECT_EQ(listed[6], names[1]);
-    EXPECT_EQ(listed[7], names[2]);
-    EXPECT_EQ(listed[8], names[3]);
-    EXPECT_EQ(listed[9], names[4]);
+    ASSERT_EQ(listed.size(), 13U);
+    for (size_t i = 0; i < 6; ++i) EXPECT_EQ(listed[i + 5], names[i]);
+    EXPECT_EQ(listed[11], names[6].substr(0, 1000)) << "the longest that a file holds";
+    EXPECT_EQ(listed[12], L"??");
 }
 
 TEST_F(ModelCommandsTest, ReadOnlyDatabaseIsCopiedToAnotherFileWhichBecomesTheOpenOne) {
@@ -430,27 +416,23 @@ TEST_P(BothCommands, DamagedBlockElsewhereDoesNoHarm) {
     EXPECT_EQ(BlockAt(after, 2), BlockAt(before, 2));
 }
 
-TEST_P(BothCommands, AnotherModelInItsPlaceAfterTheQuestionIsLeftAlone) {
-    std::vector<test::SampleBlock> blocks = test::FiveBlocks();
-    blocks[2].name = "Put there meanwhile";
-    const std::string changed = test::DatabaseText(blocks);
-    AnswerWhileTheFileChanges([&] { test::WriteFileBytes(path, changed); });
-    GetParam()();
-    EXPECT_EQ(RecordedReports::Of("warning"),
-              Events{Narrow(WarningText(kMsgModelChanged, {path}))});
-    EXPECT_EQ(RecordedReports::Of("rows"), Events{"5"}) << "the list shows what the file has now";
-    EXPECT_EQ(test::ReadFileBytes(path), changed);
-    EXPECT_EQ(test::FilesIn(folder.path), Names{L"ship.ve2"});
-}
-
-TEST_P(BothCommands, ModelOfAnotherKindAfterTheQuestionIsLeftAlone) {
-    std::vector<test::SampleBlock> blocks = test::FiveBlocks();
-    blocks[2].keyword = "BHA";
-    const std::string changed = test::DatabaseText(blocks);
-    AnswerWhileTheFileChanges([&] { test::WriteFileBytes(path, changed); });
-    GetParam()();
-    EXPECT_EQ(RecordedReports::Of("warning").size(), 1U);
-    EXPECT_EQ(test::ReadFileBytes(path), changed);
+TEST_P(BothCommands, AnotherModelOrKindInItsPlaceAfterTheQuestionIsLeftAlone) {
+    for (const bool otherKind : {false, true}) {
+        RecordedReports::events.clear();
+        std::vector<test::SampleBlock> blocks = test::FiveBlocks();
+        Open(blocks);
+        shell.database.currentModel = 3;
+        (otherKind ? blocks[2].keyword : blocks[2].name) =
+            otherKind ? "BHA" : "Put there meanwhile";
+        const std::string changed = test::DatabaseText(blocks);
+        AnswerWhileTheFileChanges([&] { test::WriteFileBytes(path, changed); });
+        GetParam()();
+        EXPECT_EQ(RecordedReports::Of("warning"),
+                  Events{Narrow(WarningText(kMsgModelChanged, {path}))});
+        EXPECT_EQ(RecordedReports::Of("rows"), Events{"5"}) << "the list has what the file has now";
+        EXPECT_EQ(test::ReadFileBytes(path), changed);
+        EXPECT_EQ(test::FilesIn(folder.path), Names{L"ship.ve2"});
+    }
 }
 
 TEST_P(BothCommands, ModelsRemovedMeanwhileAreReported) {

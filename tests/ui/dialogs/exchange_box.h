@@ -36,8 +36,8 @@ struct ExchangeBoxTest : testing::Test {
         CreateDirectoryW(folder.File(name).c_str(), nullptr);
         return folder.File(name) + L"\\";
     }
-    // What the program told the user so far.
-    static std::vector<std::string> Told() { return RecordedReports::Of("plain"); }
+    // What the program has shown the user so far.
+    static std::vector<std::string> Shown() { return RecordedReports::Of("plain"); }
 
     // What the user does to an open box.
     static HWND List(HWND window, int id) { return GetDlgItem(window, id); }
@@ -54,13 +54,13 @@ struct ExchangeBoxTest : testing::Test {
         }
         return items;
     }
-    static void Tell(HWND window, int id, int code) {
+    static void Notify(HWND window, int id, int code) {
         SendMessageW(window, WM_COMMAND, MAKEWPARAM(id, code),
                      reinterpret_cast<LPARAM>(List(window, id)));
     }
     static void Select(HWND window, int id, int index) {
         SendMessageW(List(window, id), LB_SETCURSEL, static_cast<WPARAM>(index), 0);
-        Tell(window, id, LBN_SELCHANGE);
+        Notify(window, id, LBN_SELCHANGE);
     }
     static void Choose(HWND window, const std::wstring& fileName) {
         const auto index =
@@ -96,6 +96,14 @@ struct ExchangeBoxTest : testing::Test {
             if (control == nullptr || GetDlgCtrlID(control) == first) return order;
             order.push_back(GetDlgCtrlID(control));
         }
+    }
+    // At 96 dots per inch, on a screen of 800 by 600 with a task bar.
+    static void ExpectFitsASmallScreen(HWND window) {
+        ScaleTo(window, 96);
+        RECT whole{};
+        GetWindowRect(window, &whole);
+        EXPECT_LE(whole.right - whole.left, 800);
+        EXPECT_LE(whole.bottom - whole.top, 560);
     }
     // The label before a control names it for screen readers.
     static std::string LabelBefore(HWND window, int id) {

@@ -80,7 +80,7 @@ TEST_F(ExportBoxTest, CreatingANewSectionNeedsNoneSelected) {
     EXPECT_EQ(choice.path, path);
     EXPECT_TRUE(choice.createNew);
     EXPECT_EQ(choice.name, L"Frame 11");
-    EXPECT_TRUE(Told().empty());
+    EXPECT_TRUE(Shown().empty());
 }
 
 TEST_F(ExportBoxTest, ReplacingGivesTheSlotOfTheSelectedSection) {
@@ -102,7 +102,7 @@ TEST_F(ExportBoxTest, ReplacingWithoutASectionAsksForOneAndStays) {
         Choose(window, L"ship.vel");
         SetOption(window, kReplace);
         PressOk(window);
-        EXPECT_EQ(Told(), Texts{"Please select a section"});
+        EXPECT_EQ(Shown(), Texts{"Please select a section"});
         EXPECT_TRUE(IsOpen(window));
     }));
     EXPECT_TRUE(choice.path.empty());
@@ -111,7 +111,7 @@ TEST_F(ExportBoxTest, ReplacingWithoutASectionAsksForOneAndStays) {
 TEST_F(ExportBoxTest, OkWithoutAFileAsksForOneAndStays) {
     EXPECT_FALSE(Ask([](HWND window) {
         PressOk(window);
-        EXPECT_EQ(Told(), Texts{Narrow(GetMessage(kMsgNoFileSelected))});
+        EXPECT_EQ(Shown(), Texts{Narrow(GetMessage(kMsgNoFileSelected))});
         EXPECT_TRUE(IsOpen(window));
     }));
     EXPECT_TRUE(choice.path.empty());
@@ -159,7 +159,7 @@ TEST_F(ExportBoxTest, FileWithoutSectionsSaysSoAndNothingCanBeReplacedInIt) {
         SetOption(window, kReplace);
         Select(window, LI_Sections, 0);
         PressOk(window);
-        EXPECT_EQ(Told(), Texts{"Please select a section"});
+        EXPECT_EQ(Shown(), Texts{"Please select a section"});
     }));
 }
 
@@ -215,12 +215,12 @@ TEST_F(ExportBoxTest, DoubleClickAndEnterOpenAFolder) {
             if (byKey) {
                 PressKeyIn(window, DIR_Db, VK_RETURN);
             } else {
-                Tell(window, DIR_Db, LBN_DBLCLK);
+                Notify(window, DIR_Db, LBN_DBLCLK);
             }
             EXPECT_TRUE(IsOpen(window));
             EXPECT_EQ(Items(window, FIL_Db), Texts{"deep.vel"});
             EXPECT_EQ(Selected(window, DIR_Db), index);
-            EXPECT_EQ(Count(window, LI_Sections), 0) << "no file is chosen any more";
+            EXPECT_EQ(Count(window, LI_Sections), 0) << "no file is chosen now";
             Choose(window, L"deep.vel");
             PressOk(window);
         }));
@@ -232,14 +232,14 @@ TEST_F(ExportBoxTest, EnterOnTheOpenFolderStays) {
     EXPECT_FALSE(Ask([](HWND window) {
         PressKeyIn(window, DIR_Db, VK_RETURN);
         EXPECT_TRUE(IsOpen(window));
-        EXPECT_TRUE(Told().empty());
+        EXPECT_TRUE(Shown().empty());
     }));
 }
 
 TEST_F(ExportBoxTest, RootOfTheDriveIsOpenedFromItsItem) {
     Ask([&](HWND window) {
         Select(window, DIR_Db, 0);
-        Tell(window, DIR_Db, LBN_DBLCLK);
+        Notify(window, DIR_Db, LBN_DBLCLK);
         EXPECT_EQ(Selected(window, DIR_Db), 0);
         EXPECT_EQ(Items(window, DIR_Db).at(0), Narrow(folder.path.substr(0, 3)));
     });
@@ -252,11 +252,11 @@ TEST_F(ExportBoxTest, FolderThatHasGoneLeavesTheOldOne) {
         Choose(window, L"ship.vel");
         RemoveDirectoryW(inner.c_str());
         Select(window, DIR_Db, static_cast<int>(Count(window, DIR_Db)) - 1);
-        Tell(window, DIR_Db, LBN_DBLCLK);
+        Notify(window, DIR_Db, LBN_DBLCLK);
         EXPECT_EQ(Items(window, FIL_Db), Texts{"ship.vel"});
         EXPECT_EQ(Selected(window, FIL_Db), 0);
         EXPECT_EQ(Count(window, LI_Sections), 9);
-        EXPECT_TRUE(Told().empty());
+        EXPECT_TRUE(Shown().empty());
     });
 }
 
@@ -329,7 +329,7 @@ TEST_F(ExportBoxTest, DriveThatIsNotReadyIsIgnoredAndTheOldFolderStays) {
         EXPECT_EQ(SelectedDrive(window), before);
         EXPECT_EQ(Items(window, FIL_Db), Texts{"ship.vel"});
         EXPECT_EQ(Count(window, LI_Sections), 9);
-        EXPECT_TRUE(Told().empty());
+        EXPECT_TRUE(Shown().empty());
     });
 }
 
@@ -349,11 +349,11 @@ TEST_F(ExportBoxTest, FiveThousandFilesAreListedQuickly) {
     Ask([&](HWND window) {
         EXPECT_EQ(Count(window, FIL_Db), 5000);
         Select(window, DIR_Db, static_cast<int>(Count(window, DIR_Db)) - 1);
-        Tell(window, DIR_Db, LBN_DBLCLK);
+        Notify(window, DIR_Db, LBN_DBLCLK);
         EXPECT_EQ(Count(window, FIL_Db), 0);
         Select(window, DIR_Db, static_cast<int>(Count(window, DIR_Db)) - 2);
         const ULONGLONG before = GetTickCount64();
-        Tell(window, DIR_Db, LBN_DBLCLK);
+        Notify(window, DIR_Db, LBN_DBLCLK);
         const ULONGLONG taken = GetTickCount64() - before;
         RecordProperty("milliseconds", static_cast<int>(taken));
         EXPECT_EQ(Count(window, FIL_Db), 5000);
@@ -400,11 +400,7 @@ TEST_F(ExportBoxTest, EveryResolutionScalesItWhole) {
             EXPECT_GT(files.bottom - files.top, 6 * test::TextSizeOf(window, LB_Files).cy);
             EXPECT_LT(test::PlaceIn(window, LI_Sections).bottom, test::PlaceIn(window, BT_Ok).top);
         }
-        test::ScaleTo(window, 96);
-        RECT whole{};
-        GetWindowRect(window, &whole);
-        EXPECT_LE(whole.right - whole.left, 800);
-        EXPECT_LE(whole.bottom - whole.top, 560) << "a task bar has its place, too";
+        ExpectFitsASmallScreen(window);
     });
 }
 

@@ -1,4 +1,4 @@
-// FM_Inport as Windows shows it: what is listed, previewed and taken.
+// FM_Inport as Windows shows it: what is listed, previewed and chosen.
 #include "ui/dialogs/import_box.h"
 
 #include <functional>
@@ -47,7 +47,7 @@ struct ImportBoxTest : test::ExchangeBoxTest {
         for (const int item : items) {
             SendMessageW(list, LB_SETSEL, TRUE, item);
             SendMessageW(list, LB_SETCARETINDEX, static_cast<WPARAM>(item), FALSE);
-            Tell(window, LI_Sections, LBN_SELCHANGE);
+            Notify(window, LI_Sections, LBN_SELCHANGE);
         }
     }
     static LRESULT SelectedCount(HWND window) {
@@ -229,12 +229,12 @@ TEST_F(ImportBoxTest, OkWithNothingSelectedAsksForASectionAndStays) {
         SelectItems(window, {});
         PressOk(window);
         EXPECT_TRUE(IsOpen(window));
-        EXPECT_EQ(Told(), (Texts{"Please select a file", "Please select a section"}));
+        EXPECT_EQ(Shown(), (Texts{"Please select a file", "Please select a section"}));
     }));
     EXPECT_TRUE(choice.path.empty());
 }
 
-TEST_F(ImportBoxTest, FileWithAnEmptyListIsTakenOnlyWithTheTagCancel) {
+TEST_F(ImportBoxTest, FileWithAnEmptyListIsAcceptedOnlyWithTheTagCancel) {
     const std::wstring path = folder.File(L"damaged.vel");
     test::WriteFileBytes(path, "damaged");
     const auto pressOk = [](HWND window) {
@@ -245,7 +245,7 @@ TEST_F(ImportBoxTest, FileWithAnEmptyListIsTakenOnlyWithTheTagCancel) {
         PressOk(window);
     };
     EXPECT_FALSE(Ask(pressOk));
-    EXPECT_EQ(Told(), Texts{"Please select a section"});
+    EXPECT_EQ(Shown(), Texts{"Please select a section"});
     tag = L"Cancel";
     EXPECT_TRUE(Ask(pressOk));
     EXPECT_EQ(choice.path, path);
@@ -257,7 +257,7 @@ TEST_F(ImportBoxTest, TagCancelStillNeedsAFile) {
     EXPECT_FALSE(Ask([](HWND window) {
         PressOk(window);
         EXPECT_TRUE(IsOpen(window));
-        EXPECT_EQ(Told(), Texts{Narrow(GetMessage(kMsgNoFileSelected))});
+        EXPECT_EQ(Shown(), Texts{Narrow(GetMessage(kMsgNoFileSelected))});
     }));
 }
 
@@ -269,7 +269,7 @@ TEST_F(ImportBoxTest, DamagedFileClearsThePreviewOfTheOneBefore) {
         EXPECT_TRUE(ShowsPreview(window));
         Choose(window, L"damaged.ve2");
         EXPECT_TRUE(ShowsNoPreview(window));
-        EXPECT_EQ(test::RecordedReports::Of("warning").size(), 1U) << "told once";
+        EXPECT_EQ(test::RecordedReports::Of("warning").size(), 1U) << "reported once";
     });
 }
 
@@ -280,7 +280,7 @@ TEST_F(ImportBoxTest, OtherFolderClearsListAndPreview) {
         Choose(window, L"ship.vel");
         Select(window, DIR_Db, static_cast<int>(Count(window, DIR_Db)) - 1);
         EXPECT_TRUE(ShowsPreview(window));
-        Tell(window, DIR_Db, LBN_DBLCLK);
+        Notify(window, DIR_Db, LBN_DBLCLK);
         EXPECT_EQ(Count(window, LI_Sections), 0);
         EXPECT_TRUE(ShowsNoPreview(window));
     });
@@ -293,7 +293,7 @@ TEST_F(ImportBoxTest, DoubleClickOnAFileOrASectionAccepts) {
         const test::WhenOpen open(kImportBoxClass, [&](HWND window) {
             Choose(window, L"ship.vel");
             if (list == LI_Sections) SelectItems(window, {4});
-            Tell(window, list, LBN_DBLCLK);
+            Notify(window, list, LBN_DBLCLK);
         });
         EXPECT_TRUE(AskImport(choice));
         EXPECT_EQ(choice.path, path);
@@ -355,7 +355,7 @@ TEST_F(ImportBoxTest, CancelledBrowseChangesNothing) {
     });
 }
 
-TEST_F(ImportBoxTest, BrowsedFileOfAnotherExtensionIsListedAllTheSame) {
+TEST_F(ImportBoxTest, BrowsedFileOfAnotherExtensionIsListedToo) {
     const test::FakeFunction prompt(ZTUtilPromptForName, FakePrompt);
     promptAnswer = Narrow(Model(L"ship.old"));
     Ask([](HWND window) {
@@ -405,11 +405,7 @@ TEST_F(ImportBoxTest, EveryResolutionScalesItWhole) {
             EXPECT_LE(picture.bottom, test::PlaceIn(window, LB_Service).top);
             EXPECT_LE(test::PlaceIn(window, LB_Service).bottom, test::PlaceIn(window, BT_Ok).top);
         }
-        test::ScaleTo(window, 96);
-        RECT whole{};
-        GetWindowRect(window, &whole);
-        EXPECT_LE(whole.right - whole.left, 800);
-        EXPECT_LE(whole.bottom - whole.top, 560) << "a task bar has its place, too";
+        ExpectFitsASmallScreen(window);
     });
 }
 

@@ -40,7 +40,7 @@ inline SIZE TextSizeOf(HWND window, int id) {
     return TextSize(window, font, WindowText(control));
 }
 
-// Each control that is shown stands inside of the window and is as large as its line of text.
+// Each control that is shown is inside the window and is as large as its line of text.
 inline void ExpectNothingIsCut(HWND window, const std::vector<int>& ids) {
     RECT client{};
     GetClientRect(window, &client);
@@ -63,7 +63,7 @@ inline void ScaleTo(HWND window, WORD dpi) {
 }
 
 // Looks at a modal window as soon as it is there, from inside of its own message loop. The window
-// must be closed then, or the test would not go on: `look` says with which message.
+// must be closed then, or the test would not continue: `look` says with which message.
 struct WhenOpen {
     inline static const wchar_t* className;
     inline static std::function<void(HWND)> look;

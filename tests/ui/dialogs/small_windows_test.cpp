@@ -67,7 +67,7 @@ TEST_F(InputBoxTest, ShowsTitleQuestionAndTheProposalSelected) {
     });
 }
 
-TEST_F(InputBoxTest, OkGivesWhatStandsInTheField) {
+TEST_F(InputBoxTest, OkGivesWhatIsInTheField) {
     EXPECT_TRUE(Ask([](HWND window) {
         SetWindowTextW(Field(window), L" 12 é* ");
         Press(window, IDOK);
@@ -319,7 +319,7 @@ TEST_F(SplashTest, Revision1999ShowsNoWarningAnd2000BothBelowTheVersion) {
     ExpectNothingIsCut(splash, {LB_Title, LB_Version, LB_Warning1, LB_Warning2});
 }
 
-TEST_F(SplashTest, TitleStandsBesideThePictureAndTheVersionBelowIt) {
+TEST_F(SplashTest, TitleIsBesideThePictureAndTheVersionBelowIt) {
     const HWND splash = Show();
     EXPECT_LE(PlaceIn(splash, IM_Velk).right, PlaceIn(splash, LB_Title).left);
     EXPECT_LE(PlaceIn(splash, LB_Title).bottom, PlaceIn(splash, LB_Version).top);

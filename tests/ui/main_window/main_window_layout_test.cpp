@@ -1,4 +1,4 @@
-// Where the main window's controls stand, at every size and resolution, and the splitter.
+// Where the main window's controls are, at every size and resolution, and the splitter.
 #include <gtest/gtest.h>
 
 #include <string>

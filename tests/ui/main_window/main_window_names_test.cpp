@@ -1,4 +1,4 @@
-// What a screen reader is told of the main window's controls.
+// What a screen reader says of the main window's controls.
 #include <gtest/gtest.h>
 
 #include <oleacc.h>

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
@@ -15,19 +14,6 @@ namespace corvane {
 namespace {
 
 using test::OpenWindow;
-
-TEST(MainWindowWindow, ListShowsTheSamplesModels) {
-    const OpenWindow open;
-    ASSERT_NE(open.window, nullptr);
-    ASSERT_EQ(open.Rows(), 14);
-    EXPECT_EQ(open.Cell(4, 0), "Midship section, hold 4");
-    EXPECT_EQ(open.Cell(4, 1), "108.500");
-    EXPECT_EQ(open.Cell(4, 2), " 5");
-    EXPECT_EQ(open.Cell(4, 3), "Section");
-    EXPECT_EQ(open.Cell(13, 1), "");
-    EXPECT_EQ(open.Cell(13, 2), "14");
-    EXPECT_EQ(open.Cell(13, 3), "Torsion");
-}
 
 TEST(MainWindowWindow, RowsCarryTheirIconAndTag) {
     const OpenWindow open;
@@ -42,16 +28,6 @@ TEST(MainWindowWindow, RowsCarryTheirIconAndTag) {
     }
     const LRESULT icons = SendMessageW(open.Control(LI_Sections), LVM_GETIMAGELIST, LVSIL_SMALL, 0);
     EXPECT_EQ(ImageList_GetImageCount(reinterpret_cast<HIMAGELIST>(icons)), 3);
-}
-
-TEST(MainWindowWindow, RefreshSelectsTheCurrentModelAndFillsTheLabels) {
-    const OpenWindow open;
-    EXPECT_EQ(open.SelectedRow(), 0);
-    EXPECT_EQ(open.Text(LB_X), "X = 20.7 m");
-    EXPECT_EQ(open.Text(LB_Frame), "Frame : 30");
-    EXPECT_EQ(open.Text(TX_DataBase), test::Narrow(shell.database.path));
-    EXPECT_EQ(test::Narrow(WindowText(open.window)), "Corvane - aurora_bay.ve2 - AURORA BAY");
-    EXPECT_EQ(open.Text(PAN_Help), "");
 }
 
 TEST(MainWindowWindow, SelectionOfARowSelectsItsModel) {
@@ -98,7 +74,7 @@ TEST(MainWindowWindow, WithoutADatabaseListAndMenusAreDisabled) {
     EXPECT_EQ(open.Text(PAN_Help), test::Narrow(GetMessage(kMsgNoDatabaseOpen)));
 }
 
-TEST(MainWindowWindow, MenuItemsAreGreyedAsTheTableTells) {
+TEST(MainWindowWindow, MenuItemsAreGreyedAsTheTableSays) {
     const OpenWindow open;
     EXPECT_TRUE(IsWindowEnabled(open.Control(LI_Sections)));
     EXPECT_FALSE(open.MenuGreyed(1, MF_BYPOSITION));
@@ -226,7 +202,7 @@ TEST(MainWindowWindow, RuleOptionAtTheStartComesFromTheSwitches) {
     EXPECT_EQ(ChosenRule(OpenWindow(true, [] { shell.jbpMode = shell.milMode = true; })), 1);
 }
 
-TEST(MainWindowWindow, RuleOptionsHaveTheirCaptionsAndTellTheirNumber) {
+TEST(MainWindowWindow, RuleOptionsHaveTheirCaptionsAndGiveTheirNumber) {
     const OpenWindow open;
     const char* const captions[] = {"QUOR", "CSR for BC", "QUOR MIL"};
     for (int i = 0; i < kRuleSetCount; ++i) {
@@ -335,41 +311,6 @@ TEST(MainWindowWindow, ClicksThatWaitWhileLockedAreDropped) {
     ASSERT_TRUE(IsWindow(open.window));
     EXPECT_EQ(ChosenRule(open), 0);
     EXPECT_EQ(open.SelectedRow(), 0);
-}
-
-// ---- The end -----------------------------------------------------------------------------------
-
-TEST(MainWindowWindow, CloseSavesTheSettingsOnce) {
-    const OpenWindow open;
-    shell.settings.WorkDirectory = L"C:\\work\\";
-    SendMessageW(open.window, WM_CLOSE, 0, 0);
-    EXPECT_FALSE(IsWindow(open.window));
-    EXPECT_EQ(shell.mainWindow, nullptr);
-    EXPECT_NE(test::ReadFileBytes(open.settings.path).find("aurora_bay.ve2"), std::string::npos);
-}
-
-TEST(MainWindowWindow, QuitClosesTheWindow) {
-    const OpenWindow open;
-    SendMessageW(open.window, WM_COMMAND, ME_FileQuit, 0);
-    EXPECT_FALSE(IsWindow(open.window));
-}
-
-TEST(MainWindowWindow, WindowStaysOpenWhileAProgramRuns) {
-    const OpenWindow open;
-    shell.childRunning = true;
-    SendMessageW(open.window, WM_CLOSE, 0, 0);
-    EXPECT_TRUE(IsWindow(open.window));
-    shell.childRunning = false;
-    SendMessageW(open.window, WM_CLOSE, 0, 0);
-    EXPECT_FALSE(IsWindow(open.window));
-}
-
-TEST(MainWindowWindow, EndOfTheSessionSavesTheSettings) {
-    const OpenWindow open;
-    SendMessageW(open.window, WM_ENDSESSION, FALSE, 0);
-    EXPECT_EQ(GetFileAttributesW(open.settings.path.c_str()), INVALID_FILE_ATTRIBUTES);
-    SendMessageW(open.window, WM_ENDSESSION, TRUE, 0);
-    EXPECT_NE(test::ReadFileBytes(open.settings.path).find("aurora_bay.ve2"), std::string::npos);
 }
 
 TEST(MainWindowWindow, GreyedAndUnknownCommandsDoNothing) {

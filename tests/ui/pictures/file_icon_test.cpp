@@ -55,7 +55,7 @@ struct Picture {
     }
 };
 
-TEST(ShowFileIcon, IconStandsAtTheTopLeftOfAPictureOfTheControlsSize) {
+TEST(ShowFileIcon, IconIsAtTheTopLeftOfAPictureOfTheControlsSize) {
     const TemporaryFolder folder;
     const std::wstring path = folder.File(L"red.ico");
     WriteFileBytes(path, RedIcon());

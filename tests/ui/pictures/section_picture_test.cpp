@@ -7,7 +7,7 @@
 
 #include "shell/open_database.h"
 #include "shell/state.h"
-#include "tests/companions/sample_section.h"
+#include "tests/companions/section_builder.h"
 #include "tests/shell/fake_view.h"
 #include "tests/support/support.h"
 
@@ -19,21 +19,14 @@ SectionModel OneDeck() {
     SectionModel section;
     section.symmetryMode = 1;
     Panel panel;
-    panel.nodes = {test::ComputedNode(0, 5), test::ComputedNode(10, 5)};
+    panel.nodes = {test::GivenNode(0, 5), test::GivenNode(10, 5)};
     section.panels.assign(1, panel);
     return section;
-}
-
-// Computes the straight line of the one deck, as far as drawing needs it.
-int16_t ComputeDeck(Section* section, DrawingParameters*) {
-    section->strakes[0].items[0] = test::StraightItem(0, 5, 10, 5, 0);
-    return 0;
 }
 
 // A picture in a hidden window.
 struct SectionPicture : testing::Test {
     test::FakeView keptState;
-    test::FakeFunction<decltype(QuickCompute)> quickCompute{QuickCompute, ComputeDeck};
     HWND parent = nullptr;
     HWND picture = nullptr;
 
@@ -146,7 +139,7 @@ TEST_F(SectionPicture, SectionTakesThePlaceOfTheText) {
     EXPECT_EQ(InkedPixels(), shown) << "nothing of the text is left";
 }
 
-TEST_F(SectionPicture, DrawsAnewAtANewSize) {
+TEST_F(SectionPicture, DrawsAgainAtANewSize) {
     ShowDeck();
     const int before = PlatingPixels();
     SetWindowPos(picture, nullptr, 0, 0, 154, 104, SWP_NOZORDER | SWP_NOACTIVATE);
