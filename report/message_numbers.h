@@ -200,7 +200,9 @@
     X(kMsgOpenInProgram, 3633)          \
     X(kMsgBasicShipData, 3634)          \
     X(kMsgNewModel, 3635)               \
-    X(kMsgRegionalNote, 3636)
+    X(kMsgRegionalNote, 3636)           \
+    X(kMsgNumbersCut, 3670)             \
+    X(kMsgFileNotHandedOver, 3671)
 
 namespace corvane {
 
