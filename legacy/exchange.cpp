@@ -197,7 +197,8 @@ bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShi
     ExchangeLosses losses;
     ExportBlocks(slot.path, slot.number, section, losses);
     const bool isNamed = !slot.isNew || NameSlot(slot.path, section) == 0;
-    if (!isNamed || !IsAllWritten(slot.path)) {
+    const bool isWritten = IsAllWritten(slot.path);
+    if (!isNamed || !isWritten) {
         ReportMessage(kMsgLegacySectionNotAdded, {int32_t{slot.number}, slot.path});
         return false;
     }
@@ -208,7 +209,10 @@ bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShi
 
 bool ExportDatabase(const std::wstring& source, const std::wstring& path,
                     const std::wstring& told) {
-    if (!FileExists(source) || !IsDatabaseFile(source)) return false;
+    if (!FileExists(source) || !IsDatabaseFile(source)) {
+        ReportMessage(kMsgNoDatabase, {source});
+        return false;
+    }
     const Target target{path, told.empty() ? path : told};
     DatabaseExport work{target, {}, {}};
     if (!StartDatabase(source, target, work.bsd)) return false;
@@ -239,6 +243,12 @@ bool ImportSection(const std::wstring& path, int16_t number, SectionModel& secti
     AddLosses(losses, section.name, std::move(lost));
     ShowStatus(L"");
     return true;
+}
+
+bool RequireAllRead(const std::wstring& path) {
+    int16_t status = kNoAnswer;
+    ListLegacySections(path, status);
+    return RequireLegacyRead(path, status);
 }
 
 std::vector<ModelEntry> ListLegacySections(const std::wstring& path, int16_t& status) {

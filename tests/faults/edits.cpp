@@ -111,7 +111,7 @@ void GiveIdentifier(char* buffer, int32_t size) {
 
 std::vector<Edit> MakeEdits() {
     // The name, the file and the older backup that are there, whether one is kept, the procedure.
-    return {
+    std::vector<Edit> edits = {
         {"new_database", false, false, false, NewDatabase},
         {"new_over_old", true, false, false, NewDatabase},
         {"save_bsd", true, false, true, SaveBsd},
@@ -133,6 +133,8 @@ std::vector<Edit> MakeEdits() {
         {"delete_middle_backup", true, true, true, Delete<kSection, true>},
         {"delete_last_backup", true, false, true, Delete<kLastSection, true>},
     };
+    for (const Edit& edit : DosEdits()) edits.push_back(edit);
+    return edits;
 }
 
 }  // namespace
@@ -153,6 +155,7 @@ void LoadLibraries() {
     FetchStructuralLines();
     CurrentStamp();
     GenerateID.pointer = GiveIdentifier;
+    UseDosLibrary();
 }
 
 const std::string& OldDatabase() {

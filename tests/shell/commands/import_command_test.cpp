@@ -212,8 +212,10 @@ TEST_F(ImportCommand, CallsFollowTheListingAndOneImportEach) {
     EXPECT_EQ(FakeLegacyLibrary::calls,
               (Told{"getvelksections old.vel", "importvelkmainsec old.vel 1",
                     "importsectiongeometry old.vel 1", "importvelkcompload old.vel 1",
-                    "importvelkmainsec old.vel 3", "importsectiongeometry old.vel 3",
-                    "importvelkcompload old.vel 3"}));
+                    "getvelksections old.vel", "importvelkmainsec old.vel 3",
+                    "importsectiongeometry old.vel 3", "importvelkcompload old.vel 3",
+                    "getvelksections old.vel"}))
+        << "after each import the list says whether all was read";
 }
 
 TEST_F(ImportCommand, BackupHoldsTheDatabaseAsItWasBeforeTheFirstModel) {
