@@ -33,7 +33,7 @@ TEST(BsdWriter, EveryFieldIsAtItsOffsetInTheGoldenText) {
 
 TEST(BsdWriter, StandaloneGoldenFileIsWrittenByteForByte) {
     BasicShipData bsd;
-    bsd.Titles(1).Assign(L"M/V C\u00F4te d'\u00C9meraude");
+    bsd.Titles(1).Assign(system::WideFromAnsi("M/V C\xF4te d'\xC9meraude"));
     bsd.Titles(2).Assign(L"Hull 4711");
     bsd.Titles(3).Assign(L"Bulk carrier, 82 000 tdw");
     bsd.Titles(4).Assign(L"  indented title");
@@ -130,7 +130,7 @@ TEST(BsdWriter, IntegersOfTheWholeRangeArePlainDecimals) {
 
 TEST(BsdWriter, TextsHaveAllTheirCharacters) {
     BasicShipData bsd;
-    bsd.Titles(1).Assign(L"\u00C9toile");
+    bsd.Titles(1).Assign(system::WideFromAnsi("\xC9toile"));
     bsd.Remark.Assign(L" leading and trailing ");
     const std::string text = RecordsWritten(bsd);
     EXPECT_EQ(LineOf(text, kTitleLine), "\xC9toile" + std::string(24, ' '));
