@@ -29,7 +29,7 @@ struct Changes {
     system::FileStatus read;  // the file as it was read
     bool isNew = false;       // made by createvelkdb, and not written since
     bool isChanged = false;
-    size_t unnamed = 0;   // slot, from 1, that was added last and has no name yet; 0: none
+    size_t unnamed = 0;  // slot, from 1, that was added last and has no name yet; 0: none
     // Path of a file with which a call without a status word has failed, and its status.
     std::wstring failed;
     int16_t failure = 0;
