@@ -114,9 +114,12 @@ RewriteEnd ReplaceBlock(Rewrite& rewrite, const std::wstring& path, BasicShipDat
 
 bool LoadBsdFromDatabase(const std::wstring& path, BasicShipData& bsd) {
     TextReader reader;
-    if (!FileExists(path)) return false;
+    const bool isOpen = OpenText(reader, path);
+    if (reader.error == system::kErrorFileNotFound || reader.error == system::kErrorPathNotFound) {
+        return false;
+    }
     BasicShipData read = bsd;
-    const bool hasBlock = OpenText(reader, path) && FindHeader(reader);
+    const bool hasBlock = isOpen && FindHeader(reader);
     if (hasBlock) {
         GoToRecords(reader);
         ReadBasicShipData(reader, read);

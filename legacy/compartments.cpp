@@ -22,11 +22,11 @@ int16_t LegacyNumberOf(const Section& section, NodeReference node) {
     return static_cast<int16_t>(number <= kLegacyNodes ? number : 0);
 }
 
-LegacyCompartment ListCompartment(const Section& section, Compartment& compartment) {
+LegacyCompartment ListCompartment(const LegacyExport& work, Compartment& compartment) {
     LegacyCompartment entry{};
-    CopyCompartment(ToLegacy(), compartment, entry);
+    CopyCompartment(ToLegacy{work.cut}, compartment, entry);
     for (const NodeReference node : compartment.outline) {
-        const int16_t number = LegacyNumberOf(section, node);
+        const int16_t number = LegacyNumberOf(work.geometry, node);
         if (number == 0) continue;
         if (entry.nodeCount == kLegacyOutlineNodes) break;
         entry.nodes[entry.nodeCount++] = number;
@@ -161,11 +161,11 @@ void ComputeCompartment(const Section& section, Compartment& compartment) {
 CompartmentList ListCompartments(const LegacyExport& work) {
     CompartmentList list;
     for (Compartment& compartment : work.section.compartments) {
-        LegacyCompartment entry = ListCompartment(work.geometry, compartment);
+        LegacyCompartment entry = ListCompartment(work, compartment);
         entry.levelCount = ClampToCount(compartment.levels.size());
         list.compartments.push_back(entry);
         for (FillingLevel& level : compartment.levels) {
-            CopyLevel(ToLegacy(), level, list.levels.emplace_back());
+            CopyLevel(ToLegacy{work.cut}, level, list.levels.emplace_back());
         }
     }
     return list;
@@ -181,7 +181,7 @@ void FillCompLoad(const LegacyExport& work) {
     legacy.count = static_cast<int16_t>(count);
     for (size_t i = 0; i < count; ++i) {
         PutText(compartments[i].name, {legacy.name[i], sizeof(legacy.name[i])}, work.losses);
-        CopyLoads(ToLegacy(), compartments[i], legacy, i);
+        CopyLoads(ToLegacy{work.cut}, compartments[i], legacy, i);
     }
     const auto end = compartments.begin() + static_cast<ptrdiff_t>(count);
     if (std::any_of(compartments.begin(), end, HasTooManyNodes)) {

@@ -146,7 +146,7 @@ bool ExportSections(const std::wstring& source, DatabaseExport& work) {
 
 bool StartDatabase(const std::wstring& source, const Target& target, BasicShipData& bsd) {
     if (IsSameFile(source, target.path)) {
-        ReportMessage(kMsgIsOpenDatabase, {target.told});
+        ReportMessage(kMsgIsOpenDatabase, {target.shown});
         return false;
     }
     KillFile(target.path);
@@ -216,7 +216,8 @@ bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShi
     ExchangeLosses losses;
     ExportBlocks(slot.path, slot.number, section, losses);
     if (slot.isNew) status = NameSlot(slot.path, section);
-    if (status == 0) status = StatusOfAllWritten(slot.path);
+    const int16_t written = StatusOfAllWritten(slot.path);
+    if (status == 0) status = written;
     if (status != 0) {
         ReportFailure(kMsgLegacySectionNotAdded, {int32_t{slot.number}, slot.path}, status);
         return false;
@@ -228,7 +229,10 @@ bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShi
 
 bool ExportDatabase(const std::wstring& source, const std::wstring& path,
                     const std::wstring& shown) {
-    if (!FileExists(source) || !IsDatabaseFile(source)) return false;
+    if (!FileExists(source) || !IsDatabaseFile(source)) {
+        ReportMessage(kMsgNoDatabase, {source});
+        return false;
+    }
     const Target target{path, shown.empty() ? path : shown};
     DatabaseExport work{target, {}, {}};
     if (!StartDatabase(source, target, work.bsd)) return false;
@@ -260,6 +264,12 @@ bool ImportSection(const std::wstring& path, int16_t number, SectionModel& secti
     AddLosses(losses, section.name, std::move(lost));
     ShowStatus(L"");
     return true;
+}
+
+bool RequireAllRead(const std::wstring& path) {
+    int16_t status = kNoAnswer;
+    ListLegacySections(path, status);
+    return RequireLegacyRead(path, status);
 }
 
 std::vector<ModelEntry> ListLegacySections(const std::wstring& path, int16_t& status) {

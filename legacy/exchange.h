@@ -40,19 +40,22 @@ bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShi
 
 // Makes a new legacy database at `target`, instead of any file there, of all sections of the
 // model database `source`, in file order; one that cannot be read is reported and left out. Nothing
-// happens when `source` is not a model database. False then, and when the library reports a
-// failure. What did not fit is reported at the end. `shown` is the name that messages have for the
-// target, where that is to be put elsewhere.
+// happens when `source` is not a model database, which is reported. False then, and when the
+// library reports a failure. What did not fit is reported at the end. `shown` is the name that
+// messages have for the target, where that is to be put elsewhere.
 bool ExportDatabase(const std::wstring& source, const std::wstring& target,
                     const std::wstring& shown = {});
 
 // ---- Import ------------------------------------------------------------------------------------
 
 // Reads section `number`, from 1. A missing file is reported (1020): false then. A section that
-// the library fails to read cannot be recognised as such; it is empty then. What could not be
-// placed is added to `losses`, to be reported at the end of the import.
+// the library fails to read is empty: RequireAllRead says so. What could not be placed is added to
+// `losses`, to be reported at the end of the import.
 bool ImportSection(const std::wstring& path, int16_t number, SectionModel& section,
                    ExchangeLosses& losses);
+// Whether the library has read what ImportSection asked it for: the calls for the blocks of a
+// section have no status, but the list of sections has. Reported when not (3556).
+bool RequireAllRead(const std::wstring& path);
 
 // The names of the database's sections, at most 20; x is -1. `status` is the library's: the list
 // is empty unless it is 0.

@@ -14,12 +14,22 @@
 
 namespace corvane {
 
-// The legacy form has integers of 16 bits only: one of ours that is too large becomes the largest
-// that it has. Every number of the legacy form fits into ours.
+// Integers that the legacy form cannot hold.
+struct CutNumbers {
+    int32_t count = 0;
+    int32_t first = 0;  // the first of them, as it was
+};
+
+// The legacy form has integers of 16 bits only: one of ours beyond them becomes the nearest that it
+// has, and is counted. Every number of the legacy form fits into ours.
 struct ToLegacy {
+    CutNumbers& cut;
     void operator()(float& ours, float& legacy) const { legacy = ours; }
     void operator()(int16_t& ours, int16_t& legacy) const { legacy = ours; }
-    void operator()(int32_t& ours, int16_t& legacy) const { legacy = ClampToInt16(ours); }
+    void operator()(int32_t& ours, int16_t& legacy) const {
+        legacy = ClampToInt16(ours);
+        if (legacy != ours && cut.count++ == 0) cut.first = ours;
+    }
 };
 
 struct FromLegacy {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "legacy/fields.h"
 #include "legacy/geometry.h"
 #include "legacy/legacy_tables.h"
 #include "legacy/strake_access.h"
@@ -18,15 +17,15 @@ bool SameProfile(const LegacyProfile& a, const LegacyProfile& b) {
 
 // The table of profiles, in which each is once.
 struct Profiles {
-    LegacyGeometry& legacy;
-    Losses& losses;
+    const LegacyExport& work;
+    LegacyGeometry& legacy = work.record.geometry;
     Filling<LegacyProfile, kLegacyProfiles> filling{legacy.profiles, legacy.counts.profiles,
-                                                    kMsgTooManyProfiles, losses};
+                                                    kMsgTooManyProfiles, work.losses};
 
     // The profile's number; 0 for scantlings that are all 0, and where there is no room.
     int16_t NumberOf(Scantlings& scantlings) {
         LegacyProfile profile{};
-        CopyProfile(ToLegacy(), scantlings, profile);
+        CopyProfile(ToLegacy{work.cut}, scantlings, profile);
         if (SameProfile(profile, LegacyProfile{})) return 0;
         const LegacyProfile* end = legacy.profiles + legacy.counts.profiles;
         const LegacyProfile* found =
@@ -69,7 +68,7 @@ float PlaceOf(const Section& section, int16_t k, NodeReference node) {
 struct SpanFill {
     const LegacyExport& work;
     LegacyGeometry& legacy = work.record.geometry;
-    Profiles profiles{legacy, work.losses};
+    Profiles profiles{work};
     Filling<LegacySpan, kLegacySpans> spans{legacy.spans, legacy.counts.spans, kMsgTooManySpans,
                                             work.losses};
     Filling<LegacySpanBracket, kLegacySpanBrackets> brackets{
@@ -83,7 +82,7 @@ void FillSpanBracket(SpanFill& fill, SpanBracket& bracket) {
     LegacySpanBracket* entry = bracket.present ? fill.brackets.Next() : nullptr;
     if (entry == nullptr) return;
     entry->span = fill.legacy.counts.spans;
-    CopySpanBracket(ToLegacy(), bracket, *entry);
+    CopySpanBracket(ToLegacy{fill.work.cut}, bracket, *entry);
     entry->profile = fill.profiles.NumberOf(bracket.scantlings);
 }
 
@@ -91,7 +90,7 @@ void FillFatigueTable(SpanFill& fill, FatigueTable& fatigue) {
     LegacyFatigueTable* entry = fatigue.present ? fill.fatigue.Next() : nullptr;
     if (entry == nullptr) return;
     entry->span = fill.legacy.counts.spans;
-    CopyFatigueTable(ToLegacy(), fatigue, *entry);
+    CopyFatigueTable(ToLegacy{fill.work.cut}, fatigue, *entry);
 }
 
 void FillSpansOf(SpanFill& fill, const Stiffener& stiffener, StiffenerDetail& detail,
@@ -101,7 +100,7 @@ void FillSpansOf(SpanFill& fill, const Stiffener& stiffener, StiffenerDetail& de
         if (entry == nullptr) return;
         entry->stiffener = fill.stiffener;
         entry->s = PlaceOf(fill.work.geometry, strake, stiffener);
-        CopySpan(ToLegacy(), span, *entry);
+        CopySpan(ToLegacy{fill.work.cut}, span, *entry);
         entry->profile = fill.profiles.NumberOf(span.scantlings);
         FillSpanBracket(fill, span.bracket);
         FillFatigueTable(fill, span.fatigue);
@@ -120,7 +119,8 @@ void FillStiffeners(const LegacyExport& work) {
             if (entry == nullptr) return;
             entry->strake = strake;
             entry->s = PlaceOf(work.geometry, strake, panel.stiffeners[i]);
-            CopyStiffener(ToLegacy(), panel.stiffeners[i], panel.stiffenerDetails[i], *entry);
+            CopyStiffener(ToLegacy{work.cut}, panel.stiffeners[i], panel.stiffenerDetails[i],
+                          *entry);
         }
     });
 }
@@ -139,14 +139,14 @@ void FillSpans(const LegacyExport& work) {
 
 void FillBrackets(const LegacyExport& work) {
     LegacyGeometry& legacy = work.record.geometry;
-    Profiles profiles{legacy, work.losses};
+    Profiles profiles{work};
     Filling filling{legacy.brackets, legacy.counts.brackets, kMsgTooManyBrackets, work.losses};
     ForEachPanel(work, [&](Panel& panel, int16_t strake) {
         for (PrimaryBracket& bracket : panel.brackets) {
             LegacyBracket* entry = filling.Next();
             if (entry == nullptr) return;
             entry->strake = strake;
-            CopyBracket(ToLegacy(), bracket, *entry);
+            CopyBracket(ToLegacy{work.cut}, bracket, *entry);
             for (int i = 1; i <= 3; ++i) {
                 entry->profiles[i - 1] = profiles.NumberOf(bracket.scantlings(i));
             }
@@ -163,7 +163,7 @@ void FillOpenings(const LegacyExport& work) {
             if (entry == nullptr) return;
             entry->strake = strake;
             entry->s = PlaceOf(work.geometry, strake, opening.at);
-            CopyOpening(ToLegacy(), opening, *entry);
+            CopyOpening(ToLegacy{work.cut}, opening, *entry);
         }
     });
 }
@@ -176,7 +176,7 @@ void FillPillars(const LegacyExport& work) {
             LegacyPillar* entry = filling.Next();
             if (entry == nullptr) return;
             entry->strake = strake;
-            CopyPillar(ToLegacy(), pillar, *entry);
+            CopyPillar(ToLegacy{work.cut}, pillar, *entry);
         }
     });
 }
@@ -189,7 +189,7 @@ void FillPlates(const LegacyExport& work) {
             LegacyPlate* entry = filling.Next();
             if (entry == nullptr) return;
             entry->strake = strake;
-            CopyPlate(ToLegacy(), plate, *entry);
+            CopyPlate(ToLegacy{work.cut}, plate, *entry);
         }
     });
 }

@@ -6,7 +6,6 @@
 #include "database/section_view.h"
 #include "legacy/absolute_geometry.h"
 #include "legacy/compartments.h"
-#include "legacy/fields.h"
 #include "legacy/items_to_legacy.h"
 #include "legacy/legacy_tables.h"
 #include "legacy/strakes_to_legacy.h"
@@ -19,14 +18,14 @@ void FillMain(const LegacyExport& work) {
     SectionModel& section = work.section;
     LegacyMainSection& legacy = work.record.main;
     PutText(section.name, {legacy.name, sizeof(legacy.name)}, work.losses);
-    CopyMainFields(ToLegacy(), section, legacy);
+    CopyMainFields(ToLegacy{work.cut}, section, legacy);
     if (section.moduliAbsent != 0) return;
     legacy.deckModulus_m3 = section.deckModulus_m3;
     legacy.bottomModulus_m3 = section.bottomModulus_m3;
 }
 
 void FillGeometry(const LegacyExport& work) {
-    CopyHeadRest(ToLegacy(), work.section, work.record.geometry.head);
+    CopyHeadRest(ToLegacy{work.cut}, work.section, work.record.geometry.head);
     FillStrakes(work);
     FillStiffeners(work);
     FillSpans(work);
@@ -49,12 +48,14 @@ Losses ToLegacyRecord(SectionModel& section, LegacySectionRecord& record) {
     for (Compartment& compartment : section.compartments) {
         ComputeCompartment(view.section, compartment);
     }
-    const LegacyExport work{section, view.section, record, losses};
+    CutNumbers cut;
+    const LegacyExport work{section, view.section, record, losses, cut};
     const CompartmentList list = ListCompartments(work);
     FillMain(work);
     FillGeometry(work);
     FillCompLoad(work);
     FillCompartments(work, list);
+    if (cut.count > 0) NoteLoss(losses, kMsgNumbersCut, {cut.count, cut.first});
     return losses;
 }
 

@@ -3,7 +3,6 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "legacy/fields.h"
 #include "legacy/legacy_tables.h"
 #include "legacy/node_kinds.h"
 #include "legacy/strake_access.h"
@@ -50,7 +49,7 @@ bool FillExtension(StrakeFill& fill, Node& node) {
     LegacyExtension* entry = fill.extensions.Next();
     if (entry == nullptr) return false;
     entry->node = static_cast<int16_t>(fill.nodes);
-    CopyExtension(ToLegacy(), node, *entry);
+    CopyExtension(ToLegacy{fill.work.cut}, node, *entry);
     return true;
 }
 
@@ -82,7 +81,7 @@ void FillCurve(StrakeFill& fill, Node& node) {
     LegacyCurve* curve = fill.curves.Next();
     if (curve == nullptr) return;
     curve->node = static_cast<int16_t>(fill.nodes);
-    CopyCurve(ToLegacy(), node, *curve);
+    CopyCurve(ToLegacy{fill.work.cut}, node, *curve);
 }
 
 void FillPoint(StrakeFill& fill, const Node& node) {
@@ -109,7 +108,7 @@ bool FillNode(StrakeFill& fill, NodeReference self) {
     legacy.nodeClass[g] = kind.nodeClass;
     legacy.nodeCode[g] = kind.code;
     legacy.nodeOnStrake[g] = ClampToInt16(std::abs(int32_t{node.onStrake}));
-    CopyNode(ToLegacy(), node, legacy, g);
+    CopyNode(ToLegacy{fill.work.cut}, node, legacy, g);
     legacy.nodeY[g] = node.givenY;
     legacy.nodeZ[g] = node.givenZ;
     FillCurve(fill, node);
@@ -124,7 +123,7 @@ bool FillStrake(StrakeFill& fill, int16_t number) {
     Panel& panel = fill.work.section.panels[i];
     const Strake& strake = StrakeAt(fill.work.geometry, number);
     LegacyGeometry& legacy = fill.legacy;
-    CopyStrake(ToLegacy(), panel, legacy, i);
+    CopyStrake(ToLegacy{fill.work.cut}, panel, legacy, i);
     PutText(panel.name, {legacy.strakeName[i], sizeof(legacy.strakeName[i])}, fill.work.losses);
     legacy.strakeFirstNode[i] = static_cast<int16_t>(fill.nodes + 1);
     legacy.strakeNumber[i] = number;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "database/section.h"
+#include "legacy/fields.h"
 #include "legacy/losses.h"
 #include "platform/ztvelk32.h"
 
@@ -14,6 +15,7 @@ struct LegacyExport {
     const Section& geometry;  // the library's view of the section
     LegacySectionRecord& record;
     Losses& losses;  // what was left out, cut or changed is added
+    CutNumbers& cut;
 };
 
 // Fills the strakes' and the nodes' tables, up to the first strake, node or point that has no room,

@@ -217,6 +217,8 @@
     X(kMsgCopyAskedNext, 3653)          \
     X(kMsgOpenDatabaseChosen, 3654)     \
     X(kMsgPreviewLegend, 3655)          \
+    X(kMsgNumbersCut, 3670)             \
+    X(kMsgFileNotHandedOver, 3671)      \
     X(kMsgChangedTooOften, 3690)        \
     X(kMsgOtherLinks, 3691)             \
     X(kMsgHeldByProgram, 3692)          \

@@ -56,7 +56,7 @@ bool AppendSections(const std::wstring& legacyPath, std::wstring& path, Exchange
         if (!ImportSection(legacyPath, number, section, losses)) return false;
         if (!ReplaceSection(path, section, number)) return false;
     }
-    return true;
+    return RequireAllRead(legacyPath);
 }
 
 // The new database, without its losses reported. False when there is none, which has been reported.

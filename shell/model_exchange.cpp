@@ -42,7 +42,8 @@ EditOptions OptionsOf(const Import& import) {
 
 AppendResult AppendLegacySection(Import& import, int32_t number) {
     SectionModel section;
-    if (!ImportSection(import.source, static_cast<int16_t>(number), section, import.losses)) {
+    if (!ImportSection(import.source, static_cast<int16_t>(number), section, import.losses) ||
+        !RequireAllRead(import.source)) {
         return AppendResult::kNoSource;
     }
     section.identifier.clear();  // the writer makes a new one

@@ -34,12 +34,15 @@ bool MakeFile(const std::wstring& target,
     const system::ErrorNumber error = NewTemporaryFile(temporary);
     if (error != system::kErrorNone) {
         ReportMessage(kMsgFileNotMade, {target, system::ErrorText(error)});
+        if (!temporary.empty()) ReportMessage(kMsgFileNotRemoved, {temporary});
         return false;
     }
     ReplaceResult result;
     const bool isMade = make(temporary);
     if (isMade) result = Put(temporary, target, kind);
-    if (result.oldText.empty()) KillFile(temporary);
+    if (result.oldText.empty() && RemoveOwnFile(temporary) != system::kErrorNone) {
+        ReportMessage(kMsgFileNotRemoved, {temporary});
+    }
     return isMade && result.Done();
 }
 

@@ -16,9 +16,15 @@
 namespace corvane {
 namespace {
 
-// The value of a key in the main section.
+// The value of a key in the main section, without blanks around it: the file does not keep those
+// that quotes or a NUL have saved when it was read.
 std::wstring ReadKey(const std::wstring& file, MessageNumber key, const std::wstring& fallback) {
-    return GetIniString(GetMessage(kMsgSettingsSection), GetMessage(key), fallback, file);
+    constexpr wchar_t kBlanks[] = L" \t\r\n";
+    const std::wstring value =
+        GetIniString(GetMessage(kMsgSettingsSection), GetMessage(key), fallback, file);
+    const size_t begin = value.find_first_not_of(kBlanks);
+    if (begin == std::wstring::npos) return {};
+    return value.substr(begin, value.find_last_not_of(kBlanks) - begin + 1);
 }
 
 // A limit: a key, what it is when the file has none, and where it goes.

@@ -77,9 +77,12 @@ bool Main(const std::wstring& commandLine) {
 bool GiveWayToRunningInstance(const std::wstring& commandLine) {
     // The new title keeps this process from looking like the running instance.
     const std::wstring title = std::exchange(shell.title, L"...duplicate instance");
-    const bool isHanded = shell.view.handToRunningInstance(ReadCommandLine(commandLine));
+    const std::wstring file = ReadCommandLine(commandLine);
+    const HandOver result = shell.view.handToRunningInstance(file);
     shell.title = title;
-    return isHanded || !shell.view.askYesNo(ExpandLineBreaks(GetMessage(kMsgNoWindowOfInstance)));
+    if (result == HandOver::kFileNotTaken) ReportMessage(kMsgFileNotHandedOver, {file});
+    return result != HandOver::kNoWindow ||
+           !shell.view.askYesNo(ExpandLineBreaks(GetMessage(kMsgNoWindowOfInstance)));
 }
 
 void OpenHandedOver(const std::wstring& file, bool wasAtWork) {

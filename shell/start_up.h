@@ -11,8 +11,8 @@ namespace corvane {
 bool Main(const std::wstring& commandLine);
 
 // Main's two ways. The first brings the instance that runs already to the front and hands it the
-// file of the command line; false when that instance shows no window, and the user wants to start
-// this one. The second starts this one.
+// file of the command line, or reports that it does not take it; false when that instance shows no
+// window, and the user wants to start this one. The second starts this one.
 bool GiveWayToRunningInstance(const std::wstring& commandLine);
 bool StartUp(const std::wstring& commandLine);
 

@@ -19,6 +19,13 @@ struct ExportChoice;  // shell/exchange_boxes.h
 struct ImportChoice;
 struct ModelRow;  // shell/model_list.h
 
+// What became of a second start.
+enum class HandOver {
+    kNoWindow,      // the running instance shows no window
+    kDone,          // it is in front, and has the file, if there is one
+    kFileNotTaken,  // it is in front, but does not take the file
+};
+
 struct View {
     // Status label, boxes, pointer: what the reporters need.
     ReportView report;
@@ -52,10 +59,10 @@ struct View {
     // The splash window FM_Load, shown on top of all windows.
     void (*showSplash)(const std::wstring& title) = [](const std::wstring&) {};
     // Brings the instance of this program file that runs already to the front, and hands it the
-    // absolute path of a file that it is to open; empty: none. False when that instance shows no
-    // window within two seconds.
-    bool (*handToRunningInstance)(const std::wstring& file) = [](const std::wstring&) {
-        return false;
+    // absolute path of a file that it is to open; empty: none. It has two seconds to show its main
+    // window.
+    HandOver (*handToRunningInstance)(const std::wstring& file) = [](const std::wstring&) {
+        return HandOver::kNoWindow;
     };
 
     // ---- The main window -----------------------------------------------------------------------

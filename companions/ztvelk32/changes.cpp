@@ -14,13 +14,6 @@ bool GetStatus(const std::wstring& path, system::FileStatus& status) {
     return system::GetFileStatus(path, status) == system::kErrorNone;
 }
 
-void Forget(Changes& changes) {
-    changes.path.clear();
-    changes.database = {};
-    changes.isNew = changes.isChanged = false;
-    changes.unnamed = 0;
-}
-
 int16_t Write(Changes& changes) {
     system::FileStatus now;
     if (!GetStatus(changes.path, now)) return kLegacyNotWritten;
@@ -45,10 +38,18 @@ Changes& Kept() {
     return changes;
 }
 
+void DropChanges() {
+    Changes& changes = Kept();
+    changes.path.clear();
+    changes.database = {};
+    changes.isNew = changes.isChanged = false;
+    changes.unnamed = 0;
+}
+
 int16_t MakeDatabase(const std::wstring& path) {
     Changes& changes = Kept();
     const std::wstring target = system::AbsolutePath(path);
-    if (changes.path == target) Forget(changes);
+    if (changes.path == target) DropChanges();
     int16_t status = WriteChanges();
     if (status != kLegacyDone) return status;
     status = WriteDatabase(target, changes.database);
@@ -64,7 +65,7 @@ int16_t OpenForChange(const std::wstring& path) {
     system::FileStatus now;
     if (!GetStatus(target, now) || !now.exists) return kLegacyFileMissing;
     if (changes.path == target && IsUntouched(changes, now)) {
-        if (now.isReadOnly) Forget(changes);
+        if (now.isReadOnly) DropChanges();
         return now.isReadOnly ? kLegacyNotWritten : kLegacyDone;
     }
     int16_t status = WriteChanges();
@@ -80,7 +81,7 @@ int16_t OpenForChange(const std::wstring& path) {
 int16_t WriteChanges() {
     Changes& changes = Kept();
     const int16_t status = changes.isChanged ? Write(changes) : kLegacyDone;
-    Forget(changes);
+    DropChanges();
     return status;
 }
 

@@ -10,8 +10,10 @@
 // program ends the making of a whole database with getvelksections, whose status is then that of
 // the writing.
 //
-// A process that dies before loses the changes, never what was in the file. So does a failed write;
-// it is the status of the next call on that file, when the call that failed has no status word.
+// A process that dies before loses the changes, never what was in the file. So does a failed write.
+// When a call without a status word fails to write or to read, all changes are forgotten, and that
+// is the status of the next call on that file that has one, of the naming of a slot as well as of
+// the one after it: nobody need judge the former.
 #pragma once
 
 #include <string>
@@ -27,8 +29,10 @@ struct Changes {
     system::FileStatus read;  // the file as it was read
     bool isNew = false;       // made by createvelkdb, and not written since
     bool isChanged = false;
-    size_t unnamed = 0;   // slot, from 1, that was added last and has no name yet; 0: none
-    std::wstring failed;  // path of a file that a call without a status word could not write
+    size_t unnamed = 0;  // slot, from 1, that was added last and has no name yet; 0: none
+    // Path of a file with which a call without a status word has failed, and its status.
+    std::wstring failed;
+    int16_t failure = 0;
 
     Changes() = default;
     Changes(const Changes&) = delete;
@@ -46,6 +50,8 @@ int16_t MakeDatabase(const std::wstring& path);
 // Makes the record that of the file; changes of another one are written first. A file that cannot
 // be written is refused.
 int16_t OpenForChange(const std::wstring& path);
+// Forgets what was changed.
+void DropChanges();
 // Writes what was changed, and forgets the record whatever becomes of it. Another program that has
 // written the file meanwhile is not overwritten. Changes of a file that was deleted go with it.
 int16_t WriteChanges();

@@ -27,21 +27,38 @@ int16_t Guarded(const char* path, Operation operation) {
     }
 }
 
-// What a function with a status word does. A failure of a function without one comes first.
+// Whether a function without a status word has failed with that file.
+bool HasFailed(const std::wstring& file) {
+    const std::wstring& failed = Kept().failed;
+    return !failed.empty() && failed == system::AbsolutePath(file);
+}
+
+// Of a function whose status nobody judges: after a failure the changes go, and it is the status of
+// a later function, too.
+int16_t Remembered(const std::wstring& file, int16_t status) {
+    if (status == kLegacyDone) return status;
+    DropChanges();
+    Kept().failed = system::AbsolutePath(file);
+    Kept().failure = status;
+    return status;
+}
+
+// What a function with a status word does. A failure of a function without one comes first; it is
+// over then, unless `keepsFailure`.
 template <class Operation>
-void WithStatus(const char* path, int16_t* status, Operation operation) {
-    const int16_t value = Guarded(path, [&operation](const std::wstring& file) {
-        std::wstring& failed = Kept().failed;
-        if (failed.empty() || failed != system::AbsolutePath(file)) return operation(file);
-        failed.clear();
-        return kLegacyNotWritten;
+void WithStatus(const char* path, int16_t* status, Operation operation, bool keepsFailure = false) {
+    const int16_t value = Guarded(path, [&](const std::wstring& file) {
+        if (!HasFailed(file)) return operation(file);
+        if (!keepsFailure) Kept().failed.clear();
+        return Kept().failure;
     });
     if (status != nullptr) *status = value;
 }
 
-// change(changes) gives a status.
+// change(changes) gives a status. After a failure nothing more is changed, until it was asked for.
 template <class Change>
 int16_t Edit(const std::wstring& file, Change change) {
+    if (HasFailed(file)) return Kept().failure;
     int16_t status = OpenForChange(file);
     if (status == kLegacyDone) status = change(Kept());
     if (status == kLegacyDone) Kept().isChanged = true;
@@ -55,14 +72,13 @@ int16_t EditAndWrite(const std::wstring& file, Change change) {
     return status == kLegacyDone && !Kept().isNew ? WriteChanges() : status;
 }
 
-// The status of a function without a status word. That nothing was written is also the status of
-// the next function with one.
+// The status of a function without a status word. A failure is also the status of the next function
+// with one; that there is no such section is an answer.
 int16_t WithoutStatus(const char* path,
                       const std::function<int16_t(const std::wstring&)>& operation) {
     return Guarded(path, [&operation](const std::wstring& file) {
         const int16_t status = operation(file);
-        if (status == kLegacyNotWritten) Kept().failed = system::AbsolutePath(file);
-        return status;
+        return status == kLegacyNoSection ? status : Remembered(file, status);
     });
 }
 
@@ -112,7 +128,7 @@ template <class Block>
 int16_t ImportBlock(const char* path, int16_t section, Block LegacySectionRecord::* member,
                     Block* block) {
     if (block == nullptr) return kLegacyNoSection;
-    return Guarded(path, [&](const std::wstring& name) {
+    return WithoutStatus(path, [&](const std::wstring& name) {
         return ReadFile(name, [&](const std::wstring& file) {
             Slot slot;
             const int16_t status = ReadSlot(file, section, slot);
@@ -129,6 +145,8 @@ CORVANE_EXPORT float CORVANE_STDCALL getztvelk32version() {
 }
 
 CORVANE_EXPORT void CORVANE_STDCALL createvelkdb(const char* path, int16_t* status) {
+    // What was wrong with an older file of that name is past.
+    Kept().failed.clear();
     WithStatus(path, status, MakeDatabase);
 }
 
@@ -148,8 +166,8 @@ CORVANE_EXPORT void CORVANE_STDCALL extendvelkdb(const char* path, int16_t* stat
 
 CORVANE_EXPORT void CORVANE_STDCALL addsectvelkdb(const char* path, const char* name,
                                                   float position, int16_t* status) {
-    WithStatus(path, status, [&](const std::wstring& file) {
-        return EditAndWrite(file, [&](Changes& changes) {
+    const auto nameSlot = [&](const std::wstring& file) {
+        const int16_t result = EditAndWrite(file, [&](Changes& changes) {
             if (changes.database.slots.empty()) return kLegacyNoSection;
             LegacySectionEntry& entry = changes.database.slots.back().entry;
             SetEntryName(entry, name == nullptr ? "" : name);
@@ -157,7 +175,9 @@ CORVANE_EXPORT void CORVANE_STDCALL addsectvelkdb(const char* path, const char* 
             changes.unnamed = 0;
             return kLegacyDone;
         });
-    });
+        return Remembered(file, result);
+    };
+    WithStatus(path, status, nameSlot, true);
 }
 
 CORVANE_EXPORT void CORVANE_STDCALL getvelksections(const char* path, int16_t* status,

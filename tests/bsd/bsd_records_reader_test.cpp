@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "bsd/bsd_records.h"
+#include "platform/system.h"
 #include "report/messages.h"
 #include "tests/bsd/bsd_support.h"
 #include "tests/support/support.h"
@@ -36,7 +37,7 @@ TEST(BsdReader, GoldenRecordsGiveEveryFieldItsValue) {
 TEST(BsdReader, StandaloneGoldenFileReadsAndWritesBackUnchanged) {
     const std::string bytes = ReadFileBytes(DataPath("golden/standalone.bsd"));
     BasicShipData bsd = RecordsRead(bytes);
-    EXPECT_EQ(bsd.Titles(1).Trimmed(), L"M/V C\u00F4te d'\u00C9meraude");
+    EXPECT_EQ(bsd.Titles(1).Trimmed(), system::WideFromAnsi("M/V C\xF4te d'\xC9meraude"));
     EXPECT_EQ(bsd.Titles(4).Whole(), L"  indented title              ");
     EXPECT_EQ(bsd.MainData(5), 1.5E-05f);
     EXPECT_EQ(bsd.MainData(6), -0.5f);
@@ -198,7 +199,7 @@ TEST(BsdReader, EmptyAndShortTitleLinesAreTitles) {
 
 TEST(BsdReader, AccentedLettersAreAnsi) {
     const BasicShipData bsd = RecordsRead(WithLine(2, "\xC9toile du \xCEle"));
-    EXPECT_EQ(bsd.Titles(1).Trimmed(), L"\u00C9toile du \u00CEle");
+    EXPECT_EQ(bsd.Titles(1).Trimmed(), system::WideFromAnsi("\xC9toile du \xCEle"));
 }
 
 TEST(BsdReader, RemarkKeepsItsLeadingBlanksAndQuotes) {

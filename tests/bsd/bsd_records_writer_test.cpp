@@ -64,7 +64,7 @@ TEST(BsdWriter, FourthDimensionNotNearZeroStays) {
 
 TEST(BsdWriter, TextsHaveAllTheirCharacters) {
     BasicShipData bsd;
-    bsd.Titles(1).Assign(L"\u00C9toile");
+    bsd.Titles(1).Assign(system::WideFromAnsi("\xC9toile"));
     bsd.Remark.Assign(L" leading and trailing ");
     const std::string text = RecordsWritten(bsd);
     EXPECT_EQ(LineOf(text, kTitleLine), "\xC9toile" + std::string(24, ' '));

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "platform/bsdvelk.h"
+#include "platform/system.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -36,7 +37,7 @@ TEST(Labels, OnlyTheLengthThatTheLibraryReturnsIsUsed) {
             std::memcpy(buffer, "\xC9t\xE9 and more", 13);
             return int32_t{3};
         });
-    EXPECT_EQ(BsdLabel(1), L"\u00C9t\u00E9");
+    EXPECT_EQ(BsdLabel(1), system::WideFromAnsi("\xC9t\xE9"));
 }
 
 TEST(Labels, LengthBeyondTheBufferIsCut) {

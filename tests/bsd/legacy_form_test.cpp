@@ -6,6 +6,7 @@
 #include <cstring>
 #include <type_traits>
 
+#include "platform/system.h"
 #include "tests/bsd/bsd_support.h"
 
 namespace corvane {
@@ -103,7 +104,7 @@ TEST(LegacyForm, RecordComesBackUnchanged) {
 
 TEST(LegacyForm, AccentedLettersAreAnsi) {
     BasicShipData bsd;
-    bsd.Titles(3).Assign(L"\u00C9t\u00E9");
+    bsd.Titles(3).Assign(system::WideFromAnsi("\xC9t\xE9"));
     LegacyBsd legacy{};
     ToLegacyForm(bsd, legacy);
     EXPECT_EQ(TextAt(legacy, 8 + 60, 4), "\xC9t\xE9 ");

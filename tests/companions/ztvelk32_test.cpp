@@ -264,6 +264,30 @@ struct ChangedFile : LegacyFile {
     }
 };
 
+TEST_F(ChangedFile, BlockThatCannotBeReadIsTheStatusOfTheNextList) {
+    std::string damaged = before;
+    damaged[kLegacyEmptySize + 100] ^= 1;
+    WriteFileBytes(path, damaged);
+    EXPECT_EQ(importvelkmainsec(Name(), 1, std::make_unique<LegacyMainSection>().get()),
+              kLegacyDamaged);
+    WriteFileBytes(path, before);
+    EXPECT_EQ(ListStatus(), kLegacyDamaged);
+    EXPECT_EQ(ListStatus(), kLegacyDone);
+}
+
+TEST_F(ChangedFile, AfterABlockThatFailedNothingIsWritten) {
+    EXPECT_EQ(Extend(), kLegacyDone);
+    system::RemoveFile(path);
+    EXPECT_EQ(exportvelkmainsec(Name(), 2, Pattern<LegacyMainSection>(1).get()),
+              kLegacyFileMissing);
+    WriteFileBytes(path, before);
+    EXPECT_EQ(ExportBlocks(2), kLegacyFileMissing);
+    EXPECT_EQ(AddSection("Frame 20", 9), kLegacyFileMissing);
+    EXPECT_EQ(ListStatus(), kLegacyFileMissing);
+    EXPECT_TRUE(IsUnchanged());
+    EXPECT_EQ(ListStatus(), kLegacyDone);
+}
+
 TEST_F(ChangedFile, NewSectionIsWrittenWhenItGetsItsName) {
     EXPECT_EQ(Extend(), kLegacyDone);
     EXPECT_EQ(ExportBlocks(2), kLegacyDone);
@@ -339,7 +363,7 @@ TEST_F(ChangedFile, FailedWriteIsTheStatusOfTheName) {
     ASSERT_EQ(system::SetReadOnly(path, true), system::kErrorNone);
     EXPECT_EQ(AddSection("Frame 20", 9), kLegacyNotWritten);
     ASSERT_EQ(system::SetReadOnly(path, false), system::kErrorNone);
-    EXPECT_TRUE(IsUnchanged());
+    EXPECT_EQ(ListStatus(), kLegacyNotWritten) << "nobody need judge the naming";
     EXPECT_EQ(ListStatus(), kLegacyDone) << "it was reported";
     EXPECT_TRUE(IsUnchanged()) << "and is forgotten";
 }

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "database/scanning.h"
+#include "platform/system.h"
 #include "tests/support/support.h"
 
 namespace corvane::test {
@@ -94,10 +95,14 @@ std::string WithoutPart(std::string_view text, size_t piece) {
 }
 
 std::wstring RandomName(Chance& chance) {
-    constexpr std::wstring_view kCharacters = L"ABCxyz 0123456789-*_.,;()é°'\"";
+    // The last letters are those of the system's code page.
+    static const std::wstring characters =
+        system::WideFromAnsi("ABCxyz 0123456789-*_.,;()\xE9\xB0'\"");
     std::wstring name;
     const uint32_t length = chance.Below(41u);
-    for (uint32_t i = 0; i < length; ++i) name += kCharacters[chance.Below(kCharacters.size())];
+    for (uint32_t i = 0; i < length; ++i) {
+        name += characters[chance.Below(static_cast<uint32_t>(characters.size()))];
+    }
     return name;
 }
 

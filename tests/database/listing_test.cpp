@@ -7,6 +7,7 @@
 
 #include "database/listing.h"
 #include "database/scanning.h"
+#include "platform/system.h"
 #include "report/messages.h"
 #include "tests/database/editing_fixture.h"
 #include "tests/database/sample_database.h"
@@ -164,7 +165,7 @@ TEST_F(ListingTest, LineFeedsAloneAndAMissingLastLineEndAreRead) {
 TEST_F(ListingTest, NamesAreTextsOfTheAnsiCodePage) {
     SampleBlock block;
     block.name = "Membrure \xE9\xE0 1\xB0";
-    EXPECT_EQ(OnlyEntry(block).name, L"Membrure \u00E9\u00E0 1\u00B0");
+    EXPECT_EQ(OnlyEntry(block).name, system::WideFromAnsi("Membrure \xE9\xE0 1\xB0"));
     block.name = "";
     EXPECT_EQ(OnlyEntry(block).name, L"");
     block.name = "   ";

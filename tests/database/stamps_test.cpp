@@ -75,8 +75,8 @@ TEST_F(StampsTest, MissingIdentificationsLeaveTheirPlacesEmpty) {
 TEST_F(StampsTest, TextsAreWrittenInTheAnsiCodePage) {
     const test::FakeCatalogue catalogue(kTexts);
     Stamp stamp = SampleStamp();
-    stamp.firstIdentification = L"Ch\u00E2ntier \u4E2D";
-    stamp.userName = L"Ren\u00E9";
+    stamp.firstIdentification = system::WideFromAnsi("Ch\xE2ntier ") + L'\u4E2D';
+    stamp.userName = system::WideFromAnsi("Ren\xE9");
     const std::string text = Written(stamp, kSectionFormatVersion);
     EXPECT_NE(text.find("Ch\xE2ntier ?,"), std::string::npos) << text;
     EXPECT_NE(text.find("Ren\xE9\r\n"), std::string::npos) << text;
@@ -100,7 +100,7 @@ TEST_F(StampsTest, IdentificationsComeTrimmedFromTheSettingsFile) {
     ASSERT_EQ(write(kMsgFirstIdentificationKey, "\"  Yard of \xC5s \""), system::kErrorNone);
     ASSERT_EQ(write(kMsgSecondIdentificationKey, "  Oslo  "), system::kErrorNone);
     const Stamp stamp = CurrentStamp();
-    EXPECT_EQ(stamp.firstIdentification, L"Yard of \u00C5s");
+    EXPECT_EQ(stamp.firstIdentification, system::WideFromAnsi("Yard of \xC5s"));
     EXPECT_EQ(stamp.secondIdentification, L"Oslo");
 }
 

@@ -114,7 +114,7 @@ void GiveIdentifier(char* buffer, int32_t size) {
 std::vector<Edit> MakeEdits() {
     // The name, the file and the older backup that are there, whether one is kept, the procedure,
     // whether the new text keeps what is in the old one.
-    return {
+    std::vector<Edit> edits = {
         {"new_database", false, false, false, NewDatabase, false},
         {"new_over_old", true, false, false, NewDatabase, false},
         {"save_bsd", true, false, true, SaveBsd},
@@ -136,6 +136,8 @@ std::vector<Edit> MakeEdits() {
         {"delete_middle_backup", true, true, true, Delete<kSection, true>},
         {"delete_last_backup", true, false, true, Delete<kLastSection, true>},
     };
+    for (const Edit& edit : DosEdits()) edits.push_back(edit);
+    return edits;
 }
 
 }  // namespace
@@ -156,6 +158,7 @@ void LoadLibraries() {
     FetchStructuralLines();
     CurrentStamp();
     GenerateID.pointer = GiveIdentifier;
+    UseDosLibrary();
 }
 
 const std::string& OldDatabase() {

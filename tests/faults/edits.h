@@ -9,6 +9,12 @@
 
 namespace corvane::faults {
 
+// The database that most edits begin with: a torsion model whose text alone fills a buffer, two
+// sections and a bulkhead arrangement. Made by the program's procedures at the first call.
+const std::string& OldDatabase();
+
+inline constexpr wchar_t kSourceName[] = L"ship.vel";
+
 struct Edit {
     std::string name;
     bool startsWithFile = true;
@@ -17,6 +23,14 @@ struct Edit {
     // True when the procedure says that the file has the new text.
     bool (*run)(const std::wstring& path) = nullptr;
     bool keepsText = true;  // the new text has what the edit did not change of the old one
+    // The file that it starts with.
+    const std::string& (*oldText)() = OldDatabase;
+    // Another file beside it, kSourceName, that is read; null: none.
+    const std::string& (*source)() = nullptr;
+    // How many texts of the new size are in the temporary folder at a time, at most.
+    int temporaryTexts = 0;
+    // What was written is read again at the end, and is a failure when that fails.
+    bool isReadAgain = false;
 };
 
 // GoogleTest's way to show one.
@@ -25,12 +39,13 @@ inline void PrintTo(const Edit& edit, std::ostream* out) {
 }
 
 const std::vector<Edit>& Edits();
+// Those that read or write a DOS database, or copy a file; a part of the above.
+std::vector<Edit> DosEdits();
+// The DOS library as a part of this program, with the hooks below it.
+void UseDosLibrary();
 // Null when there is none of that name.
 const Edit* FindEdit(std::string_view name);
 
-// The database that every edit begins with: a torsion model whose text alone fills a buffer, two
-// sections and a bulkhead arrangement. Made by the program's procedures at the first call.
-const std::string& OldDatabase();
 // Loads the libraries that the edits call, so that none is looked for while calls are counted.
 void LoadLibraries();
 // What an older backup holds.

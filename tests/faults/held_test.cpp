@@ -47,7 +47,8 @@ TEST_P(Held, IsWaitedForAWhile) {
     tally.Print();
 }
 
-INSTANTIATE_TEST_SUITE_P(Two, Held, testing::Values("save_bsd", "delete_middle_backup"),
+INSTANTIATE_TEST_SUITE_P(Some, Held,
+                         testing::Values("save_bsd", "delete_middle_backup", "export_section"),
                          [](const auto& name) { return std::string(name.param); });
 
 }  // namespace

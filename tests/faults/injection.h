@@ -39,8 +39,20 @@ void StartFaults(const Plan& plan);
 // Ends it. The kinds of the calls made since, in order.
 std::vector<std::string> StopFaults();
 
+// What the hooks of Windows call the one of NtSetInformationFile's calls that renames.
+inline constexpr char kRenameForWindows[] = "NtSetInformationFile (rename)";
+
 inline bool IsWrite(const std::string& kind) {
     return kind == "write" || kind == "NtWriteFile";
+}
+inline bool IsFlush(const std::string& kind) {
+    return kind == "fsync" || kind == "NtFlushBuffersFile";
+}
+inline bool IsClose(const std::string& kind) {
+    return kind == "close" || kind == "NtClose";
+}
+inline bool IsRename(const std::string& kind) {
+    return kind == "rename" || kind == "renameat2" || kind == kRenameForWindows;
 }
 
 // A rename over the target is the last call of its kind in an edit. It takes so many calls, from

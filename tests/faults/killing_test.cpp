@@ -19,7 +19,7 @@ TEST_P(Killed, LeavesTheOldOrTheNewFile) {
     const test::TemporaryFolder temporaries;
     Scene scene{GetParam(), folder.path, temporaries.path};
     Measure(scene);
-    ASSERT_NE(scene.newText, scene.edit.startsWithFile ? OldDatabase() : "missing");
+    ASSERT_NE(scene.newText, scene.edit.startsWithFile ? scene.edit.oldText() : "missing");
     Tally tally{"killed " + scene.edit.name};
     const int callCount = static_cast<int>(scene.calls.size());
     for (int call = 1; call <= callCount; ++call) {

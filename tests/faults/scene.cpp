@@ -23,7 +23,7 @@ std::string TextOf(const std::wstring& path) {
 }
 
 std::string OldText(const Scene& scene) {
-    return scene.edit.startsWithFile ? OldDatabase() : "missing";
+    return scene.edit.startsWithFile ? scene.edit.oldText() : "missing";
 }
 
 std::string OldBackup(const Scene& scene) {
@@ -40,20 +40,33 @@ bool IsNamed(const std::wstring& path, const std::vector<std::string>& messages)
     });
 }
 
+// The DOS library has no way to name a file of its own that it cannot remove.
+bool IsLeftByLibrary(const std::wstring& name, const Outcome& outcome) {
+    return outcome.allFails && name.starts_with(L"vel");
+}
+
 // A file that no message named.
-std::string StrayFile(const Scene& scene, const std::vector<std::string>& messages) {
+std::string StrayFile(const Scene& scene, const Outcome& outcome) {
     for (const std::wstring& folder : {scene.folder, scene.temporaries}) {
         for (const std::wstring& name : test::FilesIn(folder)) {
             const std::wstring path = folder + name;
-            if (path == scene.path || path == scene.backup || IsNamed(path, messages)) continue;
+            if (path == scene.path || path == scene.backup || path == scene.source) continue;
+            if (IsNamed(path, outcome.messages) || IsLeftByLibrary(name, outcome)) continue;
             return "stray file " + Narrow(path);
         }
     }
     return {};
 }
 
-std::string FaultOfSuccess(const Scene& scene) {
-    if (TextOf(scene.path) != scene.newText) {
+std::string FaultOfSource(const Scene& scene) {
+    const auto& source = scene.edit.source;
+    return source == nullptr || TextOf(scene.source) == source() ? "" : "the source was changed";
+}
+
+std::string FaultOfSuccess(const Scene& scene, const std::vector<std::string>& messages) {
+    // What could not be read of a source may be left out, if the user was told.
+    const bool isLess = scene.edit.source != nullptr && IsNamed(scene.source, messages);
+    if (TextOf(scene.path) != scene.newText && !isLess) {
         return "success, but the file has " + Described(TextOf(scene.path));
     }
     const std::string backup = scene.edit.keepsBackup ? OldText(scene) : OldBackup(scene);
@@ -62,7 +75,10 @@ std::string FaultOfSuccess(const Scene& scene) {
 }
 
 std::string FaultOfFailure(const Scene& scene, const std::vector<std::string>& messages) {
-    if (TextOf(scene.path) != OldText(scene)) {
+    const std::string text = TextOf(scene.path);
+    // What was written counts as a failure where it cannot be read again.
+    const bool isUnread = scene.edit.isReadAgain && text == scene.newText;
+    if (text != OldText(scene) && !isUnread) {
         return "failure, but the file has " + Described(TextOf(scene.path));
     }
     const std::string backup = TextOf(scene.backup);
@@ -70,7 +86,10 @@ std::string FaultOfFailure(const Scene& scene, const std::vector<std::string>& m
     if (!isBackupOfNow && backup != OldBackup(scene)) {
         return "failure, and the backup has " + Described(backup);
     }
-    return IsNamed(scene.path, messages) ? "" : "failure, but no message that names the file";
+    // A conversion names the file with which it failed, which may be any of those that it needs.
+    const bool isTold =
+        scene.edit.source != nullptr ? !messages.empty() : IsNamed(scene.path, messages);
+    return isTold ? "" : "failure, but no message that names the file";
 }
 
 }  // namespace
@@ -78,8 +97,9 @@ std::string FaultOfFailure(const Scene& scene, const std::vector<std::string>& m
 void Prepare(const Scene& scene) {
     RemoveAllFiles(scene.folder);
     RemoveAllFiles(scene.temporaries);
-    if (scene.edit.startsWithFile) test::WriteFileBytes(scene.path, OldDatabase());
+    if (scene.edit.startsWithFile) test::WriteFileBytes(scene.path, scene.edit.oldText());
     if (scene.edit.startsWithBackup) test::WriteFileBytes(scene.backup, kOlderBackup);
+    if (scene.edit.source != nullptr) test::WriteFileBytes(scene.source, scene.edit.source());
 }
 
 Outcome RunEdit(const Scene& scene, const Plan& plan) {
@@ -91,6 +111,7 @@ Outcome RunEdit(const Scene& scene, const Plan& plan) {
     Outcome outcome;
     outcome.done = scene.edit.run(scene.path);
     outcome.calls = StopFaults();
+    outcome.allFails = plan.fault == Fault::kFailAll;
     SetTemporaryFolder(usualFolder);
     outcome.messages = test::RecordedReports::Of("warning");
     return outcome;
@@ -120,13 +141,15 @@ std::string FaultAfterDeath(const Scene& scene) {
     if (!isBackupOfNow && backup != OldBackup(scene)) return "backup: " + Described(backup);
     // The old text must not be gone before the backup that was wanted is there.
     const bool isReplaced = text == scene.newText && text != OldText(scene);
-    return isReplaced && scene.edit.keepsBackup && !isBackupOfNow ? "no backup" : "";
+    if (isReplaced && scene.edit.keepsBackup && !isBackupOfNow) return "no backup";
+    return FaultOfSource(scene);
 }
 
 std::string FaultAfterEnd(const Scene& scene, const Outcome& outcome) {
-    const std::string fault =
-        outcome.done ? FaultOfSuccess(scene) : FaultOfFailure(scene, outcome.messages);
-    return fault.empty() ? StrayFile(scene, outcome.messages) : fault;
+    std::string fault = outcome.done ? FaultOfSuccess(scene, outcome.messages)
+                                     : FaultOfFailure(scene, outcome.messages);
+    if (fault.empty()) fault = FaultOfSource(scene);
+    return fault.empty() ? StrayFile(scene, outcome) : fault;
 }
 
 }  // namespace corvane::faults

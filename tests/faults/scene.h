@@ -16,6 +16,7 @@ struct Scene {
     std::wstring temporaries;
     std::wstring path = folder + L"ship.ve2";
     std::wstring backup = folder + L"ship.bak";
+    std::wstring source = folder + kSourceName;
     // The file's text after the edit, and the calls that it takes; filled by Measure.
     std::string newText = {};
     std::vector<std::string> calls = {};
@@ -24,6 +25,7 @@ struct Scene {
 // What an edit did.
 struct Outcome {
     bool done = false;
+    bool allFails = false;              // so that nothing could be removed either
     std::vector<std::string> messages;  // warning boxes
     std::vector<std::string> calls;
 };

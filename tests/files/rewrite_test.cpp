@@ -302,7 +302,8 @@ TEST_F(BackupTest, ReadOnlyBackupStopsTheRewrite) {
     const std::string message = FailureMessage();
     EXPECT_EQ(test::FilesIn(folder.path).size(), 2U);
     EXPECT_NE(message.find(test::Narrow(folder.File(L"ship.bak"))), std::string::npos);
-    EXPECT_NE(message.find("Access"), std::string::npos);
+    const std::wstring reason = system::ErrorText(system::kErrorAccessDenied);
+    EXPECT_NE(message.find(test::Narrow(reason)), std::string::npos);
 }
 
 TEST_F(BackupTest, FolderOfTheBackupsNameStopsTheRewrite) {

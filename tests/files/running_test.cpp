@@ -4,6 +4,7 @@
 
 #include "files/file_system.h"
 #include "files/paths.h"
+#include "platform/system.h"
 #include "platform/ztutil32.h"
 #include "report/reporters.h"
 #include "tests/support/recorded_reports.h"
@@ -39,6 +40,11 @@ RunResult RunProgram(const std::wstring& commandLine, int16_t windowStyle,
     return RunAndWait(commandLine, windowStyle, childRunning, workDir);
 }
 
+// The letters that these bytes are on the system's code page, whichever it is.
+std::wstring Word() {
+    return system::WideFromAnsi("\xE9t\xE9");
+}
+
 template <int16_t result>
 int16_t CORVANE_STDCALL Witness(const char* commandLine, int16_t windowStyle) {
     seen = {commandLine, windowStyle, childRunning, system::CurrentDirectory(),
@@ -49,7 +55,7 @@ int16_t CORVANE_STDCALL Witness(const char* commandLine, int16_t windowStyle) {
 TEST(RunAndWait, LibraryGetsTheCommandLineAsAnsiAndTheWindowStyle) {
     const RecordedReports screen;
     const FakeFunction fake(ShellAndWait, Witness<-1>);
-    EXPECT_TRUE(RunProgram(L"C:\\My été\\bhm.exe \"a b\" 12", 7).HasRun());
+    EXPECT_TRUE(RunProgram(L"C:\\My " + Word() + L"\\bhm.exe \"a b\" 12", 7).HasRun());
     EXPECT_EQ(seen.commandLine, "C:\\My \xE9t\xE9\\bhm.exe \"a b\" 12");
     EXPECT_EQ(seen.windowStyle, 7);
 }
@@ -197,14 +203,18 @@ int16_t CORVANE_STDCALL FillTheBuffer(char*, char*, char* buffer, int32_t size, 
     return -1;
 }
 
+std::wstring AnsweredName() {
+    return system::WideFromAnsi("C:\\d\xE9\\ship.ve2");
+}
+
 FilePrompt SavePrompt() {
-    return {L"ve2", L"C:\\été.ve2", L"Save DB as...", L"Hull databases", -1};
+    return {L"ve2", L"C:\\" + Word() + L".ve2", L"Save DB as...", L"Hull databases", -1};
 }
 
 TEST(PromptForFileName, LibraryGetsAllTextsAsAnsi) {
     const FakeFunction fake(ZTUtilPromptForName, AnswerWithName);
     FilePrompt prompt = SavePrompt();
-    EXPECT_EQ(Narrow(PromptForFileName(prompt)), Narrow(L"C:\\dé\\ship.ve2"));
+    EXPECT_EQ(Narrow(PromptForFileName(prompt)), Narrow(AnsweredName()));
     EXPECT_EQ(seenPrompt.defaultExtension, "ve2");
     EXPECT_EQ(seenPrompt.name, "C:\\\xE9t\xE9.ve2");
     EXPECT_EQ(seenPrompt.caption, "Save DB as...");
@@ -220,14 +230,14 @@ TEST(PromptForFileName, WhatTheLibraryChangedComesBack) {
     EXPECT_EQ(prompt.defaultExtension, L"ve3");
     EXPECT_EQ(prompt.title, L"New title");
     EXPECT_EQ(prompt.caption, L"New caption");
-    EXPECT_EQ(Narrow(prompt.fileName), Narrow(L"C:\\dé\\ship.ve2"));
+    EXPECT_EQ(Narrow(prompt.fileName), Narrow(AnsweredName()));
 }
 
 TEST(PromptForFileName, CancelGivesAnEmptyName) {
     const FakeFunction fake(ZTUtilPromptForName, Cancel);
     FilePrompt prompt = SavePrompt();
     EXPECT_EQ(PromptForFileName(prompt), L"");
-    EXPECT_EQ(prompt.fileName, L"C:\\été.ve2");
+    EXPECT_EQ(prompt.fileName, SavePrompt().fileName);
     EXPECT_EQ(prompt.title, L"Hull databases");
 }
 

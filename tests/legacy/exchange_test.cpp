@@ -347,6 +347,8 @@ TEST_F(Exchange, NothingHappensWithoutAModelDatabase) {
     EXPECT_FALSE(ExportDatabase(source, target));
     WriteFileBytes(source, "no database");
     EXPECT_FALSE(ExportDatabase(source, target));
+    const std::string text = WarningText(kMsgNoDatabase, {source});
+    EXPECT_EQ(Warnings(), (Calls{text, text}));
     EXPECT_TRUE(Library::calls.empty());
     EXPECT_EQ(ReadFileBytes(target), "old");
 }

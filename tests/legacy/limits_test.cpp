@@ -350,16 +350,28 @@ TEST(LegacyLimits, NamesThatAreCutAreReported) {
                                                 text(section.compartments[0].name)}));
 }
 
-TEST(LegacyLimits, IntegersAreClampedToSixteenBits) {
+TEST(LegacyLimits, IntegersBeyondSixteenBitsAreClampedAndReportedOnce) {
     const RecordedReports screen;
     SectionModel section;
     section.panels.push_back(PanelOfNodes(2, 0, 1));
     section.compartments.resize(1);
-    section.compartments[0].contents = 100000;
+    section.compartments[0].contents = 32767;
+    section.compartments[0].kind = -32768;
+    RecordOf(section);
+    EXPECT_TRUE(Lost().empty());
+    section.compartments[0].contents = 32768;
     section.compartments[0].kind = -100000;
+    section.panels[0].nodes[0].shape = 40000;
+    section.panels[0].plates.resize(1);
+    section.panels[0].plates[0].material = 50000;
+    section.symmetryMode = -32769;
     const SectionModel back = SectionOf(*RecordOf(section));
+    EXPECT_EQ(Lost(), std::vector<std::string>{LossText(3670, {5, 32768})});
     EXPECT_EQ(back.compartments[0].contents, 32767);
     EXPECT_EQ(back.compartments[0].kind, -32768);
+    EXPECT_EQ(back.panels[0].nodes[0].shape, 32767);
+    EXPECT_EQ(back.panels[0].plates[0].material, 32767);
+    EXPECT_EQ(back.symmetryMode, -32768);
 }
 
 }  // namespace

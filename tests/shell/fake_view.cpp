@@ -38,7 +38,7 @@ void ShowWindows(View& view) {
     view.showSplash = [](const std::wstring& text) { kRecord("splash show " + Narrow(text)); };
     view.handToRunningInstance = [](const std::wstring& file) {
         kRecord("hand over " + Narrow(file) + " from " + Narrow(shell.title));
-        return FakeView::instanceHasWindow;
+        return FakeView::handOver;
     };
 }
 
@@ -81,7 +81,7 @@ std::wstring FakeView::answerText;
 std::function<bool(ExportChoice&)> FakeView::askExport;
 std::function<bool(ImportChoice&)> FakeView::askImport;
 bool FakeView::previewOn;
-bool FakeView::instanceHasWindow;
+HandOver FakeView::handOver;
 std::vector<ModelRow> FakeView::rows;
 int FakeView::selected;
 int FakeView::rule;
@@ -91,7 +91,7 @@ std::wstring FakeView::database, FakeView::position, FakeView::frame, FakeView::
 
 FakeView::FakeView() : before(std::exchange(shell, ShellState())) {
     answerYes = previewOn = locked = false;
-    instanceHasWindow = true;
+    handOver = HandOver::kDone;
     answerText.clear();
     askExport = [](ExportChoice&) { return false; };
     askImport = [](ImportChoice&) { return false; };

@@ -30,7 +30,7 @@ struct FakeView {
     static std::function<bool(ImportChoice&)> askImport;
     static bool previewOn;
     // Whether the instance that runs already shows a window.
-    static bool instanceHasWindow;
+    static HandOver handOver;
 
     // ---- What the main window shows; texts are "untouched" at first ----------------------------
 

@@ -189,7 +189,9 @@ TEST_F(LegacyCommand, CallsFollowTheDescribedConversation) {
                   "importvelknavi Aurora.vel", "getvelksections Aurora.vel",
                   "importvelkmainsec Aurora.vel 1", "importsectiongeometry Aurora.vel 1",
                   "importvelkcompload Aurora.vel 1", "importvelkmainsec Aurora.vel 2",
-                  "importsectiongeometry Aurora.vel 2", "importvelkcompload Aurora.vel 2"}));
+                  "importsectiongeometry Aurora.vel 2", "importvelkcompload Aurora.vel 2",
+                  "getvelksections Aurora.vel"}))
+        << "the last call says whether all was read";
     EXPECT_EQ(CountModels(work + L"Aurora.ve2"), 2);
 }
 

@@ -164,6 +164,12 @@ TEST_F(SettingsTest, BrowseDirectoryIsUsedAsItIsWritten) {
     EXPECT_EQ(Read("Browse=" + AnsiBytes(browse) + "\r\n").BrowseDirectory, browse);
 }
 
+TEST_F(SettingsTest, BlanksThatTheFileWouldLoseAreNotRead) {
+    MakeFolder(L"browse");
+    const std::wstring browse = folder.File(L"browse");
+    EXPECT_EQ(Read("Browse=\" " + AnsiBytes(browse) + " \"\r\n").BrowseDirectory, browse);
+}
+
 TEST_F(SettingsTest, DeletedBrowseDirectoryBecomesTheCorrectedWorkDirectory) {
     const std::wstring data = MakeFolder(L"data");
     const std::wstring gone = folder.File(L"gone");

@@ -155,13 +155,24 @@ TEST_F(StartUpTest, SecondInstanceHandsItsFileOverAndHasAnotherTitle) {
 }
 
 TEST_F(StartUpTest, SecondInstanceAsksWhenTheFirstShowsNoWindow) {
-    FakeView::instanceHasWindow = false;
+    FakeView::handOver = HandOver::kNoWindow;
     for (const bool startsAnother : {false, true}) {
         FakeView::answerYes = startsAnother;
         EXPECT_NE(GiveWayToRunningInstance(L""), startsAnother);
         EXPECT_EQ(RecordedReports::events.back().rfind("ask Corvane is already running", 0), 0U);
         EXPECT_EQ(shell.title, L"Corvane");
     }
+}
+
+TEST_F(StartUpTest, SecondInstanceNamesTheFileThatTheFirstDoesNotTake) {
+    FakeView::handOver = HandOver::kFileNotTaken;
+    EXPECT_TRUE(GiveWayToRunningInstance(Quoted(database)));
+    EXPECT_EQ(RecordedReports::Of("warning"),
+              Events{"The file '" + Narrow(database) +
+                     "' was not opened: Corvane is already running, but cannot open a file now.\r\r"
+                     "Answer the box that it shows, or wait until it is ready. Then open the file "
+                     "again."});
+    EXPECT_TRUE(RecordedReports::Of("ask").empty());
 }
 
 TEST_F(StartUpTest, MainStartsTheFirstInstanceAndEndsAnother) {

@@ -172,6 +172,25 @@ TEST_F(StartTest, FileOfASecondStartWaitsForTheEndOfABox) {
     }
 }
 
+TEST_F(StartTest, FileOfASecondStartIsNamedWhileABoxIsUpBeforeTheMainWindow) {
+    const std::wstring path = CopyOfSample(installation, L"second.ve2");
+    const Program first(installation, L"/d");
+    const Box early = WaitForBox(first);
+    ASSERT_NE(early.window, nullptr);
+    const Program second(installation, L"second.ve2");
+    const Box box = WaitForBox(second);
+    EXPECT_EQ(Narrow(box.text),
+              "The file '" + Narrow(path) +
+                  "' was not opened: Corvane is already running, but cannot open a file now.\r\r"
+                  "Answer the box that it shows, or wait until it is ready. Then open the file "
+                  "again.");
+    EXPECT_EQ(Narrow(box.title), "Corvane");
+    ASSERT_TRUE(Press(box, IDOK));
+    EXPECT_TRUE(second.HasEnded());
+    ASSERT_TRUE(Press(early, IDOK));
+    EXPECT_NE(first.Main(), nullptr);
+}
+
 TEST_F(StartTest, OtherMessagesWithDataAreIgnored) {
     const Program program(installation);
     const HWND main = program.Main();

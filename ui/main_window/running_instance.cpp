@@ -71,25 +71,29 @@ Instance FindInstance() {
     }
 }
 
-void HandOver(HWND main, std::wstring file) {
+// Whether the main window takes the file.
+bool IsTaken(HWND main, std::wstring file) {
     COPYDATASTRUCT data{};
     data.dwData = kOpenFile;
     data.cbData = static_cast<DWORD>(file.size() * sizeof(wchar_t));
     data.lpData = file.data();
     DWORD_PTR answer = 0;
-    SendMessageTimeoutW(main, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data), SMTO_ABORTIFHUNG,
-                        kAnswerTime, &answer);
+    return SendMessageTimeoutW(main, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data),
+                               SMTO_ABORTIFHUNG, kAnswerTime, &answer) != 0 &&
+           answer != FALSE;
 }
 
 }  // namespace
 
-bool HandToRunningInstance(const std::wstring& file) {
+HandOver HandToRunningInstance(const std::wstring& file) {
     const Instance instance = FindInstance();
-    if (instance.visible == nullptr) return false;
+    if (instance.visible == nullptr) return HandOver::kNoWindow;
     if (IsIconic(instance.visible)) ShowWindowAsync(instance.visible, SW_RESTORE);
     SetForegroundWindow(GetLastActivePopup(instance.visible));
-    if (instance.main != nullptr && !file.empty()) HandOver(instance.main, file);
-    return true;
+    if (file.empty()) return HandOver::kDone;
+    // There is no main window yet while a box is shown at the beginning of the start.
+    const bool isTaken = instance.main != nullptr && IsTaken(instance.main, file);
+    return isTaken ? HandOver::kDone : HandOver::kFileNotTaken;
 }
 
 std::wstring HandedOverPath(const COPYDATASTRUCT& data) {

@@ -5,11 +5,12 @@
 #include <string>
 
 #include "platform/win32/win32.h"
+#include "shell/view.h"
 
 namespace corvane {
 
 // As View::handToRunningInstance.
-bool HandToRunningInstance(const std::wstring& file);
+HandOver HandToRunningInstance(const std::wstring& file);
 
 // The path that a message WM_COPYDATA hands over; empty when it does not come from a second start.
 std::wstring HandedOverPath(const COPYDATASTRUCT& data);

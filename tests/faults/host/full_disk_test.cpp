@@ -1,5 +1,6 @@
-// The file is on a small disk with every amount of room, from nothing to what an edit takes, in
-// steps of a page: the edit succeeds, or leaves the old file and says so.
+// A small disk with every amount of room, from nothing to more than an edit takes, in steps of a
+// page: the edit succeeds, or leaves the old file and says so. The file, the temporary files, or
+// both lie on that disk.
 #include <fcntl.h>
 #include <sched.h>
 #include <sys/mount.h>
@@ -79,24 +80,42 @@ struct SmallDisk {
     void RemoveFiller() const { unlink((native + "/filler").c_str()); }
 };
 
+struct Place {
+    const char* name;
+    bool file;         // lies on the small disk
+    bool temporaries;  // lie there
+};
+constexpr Place kPlaces[] = {
+    {"file", true, false}, {"temporaries", false, true}, {"both", true, true}};
+
 class FullDisk : public testing::TestWithParam<Edit> {
 protected:
     const SmallDisk disk;
     const test::TemporaryFolder elsewhere;
 
-    // The room that the edit takes, at most: one new text, and a link or nothing for the backup.
-    static int64_t Needed(const Scene& scene) {
-        const auto size = static_cast<int64_t>(scene.newText.size());
-        return (size + kPage - 1) / kPage * kPage;
+    std::wstring Folder(bool onDisk, const wchar_t* name) const {
+        const std::wstring folder = (onDisk ? disk.folder : elsewhere).File(name);
+        EXPECT_EQ(system::MakeDirectory(folder), system::kErrorNone);
+        return folder + L'\\';
     }
+    // The room that the edit takes, at most.
+    static int64_t Needed(const Scene& scene, const Place& place) {
+        const auto pages = [](size_t bytes) {
+            return (static_cast<int64_t>(bytes) + kPage - 1) / kPage * kPage;
+        };
+        const int64_t text = pages(scene.newText.size());
+        const int64_t backup = scene.edit.keepsBackup ? pages(OldDatabase().size()) : 0;
+        const int64_t temporary = text * scene.edit.temporaryTexts;
+        return (place.file ? text + backup : 0) + (place.temporaries ? temporary : 0);
+    }
+    void FillUp(const Place& place);
 };
 
-TEST_P(FullDisk, LeavesTheOldFileOrTheNewOneAndSaysSo) {
-    if (!disk.isMounted) GTEST_SKIP() << "no disk can be mounted here: " << std::strerror(errno);
-    Scene scene{GetParam(), disk.folder.path, elsewhere.path};
+void FullDisk::FillUp(const Place& place) {
+    Scene scene{GetParam(), Folder(place.file, L"ship"), Folder(place.temporaries, L"temp")};
     Measure(scene);
-    Tally tally{"full disk " + scene.edit.name};
-    const int64_t needed = Needed(scene);
+    Tally tally{"full disk (" + std::string(place.name) + ") " + scene.edit.name};
+    const int64_t needed = Needed(scene, place);
     bool done = false;
     for (int64_t room = 0; room <= needed; room += kPage) {
         Prepare(scene);
@@ -109,6 +128,20 @@ TEST_P(FullDisk, LeavesTheOldFileOrTheNewOneAndSaysSo) {
     }
     EXPECT_TRUE(done) << "with room for all";
     tally.Print();
+    Prepare(scene);
+    for (const std::wstring& path : {scene.path, scene.backup, scene.source}) {
+        system::RemoveFile(path);
+    }
+    for (const std::wstring& path : {scene.folder, scene.temporaries}) {
+        system::RemoveEmptyDirectory(path.substr(0, path.size() - 1));
+    }
+}
+
+TEST_P(FullDisk, LeavesTheOldFileOrTheNewOneAndSaysSo) {
+    if (!disk.isMounted) GTEST_SKIP() << "no disk can be mounted here: " << std::strerror(errno);
+    for (const Place& place : kPlaces) {
+        if (place.file || GetParam().temporaryTexts > 0) FillUp(place);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Every, FullDisk, testing::ValuesIn(Edits()),

@@ -22,6 +22,8 @@ int __real_stat(const char* path, struct stat* status);
 int __real_fstat(int file, struct stat* status);
 int __real_chmod(const char* path, mode_t mode);
 int __real_rename(const char* from, const char* to);
+int __real_renameat2(int fromFolder, const char* from, int toFolder, const char* to,
+                     unsigned int flags);
 int __real_link(const char* from, const char* to);
 int __real_unlink(const char* path);
 }
@@ -135,6 +137,11 @@ int __wrap_chmod(const char* path, mode_t mode) {
 
 int __wrap_rename(const char* from, const char* to) {
     return Interpose("rename", __real_rename, from, to);
+}
+
+int __wrap_renameat2(int fromFolder, const char* from, int toFolder, const char* to,
+                     unsigned int flags) {
+    return Interpose("renameat2", __real_renameat2, fromFolder, from, toFolder, to, flags);
 }
 
 int __wrap_link(const char* from, const char* to) {

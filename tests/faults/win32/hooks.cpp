@@ -104,6 +104,23 @@ struct WritingHook {
     }
 };
 
+// One of the many things that are set is the name.
+struct SettingHook {
+    static inline Status (*real)(HANDLE, StatusBlock*, void*, ULONG, ULONG) = nullptr;
+
+    static Status Replacement(HANDLE file, StatusBlock* result, void* value, ULONG size,
+                              ULONG what) {
+        constexpr ULONG kRename = 10;
+        constexpr ULONG kRenameEx = 65;
+        const bool isRename = what == kRename || what == kRenameEx;
+        const char* const kind = isRename ? kRenameForWindows : "NtSetInformationFile";
+        if (BeforeCall(kind) == Step::kFail) return StatusOf(PlannedError());
+        const Status status = real(file, result, value, size, what);
+        AfterCall();
+        return status;
+    }
+};
+
 // Closing fails only after the fact.
 struct ClosingHook {
     static inline Status (*real)(HANDLE) = nullptr;
@@ -140,7 +157,7 @@ const std::array kReplacements = {
     Replaced<Hook<2, A, A, A, A, A, A, A, A, A>>(kNames[2]),
     Replaced<WritingHook>(kNames[3]),
     Replaced<Hook<4, A, A>>(kNames[4]),
-    Replaced<Hook<5, A, A, A, A, A>>(kNames[5]),
+    Replaced<SettingHook>(kNames[5]),
     Replaced<Hook<6, A, A, A, A, A>>(kNames[6]),
     Replaced<Hook<7, A, A>>(kNames[7]),
     Replaced<Hook<8, A, A>>(kNames[8]),

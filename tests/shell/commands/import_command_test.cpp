@@ -197,8 +197,10 @@ TEST_F(ImportCommand, CallsFollowTheListingAndOneImportEach) {
     EXPECT_EQ(FakeLegacyLibrary::calls,
               (Texts{"getvelksections old.vel", "importvelkmainsec old.vel 1",
                      "importsectiongeometry old.vel 1", "importvelkcompload old.vel 1",
-                     "importvelkmainsec old.vel 3", "importsectiongeometry old.vel 3",
-                     "importvelkcompload old.vel 3"}));
+                     "getvelksections old.vel", "importvelkmainsec old.vel 3",
+                     "importsectiongeometry old.vel 3", "importvelkcompload old.vel 3",
+                     "getvelksections old.vel"}))
+        << "after each import the list says whether all was read";
 }
 
 TEST_F(ImportCommand, BackupHoldsTheDatabaseAsItWasBeforeTheFirstModel) {
@@ -272,7 +274,7 @@ TEST_F(ImportCommand, ModelsThatShareANumberAreReportedAndTheRestGoesOn) {
     const std::wstring leftOut = L"\r" + FormatMessage(3648, {ListForExchange(other)[1].text}) +
                                  L"\r" + FormatMessage(3648, {ListForExchange(other)[2].text});
     EXPECT_EQ(Warnings(), (Texts{NumberNotOwn(2, other), NumberNotOwn(2, other),
-                                WarningText(3592, {other, leftOut})}));
+                                 WarningText(3592, {other, leftOut})}));
     EXPECT_EQ(ModelNames(), (Names{L"Frame 10", L"Frame 10", L"Frame 10", L"Girder", L"Aft"}));
 }
 
