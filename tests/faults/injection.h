@@ -55,11 +55,8 @@ inline bool IsRename(const std::string& kind) {
     return kind == "rename" || kind == "renameat2" || kind == kRenameForWindows;
 }
 
-// A rename over the target is the last call of its kind in an edit. It takes so many calls, from
-// the first one after the last look at the target on.
-inline bool IsRename(const std::string& kind) {
-    return kind == "rename" || kind == "NtSetInformationFile";
-}
+// How many calls the last rename of an edit takes, from the first one after the last look at the
+// target on.
 extern const int kCallsOfARename;
 
 // ---- For the hooks -----------------------------------------------------------------------------
