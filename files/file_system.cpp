@@ -246,9 +246,15 @@ ReplaceResult PutLinkOrCopy(const std::wstring& source, const std::wstring& targ
     if (!result.Done() || (status.exists && IsSameFile(source, target))) return result;
     std::wstring link;
     result.error = system::NewTemporaryName(DirectoryOf(target), kTemporaryPrefix, link);
-    if (!result.Done()) return result;
-    if (RemoveOwnFile(link) != kErrorNone || system::MakeLink(source, link) != kErrorNone) {
-        return PutCopy(source, target);
+    if (!result.Done()) {
+        if (!link.empty()) RemoveOrTell(link, result);
+        return result;
+    }
+    RemoveOrTell(link, result);  // only its name is wanted
+    if (!result.leftOver.empty() || system::MakeLink(source, link) != kErrorNone) {
+        ReplaceResult copied = PutCopy(source, target);
+        if (copied.leftOver.empty()) copied.leftOver = result.leftOver;
+        return copied;
     }
     status.exists ? PutInPlaceOfOld(link, nullptr, result) : PutInNewPlace(link, result);
     if (!result.Done()) RemoveOrTell(link, result);

@@ -138,7 +138,8 @@ TEST_F(Exchange, ReplacingASlotNeitherExtendsNorRenames) {
                      "exportvelkcompload ship.vel 2", "getvelksections ship.vel"}));
 }
 
-// What the library answers at one step, and the report; the exchange ends with that call.
+// What the library answers at one step, how many calls there are then, and the report. A step that
+// fails is the last, but for the list that ends a conversation.
 struct Failure {
     int16_t& status;
     int16_t value;
@@ -150,7 +151,7 @@ TEST_F(Exchange, FailureEndsTheExportOfASectionAndIsReportedInWords) {
     for (const bool isNew : {true, false}) {
         for (const Failure& failure :
              {Failure{Library::extendStatus, 5, 1, FailureText(1002, {target}, 5)},
-              Failure{Library::nameStatus, 6, 5, FailureText(1003, {12, target}, 6)},
+              Failure{Library::nameStatus, 6, 6, FailureText(1003, {12, target}, 6)},
               Failure{Library::listStatus, 4, isNew ? 6U : 4U,
                       FailureText(1003, {12, target}, 4)}}) {
             if (!isNew && &failure.status != &Library::listStatus) continue;
