@@ -143,13 +143,16 @@ struct Meanwhile {
     inline static std::wstring path;
     inline static std::string text;
     inline static int times = 0;
+    // Windows replaces no file that is open, as the database is meanwhile.
+    inline static bool isPossible = true;
 
     static void CORVANE_STDCALL ReplaceDatabase(char* buffer, int32_t size) {
         GiveIdentifier(buffer, size);
         if (times-- <= 0) return;
         const std::wstring theirs = path + L".new";
         test::WriteFileBytes(theirs, text);
-        EXPECT_EQ(system::RenameOver(theirs, path), system::kErrorNone);
+        isPossible = system::RenameOver(theirs, path) == system::kErrorNone;
+        if (!isPossible) system::RemoveFile(theirs);
     }
 };
 
@@ -161,7 +164,9 @@ TEST_F(CopyModelTest, ModelThatAnotherProgramAppendsMeanwhileStaysAndTheCopyCome
         Meanwhile::text = theirs;
         Meanwhile::times = times;
         generate.function.pointer = Meanwhile::ReplaceDatabase;
-        EXPECT_EQ(Copy(1, ModelKind::kSection), expected);
+        const int32_t number = Copy(1, ModelKind::kSection);
+        if (!Meanwhile::isPossible) GTEST_SKIP() << "here no open file is replaced";
+        EXPECT_EQ(number, expected);
         SectionModel copy = section;
         copy.name = L"Copy";
         copy.identifier = kNewIdentifier;
@@ -179,7 +184,9 @@ TEST_F(CopyModelTest, FileThatIsReplacedAgainAndAgainIsReportedAndLeftAlone) {
     Meanwhile::text = theirs;
     Meanwhile::times = 100;
     generate.function.pointer = Meanwhile::ReplaceDatabase;
-    EXPECT_EQ(Copy(1, ModelKind::kSection), 0);
+    const int32_t number = Copy(1, ModelKind::kSection);
+    if (!Meanwhile::isPossible) GTEST_SKIP() << "here no open file is replaced";
+    EXPECT_EQ(number, 0);
     EXPECT_EQ(Meanwhile::times, 97);
     EXPECT_EQ(Text(), theirs);
     EXPECT_EQ(test::RecordedReports::Of("warning"),

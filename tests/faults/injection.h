@@ -42,6 +42,9 @@ std::vector<std::string> StopFaults();
 // What the hooks of Windows call the one of NtSetInformationFile's calls that renames.
 inline constexpr char kRenameForWindows[] = "NtSetInformationFile (rename)";
 
+inline bool IsOpening(const std::string& kind) {
+    return kind == "open" || kind == "NtCreateFile";
+}
 inline bool IsWrite(const std::string& kind) {
     return kind == "write" || kind == "NtWriteFile";
 }
@@ -55,8 +58,8 @@ inline bool IsRename(const std::string& kind) {
     return kind == "rename" || kind == "renameat2" || kind == kRenameForWindows;
 }
 
-// How many calls the last rename of an edit takes, from the first one after the last look at the
-// target on.
+// How many calls the last rename of an edit takes, from the first one on after which nothing is
+// noticed of what happens to the target.
 extern const int kCallsOfARename;
 
 // ---- For the hooks -----------------------------------------------------------------------------

@@ -50,8 +50,9 @@ struct Meanwhile : testing::TestWithParam<Edit> {
     template <class Act, class FaultOf>
     void TryAtEveryCall(const char* what, Act act, FaultOf faultOf) {
         Tally tally{std::string(what) + " " + scene.edit.name};
-        // From the opening on, which is the first call.
-        for (int call = 2; call <= static_cast<int>(scene.calls.size()); ++call) {
+        const auto opening = std::ranges::find_if(scene.calls, IsOpening);
+        const auto opened = static_cast<int>(opening - scene.calls.begin()) + 1;
+        for (int call = opened + 1; call <= static_cast<int>(scene.calls.size()); ++call) {
             if (IsTooLate(scene.calls, call)) continue;
             Prepare(scene);
             bool hasActed = false;

@@ -202,7 +202,7 @@ void ReplaceImports(const wchar_t* library) {
 
 }  // namespace
 
-const int kCallsOfARename = 4;
+const int kCallsOfARename = 7;
 
 void InstallHooks() {
     ReplaceImports(L"kernel32.dll");
