@@ -70,8 +70,8 @@ struct ReplaceResult {
 ReplaceResult ReplaceFile(const std::wstring& temporary, const std::wstring& target);
 
 // The last step of it: renames `newText`, which is beside the target and on the disk, to its name.
-// `old`: the stamp of the file that is to be replaced, or null when there was none. A target that is
-// another file now, or has another text, stays, with kErrorFileChanged.
+// `old`: the stamp of the file that is to be replaced, or null when there was none. A target that
+// is another file now, or has another text, stays, with kErrorFileChanged.
 ReplaceResult PutInPlace(const std::wstring& newText, const std::wstring& target,
                          const system::FileStamp* old);
 

@@ -1,5 +1,4 @@
-// The conversations with the legacy library: which calls, in which order, with what, and what a
-// failure makes of them.
+// The conversations with the legacy library: calls, their order and arguments, and failures.
 #include "legacy/exchange.h"
 
 #include <gtest/gtest.h>
@@ -138,8 +137,7 @@ TEST_F(Exchange, ReplacingASlotNeitherExtendsNorRenames) {
                      "exportvelkcompload ship.vel 2", "getvelksections ship.vel"}));
 }
 
-// What the library answers at one step, how many calls there are then, and the report. A step that
-// fails is the last, but for the list that ends a conversation.
+// What the library answers at one step, the calls with the list that may follow, and the report.
 struct Failure {
     int16_t& status;
     int16_t value;
@@ -583,8 +581,7 @@ TEST_F(Exchange, ListHasTheNamesInAnsi) {
     EXPECT_EQ(list[0].name, L"\u00C9tamb\u00F4t");
     EXPECT_EQ(list[1].name.size(), 40u);
     EXPECT_EQ(list[2].name, L"? tank");
-    EXPECT_EQ(list[0].kind, ModelKind::kSection);
-    EXPECT_EQ(list[1].kind, ModelKind::kSection);
+    for (const ModelEntry& entry : list) EXPECT_EQ(entry.kind, ModelKind::kSection);
 }
 
 TEST_F(Exchange, CountThatIsTooLargeListsTwentyAndADamagedDatabaseNone) {
