@@ -11,7 +11,7 @@ namespace {
 
 using Calls = std::vector<std::string>;
 
-// The first call of that kind from `begin` on, before `end`; `end` when there is none.
+// Index of the first call of that kind in [begin, end); `end` without one.
 size_t Find(const Calls& calls, bool (*isKind)(const std::string&), size_t begin, size_t end) {
     const auto first = calls.begin();
     const auto last = first + static_cast<ptrdiff_t>(end);
@@ -19,7 +19,7 @@ size_t Find(const Calls& calls, bool (*isKind)(const std::string&), size_t begin
     return static_cast<size_t>(found - first);
 }
 
-// The place after the last call of that kind before `end`; 0 when there is none.
+// Index after the last call of that kind before `end`; 0 without one.
 size_t AfterLast(const Calls& calls, bool (*isKind)(const std::string&), size_t end) {
     size_t place = end;
     while (place > 0 && !isKind(calls[place - 1])) --place;

@@ -64,7 +64,7 @@ std::string FaultOfSource(const Scene& scene) {
 }
 
 std::string FaultOfSuccess(const Scene& scene, const std::vector<std::string>& messages) {
-    // What could not be read of a source may be left out, if the user was told.
+    // What could not be read of a source may be left out, if that was reported.
     const bool isLess = scene.edit.source != nullptr && IsNamed(scene.source, messages);
     if (TextOf(scene.path) != scene.newText && !isLess) {
         return "success, but the file has " + Described(TextOf(scene.path));
