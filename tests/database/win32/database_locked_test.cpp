@@ -2,11 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "database/copying.h"
 #include "database/creating.h"
 #include "database/listing.h"
 #include "database/scanning.h"
+#include "files/file_system.h"
 #include "platform/win32/win32.h"
 #include "tests/database/sample_database.h"
 #include "tests/support/recorded_reports.h"
@@ -75,15 +77,20 @@ TEST_F(DatabaseLockedTest, LockedBytesEndTheScanAndAreReported) {
     EXPECT_TRUE(ListModelsWithPositions(path).empty());
 }
 
-TEST_F(DatabaseLockedTest, HeldDatabaseIsNotReplacedByANewOne) {
+TEST_F(DatabaseLockedTest, HeldDatabaseStaysAndTheNewOneIsNamed) {
     const test::RecordedReports screen;
     Hold(GENERIC_READ, FILE_SHARE_READ);
     BasicShipData bsd;
     EXPECT_FALSE(CreateDatabaseFile(path, bsd));
-    EXPECT_EQ(test::RecordedReports::Of("warning").size(), 1u);
+    const std::vector<std::string> warnings = test::RecordedReports::Of("warning");
     Release();
     EXPECT_EQ(test::ReadFileBytes(path), text);
-    EXPECT_EQ(test::FilesIn(folder.path).size(), 1u);
+    KillFile(path);
+    const std::vector<std::wstring> left = test::FilesIn(folder.path);
+    ASSERT_EQ(left.size(), 1u);
+    ASSERT_EQ(warnings.size(), 1u);
+    EXPECT_NE(warnings[0].find(test::Narrow(folder.File(left[0]))), std::string::npos)
+        << warnings[0];
 }
 
 }  // namespace
