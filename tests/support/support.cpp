@@ -127,10 +127,16 @@ NoTemporaryFolder::~NoTemporaryFolder() {
     SetTemporaryDirectory(usual);
 }
 
-#if defined(_WIN32)
+TemporaryFilesInMemory::TemporaryFilesInMemory() : usual(system::TemporaryDirectory()) {
+    const std::wstring memory = L"Z:\\dev\\shm\\";
+    if (fs::is_directory(NativePath(memory))) SetTemporaryDirectory(memory);
+}
 
-TemporaryFilesInMemory::TemporaryFilesInMemory() = default;
-TemporaryFilesInMemory::~TemporaryFilesInMemory() = default;
+TemporaryFilesInMemory::~TemporaryFilesInMemory() {
+    SetTemporaryDirectory(usual);
+}
+
+#if defined(_WIN32)
 
 // The file in the Windows folder makes room, and the user has no folder for a file of his own.
 FreshSettingsFile::FreshSettingsFile() : userFolder(_wgetenv(L"APPDATA")) {
@@ -151,21 +157,6 @@ FreshSettingsFile::~FreshSettingsFile() {
 }
 
 #else
-
-TemporaryFilesInMemory::TemporaryFilesInMemory() {
-    const char* old = std::getenv(kTemporaryVariable);
-    wasSet = old != nullptr;
-    if (wasSet) savedFolder = old;
-    if (fs::is_directory("/dev/shm")) setenv(kTemporaryVariable, "/dev/shm", 1);
-}
-
-TemporaryFilesInMemory::~TemporaryFilesInMemory() {
-    if (wasSet) {
-        setenv(kTemporaryVariable, savedFolder.c_str(), 1);
-    } else {
-        unsetenv(kTemporaryVariable);
-    }
-}
 
 FreshSettingsFile::FreshSettingsFile() : path(folder.File(kSettingsFile)) {
     const char* old = std::getenv(kFolderVariable);

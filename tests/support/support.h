@@ -40,8 +40,7 @@ struct TemporaryFilesInMemory {
     TemporaryFilesInMemory& operator=(const TemporaryFilesInMemory&) = delete;
 
 private:
-    std::string savedFolder;
-    bool wasSet = false;
+    std::wstring usual;
 };
 
 void WriteFileBytes(const std::wstring& path, std::string_view bytes);
