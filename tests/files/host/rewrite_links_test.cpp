@@ -8,22 +8,16 @@
 #include <filesystem>
 
 #include "files/rewrite.h"
-#include "platform/host/native.h"
+#include "tests/support/damage.h"
 #include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
 namespace corvane {
 namespace {
 
-std::string Native(const std::wstring& path) {
-    std::string native;
-    EXPECT_EQ(system::NativePath(path, native), system::kErrorNone);
-    return native;
-}
-
 mode_t ModeOf(const std::wstring& path) {
     struct stat status;
-    EXPECT_EQ(stat(Native(path).c_str(), &status), 0);
+    EXPECT_EQ(stat(test::NativePath(path).c_str(), &status), 0);
     return status.st_mode & 07777;
 }
 
@@ -39,13 +33,13 @@ struct HostRewriteTest : testing::Test {
 TEST_F(HostRewriteTest, FileIsReplacedWhereASymbolicLinkLeads) {
     const test::TemporaryFolder elsewhere;
     const std::wstring link = elsewhere.File(L"link.ve2");
-    std::filesystem::create_symlink(Native(target), Native(link));
+    std::filesystem::create_symlink(test::NativePath(target), test::NativePath(link));
     rewrite.keepBackup = true;
     ASSERT_TRUE(OpenOldText(rewrite, link));
     BeginRewrite(rewrite, link);
     WriteText(rewrite.writer, "new");
     EXPECT_EQ(FinishRewrite(rewrite), RewriteEnd::kDone);
-    EXPECT_TRUE(std::filesystem::is_symlink(Native(link)));
+    EXPECT_TRUE(std::filesystem::is_symlink(test::NativePath(link)));
     EXPECT_EQ(test::ReadFileBytes(target), "new");
     EXPECT_EQ(test::ReadFileBytes(folder.File(L"ship.bak")), "old");
     EXPECT_EQ(test::FilesIn(elsewhere.path).size(), 1U);
@@ -53,7 +47,7 @@ TEST_F(HostRewriteTest, FileIsReplacedWhereASymbolicLinkLeads) {
 
 TEST_F(HostRewriteTest, PermissionsAreThoseOfTheOldFileFromTheFirstLineOn) {
     for (const mode_t mode : {mode_t{0600}, mode_t{0664}}) {
-        ASSERT_EQ(chmod(Native(target).c_str(), mode), 0);
+        ASSERT_EQ(chmod(test::NativePath(target).c_str(), mode), 0);
         Rewrite one;
         ASSERT_TRUE(OpenOldText(one, target));
         BeginRewrite(one, target);
@@ -66,18 +60,18 @@ TEST_F(HostRewriteTest, PermissionsAreThoseOfTheOldFileFromTheFirstLineOn) {
 
 TEST_F(HostRewriteTest, GroupIsThatOfTheOldFile) {
     if (geteuid() != 0) GTEST_SKIP() << "only the administrator has groups to choose from";
-    ASSERT_EQ(chown(Native(target).c_str(), 1, 2), 0);
+    ASSERT_EQ(chown(test::NativePath(target).c_str(), 1, 2), 0);
     BeginRewrite(rewrite, target);
     WriteText(rewrite.writer, "new");
     EXPECT_EQ(FinishRewrite(rewrite), RewriteEnd::kDone);
     struct stat status;
-    ASSERT_EQ(stat(Native(target).c_str(), &status), 0);
+    ASSERT_EQ(stat(test::NativePath(target).c_str(), &status), 0);
     EXPECT_EQ(status.st_uid, 1U);
     EXPECT_EQ(status.st_gid, 2U);
 }
 
 TEST_F(HostRewriteTest, ProgramThatLocksTheFileIsWaitedForAndReported) {
-    const int other = open(Native(target).c_str(), O_RDWR);
+    const int other = open(test::NativePath(target).c_str(), O_RDWR);
     ASSERT_EQ(flock(other, LOCK_EX), 0);
     EXPECT_FALSE(OpenOldText(rewrite, target));
     EXPECT_EQ(rewrite.reader.error, system::kErrorSharingViolation);

@@ -4,17 +4,11 @@
 #include <filesystem>
 
 #include "files/file_system.h"
-#include "platform/host/native.h"
+#include "tests/support/damage.h"
 #include "tests/support/support.h"
 
 namespace corvane {
 namespace {
-
-std::string Native(const std::wstring& path) {
-    std::string native;
-    EXPECT_EQ(system::NativePath(path, native), system::kErrorNone);
-    return native;
-}
 
 TEST(IsSameFile, LinksAreTheFile) {
     const test::TemporaryFolder folder;
@@ -22,8 +16,8 @@ TEST(IsSameFile, LinksAreTheFile) {
     const std::wstring symbolic = folder.File(L"symbolic.ve2");
     const std::wstring hard = folder.File(L"hard.ve2");
     test::WriteFileBytes(path, "");
-    std::filesystem::create_symlink(Native(path), Native(symbolic));
-    std::filesystem::create_hard_link(Native(path), Native(hard));
+    std::filesystem::create_symlink(test::NativePath(path), test::NativePath(symbolic));
+    std::filesystem::create_hard_link(test::NativePath(path), test::NativePath(hard));
     EXPECT_TRUE(IsSameFile(path, symbolic));
     EXPECT_TRUE(IsSameFile(hard, path));
     EXPECT_TRUE(IsSameFile(hard, symbolic));
