@@ -1,11 +1,15 @@
 // How the scans of a database grow with its size: 3, 30 and 290 MB.
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <map>
+#include <vector>
 
+#include "benchmarks/measure.h"
 #include "benchmarks/measured_database.h"
 #include "database/listing.h"
 #include "database/scanning.h"
+#include "database/section_block.h"
 #include "platform/system.h"
 
 namespace corvane {
@@ -72,6 +76,33 @@ void FindLastModelOf(benchmark::State& state) {
     Report(state);
 }
 
+// Clicks on models in any order: the time of one, and the most that was read for it beyond its
+// block (and the few hundred bytes of asking how much was read).
+void ClickOnModelsOf(benchmark::State& state) {
+    const SampleFiles::File& file = Sample(state);
+    const std::vector<ModelEntry> models = ListModels(file.path);
+    uint32_t random = 2026;
+    long long most = 0;
+    for (auto step : state) {
+        state.PauseTiming();
+        const size_t index = benchmarks::NextRandom(random) % (models.size() - 1);
+        const long long before = benchmarks::BytesRead();
+        state.ResumeTiming();
+        SectionModel section;
+        float x = 0;
+        const bool isRead =
+            models[index].kind == ModelKind::kSection
+                ? ReadSectionBlock(file.path, PlaceOf(models[index]), false, section)
+                : ReadModelPosition(file.path, PlaceOf(models[index]), x);
+        state.PauseTiming();
+        if (!isRead) state.SkipWithError("not read");
+        const int64_t block = models[index + 1].offset - models[index].offset;
+        most = std::max(most, benchmarks::BytesRead() - before - block);
+        state.ResumeTiming();
+    }
+    state.counters["KiB_beyond_block"] = static_cast<double>(most) / 1024;
+}
+
 void CopyModelsOf(benchmark::State& state) {
     const SampleFiles::File& file = Sample(state);
     const std::wstring copy = file.path + L".copy";
@@ -92,6 +123,7 @@ void CopyModelsOf(benchmark::State& state) {
 BENCHMARK(CountModelsOf)->Arg(3)->Arg(30)->Arg(290)->Unit(benchmark::kMillisecond);
 BENCHMARK(ListModelsOf)->Arg(3)->Arg(30)->Arg(290)->Unit(benchmark::kMillisecond);
 BENCHMARK(FindLastModelOf)->Arg(3)->Arg(30)->Arg(290)->Unit(benchmark::kMillisecond);
+BENCHMARK(ClickOnModelsOf)->Arg(3)->Arg(290)->Iterations(1000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(CopyModelsOf)->Arg(3)->Arg(30)->Arg(290)->Unit(benchmark::kMillisecond);
 
 }  // namespace

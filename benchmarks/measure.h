@@ -20,6 +20,15 @@ inline long PeakMemoryKiB() {
     return -1;
 }
 
+// The bytes that this process has read, from files of any kind; -1 where the system does not say.
+inline long long BytesRead() {
+    std::ifstream counts("/proc/self/io");
+    for (std::string line; std::getline(counts, line);) {
+        if (line.rfind("rchar:", 0) == 0) return std::stoll(line.substr(6));
+    }
+    return -1;
+}
+
 // The microseconds that the procedure takes. The shell has long loaded its libraries when it works:
 // loading is not measured.
 template <class Work>

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "database/bulkhead.h"
+#include "database/scanning.h"
 #include "files/text_file.h"
 
 namespace corvane {
@@ -13,12 +14,13 @@ namespace corvane {
 // without an identifier gets a new one and keeps it.
 void WriteBulkheadBlock(TextWriter& writer, BulkheadArrangement& arrangement, int32_t number);
 
-// Reads model `number`. Reports a file that is not there (message 3580), that is not a database
-// (1083), a number that no block of this kind has ("Can not find BHA ..."), and a read that fails
-// (3509). False in all these cases: x_m is -1 then, the rest of the record untouched. A table that
-// is missing stays empty. What rows say counts more than what counts say, and a row that belongs to
-// no bulkhead is left out; a damaged block gives what could be read, and true.
-bool ReadBulkheadBlock(const std::wstring& path, int32_t number, BulkheadArrangement& arrangement);
+// Reads the model at a place. Reports a file that is not there (message 3580), that is not a
+// database (1083), a number that no block of this kind has ("Can not find BHA ..."), and a read
+// that fails (3509). False in all these cases: x_m is -1 then, the rest of the record untouched. A
+// table that is missing stays empty. What rows say counts more than what counts say, and a row that
+// belongs to no bulkhead is left out; a damaged block gives what could be read, and true.
+bool ReadBulkheadBlock(const std::wstring& path, const BlockPlace& place,
+                       BulkheadArrangement& arrangement);
 
 // ---- The same, of open files -------------------------------------------------------------------
 

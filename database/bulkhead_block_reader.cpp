@@ -138,7 +138,8 @@ void ReadBulkheadLines(TextReader& reader, BulkheadArrangement& arrangement) {
     ReadArrangementTables(row, arrangement);
 }
 
-bool ReadBulkheadBlock(const std::wstring& path, int32_t number, BulkheadArrangement& arrangement) {
+bool ReadBulkheadBlock(const std::wstring& path, const BlockPlace& place,
+                       BulkheadArrangement& arrangement) {
     constexpr float kNowhere = -1;
     TextReader reader;
     if (!RequireDatabaseText(reader, path)) {
@@ -147,9 +148,9 @@ bool ReadBulkheadBlock(const std::wstring& path, int32_t number, BulkheadArrange
     }
     ReportStatus(kMsgReadingModel, {path});
     std::string keyword(kBulkheadKeyword);
-    if (!FindModel(reader, number, keyword)) {
+    if (!FindBlock(reader, place, keyword)) {
         if (!ReportReadFault(reader, path)) {
-            ReportMessage(L"Can not find BHA ¤ in file '¤'", {number, path});
+            ReportMessage(L"Can not find BHA ¤ in file '¤'", {place.number, path});
         }
         arrangement.x_m = kNowhere;
         return false;

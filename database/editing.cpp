@@ -1,7 +1,6 @@
 #include "database/editing.h"
 
 #include <algorithm>
-#include <optional>
 #include <unordered_set>
 #include <vector>
 
@@ -189,20 +188,34 @@ bool ReplaceBlock(std::wstring& path, int32_t number, const EditOptions& options
 
 // `writeBlock` writes the new model's block after all others, with a number that no block has,
 // which `number` becomes; false, which it has reported, leaves the database as it is. `source` is
-// the number of a model that the database itself must have, if any.
+// a model that the database itself must have, if any: where it is now is added.
 //     writeBlock: bool(TextWriter& writer)
 template <class WriteBlock>
-bool AppendBlock(std::wstring& path, const EditOptions& options, std::optional<int32_t> source,
+bool AppendBlock(std::wstring& path, const EditOptions& options, BlockPlace* source,
                  int32_t& number, WriteBlock writeBlock) {
     return EditDatabase(path, options, kMsgWritingDatabase,
                         [&](Rewrite& rewrite, const BlockNumbers& blocks) {
-                            if (source && !RequireOneBlock(blocks, *source, path)) return false;
+                            if (source != nullptr) {
+                                if (!RequireOneBlock(blocks, source->number, path)) return false;
+                                *source = PlaceOf(blocks, source->number, rewrite.stamp);
+                            }
                             number = NextNumberOrReport(blocks, path);
                             if (number == 0) return false;
                             BeginRewrite(rewrite, path);
                             CopyToBlock(rewrite.reader, rewrite.writer, {});
                             return writeBlock(rewrite.writer);
                         });
+}
+
+// Whether the number of a model of another database leads to it alone; reported when not.
+bool RequireSource(const ModelSource& source) {
+    TextReader reader;
+    if (!RequireDatabaseText(reader, source.path)) return false;
+    std::string keyword;
+    if (FindBlockAtPlace(reader, source.place, keyword)) return true;
+    const BlockNumbers blocks = ReadBlockNumbers(reader);
+    return !ReportReadFault(reader, source.path) &&
+           RequireOneBlock(blocks, source.place.number, source.path);
 }
 
 }  // namespace
@@ -255,7 +268,7 @@ int32_t NextModelNumber(const std::wstring& path) {
 
 bool AppendSection(std::wstring& path, SectionModel& section, const EditOptions& options) {
     int32_t number = 0;
-    return AppendBlock(path, options, {}, number, [&](TextWriter& writer) {
+    return AppendBlock(path, options, nullptr, number, [&](TextWriter& writer) {
         WriteSectionBlock(writer, section, number);
         return true;
     });
@@ -267,25 +280,19 @@ int32_t CopyModel(std::wstring& path, const ModelCopy& copy) {
     options.keepBackup = options.keepBackup || facts.isCopiedWithBackup;
     const std::wstring newName = Trim(copy.newName);
     int32_t number = 0;
-    const bool isDone = AppendBlock(path, options, copy.number, number, [&](TextWriter& writer) {
-        return facts.writeCopy(writer, {path, copy.number}, &newName, number);
+    BlockPlace source = copy.number;
+    const bool isDone = AppendBlock(path, options, &source, number, [&](TextWriter& writer) {
+        return facts.writeCopy(writer, {path, source}, &newName, number);
     });
     return isDone ? number : 0;
 }
 
 AppendResult AppendModel(std::wstring& path, const ModelSource& source, ModelKind kind,
                          const EditOptions& options) {
-    TextReader reader;
-    if (!RequireDatabaseText(reader, source.path)) return AppendResult::kNoSource;
-    const BlockNumbers blocks = ReadBlockNumbers(reader);
-    if (ReportReadFault(reader, source.path) ||
-        !RequireOneBlock(blocks, source.number, source.path)) {
-        return AppendResult::kNoSource;
-    }
-    system::CloseFile(reader.file);
+    if (!RequireSource(source)) return AppendResult::kNoSource;
     bool isRead = true;
     int32_t number = 0;
-    const bool isDone = AppendBlock(path, options, {}, number, [&](TextWriter& writer) {
+    const bool isDone = AppendBlock(path, options, nullptr, number, [&](TextWriter& writer) {
         isRead = FactsOf(kind).writeCopy(writer, source, nullptr, number);
         return isRead;
     });
@@ -296,7 +303,7 @@ AppendResult AppendModel(std::wstring& path, const ModelSource& source, ModelKin
 bool WriteCopyOfSection(TextWriter& writer, const ModelSource& source, const std::wstring* newName,
                         int32_t newNumber) {
     SectionModel section;
-    if (!ReadSectionBlock(source.path, source.number, false, section)) return false;
+    if (!ReadSectionBlock(source.path, source.place, false, section)) return false;
     if (newName != nullptr) section.name = *newName;
     section.identifier.clear();  // the writer makes a new one
     WriteSectionBlock(writer, section, newNumber);
@@ -306,7 +313,7 @@ bool WriteCopyOfSection(TextWriter& writer, const ModelSource& source, const std
 bool WriteCopyOfBulkhead(TextWriter& writer, const ModelSource& source, const std::wstring* newName,
                          int32_t newNumber) {
     BulkheadArrangement arrangement;
-    if (!ReadBulkheadBlock(source.path, source.number, arrangement)) return false;
+    if (!ReadBulkheadBlock(source.path, source.place, arrangement)) return false;
     if (newName != nullptr) arrangement.name = *newName;
     arrangement.identifier.clear();
     WriteBulkheadBlock(writer, arrangement, newNumber);
@@ -318,15 +325,15 @@ bool WriteCopyOfTorsion(TextWriter& writer, const ModelSource& source, const std
     TextReader reader;
     std::string keyword(kTorsionKeyword);
     OpenText(reader, source.path);
-    const bool isFound = reader.error == kErrorNone && FindModel(reader, source.number, keyword);
+    const bool isFound = reader.error == kErrorNone && FindBlock(reader, source.place, keyword);
     if (isFound) {
         BlockRun run;
         run.mostBlocks = 1;
-        run.shift = int64_t{newNumber} - source.number;
+        run.shift = int64_t{newNumber} - source.place.number;
         CopyBlocks(reader, writer, run);
     }
     if (ReportReadFault(reader, source.path)) return false;
-    if (!isFound) ReportMessage(kMsgModelMissing, {source.number, source.path});
+    if (!isFound) ReportMessage(kMsgModelMissing, {source.place.number, source.path});
     return isFound;
 }
 

@@ -14,6 +14,7 @@
 
 #include "database/bulkhead.h"
 #include "database/model_kind.h"
+#include "database/scanning.h"
 #include "database/section.h"
 #include "files/text_file.h"
 
@@ -65,7 +66,7 @@ int32_t CopyModel(std::wstring& path, const ModelCopy& copy);
 // A model of another database.
 struct ModelSource {
     std::wstring path;
-    int32_t number = 0;
+    BlockPlace place = 0;
 };
 
 enum class AppendResult {

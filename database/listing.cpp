@@ -88,12 +88,14 @@ void ReportListFault(const TextReader& reader, const std::wstring& path, bool is
     ReportMessage(message, {path, system::ErrorText(reader.error)});
 }
 
-void ReadEntries(TextReader& reader, Detail detail, std::vector<ModelEntry>& entries) {
+void ReadEntries(TextReader& reader, Detail detail, const system::FileStamp& stamp,
+                 std::vector<ModelEntry>& entries) {
     Listing listing;
     std::string_view line;
     while (FindLine(reader, listing.modelMarker)) {
         ModelEntry& entry = entries.emplace_back();
         entry.offset = LinePosition(reader);
+        entry.stamp = stamp;
         ReadLine(reader, line);
         ReadEntry(reader, listing, detail, entry);
     }
@@ -107,7 +109,7 @@ bool ReadListOnce(TextReader& reader, const std::wstring& path, Detail detail,
     system::FileStamp before;
     system::FileStamp after;
     system::GetFileStamp(reader.file, before);
-    ReadEntries(reader, detail, entries);
+    ReadEntries(reader, detail, before, entries);
     return system::GetFileStamp(path, after) == system::kErrorNone && before == after;
 }
 
@@ -141,6 +143,11 @@ std::vector<ModelEntry> ListEntries(const std::wstring& path, Detail detail) {
 
 }  // namespace
 
+BlockPlace PlaceOf(const ModelEntry& model) {
+    if (!model.hasOwnNumber) return model.number;
+    return {model.number, model.offset, model.stamp};
+}
+
 std::vector<ModelEntry> ListModels(const std::wstring& path) {
     return ListEntries(path, Detail::kNames);
 }
@@ -149,17 +156,35 @@ std::vector<ModelEntry> ListModelsWithPositions(const std::wstring& path) {
     return ListEntries(path, Detail::kPositions);
 }
 
-float ModelPosition(const std::wstring& path, int32_t number) {
+bool ReadModelAt(const std::wstring& path, const BlockPlace& place, ModelEntry& model) {
+    TextReader reader;
+    std::string keyword;
+    if (!OpenText(reader, path) || !FindBlockAtPlace(reader, place, keyword)) return false;
+    Listing listing;
+    ModelEntry read;
+    read.offset = place.offset;
+    read.stamp = place.stamp;
+    read.hasOwnNumber = true;
+    FindLine(reader, listing.modelMarker);
+    std::string_view line;
+    ReadLine(reader, line);
+    ReadEntry(reader, listing, Detail::kNames, read);
+    if (reader.error != system::kErrorNone) return false;
+    model = std::move(read);
+    return true;
+}
+
+float ModelPosition(const std::wstring& path, const BlockPlace& place) {
     float x = -1;
-    ReadModelPosition(path, number, x);
+    ReadModelPosition(path, place, x);
     return x;
 }
 
-bool ReadModelPosition(const std::wstring& path, int32_t number, float& x) {
+bool ReadModelPosition(const std::wstring& path, const BlockPlace& place, float& x) {
     if (path.empty()) return false;
     TextReader reader;
     std::string keyword;
-    if (!OpenText(reader, path) || !FindModel(reader, number, keyword)) {
+    if (!OpenText(reader, path) || !FindBlock(reader, place, keyword)) {
         if (IsMissing(reader)) {
             ReportMessage(kMsgDatabaseMissing, {path});
         } else {

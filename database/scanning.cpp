@@ -10,8 +10,27 @@
 namespace corvane {
 namespace {
 
-// From a place before the marker at `marker` to the comment lines directly in front of it.
+// Looks for the comment lines directly before the marker at `marker`, from a place before it that
+// need not be where a line begins. Where a line before them is seen, the reader goes to them.
+bool SeekComments(TextReader& reader, int64_t from, int64_t marker) {
+    SeekLine(reader, from);
+    std::string_view line;
+    ReadLine(reader, line);  // may be half a line
+    int64_t place = -1;
+    while (LinePosition(reader) < marker && ReadLine(reader, line)) {
+        if (!IsCommentLine(line)) place = LinePosition(reader);
+    }
+    if (place >= 0) SeekLine(reader, place);
+    return place >= 0;
+}
+
+// From the marker at `marker` to the comment lines directly before it, which are not before `from`,
+// where a line begins.
 void SeekBeforeMarker(TextReader& reader, int64_t from, int64_t marker) {
+    constexpr int64_t kUsualComments = 1024;
+    for (int64_t back = kUsualComments; marker - back > from; back *= 2) {
+        if (SeekComments(reader, marker - back, marker)) return;
+    }
     SeekLine(reader, from);
     std::string_view line;
     int64_t place = from;
@@ -19,6 +38,22 @@ void SeekBeforeMarker(TextReader& reader, int64_t from, int64_t marker) {
         place = LinePosition(reader);
     }
     SeekLine(reader, place);
+}
+
+// Reads the head of the block whose marker is the next line. Whether it is the block of this number
+// and, when `keyword` is not empty, this keyword; `keyword` is then the block's.
+bool ReadsAsBlock(TextReader& reader, std::string_view marker, int32_t number,
+                  std::string& keyword) {
+    std::string_view line;
+    if (!ReadLine(reader, line) || line != marker || !ReadBlockLine(reader, marker, line) ||
+        LeadingInteger(line) != number) {
+        return false;
+    }
+    // A block that has lost its keyword is still the one of its number.
+    if (!ReadBlockLine(reader, marker, line)) line = {};
+    if (!keyword.empty() && keyword != line) return false;
+    keyword = line;
+    return true;
 }
 
 }  // namespace
@@ -43,8 +78,10 @@ bool IsDatabase(TextReader& reader) {
     SeekLine(reader, 0);
     std::string_view line;
     const std::string signature = GetMessageBytes(kMsgSignature);
+    reader.readSize = kSmallRead;
     const bool isDatabase = ReadSignificantLine(reader, line) &&
                             UpperCase(Trim(line)) == Trim(std::string_view(signature));
+    reader.readSize = kTextBufferSize;
     SeekLine(reader, 0);
     return isDatabase;
 }
@@ -62,20 +99,36 @@ bool FindModel(TextReader& reader, int32_t number, std::string& keyword) {
     int64_t from = LinePosition(reader);
     while (FindLine(reader, marker)) {
         const int64_t place = LinePosition(reader);
-        std::string_view line;
-        ReadLine(reader, line);
-        if (ReadBlockLine(reader, marker, line) && LeadingInteger(line) == number) {
-            // A block that has lost its keyword is still the one of its number.
-            if (!ReadBlockLine(reader, marker, line)) line = {};
-            if (keyword.empty() || keyword == line) {
-                keyword = line;
-                SeekBeforeMarker(reader, from, place);
-                return true;
-            }
+        if (ReadsAsBlock(reader, marker, number, keyword)) {
+            SeekBeforeMarker(reader, from, place);
+            return true;
         }
         from = LinePosition(reader);
     }
     return false;
+}
+
+bool FindBlockAtPlace(TextReader& reader, const BlockPlace& place, std::string& keyword) {
+    system::FileStamp now;
+    if (place.offset < 0 || system::GetFileStamp(reader.file, now) != system::kErrorNone ||
+        now != place.stamp) {
+        return false;
+    }
+    reader.readSize = kSmallRead;
+    SeekLine(reader, place.offset);
+    const std::string marker = GetMessageBytes(kMsgModelMarker);
+    if (ReadsAsBlock(reader, marker, place.number, keyword)) {
+        SeekBeforeMarker(reader, 0, place.offset);
+        return true;
+    }
+    reader.readSize = kTextBufferSize;
+    return false;
+}
+
+bool FindBlock(TextReader& reader, const BlockPlace& place, std::string& keyword) {
+    if (FindBlockAtPlace(reader, place, keyword)) return true;
+    SeekLine(reader, 0);
+    return FindModel(reader, place.number, keyword);
 }
 
 int CountModels(const std::wstring& path) {
@@ -109,6 +162,7 @@ BlockNumbers ReadBlockNumbers(TextReader& reader) {
     int64_t highest = 0;
     SeekLine(reader, 0);
     while (FindLine(reader, marker)) {
+        blocks.offsets.push_back(LinePosition(reader));
         std::string_view line;
         ReadLine(reader, line);
         const bool hasNumber = ReadBlockLine(reader, marker, line);
@@ -118,6 +172,12 @@ BlockNumbers ReadBlockNumbers(TextReader& reader) {
     const int64_t next = std::max(static_cast<int64_t>(blocks.numbers.size()), highest) + 1;
     if (next <= INT32_MAX) blocks.next = static_cast<int32_t>(next);
     return blocks;
+}
+
+BlockPlace PlaceOf(const BlockNumbers& blocks, int32_t number, const system::FileStamp& stamp) {
+    const auto found = std::ranges::find(blocks.numbers, number);
+    if (found == blocks.numbers.end()) return number;
+    return {number, blocks.offsets[static_cast<size_t>(found - blocks.numbers.begin())], stamp};
 }
 
 bool RequireOneBlock(const BlockNumbers& blocks, int32_t number, const std::wstring& path) {

@@ -37,11 +37,28 @@ bool IsDatabase(TextReader& reader);
 // model marker, which stays unread: a block that lacks lines never swallows the one after it.
 bool ReadBlockLine(TextReader& reader, std::string_view modelMarker, std::string_view& line);
 
+// Where a list found a model's block. A number alone is a place, too: the block must be searched.
+struct BlockPlace {
+    int32_t number;
+    int64_t offset;           // of the block's marker, in bytes; -1: not known
+    system::FileStamp stamp;  // of the file in which the block was there
+
+    BlockPlace(int32_t itsNumber, int64_t itsOffset = -1, const system::FileStamp& itsStamp = {})
+        : number(itsNumber), offset(itsOffset), stamp(itsStamp) {}
+};
+
 // From the reader's position on, the first block with this number and, when `keyword` is not empty,
 // this keyword. On success `keyword` is the block's (empty where the block has lost it), and the
 // reader is where the lines before the marker begin that belong to it: comment lines directly
 // before it included. On failure `keyword` keeps its value, and the reader is at the end.
 bool FindModel(TextReader& reader, int32_t number, std::string& keyword);
+
+// The same from the start of the file on, without a search where that can be spared: the file's
+// stamp is the place's, and the block's marker and number are at its offset. Little more than the
+// block is then read.
+bool FindBlock(TextReader& reader, const BlockPlace& place, std::string& keyword);
+// The same, without the search: false where that would be needed.
+bool FindBlockAtPlace(TextReader& reader, const BlockPlace& place, std::string& keyword);
 
 // Number of model blocks; 0 for a file that cannot be opened.
 int CountModels(const std::wstring& path);
@@ -55,12 +72,16 @@ bool RequireDatabaseFile(const std::wstring& path);
 // What the numbers of a database's blocks are.
 struct BlockNumbers {
     std::vector<int32_t> numbers;  // by block; 0 where a block has none
+    std::vector<int64_t> offsets;  // by block: of its marker
     // A number that no block has: the larger of the count of the blocks and the highest number,
     // plus 1; 0 where that is beyond 32 bits.
     int32_t next = 0;
 };
 // Reads them from the start of the file on; as far as it can be read.
 BlockNumbers ReadBlockNumbers(TextReader& reader);
+// Where the first block of this number is in the file with this stamp; the number alone where no
+// block has it.
+BlockPlace PlaceOf(const BlockNumbers& blocks, int32_t number, const system::FileStamp& stamp);
 // Whether the number, from 1 on, leads to one block alone. Reported when not: no block has it
 // (1011), or more than one, or the blocks that have it have lost theirs (3522).
 bool RequireOneBlock(const BlockNumbers& blocks, int32_t number, const std::wstring& path);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "database/model_kind.h"
+#include "database/scanning.h"
 #include "database/section.h"
 #include "files/text_file.h"
 
@@ -14,13 +15,13 @@ namespace corvane {
 // without an identifier gets a new one and keeps it.
 void WriteSectionBlock(TextWriter& writer, SectionModel& section, int32_t number);
 
-// Reads model `number`. Reports a file that is not there (message 3580), that is not a database
-// (1083), a number that no block has (1011), a read that fails (3509), and a bulkhead arrangement
-// unless `allowBulkhead`; a torsion model gives false in silence. False in all these cases; the
-// record is untouched then. A table that is missing stays empty. What rows say counts more than
-// what counts say, and a row that belongs to no panel is left out; a damaged block gives what could
-// be read, and true.
-bool ReadSectionBlock(const std::wstring& path, int32_t number, bool allowBulkhead,
+// Reads the model at a place. Reports a file that is not there (message 3580), that is not a
+// database (1083), a number that no block has (1011), a read that fails (3509), and a bulkhead
+// arrangement unless `allowBulkhead`; a torsion model gives false in silence. False in all these
+// cases; the record is untouched then. A table that is missing stays empty. What rows say counts
+// more than what counts say, and a row that belongs to no panel is left out; a damaged block gives
+// what could be read, and true.
+bool ReadSectionBlock(const std::wstring& path, const BlockPlace& place, bool allowBulkhead,
                       SectionModel& section);
 
 // ---- The same, of open files -------------------------------------------------------------------

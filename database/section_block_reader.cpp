@@ -174,14 +174,14 @@ void ReadSectionLines(TextReader& reader, ModelKind kind, SectionModel& section)
     ReadSectionTables(row, section);
 }
 
-bool ReadSectionBlock(const std::wstring& path, int32_t number, bool allowBulkhead,
+bool ReadSectionBlock(const std::wstring& path, const BlockPlace& place, bool allowBulkhead,
                       SectionModel& section) {
     TextReader reader;
     if (!RequireDatabaseText(reader, path)) return false;
     ReportStatus(kMsgReadingModel, {path});
     std::string keyword;
-    if (!FindModel(reader, number, keyword)) {
-        if (!ReportReadFault(reader, path)) ReportMessage(kMsgModelMissing, {number, path});
+    if (!FindBlock(reader, place, keyword)) {
+        if (!ReportReadFault(reader, path)) ReportMessage(kMsgModelMissing, {place.number, path});
         return false;
     }
     const ModelKind kind = KindOfKeyword(keyword);

@@ -29,7 +29,7 @@ bool Refill(TextReader& reader) {
     reader.end = unread;
     size_t count = 0;
     reader.error = system::ReadBytes(reader.file, reader.buffer.get() + unread,
-                                     kTextBufferSize - unread, count);
+                                     std::min(reader.readSize, kTextBufferSize - unread), count);
     if (reader.error != system::kErrorNone) count = 0;
     reader.end += count;
     reader.atEnd = count == 0;

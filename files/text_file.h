@@ -18,6 +18,8 @@ namespace corvane {
 inline constexpr size_t kTextBufferSize = 256 * 1024;
 inline constexpr size_t kLongestLine = 64 * 1024;
 inline constexpr size_t kKeptTail = 8 * 1024;
+// Asked of a file at once where little of it is wanted.
+inline constexpr size_t kSmallRead = 16 * 1024;
 
 // ---- Kinds of lines ----------------------------------------------------------------------------
 
@@ -39,7 +41,8 @@ struct TextReader {
     size_t next = 0;
     size_t end = 0;
     int64_t bufferOffset = 0;
-    bool atEnd = false;                              // the file has no bytes after `end`
+    size_t readSize = kTextBufferSize;  // bytes that are asked of the file at once, at most these
+    bool atEnd = false;                 // the file has no bytes after `end`
     system::ErrorNumber error = system::kErrorNone;  // of the first read that failed
 
     TextReader() = default;

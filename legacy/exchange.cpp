@@ -125,7 +125,7 @@ bool ExportNext(DatabaseExport& work, int16_t number, SectionModel& section) {
 
 // A number that does not lead to one block alone is reported: it could lead to another section.
 bool ReadSectionOf(const ModelEntry& entry, const std::wstring& source, SectionModel& section) {
-    if (entry.hasOwnNumber) return ReadSectionBlock(source, entry.number, false, section);
+    if (entry.hasOwnNumber) return ReadSectionBlock(source, PlaceOf(entry), false, section);
     ReportNumberNotOwn(entry.number, source);
     return false;
 }
@@ -282,7 +282,9 @@ std::vector<ModelEntry> ListLegacySections(const std::wstring& path, int16_t& st
     const int listed = std::clamp<int>(count, 0, kLegacyListedSections);
     for (int i = 0; i < listed; ++i) {
         const LegacySectionEntry& entry = entries[static_cast<size_t>(i)];
-        list.push_back({.number = i + 1, .name = OemToAnsiText({entry.name, sizeof(entry.name)})});
+        ModelEntry& model = list.emplace_back();
+        model.number = i + 1;
+        model.name = OemToAnsiText({entry.name, sizeof(entry.name)});
     }
     return list;
 }

@@ -34,11 +34,14 @@ bool ReadFromLegacy(const std::wstring& path, int32_t slot, SectionModel& sectio
 }
 
 // A section without ship's data, which is reported, can be drawn.
-bool ReadFromDatabase(const std::wstring& path, int32_t number, SectionModel& section,
+bool ReadFromDatabase(const std::wstring& path, const BlockPlace& place, SectionModel& section,
                       BasicShipData& bsd) {
     ModelEntry model;
-    if (!RequireModel(ListModels(path), number, path, model)) return false;
-    if (!ReadSectionBlock(path, number, false, section)) return false;
+    if (!ReadModelAt(path, place, model) &&
+        !RequireModel(ListModels(path), place.number, path, model)) {
+        return false;
+    }
+    if (!ReadSectionBlock(path, PlaceOf(model), false, section)) return false;
     LoadBsdFromDatabase(path, bsd);
     return true;
 }
@@ -65,7 +68,8 @@ std::vector<ExchangeItem> ListForExchange(const std::wstring& path) {
     const bool isLegacy = IsLegacyDatabase(path);
     for (const ModelEntry& model : isLegacy ? ListLegacy(path) : ListDatabase(path)) {
         const int32_t number = isLegacy ? static_cast<int32_t>(items.size() + 1) : model.number;
-        items.push_back({model.name + FactsOf(model.kind).exchangeSuffix, number, model.kind});
+        items.push_back(
+            {model.name + FactsOf(model.kind).exchangeSuffix, number, model.kind, PlaceOf(model)});
     }
     return items;
 }
@@ -103,7 +107,7 @@ bool ReadForExchange(const std::wstring& path, const ExchangeItem& item, Section
     section = SectionModel();
     bsd = BasicShipData();
     return IsLegacyDatabase(path) ? ReadFromLegacy(path, item.number, section, bsd)
-                                  : ReadFromDatabase(path, item.number, section, bsd);
+                                  : ReadFromDatabase(path, item.place, section, bsd);
 }
 
 std::wstring ServiceText(const BasicShipData& bsd) {

@@ -8,6 +8,7 @@
 
 #include "bsd/basic_ship_data.h"
 #include "database/model_kind.h"
+#include "database/scanning.h"
 #include "database/section.h"
 
 namespace corvane {
@@ -27,7 +28,11 @@ struct ExchangeItem {
     int32_t number =
         0;  // slot of a legacy database, from 1; of a model database the model's number
     ModelKind kind = ModelKind::kSection;
-    bool operator==(const ExchangeItem&) const = default;
+    BlockPlace place = number;  // of a model database
+    // The same model, wherever its block is now.
+    bool operator==(const ExchangeItem& other) const {
+        return text == other.text && number == other.number && kind == other.kind;
+    }
 };
 
 // What FM_Inport returns: the items that are selected, in the order of the list. None only

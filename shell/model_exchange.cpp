@@ -57,7 +57,7 @@ AppendResult AppendItem(Import& import, const ExchangeItem& item) {
     if (!RequireModel(import.models, item.number, import.source, model)) {
         return AppendResult::kNoSource;
     }
-    return AppendModel(import.path, {import.source, item.number}, item.kind, OptionsOf(import));
+    return AppendModel(import.path, {import.source, PlaceOf(model)}, item.kind, OptionsOf(import));
 }
 
 // Whether the file still has what the user chose; reported when not.
@@ -128,10 +128,10 @@ void ImportModels(const ImportChoice& choice) {
     ReportLosses(import.source, import.losses);
 }
 
-void ExportCurrentSection(const ExportChoice& choice) {
+void ExportSectionAt(const BlockPlace& place, const ExportChoice& choice) {
     SectionModel section;
     LegacySlot slot;
-    if (!ReadSectionBlock(shell.database.path, shell.database.currentModel, false, section) ||
+    if (!ReadSectionBlock(shell.database.path, place, false, section) ||
         !RequireSlot(choice, slot)) {
         return;
     }

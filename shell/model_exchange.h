@@ -2,6 +2,8 @@
 // fails is reported.
 #pragma once
 
+#include "database/scanning.h"
+
 namespace corvane {
 
 struct ExportChoice;  // shell/exchange_boxes.h
@@ -14,7 +16,8 @@ struct ImportChoice;
 // the database as it was before the first one. The last model becomes the current one.
 void ImportModels(const ImportChoice& choice);
 
-// Writes the current model, a section, into the slot of a legacy database that the user chose.
-void ExportCurrentSection(const ExportChoice& choice);
+// Writes a model of the open database, a section, into the slot of a legacy database that the user
+// chose.
+void ExportSectionAt(const BlockPlace& place, const ExportChoice& choice);
 
 }  // namespace corvane

@@ -25,6 +25,7 @@ ModelRow RowOf(const ModelEntry& model) {
     row.tag = model.number;
     row.hasOwnNumber = model.hasOwnNumber;
     row.offset = model.offset;
+    row.stamp = model.stamp;
     row.x_m = model.x;
     row.kind = model.kind;
     return row;
@@ -36,6 +37,11 @@ const std::wstring& Field(const ModelRow& row) {
 }
 
 }  // namespace
+
+BlockPlace PlaceOf(const ModelRow& row) {
+    if (!row.hasOwnNumber) return row.tag;
+    return {row.tag, row.offset, row.stamp};
+}
 
 std::span<const ModelColumn> ModelColumns() {
     static constexpr std::array kColumns{

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "database/model_kind.h"
+#include "database/scanning.h"
 
 namespace corvane {
 
@@ -20,10 +21,13 @@ struct ModelRow {
     int32_t tag = 0;    // the model's number: that of its block, not its place in the list
     // The number leads to this model; a row without such a number is shown, and left alone.
     bool hasOwnNumber = false;
-    int64_t offset = 0;  // of its block in the file
-    float x_m = -1;      // position
+    int64_t offset = 0;       // of its block in the file
+    system::FileStamp stamp;  // of the file that was listed
+    float x_m = -1;           // position
     ModelKind kind = ModelKind::kSection;
 };
+// Where the row's model is; the number alone where that does not lead to it.
+BlockPlace PlaceOf(const ModelRow& row);
 
 // A column of the list. The first one has the icons and what the others leave of the list's width.
 struct ModelColumn {

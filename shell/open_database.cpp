@@ -202,6 +202,8 @@ bool RequireCurrentModel(ModelEntry& model) {
     AwaitReadable(path);
     if (!RequireDatabase()) return false;
     const int32_t number = shell.database.currentModel;
+    const auto row = CurrentRow(shell.database);
+    if (row != shell.database.rows.end() && ReadModelAt(path, PlaceOf(*row), model)) return true;
     const std::vector<ModelEntry> models = ListModels(path);
     if (std::ranges::find(models, number, &ModelEntry::number) != models.end()) {
         return RequireModel(models, number, path, model);

@@ -47,7 +47,7 @@ bool IsPreviewed(const ModelRow& row) {
 // leads nowhere: the list's position is the row's own.
 bool ReadPosition(const ModelRow& row, float& x_m) {
     x_m = row.x_m;
-    return !row.hasOwnNumber || ReadModelPosition(shell.database.path, row.tag, x_m);
+    return !row.hasOwnNumber || ReadModelPosition(shell.database.path, PlaceOf(row), x_m);
 }
 
 // Shows the model in the picture, as far as it can be shown there. False when it could not be read.
@@ -57,10 +57,11 @@ bool ShowInPicture(const ModelRow& row, float& x_m) {
         ClearPicture(shell.view.isPreviewOn() && !isSection ? WhyNoPicture(row.kind) : L"");
         return ReadPosition(row, x_m);
     }
-    if (!ReadSectionBlock(shell.database.path, row.tag, false, shell.preview.section)) return false;
+    SectionModel& section = shell.preview.section;
+    if (!ReadSectionBlock(shell.database.path, PlaceOf(row), false, section)) return false;
     ShowSection();
     ResetMousePointer();
-    x_m = shell.preview.section.x_m;
+    x_m = section.x_m;
     return true;
 }
 

@@ -119,7 +119,7 @@ void ME_SectionExport_Click() {
     if (!RequireOtherFile(choice.path)) return;
     if (!RequireUnchanged(model)) return RefreshMainWindow();
     SetBusyPointer();
-    ExportCurrentSection(choice);
+    ExportSectionAt(PlaceOf(model), choice);
     ResetMousePointer();
 }
 

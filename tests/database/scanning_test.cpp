@@ -333,6 +333,80 @@ TEST_F(ScanningTest, BlockThatLostItsKeywordIsFoundByNumberAlone) {
     }
 }
 
+TEST_F(ScanningTest, CommentsBeforeAMarkerAreFoundHoweverManyAndLongTheyAre) {
+    for (const size_t length : {1u, 100u, 900u, 70'000u}) {
+        for (const int count : {1, 2, 30}) {
+            std::vector<SampleBlock> blocks = FiveBlocks();
+            for (int i = 0; i < count; ++i) {
+                blocks[3].beforeMarker += '*' + std::string(length, 'c') + "\r\n";
+            }
+            Write(DatabaseText(blocks));
+            TextReader reader;
+            ASSERT_TRUE(OpenText(reader, path));
+            std::string keyword;
+            ASSERT_TRUE(FindModel(reader, 4, keyword));
+            EXPECT_EQ(NextLines(reader, 1).front(), "* before the fourth")
+                << length << ' ' << count;
+        }
+    }
+}
+
+// ---- FindBlock ---------------------------------------------------------------------------------
+
+TEST_F(ScanningTest, BlockIsFoundWhereAListFoundIt) {
+    Write(DatabaseText(FiveBlocks()));
+    for (const ModelEntry& model : ListModels(path)) {
+        TextReader searched;
+        TextReader reader;
+        ASSERT_TRUE(OpenText(searched, path) && OpenText(reader, path));
+        std::string keyword;
+        std::string found;
+        ASSERT_TRUE(FindModel(searched, model.number, keyword));
+        ASSERT_TRUE(FindBlockAtPlace(reader, PlaceOf(model), found));
+        EXPECT_EQ(found, keyword);
+        EXPECT_EQ(LinePosition(reader), LinePosition(searched)) << model.number;
+        found = "OTHER";
+        EXPECT_FALSE(FindBlockAtPlace(reader, PlaceOf(model), found));
+        EXPECT_EQ(found, "OTHER");
+    }
+}
+
+TEST_F(ScanningTest, BlockThatIsNotAtItsPlaceIsSearched) {
+    Write(DatabaseText(FiveBlocks()));
+    const std::vector<ModelEntry> models = ListModels(path);
+    const BlockPlace right = PlaceOf(models[2]);
+    std::vector<BlockPlace> places(6, right);
+    places[0].offset = -1;
+    places[1].offset = models[1].offset;  // another model
+    places[2].offset += 1;                // no marker
+    places[3].offset = 1'000'000;         // beyond the end
+    places[4].stamp.modified += 1;
+    places[5].stamp.identity.file += 1;
+    for (const BlockPlace& place : places) {
+        TextReader reader;
+        ASSERT_TRUE(OpenText(reader, path));
+        std::string keyword;
+        EXPECT_FALSE(FindBlockAtPlace(reader, place, keyword)) << place.offset;
+        ASSERT_TRUE(FindBlock(reader, place, keyword)) << place.offset;
+        EXPECT_EQ(LinePosition(reader), right.offset);
+        EXPECT_EQ(keyword, "SECTION");
+    }
+}
+
+TEST_F(ScanningTest, NumberOfTwoBlocksHasNoPlace) {
+    std::vector<SampleBlock> blocks = FiveBlocks();
+    blocks[4].number = " 3 ";
+    Write(DatabaseText(blocks));
+    const std::vector<ModelEntry> models = ListModels(path);
+    EXPECT_EQ(PlaceOf(models[2]).offset, -1);
+    EXPECT_EQ(PlaceOf(models[4]).offset, -1);
+    EXPECT_EQ(PlaceOf(models[3]).offset, models[3].offset);
+    ModelEntry model;
+    EXPECT_FALSE(ReadModelAt(path, PlaceOf(models[4]), model));
+    ASSERT_TRUE(ReadModelAt(path, PlaceOf(models[3]), model));
+    EXPECT_EQ(model, models[3]);
+}
+
 TEST_F(ScanningTest, FindsTheLastModelOfManyBuffers) {
     std::string text = SampleHead();
     SampleBlock block;
