@@ -1,6 +1,7 @@
-// edit_model_tool delete|copy|click PATH NUMBER: deletes a model, copies it (a section), or reads
-// the section as a click on it does. Prints the microseconds that this took by the process's own
-// clock and, on the host, the most memory that the process held, in KiB.
+// edit_model_tool delete|delete_backup|copy|click PATH NUMBER: deletes a model, without a backup or
+// with one, copies it (a section, with a backup), or reads the section by its number. Prints the
+// microseconds that this took by the process's own clock and, on the host, the most memory that the
+// process held, in KiB.
 #include <cstdlib>
 #include <string_view>
 
@@ -13,6 +14,7 @@ namespace {
 
 bool Done(std::string_view edit, std::wstring path, int32_t number) {
     if (edit == "delete") return DeleteModel(path, number, false);
+    if (edit == "delete_backup") return DeleteModel(path, number, true);
     if (edit == "copy") return CopyModel(path, {number, ModelKind::kSection, L"Copy", {true}}) != 0;
     SectionModel section;
     return edit == "click" && ReadSectionBlock(path, number, true, section);
@@ -24,7 +26,7 @@ bool Done(std::string_view edit, std::wstring path, int32_t number) {
 int main(int count, char** arguments) {
     using namespace corvane;
     if (count != 4) {
-        std::fputs("edit_model_tool delete|copy|click PATH NUMBER\n", stderr);
+        std::fputs("edit_model_tool delete|delete_backup|copy|click PATH NUMBER\n", stderr);
         return 2;
     }
     bool done = false;

@@ -92,6 +92,7 @@ bool EditDatabase(std::wstring& path, const EditOptions& options, MessageNumber 
         rewrite.keepBackup = options.keepBackup;
         if (!OpenWritableDatabase(rewrite, path, options.ask)) return RewriteEnd::kFailed;
         ReportStatus(status, {path});
+        rewrite.progress.total *= 2;  // the numbers first
         if (!ReadNumbersOrReport(rewrite.reader, path, blocks)) return RewriteEnd::kFailed;
         if (write(rewrite, blocks)) return FinishRewrite(rewrite);
         AbandonRewrite(rewrite);

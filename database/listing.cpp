@@ -109,7 +109,10 @@ bool ReadListOnce(TextReader& reader, const std::wstring& path, Detail detail,
     system::FileStamp before;
     system::FileStamp after;
     system::GetFileStamp(reader.file, before);
+    Progress progress(before.size);
+    reader.progress = &progress;
     ReadEntries(reader, detail, before, entries);
+    reader.progress = nullptr;
     return system::GetFileStamp(path, after) == system::kErrorNone && before == after;
 }
 
@@ -121,14 +124,19 @@ bool IsBeingWritten(const std::wstring& path) {
     return error == system::kErrorSharingViolation || error == system::kErrorLockViolation;
 }
 
-std::vector<ModelEntry> ListEntries(const std::wstring& path, Detail detail) {
+bool ListEntries(const std::wstring& path, Detail detail, std::vector<ModelEntry>& entries) {
     constexpr int kMostAttempts = 3;
-    std::vector<ModelEntry> entries;
-    if (path.empty()) return entries;
+    entries.clear();
+    if (path.empty()) return true;
     bool isWhole = !IsBeingWritten(path);
     for (int attempt = 1;; ++attempt) {
         TextReader reader;
         const bool isUnchanged = ReadListOnce(reader, path, detail, entries);
+        if (reader.error == system::kErrorCancelled) {
+            ReportReadFault(reader, path);
+            entries.clear();
+            return false;
+        }
         if (!isUnchanged && attempt < kMostAttempts) continue;
         isWhole = isWhole && isUnchanged;
         ReportListFault(reader, path, !entries.empty());
@@ -138,7 +146,7 @@ std::vector<ModelEntry> ListEntries(const std::wstring& path, Detail detail) {
         break;
     }
     FindOwnNumbers(entries);
-    return entries;
+    return true;
 }
 
 }  // namespace
@@ -149,11 +157,23 @@ BlockPlace PlaceOf(const ModelEntry& model) {
 }
 
 std::vector<ModelEntry> ListModels(const std::wstring& path) {
-    return ListEntries(path, Detail::kNames);
+    std::vector<ModelEntry> models;
+    ListModels(path, models);
+    return models;
 }
 
 std::vector<ModelEntry> ListModelsWithPositions(const std::wstring& path) {
-    return ListEntries(path, Detail::kPositions);
+    std::vector<ModelEntry> models;
+    ListModelsWithPositions(path, models);
+    return models;
+}
+
+bool ListModels(const std::wstring& path, std::vector<ModelEntry>& models) {
+    return ListEntries(path, Detail::kNames, models);
+}
+
+bool ListModelsWithPositions(const std::wstring& path, std::vector<ModelEntry>& models) {
+    return ListEntries(path, Detail::kPositions, models);
 }
 
 bool ReadModelAt(const std::wstring& path, const BlockPlace& place, ModelEntry& model) {

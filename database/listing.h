@@ -34,6 +34,9 @@ BlockPlace PlaceOf(const ModelEntry& model);
 // to its end, this is reported, and the list has what was read. ListModels leaves x at -1.
 std::vector<ModelEntry> ListModels(const std::wstring& path);
 std::vector<ModelEntry> ListModelsWithPositions(const std::wstring& path);
+// The same. False, and no models, when the user has cancelled, which is noted in the status line.
+bool ListModels(const std::wstring& path, std::vector<ModelEntry>& models);
+bool ListModelsWithPositions(const std::wstring& path, std::vector<ModelEntry>& models);
 
 // Reads number, name and kind of the model at a place once more, and nothing but its block. False
 // where the place is not known, or the file is no longer what it was when the place was found.

@@ -6,6 +6,10 @@ namespace corvane {
 
 bool ReportReadFault(const TextReader& reader, const std::wstring& path) {
     if (reader.error == system::kErrorNone) return false;
+    if (reader.error == system::kErrorCancelled) {
+        ReportNote(kMsgReadingCancelled, {path});
+        return true;
+    }
     ReportMessage(kMsgFileNotRead, {path, system::ErrorText(reader.error)});
     return true;
 }

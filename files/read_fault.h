@@ -8,7 +8,7 @@
 namespace corvane {
 
 // Whether a read of this reader has failed, or the file could not be opened, which is then reported
-// (message 3509).
+// (message 3509); that the user has cancelled is noted in the status line (3731).
 bool ReportReadFault(const TextReader& reader, const std::wstring& path);
 
 // The programs that have a file open, for a message (3692, 3694): their names, or that the system

@@ -79,6 +79,8 @@ bool OpenOldText(Rewrite& rewrite, const std::wstring& path) {
     rewrite.isTargetThere = error == kErrorNone;
     AdoptFile(rewrite.reader, file);
     rewrite.reader.error = error;
+    rewrite.progress.total = rewrite.stamp.size;
+    rewrite.reader.progress = &rewrite.progress;
     return rewrite.isTargetThere;
 }
 
@@ -125,6 +127,7 @@ RewriteEnd FinishRewrite(Rewrite& rewrite) {
 }
 
 void ReportTextNotWritten(const std::wstring& target, ErrorNumber error) {
+    if (error == system::kErrorCancelled) return ReportNote(kMsgCancelled, {target});
     if (error != system::kErrorSharingViolation && error != system::kErrorLockViolation) {
         ReportMessage(kMsgTextNotWritten, {target, ErrorText(error)});
         return;

@@ -18,6 +18,7 @@ namespace corvane {
 struct Rewrite {
     std::wstring target;      // absolute; where a symbolic link leads
     bool keepBackup = false;  // set it before FinishRewrite
+    Progress progress;        // of reading the old text once
     TextReader reader;        // the old text; not open where it is not read
     TextWriter writer;        // the new text
     std::wstring newText;     // the file beside the target that the writer fills

@@ -18,6 +18,19 @@ std::string_view WithoutReturn(const char* begin, const char* end) {
     return {begin, static_cast<size_t>(end - begin)};
 }
 
+// Reads bytes to a place in the buffer; how many, 0 at the end, after a failure, and when the user
+// has cancelled.
+size_t ReadMore(TextReader& reader, size_t place, size_t most) {
+    size_t count = 0;
+    reader.error = system::ReadBytes(reader.file, reader.buffer.get() + place, most, count);
+    if (reader.error != system::kErrorNone) return 0;
+    if (reader.progress == nullptr || Advance(*reader.progress, static_cast<int64_t>(count))) {
+        return count;
+    }
+    reader.error = system::kErrorCancelled;
+    return 0;
+}
+
 // Moves the unread bytes to the buffer's front and reads after them. False when nothing came.
 bool Refill(TextReader& reader) {
     if (reader.atEnd) return false;
@@ -27,10 +40,8 @@ bool Refill(TextReader& reader) {
     reader.bufferOffset += static_cast<int64_t>(reader.next);
     reader.first = reader.next = 0;
     reader.end = unread;
-    size_t count = 0;
-    reader.error = system::ReadBytes(reader.file, reader.buffer.get() + unread,
-                                     std::min(reader.readSize, kTextBufferSize - unread), count);
-    if (reader.error != system::kErrorNone) count = 0;
+    const size_t count =
+        ReadMore(reader, unread, std::min(reader.readSize, kTextBufferSize - unread));
     reader.end += count;
     reader.atEnd = count == 0;
     return count != 0;
@@ -51,10 +62,7 @@ std::string_view CutLine(TextReader& reader) {
             break;
         }
         reader.bufferOffset += static_cast<int64_t>(reader.end - kLongestLine);
-        size_t count = 0;
-        reader.error = system::ReadBytes(reader.file, buffer + kLongestLine,
-                                         kTextBufferSize - kLongestLine, count);
-        if (reader.error != system::kErrorNone) count = 0;
+        const size_t count = ReadMore(reader, kLongestLine, kTextBufferSize - kLongestLine);
         reader.next = kLongestLine;
         reader.end = kLongestLine + count;
         if (count == 0) {

@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 
+#include "files/progress.h"
 #include "platform/system.h"
 
 namespace corvane {
@@ -42,8 +43,10 @@ struct TextReader {
     size_t end = 0;
     int64_t bufferOffset = 0;
     size_t readSize = kTextBufferSize;  // bytes that are asked of the file at once, at most these
+    Progress* progress = nullptr;       // of the operation that reads, if it shows itself
     bool atEnd = false;                 // the file has no bytes after `end`
-    system::ErrorNumber error = system::kErrorNone;  // of the first read that failed
+    // Of the first read that failed; kErrorCancelled after one that the user did not want.
+    system::ErrorNumber error = system::kErrorNone;
 
     TextReader() = default;
     ~TextReader() { system::CloseFile(file); }

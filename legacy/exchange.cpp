@@ -11,6 +11,7 @@
 #include "database/scanning.h"
 #include "database/section_block.h"
 #include "files/file_system.h"
+#include "files/progress.h"
 #include "legacy/section_from_legacy.h"
 #include "legacy/section_to_legacy.h"
 #include "platform/system.h"
@@ -132,7 +133,14 @@ bool ReadSectionOf(const ModelEntry& entry, const std::wstring& source, SectionM
 
 bool ExportSections(const std::wstring& source, DatabaseExport& work) {
     int16_t number = 0;
-    for (const ModelEntry& entry : ListModels(source)) {
+    std::vector<ModelEntry> models;
+    if (!ListModels(source, models)) return false;
+    Progress progress(static_cast<int64_t>(models.size()));
+    for (const ModelEntry& entry : models) {
+        if (!Advance(progress, 1)) {
+            ReportNote(kMsgCancelled, {work.target.shown});
+            return false;
+        }
         if (entry.kind != ModelKind::kSection) continue;
         SectionModel section;
         if (!ReadSectionOf(entry, source, section)) {

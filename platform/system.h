@@ -33,6 +33,8 @@ inline constexpr ErrorNumber kErrorProcedureNotFound = 127;
 // A file is no longer the one that was looked at.
 inline constexpr ErrorNumber kErrorFileChanged = 1006;
 inline constexpr ErrorNumber kErrorIoDevice = 1117;
+// The user does not want what was begun.
+inline constexpr ErrorNumber kErrorCancelled = 1223;
 
 // The system's description of an error, without a line end: "Access is denied."
 std::wstring ErrorText(ErrorNumber error);

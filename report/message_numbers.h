@@ -223,7 +223,9 @@
     X(kMsgOtherLinks, 3691)             \
     X(kMsgHeldByProgram, 3692)          \
     X(kMsgAnotherProgram, 3693)         \
-    X(kMsgBeingWritten, 3694)
+    X(kMsgBeingWritten, 3694)           \
+    X(kMsgCancelled, 3730)              \
+    X(kMsgReadingCancelled, 3731)
 
 namespace corvane {
 

@@ -18,6 +18,7 @@ void ReportText(const std::wstring& message, MessageArguments arguments) {
     reportView.processPendingMessages();
     FlagStatusFailed(text);
     reportView.unloadSplash();
+    reportView.showProgress(kNoProgress);
     ShowWarning(SubstituteArguments(ExpandLineBreaks(message), arguments));
 }
 

@@ -13,6 +13,9 @@
 
 namespace corvane {
 
+// That no operation shows how far it is.
+inline constexpr int kNoProgress = -1;
+
 enum class StatusColour { kButtonText, kRed };
 
 // What the screen does for the reporters. Whoever has a screen fills the record in at start; a
@@ -34,6 +37,9 @@ struct ReportView {
     void (*resetPointer)() = [] {};
     // Handles the window messages that wait, once.
     void (*processPendingMessages)() = [] {};
+    // How far an operation that takes long is, in per cent, and whether the user cancels it;
+    // kNoProgress: it has ended, or a box comes before it goes on.
+    bool (*showProgress)(int percent) = [](int) { return false; };
     // Takes the splash window away, which would hide a box; harmless without one.
     void (*unloadSplash)() = [] {};
 

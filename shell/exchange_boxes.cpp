@@ -22,8 +22,11 @@ std::vector<ModelEntry> ListLegacy(const std::wstring& path) {
     return sections;
 }
 
-std::vector<ModelEntry> ListDatabase(const std::wstring& path) {
-    return RequireDatabaseFile(path) ? ListModels(path) : std::vector<ModelEntry>();
+// False when the user cancelled.
+bool ListFile(const std::wstring& path, std::vector<ModelEntry>& models) {
+    if (!IsLegacyDatabase(path)) return !RequireDatabaseFile(path) || ListModels(path, models);
+    models = ListLegacy(path);
+    return true;
 }
 
 bool ReadFromLegacy(const std::wstring& path, int32_t slot, SectionModel& section,
@@ -37,8 +40,9 @@ bool ReadFromLegacy(const std::wstring& path, int32_t slot, SectionModel& sectio
 bool ReadFromDatabase(const std::wstring& path, const BlockPlace& place, SectionModel& section,
                       BasicShipData& bsd) {
     ModelEntry model;
+    std::vector<ModelEntry> models;
     if (!ReadModelAt(path, place, model) &&
-        !RequireModel(ListModels(path), place.number, path, model)) {
+        !(ListModels(path, models) && RequireModel(models, place.number, path, model))) {
         return false;
     }
     if (!ReadSectionBlock(path, PlaceOf(model), false, section)) return false;
@@ -61,17 +65,25 @@ bool IsLegacyDatabase(const std::wstring& path) {
 
 std::vector<ExchangeItem> ListForExchange(const std::wstring& path) {
     std::vector<ExchangeItem> items;
+    ListForExchange(path, items);
+    return items;
+}
+
+bool ListForExchange(const std::wstring& path, std::vector<ExchangeItem>& items) {
+    items.clear();
     if (!FileExists(path)) {
         ReportMessage(kMsgFileMissing, {path});
-        return items;
+        return true;
     }
     const bool isLegacy = IsLegacyDatabase(path);
-    for (const ModelEntry& model : isLegacy ? ListLegacy(path) : ListDatabase(path)) {
+    std::vector<ModelEntry> models;
+    if (!ListFile(path, models)) return false;
+    for (const ModelEntry& model : models) {
         const int32_t number = isLegacy ? static_cast<int32_t>(items.size() + 1) : model.number;
         items.push_back(
             {model.name + FactsOf(model.kind).exchangeSuffix, number, model.kind, PlaceOf(model)});
     }
-    return items;
+    return true;
 }
 
 ExchangeList ListOfFile(const std::wstring& path) {
@@ -79,7 +91,11 @@ ExchangeList ListOfFile(const std::wstring& path) {
     if (IsDatabaseOpen() && IsSameFile(path, shell.database.path)) {
         return {{}, GetMessage(kMsgOpenDatabaseChosen)};
     }
-    ExchangeList list{ListForExchange(path), {}};
+    ExchangeList list;
+    if (!ListForExchange(path, list.items)) {
+        list.hint = FormatMessage(kMsgReadingCancelled, {path});
+        return list;
+    }
     if (list.items.empty()) list.hint = L"No Section neither bulkead";
     if (IsLegacyDatabase(path)) ReportSectionsNotListed(path, list.items.size());
     return list;

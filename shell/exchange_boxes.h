@@ -49,6 +49,8 @@ bool IsLegacyDatabase(const std::wstring& path);
 // " (bulkhead)" and " (torsion)" after the names of those that are not sections. What cannot be
 // read is reported; the list is empty then.
 std::vector<ExchangeItem> ListForExchange(const std::wstring& path);
+// The same; false when the user has cancelled, which is noted in the status line.
+bool ListForExchange(const std::wstring& path, std::vector<ExchangeItem>& items);
 
 // What LI_Sections shows of a file: its items, or why there are none.
 struct ExchangeList {

@@ -4,6 +4,7 @@
 #include "database/editing.h"
 #include "files/file_system.h"
 #include "files/paths.h"
+#include "files/progress.h"
 #include "legacy/exchange.h"
 #include "platform/system.h"
 #include "report/reporters.h"
@@ -45,22 +46,35 @@ bool ConfirmListed(const std::wstring& legacyPath, size_t listed, ExchangeLosses
         ExpandLineBreaks(FormatMessage(kMsgMoreSectionsQuestion, {legacyPath, count, shown})));
 }
 
+// A conversion on its way.
+struct Conversion {
+    const std::wstring& source;
+    ExchangeLosses losses = {};
+    Progress progress{};
+};
+
 // Appends the sections to a database that has no model.
-bool AppendSections(const std::wstring& legacyPath, std::wstring& path, ExchangeLosses& losses) {
+bool AppendSections(Conversion& conversion, std::wstring& path) {
+    const std::wstring& legacyPath = conversion.source;
     int16_t status = 0;
     const std::vector<ModelEntry> list = ListLegacySections(legacyPath, status);
     if (!RequireLegacyRead(legacyPath, status)) return false;
-    if (!ConfirmListed(legacyPath, list.size(), losses)) return false;
+    if (!ConfirmListed(legacyPath, list.size(), conversion.losses)) return false;
+    conversion.progress.total = static_cast<int64_t>(list.size());
     for (int16_t number = 1; static_cast<size_t>(number) <= list.size(); ++number) {
         SectionModel section;
-        if (!ImportSection(legacyPath, number, section, losses)) return false;
+        if (!Advance(conversion.progress, 1) ||
+            !ImportSection(legacyPath, number, section, conversion.losses)) {
+            return false;
+        }
         if (!ReplaceSection(path, section, number)) return false;
     }
     return RequireAllRead(legacyPath);
 }
 
 // The new database, without its losses reported. False when there is none, which has been reported.
-bool Convert(const std::wstring& legacyPath, ExchangeLosses& losses) {
+bool Convert(Conversion& conversion) {
+    const std::wstring& legacyPath = conversion.source;
     BasicShipData bsd;
     if (!RequireLegacyRead(legacyPath, LoadBsdFromLegacy(legacyPath, bsd))) return false;
     const std::wstring baseName = NewBaseName(legacyPath);
@@ -69,7 +83,7 @@ bool Convert(const std::wstring& legacyPath, ExchangeLosses& losses) {
     const std::wstring path = system::AbsolutePath(baseName + L".ve2");
     if (!ConfirmWriting(path)) return false;
     const bool isWritten = MakeFile(path, [&](std::wstring temporary) {
-        return CreateDatabaseFile(temporary, bsd) && AppendSections(legacyPath, temporary, losses);
+        return CreateDatabaseFile(temporary, bsd) && AppendSections(conversion, temporary);
     });
     if (isWritten) AdoptDatabase(LowerCase(path), bsd);
     return isWritten;
@@ -92,12 +106,13 @@ void OpenLegacyDatabase(std::wstring path) {
     ChangeToDirectory(DirectoryOf(path));
     SetBusyPointer();
     shell.settings.BrowseDirectory = DirectoryOf(path);
-    ExchangeLosses losses;
-    const bool isConverted = Convert(path, losses);
+    Conversion conversion{.source = path};
+    const bool isConverted = Convert(conversion);
     ChangeToDirectory(remembered);
     ResetMousePointer();
     RefreshMainWindow();
-    if (isConverted) ReportLosses(path, losses);
+    if (isConverted) ReportLosses(path, conversion.losses);
+    if (conversion.progress.isCancelled) ReportNote(kMsgReadingCancelled, {path});
 }
 
 bool SaveAsLegacyDatabase(const std::wstring& path) {

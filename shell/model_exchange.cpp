@@ -12,6 +12,7 @@
 #include "database/scanning.h"
 #include "database/section_block.h"
 #include "files/file_system.h"
+#include "files/progress.h"
 #include "legacy/exchange.h"
 #include "platform/ztvelk32.h"
 #include "report/reporters.h"
@@ -62,7 +63,8 @@ AppendResult AppendItem(Import& import, const ExchangeItem& item) {
 
 // Whether the file still has what the user chose; reported when not.
 bool RequireStillThere(const ImportChoice& choice) {
-    const std::vector<ExchangeItem> items = ListForExchange(choice.path);
+    std::vector<ExchangeItem> items;
+    if (!ListForExchange(choice.path, items)) return false;
     const bool areThere =
         std::all_of(choice.items.begin(), choice.items.end(), [&items](const ExchangeItem& chosen) {
             return std::find(items.begin(), items.end(), chosen) != items.end();
@@ -107,10 +109,12 @@ void ImportModels(const ImportChoice& choice) {
     if (choice.items.empty() || !RequireStillThere(choice)) return;
     Import import;
     import.source = choice.path;
-    if (!IsLegacyDatabase(choice.path)) import.models = ListModels(choice.path);
+    if (!IsLegacyDatabase(choice.path) && !ListModels(choice.path, import.models)) return;
     import.path = shell.database.path;
+    Progress progress(static_cast<int64_t>(choice.items.size()));
     for (const ExchangeItem& item : choice.items) {
-        const AppendResult result = AppendItem(import, item);
+        const AppendResult result =
+            Advance(progress, 1) ? AppendItem(import, item) : AppendResult::kNotWritten;
         if (result == AppendResult::kAppended) ++import.appended;
         if (result == AppendResult::kNoSource) {
             NoteLoss(import.losses.whole, kMsgModelLeftOut, {item.text});
@@ -121,7 +125,10 @@ void ImportModels(const ImportChoice& choice) {
             break;
         }
     }
-    if (import.appended == 0) return;
+    if (import.appended == 0) {
+        if (progress.isCancelled) ReportNote(kMsgCancelled, {import.path});
+        return;
+    }
     if (import.path != shell.database.path) ContinueInWritableFile(import.path);
     SelectLastModelNext();
     RefreshMainWindow();

@@ -54,11 +54,19 @@ std::span<const ModelColumn> ModelColumns() {
 }
 
 std::vector<ModelRow> FillModelList(const std::wstring& path) {
-    ReportStatus(kMsgReadingModels, {path});
     std::vector<ModelRow> rows;
-    for (const ModelEntry& model : ListModelsWithPositions(path)) rows.push_back(RowOf(model));
-    ShowStatus(L"");
+    FillModelList(path, rows);
     return rows;
+}
+
+bool FillModelList(const std::wstring& path, std::vector<ModelRow>& rows) {
+    ReportStatus(kMsgReadingModels, {path});
+    std::vector<ModelEntry> models;
+    if (!ListModelsWithPositions(path, models)) return false;
+    rows.clear();
+    for (const ModelEntry& model : models) rows.push_back(RowOf(model));
+    ShowStatus(L"");
+    return true;
 }
 
 }  // namespace corvane

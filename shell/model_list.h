@@ -44,5 +44,8 @@ std::span<const ModelColumn> ModelColumns();
 // Reads the models of a database, in file order, with status message 621 meanwhile. A read fault is
 // reported; the list has the models before it.
 std::vector<ModelRow> FillModelList(const std::wstring& path);
+// The same. False, and the rows as they were, when the user has cancelled, which is noted in the
+// status line.
+bool FillModelList(const std::wstring& path, std::vector<ModelRow>& rows);
 
 }  // namespace corvane

@@ -1,6 +1,7 @@
 #include "shell/open_database.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "bsd/bsd_file.h"
 #include "database/scanning.h"
@@ -31,12 +32,11 @@ std::vector<ModelRow>::const_iterator CurrentRow(const OpenDatabase& database) {
     return std::ranges::find(database.rows, database.currentModel, &ModelRow::tag);
 }
 
-// Lists the models and selects the current one, when there is such a row; the first one, when there
-// was no current one.
+// Shows the rows and selects the current model's, when there is such a row; the first one, when
+// there was no current model.
 void ShowModels() {
     OpenDatabase& database = shell.database;
     shell.view.setDatabaseText(database.path);
-    database.rows = FillModelList(database.path);
     if (database.currentModel == 0) {
         database.currentModel = database.rows.empty() ? 1 : database.rows.front().tag;
     }
@@ -51,12 +51,39 @@ void ShowModels() {
     ShowModel(*current);
 }
 
+// Lists the models again. When the user cancels, the list stays as it was; without one, no database
+// is open.
+bool ListModelsAgain() {
+    OpenDatabase& database = shell.database;
+    if (FillModelList(database.path, database.rows)) {
+        database.isListed = true;
+        return true;
+    }
+    if (database.isListed) return false;
+    database = OpenDatabase();
+    return false;
+}
+
 void ShowNoDatabase() {
     shell.view.setDatabaseText(L"No database selected");
     shell.database.rows.clear();
     shell.view.setRows({});
     shell.view.selectRow(-1);
     DeselectModel();
+}
+
+// What the window shows of the state as it is.
+void ShowWholeWindow() {
+    if (IsDatabaseOpen()) {
+        ShowModels();
+    } else {
+        ShowNoDatabase();
+    }
+    shell.view.setMainCaption(MainWindowCaption());
+    shell.view.updateEnabling();
+    ShowNextStep();
+    if (IsRowSelected()) shell.view.focusList();
+    ResetMousePointer();
 }
 
 }  // namespace
@@ -69,7 +96,18 @@ void AdoptDatabase(const std::wstring& path, const BasicShipData& bsd) {
     shell.database.path = path;
     shell.database.bsd = bsd;
     shell.database.currentModel = 0;
+    shell.database.rows.clear();
+    shell.database.isListed = false;
     shell.preview = PreviewPane();
+}
+
+void ShowDatabase(const std::wstring& path, const BasicShipData& bsd) {
+    std::vector<ModelRow> rows;
+    if (!FillModelList(path, rows)) return ResetMousePointer();
+    AdoptDatabase(path, bsd);
+    shell.database.rows = std::move(rows);
+    shell.database.isListed = true;
+    ShowWholeWindow();
 }
 
 void LoadDatabase(const std::wstring& path) {
@@ -112,16 +150,10 @@ void SelectLastModelNext() {
 }
 
 void RefreshMainWindow() {
-    if (IsDatabaseOpen()) {
-        ShowModels();
-    } else {
-        ShowNoDatabase();
-    }
-    shell.view.setMainCaption(MainWindowCaption());
-    shell.view.updateEnabling();
-    ShowNextStep();
-    if (IsRowSelected()) shell.view.focusList();
-    ResetMousePointer();
+    const bool isCancelled = IsDatabaseOpen() && !ListModelsAgain();
+    const std::wstring note = isCancelled ? reportView.statusCaption() : std::wstring();
+    ShowWholeWindow();
+    if (isCancelled) ShowNote(note);
 }
 
 void ShowNextStep() {
@@ -204,7 +236,8 @@ bool RequireCurrentModel(ModelEntry& model) {
     const int32_t number = shell.database.currentModel;
     const auto row = CurrentRow(shell.database);
     if (row != shell.database.rows.end() && ReadModelAt(path, PlaceOf(*row), model)) return true;
-    const std::vector<ModelEntry> models = ListModels(path);
+    std::vector<ModelEntry> models;
+    if (!ListModels(path, models)) return false;
     if (std::ranges::find(models, number, &ModelEntry::number) != models.end()) {
         return RequireModel(models, number, path, model);
     }

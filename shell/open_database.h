@@ -20,6 +20,7 @@ struct OpenDatabase {
     std::wstring path;           // absolute; empty: no database is open
     BasicShipData bsd;           // its ship record; fresh where the file has none
     std::vector<ModelRow> rows;  // as RefreshMainWindow listed them last
+    bool isListed = false;       // whether the rows are those of this database
     // Number of the selected model, that of its block; 0 none yet. It stays when no row is
     // selected: after the last model was deleted no row has it.
     int32_t currentModel = 0;
@@ -34,7 +35,9 @@ bool IsDatabaseOpen();
 // Makes a database the open one, with its first model as the current one. The window shows it at
 // the next RefreshMainWindow.
 void AdoptDatabase(const std::wstring& path, const BasicShipData& bsd);
-// The same, with the ship record that the file has.
+// The same, and shows it. When the user cancels the listing of its models, what was open stays so.
+void ShowDatabase(const std::wstring& path, const BasicShipData& bsd);
+// AdoptDatabase with the ship record that the file has.
 void LoadDatabase(const std::wstring& path);
 
 // A byte-for-byte copy of the open database becomes the open one.
@@ -54,7 +57,8 @@ void SelectLastModelNext();
 // ---- The window's view of it -------------------------------------------------------------------
 
 // Rebuilds everything that the window shows from the file and the state of the process. The current
-// model's row is selected when there is one, as by a click.
+// model's row is selected when there is one, as by a click. When the user cancels, the list stays
+// as it was; that of a database that was not shown yet is not opened.
 void RefreshMainWindow();
 
 // The status line between two commands: what is to be done next while there is no database or no

@@ -36,12 +36,6 @@ std::wstring TypesToOpen() {
     return word + L" (*.ve2;*.vew)|*.ve2;*.vew|" + GetMessage(kMsgLegacyFiles);
 }
 
-// Shows a database whose data are in `bsd`.
-void ShowOpened(const std::wstring& path, const BasicShipData& bsd) {
-    AdoptDatabase(path, bsd);
-    RefreshMainWindow();
-}
-
 // Offers the copy of a database with the older extension. `path` becomes the copy's, and the
 // ship's name in the copy and in `bsd` its folder's. False when the user cancelled, or the copy
 // failed.
@@ -69,7 +63,7 @@ void Open(std::wstring path) {
     const bool hasBsd = LoadBsdFromDatabase(path, bsd);
     if (!hasBsd && !IsDatabaseFile(path)) return;
     if (FileExtension(path) == kOldExtension && !OfferCopy(path, bsd)) return;
-    ShowOpened(path, bsd);
+    ShowDatabase(path, bsd);
 }
 
 }  // namespace
@@ -84,7 +78,7 @@ void ME_FileNew_Click() {
     BasicShipData bsd = NewBasicShipData(UpperCase(BaseNameOf(path)));
     const bool isMade = MakeFile(
         path, [&bsd](const std::wstring& temporary) { return CreateDatabaseFile(temporary, bsd); });
-    if (isMade) ShowOpened(path, bsd);
+    if (isMade) ShowDatabase(path, bsd);
 }
 
 void ME_FileOpen_Click() {

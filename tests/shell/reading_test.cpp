@@ -17,7 +17,7 @@
 #include "tests/shell/command_support.h"
 #include "tests/shell/fake_view.h"
 #include "tests/support/chance.h"
-#include "tests/support/counted_reads.h"
+#include "tests/support/wrapped_system.h"
 
 namespace corvane {
 namespace {

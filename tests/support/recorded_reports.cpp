@@ -11,12 +11,15 @@ std::vector<std::string> RecordedReports::events;
 std::wstring RecordedReports::caption;
 std::wstring RecordedReports::tag;
 bool RecordedReports::debugMode = false;
+int RecordedReports::cancelAt = 0;
+int RecordedReports::timesShown = 0;
 
 RecordedReports::RecordedReports() : before(std::exchange(reportView, View())) {
     events.clear();
     caption.clear();
     tag = L"-1";
     debugMode = false;
+    cancelAt = timesShown = 0;
 }
 
 RecordedReports::~RecordedReports() {
@@ -60,6 +63,11 @@ ReportView RecordedReports::View() {
     view.resetPointer = [] { Record("pointer reset"); };
     view.processPendingMessages = [] { Record("pending"); };
     view.unloadSplash = [] { Record("splash unload"); };
+    view.showProgress = [](int percent) {
+        if (percent == kNoProgress) return false;
+        Record("progress " + std::to_string(percent));
+        return ++timesShown == cancelAt;
+    };
     view.isDebugMode = [] { return debugMode; };
     return view;
 }

@@ -21,6 +21,10 @@ struct RecordedReports {
     static std::wstring caption;
     static std::wstring tag;
     static bool debugMode;
+    // At which of the times that the progress of an operation is shown the user cancels it; 0:
+    // never. How often it has been shown.
+    static int cancelAt;
+    static int timesShown;
     // All events that begin with `word`, without it and the blank after it.
     static std::vector<std::string> Of(std::string_view word);
     static bool Happened(std::string_view event);

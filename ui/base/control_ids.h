@@ -53,6 +53,9 @@ enum ControlId : int {
     TX_Name,
     BT_Browse,
     LB_Service,
+    // The box of a long operation.
+    LB_Progress = 1400,
+    PB_Progress,
 };
 
 inline constexpr int kRuleSetCount = 3;
@@ -66,5 +69,6 @@ inline constexpr wchar_t kAboutClass[] = L"FM_About";
 inline constexpr wchar_t kInputBoxClass[] = L"InputBox";
 inline constexpr wchar_t kExportBoxClass[] = L"FM_Export";
 inline constexpr wchar_t kImportBoxClass[] = L"FM_Inport";
+inline constexpr wchar_t kProgressClass[] = L"Progress";
 
 }  // namespace corvane

@@ -8,6 +8,7 @@
 #include "ui/dialogs/export_box.h"
 #include "ui/dialogs/import_box.h"
 #include "ui/dialogs/input_box.h"
+#include "ui/dialogs/progress_box.h"
 #include "ui/dialogs/splash.h"
 #include "ui/main_window/main_window_view.h"
 #include "ui/main_window/running_instance.h"
@@ -58,6 +59,7 @@ View WindowsView() {
     view.report.showPlainBox = ShowPlainBox;
     view.report.processPendingMessages = ProcessPendingMessages;
     view.report.unloadSplash = UnloadSplash;
+    view.report.showProgress = ShowProgress;
     view.askYesNo = AskYesNo;
     view.askIrreversible = AskIrreversible;
     view.askOkCancel = AskOkCancel;

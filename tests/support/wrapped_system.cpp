@@ -1,4 +1,4 @@
-#include "tests/support/counted_reads.h"
+#include "tests/support/wrapped_system.h"
 
 #include "platform/system.h"
 
@@ -8,11 +8,12 @@ using corvane::system::File;
 namespace {
 
 int64_t readSoFar = 0;
+bool isSlow = false;
+int64_t passed_ms = 0;
 
 }  // namespace
 
-// The names that the linker gives to ReadBytes and to what is called instead of it; the names of
-// the procedure itself are different on each system.
+// The names that the linker gives to the two procedures and to what is called instead of them.
 extern "C" {
 ErrorNumber CORVANE_REAL_READ_BYTES(File file, void* bytes, size_t most, size_t& count);
 
@@ -20,6 +21,14 @@ ErrorNumber CORVANE_WRAPPED_READ_BYTES(File file, void* bytes, size_t most, size
     const ErrorNumber error = CORVANE_REAL_READ_BYTES(file, bytes, most, count);
     readSoFar += static_cast<int64_t>(count);
     return error;
+}
+
+int64_t CORVANE_REAL_MILLISECONDS();
+
+int64_t CORVANE_WRAPPED_MILLISECONDS() {
+    constexpr int64_t kSecond_ms = 1000;
+    if (isSlow) passed_ms += kSecond_ms;
+    return CORVANE_REAL_MILLISECONDS() + passed_ms;
 }
 }
 
@@ -29,6 +38,14 @@ CountedReads::CountedReads() : before(readSoFar) {}
 
 int64_t CountedReads::Bytes() const {
     return readSoFar - before;
+}
+
+SlowSystem::SlowSystem() {
+    isSlow = true;
+}
+
+SlowSystem::~SlowSystem() {
+    isSlow = false;
 }
 
 }  // namespace corvane::test
