@@ -47,7 +47,7 @@ void AddControls(HWND box, HFONT font) {
     AddControl(box, {LB_Progress, WC_STATICW, L"", WS_VISIBLE | SS_LEFT | SS_NOPREFIX});
     AddControl(box, {PB_Progress, PROGRESS_CLASSW, L"", WS_VISIBLE | PBS_SMOOTH});
     AddControl(box, {IDCANCEL, WC_BUTTONW, L"Cancel", WS_VISIBLE | WS_TABSTOP | BS_DEFPUSHBUTTON});
-    for (const int id : {LB_Progress, PB_Progress, static_cast<int>(IDCANCEL)}) {
+    for (const int id : {int{LB_Progress}, int{PB_Progress}, IDCANCEL}) {
         SendDlgItemMessageW(box, id, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
     }
 }
