@@ -1,30 +1,22 @@
 #include "files/file_system.h"
 
-#include <array>
 #include <memory>
 
 #include "files/paths.h"
+#include "platform/patience.h"
 #include "report/reporters.h"
 #include "text/text.h"
 
 namespace corvane {
 namespace {
 
+using system::CallPatiently;
 using system::ErrorNumber;
+using system::IsHeldByAnother;
+using system::IsLocked;
 using system::kErrorNone;
 
 constexpr size_t kCopyBufferSize = 64 * 1024;
-
-// Pauses between the attempts at a file that another program holds: a second in all.
-constexpr std::array kDelays_ms = {10, 30, 60, 120, 240, 540};
-
-bool IsLocked(ErrorNumber error) {
-    return error == system::kErrorSharingViolation || error == system::kErrorLockViolation;
-}
-
-bool IsHeldByAnother(ErrorNumber error) {
-    return error == system::kErrorAccessDenied || IsLocked(error);
-}
 
 ErrorNumber CopyOpenFile(system::File from, system::File to) {
     const auto buffer = std::make_unique<char[]>(kCopyBufferSize);
@@ -58,18 +50,6 @@ ErrorNumber CopyBeside(const std::wstring& temporary, const std::wstring& target
     error = system::NewTemporaryName(DirectoryOf(target), kTemporaryPrefix, copy);
     if (error == kErrorNone) error = CopyToDisk(source, copy);
     system::CloseFile(source);
-    return error;
-}
-
-// Calls again, after a pause, as long as the error is one of those that may pass.
-template <class Call>
-ErrorNumber CallPatiently(bool (*mayPass)(ErrorNumber), Call call) {
-    ErrorNumber error = call();
-    for (const int delay : kDelays_ms) {
-        if (!mayPass(error)) break;
-        system::SleepFor(delay);
-        error = call();
-    }
     return error;
 }
 

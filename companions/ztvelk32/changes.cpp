@@ -6,20 +6,24 @@
 namespace corvane::ztvelk32 {
 namespace {
 
-bool IsUntouched(const Changes& changes, const system::FileStatus& now) {
-    return now.exists && now.size == changes.read.size && now.modified == changes.read.modified;
-}
-
-bool GetStatus(const std::wstring& path, system::FileStatus& status) {
-    return system::GetFileStatus(path, status) == system::kErrorNone;
+int16_t WriteWhole(Changes& changes, const std::wstring& path, const system::FileStamp* old) {
+    std::wstring leftOver;
+    const int16_t status = WriteDatabase(path, changes.database, old, leftOver);
+    if (!leftOver.empty()) changes.leftOver.push_back(leftOver);
+    return status;
 }
 
 int16_t Write(Changes& changes) {
     system::FileStatus now;
-    if (!GetStatus(changes.path, now)) return kLegacyNotWritten;
-    if (!now.exists) return kLegacyDone;
-    if (!IsUntouched(changes, now)) return kLegacyNotWritten;
-    return WriteDatabase(changes.path, changes.database);
+    if (system::GetFileStatus(changes.path, now) != system::kErrorNone) return kLegacyNotWritten;
+    return now.exists ? WriteWhole(changes, changes.path, &changes.read) : kLegacyDone;
+}
+
+void RemoveLeftOver(Changes& changes) {
+    std::erase_if(changes.leftOver, [](const std::wstring& file) {
+        const system::ErrorNumber error = system::RemoveFile(file);
+        return error == system::kErrorNone || error == system::kErrorFileNotFound;
+    });
 }
 
 }  // namespace
@@ -27,6 +31,7 @@ int16_t Write(Changes& changes) {
 Changes::~Changes() {
     try {
         if (isChanged) Write(*this);
+        RemoveLeftOver(*this);
     } catch (const std::bad_alloc&) {
         // The file is as it was.
         isChanged = false;
@@ -46,14 +51,19 @@ void DropChanges() {
     changes.unnamed = 0;
 }
 
+void RemoveLeftOver() {
+    RemoveLeftOver(Kept());
+}
+
 int16_t MakeDatabase(const std::wstring& path) {
     Changes& changes = Kept();
     const std::wstring target = system::AbsolutePath(path);
     if (changes.path == target) DropChanges();
     int16_t status = WriteChanges();
     if (status != kLegacyDone) return status;
-    status = WriteDatabase(target, changes.database);
-    if (status != kLegacyDone || !GetStatus(target, changes.read)) return status;
+    status = WriteWhole(changes, target, nullptr);
+    if (status != kLegacyDone) return status;
+    if (system::GetFileStamp(target, changes.read) != system::kErrorNone) return status;
     changes.path = target;
     changes.isNew = true;
     return status;
@@ -62,19 +72,25 @@ int16_t MakeDatabase(const std::wstring& path) {
 int16_t OpenForChange(const std::wstring& path) {
     Changes& changes = Kept();
     const std::wstring target = system::AbsolutePath(path);
-    system::FileStatus now;
-    if (!GetStatus(target, now) || !now.exists) return kLegacyFileMissing;
-    if (changes.path == target && IsUntouched(changes, now)) {
-        if (now.isReadOnly) DropChanges();
-        return now.isReadOnly ? kLegacyNotWritten : kLegacyDone;
+    system::FileStatus status;
+    if (system::GetFileStatus(target, status) != system::kErrorNone || !status.exists ||
+        status.isDirectory) {
+        return kLegacyFileMissing;
     }
-    int16_t status = WriteChanges();
-    if (status != kLegacyDone) return status;
-    status = ReadDatabase(target, changes.database);
-    if (status != kLegacyDone) return status;
-    if (now.isReadOnly) return kLegacyNotWritten;
+    system::FileStamp now;
+    if (changes.path == target && system::GetFileStamp(target, now) == system::kErrorNone &&
+        now == changes.read) {
+        if (status.isReadOnly) DropChanges();
+        return status.isReadOnly ? kLegacyNotWritten : kLegacyDone;
+    }
+    const int16_t written = WriteChanges();
+    if (written != kLegacyDone) return written;
+    const int16_t read = ReadForChange(target, changes.database, changes.read);
+    // It is there, and another program lets nobody open it.
+    if (read == kLegacyFileMissing) return kLegacyNotWritten;
+    if (read != kLegacyDone) return read;
+    if (status.isReadOnly) return kLegacyNotWritten;
     changes.path = target;
-    changes.read = now;
     return kLegacyDone;
 }
 

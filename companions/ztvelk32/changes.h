@@ -17,6 +17,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "companions/ztvelk32/legacy_file.h"
 #include "platform/system.h"
@@ -26,13 +27,15 @@ namespace corvane::ztvelk32 {
 struct Changes {
     std::wstring path;  // absolute; empty: nothing is being changed
     Database database;
-    system::FileStatus read;  // the file as it was read
-    bool isNew = false;       // made by createvelkdb, and not written since
+    system::FileStamp read;  // the file as it was read
+    bool isNew = false;      // made by createvelkdb, and not written since
     bool isChanged = false;
     size_t unnamed = 0;  // slot, from 1, that was added last and has no name yet; 0: none
     // Path of a file with which a call without a status word has failed, and its status.
     std::wstring failed;
     int16_t failure = 0;
+    // New files of writes that failed, which could not be removed then.
+    std::vector<std::wstring> leftOver;
 
     Changes() = default;
     Changes(const Changes&) = delete;
@@ -52,6 +55,9 @@ int16_t MakeDatabase(const std::wstring& path);
 int16_t OpenForChange(const std::wstring& path);
 // Forgets what was changed.
 void DropChanges();
+// Removes the new files of earlier writes that failed, as far as that is possible now. Every call
+// of the library does so first, and its unloading.
+void RemoveLeftOver();
 // Writes what was changed, and forgets the record whatever becomes of it. Another program that has
 // written the file meanwhile is not overwritten. Changes of a file that was deleted go with it.
 int16_t WriteChanges();

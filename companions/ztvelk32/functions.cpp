@@ -21,6 +21,7 @@ template <class Operation>
 int16_t Guarded(const char* path, Operation operation) {
     if (path == nullptr || *path == '\0') return kLegacyFileMissing;
     try {
+        RemoveLeftOver();
         return operation(system::WideFromAnsi(path));
     } catch (const std::bad_alloc&) {
         return kLegacyNotWritten;

@@ -4,6 +4,7 @@
 #include <bit>
 #include <cstring>
 
+#include "platform/patience.h"
 #include "platform/system.h"
 
 namespace corvane::ztvelk32 {
@@ -15,9 +16,6 @@ using system::kErrorNone;
 static_assert(std::endian::native == std::endian::little, "records are written as they stand");
 
 constexpr int64_t kSlotsBegin = sizeof(FileHead) + sizeof(ShipBlock);
-
-// Pauses between attempts to rename over a file that another program holds for a moment.
-constexpr int kRenameDelays_ms[] = {10, 30, 60, 120, 240, 540};
 
 // FNV-1a of 32 bits over words of 32 bits. A change of a single word always changes the result.
 uint32_t Checksum(const void* bytes, size_t size) {
@@ -44,7 +42,7 @@ uint32_t ChecksumOf(const Record& record) {
 
 struct Input {
     system::File file;
-    int64_t size = 0;
+    system::FileStamp stamp;
 
     Input() = default;
     Input(const Input&) = delete;
@@ -72,7 +70,7 @@ bool ReadChecked(const Input& input, Record& record) {
 
 // A file that begins as ours do, and ends too early, was ours.
 int16_t CheckHead(const Input& input, FileHead& head) {
-    const auto there = static_cast<size_t>(std::min<int64_t>(input.size, sizeof(head)));
+    const auto there = static_cast<size_t>(std::min<int64_t>(input.stamp.size, sizeof(head)));
     if (there == 0 || !ReadExactly(input, &head, there)) return kLegacyForeign;
     if (!std::equal(kMagic, kMagic + std::min(there, sizeof(kMagic)), head.magic)) {
         return kLegacyForeign;
@@ -80,17 +78,32 @@ int16_t CheckHead(const Input& input, FileHead& head) {
     if (there < sizeof(head) || head.checksum != ChecksumOf(head)) return kLegacyDamaged;
     if (head.version != kFormatVersion) return kLegacyForeign;
     const int64_t size = kSlotsBegin + int64_t{head.sectionCount} * int64_t{sizeof(Slot)};
-    return head.sectionCount <= kMostSections && size == input.size ? kLegacyDone : kLegacyDamaged;
+    const bool isWhole = head.sectionCount <= kMostSections && size == input.stamp.size;
+    return isWhole ? kLegacyDone : kLegacyDamaged;
 }
 
-int16_t OpenDatabase(const std::wstring& path, Input& input, FileHead& head) {
-    system::FileStatus status;
-    if (system::GetFileStatus(path, status) != kErrorNone || !status.exists || status.isDirectory ||
-        system::OpenForReading(path, input.file) != kErrorNone) {
-        return kLegacyFileMissing;
+using OpenFile = ErrorNumber (*)(const std::wstring& path, system::File& file);
+
+int16_t OpenDatabase(const std::wstring& path, OpenFile open, Input& input, FileHead& head) {
+    ErrorNumber error =
+        system::CallPatiently(system::IsLocked, [&] { return open(path, input.file); });
+    if (error == kErrorNone) error = system::GetFileStamp(input.file, input.stamp);
+    return error == kErrorNone ? CheckHead(input, head) : kLegacyFileMissing;
+}
+
+int16_t ReadAll(const std::wstring& path, OpenFile open, Input& input, Database& database) {
+    FileHead head{};
+    const int16_t status = OpenDatabase(path, open, input, head);
+    if (status != kLegacyDone) return status;
+    ShipBlock ship;
+    if (!ReadChecked(input, ship)) return kLegacyDamaged;
+    std::vector<Slot> slots(head.sectionCount);
+    for (Slot& slot : slots) {
+        if (!ReadChecked(input, slot)) return kLegacyDamaged;
     }
-    input.size = status.size;
-    return CheckHead(input, head);
+    database.bsd = ship.bsd;
+    database.slots = std::move(slots);
+    return kLegacyDone;
 }
 
 // ---- Writing -----------------------------------------------------------------------------------
@@ -131,43 +144,45 @@ ErrorNumber WriteNewFile(const std::wstring& path, Database& database) {
     return error != kErrorNone ? error : closing;
 }
 
-bool IsHeldByAnother(ErrorNumber error) {
-    return error == system::kErrorAccessDenied || error == system::kErrorSharingViolation ||
-           error == system::kErrorLockViolation;
+// Whether the file is still what it was, and nobody writes it.
+ErrorNumber LookAtOld(const std::wstring& path, const system::FileStamp& old) {
+    system::File file;
+    ErrorNumber error = system::OpenForEditing(path, file);
+    if (error != kErrorNone) return error;
+    system::FileStamp now;
+    error = system::GetFileStamp(file, now);
+    system::CloseFile(file);
+    if (error != kErrorNone) return error;
+    return now == old ? kErrorNone : system::kErrorFileChanged;
 }
 
-ErrorNumber RenamePatiently(const std::wstring& from, const std::wstring& to) {
-    ErrorNumber error = system::RenameOver(from, to);
-    for (const int delay : kRenameDelays_ms) {
-        if (!IsHeldByAnother(error)) break;
-        system::SleepFor(delay);
-        error = system::RenameOver(from, to);
-    }
-    return error;
+// Each attempt looks first: who holds the file may have written it.
+ErrorNumber PutInPlace(const std::wstring& copy, const std::wstring& target,
+                       const system::FileStamp* old) {
+    return system::CallPatiently(system::IsHeldByAnother, [&] {
+        const ErrorNumber error = old == nullptr ? kErrorNone : LookAtOld(target, *old);
+        return error == kErrorNone ? system::RenameOver(copy, target) : error;
+    });
 }
 
 }  // namespace
 
 int16_t ReadDatabase(const std::wstring& path, Database& database) {
     Input input;
-    FileHead head{};
-    const int16_t status = OpenDatabase(path, input, head);
-    if (status != kLegacyDone) return status;
-    ShipBlock ship;
-    if (!ReadChecked(input, ship)) return kLegacyDamaged;
-    std::vector<Slot> slots(head.sectionCount);
-    for (Slot& slot : slots) {
-        if (!ReadChecked(input, slot)) return kLegacyDamaged;
-    }
-    database.bsd = ship.bsd;
-    database.slots = std::move(slots);
-    return kLegacyDone;
+    return ReadAll(path, system::OpenForReading, input, database);
+}
+
+int16_t ReadForChange(const std::wstring& path, Database& database, system::FileStamp& stamp) {
+    Input input;
+    const int16_t status = ReadAll(path, system::OpenForEditing, input, database);
+    if (status == kLegacyDone) stamp = input.stamp;
+    return status;
 }
 
 int16_t ReadSlot(const std::wstring& path, int16_t section, Slot& slot) {
     Input input;
     FileHead head{};
-    const int16_t status = OpenDatabase(path, input, head);
+    const int16_t status = OpenDatabase(path, system::OpenForReading, input, head);
     if (status != kLegacyDone) return status;
     if (section < 1 || static_cast<uint32_t>(section) > head.sectionCount) return kLegacyNoSection;
     const int64_t place = kSlotsBegin + int64_t{section - 1} * int64_t{sizeof(Slot)};
@@ -179,7 +194,8 @@ int16_t ReadSlot(const std::wstring& path, int16_t section, Slot& slot) {
     return kLegacyDone;
 }
 
-int16_t WriteDatabase(const std::wstring& path, Database& database) {
+int16_t WriteDatabase(const std::wstring& path, Database& database, const system::FileStamp* old,
+                      std::wstring& leftOver) {
     const std::wstring target = system::AbsolutePath(path);
     system::FileStatus status;
     if (system::GetFileStatus(target, status) != kErrorNone || status.isReadOnly ||
@@ -188,12 +204,11 @@ int16_t WriteDatabase(const std::wstring& path, Database& database) {
     }
     std::wstring copy;
     ErrorNumber error = system::NewTemporaryName(FolderOf(target), L"vel", copy);
-    if (error != kErrorNone) return kLegacyNotWritten;
-    error = WriteNewFile(copy, database);
+    if (error == kErrorNone) error = WriteNewFile(copy, database);
     if (error == kErrorNone && status.exists) error = system::CopyAttributes(target, copy);
-    if (error == kErrorNone) error = RenamePatiently(copy, target);
+    if (error == kErrorNone) error = PutInPlace(copy, target, old);
     if (error == kErrorNone) return kLegacyDone;
-    system::RemoveFile(copy);
+    if (!copy.empty() && system::RemoveFile(copy) != kErrorNone) leftOver = copy;
     return kLegacyNotWritten;
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/system.h"
 #include "platform/ztvelk32.h"
 
 namespace corvane::ztvelk32 {
@@ -44,11 +45,18 @@ struct Database {
     std::vector<Slot> slots;
 };
 
-// All return a kLegacy... status. What was not read is left as it was.
+// All return a kLegacy... status. What was not read is left as it was. A program that holds the
+// file is waited for, about a second.
 int16_t ReadDatabase(const std::wstring& path, Database& database);
+// The same for a file that is to be changed: nobody writes into it meanwhile. `stamp` is what the
+// file is.
+int16_t ReadForChange(const std::wstring& path, Database& database, system::FileStamp& stamp);
 // One section, from 1; no other section is looked at.
 int16_t ReadSlot(const std::wstring& path, int16_t section, Slot& slot);
-// Sets the checksums. A read-only file is not written. On failure the old file is as it was.
-int16_t WriteDatabase(const std::wstring& path, Database& database);
+// Sets the checksums. `old`: the file that is replaced, which must still be what it was; null: any
+// file, or none. A read-only file is not written. On failure the old file is as it was, and
+// `leftOver` is the new one, where it could not be removed.
+int16_t WriteDatabase(const std::wstring& path, Database& database, const system::FileStamp* old,
+                      std::wstring& leftOver);
 
 }  // namespace corvane::ztvelk32

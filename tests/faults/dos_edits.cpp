@@ -68,7 +68,7 @@ Edit DosEdit(const char* name, bool (*run)(const std::wstring& path)) {
     edit.oldText = OldDosDatabase;
     edit.temporaryTexts = 0;
     edit.isReadAgain = true;
-    edit.keepsText = false;
+    edit.replacesHeld = false;
     return edit;
 }
 
@@ -97,6 +97,11 @@ void UseDosLibrary() {
     corvane::importvelkcompload.pointer = ::importvelkcompload;
     corvane::exportvelkbsd.pointer = ::exportvelkbsd;
     corvane::importvelknavi.pointer = ::importvelknavi;
+}
+
+void CallDosLibraryAgain(const std::wstring& path) {
+    int16_t status = 0;
+    ::getvelksections(system::AnsiFromWide(path).c_str(), &status, nullptr, nullptr);
 }
 
 std::vector<Edit> DosEdits() {

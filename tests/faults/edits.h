@@ -31,6 +31,8 @@ struct Edit {
     int temporaryTexts = 0;
     // What was written is read again at the end, and is a failure when that fails.
     bool isReadAgain = false;
+    // A file that another program lets others read and delete is replaced while that holds it.
+    bool replacesHeld = true;
 };
 
 // GoogleTest's way to show one.
@@ -43,6 +45,8 @@ const std::vector<Edit>& Edits();
 std::vector<Edit> DosEdits();
 // The DOS library as a part of this program, with the hooks below it.
 void UseDosLibrary();
+// A later call of the library, which removes what an earlier one could not.
+void CallDosLibraryAgain(const std::wstring& path);
 // Null when there is none of that name.
 const Edit* FindEdit(std::string_view name);
 

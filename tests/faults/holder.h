@@ -10,7 +10,8 @@ namespace corvane::faults {
 inline constexpr int kShareRead = 1;
 inline constexpr int kShareWrite = 2;
 inline constexpr int kShareDelete = 4;
-inline constexpr int kSharingModes = 8;
+// How many modes the system has: on the host one.
+extern const int kSharingModes;
 
 struct Holder {
     // Starts the process and waits until it has the file open for reading; it ends by itself after

@@ -25,7 +25,6 @@ struct Scene {
 // What an edit did.
 struct Outcome {
     bool done = false;
-    bool allFails = false;              // so that nothing could be removed either
     std::vector<std::string> messages;  // warning boxes
     std::vector<std::string> calls;
 };

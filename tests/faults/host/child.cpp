@@ -25,7 +25,9 @@ bool IsKilled(const Scene& scene, const Plan& plan) {
     return WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
 }
 
-// Here there is one sharing mode: the holder locks the file, as one that writes it.
+const int kSharingModes = 1;
+
+// The holder locks the file, as one that writes it.
 Holder::Holder(const std::wstring& path, int, int milliseconds) {
     std::string native;
     EXPECT_EQ(system::NativePath(path, native), system::kErrorNone);

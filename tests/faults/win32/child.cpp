@@ -45,6 +45,8 @@ bool IsKilled(const Scene& scene, const Plan& plan) {
     return status == kKilledStatus;
 }
 
+const int kSharingModes = 8;
+
 // The child inherits the file and what it lets others do; closed here, the child alone has it.
 Holder::Holder(const std::wstring& path, int sharing, int milliseconds) {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
