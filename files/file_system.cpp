@@ -185,6 +185,14 @@ ErrorNumber RemoveOwnFile(const std::wstring& path) {
     return error;
 }
 
+bool HasTemporaryName(const std::wstring& path) {
+    const std::wstring name = UpperCase(FileNameOf(path));
+    const std::wstring prefix = UpperCase(std::wstring(kTemporaryPrefix, 3));
+    if (!name.starts_with(prefix) || !name.ends_with(L".TMP")) return false;
+    const size_t digits = name.find_first_not_of(L"0123456789ABCDEF", prefix.size());
+    return digits == name.size() - 4 && digits > prefix.size();
+}
+
 ErrorNumber NewTemporaryFile(std::wstring& path) {
     path.clear();
     const std::wstring directory = system::TemporaryDirectory();

@@ -37,6 +37,9 @@ system::ErrorNumber RemoveOwnFile(const std::wstring& path);
 // The system uses the first three characters, those of the application's title.
 inline constexpr wchar_t kTemporaryPrefix[] = L"Corvane";
 
+// Whether a file has such a name: the prefix's first three characters, hexadecimal digits, ".tmp".
+bool HasTemporaryName(const std::wstring& path);
+
 // Creates an empty file under a new name in the temporary folder, beginning with the application
 // title's first three characters. `path` is empty after a failure, unless a file was made that
 // could not be removed.

@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace corvane::system {
 
@@ -125,6 +126,8 @@ ErrorNumber SwapIn(const std::wstring& target, const std::wstring& replacement,
 ErrorNumber MakeLink(const std::wstring& existing, const std::wstring& name);
 // The file that a symbolic link leads to; the path itself, made absolute, where it is not one.
 std::wstring LinkedFile(const std::wstring& path);
+// Names of the files and folders in a folder; none when it cannot be read.
+std::vector<std::wstring> NamesIn(const std::wstring& folder);
 ErrorNumber MakeDirectory(const std::wstring& path);
 ErrorNumber RemoveEmptyDirectory(const std::wstring& path);
 
@@ -180,6 +183,8 @@ struct LocalTime {
     int hour, minute, second;
 };
 LocalTime Now();
+// Of the time of a last write that a FileStamp or a FileStatus has.
+LocalTime LocalTimeOf(int64_t modified);
 // In the user's short date format, and in the user's long time format.
 std::wstring ShortDateText(const LocalTime& time);
 std::wstring LongTimeText(const LocalTime& time);

@@ -225,7 +225,10 @@
     X(kMsgAnotherProgram, 3693)         \
     X(kMsgBeingWritten, 3694)           \
     X(kMsgCancelled, 3730)              \
-    X(kMsgReadingCancelled, 3731)
+    X(kMsgReadingCancelled, 3731)       \
+    X(kMsgLeftOvers, 3740)              \
+    X(kMsgLeftOver, 3741)               \
+    X(kMsgIsLeftOver, 3742)
 
 namespace corvane {
 

@@ -10,6 +10,7 @@
 #include "platform/system.h"
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
+#include "shell/left_overs.h"
 #include "shell/state.h"
 
 namespace corvane {
@@ -108,6 +109,7 @@ void ShowDatabase(const std::wstring& path, const BasicShipData& bsd) {
     shell.database.rows = std::move(rows);
     shell.database.isListed = true;
     ShowWholeWindow();
+    ReportLeftOvers(path);
 }
 
 void LoadDatabase(const std::wstring& path) {

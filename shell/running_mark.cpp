@@ -5,6 +5,7 @@
 #include "files/settings_file.h"
 #include "platform/system.h"
 #include "report/reporters.h"
+#include "shell/left_overs.h"
 #include "shell/settings.h"
 #include "shell/state.h"
 
@@ -37,6 +38,7 @@ void RemoveRunningMark() {
 }
 
 bool ConfirmEdit() {
+    ReportLeftOvers(shell.database.path);
     const std::wstring program = Read(kProgramKey);
     if (program.empty()) return true;
     if (!system::IsProgramRunning(program)) {

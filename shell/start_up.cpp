@@ -11,6 +11,7 @@
 #include "report/reporters.h"
 #include "shell/command_line.h"
 #include "shell/commands/file_commands.h"
+#include "shell/left_overs.h"
 #include "shell/legacy_conversion.h"
 #include "shell/library_checks.h"
 #include "shell/rule_set.h"
@@ -56,7 +57,7 @@ void OpenLegacyFile(const std::wstring& file) {
 
 void LoadStartDatabase(const std::wstring& path) {
     ChangeToDirectory(shell.settings.WorkDirectory);
-    if (FileExists(path)) LoadDatabase(path);
+    if (FileExists(path) && RequireNoLeftOver(path)) LoadDatabase(path);
 }
 
 void ShowMainWindow() {
@@ -112,11 +113,12 @@ bool StartUp(const std::wstring& commandLine) {
             ChangeToDirectory(shell.settings.WorkDirectory);
             return true;
         }
-    } else if (!startFile.empty()) {
+    } else if (!startFile.empty() && RequireNoLeftOver(startFile)) {
         path = startFile;
     }
     LoadStartDatabase(path);
     ShowMainWindow();
+    ReportLeftOvers(shell.database.path);
     return true;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "shell/open_database.h"
 #include "shell/preview_pane.h"
@@ -26,6 +27,8 @@ struct ShellState {
     std::wstring title = L"Corvane";
     // The current directory when Main began, restored at shutdown.
     std::wstring startDirectory;
+
+    std::vector<std::wstring> reportedLeftOvers;  // paths; see shell/left_overs.h
 
     ShellSettings settings;
     OpenDatabase database;  // changed by shell/open_database.h alone

@@ -1,3 +1,4 @@
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -7,6 +8,7 @@
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <vector>
 
 #include "platform/host/native.h"
@@ -17,6 +19,7 @@ namespace {
 
 constexpr mode_t kWriteBits = S_IWUSR | S_IWGRP | S_IWOTH;
 constexpr size_t kCopyBufferSize = size_t{64} * 1024;
+constexpr int64_t kNanosecondsPerSecond = 1'000'000'000;
 
 int HandleOf(File file) {
     return static_cast<int>(file.handle);
@@ -41,7 +44,11 @@ ErrorNumber Open(const std::wstring& path, int flags, File& file) {
     if ((flags & O_WRONLY) != 0 && mayExist && IsReadOnly(native)) return kErrorAccessDenied;
     file.handle = open(native.c_str(), flags | O_CLOEXEC, 0666);
     if (!file.IsOpen()) return ErrorOfPath(-1, native);
-    if (!IsDirectory(HandleOf(file))) return kErrorNone;
+    if (!IsDirectory(HandleOf(file))) {
+        // Nobody opens for an edit what is being written.
+        if ((flags & O_WRONLY) != 0) flock(HandleOf(file), LOCK_EX | LOCK_NB);
+        return kErrorNone;
+    }
     CloseFile(file);
     return kErrorAccessDenied;
 }
@@ -82,7 +89,7 @@ bool IsSameFile(File file, const std::wstring& path) {
 }
 
 int64_t ModifiedTime(const struct stat& status) {
-    return int64_t{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec;
+    return int64_t{status.st_mtim.tv_sec} * kNanosecondsPerSecond + status.st_mtim.tv_nsec;
 }
 
 FileStamp StampOf(const struct stat& status) {
@@ -301,6 +308,28 @@ std::wstring LinkedFile(const std::wstring& path) {
     std::wstring linked = real != nullptr ? WindowsPath(real) : AbsolutePath(path);
     free(real);
     return linked;
+}
+
+LocalTime LocalTimeOf(int64_t modified) {
+    const std::time_t seconds = modified / kNanosecondsPerSecond;
+    std::tm parts{};
+    localtime_r(&seconds, &parts);
+    return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday,
+            parts.tm_hour,        parts.tm_min,     parts.tm_sec};
+}
+
+std::vector<std::wstring> NamesIn(const std::wstring& folder) {
+    std::vector<std::wstring> names;
+    std::string native;
+    if (NativePath(folder, native) != kErrorNone) return names;
+    DIR* const entries = opendir(native.c_str());
+    if (entries == nullptr) return names;
+    while (const dirent* const entry = readdir(entries)) {
+        const std::wstring name = WideFromUtf8(entry->d_name);
+        if (name != L"." && name != L"..") names.push_back(name);
+    }
+    closedir(entries);
+    return names;
 }
 
 ErrorNumber MakeDirectory(const std::wstring& path) {

@@ -295,6 +295,29 @@ std::wstring LinkedFile(const std::wstring& path) {
     return WithoutPrefix(linked);
 }
 
+LocalTime LocalTimeOf(int64_t modified) {
+    const FILETIME written{static_cast<DWORD>(modified), static_cast<DWORD>(modified >> 32)};
+    SYSTEMTIME world{};
+    SYSTEMTIME here{};
+    FileTimeToSystemTime(&written, &world);
+    SystemTimeToTzSpecificLocalTime(nullptr, &world, &here);
+    return {here.wYear, here.wMonth, here.wDay, here.wHour, here.wMinute, here.wSecond};
+}
+
+std::vector<std::wstring> NamesIn(const std::wstring& folder) {
+    std::vector<std::wstring> names;
+    const std::wstring all = folder.ends_with(L'\\') ? folder + L'*' : folder + L"\\*";
+    WIN32_FIND_DATAW entry;
+    const HANDLE search = FindFirstFileW(NativePath(all).c_str(), &entry);
+    if (search == INVALID_HANDLE_VALUE) return names;
+    do {
+        const std::wstring name = entry.cFileName;
+        if (name != L"." && name != L"..") names.push_back(name);
+    } while (FindNextFileW(search, &entry) != 0);
+    FindClose(search);
+    return names;
+}
+
 ErrorNumber MakeDirectory(const std::wstring& path) {
     return ErrorOf(CreateDirectoryW(NativePath(path).c_str(), nullptr) != 0);
 }

@@ -9,6 +9,7 @@
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
 #include "shell/file_prompt.h"
+#include "shell/left_overs.h"
 #include "shell/legacy_conversion.h"
 #include "shell/new_file.h"
 #include "shell/state.h"
@@ -59,6 +60,7 @@ bool OfferCopy(std::wstring& path, BasicShipData& bsd) {
 
 void Open(std::wstring path) {
     if (FileExtension(path) == kLegacyExtension) return OpenLegacyDatabase(path);
+    if (!RequireNoLeftOver(path)) return;
     BasicShipData bsd;
     const bool hasBsd = LoadBsdFromDatabase(path, bsd);
     if (!hasBsd && !IsDatabaseFile(path)) return;

@@ -309,6 +309,20 @@ TEST_F(StartUpTest, MissingFileIsReportedAndTheConfiguredDatabaseOpens) {
     EXPECT_LT(Place("splash unload"), Place("title Corvane"));
 }
 
+TEST_F(StartUpTest, FileThatAnEditLeftIsRefusedAndTheConfiguredDatabaseOpens) {
+    Configure(kMsgDatabasePathKey, database);
+    const std::wstring leftOver = folder.File(L"Cor12AB.tmp");
+    WriteFileBytes(leftOver, GetMessageBytes(kMsgSignature) + "\r\n" + DatabaseBytes("OTHER"));
+    EXPECT_TRUE(StartUp(Quoted(leftOver)));
+    const Events warnings = RecordedReports::Of("warning");
+    ASSERT_EQ(warnings.size(), 2U);
+    EXPECT_EQ(warnings.front(), Narrow(BoxText(kMsgIsLeftOver, {leftOver})));
+    EXPECT_NE(warnings.back().find(Narrow(leftOver)), std::string::npos);
+    EXPECT_EQ(shell.database.path, database);
+    // The database that was edited when it came to be is on the screen before it is named.
+    EXPECT_LT(Place("main show"), Place("warning " + warnings.back()));
+}
+
 TEST_F(StartUpTest, AFolderOnTheCommandLineIsNoFile) {
     EXPECT_TRUE(StartUp(Quoted(folder.path)));
     EXPECT_EQ(RecordedReports::Of("warning").size(), 1u);

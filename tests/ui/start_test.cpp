@@ -126,6 +126,27 @@ TEST_F(StartTest, NoBoxAtTheStartIsHiddenByTheSplash) {
     EXPECT_NE(program.Main(), nullptr);
 }
 
+TEST_F(StartTest, FileOfACutOffEditIsNamedAndNotOpened) {
+    const std::wstring path = CopyOfSample(installation, L"Aurora Bay.ve2");
+    const std::wstring leftOver = CopyOfSample(installation, L"Cor12AB.tmp");
+    const Program program(installation, Quoted(leftOver));
+    const Box refused = WaitForBox(program);
+    EXPECT_NE(Narrow(refused.text).find("'" + Narrow(leftOver) + "' is not a database to work in"),
+              std::string::npos);
+    ASSERT_TRUE(Press(refused, IDOK));
+    const HWND main = program.Main();
+    ASSERT_NE(main, nullptr);
+    EXPECT_EQ(Narrow(ControlText(main, TX_DataBase)), "No database selected");
+    const Program second(installation, Quoted(path));
+    EXPECT_TRUE(second.HasEnded());
+    const Box named = WaitForBox(program);
+    EXPECT_NE(Narrow(named.text).find(Narrow(leftOver)), std::string::npos);
+    EXPECT_EQ(Narrow(ControlText(main, TX_DataBase)), Narrow(path));
+    EXPECT_TRUE(RowCountBecomes(GetDlgItem(main, LI_Sections), std::size(kSampleModels)));
+    ASSERT_TRUE(Press(named, IDOK));
+    EXPECT_EQ(test::ReadFileBytes(leftOver), test::ReadFileBytes(path));
+}
+
 TEST_F(StartTest, SecondInstanceGivesWayToTheFirst) {
     const Program first(installation, Quoted(SamplePath()));
     const HWND main = first.Main();
