@@ -4,9 +4,11 @@
 #include <cstdlib>
 #include <cstring>
 #include <set>
+#include <vector>
 
 #include "platform/win32/win32.h"
 #include "tests/faults/injection.h"
+#include "tests/faults/win32/set_times.h"
 
 namespace corvane::faults {
 namespace {
@@ -115,6 +117,10 @@ struct SettingHook {
         const bool isRename = what == kRename || what == kRenameEx;
         const char* const kind = isRename ? kRenameForWindows : "NtSetInformationFile";
         if (BeforeCall(kind) == Step::kFail) return StatusOf(PlannedError());
+        constexpr ULONG kBasic = 4;  // its first field is the time of creation; 0 leaves that
+        if (what == kBasic && *static_cast<int64_t*>(value) > 0) {
+            CreationTimesSet().push_back(*static_cast<int64_t*>(value));
+        }
         const Status status = real(file, result, value, size, what);
         AfterCall();
         return status;
@@ -202,6 +208,12 @@ void ReplaceImports(const wchar_t* library) {
 
 }  // namespace
 
+std::vector<int64_t>& CreationTimesSet() {
+    static std::vector<int64_t> times;
+    return times;
+}
+
+const int kCallsOfAnOpening = 1;
 const int kCallsOfARename = 7;
 
 void InstallHooks() {
