@@ -76,7 +76,6 @@ Edit Conversion(const char* name, const std::string& (*source)(), int temporaryT
                 bool (*run)(const std::wstring& path)) {
     Edit edit{name, false, false, false, run};
     edit.source = source;
-    edit.keepsText = false;
     edit.temporaryTexts = temporaryTexts;
     return edit;
 }

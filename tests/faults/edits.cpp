@@ -12,6 +12,7 @@
 #include "tests/database/bulkhead_sample.h"
 #include "tests/database/sample_database.h"
 #include "tests/database/section_sample.h"
+#include "tests/faults/expected.h"
 #include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 
@@ -19,6 +20,8 @@ namespace corvane::faults {
 namespace {
 
 enum Model : int32_t { kTorsionModel = 1, kSection, kBulkhead, kLastSection, kNewModel };
+
+constexpr wchar_t kCopyName[] = L"A copy";
 
 // More than a reader's buffer holds, so that spans are cut.
 constexpr size_t kTorsionText = kTextBufferSize + 20'000;
@@ -52,10 +55,19 @@ std::string MakeOldDatabase() {
     return test::ReadFileBytes(path);
 }
 
-bool SaveBsd(const std::wstring& path) {
+BasicShipData AnotherShip() {
     BasicShipData bsd;
     bsd.Titles(1).Assign(L"Another ship");
+    return bsd;
+}
+
+bool SaveBsd(const std::wstring& path) {
+    BasicShipData bsd = AnotherShip();
     return SaveBsdToDatabase(path, bsd);
+}
+
+std::string WithAnotherShip(const std::string& oldText) {
+    return WithShipData(oldText, AnotherShip());
 }
 
 bool NewDatabase(const std::wstring& path) {
@@ -68,11 +80,17 @@ bool RewriteText(const std::wstring& path, bool keepBackup) {
         Rewrite rewrite;
         BeginRewrite(rewrite, path);
         rewrite.keepBackup = keepBackup;
-        for (size_t size = 0; size < kLongText; size += 32) {
+        for (size_t size = 0; size < kLongText; size += 33) {
             WriteLine(rewrite.writer, "a line of the new text, 30 long");
         }
         return FinishRewrite(rewrite);
     });
+}
+
+std::string LongText(const std::string&) {
+    std::string text;
+    while (text.size() < kLongText) text += "a line of the new text, 30 long\r\n";
+    return text;
 }
 
 template <bool kKeepBackup>
@@ -80,11 +98,61 @@ bool RewriteAll(const std::wstring& path) {
     return RewriteText(path, kKeepBackup);
 }
 
+SectionModel NewSection() {
+    SectionModel section;
+    section.name = L"A new section";
+    return section;
+}
+
+std::string NewSectionBlock(int32_t number) {
+    SectionModel section = NewSection();
+    return test::BlockText(section, number);
+}
+
+std::string NewBulkheadBlock(int32_t number) {
+    BulkheadArrangement arrangement;
+    return test::BlockText(arrangement, number);
+}
+
+// A copy of that section, with the identifier that the writer gives.
+std::string SectionCopyBlock(int32_t number) {
+    SectionModel section = test::FullSection();
+    section.name = kCopyName;
+    section.identifier.clear();
+    return test::BlockText(section, number);
+}
+
+std::string BulkheadCopyBlock(int32_t number) {
+    BulkheadArrangement arrangement = test::FullArrangement();
+    arrangement.name = kCopyName;
+    arrangement.identifier.clear();
+    return test::BlockText(arrangement, number);
+}
+
+template <int32_t kNumber, std::string (*block)(int32_t)>
+std::string Replaced(const std::string& oldText) {
+    return WithBlock(oldText, kNumber, block);
+}
+
+template <std::string (*block)(int32_t)>
+std::string Appended(const std::string& oldText) {
+    return WithNewBlock(oldText, block);
+}
+
+template <int32_t kNumber>
+std::string Copied(const std::string& oldText) {
+    return WithCopy(oldText, kNumber);
+}
+
+template <int32_t kNumber>
+std::string Deleted(const std::string& oldText) {
+    return WithoutBlock(oldText, kNumber);
+}
+
 template <int32_t kNumber, bool kKeepBackup>
 bool WriteSection(const std::wstring& path) {
     std::wstring database = path;
-    SectionModel section;
-    section.name = L"A new section";
+    SectionModel section = NewSection();
     return ReplaceSection(database, section, kNumber, {kKeepBackup});
 }
 
@@ -98,7 +166,7 @@ bool WriteBulkhead(const std::wstring& path) {
 template <int32_t kNumber, ModelKind kKind, bool kKeepBackup>
 bool Copy(const std::wstring& path) {
     std::wstring database = path;
-    return CopyModel(database, {kNumber, kKind, L"A copy", {kKeepBackup}}) >= kNewModel;
+    return CopyModel(database, {kNumber, kKind, kCopyName, {kKeepBackup}}) >= kNewModel;
 }
 
 template <int32_t kNumber, bool kKeepBackup>
@@ -113,28 +181,40 @@ void GiveIdentifier(char* buffer, int32_t size) {
 
 std::vector<Edit> MakeEdits() {
     // The name, the file and the older backup that are there, whether one is kept, the procedure,
-    // whether the new text keeps what is in the old one.
+    // the text that it must make.
     std::vector<Edit> edits = {
-        {"new_database", false, false, false, NewDatabase, false},
-        {"new_over_old", true, false, false, NewDatabase, false},
-        {"save_bsd", true, false, true, SaveBsd},
-        {"rewrite", true, false, false, RewriteAll<false>, false},
-        {"rewrite_backup", true, false, true, RewriteAll<true>, false},
-        {"rewrite_second_backup", true, true, true, RewriteAll<true>, false},
-        {"replace_section", true, false, false, WriteSection<kSection, false>},
-        {"replace_section_backup", true, true, true, WriteSection<kSection, true>},
-        {"append_section", true, false, false, WriteSection<kNewModel, false>},
-        {"append_section_backup", true, false, true, WriteSection<kNewModel, true>},
-        {"replace_bulkhead", true, false, false, WriteBulkhead<kBulkhead, false>},
-        {"replace_bulkhead_backup", true, true, true, WriteBulkhead<kBulkhead, true>},
-        {"append_bulkhead_backup", true, false, true, WriteBulkhead<kNewModel, true>},
-        {"copy_section", true, false, true, Copy<kSection, ModelKind::kSection, true>},
-        {"copy_bulkhead", true, true, true, Copy<kBulkhead, ModelKind::kBulkhead, true>},
-        {"copy_torsion", true, false, false, Copy<kTorsionModel, ModelKind::kTorsion, false>},
-        {"copy_torsion_backup", true, true, true, Copy<kTorsionModel, ModelKind::kTorsion, true>},
-        {"delete_first", true, false, false, Delete<kTorsionModel, false>},
-        {"delete_middle_backup", true, true, true, Delete<kSection, true>},
-        {"delete_last_backup", true, false, true, Delete<kLastSection, true>},
+        {"new_database", false, false, false, NewDatabase},
+        {"new_over_old", true, false, false, NewDatabase},
+        {"save_bsd", true, false, true, SaveBsd, WithAnotherShip},
+        {"rewrite", true, false, false, RewriteAll<false>, LongText, false},
+        {"rewrite_backup", true, false, true, RewriteAll<true>, LongText, false},
+        {"rewrite_second_backup", true, true, true, RewriteAll<true>, LongText, false},
+        {"replace_section", true, false, false, WriteSection<kSection, false>,
+         Replaced<kSection, NewSectionBlock>},
+        {"replace_section_backup", true, true, true, WriteSection<kSection, true>,
+         Replaced<kSection, NewSectionBlock>},
+        {"append_section", true, false, false, WriteSection<kNewModel, false>,
+         Appended<NewSectionBlock>},
+        {"append_section_backup", true, false, true, WriteSection<kNewModel, true>,
+         Appended<NewSectionBlock>},
+        {"replace_bulkhead", true, false, false, WriteBulkhead<kBulkhead, false>,
+         Replaced<kBulkhead, NewBulkheadBlock>},
+        {"replace_bulkhead_backup", true, true, true, WriteBulkhead<kBulkhead, true>,
+         Replaced<kBulkhead, NewBulkheadBlock>},
+        {"append_bulkhead_backup", true, false, true, WriteBulkhead<kNewModel, true>,
+         Appended<NewBulkheadBlock>},
+        {"copy_section", true, false, true, Copy<kSection, ModelKind::kSection, true>,
+         Appended<SectionCopyBlock>},
+        {"copy_bulkhead", true, true, true, Copy<kBulkhead, ModelKind::kBulkhead, true>,
+         Appended<BulkheadCopyBlock>},
+        {"copy_torsion", true, false, false, Copy<kTorsionModel, ModelKind::kTorsion, false>,
+         Copied<kTorsionModel>},
+        {"copy_torsion_backup", true, true, true, Copy<kTorsionModel, ModelKind::kTorsion, true>,
+         Copied<kTorsionModel>},
+        {"delete_first", true, false, false, Delete<kTorsionModel, false>, Deleted<kTorsionModel>},
+        {"delete_middle_backup", true, true, true, Delete<kSection, true>, Deleted<kSection>},
+        {"delete_last_backup", true, false, true, Delete<kLastSection, true>,
+         Deleted<kLastSection>},
     };
     for (const Edit& edit : DosEdits()) edits.push_back(edit);
     return edits;

@@ -22,7 +22,10 @@ struct Edit {
     bool keepsBackup = false;
     // True when the procedure says that the file has the new text.
     bool (*run)(const std::wstring& path) = nullptr;
-    bool keepsText = true;  // the new text has what the edit did not change of the old one
+    // What it must make of an old text (tests/faults/expected.h). Null: what it makes of it when
+    // nothing fails.
+    std::string (*expected)(const std::string& oldText) = nullptr;
+    bool keepsText = true;  // in it is what the edit did not change of the old text
     // The file that it starts with.
     const std::string& (*oldText)() = OldDatabase;
     // Another file beside it, kSourceName, that is read; null: none.

@@ -33,16 +33,18 @@ protected:
 };
 
 TEST_P(Failing, LeavesTheOldFileOrTheNewOneAndSaysSo) {
+    std::vector<Plan> plans;
     for (int call = 1; call <= static_cast<int>(scene.calls.size()); ++call) {
         for (const system::ErrorNumber error : kErrors) {
-            Inject({Fault::kFailOnce, call, error});
-            Inject({Fault::kFailKind, call, error});
+            plans.push_back({Fault::kFailOnce, call, error});
+            plans.push_back({Fault::kFailKind, call, error});
         }
-        Inject({Fault::kFailAll, call, system::kErrorIoDevice});
+        plans.push_back({Fault::kFailAll, call, system::kErrorIoDevice});
         if (IsWrite(scene.calls[static_cast<size_t>(call) - 1])) {
-            Inject({Fault::kShortWrite, call, system::kErrorNone});
+            plans.push_back({Fault::kShortWrite, call, system::kErrorNone});
         }
     }
+    for (const Plan& plan : tally.Taken(plans)) Inject(plan);
 }
 
 INSTANTIATE_TEST_SUITE_P(Every, Failing, testing::ValuesIn(Edits()),

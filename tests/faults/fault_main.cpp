@@ -19,5 +19,7 @@ int main(int count, char** arguments) {
     testing::InitGoogleTest(&count, arguments);
     // A file that has just been written is read with other calls than an older one.
     const corvane::test::FreshSettingsFile settings;
+    // A disk would be asked some ten thousand times to keep what is thrown away.
+    const corvane::test::TemporaryFilesInMemory memory;
     return RUN_ALL_TESTS();
 }

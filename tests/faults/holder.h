@@ -1,4 +1,4 @@
-// Another process that has a file open.
+// Other programs: a process that has a file open, and one that writes into it.
 #pragma once
 
 #include <cstdint>
@@ -23,6 +23,10 @@ struct Holder {
 
     intptr_t process = 0;
 };
+
+// Writes the text into the file itself, as another program does, unless somebody keeps it from
+// that. True when the file has the text.
+bool WriteInPlace(const std::wstring& path, const std::string& text);
 
 // Whether a file that is held in this way can be read and replaced all the same.
 bool CanBeReplaced(int sharing);

@@ -58,6 +58,9 @@ inline bool IsRename(const std::string& kind) {
     return kind == "rename" || kind == "renameat2" || kind == kRenameForWindows;
 }
 
+// How many calls open a database so that nobody writes into it.
+extern const int kCallsOfAnOpening;
+
 // How many calls the last rename of an edit takes, from the first one on after which nothing is
 // noticed of what happens to the target.
 extern const int kCallsOfARename;

@@ -1,5 +1,7 @@
 #include "tests/faults/scene.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 
 #include "files/file_system.h"
@@ -15,23 +17,12 @@ void RemoveAllFiles(const std::wstring& folder) {
     for (const std::wstring& name : test::FilesIn(folder)) system::RemoveFile(folder + name);
 }
 
-// A file's bytes, "missing" when there is none.
-std::string TextOf(const std::wstring& path) {
-    system::FileStatus status;
-    system::GetFileStatus(path, status);
-    return status.exists ? test::ReadFileBytes(path) : "missing";
-}
-
-std::string OldText(const Scene& scene) {
-    return scene.edit.startsWithFile ? scene.edit.oldText() : "missing";
-}
-
 std::string OldBackup(const Scene& scene) {
-    return scene.edit.startsWithBackup ? std::string(kOlderBackup) : "missing";
+    return scene.edit.startsWithBackup ? std::string(kOlderBackup) : kMissing;
 }
 
 std::string Described(const std::string& text) {
-    return text == "missing" ? text : std::to_string(text.size()) + " bytes";
+    return text == kMissing ? text : std::to_string(text.size()) + " bytes";
 }
 
 bool IsNamed(const std::wstring& path, const std::vector<std::string>& messages) {
@@ -64,7 +55,7 @@ std::string FaultOfSuccess(const Scene& scene, const std::vector<std::string>& m
     if (TextOf(scene.path) != scene.newText && !isLess) {
         return "success, but the file has " + Described(TextOf(scene.path));
     }
-    const std::string backup = scene.edit.keepsBackup ? OldText(scene) : OldBackup(scene);
+    const std::string backup = scene.edit.keepsBackup ? scene.oldText : OldBackup(scene);
     if (TextOf(scene.backup) == backup) return {};
     return "success, but the backup has " + Described(TextOf(scene.backup));
 }
@@ -73,11 +64,12 @@ std::string FaultOfFailure(const Scene& scene, const std::vector<std::string>& m
     const std::string text = TextOf(scene.path);
     // What was written counts as a failure where it cannot be read again.
     const bool isUnread = scene.edit.isReadAgain && text == scene.newText;
-    if (text != OldText(scene) && !isUnread) {
+    if (text != scene.oldText && !isUnread) {
         return "failure, but the file has " + Described(TextOf(scene.path));
     }
     const std::string backup = TextOf(scene.backup);
-    const bool isBackupOfNow = scene.edit.keepsBackup && backup == OldText(scene);
+    const bool isBackupOfNow =
+        scene.edit.keepsBackup && (backup == scene.oldText || backup == scene.firstText);
     if (!isBackupOfNow && backup != OldBackup(scene)) {
         return "failure, and the backup has " + Described(backup);
     }
@@ -88,6 +80,12 @@ std::string FaultOfFailure(const Scene& scene, const std::vector<std::string>& m
 }
 
 }  // namespace
+
+std::string TextOf(const std::wstring& path) {
+    system::FileStatus status;
+    system::GetFileStatus(path, status);
+    return status.exists ? test::ReadFileBytes(path) : kMissing;
+}
 
 void Prepare(const Scene& scene) {
     RemoveAllFiles(scene.folder);
@@ -115,8 +113,12 @@ Outcome RunEdit(const Scene& scene, const Plan& plan) {
 void Measure(Scene& scene) {
     Prepare(scene);
     const Outcome outcome = RunEdit(scene, {});
+    const Edit& edit = scene.edit;
     scene.calls = outcome.calls;
-    scene.newText = TextOf(scene.path);
+    scene.oldText = edit.startsWithFile ? edit.oldText() : kMissing;
+    scene.newText = edit.expected != nullptr ? edit.expected(scene.oldText) : TextOf(scene.path);
+    EXPECT_TRUE(outcome.done);
+    EXPECT_EQ(FaultAfterEnd(scene, outcome), "");
 }
 
 int RunAsChild(const std::vector<std::string>& arguments) {
@@ -130,12 +132,12 @@ int RunAsChild(const std::vector<std::string>& arguments) {
 
 std::string FaultAfterDeath(const Scene& scene) {
     const std::string text = TextOf(scene.path);
-    if (text != OldText(scene) && text != scene.newText) return "file: " + Described(text);
+    if (text != scene.oldText && text != scene.newText) return "file: " + Described(text);
     const std::string backup = TextOf(scene.backup);
-    const bool isBackupOfNow = scene.edit.keepsBackup && backup == OldText(scene);
+    const bool isBackupOfNow = scene.edit.keepsBackup && backup == scene.oldText;
     if (!isBackupOfNow && backup != OldBackup(scene)) return "backup: " + Described(backup);
     // The old text must not be gone before the backup that was wanted is there.
-    const bool isReplaced = text == scene.newText && text != OldText(scene);
+    const bool isReplaced = text == scene.newText && text != scene.oldText;
     if (isReplaced && scene.edit.keepsBackup && !isBackupOfNow) return "no backup";
     return FaultOfSource(scene);
 }

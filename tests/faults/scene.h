@@ -1,6 +1,7 @@
 // A folder with a database, a folder for temporary files, and one edit in them.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,8 +18,11 @@ struct Scene {
     std::wstring path = folder + L"ship.ve2";
     std::wstring backup = folder + L"ship.bak";
     std::wstring source = folder + kSourceName;
-    // The file's text after the edit, and the calls that it takes; filled by Measure.
+    // The file's text before the edit and after it, and the calls that it takes; filled by Measure.
+    std::string oldText = {};
     std::string newText = {};
+    // The file's text before another program changed it: a backup of that is as good, too.
+    std::optional<std::string> firstText = {};
     std::vector<std::string> calls = {};
 };
 
@@ -33,8 +37,11 @@ struct Outcome {
 void Prepare(const Scene& scene);
 // Runs the edit in this process, with a fault.
 Outcome RunEdit(const Scene& scene, const Plan& plan);
-// Runs the edit without a fault.
+// Runs the edit without a fault; a test fails when that does not give the text that it must give.
 void Measure(Scene& scene);
+// A file's bytes, kMissing when there is none.
+inline constexpr char kMissing[] = "missing";
+std::string TextOf(const std::wstring& path);
 
 // Runs the edit in a process of its own; true when that was killed, false when it came to its end.
 bool IsKilled(const Scene& scene, const Plan& plan);

@@ -54,6 +54,19 @@ Holder::~Holder() {
     waitpid(static_cast<pid_t>(process), nullptr, 0);
 }
 
+bool WriteInPlace(const std::wstring& path, const std::string& text) {
+    std::string native;
+    if (system::NativePath(path, native) != system::kErrorNone) return false;
+    const int file = open(native.c_str(), O_WRONLY);
+    const bool isOurs = file != -1 && flock(file, LOCK_EX | LOCK_NB) == 0;
+    if (isOurs) {
+        EXPECT_EQ(write(file, text.data(), text.size()), static_cast<ssize_t>(text.size()));
+        EXPECT_EQ(ftruncate(file, static_cast<off_t>(text.size())), 0);
+    }
+    if (file != -1) close(file);
+    return isOurs;
+}
+
 bool CanBeReplaced(int) {
     return false;
 }

@@ -117,7 +117,9 @@ void FullDisk::FillUp(const Place& place) {
     Tally tally{"full disk (" + std::string(place.name) + ") " + scene.edit.name};
     const int64_t needed = Needed(scene, place);
     bool done = false;
-    for (int64_t room = 0; room <= needed; room += kPage) {
+    std::vector<int64_t> rooms;
+    for (int64_t room = 0; room <= needed; room += kPage) rooms.push_back(room);
+    for (const int64_t room : tally.Taken(rooms)) {
         Prepare(scene);
         disk.LeaveRoom(room);
         const Outcome outcome = RunEdit(scene, {});

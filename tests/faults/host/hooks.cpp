@@ -57,6 +57,8 @@ auto Interpose(const char* kind, Function real, Arguments... arguments) {
 
 }  // namespace
 
+// It is locked after the look whether it is a folder.
+const int kCallsOfAnOpening = 2;
 const int kCallsOfARename = 2;
 
 void InstallHooks() {}

@@ -65,6 +65,18 @@ Holder::~Holder() {
     CloseHandle(handle);
 }
 
+bool WriteInPlace(const std::wstring& path, const std::string& text) {
+    const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                    nullptr, OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    DWORD written = 0;
+    EXPECT_TRUE(WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr));
+    EXPECT_EQ(written, text.size());
+    EXPECT_TRUE(SetEndOfFile(file));
+    CloseHandle(file);
+    return true;
+}
+
 // We read it first.
 bool CanBeReplaced(int sharing) {
     return (sharing & kShareRead) != 0 && (sharing & kShareDelete) != 0;
