@@ -272,6 +272,14 @@ ReplaceResult ReplaceFile(const std::wstring& temporary, const std::wstring& tar
     return result;
 }
 
+ErrorNumber CopyToNewFile(const std::wstring& source, const std::wstring& copy) {
+    system::File file;
+    ErrorNumber error = OpenPatiently(source, file);
+    if (error == kErrorNone) error = CopyToDisk(file, copy);
+    system::CloseFile(file);
+    return error;
+}
+
 void ChangeToDirectory(const std::wstring& path) {
     if (path.size() >= 2 && path[1] == L':') system::SetCurrentTo(path.substr(0, 2));
     std::wstring folder = StripTrailingBackslash(path);

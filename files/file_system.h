@@ -88,6 +88,11 @@ enum class TargetKind { kAny, kNew };
 ReplaceResult PutCopy(const std::wstring& source, const std::wstring& target,
                       TargetKind kind = TargetKind::kAny);
 
+// Copies the text of `source` to a file that this run makes, or fills again, and makes sure that
+// the disk has it. Nobody writes into the source meanwhile; who does already is waited for, about a
+// second. After a failure there may be a part of the copy.
+system::ErrorNumber CopyToNewFile(const std::wstring& source, const std::wstring& copy);
+
 // Makes the drive of `path`, and then its folder, the current ones; "" is the root of the current
 // drive. Errors are ignored.
 void ChangeToDirectory(const std::wstring& path);

@@ -55,10 +55,19 @@ void LookAtTarget(Rewrite& rewrite, const std::wstring& path) {
     rewrite.isTargetThere = system::GetFileStamp(rewrite.target, rewrite.stamp) == kErrorNone;
 }
 
+// The history has a version of an edit that has failed: not while the target has that text, too.
+void DropVersion(const Rewrite& rewrite, const std::wstring& version) {
+    system::FileStamp now;
+    if (version.empty() || system::GetFileStamp(rewrite.target, now) != kErrorNone) return;
+    if (now == rewrite.stamp) RemoveOwnFile(version);
+}
+
 RewriteEnd PutNewTextInPlace(Rewrite& rewrite) {
     if (rewrite.keepBackup && !KeepBackup(rewrite)) return RewriteEnd::kFailed;
+    const std::wstring version = rewrite.isTargetThere ? keepOldText(rewrite) : std::wstring();
     const ReplaceResult result = PutInPlace(rewrite.newText, rewrite.target,
                                             rewrite.isTargetThere ? &rewrite.stamp : nullptr);
+    if (!result.Done()) DropVersion(rewrite, version);
     if (result.error == system::kErrorFileChanged) {
         AbandonRewrite(rewrite);
         return RewriteEnd::kChanged;
@@ -69,7 +78,18 @@ RewriteEnd PutNewTextInPlace(Rewrite& rewrite) {
     return result.Done() ? RewriteEnd::kDone : RewriteEnd::kFailed;
 }
 
+// Makes the empty file for the new text.
+bool MakeNewText(Rewrite& rewrite) {
+    rewrite.folderError =
+        system::NewTemporaryName(DirectoryOf(rewrite.target), kTemporaryPrefix, rewrite.newText);
+    rewrite.writer.error = rewrite.folderError;
+    if (rewrite.folderError != kErrorNone) RemoveNewText(rewrite);
+    return rewrite.folderError == kErrorNone;
+}
+
 }  // namespace
+
+OldTextKeeper keepOldText = [](const Rewrite&) { return std::wstring(); };
 
 bool OpenOldText(Rewrite& rewrite, const std::wstring& path) {
     rewrite.target = system::LinkedFile(path);
@@ -86,13 +106,7 @@ bool OpenOldText(Rewrite& rewrite, const std::wstring& path) {
 
 void BeginRewrite(Rewrite& rewrite, const std::wstring& path) {
     if (!rewrite.reader.file.IsOpen()) LookAtTarget(rewrite, path);
-    rewrite.folderError =
-        system::NewTemporaryName(DirectoryOf(rewrite.target), kTemporaryPrefix, rewrite.newText);
-    rewrite.writer.error = rewrite.folderError;
-    if (rewrite.folderError != kErrorNone) {
-        RemoveNewText(rewrite);
-        return;
-    }
+    if (!MakeNewText(rewrite)) return;
     const int64_t otherLinks = CountOtherLinks(rewrite);
     if (otherLinks > 0) {
         ReportMessage(kMsgOtherLinks, {rewrite.target, static_cast<int32_t>(otherLinks)});
@@ -103,6 +117,16 @@ void BeginRewrite(Rewrite& rewrite, const std::wstring& path) {
     }
 }
 
+void BeginRestoring(Rewrite& rewrite, const std::wstring& source, TextSource kind) {
+    if (!MakeNewText(rewrite)) return;
+    ErrorNumber error = RemoveOwnFile(rewrite.newText);  // only its name is wanted
+    const bool isLinked = error == kErrorNone && kind == TextSource::kVersion &&
+                          system::MakeLink(source, rewrite.newText) == kErrorNone;
+    if (!isLinked) error = CopyToNewFile(source, rewrite.newText);
+    if (error == kErrorNone) error = system::CopyAttributes(rewrite.target, rewrite.newText);
+    rewrite.writer.error = error;
+}
+
 void AbandonRewrite(Rewrite& rewrite) {
     system::CloseFile(rewrite.reader.file);
     CloseText(rewrite.writer);
@@ -111,7 +135,7 @@ void AbandonRewrite(Rewrite& rewrite) {
 
 RewriteEnd FinishRewrite(Rewrite& rewrite) {
     const ErrorNumber readError = rewrite.reader.error;
-    if (readError == kErrorNone) FlushText(rewrite.writer);
+    if (readError == kErrorNone && rewrite.writer.file.IsOpen()) FlushText(rewrite.writer);
     CloseText(rewrite.writer);
     // Some systems let nobody rename over a file that is open.
     system::CloseFile(rewrite.reader.file);

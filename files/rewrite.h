@@ -37,6 +37,18 @@ bool OpenOldText(Rewrite& rewrite, const std::wstring& path);
 // reported (3691). `path` is that of OpenOldText where that was called.
 void BeginRewrite(Rewrite& rewrite, const std::wstring& path);
 
+// The same, but the new text is that of the file `source`, which stays. kVersion: one more link to
+// it, so that a full disk does not hinder, or a copy where it is on another volume. OpenOldText
+// comes first.
+enum class TextSource { kVersion, kCopy };
+void BeginRestoring(Rewrite& rewrite, const std::wstring& source, TextSource kind);
+
+// Takes the old text of a rewrite into the history, just before the new one replaces it, and gives
+// the name of the file that has it then; empty: none. A failure hinders nothing. Whoever keeps a
+// history sets it at start.
+using OldTextKeeper = std::wstring (*)(const Rewrite& rewrite);
+extern OldTextKeeper keepOldText;
+
 enum class RewriteEnd {
     kDone,    // the file has the new text
     kFailed,  // reported; the file has the old text
@@ -45,7 +57,8 @@ enum class RewriteEnd {
 };
 
 // Puts the new text in the target's place, and first, when a backup is kept, the old text under the
-// name BackupPath(target), too, instead of an older backup. Closes both texts.
+// name BackupPath(target), too, instead of an older backup. Then the history gets the old text
+// (keepOldText). Closes both texts.
 //
 // On failure the target is as it was, and the user is informed: the new text is kept when it is
 // whole (message 3500; 3505 when it was the backup that failed), and removed (3504) when not. No

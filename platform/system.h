@@ -77,7 +77,7 @@ struct FileStatus {
     bool isDirectory = false;
     bool isReadOnly = false;
     int64_t size = 0;         // bytes
-    int64_t modified = 0;     // time of the last write, only to be compared for equality
+    int64_t modified = 0;     // time of the last write; see LocalTimeOf
     uint32_t attributes = 0;  // as the system has them, for CopyAttributes' sake; 0 on the host
 };
 
@@ -151,6 +151,8 @@ std::wstring ProgramPath();
 std::wstring WindowsDirectory();
 // The folder of the user's application data (%APPDATA%), with a trailing "\"; empty: none.
 std::wstring UserDataDirectory();
+// The same for data that stay on this machine (%LOCALAPPDATA%).
+std::wstring LocalDataDirectory();
 
 // ---- Profile functions -------------------------------------------------------------------------
 // INI files. A name without a folder is in the Windows folder; on the host, in the folder that
@@ -183,7 +185,7 @@ struct LocalTime {
     int hour, minute, second;
 };
 LocalTime Now();
-// Of the time of a last write that a FileStamp or a FileStatus has.
+// Of a file's last write (FileStatus, FileStamp).
 LocalTime LocalTimeOf(int64_t modified);
 // In the user's short date format, and in the user's long time format.
 std::wstring ShortDateText(const LocalTime& time);

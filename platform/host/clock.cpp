@@ -8,13 +8,23 @@
 #include "platform/system.h"
 
 namespace corvane::system {
+namespace {
 
-LocalTime Now() {
-    const std::time_t now = std::time(nullptr);
+LocalTime LocalTimeAt(std::time_t time) {
     std::tm parts{};
-    localtime_r(&now, &parts);
+    localtime_r(&time, &parts);
     return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday,
             parts.tm_hour,        parts.tm_min,     parts.tm_sec};
+}
+
+}  // namespace
+
+LocalTime Now() {
+    return LocalTimeAt(std::time(nullptr));
+}
+
+LocalTime LocalTimeOf(int64_t modified) {
+    return LocalTimeAt(static_cast<std::time_t>(modified / 1'000'000'000));
 }
 
 std::wstring ShortDateText(const LocalTime& time) {

@@ -8,7 +8,6 @@
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <vector>
 
 #include "platform/host/native.h"
@@ -308,14 +307,6 @@ std::wstring LinkedFile(const std::wstring& path) {
     std::wstring linked = real != nullptr ? WindowsPath(real) : AbsolutePath(path);
     free(real);
     return linked;
-}
-
-LocalTime LocalTimeOf(int64_t modified) {
-    const std::time_t seconds = modified / kNanosecondsPerSecond;
-    std::tm parts{};
-    localtime_r(&seconds, &parts);
-    return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday,
-            parts.tm_hour,        parts.tm_min,     parts.tm_sec};
 }
 
 std::vector<std::wstring> NamesIn(const std::wstring& folder) {

@@ -54,6 +54,13 @@ std::wstring Resolved(const std::wstring& path) {
     return result;
 }
 
+// With a trailing "\"; empty where the variable is not set.
+std::wstring FolderInEnvironment(const char* variable) {
+    const char* folder = std::getenv(variable);
+    if (folder == nullptr || *folder == '\0') return {};
+    return WideFromUtf8(folder) + L'\\';
+}
+
 }  // namespace
 
 std::wstring CurrentDirectory() {
@@ -94,9 +101,11 @@ std::wstring WindowsDirectory() {
 }
 
 std::wstring UserDataDirectory() {
-    const char* folder = std::getenv("APPDATA");
-    if (folder == nullptr || *folder == '\0') return {};
-    return WideFromUtf8(folder) + L'\\';
+    return FolderInEnvironment("APPDATA");
+}
+
+std::wstring LocalDataDirectory() {
+    return FolderInEnvironment("LOCALAPPDATA");
 }
 
 std::wstring TemporaryDirectory() {

@@ -18,12 +18,25 @@ SYSTEMTIME SystemTimeOf(const LocalTime& time) {
     return result;
 }
 
+LocalTime LocalTimeFrom(const SYSTEMTIME& time) {
+    return {time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond};
+}
+
 }  // namespace
 
 LocalTime Now() {
     SYSTEMTIME now;
     GetLocalTime(&now);
-    return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond};
+    return LocalTimeFrom(now);
+}
+
+LocalTime LocalTimeOf(int64_t modified) {
+    const FILETIME written{static_cast<DWORD>(modified), static_cast<DWORD>(modified >> 32)};
+    SYSTEMTIME universal{};
+    SYSTEMTIME local{};
+    FileTimeToSystemTime(&written, &universal);
+    SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local);
+    return LocalTimeFrom(local);
 }
 
 std::wstring ShortDateText(const LocalTime& time) {

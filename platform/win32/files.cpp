@@ -295,15 +295,6 @@ std::wstring LinkedFile(const std::wstring& path) {
     return WithoutPrefix(linked);
 }
 
-LocalTime LocalTimeOf(int64_t modified) {
-    const FILETIME written{static_cast<DWORD>(modified), static_cast<DWORD>(modified >> 32)};
-    SYSTEMTIME world{};
-    SYSTEMTIME here{};
-    FileTimeToSystemTime(&written, &world);
-    SystemTimeToTzSpecificLocalTime(nullptr, &world, &here);
-    return {here.wYear, here.wMonth, here.wDay, here.wHour, here.wMinute, here.wSecond};
-}
-
 std::vector<std::wstring> NamesIn(const std::wstring& folder) {
     std::vector<std::wstring> names;
     const std::wstring all = folder.ends_with(L'\\') ? folder + L'*' : folder + L"\\*";

@@ -25,6 +25,13 @@ std::wstring WithSeparator(std::wstring folder) {
     return folder;
 }
 
+// With a trailing "\"; empty where the variable is not set.
+std::wstring FolderInEnvironment(const wchar_t* variable) {
+    return WithSeparator(TextOf([variable](DWORD size, wchar_t* buffer) {
+        return GetEnvironmentVariableW(variable, buffer, size);
+    }));
+}
+
 constexpr unsigned kTemporaryNumbers = 0x10000;
 
 }  // namespace
@@ -78,9 +85,11 @@ std::wstring WindowsDirectory() {
 }
 
 std::wstring UserDataDirectory() {
-    return WithSeparator(TextOf([](DWORD size, wchar_t* buffer) {
-        return GetEnvironmentVariableW(L"APPDATA", buffer, size);
-    }));
+    return FolderInEnvironment(L"APPDATA");
+}
+
+std::wstring LocalDataDirectory() {
+    return FolderInEnvironment(L"LOCALAPPDATA");
 }
 
 std::wstring ProgramPath() {

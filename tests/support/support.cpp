@@ -111,6 +111,14 @@ void SetTemporaryDirectory(const std::wstring& folder) {
 #endif
 }
 
+void SetLocalDataDirectory(const std::wstring& folder) {
+#if defined(_WIN32)
+    _wputenv_s(L"LOCALAPPDATA", folder.c_str());
+#else
+    setenv("LOCALAPPDATA", NativePath(folder).c_str(), 1);
+#endif
+}
+
 }  // namespace
 
 KeepCurrentDirectory::KeepCurrentDirectory() : path(system::CurrentDirectory()) {}
@@ -125,6 +133,14 @@ NoTemporaryFolder::NoTemporaryFolder() : usual(system::TemporaryDirectory()) {
 
 NoTemporaryFolder::~NoTemporaryFolder() {
     SetTemporaryDirectory(usual);
+}
+
+OwnHistory::OwnHistory() : usual(system::LocalDataDirectory()) {
+    SetLocalDataDirectory(folder.path);
+}
+
+OwnHistory::~OwnHistory() {
+    SetLocalDataDirectory(usual);
 }
 
 TemporaryFilesInMemory::TemporaryFilesInMemory() : usual(system::TemporaryDirectory()) {

@@ -31,6 +31,22 @@ private:
     std::wstring usual;
 };
 
+// While one of these lives, the history of databases is in a folder of its own (files/history.h).
+struct OwnHistory {
+    TemporaryFolder folder;
+    OwnHistory();
+    ~OwnHistory();
+    OwnHistory(const OwnHistory&) = delete;
+    OwnHistory& operator=(const OwnHistory&) = delete;
+    // Path of a file of the history: "index.txt", "1\\2.ve2".
+    std::wstring File(std::wstring_view name) const {
+        return folder.File(L"Corvane\\history\\" + std::wstring(name));
+    }
+
+private:
+    std::wstring usual;
+};
+
 // While one of these lives, temporary files are in memory, where the system has a folder for that:
 // flushing them to the disk takes no time.
 struct TemporaryFilesInMemory {
