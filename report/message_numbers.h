@@ -224,6 +224,25 @@
     X(kMsgHeldByProgram, 3692)          \
     X(kMsgAnotherProgram, 3693)         \
     X(kMsgBeingWritten, 3694)           \
+    X(kMsgDeleteOf, 3695)               \
+    X(kMsgCopyOf, 3696)                 \
+    X(kMsgImportFrom, 3697)             \
+    X(kMsgImportOfShipData, 3698)       \
+    X(kMsgChangesBy, 3699)              \
+    X(kMsgRestoreOf, 3700)              \
+    X(kMsgUndone, 3701)                 \
+    X(kMsgRedone, 3702)                 \
+    X(kMsgNoHistory, 3703)              \
+    X(kMsgChangedSince, 3704)           \
+    X(kMsgVersionChanged, 3705)         \
+    X(kMsgUndoOf, 3706)                 \
+    X(kMsgVersionsOf, 3707)             \
+    X(kMsgNoVersions, 3708)             \
+    X(kMsgModelsOfVersion, 3709)        \
+    X(kMsgVersionIsChanged, 3710)       \
+    X(kMsgCopySaved, 3711)              \
+    X(kMsgHistoryNotRead, 3712)         \
+    X(kMsgNoSuchStep, 3713)             \
     X(kMsgCancelled, 3730)              \
     X(kMsgReadingCancelled, 3731)       \
     X(kMsgLeftOvers, 3740)              \

@@ -10,6 +10,7 @@
 #include "platform/system.h"
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
+#include "shell/edit_history.h"
 #include "shell/left_overs.h"
 #include "shell/state.h"
 
@@ -81,6 +82,7 @@ void ShowWholeWindow() {
         ShowNoDatabase();
     }
     shell.view.setMainCaption(MainWindowCaption());
+    ReadUndoNames();
     shell.view.updateEnabling();
     ShowNextStep();
     if (IsRowSelected()) shell.view.focusList();

@@ -99,6 +99,7 @@ bool StartUp(const std::wstring& commandLine) {
     const std::wstring startFile = ReadCommandLine(commandLine);
     if (!CheckLibraryVersions() || !CheckRegionalSettings()) return false;
     ReadSettings(SettingsFile(), shell.settings);
+    UseHistory();
     ShowFirstWindows();
     shell.startDirectory = system::CurrentDirectory();
     WriteStartEntry();

@@ -1,10 +1,12 @@
 // The state of the process: one record, and nothing else in the program is global but what the
-// reporters and the companion libraries are called through.
+// reporters, the keeper of old texts (files/rewrite.h) and the companion libraries are called
+// through.
 #pragma once
 
 #include <string>
 #include <vector>
 
+#include "shell/edit_history.h"
 #include "shell/open_database.h"
 #include "shell/preview_pane.h"
 #include "shell/settings.h"
@@ -33,6 +35,7 @@ struct ShellState {
     ShellSettings settings;
     OpenDatabase database;  // changed by shell/open_database.h alone
     PreviewPane preview;    // changed by shell/preview_pane.h alone
+    EditHistory history;    // changed by shell/edit_history.h alone
 
     View view;
     // The main window's handle, for the user interface alone; null without a window.

@@ -118,10 +118,13 @@ bool RunProgram(ProgramRun& run, int32_t model) {
     const system::FileStatus status = DatabaseStatus();
     run.wasDatabase = IsDatabaseFile(shell.database.path);
     run.wasReadOnly = status.isReadOnly;
-    run.modified = status.modified;
+    run.kept = KeepBeforeRun(FormatMessage(
+        kMsgChangesBy, {StripExtension(FileNameOf(run.program)), WorkOf(run, model)}));
+    run.modified = DatabaseStatus().modified;
     WriteRunningMark(run.program, shell.database.path);
     run.result = RunAndWait(commandLine);
     RemoveRunningMark();
+    NoteAfterRun(run.kept);
     return true;
 }
 
@@ -151,6 +154,7 @@ void ReportRun(const ProgramRun& run) {
     } else if (!run.wasReadOnly && DatabaseStatus().isReadOnly) {
         ReportMessage(kMsgReadOnly, {path});
     }
+    ReportKept(run.kept.error);
 }
 
 }  // namespace corvane

@@ -11,6 +11,7 @@
 
 #include "database/model_kind.h"
 #include "files/running.h"
+#include "shell/edit_history.h"
 
 namespace corvane {
 
@@ -45,6 +46,7 @@ struct ProgramRun {
     bool wasDatabase = false;
     bool wasReadOnly = false;
     int64_t modified = 0;
+    KeptForRun kept;  // in the history
 };
 
 // What a program for models requires: the open database's file, and a valid ship record. What is

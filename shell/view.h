@@ -17,7 +17,8 @@ namespace corvane {
 
 struct ExportChoice;  // shell/exchange_boxes.h
 struct ImportChoice;
-struct ModelRow;  // shell/model_list.h
+struct ModelRow;       // shell/model_list.h
+struct VersionChoice;  // shell/edit_history.h
 
 // What became of a second start.
 enum class HandOver {
@@ -45,6 +46,8 @@ struct View {
     // FM_Export and FM_Inport: false when the user cancelled. The proposed name is in `choice`.
     bool (*askExport)(ExportChoice& choice) = [](ExportChoice&) { return false; };
     bool (*askImport)(ImportChoice& choice) = [](ImportChoice&) { return false; };
+    // Earlier versions: true when the chosen one is to replace the database.
+    bool (*askVersion)(VersionChoice& choice) = [](VersionChoice&) { return false; };
     // The box FM_About; `heading` is its version line.
     void (*showAbout)(const std::wstring& heading) = [](const std::wstring&) {};
 

@@ -7,6 +7,7 @@
 #include "legacy/exchange.h"
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
+#include "shell/edit_history.h"
 #include "shell/file_prompt.h"
 #include "shell/running_mark.h"
 #include "shell/state.h"
@@ -55,6 +56,7 @@ void ME_FileImportBSD_Click() {
     const std::wstring source = AskForSource();
     BasicShipData bsd;
     if (source.empty() || !ReadFrom(source, bsd) || !ConfirmErasing(source)) return;
+    const EditName edit(GetMessage(kMsgImportOfShipData));
     if (!SaveBsdToDatabase(shell.database.path, bsd)) return;
     AdoptShipRecord(bsd);
     RefreshMainWindow();

@@ -6,6 +6,7 @@
 #include "report/reporters.h"
 #include "shell/commands/bsd_commands.h"
 #include "shell/commands/create_commands.h"
+#include "shell/commands/edit_commands.h"
 #include "shell/commands/file_commands.h"
 #include "shell/commands/help_commands.h"
 #include "shell/commands/section_commands.h"
@@ -27,9 +28,16 @@ constexpr std::array kCommands = {
             EnabledWhen::kDatabaseOpen, ME_FileSaveAs_Click},
     Command{ME_FileSaveLegacy, Menu::kFile, "ME_FileSaveLegacy", L"Save as &Velk Dos...",
             EnabledWhen::kDatabaseOpen, ME_FileSaveLegacy_Click},
+    Command{ME_FileVersions, Menu::kFile, "ME_FileVersions", L"&Earlier versions...",
+            EnabledWhen::kDatabaseOpen, ME_FileVersions_Click},
     Separator(Menu::kFile),
     Command{ME_FileQuit, Menu::kFile, "ME_FileQuit", L"&Quit", EnabledWhen::kAlways,
             ME_FileQuit_Click},
+
+    Command{ME_EditUndo, Menu::kEdit, "ME_EditUndo", L"&Undo", EnabledWhen::kUndoThere,
+            ME_EditUndo_Click, ListKey::kNone, L'Z'},
+    Command{ME_EditRedo, Menu::kEdit, "ME_EditRedo", L"&Redo", EnabledWhen::kRedoThere,
+            ME_EditRedo_Click, ListKey::kNone, L'Y'},
 
     Command{ME_FileBSD, Menu::kBsd, "ME_FileBSD", L"&Open...", EnabledWhen::kDatabaseOpen,
             ME_FileBSD_Click},
@@ -97,8 +105,23 @@ bool IsEnabled(const Command& command) {
             return IsBsdThere();
         case EnabledWhen::kModelSelected:
             return IsRowSelected();
+        case EnabledWhen::kUndoThere:
+            return !shell.history.undoName.empty();
+        case EnabledWhen::kRedoThere:
+            return !shell.history.redoName.empty();
     }
     return false;
+}
+
+std::wstring CaptionNow(const Command& command) {
+    std::wstring caption = command.caption;
+    std::wstring name;
+    if (command.enabledWhen == EnabledWhen::kUndoThere) name = shell.history.undoName;
+    if (command.enabledWhen == EnabledWhen::kRedoThere) name = shell.history.redoName;
+    if (!name.empty()) caption += L' ';
+    for (const wchar_t letter : name) caption += letter == L'&' ? L"&&" : std::wstring(1, letter);
+    if (command.controlKey != 0) caption += std::wstring(L"\tCtrl+") + command.controlKey;
+    return caption;
 }
 
 bool IsMenuEnabled(Menu menu) {
@@ -115,8 +138,8 @@ void RunCommand(uint16_t id) {
 }
 
 const wchar_t* MenuCaption(Menu menu) {
-    static constexpr const wchar_t* kCaptions[kMenuCount] = {L"&File", L"&BSD", L"&Create", nullptr,
-                                                             L"&Help"};
+    static constexpr const wchar_t* kCaptions[kMenuCount] = {L"&File",   L"Ed&it", L"&BSD",
+                                                             L"&Create", nullptr,  L"&Help"};
     const wchar_t* caption = kCaptions[static_cast<size_t>(menu)];
     return caption != nullptr ? caption : SectionMenuCaption(ModelKind::kSection);
 }

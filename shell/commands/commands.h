@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 
 #include "database/model_kind.h"
 
@@ -12,14 +13,16 @@ namespace corvane {
 // What the enabling of a command asks of the program's state.
 enum class EnabledWhen {
     kAlways,
-    kDatabaseOpen,  // a database path is set
-    kBsdDefined,    // and its Basic Ship Data are valid
-    kModelSelected  // a row of the list is selected
+    kDatabaseOpen,   // a database path is set
+    kBsdDefined,     // and its Basic Ship Data are valid
+    kModelSelected,  // a row of the list is selected
+    kUndoThere,      // the history has an edit to undo
+    kRedoThere       // and one that was undone
 };
 
 // The top menus, from left to right.
-enum class Menu { kFile, kBsd, kCreate, kSection, kHelp };
-inline constexpr int kMenuCount = 5;
+enum class Menu { kFile, kEdit, kBsd, kCreate, kSection, kHelp };
+inline constexpr int kMenuCount = 6;
 
 // A key that runs a command while the list of models has the focus.
 enum class ListKey {
@@ -36,6 +39,7 @@ struct Command {
     EnabledWhen enabledWhen;
     void (*run)();  // null for a separator
     ListKey key = ListKey::kNone;
+    wchar_t controlKey = 0;  // runs it with Ctrl, wherever the focus is: a capital; 0: none
 };
 
 // Identifiers of menu items, in the order of the menus.
@@ -45,6 +49,7 @@ enum CommandId : uint16_t {
     ME_FileSaveAs,
     ME_FileSaveLegacy,
     ME_FileQuit,
+    ME_FileVersions,
     ME_FileBSD = 120,
     ME_FileImportBSD,
     ME_SectionNew = 140,
@@ -57,6 +62,8 @@ enum CommandId : uint16_t {
     ME_SectionImport,
     ME_SectionExport,
     ME_HelpAbout = 180,
+    ME_EditUndo = 200,
+    ME_EditRedo,
 };
 
 std::span<const Command> Commands();
@@ -66,6 +73,8 @@ const Command* FindCommand(uint16_t id);
 const Command* FindCommand(ListKey key);
 
 bool IsEnabled(const Command& command);
+// The caption as it is now: "&Undo" is followed by what it would undo.
+std::wstring CaptionNow(const Command& command);
 // Whether a top menu opens at all.
 bool IsMenuEnabled(Menu menu);
 // Runs a command that can be chosen now; nothing happens with any other, with an unknown identifier

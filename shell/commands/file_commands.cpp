@@ -8,6 +8,7 @@
 #include "files/paths.h"
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
+#include "shell/edit_history.h"
 #include "shell/file_prompt.h"
 #include "shell/left_overs.h"
 #include "shell/legacy_conversion.h"
@@ -124,6 +125,11 @@ void ME_FileSaveLegacy_Click() {
     SetBusyPointer();
     if (SaveAsLegacyDatabase(path)) ReportNote(kMsgSavedAsLegacy, {path});
     ResetMousePointer();
+}
+
+void ME_FileVersions_Click() {
+    VersionChoice choice = ReadVersions();
+    if (shell.view.askVersion(choice) && RequireEditable()) RestoreVersion(choice);
 }
 
 void ME_FileQuit_Click() {

@@ -27,6 +27,10 @@ void ME_FileSaveAs_Click();
 // Writes the sections of the open database into a new legacy database.
 void ME_FileSaveLegacy_Click();
 
+// Shows the earlier versions of the open database; one of them may replace it, or be saved as
+// another file.
+void ME_FileVersions_Click();
+
 // Closes the main window, and the program with it.
 void ME_FileQuit_Click();
 

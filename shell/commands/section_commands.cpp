@@ -7,6 +7,7 @@
 #include "files/paths.h"
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
+#include "shell/edit_history.h"
 #include "shell/exchange_boxes.h"
 #include "shell/file_prompt.h"
 #include "shell/model_exchange.h"
@@ -26,6 +27,7 @@ void RunOnModel(const std::wstring& program, const ModelEntry& model) {
 
 void CopyCurrentModel(const ModelEntry& model, const std::wstring& name) {
     SetBusyPointer();
+    const EditName edit(FormatMessage(kMsgCopyOf, {model.name}));
     std::wstring path = shell.database.path;
     const int32_t copy = CopyModel(
         path, {shell.database.currentModel, model.kind, name, {true, AskForWritableDatabase}});
@@ -50,8 +52,9 @@ std::wstring RemovalQuestion(const ModelEntry& model) {
                           : BoxText(kMsgNoBackupKept));
 }
 
-void RemoveCurrentModel() {
+void RemoveCurrentModel(const ModelEntry& model) {
     SetBusyPointer();
+    const EditName edit(FormatMessage(kMsgDeleteOf, {model.name}));
     const bool keepBackup = KeepsBackupOnRemoval();
     if (DeleteModel(shell.database.path, shell.database.currentModel, keepBackup)) {
         DeselectModel();
@@ -92,7 +95,7 @@ void ME_SectionRemove_Click() {
     if (!RequireCurrentModel(model) || !RequireWritableDatabase() || !ConfirmEdit()) return;
     if (!shell.view.askIrreversible(RemovalQuestion(model))) return;
     if (!RequireUnchanged(model)) return RefreshMainWindow();
-    RemoveCurrentModel();
+    RemoveCurrentModel(model);
 }
 
 void ME_SectionImport_Click() {
@@ -102,6 +105,7 @@ void ME_SectionImport_Click() {
     shell.settings.BrowseDirectory = DirectoryOf(choice.path);
     if (!RequireOtherFile(choice.path)) return;
     SetBusyPointer();
+    const EditName edit(FormatMessage(kMsgImportFrom, {FileNameOf(choice.path)}));
     ImportModels(choice);
     ResetMousePointer();
 }

@@ -27,6 +27,7 @@ void AskQuestions(View& view) {
     };
     view.askExport = [](ExportChoice& choice) { return FakeView::askExport(choice); };
     view.askImport = [](ImportChoice& choice) { return FakeView::askImport(choice); };
+    view.askVersion = [](VersionChoice& choice) { return FakeView::askVersion(choice); };
 }
 
 void ShowWindows(View& view) {
@@ -80,6 +81,7 @@ bool FakeView::answerYes;
 std::wstring FakeView::answerText;
 std::function<bool(ExportChoice&)> FakeView::askExport;
 std::function<bool(ImportChoice&)> FakeView::askImport;
+std::function<bool(VersionChoice&)> FakeView::askVersion;
 bool FakeView::previewOn;
 HandOver FakeView::handOver;
 std::vector<ModelRow> FakeView::rows;
@@ -95,6 +97,7 @@ FakeView::FakeView() : before(std::exchange(shell, ShellState())) {
     answerText.clear();
     askExport = [](ExportChoice&) { return false; };
     askImport = [](ImportChoice&) { return false; };
+    askVersion = [](VersionChoice&) { return false; };
     rows.clear();
     selected = -1;
     rule = 0;

@@ -28,6 +28,7 @@ struct FakeView {
     // In the exchange boxes; at first, cancel.
     static std::function<bool(ExportChoice&)> askExport;
     static std::function<bool(ImportChoice&)> askImport;
+    static std::function<bool(VersionChoice&)> askVersion;
     static bool previewOn;
     // Whether the instance that runs already shows a window.
     static HandOver handOver;

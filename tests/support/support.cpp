@@ -111,6 +111,8 @@ void SetTemporaryDirectory(const std::wstring& folder) {
 #endif
 }
 
+}  // namespace
+
 void SetLocalDataDirectory(const std::wstring& folder) {
 #if defined(_WIN32)
     _wputenv_s(L"LOCALAPPDATA", folder.c_str());
@@ -118,8 +120,6 @@ void SetLocalDataDirectory(const std::wstring& folder) {
     setenv("LOCALAPPDATA", NativePath(folder).c_str(), 1);
 #endif
 }
-
-}  // namespace
 
 KeepCurrentDirectory::KeepCurrentDirectory() : path(system::CurrentDirectory()) {}
 

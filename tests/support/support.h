@@ -31,6 +31,9 @@ private:
     std::wstring usual;
 };
 
+// The folder of the user's local application data is this one from now on.
+void SetLocalDataDirectory(const std::wstring& folder);
+
 // While one of these lives, the history of databases is in a folder of its own (files/history.h).
 struct OwnHistory {
     TemporaryFolder folder;

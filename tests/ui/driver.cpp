@@ -128,6 +128,8 @@ Installation::Installation() {
     fs::create_directories(folder);
     // No file of the user decides on the settings.
     SetEnvironmentVariableW(L"APPDATA", (folder + L"no user").c_str());
+    // The history of databases is the test's own.
+    SetEnvironmentVariableW(L"LOCALAPPDATA", folder.c_str());
     for (const wchar_t* file :
          {L"Corvane.exe", L"GrVelk.dll", L"BsdVelk.dll", L"ztutil32.dll", L"ZTVelk32.dll"}) {
         fs::copy_file(OwnFolder() / file, folder + file);

@@ -11,9 +11,11 @@ namespace corvane {
 namespace {
 
 int HandleMessages() {
+    const HACCEL keys = CreateKeys();
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
         const HWND window = MainHandle();
+        if (window != nullptr && TranslateAcceleratorW(window, keys, &message) != 0) continue;
         if (window != nullptr && !OpensTopMenu(window, message) &&
             IsDialogMessageW(window, &message)) {
             continue;

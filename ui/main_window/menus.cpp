@@ -1,6 +1,7 @@
 #include "ui/main_window/menus.h"
 
 #include <cwchar>
+#include <vector>
 
 #include "shell/commands/commands.h"
 
@@ -14,7 +15,7 @@ HMENU CreatePopup(Menu menu) {
         if (command.id == 0) {
             AppendMenuW(popup, MF_SEPARATOR, 0, nullptr);
         } else {
-            AppendMenuW(popup, MF_STRING, command.id, command.caption);
+            AppendMenuW(popup, MF_STRING, command.id, CaptionNow(command).c_str());
         }
     }
     return popup;
@@ -31,6 +32,14 @@ wchar_t KeyboardLetter(HMENU bar, int position) {
     GetMenuStringW(bar, static_cast<UINT>(position), caption, 64, MF_BYPOSITION);
     const wchar_t* mark = std::wcschr(caption, L'&');
     return mark == nullptr ? L'\0' : Upper(mark[1]);
+}
+
+void SetItemText(HMENU menu, UINT which, bool isPosition, std::wstring text) {
+    MENUITEMINFOW item{};
+    item.cbSize = sizeof(item);
+    item.fMask = MIIM_STRING;
+    item.dwTypeData = text.data();
+    SetMenuItemInfoW(menu, which, isPosition ? TRUE : FALSE, &item);
 }
 
 UINT Greyed(bool enabled) {
@@ -50,12 +59,7 @@ HMENU CreateMenuBar() {
 }
 
 void SetSectionMenuText(HWND window, const std::wstring& text) {
-    std::wstring caption = text;
-    MENUITEMINFOW item{};
-    item.cbSize = sizeof(item);
-    item.fMask = MIIM_STRING;
-    item.dwTypeData = caption.data();
-    SetMenuItemInfoW(GetMenu(window), static_cast<UINT>(Menu::kSection), TRUE, &item);
+    SetItemText(GetMenu(window), static_cast<UINT>(Menu::kSection), true, text);
     DrawMenuBar(window);
 }
 
@@ -65,12 +69,22 @@ void UpdateMenus(HWND window, bool locked) {
         if (command.id == 0) continue;
         const bool enabled = !locked && IsEnabled(command);
         EnableMenuItem(bar, command.id, MF_BYCOMMAND | Greyed(enabled));
+        if (command.menu == Menu::kEdit) SetItemText(bar, command.id, false, CaptionNow(command));
     }
     for (int i = 0; i < kMenuCount; ++i) {
         const bool enabled = !locked && IsMenuEnabled(static_cast<Menu>(i));
         EnableMenuItem(bar, static_cast<UINT>(i), MF_BYPOSITION | Greyed(enabled));
     }
     DrawMenuBar(window);
+}
+
+HACCEL CreateKeys() {
+    std::vector<ACCEL> keys;
+    for (const Command& command : Commands()) {
+        if (command.controlKey == 0) continue;
+        keys.push_back({FVIRTKEY | FCONTROL, static_cast<WORD>(command.controlKey), command.id});
+    }
+    return CreateAcceleratorTableW(keys.data(), static_cast<int>(keys.size()));
 }
 
 bool OpensTopMenu(HWND window, const MSG& message) {

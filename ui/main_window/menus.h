@@ -10,9 +10,13 @@ namespace corvane {
 // The bar belongs to the window that it is given to.
 HMENU CreateMenuBar();
 
+// The keys of commands, for TranslateAccelerator; they live as long as the program.
+HACCEL CreateKeys();
+
 void SetSectionMenuText(HWND window, const std::wstring& text);
 
-// Greys what cannot be chosen now: everything while the window is locked.
+// Greys what cannot be chosen now, everything while the window is locked, and shows what Undo and
+// Redo would do.
 void UpdateMenus(HWND window, bool locked);
 
 // Whether the message is Alt and the letter of a top menu of the window. A control with the same

@@ -48,7 +48,8 @@ using Captions = std::vector<std::wstring>;
 TEST(Commands, MenusHaveTheirItemsInOrder) {
     EXPECT_EQ(Items(Menu::kFile),
               (Captions{L"&New database...", L"&Open database...", L"&Save database as...",
-                        L"Save as &Velk Dos...", L"-", L"&Quit"}));
+                        L"Save as &Velk Dos...", L"&Earlier versions...", L"-", L"&Quit"}));
+    EXPECT_EQ(Items(Menu::kEdit), (Captions{L"&Undo", L"&Redo"}));
     EXPECT_EQ(Items(Menu::kBsd), (Captions{L"&Open...", L"&Import..."}));
     EXPECT_EQ(Items(Menu::kCreate),
               (Captions{L"&Section...", L"&Bulkhead Arrangement", L"&Model for Torsion"}));
@@ -61,7 +62,7 @@ TEST(Commands, MenusHaveTheirItemsInOrder) {
 TEST(Commands, TopMenusAreInOrder) {
     Captions captions;
     for (int i = 0; i < kMenuCount; ++i) captions.emplace_back(MenuCaption(static_cast<Menu>(i)));
-    EXPECT_EQ(captions, (Captions{L"&File", L"&BSD", L"&Create", L"&Section", L"&Help"}));
+    EXPECT_EQ(captions, (Captions{L"&File", L"Ed&it", L"&BSD", L"&Create", L"&Section", L"&Help"}));
 }
 
 TEST(Commands, SectionMenuIsNamedAfterTheKind) {

@@ -15,6 +15,10 @@ namespace {
 
 using test::OpenWindow;
 
+constexpr auto kBsdMenu = static_cast<UINT>(Menu::kBsd);
+constexpr auto kCreateMenu = static_cast<UINT>(Menu::kCreate);
+constexpr auto kSectionMenu = static_cast<UINT>(Menu::kSection);
+
 TEST(MainWindowWindow, RowsCarryTheirIconAndTag) {
     const OpenWindow open;
     ASSERT_EQ(open.Rows(), 14);
@@ -35,10 +39,10 @@ TEST(MainWindowWindow, SelectionOfARowSelectsItsModel) {
     open.SetSelected(9, true);
     EXPECT_EQ(shell.database.currentModel, 10);
     EXPECT_EQ(open.Text(LB_Frame), "Frame : 46");
-    EXPECT_EQ(open.MenuText(3), "Bul&khead");
+    EXPECT_EQ(open.MenuText(kSectionMenu), "Bul&khead");
     open.SetSelected(13, true);
     EXPECT_EQ(shell.database.currentModel, 14);
-    EXPECT_EQ(open.MenuText(3), "&Torsion");
+    EXPECT_EQ(open.MenuText(kSectionMenu), "&Torsion");
 }
 
 TEST(MainWindowWindow, LegendIsThereWhileASectionIsShown) {
@@ -61,15 +65,15 @@ TEST(MainWindowWindow, LosingTheSelectionEmptiesTheLabelsAndKeepsTheNumber) {
     EXPECT_EQ(shell.database.currentModel, 13);
     EXPECT_EQ(open.Text(LB_X), "");
     EXPECT_EQ(open.Text(LB_Frame), "");
-    EXPECT_EQ(open.MenuText(3), "&Section");
+    EXPECT_EQ(open.MenuText(kSectionMenu), "&Section");
 }
 
 TEST(MainWindowWindow, WithoutADatabaseListAndMenusAreDisabled) {
     const OpenWindow open(false);
     EXPECT_EQ(open.Text(TX_DataBase), "No database selected");
     EXPECT_FALSE(IsWindowEnabled(open.Control(LI_Sections)));
-    EXPECT_TRUE(open.MenuGreyed(1, MF_BYPOSITION));
-    EXPECT_TRUE(open.MenuGreyed(2, MF_BYPOSITION));
+    EXPECT_TRUE(open.MenuGreyed(kBsdMenu, MF_BYPOSITION));
+    EXPECT_TRUE(open.MenuGreyed(kCreateMenu, MF_BYPOSITION));
     EXPECT_FALSE(open.MenuGreyed(0, MF_BYPOSITION));
     EXPECT_EQ(open.Text(PAN_Help), test::Narrow(GetMessage(kMsgNoDatabaseOpen)));
 }
@@ -77,8 +81,8 @@ TEST(MainWindowWindow, WithoutADatabaseListAndMenusAreDisabled) {
 TEST(MainWindowWindow, MenuItemsAreGreyedAsTheTableSays) {
     const OpenWindow open;
     EXPECT_TRUE(IsWindowEnabled(open.Control(LI_Sections)));
-    EXPECT_FALSE(open.MenuGreyed(1, MF_BYPOSITION));
-    EXPECT_FALSE(open.MenuGreyed(2, MF_BYPOSITION));
+    EXPECT_FALSE(open.MenuGreyed(kBsdMenu, MF_BYPOSITION));
+    EXPECT_FALSE(open.MenuGreyed(kCreateMenu, MF_BYPOSITION));
     for (const Command& command : Commands()) {
         if (command.id == 0) continue;
         EXPECT_EQ(open.MenuGreyed(command.id, MF_BYCOMMAND), !IsEnabled(command)) << command.name;

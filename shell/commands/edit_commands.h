@@ -1,0 +1,10 @@
+// The commands of the Edit menu. Each puts an earlier text of the open database back, through the
+// way of every edit (shell/edit_history.h); what fails is reported, and the file is as it was.
+#pragma once
+
+namespace corvane {
+
+void ME_EditUndo_Click();
+void ME_EditRedo_Click();
+
+}  // namespace corvane
