@@ -5,10 +5,14 @@
 #include "database/editing.h"
 #include "database/scanning.h"
 #include "database/stamps.h"
+#include "files/file_system.h"
+#include "files/paths.h"
 #include "files/rewrite.h"
 #include "files/text_file.h"
 #include "platform/ztutil32.h"
 #include "report/messages.h"
+#include "shell/edit_history.h"
+#include "shell/state.h"
 #include "tests/database/bulkhead_sample.h"
 #include "tests/database/sample_database.h"
 #include "tests/database/section_sample.h"
@@ -174,9 +178,85 @@ bool Delete(const std::wstring& path) {
     return DeleteModel(path, kNumber, kKeepBackup);
 }
 
-void GiveIdentifier(char* buffer, int32_t size) {
+void CORVANE_STDCALL GiveIdentifier(char* buffer, int32_t size) {
     constexpr std::string_view kIdentifier = "{00000000-0000-0000-0000-000000000001}";
     buffer[kIdentifier.copy(buffer, static_cast<size_t>(size) - 1)] = '\0';
+}
+
+// ---- The history -------------------------------------------------------------------------------
+
+// The shell with this database open.
+void OpenInShell(const std::wstring& path) {
+    shell.database.path = path;
+    UseHistory();
+}
+
+bool DeleteWithHistory(const std::wstring& path) {
+    OpenInShell(path);
+    const EditName name(L"Delete of 'A section'");
+    return DeleteModel(path, kSection, true);
+}
+
+// The section was deleted, and no backup is there.
+void MakeDeleted(const std::wstring& path) {
+    DeleteWithHistory(path);
+    system::RemoveFile(BackupPath(path));
+}
+
+void MakeUndone(const std::wstring& path) {
+    MakeDeleted(path);
+    UndoEdit();
+    system::RemoveFile(BackupPath(path));
+}
+
+bool Undo(const std::wstring& path) {
+    OpenInShell(path);
+    return UndoEdit();
+}
+
+bool Redo(const std::wstring& path) {
+    OpenInShell(path);
+    return RedoEdit();
+}
+
+bool Restore(const std::wstring& path) {
+    OpenInShell(path);
+    const VersionChoice choice = ReadVersions();
+    return !choice.versions.empty() && RestoreVersion(choice);
+}
+
+const std::string& DeletedDatabase() {
+    static const std::string text = WithoutBlock(OldDatabase(), kSection);
+    return text;
+}
+
+// Whatever the database has, the other text comes back.
+template <const std::string& (*text)()>
+std::string Restored(const std::string&) {
+    return text();
+}
+
+Edit WithHistory(const char* name, bool (*run)(const std::wstring& path),
+                 std::string (*expected)(const std::string& oldText)) {
+    Edit edit{name, true, false, true, run, expected, false};
+    edit.keepsHistory = true;
+    return edit;
+}
+
+std::vector<Edit> HistoryEdits() {
+    Edit edit = WithHistory("delete_with_history", DeleteWithHistory, Deleted<kSection>);
+    edit.keepsText = true;
+    Edit undo = WithHistory("undo", Undo, Restored<OldDatabase>);
+    Edit restore = WithHistory("restore", Restore, Restored<OldDatabase>);
+    undo.oldText = restore.oldText = DeletedDatabase;
+    undo.prepare = restore.prepare = MakeDeleted;
+    Edit redo = WithHistory("redo", Redo, Restored<DeletedDatabase>);
+    redo.prepare = MakeUndone;
+    return {edit, undo, redo, restore};
+}
+
+void CORVANE_STDCALL GiveName(char* buffer, int32_t size) {
+    buffer[std::string_view("Anna").copy(buffer, static_cast<size_t>(size) - 1)] = '\0';
 }
 
 std::vector<Edit> MakeEdits() {
@@ -217,6 +297,7 @@ std::vector<Edit> MakeEdits() {
          Deleted<kLastSection>},
     };
     for (const Edit& edit : DosEdits()) edits.push_back(edit);
+    for (const Edit& edit : HistoryEdits()) edits.push_back(edit);
     return edits;
 }
 
@@ -238,6 +319,7 @@ void LoadLibraries() {
     FetchStructuralLines();
     CurrentStamp();
     GenerateID.pointer = GiveIdentifier;
+    LoginName.pointer = GiveName;
     UseDosLibrary();
 }
 

@@ -36,6 +36,10 @@ struct Edit {
     bool isReadAgain = false;
     // A file that another program lets others read and delete is replaced while that holds it.
     bool replacesHeld = true;
+    // What was done to the file before; null: nothing.
+    void (*prepare)(const std::wstring& path) = nullptr;
+    // The old text enters the history, in the folder of temporaries.
+    bool keepsHistory = false;
 };
 
 // GoogleTest's way to show one.

@@ -70,7 +70,14 @@ TEST_P(Flushed, AndAFailureToCloseItIsReported) {
     EXPECT_EQ(FaultAfterEnd(scene, outcome), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, Flushed, testing::ValuesIn(Edits()),
+// What closes last before the file is put in place is not its own text where a history is kept.
+std::vector<Edit> EditsWithoutHistory() {
+    std::vector<Edit> edits = Edits();
+    std::erase_if(edits, [](const Edit& edit) { return edit.keepsHistory; });
+    return edits;
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, Flushed, testing::ValuesIn(EditsWithoutHistory()),
                          [](const auto& edit) { return edit.param.name; });
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "files/file_system.h"
+#include "files/history.h"
 #include "report/messages.h"
 #include "tests/support/recorded_reports.h"
 
@@ -15,6 +16,33 @@ using test::Narrow;
 
 void RemoveAllFiles(const std::wstring& folder) {
     for (const std::wstring& name : test::FilesIn(folder)) system::RemoveFile(folder + name);
+}
+
+// The history of the scene, empty.
+void PrepareHistory(const Scene& scene) {
+    test::SetLocalDataDirectory(scene.temporaries);
+    for (const wchar_t* name : {L"Corvane", L"Corvane\\history", L"Corvane\\history\\1"}) {
+        const std::wstring folder = scene.temporaries + name;
+        system::MakeDirectory(folder);
+        RemoveAllFiles(folder + L'\\');
+    }
+}
+
+// Each version is a text that the database had, and none is lost: where the new text is in place,
+// the old one is a version. `mayLack`: it could not be kept.
+std::string FaultOfHistory(const Scene& scene, bool mayLack) {
+    if (!scene.edit.keepsHistory) return {};
+    std::vector<TextVersion> versions;
+    if (ReadHistory(scene.path, versions) != system::kErrorNone) return "unreadable history";
+    bool isKept = false;
+    for (const TextVersion& version : versions) {
+        const std::string text = test::ReadFileBytes(version.file);
+        const bool isOld = text == scene.oldText;
+        if (text != scene.newText && !isOld && text != scene.firstText) return "a torn version";
+        isKept = isKept || isOld;
+    }
+    const bool isReplaced = TextOf(scene.path) == scene.newText;
+    return isReplaced && !isKept && !mayLack ? "the old text is in no version" : "";
 }
 
 std::string OldBackup(const Scene& scene) {
@@ -37,6 +65,7 @@ std::string StrayFile(const Scene& scene, const Outcome& outcome) {
         for (const std::wstring& name : test::FilesIn(folder)) {
             const std::wstring path = folder + name;
             if (path == scene.path || path == scene.backup || path == scene.source) continue;
+            if (scene.edit.keepsHistory && name == L"Corvane") continue;
             if (IsNamed(path, outcome.messages)) continue;
             return "stray file " + Narrow(path);
         }
@@ -93,6 +122,13 @@ void Prepare(const Scene& scene) {
     if (scene.edit.startsWithFile) test::WriteFileBytes(scene.path, scene.edit.oldText());
     if (scene.edit.startsWithBackup) test::WriteFileBytes(scene.backup, kOlderBackup);
     if (scene.edit.source != nullptr) test::WriteFileBytes(scene.source, scene.edit.source());
+    if (!scene.edit.keepsHistory) return;
+    PrepareHistory(scene);
+    if (scene.edit.prepare == nullptr) return;
+    const test::RecordedReports screen;
+    LoadLibraries();
+    test::WriteFileBytes(scene.path, OldDatabase());
+    scene.edit.prepare(scene.path);
 }
 
 Outcome RunEdit(const Scene& scene, const Plan& plan) {
@@ -100,6 +136,7 @@ Outcome RunEdit(const Scene& scene, const Plan& plan) {
     LoadLibraries();
     const std::wstring usualFolder = system::TemporaryDirectory();
     SetTemporaryFolder(scene.temporaries);
+    test::SetLocalDataDirectory(scene.temporaries);
     StartFaults(plan);
     Outcome outcome;
     outcome.done = scene.edit.run(scene.path);
@@ -139,13 +176,15 @@ std::string FaultAfterDeath(const Scene& scene) {
     // The old text must not be gone before the backup that was wanted is there.
     const bool isReplaced = text == scene.newText && text != scene.oldText;
     if (isReplaced && scene.edit.keepsBackup && !isBackupOfNow) return "no backup";
-    return FaultOfSource(scene);
+    const std::string fault = FaultOfHistory(scene, false);
+    return fault.empty() ? FaultOfSource(scene) : fault;
 }
 
 std::string FaultAfterEnd(const Scene& scene, const Outcome& outcome) {
     std::string fault = outcome.done ? FaultOfSuccess(scene, outcome.messages)
                                      : FaultOfFailure(scene, outcome.messages);
     if (fault.empty()) fault = FaultOfSource(scene);
+    if (fault.empty()) fault = FaultOfHistory(scene, !outcome.calls.empty());
     return fault.empty() ? StrayFile(scene, outcome) : fault;
 }
 

@@ -22,6 +22,10 @@ LocalTime Now() {
     return {2024, 2, 29, 12, 30, 45};
 }
 
+LocalTime LocalTimeOf(int64_t) {
+    return Now();
+}
+
 std::wstring ShortDateText(const LocalTime&) {
     return L"29/02/2024";
 }

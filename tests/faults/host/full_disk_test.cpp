@@ -125,7 +125,9 @@ void FullDisk::FillUp(const Place& place) {
         const Outcome outcome = RunEdit(scene, {});
         disk.RemoveFiller();
         done = outcome.done;
-        EXPECT_FALSE(done && room == 0);
+        // What comes back from the history is on the disk already, if that is the same one.
+        const bool isThere = scene.edit.prepare != nullptr && place.temporaries;
+        EXPECT_TRUE(room > 0 || done == isThere);
         tally.Count(std::to_string(room) + " bytes of room", FaultAfterEnd(scene, outcome));
     }
     EXPECT_TRUE(done) << "with room for all";
