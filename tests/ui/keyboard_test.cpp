@@ -19,7 +19,8 @@ enum class Shows {
     kAbout,     // the same
     kExportBox,
     kImportBox,
-    kNothing  // the program ends
+    kVersionsBox,
+    kNothing  // the program ends, or the command cannot be chosen
 };
 
 // A command's way through the menus, and what it shows when no program of the suite is installed.
@@ -36,7 +37,11 @@ constexpr KeyCommand kKeyCommands[] = {
     {ME_FileOpen, 'F', 'O', Shows::kWindow, "Open database"},
     {ME_FileSaveAs, 'F', 'S', Shows::kWindow, "Save database as"},
     {ME_FileSaveLegacy, 'F', 'V', Shows::kWindow, "Save as Velk Dos"},
+    {ME_FileVersions, 'F', 'E', Shows::kVersionsBox, "Earlier versions"},
     {ME_FileQuit, 'F', 'Q', Shows::kNothing, ""},
+    // Without a history there is nothing to undo; see history_ui_test.cpp.
+    {ME_EditUndo, 'I', 'U', Shows::kNothing, ""},
+    {ME_EditRedo, 'I', 'R', Shows::kNothing, ""},
     {ME_FileBSD, 'B', 'O', Shows::kBox, "BsdEdit.exe"},
     {ME_FileImportBSD, 'B', 'I', Shows::kWindow, "Import"},
     {ME_SectionNew, 'C', 'S', Shows::kBox, "SectInput.exe"},
@@ -62,6 +67,8 @@ struct KeyboardTest : MainWindowFixture {
                 return L"FM_Export";
             case Shows::kImportBox:
                 return L"FM_Inport";
+            case Shows::kVersionsBox:
+                return L"FM_Versions";
             default:
                 return L"#32770";
         }

@@ -56,6 +56,11 @@ enum ControlId : int {
     // The box of a long operation.
     LB_Progress = 1400,
     PB_Progress,
+    // Earlier versions, which also has LB_Sections and LI_Sections.
+    LB_Versions = 1420,  // names LI_Versions
+    LI_Versions,
+    BT_Restore,
+    BT_SaveCopy,
 };
 
 inline constexpr int kRuleSetCount = 3;
@@ -70,5 +75,6 @@ inline constexpr wchar_t kInputBoxClass[] = L"InputBox";
 inline constexpr wchar_t kExportBoxClass[] = L"FM_Export";
 inline constexpr wchar_t kImportBoxClass[] = L"FM_Inport";
 inline constexpr wchar_t kProgressClass[] = L"Progress";
+inline constexpr wchar_t kVersionsBoxClass[] = L"FM_Versions";
 
 }  // namespace corvane

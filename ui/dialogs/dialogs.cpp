@@ -112,6 +112,13 @@ void OnCommand(HWND window, const Notification& notification) {
     }
 }
 
+void OnNotify(HWND window, const NMHDR& header) {
+    const OpenDialog& dialog = StateOf(window);
+    if (dialog.kind.notify == nullptr) return;
+    dialog.kind.notify(window, dialog.contents,
+                       {static_cast<int>(header.idFrom), static_cast<int>(header.code)});
+}
+
 // TRUE: the message needs nothing more. Of WM_CTLCOLORSTATIC the background's brush.
 INT_PTR HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
@@ -122,6 +129,9 @@ INT_PTR HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_COMMAND:
             OnCommand(window, {LOWORD(wParam), HIWORD(wParam)});
             return TRUE;
+        case WM_NOTIFY:
+            OnNotify(window, *reinterpret_cast<const NMHDR*>(lParam));
+            return FALSE;
         case WM_DRAWITEM:
             if (StateOf(window).kind.draw == nullptr) return FALSE;
             StateOf(window).kind.draw(StateOf(window).contents,

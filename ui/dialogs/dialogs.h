@@ -11,7 +11,7 @@ namespace corvane {
 
 struct Notification {
     int control;
-    int code;  // BN_..., LBN_..., CBN_...
+    int code;  // BN_..., LBN_..., CBN_..., LVN_...
 };
 
 // One kind of dialog. `contents` is what RunDialog was given.
@@ -29,7 +29,7 @@ struct DialogKind {
     bool (*accept)(HWND window, void* contents) = nullptr;
     // The background of a label, and its text's colour; null where the system decides.
     HBRUSH (*colour)(HWND label, HDC dc) = nullptr;
-    // The user did something with a control other than OK and Cancel (WM_COMMAND).
+    // The user did something with a control other than OK and Cancel (WM_COMMAND, WM_NOTIFY).
     void (*notify)(HWND window, void* contents, const Notification& notification) = nullptr;
     // Draws an item of a control that leaves this to its owner.
     void (*draw)(void* contents, const DRAWITEMSTRUCT& item) = nullptr;

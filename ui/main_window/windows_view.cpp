@@ -10,6 +10,7 @@
 #include "ui/dialogs/input_box.h"
 #include "ui/dialogs/progress_box.h"
 #include "ui/dialogs/splash.h"
+#include "ui/dialogs/versions_box.h"
 #include "ui/main_window/main_window_view.h"
 #include "ui/main_window/running_instance.h"
 
@@ -66,6 +67,7 @@ View WindowsView() {
     view.askText = AskText;
     view.askExport = AskExport;
     view.askImport = [](ImportChoice& choice) { return AskImport(choice); };
+    view.askVersion = AskVersion;
     view.showAbout = [](const std::wstring& heading) { ShowAbout(heading); };
     view.showSplash = [](const std::wstring& title) { ShowSplash(title); };
     view.handToRunningInstance = HandToRunningInstance;
