@@ -232,13 +232,13 @@ int32_t DatabaseNumber(HistoryIndex& index, const std::wstring& path,
     return number;
 }
 
-// What the disk has of a version. False: nothing.
+// What the disk has of a version. False: nothing. A file that cannot be looked at now is there.
 bool LookAtFile(TextVersion& version) {
     version.file = FileOf(version);
     system::FileStatus status;
-    if (system::GetFileStatus(version.file, status) != kErrorNone || !status.exists) return false;
+    if (system::GetFileStatus(version.file, status) != kErrorNone) return true;
     version.isChanged = status.size != version.old.size || status.modified != version.kept;
-    return true;
+    return status.exists;
 }
 
 void DropLinesWithoutFile(HistoryIndex& index, int32_t database) {
