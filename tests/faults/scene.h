@@ -39,7 +39,7 @@ void Prepare(const Scene& scene);
 Outcome RunEdit(const Scene& scene, const Plan& plan);
 // Runs the edit without a fault; a test fails when that does not give the text that it must give.
 void Measure(Scene& scene);
-// A file's bytes, kMissing when there is none.
+// A file's bytes; kMissing when it is not there.
 inline constexpr char kMissing[] = "missing";
 std::string TextOf(const std::wstring& path);
 
