@@ -211,7 +211,7 @@ FakeCatalogue::~FakeCatalogue() {
 }
 
 std::map<int32_t, std::string> CatalogueTexts() {
-    constexpr int32_t kLastNumber = 3749;
+    constexpr int32_t kLastNumber = 3849;
     std::map<int32_t, std::string> texts;
     std::array<char, 3000> buffer;
     for (int32_t number = 1; number <= kLastNumber; ++number) {
