@@ -32,28 +32,44 @@ double FrameX(const BasicShipData& bsd, int frame) {
     return x;
 }
 
-NearestFrameResult NearestFrame(const BasicShipData& bsd, double x) {
-    if (ZoneCount(bsd) == 0) return {};
+FrameTable FramesOf(const BasicShipData& bsd) {
+    FrameTable frames;
+    if (ZoneCount(bsd) == 0) return frames;
     const int first = bsd.FrameNumbers(0);
     const int last = bsd.FrameNumbers(ZoneCount(bsd));
-    NearestFrameResult nearest{false, 0, kFarthest};
-    const auto consider = [&](int frame, double frameX) {
-        if (frame < first || frame > last) return;
-        const double distance = std::fabs(frameX - x);
-        const bool tie = nearest.found && distance == nearest.distance;
-        if (distance < nearest.distance || (tie && frame < nearest.frame)) {
-            nearest = {true, frame, distance};
-        }
+    const auto add = [&](int frame, double x) {
+        if (frame >= first && frame <= last && std::isfinite(x)) frames.push_back({x, frame});
     };
     // From frame 0 in both directions, so that every frame's x is summed as in FrameX.
-    double frameX = bsd.FrameZeroX;
-    consider(0, frameX);
-    for (int frame = 1; frame <= last; ++frame) consider(frame, frameX += Spacing(bsd, frame));
-    frameX = bsd.FrameZeroX;
-    for (int frame = -1; frame >= first; --frame) {
-        consider(frame, frameX -= Spacing(bsd, frame + 1));
+    double x = bsd.FrameZeroX;
+    add(0, x);
+    for (int frame = 1; frame <= last; ++frame) add(frame, x += Spacing(bsd, frame));
+    x = bsd.FrameZeroX;
+    for (int frame = -1; frame >= first; --frame) add(frame, x -= Spacing(bsd, frame + 1));
+    std::ranges::sort(frames);
+    return frames;
+}
+
+NearestFrameResult NearestFrame(const FrameTable& frames, double x) {
+    NearestFrameResult nearest{false, 0, kFarthest};
+    const auto consider = [&](FrameTable::const_iterator frame) {
+        const double distance = std::fabs(frame->x - x);
+        const bool tie = nearest.found && distance == nearest.distance;
+        if (distance < nearest.distance || (tie && frame->number < nearest.frame)) {
+            nearest = {true, frame->number, distance};
+        }
+    };
+    const auto fore = std::ranges::lower_bound(frames, x, {}, &Frame::x);
+    if (fore != frames.end()) consider(fore);
+    // The first of those that are at the place before.
+    if (fore != frames.begin()) {
+        consider(std::ranges::lower_bound(frames, (fore - 1)->x, {}, &Frame::x));
     }
     return nearest.found ? nearest : NearestFrameResult();
+}
+
+NearestFrameResult NearestFrame(const BasicShipData& bsd, double x) {
+    return NearestFrame(FramesOf(bsd), x);
 }
 
 }  // namespace corvane

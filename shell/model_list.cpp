@@ -2,7 +2,9 @@
 
 #include <array>
 
+#include "bsd/frames.h"
 #include "database/listing.h"
+#include "platform/letter_case.h"
 #include "report/reporters.h"
 #include "text/numbers.h"
 
@@ -32,8 +34,12 @@ ModelRow RowOf(const ModelEntry& model) {
 }
 
 template <std::wstring ModelRow::* field>
-const std::wstring& Field(const ModelRow& row) {
+std::wstring Field(const ModelRow& row) {
     return row.*field;
+}
+
+std::wstring FrameOf(const ModelRow& row) {
+    return row.frame ? std::to_wstring(*row.frame) : std::wstring();
 }
 
 }  // namespace
@@ -49,6 +55,7 @@ std::span<const ModelColumn> ModelColumns() {
         ModelColumn{L"X", true, L"0000.000", Field<&ModelRow::x>},
         ModelColumn{L"Id", true, L"0000", Field<&ModelRow::id>},
         ModelColumn{L"Type", false, L"Bulkhead", Field<&ModelRow::type>},
+        ModelColumn{L"Frame", true, L"Frame", FrameOf},
     };
     return kColumns;
 }
@@ -67,6 +74,22 @@ bool FillModelList(const std::wstring& path, std::vector<ModelRow>& rows) {
     for (const ModelEntry& model : models) rows.push_back(RowOf(model));
     ShowStatus(L"");
     return true;
+}
+
+std::wstring NamesInLowerCase(const std::vector<ModelRow>& rows, const std::vector<int>& indexes) {
+    std::wstring names;
+    for (const int index : indexes) names += rows[static_cast<size_t>(index)].name;
+    return system::InLowerCase(names);
+}
+
+void FillInFrames(const BasicShipData& bsd, std::vector<ModelRow>& rows) {
+    const FrameTable frames = FramesOf(bsd);
+    for (ModelRow& row : rows) {
+        row.frame.reset();
+        if (row.x.empty()) continue;
+        const NearestFrameResult nearest = NearestFrame(frames, double{row.x_m});
+        if (nearest.found) row.frame = nearest.frame;
+    }
 }
 
 }  // namespace corvane

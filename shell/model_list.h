@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "bsd/basic_ship_data.h"
 #include "database/model_kind.h"
 #include "database/scanning.h"
 
@@ -24,10 +26,15 @@ struct ModelRow {
     int64_t offset = 0;       // of its block in the file
     system::FileStamp stamp;  // of the file that was listed
     float x_m = -1;           // position
+    // The frame nearest to the position (FillInFrames); none without a position or without frames.
+    std::optional<int> frame;
     ModelKind kind = ModelKind::kSection;
 };
 // Where the row's model is; the number alone where that does not lead to it.
 BlockPlace PlaceOf(const ModelRow& row);
+
+// The columns from left to right.
+enum class ListColumn { kName, kX, kNumber, kKind, kFrame };
 
 // A column of the list. The first one has the icons and what the others leave of the list's width.
 struct ModelColumn {
@@ -35,10 +42,10 @@ struct ModelColumn {
     bool alignsRight;
     // A text as long as the column is wide; null for the first one.
     const wchar_t* sample;
-    const std::wstring& (*text)(const ModelRow& row);
+    std::wstring (*text)(const ModelRow& row);
 };
 
-// The columns from left to right: "Name", "X", "Id", "Type".
+// The columns "Name", "X", "Id", "Type" and "Frame".
 std::span<const ModelColumn> ModelColumns();
 
 // Reads the models of a database, in file order, with status message 621 meanwhile. A read fault is
@@ -47,5 +54,11 @@ std::vector<ModelRow> FillModelList(const std::wstring& path);
 // The same. False, and the rows as they were, when the user has cancelled, which is noted in the
 // status line.
 bool FillModelList(const std::wstring& path, std::vector<ModelRow>& rows);
+
+// The names of some rows, in lower case and one after the other: the system is asked only once.
+std::wstring NamesInLowerCase(const std::vector<ModelRow>& rows, const std::vector<int>& indexes);
+
+// Gives each row the frame of the ship that is nearest to its position.
+void FillInFrames(const BasicShipData& bsd, std::vector<ModelRow>& rows);
 
 }  // namespace corvane

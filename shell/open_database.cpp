@@ -34,6 +34,23 @@ std::vector<ModelRow>::const_iterator CurrentRow(const OpenDatabase& database) {
     return std::ranges::find(database.rows, database.currentModel, &ModelRow::tag);
 }
 
+// The line of the current model's row; -1 when there is no such row, and when no line shows it.
+int CurrentLine() {
+    const OpenDatabase& database = shell.database;
+    const auto row = CurrentRow(database);
+    return row == database.rows.end() ? -1
+                                      : LineOfRow(static_cast<size_t>(row - database.rows.begin()));
+}
+
+// Shows the lines and selects the current model's. Returns whether there is one.
+bool ShowLines() {
+    ArrangeLines();
+    shell.view.setLines(LineCount());
+    const int line = CurrentLine();
+    shell.view.selectLine(line);
+    return line >= 0;
+}
+
 // Shows the rows and selects the current model's, when there is such a row; the first one, when
 // there was no current model.
 void ShowModels() {
@@ -42,35 +59,40 @@ void ShowModels() {
     if (database.currentModel == 0) {
         database.currentModel = database.rows.empty() ? 1 : database.rows.front().tag;
     }
-    shell.view.setRows(database.rows);
-    const auto current = CurrentRow(database);
-    if (current == database.rows.end()) {
-        shell.view.selectRow(-1);
+    FillInFrames(database.bsd, database.rows);
+    if (ShowLines()) {
+        ShowModel(*CurrentRow(database));
+    } else {
         DeselectModel();
-        return;
     }
-    shell.view.selectRow(static_cast<int>(current - database.rows.begin()));
-    ShowModel(*current);
+}
+
+// The list may ask for its lines before they are made of these rows.
+void AdoptRows(std::vector<ModelRow> rows) {
+    ForgetLines();
+    shell.database.rows = std::move(rows);
 }
 
 // Lists the models again. When the user cancels, the list stays as it was; without one, no database
 // is open.
 bool ListModelsAgain() {
     OpenDatabase& database = shell.database;
-    if (FillModelList(database.path, database.rows)) {
+    std::vector<ModelRow> rows;
+    if (FillModelList(database.path, rows)) {
+        AdoptRows(std::move(rows));
         database.isListed = true;
         return true;
     }
     if (database.isListed) return false;
+    AdoptRows({});
     database = OpenDatabase();
     return false;
 }
 
 void ShowNoDatabase() {
     shell.view.setDatabaseText(L"No database selected");
-    shell.database.rows.clear();
-    shell.view.setRows({});
-    shell.view.selectRow(-1);
+    AdoptRows({});
+    ShowLines();
     DeselectModel();
 }
 
@@ -85,7 +107,7 @@ void ShowWholeWindow() {
     ReadUndoNames();
     shell.view.updateEnabling();
     ShowNextStep();
-    if (IsRowSelected()) shell.view.focusList();
+    if (IsLineSelected()) shell.view.focusList();
     ResetMousePointer();
 }
 
@@ -99,7 +121,7 @@ void AdoptDatabase(const std::wstring& path, const BasicShipData& bsd) {
     shell.database.path = path;
     shell.database.bsd = bsd;
     shell.database.currentModel = 0;
-    shell.database.rows.clear();
+    AdoptRows({});
     shell.database.isListed = false;
     shell.preview = PreviewPane();
 }
@@ -108,7 +130,7 @@ void ShowDatabase(const std::wstring& path, const BasicShipData& bsd) {
     std::vector<ModelRow> rows;
     if (!FillModelList(path, rows)) return ResetMousePointer();
     AdoptDatabase(path, bsd);
-    shell.database.rows = std::move(rows);
+    AdoptRows(std::move(rows));
     shell.database.isListed = true;
     ShowWholeWindow();
     ReportLeftOvers(path);
@@ -170,12 +192,20 @@ void ShowNextStep() {
     if (!IsBsdDefined(shell.database.bsd)) ReportStatus(kMsgInputBsdFirst);
 }
 
-void SelectRow(int index) {
-    ShowModel(shell.database.rows.at(static_cast<size_t>(index)));
+void ShowLinesAgain() {
+    const int selected = shell.view.selectedLine();
+    ArrangeLines();
+    shell.view.setLines(LineCount());
+    shell.view.selectLine(selected < 0 ? -1 : CurrentLine());
+    shell.view.updateEnabling();
 }
 
-void ShowSelectedRowAgain() {
-    if (IsRowSelected()) SelectRow(shell.view.selectedRow());
+void SelectLine(int line) {
+    ShowModel(RowOfLine(line));
+}
+
+void ShowSelectedLineAgain() {
+    if (IsLineSelected()) SelectLine(shell.view.selectedLine());
 }
 
 void DeselectModel() {
@@ -185,8 +215,8 @@ void DeselectModel() {
     shell.view.updateEnabling();
 }
 
-bool IsRowSelected() {
-    return shell.view.selectedRow() >= 0;
+bool IsLineSelected() {
+    return shell.view.selectedLine() >= 0;
 }
 
 std::wstring MainWindowCaption() {

@@ -21,7 +21,7 @@ struct OpenDatabase {
     BasicShipData bsd;           // its ship record; fresh where the file has none
     std::vector<ModelRow> rows;  // as RefreshMainWindow listed them last
     bool isListed = false;       // whether the rows are those of this database
-    // Number of the selected model, that of its block; 0 none yet. It stays when no row is
+    // Number of the selected model, that of its block; 0 none yet. It stays when no line is
     // selected: after the last model was deleted no row has it.
     int32_t currentModel = 0;
     // Where its block was when it was selected. It distinguishes rows that have one number.
@@ -65,15 +65,18 @@ void RefreshMainWindow();
 // valid ship record, otherwise empty. A red line, and one that reported a success, is cleared.
 void ShowNextStep();
 
-// Row `index`, 0 the first, was clicked or reached by the keyboard: its model becomes the current
-// one, and preview, labels, buttons and the Section menu follow it.
-void SelectRow(int index);
-// The selected row is shown again, after the preview was switched on or off.
-void ShowSelectedRowAgain();
-// No row is selected: preview and labels are empty, and the Section menu has its own name again.
+// The list in another order; the selected model stays selected.
+void ShowLinesAgain();
+
+// A line of the list was clicked or reached by the keyboard: its model becomes the current one, and
+// preview, labels, buttons and the Section menu follow it.
+void SelectLine(int line);
+// The selected line is shown again, after the preview was switched on or off.
+void ShowSelectedLineAgain();
+// No line is selected: preview and labels are empty, and the Section menu has its own name again.
 // The current model's number stays.
 void DeselectModel();
-bool IsRowSelected();
+bool IsLineSelected();
 
 // Title - file name - ship name; the title alone without a database. The ship's name is stored back
 // trimmed.

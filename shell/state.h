@@ -10,6 +10,7 @@
 #include "shell/open_database.h"
 #include "shell/preview_pane.h"
 #include "shell/settings.h"
+#include "shell/shown_list.h"
 #include "shell/view.h"
 
 namespace corvane {
@@ -34,6 +35,7 @@ struct ShellState {
 
     ShellSettings settings;
     OpenDatabase database;  // changed by shell/open_database.h alone
+    ShownList list;         // changed by shell/shown_list.h alone
     PreviewPane preview;    // changed by shell/preview_pane.h alone
     EditHistory history;    // changed by shell/edit_history.h alone
 

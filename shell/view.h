@@ -8,7 +8,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "database/model_kind.h"
 #include "report/reporters.h"
@@ -17,7 +16,6 @@ namespace corvane {
 
 struct ExportChoice;  // shell/exchange_boxes.h
 struct ImportChoice;
-struct ModelRow;       // shell/model_list.h
 struct VersionChoice;  // shell/edit_history.h
 
 // What became of a second start.
@@ -71,11 +69,12 @@ struct View {
     // ---- The main window -----------------------------------------------------------------------
 
     void (*setDatabaseText)(const std::wstring& text) = [](const std::wstring&) {};  // TX_DataBase
-    // LI_Sections: all rows again, none of them selected.
-    void (*setRows)(const std::vector<ModelRow>& rows) = [](const std::vector<ModelRow>&) {};
-    // Indexes of rows, 0 the first; -1 none.
-    void (*selectRow)(int index) = [](int) {};
-    int (*selectedRow)() = [] { return -1; };
+    // LI_Sections: so many lines, none of them selected. What is in a line, and in which order they
+    // are, is asked for (shell/shown_list.h).
+    void (*setLines)(int count) = [](int) {};
+    // 0 is the topmost line; -1 none.
+    void (*selectLine)(int line) = [](int) {};
+    int (*selectedLine)() = [] { return -1; };
     void (*focusList)() = [] {};
 
     bool (*isPreviewOn)() = [] { return false; };  // OP_Preview

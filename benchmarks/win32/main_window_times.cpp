@@ -63,9 +63,9 @@ void Paint(HWND window) {
     GdiFlush();
 }
 
-// Selects the row as the user does: the list notifies the window.
-void Click(HWND window, int row) {
-    SelectModelRow(GetDlgItem(window, LI_Sections), row);
+// Selects the line as the user does: the list notifies the window.
+void Click(HWND window, int line) {
+    SelectListLine(GetDlgItem(window, LI_Sections), line);
     Paint(window);
 }
 
@@ -88,8 +88,8 @@ int MeasureWindow(const std::wstring& path) {
               RefreshMainWindow();
               Paint(window);
           }));
-    int row = models / 2;
-    Print("click", Measure([&] { Click(window, row++); }));
+    int line = models / 2;
+    Print("click", Measure([&] { Click(window, line++); }));
     return shell.database.currentModel == models / 2 + 5 ? 0 : 1;
 }
 

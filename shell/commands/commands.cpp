@@ -10,6 +10,7 @@
 #include "shell/commands/file_commands.h"
 #include "shell/commands/help_commands.h"
 #include "shell/commands/section_commands.h"
+#include "shell/commands/view_commands.h"
 #include "shell/state.h"
 
 namespace corvane {
@@ -17,6 +18,14 @@ namespace {
 
 constexpr Command Separator(Menu menu) {
     return {0, menu, "", L"", EnabledWhen::kAlways, nullptr};
+}
+
+template <ListColumn column>
+constexpr Command SortBy(uint16_t id, const char* name, const wchar_t* caption) {
+    Command command{id, Menu::kView, name, caption, EnabledWhen::kAlways, nullptr};
+    command.run = [] { SortByColumn(column); };
+    command.isChecked = [] { return IsSortedBy(column); };
+    return command;
 }
 
 constexpr std::array kCommands = {
@@ -38,6 +47,16 @@ constexpr std::array kCommands = {
             ME_EditUndo_Click, ListKey::kNone, L'Z'},
     Command{ME_EditRedo, Menu::kEdit, "ME_EditRedo", L"&Redo", EnabledWhen::kRedoThere,
             ME_EditRedo_Click, ListKey::kNone, L'Y'},
+
+    SortBy<ListColumn::kName>(ME_ViewSortName, "ME_ViewSortName", L"Sort by &name"),
+    SortBy<ListColumn::kX>(ME_ViewSortX, "ME_ViewSortX", L"Sort by &X"),
+    SortBy<ListColumn::kNumber>(ME_ViewSortNumber, "ME_ViewSortNumber", L"Sort by n&umber"),
+    SortBy<ListColumn::kKind>(ME_ViewSortKind, "ME_ViewSortKind", L"Sort by &kind"),
+    SortBy<ListColumn::kFrame>(ME_ViewSortFrame, "ME_ViewSortFrame", L"Sort by &frame"),
+    Command{ME_ViewFileOrder, Menu::kView, "ME_ViewFileOrder", L"File &order", EnabledWhen::kAlways,
+            ME_ViewFileOrder_Click, ListKey::kNone, 0, IsInFileOrder},
+    Command{ME_ViewDescending, Menu::kView, "ME_ViewDescending", L"&Descending",
+            EnabledWhen::kAlways, ME_ViewDescending_Click, ListKey::kNone, 0, IsDescending},
 
     Command{ME_FileBSD, Menu::kBsd, "ME_FileBSD", L"&Open...", EnabledWhen::kDatabaseOpen,
             ME_FileBSD_Click},
@@ -104,7 +123,7 @@ bool IsEnabled(const Command& command) {
         case EnabledWhen::kBsdDefined:
             return IsBsdThere();
         case EnabledWhen::kModelSelected:
-            return IsRowSelected();
+            return IsLineSelected();
         case EnabledWhen::kUndoThere:
             return !shell.history.undoName.empty();
         case EnabledWhen::kRedoThere:
@@ -138,8 +157,8 @@ void RunCommand(uint16_t id) {
 }
 
 const wchar_t* MenuCaption(Menu menu) {
-    static constexpr const wchar_t* kCaptions[kMenuCount] = {L"&File",   L"Ed&it", L"&BSD",
-                                                             L"&Create", nullptr,  L"&Help"};
+    static constexpr const wchar_t* kCaptions[kMenuCount] = {
+        L"&File", L"Ed&it", L"&View", L"&BSD", L"&Create", nullptr, L"&Help"};
     const wchar_t* caption = kCaptions[static_cast<size_t>(menu)];
     return caption != nullptr ? caption : SectionMenuCaption(ModelKind::kSection);
 }

@@ -21,8 +21,8 @@ enum class EnabledWhen {
 };
 
 // The top menus, from left to right.
-enum class Menu { kFile, kEdit, kBsd, kCreate, kSection, kHelp };
-inline constexpr int kMenuCount = 6;
+enum class Menu { kFile, kEdit, kView, kBsd, kCreate, kSection, kHelp };
+inline constexpr int kMenuCount = 7;
 
 // A key that runs a command while the list of models has the focus.
 enum class ListKey {
@@ -39,7 +39,8 @@ struct Command {
     EnabledWhen enabledWhen;
     void (*run)();  // null for a separator
     ListKey key = ListKey::kNone;
-    wchar_t controlKey = 0;  // runs it with Ctrl, wherever the focus is: a capital; 0: none
+    wchar_t controlKey = 0;         // runs it with Ctrl, wherever the focus is: a capital; 0: none
+    bool (*isChecked)() = nullptr;  // whether the item has a check mark; null: never
 };
 
 // Identifiers of menu items, in the order of the menus.
@@ -64,6 +65,13 @@ enum CommandId : uint16_t {
     ME_HelpAbout = 180,
     ME_EditUndo = 200,
     ME_EditRedo,
+    ME_ViewSortName = 220,
+    ME_ViewSortX,
+    ME_ViewSortNumber,
+    ME_ViewSortKind,
+    ME_ViewSortFrame,
+    ME_ViewFileOrder,
+    ME_ViewDescending,
 };
 
 std::span<const Command> Commands();

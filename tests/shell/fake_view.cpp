@@ -45,12 +45,14 @@ void ShowWindows(View& view) {
 
 void ShowContents(View& view) {
     view.setDatabaseText = [](const std::wstring& text) { FakeView::database = text; };
-    view.setRows = [](const std::vector<ModelRow>& all) {
-        FakeView::rows = all;
-        kRecord("rows " + std::to_string(all.size()));
+    view.setLines = [](int count) {
+        FakeView::rows.clear();
+        for (int line = 0; line < count; ++line) FakeView::rows.push_back(RowOfLine(line));
+        FakeView::selected = -1;
+        kRecord("rows " + std::to_string(count));
     };
-    view.selectRow = [](int index) { FakeView::selected = index; };
-    view.selectedRow = [] { return FakeView::selected; };
+    view.selectLine = [](int line) { FakeView::selected = line; };
+    view.selectedLine = [] { return FakeView::selected; };
     view.focusList = [] { kRecord("focus list"); };
     view.isPreviewOn = [] { return FakeView::previewOn; };
     view.redrawPreview = [] { kRecord("redraw preview"); };

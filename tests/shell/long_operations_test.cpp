@@ -32,7 +32,7 @@ struct LongOperations : CommandTest {
         path = shell.database.path;
         before = ReadFileBytes(path);
         RefreshMainWindow();
-        SelectRow(1);
+        SelectLine(1);
     }
 
     // From now on everything takes long, and the user cancels at the time `time` at which something

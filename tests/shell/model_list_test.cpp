@@ -82,6 +82,33 @@ TEST(ModelList, PositionsHaveThreeDecimals) {
     }
 }
 
+TEST(ModelList, ColumnFrameShowsTheNearestFrameOfTheShip) {
+    ShownDatabase window;
+    window.Open("DATABASE\r\n" + Block(1, "SECTION", "Between", " 12.6 ") +
+                Block(2, "TORSION", "Girder", " 7 ") + Block(3, "SECTION", "Aft", " 0 "));
+    const auto frames = [] {
+        Events texts;
+        for (const ModelRow& row : FakeView::rows) {
+            texts.push_back(Narrow(ModelColumns().back().text(row)));
+        }
+        return texts;
+    };
+    RefreshMainWindow();
+    EXPECT_EQ(frames(), (Events{"", "", ""})) << "a ship without frames";
+    shell.database.bsd.FrameZoneCount = 1;
+    shell.database.bsd.FrameNumbers(0) = -3;
+    shell.database.bsd.FrameNumbers(1) = 100;
+    shell.database.bsd.ZoneSpacing(1) = 1;
+    RefreshMainWindow();
+    EXPECT_EQ(frames(), (Events{"13", "", "0"}));
+}
+
+TEST(ModelList, ColumnsAreInOrder) {
+    Events titles;
+    for (const ModelColumn& column : ModelColumns()) titles.push_back(Narrow(column.title));
+    EXPECT_EQ(titles, (Events{"Name", "X", "Id", "Type", "Frame"}));
+}
+
 TEST(ModelList, StatusShowsThePathWhileTheListIsFilledAndIsThenCleared) {
     ShownDatabase window;
     window.Open(Database(1));

@@ -152,7 +152,7 @@ TEST(OpenDatabaseTest, SelectedModelBecomesTheCurrentOne) {
     ShownDatabase window;
     window.Open(Database(3));
     RefreshMainWindow();
-    SelectRow(1);
+    SelectLine(1);
     EXPECT_EQ(shell.database.currentModel, 2);
     EXPECT_EQ(FakeView::position, L"X = 20 m");
 }
@@ -163,9 +163,9 @@ TEST(OpenDatabaseTest, SectionMenuFollowsTheKindOfTheSelectedModel) {
                 Block(3, "TORSION", "T", " 3 "));
     RefreshMainWindow();
     EXPECT_EQ(FakeView::menu, L"&Section");
-    SelectRow(1);
+    SelectLine(1);
     EXPECT_EQ(FakeView::menu, L"Bul&khead");
-    SelectRow(2);
+    SelectLine(2);
     EXPECT_EQ(FakeView::menu, L"&Torsion");
     DeselectModel();
     EXPECT_EQ(FakeView::menu, L"&Section");
@@ -190,7 +190,7 @@ TEST(OpenDatabaseTest, SelectionAfterTheFileIsGoneSaysSoAndShowsNoPosition) {
         RefreshMainWindow();
         RecordedReports::events.clear();
         shell.database.path = window.folder.File(L"gone.ve2");
-        SelectRow(0);
+        SelectLine(0);
         EXPECT_EQ(FakeView::position, L"");
         EXPECT_EQ(FakeView::frame, L"");
         EXPECT_EQ(RecordedReports::Of("warning"),
@@ -224,7 +224,7 @@ TEST(OpenDatabaseTest, RowsCarryTheNumbersOfTheirBlocks) {
     const int32_t numbers[] = {1, 3, 2, 40, 5};
     const char* const positions[] = {"X = 10 m", "X = 20 m", "X = 30 m", "X = 40 m", "X = 50 m"};
     for (int row = 0; row < 5; ++row) {
-        SelectRow(row);
+        SelectLine(row);
         EXPECT_EQ(shell.database.currentModel, numbers[row]);
         EXPECT_EQ(Narrow(FakeView::position), positions[row]);
         RefreshMainWindow();
@@ -248,11 +248,11 @@ TEST(OpenDatabaseTest, RowWithoutItsOwnNumberShowsItsPositionAndNoPicture) {
     RefreshMainWindow();
     const char* const positions[] = {"X = 10 m", "X = 20 m", "X = 30 m", "X = 40 m", "X = 50 m"};
     for (int row = 1; row < 5; ++row) {
-        SelectRow(row);
+        SelectLine(row);
         EXPECT_EQ(Narrow(FakeView::position), positions[row]);
         EXPECT_FALSE(shell.preview.isShown);
     }
-    SelectRow(2);
+    SelectLine(2);
     RefreshMainWindow();
     EXPECT_EQ(FakeView::selected, 2) << "not the other model of that number";
 }
@@ -307,8 +307,8 @@ TEST(OpenDatabaseTest, ButtonsFollowTheKindOfTheSelectedModel) {
     window.Open("DATABASE\r\n" + Block(1, "SECTION", "S", " 1 ") + Block(2, "BHA", "B", " 2 ") +
                 Block(3, "TORSION", "T", " 3 "));
     RefreshMainWindow();
-    SelectRow(1);
-    SelectRow(2);
+    SelectLine(1);
+    SelectLine(2);
     DeselectModel();
     EXPECT_EQ(RecordedReports::Of("buttons"),
               (Events{"Section", "Bulkhead", "Torsion", "Section"}));

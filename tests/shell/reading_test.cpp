@@ -81,7 +81,7 @@ TEST_F(ReadingTest, AClickReadsLittleMoreThanTheModelsBlock) {
         const size_t row = chance.Below(count);
         FakeView::previewOn = click % 4 != 0;
         const CountedReads reads;
-        SelectRow(static_cast<int>(row));
+        SelectLine(static_cast<int>(row));
         ASSERT_LE(reads.Bytes(), Most(row)) << row;
         ASSERT_GT(reads.Bytes(), 0) << row;
         ASSERT_NE(FakeView::position, L"") << row;
@@ -95,7 +95,7 @@ TEST_F(ReadingTest, AClickReadsLittleMoreThanTheModelsBlock) {
 
 TEST_F(ReadingTest, WhatACommandRequiresOfTheCurrentModelIsReadFromItsBlockAlone) {
     for (size_t row = 0; row < shell.database.rows.size(); row += 7) {
-        SelectRow(static_cast<int>(row));
+        SelectLine(static_cast<int>(row));
         ModelEntry model;
         const CountedReads reads;
         ASSERT_TRUE(RequireCurrentModel(model));
@@ -129,19 +129,19 @@ TEST_F(ReadingTest, AFileThatHasChangedIsSearched) {
     const std::string changed =
         test::SampleHead() + text.substr(test::SampleHead().size() + first.size());
     test::WriteFileBytes(path, changed);
-    SelectRow(99);
+    SelectLine(99);
     EXPECT_EQ(shell.preview.section.name, shell.database.rows[99].name);
     ModelEntry model;
     ASSERT_TRUE(RequireCurrentModel(model));
     EXPECT_EQ(model.name, shell.database.rows[99].name);
     EXPECT_NE(model.offset, shell.database.rows[99].offset);
     EXPECT_TRUE(RecordedReports::Of("warning").empty());
-    SelectRow(0);
+    SelectLine(0);
     EXPECT_EQ(RecordedReports::Of("warning").size(), 1U) << "the model is gone";
 }
 
 TEST_F(ReadingTest, ANumberThatAnotherModelHasGotMeanwhileIsRefused) {
-    SelectRow(3);
+    SelectLine(3);
     test::Append(path, Block(4));
     ModelEntry model;
     EXPECT_FALSE(RequireCurrentModel(model));

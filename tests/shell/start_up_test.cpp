@@ -125,7 +125,7 @@ TEST_F(StartUpTest, SettingsAreReadBeforeTheMainWindowIsLoaded) {
 
 TEST_F(StartUpTest, StartEntryIsWrittenBetweenTheFirstMessagesAndTheDatabase) {
     shell.view.showSplash = [](const std::wstring&) { EXPECT_EQ(StartEntry(), "(none)"); };
-    shell.view.setRows = [](const std::vector<ModelRow>&) {
+    shell.view.setLines = [](int) {
         EXPECT_EQ(StartEntry(), "1");
         RecordedReports::events.push_back("entry seen");
     };
@@ -138,7 +138,7 @@ TEST_F(StartUpTest, TheMainWindowIsRefreshedInTheWorkDirectory) {
     ASSERT_EQ(system::SetCurrentTo(directory.path), system::kErrorNone);
     Configure(kMsgWorkDirectoryKey, folder.path);
     shell.view.loadMainWindow = [] { atLoad = Here(); };
-    shell.view.setRows = [](const std::vector<ModelRow>&) { atRefresh = Here(); };
+    shell.view.setLines = [](int) { atRefresh = Here(); };
     const std::wstring before = system::CurrentDirectory();
     EXPECT_TRUE(StartUp(L""));
     EXPECT_EQ(atLoad, before + L'\\');

@@ -100,7 +100,7 @@ std::wstring TextOf(HWND window);
 // Waits until the window's text is `text`.
 bool TextBecomes(HWND window, std::wstring_view text);
 
-// A row of the list: the texts of its four columns, its icon (0-based) and its tag.
+// A row of the list: the texts of its columns and its icon (0-based).
 struct Row {
     std::vector<std::wstring> cells;
     int icon = -1;

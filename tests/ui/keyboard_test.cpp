@@ -42,6 +42,14 @@ constexpr KeyCommand kKeyCommands[] = {
     // Without a history there is nothing to undo; see history_ui_test.cpp.
     {ME_EditUndo, 'I', 'U', Shows::kNothing, ""},
     {ME_EditRedo, 'I', 'R', Shows::kNothing, ""},
+    // These show nothing but the list in another order; see list_ui_test.cpp.
+    {ME_ViewSortName, 'V', 'N', Shows::kNothing, ""},
+    {ME_ViewSortX, 'V', 'X', Shows::kNothing, ""},
+    {ME_ViewSortNumber, 'V', 'U', Shows::kNothing, ""},
+    {ME_ViewSortKind, 'V', 'K', Shows::kNothing, ""},
+    {ME_ViewSortFrame, 'V', 'F', Shows::kNothing, ""},
+    {ME_ViewFileOrder, 'V', 'O', Shows::kNothing, ""},
+    {ME_ViewDescending, 'V', 'D', Shows::kNothing, ""},
     {ME_FileBSD, 'B', 'O', Shows::kBox, "BsdEdit.exe"},
     {ME_FileImportBSD, 'B', 'I', Shows::kWindow, "Import"},
     {ME_SectionNew, 'C', 'S', Shows::kBox, "SectInput.exe"},

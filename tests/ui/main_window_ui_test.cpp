@@ -114,7 +114,7 @@ TEST_F(MainWindowTest, TabKeyVisitsTheControlsAsTheyAreRead) {
 }
 
 TEST_F(MainWindowTest, AltLetterOpensEachTopMenu) {
-    for (const char letter : {'F', 'I', 'B', 'C', 'S', 'H'}) {
+    for (const char letter : {'F', 'I', 'V', 'B', 'C', 'S', 'H'}) {
         TypeWithAlt(static_cast<WORD>(letter));
         EXPECT_TRUE(MenuIsOpen(true)) << letter;
         Type({VK_ESCAPE, VK_ESCAPE});

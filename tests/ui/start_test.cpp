@@ -67,7 +67,7 @@ TEST_F(StartTest, ListShowsTheModelsInFileOrder) {
     ASSERT_NE(main, nullptr);
     const HWND list = GetDlgItem(main, LI_Sections);
     EXPECT_EQ(ColumnTitles(program, list),
-              (std::vector<std::wstring>{L"Name", L"X", L"Id", L"Type"}));
+              (std::vector<std::wstring>{L"Name", L"X", L"Id", L"Type", L"Frame"}));
     const std::vector<Row> rows = Rows(program, list);
     ASSERT_EQ(rows.size(), std::size(kSampleModels));
     const char* const types[] = {"Section", "Bulkhead", "Torsion"};

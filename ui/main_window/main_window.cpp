@@ -12,6 +12,7 @@
 #include "ui/base/dpi.h"
 #include "ui/base/own_window.h"
 #include "ui/main_window/child_windows.h"
+#include "ui/main_window/list_notifications.h"
 #include "ui/main_window/main_window_controls.h"
 #include "ui/main_window/menus.h"
 #include "ui/main_window/model_list_view.h"
@@ -22,9 +23,6 @@
 namespace corvane {
 namespace {
 
-// Posted to the window itself after a row lost its selection: by then it is known whether another
-// row got it.
-constexpr UINT kSelectionLost = WM_APP;
 // Posted to the window itself when a second start has handed over a file, until it is opened.
 constexpr UINT kFileHandedOver = WM_APP + 2;
 
@@ -115,7 +113,7 @@ void OnEnter(HWND window) {
 
 void OnCommand(HWND window, uint16_t id, uint16_t notification) {
     if (id == IDOK) return OnEnter(window);
-    if (id == OP_Preview) return ShowSelectedRowAgain();
+    if (id == OP_Preview) return ShowSelectedLineAgain();
     if (id >= OP_Rule && id < OP_Rule + kRuleSetCount) {
         // Options report a click when they get the focus, too.
         const auto ruleSet = static_cast<RuleSet>(id - OP_Rule);
@@ -126,55 +124,10 @@ void OnCommand(HWND window, uint16_t id, uint16_t notification) {
     RunCommand(button == std::end(kCommandButtons) ? id : button->command);
 }
 
-void OnListChanged(HWND window, const NMLISTVIEW& change) {
-    const MainWindowState& state = *StateOfMainWindow(window);
-    if (state.filling || (change.uChanged & LVIF_STATE) == 0) return;
-    const bool was = (change.uOldState & LVIS_SELECTED) != 0;
-    const bool is = (change.uNewState & LVIS_SELECTED) != 0;
-    if (!was && is) {
-        StateOfMainWindow(window)->readByClick = GetKeyState(VK_LBUTTON) < 0;
-        SelectRow(change.iItem);
-    }
-    if (was && !is) PostMessageW(window, kSelectionLost, 0, 0);
-}
-
-// A click on the row that is selected reads its model again; the click that selected it has done
-// so.
-void OnRowClicked(HWND window, int row) {
-    const bool wasRead = std::exchange(StateOfMainWindow(window)->readByClick, false);
-    if (!wasRead && row >= 0) ShowSelectedRowAgain();
-}
-
-// The command runs when the list is through with the message.
-void PostCommand(HWND window, ListKey key) {
-    PostMessageW(window, WM_COMMAND, FindCommand(key)->id, 0);
-}
-
-void OnListNotify(HWND window, LPARAM lParam) {
-    switch (reinterpret_cast<const NMHDR*>(lParam)->code) {
-        case LVN_ITEMCHANGED:
-            return OnListChanged(window, *reinterpret_cast<const NMLISTVIEW*>(lParam));
-        case LVN_KEYDOWN:
-            if (reinterpret_cast<const NMLVKEYDOWN*>(lParam)->wVKey != VK_DELETE) return;
-            return PostCommand(window, ListKey::kDelete);
-        case NM_CLICK:
-            return OnRowClicked(window, reinterpret_cast<const NMITEMACTIVATE*>(lParam)->iItem);
-        case LVN_BEGINDRAG:
-            StateOfMainWindow(window)->readByClick = false;
-            return;
-        case NM_DBLCLK:
-            if (reinterpret_cast<const NMITEMACTIVATE*>(lParam)->iItem < 0) return;
-            return PostCommand(window, ListKey::kEnter);
-        default:
-            return;
-    }
-}
-
 LRESULT OnNotify(HWND window, LPARAM lParam) {
     const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
-    if (header.idFrom == LI_Sections) {
-        OnListNotify(window, lParam);
-    } else if (header.code == TTN_GETDISPINFOW) {
+    if (IsFromList(window, header)) return OnListNotify(window, lParam);
+    if (header.code == TTN_GETDISPINFOW) {
         FillToolTip(*reinterpret_cast<NMTTDISPINFOW*>(lParam),
                     StateOfMainWindow(window)->toolTipText);
     }
@@ -342,7 +295,7 @@ LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
             OnFileHandedOver(window);
             return 0;
         case kSelectionLost:
-            if (!IsRowSelected()) DeselectModel();
+            if (!IsLineSelected()) DeselectModel();
             return 0;
         default:
             return HandleLife(window, message, wParam, lParam);

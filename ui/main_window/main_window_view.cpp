@@ -2,10 +2,9 @@
 
 #include <string>
 #include <utility>
-#include <vector>
 
-#include "shell/model_list.h"
 #include "shell/rule_set.h"
+#include "shell/state.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/dpi.h"
 #include "ui/base/own_window.h"
@@ -32,19 +31,19 @@ void SetLabel(int id, const std::wstring& text) {
 
 // ---- Contents ----------------------------------------------------------------------------------
 
-void SetRows(const std::vector<ModelRow>& rows) {
+void SetLines(int count) {
     MainWindowState* state = MainState();
     if (state == nullptr) return;
     state->filling = true;
-    SetModelRows(MainControl(LI_Sections), rows);
+    SetLineCount(MainControl(LI_Sections), count, shell.list.order);
     state->filling = false;
 }
 
-void SelectRow(int index) {
+void SelectLine(int line) {
     MainWindowState* state = MainState();
     if (state == nullptr) return;
     state->filling = true;
-    SelectModelRow(MainControl(LI_Sections), index);
+    SelectListLine(MainControl(LI_Sections), line);
     state->filling = false;
 }
 
@@ -150,10 +149,10 @@ void FillInContents(View& view) {
     view.setDatabaseText = [](const std::wstring& text) {
         SetText(MainControl(TX_DataBase), text);
     };
-    view.setRows = SetRows;
-    view.selectRow = SelectRow;
-    view.selectedRow = [] {
-        return MainHandle() == nullptr ? -1 : SelectedModelRow(MainControl(LI_Sections));
+    view.setLines = SetLines;
+    view.selectLine = SelectLine;
+    view.selectedLine = [] {
+        return MainHandle() == nullptr ? -1 : SelectedListLine(MainControl(LI_Sections));
     };
     view.focusList = FocusList;
     view.isPreviewOn = [] { return IsDlgButtonChecked(MainHandle(), OP_Preview) == BST_CHECKED; };

@@ -69,6 +69,8 @@ void UpdateMenus(HWND window, bool locked) {
         if (command.id == 0) continue;
         const bool enabled = !locked && IsEnabled(command);
         EnableMenuItem(bar, command.id, MF_BYCOMMAND | Greyed(enabled));
+        const bool isChecked = command.isChecked != nullptr && command.isChecked();
+        CheckMenuItem(bar, command.id, MF_BYCOMMAND | (isChecked ? MF_CHECKED : MF_UNCHECKED));
         if (command.menu == Menu::kEdit) SetItemText(bar, command.id, false, CaptionNow(command));
     }
     for (int i = 0; i < kMenuCount; ++i) {

@@ -15,8 +15,8 @@ HACCEL CreateKeys();
 
 void SetSectionMenuText(HWND window, const std::wstring& text);
 
-// Greys what cannot be chosen now, everything while the window is locked, and shows what Undo and
-// Redo would do.
+// Greys what cannot be chosen now, everything while the window is locked, shows what Undo and Redo
+// would do, and marks what is set.
 void UpdateMenus(HWND window, bool locked);
 
 // Whether the message is Alt and the letter of a top menu of the window. A control with the same

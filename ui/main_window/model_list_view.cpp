@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "shell/shown_list.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/dpi.h"
 #include "ui/pictures/list_icons.h"
@@ -38,29 +39,6 @@ void AddColumns(HWND list) {
     }
 }
 
-void AddItem(HWND list, int index, const ModelRow& row) {
-    LVITEMW item{};
-    item.mask = LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM;
-    item.iItem = index;
-    std::wstring name = ModelColumns()[kNameColumn].text(row);
-    item.pszText = name.data();
-    item.iImage = row.icon - 1;
-    item.lParam = row.tag;
-    SendMessageW(list, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
-}
-
-void AddRow(HWND list, int index, const ModelRow& row) {
-    AddItem(list, index, row);
-    for (int column = kNameColumn + 1; column < ColumnCount(); ++column) {
-        std::wstring text = ModelColumns()[static_cast<size_t>(column)].text(row);
-        LVITEMW item{};
-        item.iSubItem = column;
-        item.pszText = text.data();
-        SendMessageW(list, LVM_SETITEMTEXTW, static_cast<WPARAM>(index),
-                     reinterpret_cast<LPARAM>(&item));
-    }
-}
-
 void SetColumnWidth(HWND list, int column, int width) {
     SendMessageW(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), width);
 }
@@ -79,11 +57,28 @@ void SetItemState(HWND list, int index, UINT state) {
                  reinterpret_cast<LPARAM>(&item));
 }
 
+// The arrow in the head of the column that the list is sorted by.
+void ShowOrder(HWND list, const ListOrder& order) {
+    const auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
+    for (int column = 0; column < ColumnCount(); ++column) {
+        HDITEMW item{};
+        item.mask = HDI_FORMAT;
+        SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(column),
+                     reinterpret_cast<LPARAM>(&item));
+        item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+        if (order.column == static_cast<ListColumn>(column)) {
+            item.fmt |= order.isDescending ? HDF_SORTDOWN : HDF_SORTUP;
+        }
+        SendMessageW(header, HDM_SETITEMW, static_cast<WPARAM>(column),
+                     reinterpret_cast<LPARAM>(&item));
+    }
+}
+
 }  // namespace
 
 HWND CreateModelList(HWND parent) {
     const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL |
-                        LVS_SHOWSELALWAYS | LVS_NOSORTHEADER;
+                        LVS_SHOWSELALWAYS | LVS_OWNERDATA;
     const HWND list =
         CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, kAccessibleName, style, 0, 0, 0, 0, parent,
                         reinterpret_cast<HMENU>(INT_PTR{LI_Sections}), nullptr, nullptr);
@@ -107,25 +102,34 @@ void ScaleModelList(HWND list, UINT dpi) {
     FitNameColumn(list);
 }
 
-void SetModelRows(HWND list, const std::vector<ModelRow>& rows) {
-    SendMessageW(list, WM_SETREDRAW, FALSE, 0);
-    SendMessageW(list, LVM_DELETEALLITEMS, 0, 0);
-    SendMessageW(list, LVM_SETITEMCOUNT, rows.size(), 0);
-    int index = 0;
-    for (const ModelRow& row : rows) AddRow(list, index++, row);
-    SendMessageW(list, WM_SETREDRAW, TRUE, 0);
+void SetLineCount(HWND list, int count, const ListOrder& order) {
+    SetItemState(list, -1, 0);
+    SendMessageW(list, LVM_SETITEMCOUNT, static_cast<WPARAM>(count), 0);
     InvalidateRect(list, nullptr, TRUE);
+    ShowOrder(list, order);
     FitNameColumn(list);
 }
 
-void SelectModelRow(HWND list, int index) {
-    SetItemState(list, index, index < 0 ? 0 : LVIS_SELECTED | LVIS_FOCUSED);
-    if (index < 0) return;
-    SendMessageW(list, LVM_SETSELECTIONMARK, 0, index);
-    SendMessageW(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(index), FALSE);
+void FillInLine(LVITEMW& item) {
+    if (item.iItem < 0 || item.iItem >= LineCount()) return;
+    const ModelRow& row = RowOfLine(item.iItem);
+    if ((item.mask & LVIF_IMAGE) != 0) item.iImage = row.icon - 1;
+    if ((item.mask & LVIF_PARAM) != 0) item.lParam = row.tag;
+    if ((item.mask & LVIF_TEXT) == 0 || item.cchTextMax <= 0) return;
+    std::wstring text = ModelColumns()[static_cast<size_t>(item.iSubItem)].text(row);
+    text.resize(std::min(text.size(), static_cast<size_t>(item.cchTextMax) - 1));
+    std::ranges::copy(text, item.pszText);
+    item.pszText[text.size()] = L'\0';
 }
 
-int SelectedModelRow(HWND list) {
+void SelectListLine(HWND list, int line) {
+    SetItemState(list, line, line < 0 ? 0 : LVIS_SELECTED | LVIS_FOCUSED);
+    if (line < 0) return;
+    SendMessageW(list, LVM_SETSELECTIONMARK, 0, line);
+    SendMessageW(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(line), FALSE);
+}
+
+int SelectedListLine(HWND list) {
     return static_cast<int>(
         SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
 }

@@ -1,9 +1,7 @@
-// LI_Sections, the list of models.
+// LI_Sections, the list of models. It holds no texts: it asks for those of the lines that it shows.
 #pragma once
 
-#include <vector>
-
-#include "shell/model_list.h"
+#include "shell/list_order.h"
 #include "ui/base/controls.h"
 
 namespace corvane {
@@ -15,11 +13,14 @@ HWND CreateModelList(HWND parent);
 // the icons then.
 void ScaleModelList(HWND list, UINT dpi);
 
-void SetModelRows(HWND list, const std::vector<ModelRow>& rows);
+// So many lines, none of them selected, in this order.
+void SetLineCount(HWND list, int count, const ListOrder& order);
+// What the list asks of a line (LVN_GETDISPINFO).
+void FillInLine(LVITEMW& item);
 
 // -1: none.
-void SelectModelRow(HWND list, int index);
-int SelectedModelRow(HWND list);
+void SelectListLine(HWND list, int line);
+int SelectedListLine(HWND list);
 
 // Gives the column of names what the other columns leave of the list's width.
 void FitNameColumn(HWND list);

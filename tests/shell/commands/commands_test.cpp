@@ -50,6 +50,9 @@ TEST(Commands, MenusHaveTheirItemsInOrder) {
               (Captions{L"&New database...", L"&Open database...", L"&Save database as...",
                         L"Save as &Velk Dos...", L"&Earlier versions...", L"-", L"&Quit"}));
     EXPECT_EQ(Items(Menu::kEdit), (Captions{L"&Undo", L"&Redo"}));
+    EXPECT_EQ(Items(Menu::kView),
+              (Captions{L"Sort by &name", L"Sort by &X", L"Sort by n&umber", L"Sort by &kind",
+                        L"Sort by &frame", L"File &order", L"&Descending"}));
     EXPECT_EQ(Items(Menu::kBsd), (Captions{L"&Open...", L"&Import..."}));
     EXPECT_EQ(Items(Menu::kCreate),
               (Captions{L"&Section...", L"&Bulkhead Arrangement", L"&Model for Torsion"}));
@@ -62,7 +65,8 @@ TEST(Commands, MenusHaveTheirItemsInOrder) {
 TEST(Commands, TopMenusAreInOrder) {
     Captions captions;
     for (int i = 0; i < kMenuCount; ++i) captions.emplace_back(MenuCaption(static_cast<Menu>(i)));
-    EXPECT_EQ(captions, (Captions{L"&File", L"Ed&it", L"&BSD", L"&Create", L"&Section", L"&Help"}));
+    EXPECT_EQ(captions,
+              (Captions{L"&File", L"Ed&it", L"&View", L"&BSD", L"&Create", L"&Section", L"&Help"}));
 }
 
 TEST(Commands, SectionMenuIsNamedAfterTheKind) {

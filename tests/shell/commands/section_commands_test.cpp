@@ -395,7 +395,7 @@ TEST_P(BothCommands, ModelsOutOfOrderAreKnownByTheirNumbers) {
     blocks[2].number = " 2 ";
     Open(blocks);
     RefreshMainWindow();
-    SelectRow(1);
+    SelectLine(1);
     RecordedReports::events.clear();
     GetParam()();
     ASSERT_EQ(RecordedReports::Of("ask").size(), 1U);

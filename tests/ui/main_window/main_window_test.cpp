@@ -19,16 +19,15 @@ constexpr auto kBsdMenu = static_cast<UINT>(Menu::kBsd);
 constexpr auto kCreateMenu = static_cast<UINT>(Menu::kCreate);
 constexpr auto kSectionMenu = static_cast<UINT>(Menu::kSection);
 
-TEST(MainWindowWindow, RowsCarryTheirIconAndTag) {
+TEST(MainWindowWindow, LinesHaveTheIconOfTheirKind) {
     const OpenWindow open;
     ASSERT_EQ(open.Rows(), 14);
     for (const int row : {0, 9, 12}) {
         LVITEMW item{};
-        item.mask = LVIF_IMAGE | LVIF_PARAM;
+        item.mask = LVIF_IMAGE;
         item.iItem = row;
         SendMessageW(open.Control(LI_Sections), LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
         EXPECT_EQ(item.iImage, row == 0 ? 0 : row == 9 ? 1 : 2);
-        EXPECT_EQ(item.lParam, row + 1);
     }
     const LRESULT icons = SendMessageW(open.Control(LI_Sections), LVM_GETIMAGELIST, LVSIL_SMALL, 0);
     EXPECT_EQ(ImageList_GetImageCount(reinterpret_cast<HIMAGELIST>(icons)), 3);
@@ -132,7 +131,9 @@ TEST(MainWindowWindow, ColumnsFillTheListWithoutAHorizontalScrollBar) {
         RECT client{};
         GetClientRect(list, &client);
         LRESULT columns = 0;
-        for (WPARAM i = 0; i < 4; ++i) columns += SendMessageW(list, LVM_GETCOLUMNWIDTH, i, 0);
+        for (WPARAM i = 0; i < ModelColumns().size(); ++i) {
+            columns += SendMessageW(list, LVM_GETCOLUMNWIDTH, i, 0);
+        }
         EXPECT_EQ(columns, client.right);
         EXPECT_EQ(GetWindowLongPtrW(list, GWL_STYLE) & WS_HSCROLL, 0);
     }

@@ -1,0 +1,57 @@
+#include "shell/shown_list.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "shell/state.h"
+#include "text/text.h"
+
+namespace corvane {
+namespace {
+
+bool BeginsWith(const std::wstring& name, std::wstring_view text) {
+    return EqualsIgnoringCase(std::wstring_view(name).substr(0, text.size()), text);
+}
+
+}  // namespace
+
+void ArrangeLines() {
+    std::vector<int>& shown = shell.list.rows;
+    shown.resize(shell.database.rows.size());
+    std::iota(shown.begin(), shown.end(), 0);
+    SortRows(shell.database.rows, shell.list.order, shown);
+}
+
+void ForgetLines() {
+    shell.list.rows.clear();
+}
+
+int LineCount() {
+    return static_cast<int>(shell.list.rows.size());
+}
+
+const ModelRow& RowOfLine(int line) {
+    const int row = shell.list.rows.at(static_cast<size_t>(line));
+    return shell.database.rows.at(static_cast<size_t>(row));
+}
+
+int LineOfRow(size_t row) {
+    const std::vector<int>& shown = shell.list.rows;
+    const auto line = std::ranges::find(shown, static_cast<int>(row));
+    return line == shown.end() ? -1 : static_cast<int>(line - shown.begin());
+}
+
+int FindLine(std::wstring_view text, int first) {
+    const int count = LineCount();
+    for (int i = 0; i < count; ++i) {
+        const int line = (first + i) % count;
+        if (BeginsWith(RowOfLine(line).name, text)) return line;
+    }
+    return -1;
+}
+
+void SetListOrder(const ListOrder& order) {
+    shell.list.order = order;
+}
+
+}  // namespace corvane

@@ -1,0 +1,37 @@
+// What LI_Sections shows of the open database: which of its rows, and in which order. A line is a
+// place in the list, 0 the topmost; a row is an index into OpenDatabase::rows. This module alone
+// knows which row a line shows: the view speaks of lines, everybody else asks here.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+#include "shell/list_order.h"
+
+namespace corvane {
+
+struct ShownList {
+    ListOrder order;
+    std::vector<int> rows;  // of each line, from the top
+};
+
+// Makes the lines from the rows of the open database as they are now.
+void ArrangeLines();
+// No lines, before the rows change: what a line showed may be gone.
+void ForgetLines();
+
+int LineCount();
+// The row that a line shows; the line must be there.
+const ModelRow& RowOfLine(int line);
+// The line that shows the row of this index; -1 when none does.
+int LineOfRow(size_t row);
+
+// The next line, from `first` on, and after the last one from the top, whose name begins with a
+// text, whatever the capitals; -1 when there is none.
+int FindLine(std::wstring_view text, int first);
+
+// Another order for the lines; they have it at the next ArrangeLines.
+void SetListOrder(const ListOrder& order);
+
+}  // namespace corvane

@@ -1,0 +1,96 @@
+// LI_Sections in the main window: what its lines and heads show.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "shell/commands/commands.h"
+#include "shell/model_list.h"
+#include "tests/ui/main_window/open_window.h"
+
+namespace corvane {
+namespace {
+
+using test::OpenWindow;
+
+HWND HeadOf(const OpenWindow& open) {
+    return reinterpret_cast<HWND>(SendMessageW(open.Control(LI_Sections), LVM_GETHEADER, 0, 0));
+}
+
+// The arrow of each column's head: '^', 'v' or '-'.
+std::string Arrows(const OpenWindow& open) {
+    std::string arrows;
+    for (size_t column = 0; column < ModelColumns().size(); ++column) {
+        HDITEMW item{};
+        item.mask = HDI_FORMAT;
+        SendMessageW(HeadOf(open), HDM_GETITEMW, column, reinterpret_cast<LPARAM>(&item));
+        const bool isUp = (item.fmt & HDF_SORTUP) != 0;
+        const bool isDown = (item.fmt & HDF_SORTDOWN) != 0;
+        arrows += isUp && isDown ? '?' : isUp ? '^' : isDown ? 'v' : '-';
+    }
+    return arrows;
+}
+
+bool IsChecked(const OpenWindow& open, UINT command) {
+    return (GetMenuState(GetMenu(open.window), command, MF_BYCOMMAND) & MF_CHECKED) != 0;
+}
+
+void Choose(const OpenWindow& open, WPARAM command) {
+    SendMessageW(open.window, WM_COMMAND, command, 0);
+}
+
+TEST(ModelListView, LinesShowEveryColumnOfTheirModel) {
+    const OpenWindow open;
+    ASSERT_EQ(open.Rows(), 14);
+    const char* const cells[] = {"Corrugated bulkhead, holds 5 and 4", "104.700", "11", "Bulkhead",
+                                 "136"};
+    for (int column = 0; column < 5; ++column) EXPECT_EQ(open.Cell(10, column), cells[column]);
+}
+
+TEST(ModelListView, ArrowAndMarkShowTheOrder) {
+    const OpenWindow open;
+    EXPECT_EQ(Arrows(open), "-----");
+    EXPECT_TRUE(IsChecked(open, ME_ViewFileOrder));
+    Choose(open, ME_ViewSortX);
+    EXPECT_EQ(Arrows(open), "-^---");
+    EXPECT_TRUE(IsChecked(open, ME_ViewSortX));
+    EXPECT_FALSE(IsChecked(open, ME_ViewFileOrder));
+    EXPECT_FALSE(IsChecked(open, ME_ViewDescending));
+    Choose(open, ME_ViewDescending);
+    EXPECT_EQ(Arrows(open), "-v---");
+    EXPECT_TRUE(IsChecked(open, ME_ViewDescending));
+    Choose(open, ME_ViewSortFrame);
+    EXPECT_EQ(Arrows(open), "----v");
+    Choose(open, ME_ViewFileOrder);
+    EXPECT_EQ(Arrows(open), "-----");
+    EXPECT_FALSE(IsChecked(open, ME_ViewDescending));
+}
+
+TEST(ModelListView, SortingKeepsOneLineSelectedAndInSight) {
+    const OpenWindow open;
+    open.Resize(700, 460);
+    open.SetSelected(12, true);
+    ASSERT_EQ(shell.database.currentModel, 13);
+    for (const uint16_t command : {ME_ViewSortName, ME_ViewDescending, ME_ViewFileOrder}) {
+        Choose(open, command);
+        open.HandlePostedMessages();
+        const HWND list = open.Control(LI_Sections);
+        const int line = open.SelectedRow();
+        EXPECT_EQ(open.Cell(line, 2), "13") << command;
+        EXPECT_EQ(SendMessageW(list, LVM_GETSELECTEDCOUNT, 0, 0), 1);
+        EXPECT_EQ(SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED), line);
+        EXPECT_TRUE(SendMessageW(list, LVM_ISITEMVISIBLE, static_cast<WPARAM>(line), 0));
+    }
+    EXPECT_EQ(shell.database.currentModel, 13);
+}
+
+TEST(ModelListView, ADatabaseWithoutModelsHasNoLine) {
+    const OpenWindow open;
+    open.SetSelected(3, true);
+    AdoptDatabase(test::DataPath("golden/new_database.ve2"), {});
+    RefreshMainWindow();
+    EXPECT_EQ(open.Rows(), 0);
+    EXPECT_EQ(open.SelectedRow(), -1);
+}
+
+}  // namespace
+}  // namespace corvane

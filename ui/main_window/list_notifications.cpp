@@ -1,0 +1,87 @@
+#include "ui/main_window/list_notifications.h"
+
+#include <utility>
+
+#include "shell/commands/commands.h"
+#include "shell/commands/view_commands.h"
+#include "shell/state.h"
+#include "ui/main_window/main_window_state.h"
+#include "ui/main_window/model_list_view.h"
+
+namespace corvane {
+namespace {
+
+void OnListChanged(HWND window, const NMLISTVIEW& change) {
+    MainWindowState& state = *StateOfMainWindow(window);
+    if (state.filling || (change.uChanged & LVIF_STATE) == 0) return;
+    const bool was = (change.uOldState & LVIS_SELECTED) != 0;
+    const bool is = (change.uNewState & LVIS_SELECTED) != 0;
+    if (!was && is && change.iItem >= 0) {
+        state.readByClick = GetKeyState(VK_LBUTTON) < 0;
+        SelectLine(change.iItem);
+    }
+    if (was && !is) PostMessageW(window, kSelectionLost, 0, 0);
+}
+
+// A click on the line that is selected reads its model again; the click that selected it has done
+// so.
+void OnLineClicked(HWND window, int line) {
+    const bool wasRead = std::exchange(StateOfMainWindow(window)->readByClick, false);
+    if (!wasRead && line >= 0) ShowSelectedLineAgain();
+}
+
+// The command runs when the list is through with the message.
+void PostCommand(HWND window, ListKey key) {
+    PostMessageW(window, WM_COMMAND, FindCommand(key)->id, 0);
+}
+
+// What the user types in the list.
+int FindTyped(const NMLVFINDITEMW& search) {
+    if ((search.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0) return -1;
+    return FindLine(search.lvfi.psz, search.iStart);
+}
+
+}  // namespace
+
+bool IsFromList(HWND window, const NMHDR& header) {
+    const HWND list = GetDlgItem(window, LI_Sections);
+    return header.hwndFrom == list || GetParent(header.hwndFrom) == list;
+}
+
+LRESULT OnListNotify(HWND window, LPARAM lParam) {
+    switch (reinterpret_cast<const NMHDR*>(lParam)->code) {
+        case LVN_GETDISPINFOW:
+            FillInLine(reinterpret_cast<NMLVDISPINFOW*>(lParam)->item);
+            return 0;
+        case LVN_ODFINDITEMW:
+            return FindTyped(*reinterpret_cast<const NMLVFINDITEMW*>(lParam));
+        case LVN_ITEMCHANGED:
+            OnListChanged(window, *reinterpret_cast<const NMLISTVIEW*>(lParam));
+            return 0;
+        case LVN_COLUMNCLICK: {
+            const int column = reinterpret_cast<const NMLISTVIEW*>(lParam)->iSubItem;
+            SortList(OrderAfterClick(shell.list.order, static_cast<ListColumn>(column)));
+            return 0;
+        }
+        case LVN_KEYDOWN:
+            if (reinterpret_cast<const NMLVKEYDOWN*>(lParam)->wVKey == VK_DELETE) {
+                PostCommand(window, ListKey::kDelete);
+            }
+            return 0;
+        case NM_CLICK:
+            OnLineClicked(window, reinterpret_cast<const NMITEMACTIVATE*>(lParam)->iItem);
+            return 0;
+        case LVN_BEGINDRAG:
+            StateOfMainWindow(window)->readByClick = false;
+            return 0;
+        case NM_DBLCLK:
+            if (reinterpret_cast<const NMITEMACTIVATE*>(lParam)->iItem >= 0) {
+                PostCommand(window, ListKey::kEnter);
+            }
+            return 0;
+        default:
+            return 0;
+    }
+}
+
+}  // namespace corvane

@@ -1,0 +1,18 @@
+// What LI_Sections and its head report to the main window: which texts the lines have, what the
+// user selects, clicks and types there.
+#pragma once
+
+#include "platform/win32/win32.h"
+
+namespace corvane {
+
+// Posted to the main window after a line lost its selection: by then it is known whether another
+// line got it.
+inline constexpr UINT kSelectionLost = WM_APP;
+
+// Whether a notification comes from the list or its head.
+bool IsFromList(HWND window, const NMHDR& header);
+// The answer to such a notification.
+LRESULT OnListNotify(HWND window, LPARAM lParam);
+
+}  // namespace corvane
