@@ -247,7 +247,11 @@
     X(kMsgReadingCancelled, 3731)       \
     X(kMsgLeftOvers, 3740)              \
     X(kMsgLeftOver, 3741)               \
-    X(kMsgIsLeftOver, 3742)
+    X(kMsgIsLeftOver, 3742)             \
+    X(kMsgSomeModels, 3750)             \
+    X(kMsgAllModels, 3751)              \
+    X(kMsgOneModel, 3752)               \
+    X(kMsgFilterCue, 3753)
 
 namespace corvane {
 

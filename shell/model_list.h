@@ -35,6 +35,7 @@ BlockPlace PlaceOf(const ModelRow& row);
 
 // The columns from left to right.
 enum class ListColumn { kName, kX, kNumber, kKind, kFrame };
+inline constexpr size_t kColumnCount = 5;
 
 // A column of the list. The first one has the icons and what the others leave of the list's width.
 struct ModelColumn {

@@ -20,6 +20,7 @@ namespace {
 void ShowModel(const ModelRow& row) {
     shell.database.currentModel = row.tag;
     shell.database.currentOffset = row.offset;
+    shell.database.isCurrentHidden = false;
     ShowInPreview(row);
     shell.view.setSectionMenuCaption(SectionMenuCaption(row.kind));
     shell.view.showModelButtons(row.kind);
@@ -42,13 +43,14 @@ int CurrentLine() {
                                       : LineOfRow(static_cast<size_t>(row - database.rows.begin()));
 }
 
-// Shows the lines and selects the current model's. Returns whether there is one.
-bool ShowLines() {
+// Shows the lines, and selects the current model's when it `isWanted`. Returns that line, or -1.
+int ShowLines(bool isWanted) {
     ArrangeLines();
     shell.view.setLines(LineCount());
-    const int line = CurrentLine();
+    shell.view.setModelCount(ModelCountText());
+    const int line = isWanted ? CurrentLine() : -1;
     shell.view.selectLine(line);
-    return line >= 0;
+    return line;
 }
 
 // Shows the rows and selects the current model's, when there is such a row; the first one, when
@@ -60,11 +62,10 @@ void ShowModels() {
         database.currentModel = database.rows.empty() ? 1 : database.rows.front().tag;
     }
     FillInFrames(database.bsd, database.rows);
-    if (ShowLines()) {
-        ShowModel(*CurrentRow(database));
-    } else {
-        DeselectModel();
-    }
+    const int line = ShowLines(true);
+    if (line >= 0) return ShowModel(RowOfLine(line));
+    database.isCurrentHidden = CurrentRow(database) != database.rows.end();
+    DeselectModel();
 }
 
 // The list may ask for its lines before they are made of these rows.
@@ -92,7 +93,7 @@ bool ListModelsAgain() {
 void ShowNoDatabase() {
     shell.view.setDatabaseText(L"No database selected");
     AdoptRows({});
-    ShowLines();
+    ShowLines(false);
     DeselectModel();
 }
 
@@ -193,10 +194,13 @@ void ShowNextStep() {
 }
 
 void ShowLinesAgain() {
-    const int selected = shell.view.selectedLine();
-    ArrangeLines();
-    shell.view.setLines(LineCount());
-    shell.view.selectLine(selected < 0 ? -1 : CurrentLine());
+    OpenDatabase& database = shell.database;
+    const bool wasSelected = IsLineSelected();
+    const bool isWanted = wasSelected || database.isCurrentHidden;
+    const int line = ShowLines(isWanted);
+    database.isCurrentHidden = isWanted && line < 0;
+    if (line >= 0 && !wasSelected) return ShowModel(RowOfLine(line));
+    if (line < 0 && wasSelected) return DeselectModel();
     shell.view.updateEnabling();
 }
 

@@ -26,6 +26,9 @@ struct OpenDatabase {
     int32_t currentModel = 0;
     // Where its block was when it was selected. It distinguishes rows that have one number.
     int64_t currentOffset = 0;
+    // No line is selected because none shows the current model; one is when the model is shown
+    // again.
+    bool isCurrentHidden = false;
 };
 
 bool IsDatabaseOpen();
@@ -65,7 +68,8 @@ void RefreshMainWindow();
 // valid ship record, otherwise empty. A red line, and one that reported a success, is cleared.
 void ShowNextStep();
 
-// The list in another order; the selected model stays selected.
+// The list in another order, or with another filter. The selected model stays selected; one that
+// is no longer shown is selected again when it is.
 void ShowLinesAgain();
 
 // A line of the list was clicked or reached by the keyboard: its model becomes the current one, and

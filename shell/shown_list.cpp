@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <numeric>
 
+#include "report/reporters.h"
+#include "shell/list_filter.h"
 #include "shell/state.h"
 #include "text/text.h"
 
@@ -19,6 +21,7 @@ void ArrangeLines() {
     std::vector<int>& shown = shell.list.rows;
     shown.resize(shell.database.rows.size());
     std::iota(shown.begin(), shown.end(), 0);
+    FilterRows(shell.database.rows, ReadFilter(shell.list.filter), shown);
     SortRows(shell.database.rows, shell.list.order, shown);
 }
 
@@ -52,6 +55,23 @@ int FindLine(std::wstring_view text, int first) {
 
 void SetListOrder(const ListOrder& order) {
     shell.list.order = order;
+}
+
+void SetListFilter(const std::wstring& text) {
+    shell.list.filter = text;
+}
+
+void SetColumnWidths(const ColumnWidths& widths) {
+    shell.list.widths = widths;
+}
+
+std::wstring ModelCountText() {
+    if (!IsDatabaseOpen()) return {};
+    const auto count = static_cast<int32_t>(shell.database.rows.size());
+    if (ReadFilter(shell.list.filter) != ListFilter()) {
+        return FormatMessage(kMsgSomeModels, {LineCount(), count});
+    }
+    return count == 1 ? GetMessage(kMsgOneModel) : FormatMessage(kMsgAllModels, {count});
 }
 
 }  // namespace corvane

@@ -3,7 +3,10 @@
 // knows which row a line shows: the view speaks of lines, everybody else asks here.
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -11,8 +14,13 @@
 
 namespace corvane {
 
+// Widths that the user gave to columns [pixels at 96 dots per inch].
+using ColumnWidths = std::array<std::optional<int>, kColumnCount>;
+
 struct ShownList {
     ListOrder order;
+    std::wstring filter;  // as the user typed it (shell/list_filter.h)
+    ColumnWidths widths;
     std::vector<int> rows;  // of each line, from the top
 };
 
@@ -31,7 +39,12 @@ int LineOfRow(size_t row);
 // text, whatever the capitals; -1 when there is none.
 int FindLine(std::wstring_view text, int first);
 
-// Another order for the lines; they have it at the next ArrangeLines.
+// Another order and another filter for the lines, which have them at the next ArrangeLines.
 void SetListOrder(const ListOrder& order);
+void SetListFilter(const std::wstring& text);
+void SetColumnWidths(const ColumnWidths& widths);
+
+// How many models are shown, and how many there are: "9 of 14 models"; empty without a database.
+std::wstring ModelCountText();
 
 }  // namespace corvane

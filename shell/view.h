@@ -72,10 +72,12 @@ struct View {
     // LI_Sections: so many lines, none of them selected. What is in a line, and in which order they
     // are, is asked for (shell/shown_list.h).
     void (*setLines)(int count) = [](int) {};
+    void (*setModelCount)(const std::wstring& text) = [](const std::wstring&) {};  // LB_Count
     // 0 is the topmost line; -1 none.
     void (*selectLine)(int line) = [](int) {};
     int (*selectedLine)() = [] { return -1; };
     void (*focusList)() = [] {};
+    void (*focusFilter)() = [] {};  // TX_Filter, all of its text selected
 
     bool (*isPreviewOn)() = [] { return false; };  // OP_Preview
     void (*redrawPreview)() = [] {};               // PIC_Section, through DrawPreview

@@ -47,6 +47,9 @@ constexpr std::array kCommands = {
             ME_EditUndo_Click, ListKey::kNone, L'Z'},
     Command{ME_EditRedo, Menu::kEdit, "ME_EditRedo", L"&Redo", EnabledWhen::kRedoThere,
             ME_EditRedo_Click, ListKey::kNone, L'Y'},
+    Separator(Menu::kEdit),
+    Command{ME_EditFind, Menu::kEdit, "ME_EditFind", L"&Find", EnabledWhen::kDatabaseOpen,
+            ME_EditFind_Click, ListKey::kNone, L'F'},
 
     SortBy<ListColumn::kName>(ME_ViewSortName, "ME_ViewSortName", L"Sort by &name"),
     SortBy<ListColumn::kX>(ME_ViewSortX, "ME_ViewSortX", L"Sort by &X"),

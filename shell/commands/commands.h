@@ -65,6 +65,7 @@ enum CommandId : uint16_t {
     ME_HelpAbout = 180,
     ME_EditUndo = 200,
     ME_EditRedo,
+    ME_EditFind,
     ME_ViewSortName = 220,
     ME_ViewSortX,
     ME_ViewSortNumber,

@@ -25,6 +25,16 @@ bool IsInFileOrder() {
     return !shell.list.order.column;
 }
 
+void FilterList(const std::wstring& text) {
+    if (text == shell.list.filter) return;
+    SetListFilter(text);
+    ShowLinesAgain();
+}
+
+void ME_EditFind_Click() {
+    shell.view.focusFilter();
+}
+
 void ME_ViewDescending_Click() {
     SortList({shell.list.order.column, !shell.list.order.isDescending});
 }

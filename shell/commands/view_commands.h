@@ -1,5 +1,8 @@
-// The commands of the View menu: the order of the list. The current model stays selected.
+// The commands of the View menu, and what else shows the list in another way: its order and its
+// filter. The current model stays selected, as long as a line shows it.
 #pragma once
+
+#include <string>
 
 #include "shell/list_order.h"
 
@@ -14,6 +17,10 @@ bool IsSortedBy(ListColumn column);
 
 void ME_ViewFileOrder_Click();
 bool IsInFileOrder();
+
+// Shows the models that a filter leaves (shell/list_filter.h).
+void FilterList(const std::wstring& text);
+void ME_EditFind_Click();
 
 // Up instead of down, or down instead of up.
 void ME_ViewDescending_Click();

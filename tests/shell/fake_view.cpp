@@ -51,9 +51,11 @@ void ShowContents(View& view) {
         FakeView::selected = -1;
         kRecord("rows " + std::to_string(count));
     };
+    view.setModelCount = [](const std::wstring& text) { FakeView::modelCount = text; };
     view.selectLine = [](int line) { FakeView::selected = line; };
     view.selectedLine = [] { return FakeView::selected; };
     view.focusList = [] { kRecord("focus list"); };
+    view.focusFilter = [] { kRecord("focus filter"); };
     view.isPreviewOn = [] { return FakeView::previewOn; };
     view.redrawPreview = [] { kRecord("redraw preview"); };
     view.clearPreview = [](const std::wstring& why) {
@@ -91,7 +93,7 @@ int FakeView::selected;
 int FakeView::rule;
 bool FakeView::locked;
 std::wstring FakeView::database, FakeView::position, FakeView::frame, FakeView::menu,
-    FakeView::whyNoPicture;
+    FakeView::whyNoPicture, FakeView::modelCount;
 
 FakeView::FakeView() : before(std::exchange(shell, ShellState())) {
     answerYes = previewOn = locked = false;
@@ -103,7 +105,7 @@ FakeView::FakeView() : before(std::exchange(shell, ShellState())) {
     rows.clear();
     selected = -1;
     rule = 0;
-    database = position = frame = menu = whyNoPicture = L"untouched";
+    database = position = frame = menu = whyNoPicture = modelCount = L"untouched";
     View view;
     view.report = RecordedReports::View();
     AskQuestions(view);

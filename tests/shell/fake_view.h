@@ -39,7 +39,7 @@ struct FakeView {
     static int selected;
     static int rule;
     static bool locked;
-    static std::wstring database, position, frame, menu, whyNoPicture;
+    static std::wstring database, position, frame, menu, whyNoPicture, modelCount;
 
 private:
     RecordedReports reports;

@@ -24,7 +24,10 @@ inline std::map<int32_t, std::string> MainWindowTexts() {
             {kMsgFormatVersionLabel, "VERSION"},
             {kMsgNameLabel, "NAME"},
             {kMsgSignature, "DATABASE"},
-            {kMsgFileHeadLabel, "HEAD"}};
+            {kMsgFileHeadLabel, "HEAD"},
+            {kMsgSomeModels, "\xA4 of \xA4 models"},
+            {kMsgAllModels, "\xA4 models"},
+            {kMsgOneModel, "1 model"}};
 }
 
 // A main window with its texts, and a database to show in it.

@@ -145,6 +145,112 @@ TEST(ShownListTest, SortingWithoutADatabaseShowsNothing) {
     EXPECT_EQ(FakeView::selected, -1);
 }
 
+// ---- The filter --------------------------------------------------------------------------------
+
+TEST(ShownListTest, FilterLeavesItsModelsInTheirOrderAndSaysHowMany) {
+    const FourModels window;
+    EXPECT_EQ(FakeView::modelCount, L"4 models");
+    RunCommand(ME_ViewSortName);
+    FilterList(L"section");
+    EXPECT_EQ(Lines(), (Names{"B", "C"}));
+    EXPECT_EQ(FakeView::modelCount, L"2 of 4 models");
+    FilterList(L"no such name");
+    EXPECT_TRUE(Lines().empty());
+    EXPECT_EQ(FakeView::modelCount, L"0 of 4 models");
+    FilterList(L" ");
+    EXPECT_EQ(Lines(), (Names{"A", "B", "C", "T"}));
+    EXPECT_EQ(FakeView::modelCount, L"4 models");
+}
+
+TEST(ShownListTest, FilteredModelIsNotSelectedUntilItIsShownAgain) {
+    const FourModels window;
+    SelectLine(3);
+    FakeView::selected = 3;
+    ASSERT_EQ(FakeView::position, L"X = 10 m");
+    FilterList(L"bhd");
+    EXPECT_EQ(FakeView::selected, -1) << "not the bulkhead that is in the line";
+    EXPECT_EQ(FakeView::position, L"");
+    EXPECT_FALSE(IsEnabled(*FindCommand(ME_SectionInput)));
+    RunCommand(ME_ViewSortName);
+    EXPECT_EQ(FakeView::selected, -1);
+    FilterList(L"");
+    EXPECT_EQ(FakeView::selected, 1);
+    EXPECT_EQ(FakeView::position, L"X = 10 m");
+    EXPECT_TRUE(IsEnabled(*FindCommand(ME_SectionInput)));
+}
+
+TEST(ShownListTest, ModelThatStaysInTheFilterStaysSelectedAndIsNotReadAgain) {
+    const FourModels window;
+    SelectLine(3);
+    FakeView::selected = 3;
+    RecordedReports::events.clear();
+    FilterList(L"section");
+    EXPECT_EQ(FakeView::selected, 1);
+    FilterList(L"section x>8");
+    EXPECT_EQ(FakeView::selected, 0);
+    EXPECT_FALSE(RecordedReports::Happened("clear preview"));
+    EXPECT_EQ(FakeView::position, L"X = 10 m");
+}
+
+TEST(ShownListTest, AnotherModelThatIsSelectedMeanwhileIsTheCurrentOne) {
+    const FourModels window;
+    FilterList(L"bhd");
+    ASSERT_EQ(FakeView::selected, -1);
+    SelectLine(0);
+    FakeView::selected = 0;
+    FilterList(L"");
+    EXPECT_EQ(FakeView::selected, 1);
+    EXPECT_EQ(shell.database.currentModel, 2);
+}
+
+TEST(ShownListTest, FilterOutlivesARefreshAndAnotherDatabase) {
+    FourModels window;
+    FilterList(L"section");
+    RefreshMainWindow();
+    EXPECT_EQ(Lines(), (Names{"C", "B"}));
+    EXPECT_EQ(FakeView::selected, 0);
+    FilterList(L"bhd");
+    RefreshMainWindow();
+    EXPECT_EQ(FakeView::selected, -1);
+    FilterList(L"");
+    EXPECT_EQ(FakeView::selected, 0) << "the refresh has kept what was current";
+    FilterList(L"section");
+    test::WriteFileBytes(window.folder.File(L"other.ve2"), test::Database(2));
+    ShowDatabase(window.folder.File(L"other.ve2"), {});
+    EXPECT_EQ(Lines(), (Names{"Frame 1", "Frame 2"}));
+    EXPECT_EQ(FakeView::modelCount, L"2 of 2 models");
+}
+
+TEST(ShownListTest, FilterWithoutASelectionSelectsNothing) {
+    const FourModels window;
+    FakeView::selected = -1;
+    DeselectModel();
+    FilterList(L"bhd");
+    FilterList(L"");
+    EXPECT_EQ(FakeView::selected, -1);
+}
+
+TEST(ShownListTest, WithoutADatabaseThereIsNoCount) {
+    const ShownDatabase window;
+    RefreshMainWindow();
+    FilterList(L"bhd");
+    EXPECT_EQ(FakeView::modelCount, L"");
+    EXPECT_EQ(FakeView::selected, -1);
+}
+
+TEST(ShownListTest, OneModelIsCountedAsOne) {
+    ShownDatabase window;
+    window.Open(test::Database(1));
+    RefreshMainWindow();
+    EXPECT_EQ(FakeView::modelCount, L"1 model");
+}
+
+TEST(ShownListTest, FindGoesToTheFilter) {
+    const FourModels window;
+    RunCommand(ME_EditFind);
+    EXPECT_TRUE(RecordedReports::Happened("focus filter"));
+}
+
 TEST(ShownListTest, TypedLettersFindTheNextNameInTheOrderOfTheList) {
     ShownDatabase window;
     window.Open("DATABASE\r\n" + Block(1, "SECTION", "Hold 2", " 5 ") +

@@ -107,6 +107,10 @@ void TypeWithShift(WORD key) {
     TypeWith(VK_SHIFT, key);
 }
 
+void TypeWithControl(WORD key) {
+    TypeWith(VK_CONTROL, key);
+}
+
 bool PressUntil(WORD key, const std::function<bool()>& condition) {
     ULONGLONG tried = 0;
     return WaitUntil([&] {

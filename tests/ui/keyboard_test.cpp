@@ -42,6 +42,7 @@ constexpr KeyCommand kKeyCommands[] = {
     // Without a history there is nothing to undo; see history_ui_test.cpp.
     {ME_EditUndo, 'I', 'U', Shows::kNothing, ""},
     {ME_EditRedo, 'I', 'R', Shows::kNothing, ""},
+    {ME_EditFind, 'I', 'F', Shows::kNothing, ""},
     // These show nothing but the list in another order; see list_ui_test.cpp.
     {ME_ViewSortName, 'V', 'N', Shows::kNothing, ""},
     {ME_ViewSortX, 'V', 'X', Shows::kNothing, ""},

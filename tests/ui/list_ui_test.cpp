@@ -32,15 +32,16 @@ struct ListUiTest : MainWindowFixture {
         Type({letter});
         return MenuIsOpen(false);
     }
-    // Clicks the head of a column with the mouse, near its left edge.
-    void ClickHead(int column) const {
+    // Clicks the head of a column with the mouse, near its left edge; `further` right, so that two
+    // clicks are not a double one.
+    void ClickHead(int column, LONG further = 0) const {
         RECT place{};
         GetWindowRect(Head(), &place);
         LONG left = place.left;
         for (WPARAM i = 0; i < static_cast<WPARAM>(column); ++i) {
             left += static_cast<LONG>(Send(List(), LVM_GETCOLUMNWIDTH, i, 0));
         }
-        Click({left + 12, (place.top + place.bottom) / 2});
+        Click({left + 14 + further, (place.top + place.bottom) / 2});
     }
 };
 
@@ -50,10 +51,10 @@ TEST_F(ListUiTest, ClicksOnAHeadSortUpDownAndBackToTheFilesOrder) {
     ASSERT_EQ(Numbers(), kFileOrder);
     ClickHead(1);
     EXPECT_TRUE(NumbersBecome(" 1 10  2  3  4 11  5  6  7  8 12  9 13 14 ")) << Numbers();
-    ClickHead(1);
+    ClickHead(1, 12);
     EXPECT_TRUE(NumbersBecome(" 9 12  8  7  6  5 11  4  3  2 10  1 13 14 ")) << Numbers();
     EXPECT_EQ(SelectedRow(List()), 11) << "the model that was selected stays so";
-    ClickHead(1);
+    ClickHead(1, 24);
     EXPECT_TRUE(NumbersBecome(kFileOrder)) << Numbers();
     EXPECT_EQ(SelectedRow(List()), 0);
 }
@@ -77,6 +78,122 @@ TEST_F(ListUiTest, LettersFindNamesInTheOrderThatIsShown) {
     EXPECT_TRUE(ShowsPosition(L"X = 187.9 m")) << "hold 1";
     Type({VK_END});
     EXPECT_TRUE(WaitUntil([&] { return SelectedRow(List()) == 13; }));
+}
+
+// ---- The filter --------------------------------------------------------------------------------
+
+struct FilterUiTest : ListUiTest {
+    bool CountBecomes(const wchar_t* text) const { return TextBecomes(Control(LB_Count), text); }
+};
+
+TEST_F(FilterUiTest, WordsThatAreTypedLeaveTheirModels) {
+    EXPECT_TRUE(CountBecomes(L"14 models"));
+    TypeWithControl('F');
+    ASSERT_TRUE(FocusBecomes(main, TX_Filter));
+    TypeText(L"bhd");
+    EXPECT_TRUE(NumbersBecome("10 11 12 ")) << Numbers();
+    EXPECT_TRUE(CountBecomes(L"3 of 14 models"));
+    EXPECT_EQ(SelectedRow(List()), -1);
+    EXPECT_TRUE(ShowsPosition(L"")) << "the section that was selected is not shown";
+    EXPECT_FALSE(IsWindowEnabled(Control(BT_Open)));
+    TypeText(L" x>100");
+    EXPECT_TRUE(NumbersBecome("11 12 ")) << Numbers();
+    EXPECT_EQ(FocusedControl(main), TX_Filter) << "the user goes on typing";
+}
+
+TEST_F(FilterUiTest, EscShowsAllModelsAndTheOneThatWasSelected) {
+    Type({VK_DOWN});
+    ASSERT_TRUE(ShowsPosition(L"X = 44.7 m"));
+    TypeWithAlt('N');
+    ASSERT_TRUE(FocusBecomes(main, TX_Filter));
+    TypeText(L"torsion");
+    ASSERT_TRUE(NumbersBecome("13 14 ")) << Numbers();
+    Type({VK_ESCAPE});
+    EXPECT_TRUE(NumbersBecome(kFileOrder)) << Numbers();
+    EXPECT_TRUE(FocusBecomes(main, LI_Sections));
+    EXPECT_TRUE(ShowsPosition(L"X = 44.7 m"));
+    EXPECT_EQ(SelectedRow(List()), 1);
+    EXPECT_EQ(TextOf(Control(TX_Filter)), L"");
+}
+
+TEST_F(FilterUiTest, EnterAndTheDownArrowGoToTheListThatIsLeft) {
+    for (const WORD key : {WORD{VK_RETURN}, WORD{VK_DOWN}}) {
+        TypeWithAlt('N');
+        ASSERT_TRUE(FocusBecomes(main, TX_Filter));
+        Type({VK_END});
+        TypeText(L" fr 121");
+        ASSERT_TRUE(NumbersBecome(" 4 ")) << Numbers();
+        Type({key});
+        EXPECT_TRUE(FocusBecomes(main, LI_Sections));
+        EXPECT_EQ(program.FindNow(L"#32770"), nullptr) << "no command has run";
+    }
+    Type({VK_HOME});
+    EXPECT_TRUE(ShowsPosition(L"X = 92.7 m"));
+}
+
+// ---- The next start ----------------------------------------------------------------------------
+
+struct NextStartTest : testing::Test {
+    Settings settings;
+    Installation installation;
+    const std::wstring path = installation.File(L"ship.ve2");
+
+    NextStartTest() {
+        CopyFileW(test::DataPath("../samples/aurora_bay.ve2").c_str(), path.c_str(), FALSE);
+    }
+    static LRESULT Width(HWND list, int column) {
+        return Send(list, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0);
+    }
+    // Drags the right edge of a column's head.
+    static void DragEdge(HWND list, int column, LONG distance) {
+        const auto head = reinterpret_cast<HWND>(Send(list, LVM_GETHEADER, 0, 0));
+        RECT place{};
+        GetWindowRect(head, &place);
+        POINT edge{place.left, (place.top + place.bottom) / 2};
+        for (int i = 0; i <= column; ++i) edge.x += static_cast<LONG>(Width(list, i));
+        const LRESULT before = Width(list, column);
+        --edge.x;
+        ASSERT_TRUE(BeginDrag(head, edge));
+        MoveMouse({edge.x + distance, edge.y});
+        ASSERT_TRUE(EndDrag(head, {edge.x + distance, edge.y}));
+        EXPECT_TRUE(WaitUntil([&] { return Width(list, column) == before + distance; }))
+            << Width(list, column) << " from " << before;
+    }
+    static void Quit(const Program& program, HWND main) {
+        PostMessageW(main, WM_CLOSE, 0, 0);
+        EXPECT_TRUE(program.HasEnded());
+    }
+};
+
+TEST_F(NextStartTest, ListIsAsTheUserLeftIt) {
+    std::vector<LRESULT> widths;
+    {
+        const Program program(installation, L"\"" + path + L"\"");
+        const HWND main = program.Main();
+        ASSERT_TRUE(TakesKeys(main));
+        const HWND list = GetDlgItem(main, LI_Sections);
+        DragEdge(list, 1, 25);
+        DragEdge(list, 0, -40);
+        for (int i = 0; i < 5; ++i) widths.push_back(Width(list, i));
+        Choose(main, ME_ViewSortX);
+        Choose(main, ME_ViewDescending);
+        Choose(main, ME_EditFind);
+        ASSERT_TRUE(FocusBecomes(main, TX_Filter));
+        TypeText(L"bhd ");
+        ASSERT_TRUE(TextBecomes(GetDlgItem(main, TX_Filter), L"bhd "));
+        Quit(program, main);
+    }
+    const Program program(installation, L"\"" + path + L"\"");
+    const HWND main = program.Main();
+    ASSERT_NE(main, nullptr);
+    const HWND list = GetDlgItem(main, LI_Sections);
+    EXPECT_EQ(TextOf(GetDlgItem(main, TX_Filter)), L"bhd ");
+    std::string numbers;
+    for (const Row& row : Rows(program, list)) numbers += Narrow(row.cells.at(2));
+    EXPECT_EQ(numbers, "121110");
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_EQ(Width(list, i), widths[static_cast<size_t>(i)]) << i;
+    }
 }
 
 }  // namespace

@@ -25,6 +25,10 @@ enum ControlId : int {
     LB_Legend,  // above PIC_Section: what its colours are
     GR_Rule,    // around OP_Rule
     OP_Rule,    // the first of kRuleSetCount options
+    // The filter of the list.
+    LB_Filter = 1040,  // names TX_Filter
+    TX_Filter,
+    LB_Count,  // how many models the list shows
     // FM_Load and FM_About.
     LB_Title = 1100,
     LB_Version,

@@ -48,6 +48,13 @@ bool IsFromList(HWND window, const NMHDR& header) {
     return header.hwndFrom == list || GetParent(header.hwndFrom) == list;
 }
 
+void OnColumnSized(HWND window, int column) {
+    ColumnWidths widths = shell.list.widths;
+    widths.at(static_cast<size_t>(column)) = ColumnWidth(GetDlgItem(window, LI_Sections), column);
+    SetColumnWidths(widths);
+    FitNameColumn(GetDlgItem(window, LI_Sections));
+}
+
 LRESULT OnListNotify(HWND window, LPARAM lParam) {
     switch (reinterpret_cast<const NMHDR*>(lParam)->code) {
         case LVN_GETDISPINFOW:
@@ -61,6 +68,12 @@ LRESULT OnListNotify(HWND window, LPARAM lParam) {
         case LVN_COLUMNCLICK: {
             const int column = reinterpret_cast<const NMLISTVIEW*>(lParam)->iSubItem;
             SortList(OrderAfterClick(shell.list.order, static_cast<ListColumn>(column)));
+            return 0;
+        }
+        case HDN_ENDTRACKW:
+        case HDN_DIVIDERDBLCLICKW: {
+            const int column = reinterpret_cast<const NMHEADERW*>(lParam)->iItem;
+            PostMessageW(window, kColumnSized, static_cast<WPARAM>(column), 0);
             return 0;
         }
         case LVN_KEYDOWN:

@@ -10,6 +10,10 @@ namespace corvane {
 // line got it.
 inline constexpr UINT kSelectionLost = WM_APP;
 
+// Posted to the main window after the user has sized a column, wParam: by then it has its width.
+inline constexpr UINT kColumnSized = WM_APP + 10;
+void OnColumnSized(HWND window, int column);
+
 // Whether a notification comes from the list or its head.
 bool IsFromList(HWND window, const NMHDR& header);
 // The answer to such a notification.

@@ -12,6 +12,7 @@
 #include "ui/base/dpi.h"
 #include "ui/base/own_window.h"
 #include "ui/main_window/child_windows.h"
+#include "ui/main_window/filter_box.h"
 #include "ui/main_window/list_notifications.h"
 #include "ui/main_window/main_window_controls.h"
 #include "ui/main_window/menus.h"
@@ -108,11 +109,14 @@ private:
 
 // The enter key reaches the window where no button uses it.
 void OnEnter(HWND window) {
+    if (LeaveFilterBox(window)) return;
     if (GetFocus() == GetDlgItem(window, LI_Sections)) RunCommand(FindCommand(ListKey::kEnter)->id);
 }
 
 void OnCommand(HWND window, uint16_t id, uint16_t notification) {
     if (id == IDOK) return OnEnter(window);
+    if (id == IDCANCEL && ClearFilterBox(window)) return;
+    if (id == TX_Filter) return OnFilterNotify(window, notification);
     if (id == OP_Preview) return ShowSelectedLineAgain();
     if (id >= OP_Rule && id < OP_Rule + kRuleSetCount) {
         // Options report a click when they get the focus, too.
@@ -150,8 +154,9 @@ void OnDrawLabel(HWND window, const DRAWITEMSTRUCT& item) {
     FillRect(item.hDC, &area, GetSysColorBrush(COLOR_BTNFACE));
     const HGDIOBJ before = SelectObject(item.hDC, StateOfMainWindow(window)->layout.font);
     OnColourStatic(window, item.hDC, item.hwndItem);
-    // The legend ends where the picture ends.
-    const UINT align = item.CtlID == LB_Legend ? DT_RIGHT : DT_LEFT;
+    // The legend ends where the picture ends, the count where the list ends.
+    const bool isRight = item.CtlID == LB_Legend || item.CtlID == LB_Count;
+    const UINT align = isRight ? DT_RIGHT : DT_LEFT;
     DrawTextW(item.hDC, text.c_str(), static_cast<int>(text.size()), &area,
               align | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
     SelectObject(item.hDC, before);
@@ -293,6 +298,9 @@ LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
             return OnCopyData(window, *reinterpret_cast<const COPYDATASTRUCT*>(lParam));
         case kFileHandedOver:
             OnFileHandedOver(window);
+            return 0;
+        case kColumnSized:
+            OnColumnSized(window, static_cast<int>(wParam));
             return 0;
         case kSelectionLost:
             if (!IsLineSelected()) DeselectModel();

@@ -4,6 +4,7 @@
 #include "shell/preview_pane.h"
 #include "shell/rule_set.h"
 #include "ui/base/dpi.h"
+#include "ui/main_window/filter_box.h"
 #include "ui/main_window/menus.h"
 #include "ui/main_window/model_list_view.h"
 #include "ui/main_window/path_field.h"
@@ -18,7 +19,7 @@ namespace {
 HWND AddControl(HWND window, int id, const wchar_t* windowClass, const wchar_t* text, DWORD style) {
     DWORD exStyle = 0;
     // A text field has a sunken edge.
-    if (id == TX_DataBase) exStyle = WS_EX_CLIENTEDGE;
+    if (id == TX_DataBase || id == TX_Filter) exStyle = WS_EX_CLIENTEDGE;
     return CreateWindowExW(exStyle, windowClass, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0,
                            window, reinterpret_cast<HMENU>(INT_PTR{id}), nullptr, nullptr);
 }
@@ -67,6 +68,10 @@ void AddMainControls(HWND window, MainWindowState& state) {
                WS_TABSTOP | ES_READONLY | ES_AUTOHSCROLL | ES_LEFT);
     MakePathField(GetDlgItem(window, TX_DataBase));
     AddControl(window, Command1, WC_BUTTONW, L"&Open...", button);
+    AddControl(window, LB_Filter, WC_STATICW, L"Fi&nd:", SS_LEFT);
+    AddControl(window, TX_Filter, WC_EDITW, L"", WS_TABSTOP | ES_AUTOHSCROLL | ES_LEFT);
+    MakeFilterBox(GetDlgItem(window, TX_Filter));
+    AddControl(window, LB_Count, WC_STATICW, L"", label);
     AddControl(window, LB_Models, WC_STATICW, L"&Models:", SS_LEFT);
     CreateModelList(window);
     CreateSplitter(window, SP_Sections, L"Divider between the models and the preview");
@@ -121,6 +126,7 @@ void UpdateEnabling(HWND window) {
     const HWND list = GetDlgItem(window, LI_Sections);
     UpdateMenus(window, locked);
     EnableWindow(list, !locked && IsDatabaseOpen());
+    EnableWindow(GetDlgItem(window, TX_Filter), !locked && IsDatabaseOpen());
     for (const CommandButton& button : kCommandButtons) {
         const bool enabled = IsEnabled(*FindCommand(button.command));
         EnableWindow(GetDlgItem(window, button.control), !locked && enabled);

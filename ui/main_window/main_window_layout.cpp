@@ -158,6 +158,21 @@ PaneRange PanesOf(HWND window, UINT dpi) {
     return panes;
 }
 
+// From the top: the filter, what the list shows, the list.
+void PlaceListPane(Divider& divider, RECT area, int textHeight) {
+    const int labelTop = area.top + kFieldTextTop;
+    const int fieldLeft = area.left + divider.CaptionSize(LB_Filter).cx + divider.Length(kGap);
+    const int fieldBottom = labelTop + textHeight + divider.Length(kFieldPadding) + 1;
+    divider.Place(LB_Filter, {area.left, labelTop, fieldLeft, labelTop + textHeight});
+    divider.Place(TX_Filter, {fieldLeft, area.top, area.right, fieldBottom});
+    area.top = fieldBottom + divider.Length(kGap) / 2;
+    const int countLeft = area.left + divider.CaptionSize(LB_Models).cx + divider.Length(kGap);
+    divider.Place(LB_Models, {area.left, area.top, countLeft, area.top + textHeight});
+    divider.Place(LB_Count, {countLeft, area.top, area.right, area.top + textHeight});
+    area.top += textHeight + divider.Length(kFieldPadding) / 2;
+    divider.Place(LI_Sections, area);
+}
+
 // List and preview beside each other, each with its head above, and the splitter between them.
 void PlacePanes(Divider& divider, const RECT& area, const Layout& layout, int textHeight) {
     const int split = PanesOf(divider.window, layout.dpi).SplitAt(layout.listShare);
@@ -165,8 +180,7 @@ void PlacePanes(Divider& divider, const RECT& area, const Layout& layout, int te
     const int headBottom = area.top + textHeight + divider.Length(kFieldPadding);
     const int top = headBottom + divider.Length(kFieldPadding) / 2;
     const int labelTop = area.top + divider.Length(kFieldPadding) / 2;
-    divider.Place(LB_Models, {area.left, labelTop, split, labelTop + textHeight});
-    divider.Place(LI_Sections, {area.left, top, split, area.bottom});
+    PlaceListPane(divider, {area.left, area.top, split, area.bottom}, textHeight);
     divider.Place(SP_Sections, {split, top, previewLeft, area.bottom});
     divider.Place(OP_Preview, {previewLeft, area.top,
                                previewLeft + divider.Length(kPreviewButtonWidth), headBottom});
@@ -179,7 +193,7 @@ void PlacePanes(Divider& divider, const RECT& area, const Layout& layout, int te
 }  // namespace
 
 void LayOutMainWindow(HWND window, Layout& layout) {
-    Divider divider{window, BeginDeferWindowPos(20), layout.dpi, layout.font};
+    Divider divider{window, BeginDeferWindowPos(24), layout.dpi, layout.font};
     const int textHeight = divider.CaptionSize(LB_DataBase).cy;
     RECT area{};
     GetClientRect(window, &area);

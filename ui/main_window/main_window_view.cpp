@@ -8,6 +8,7 @@
 #include "ui/base/control_ids.h"
 #include "ui/base/dpi.h"
 #include "ui/base/own_window.h"
+#include "ui/main_window/filter_box.h"
 #include "ui/main_window/main_window.h"
 #include "ui/main_window/main_window_controls.h"
 #include "ui/main_window/main_window_state.h"
@@ -154,7 +155,9 @@ void FillInContents(View& view) {
     view.selectedLine = [] {
         return MainHandle() == nullptr ? -1 : SelectedListLine(MainControl(LI_Sections));
     };
+    view.setModelCount = [](const std::wstring& text) { SetLabel(LB_Count, text); };
     view.focusList = FocusList;
+    view.focusFilter = [] { FocusFilterBox(MainHandle()); };
     view.isPreviewOn = [] { return IsDlgButtonChecked(MainHandle(), OP_Preview) == BST_CHECKED; };
     view.redrawPreview = [] {
         RedrawSectionPicture(MainControl(PIC_Section));

@@ -3,8 +3,9 @@
 #include <uxtheme.h>
 
 #include <algorithm>
+#include <optional>
 
-#include "shell/shown_list.h"
+#include "shell/state.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/dpi.h"
 #include "ui/pictures/list_icons.h"
@@ -47,6 +48,12 @@ void SetColumnWidth(HWND list, int column, int width) {
 int WidthFor(HWND list, const wchar_t* sample, UINT dpi) {
     const auto font = reinterpret_cast<HFONT>(SendMessageW(list, WM_GETFONT, 0, 0));
     return TextSize(list, font, sample).cx + Scaled(16, dpi);
+}
+
+// The width that the user gave the column, if any [pixels].
+std::optional<int> SizedWidth(int column, UINT dpi) {
+    const std::optional<int> width = shell.list.widths.at(static_cast<size_t>(column));
+    return width ? std::optional(Scaled(*width, dpi)) : std::nullopt;
 }
 
 void SetItemState(HWND list, int index, UINT state) {
@@ -97,7 +104,8 @@ void ScaleModelList(HWND list, UINT dpi) {
     if (old != 0) ImageList_Destroy(reinterpret_cast<HIMAGELIST>(old));
     for (int column = kNameColumn + 1; column < ColumnCount(); ++column) {
         const wchar_t* sample = ModelColumns()[static_cast<size_t>(column)].sample;
-        SetColumnWidth(list, column, WidthFor(list, sample, dpi));
+        const std::optional<int> sized = SizedWidth(column, dpi);
+        SetColumnWidth(list, column, sized ? *sized : WidthFor(list, sample, dpi));
     }
     FitNameColumn(list);
 }
@@ -114,7 +122,6 @@ void FillInLine(LVITEMW& item) {
     if (item.iItem < 0 || item.iItem >= LineCount()) return;
     const ModelRow& row = RowOfLine(item.iItem);
     if ((item.mask & LVIF_IMAGE) != 0) item.iImage = row.icon - 1;
-    if ((item.mask & LVIF_PARAM) != 0) item.lParam = row.tag;
     if ((item.mask & LVIF_TEXT) == 0 || item.cchTextMax <= 0) return;
     std::wstring text = ModelColumns()[static_cast<size_t>(item.iSubItem)].text(row);
     text.resize(std::min(text.size(), static_cast<size_t>(item.cchTextMax) - 1));
@@ -134,6 +141,11 @@ int SelectedListLine(HWND list) {
         SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
 }
 
+int ColumnWidth(HWND list, int column) {
+    const LRESULT width = SendMessageW(list, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0);
+    return MulDiv(static_cast<int>(width), USER_DEFAULT_SCREEN_DPI, static_cast<int>(DpiOf(list)));
+}
+
 void FitNameColumn(HWND list) {
     RECT client{};
     GetClientRect(list, &client);
@@ -142,8 +154,9 @@ void FitNameColumn(HWND list) {
         others += static_cast<int>(
             SendMessageW(list, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
     }
-    const int narrowest = Scaled(kNarrowestName, DpiOf(list));
-    SetColumnWidth(list, kNameColumn, std::max(static_cast<int>(client.right) - others, narrowest));
+    const UINT dpi = DpiOf(list);
+    const int rest = std::max(static_cast<int>(client.right) - others, Scaled(kNarrowestName, dpi));
+    SetColumnWidth(list, kNameColumn, SizedWidth(kNameColumn, dpi).value_or(rest));
     // A cell that the list moves along keeps the "..." of the width that it had.
     InvalidateRect(list, nullptr, TRUE);
 }

@@ -22,7 +22,10 @@ void FillInLine(LVITEMW& item);
 void SelectListLine(HWND list, int line);
 int SelectedListLine(HWND list);
 
-// Gives the column of names what the other columns leave of the list's width.
+// A column's width now [pixels at 96 dots per inch].
+int ColumnWidth(HWND list, int column);
+// Gives the column of names what the other columns leave of the list's width, as long as the user
+// has not sized it.
 void FitNameColumn(HWND list);
 
 }  // namespace corvane

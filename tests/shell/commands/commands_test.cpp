@@ -49,7 +49,7 @@ TEST(Commands, MenusHaveTheirItemsInOrder) {
     EXPECT_EQ(Items(Menu::kFile),
               (Captions{L"&New database...", L"&Open database...", L"&Save database as...",
                         L"Save as &Velk Dos...", L"&Earlier versions...", L"-", L"&Quit"}));
-    EXPECT_EQ(Items(Menu::kEdit), (Captions{L"&Undo", L"&Redo"}));
+    EXPECT_EQ(Items(Menu::kEdit), (Captions{L"&Undo", L"&Redo", L"-", L"&Find"}));
     EXPECT_EQ(Items(Menu::kView),
               (Captions{L"Sort by &name", L"Sort by &X", L"Sort by n&umber", L"Sort by &kind",
                         L"Sort by &frame", L"File &order", L"&Descending"}));

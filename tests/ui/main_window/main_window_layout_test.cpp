@@ -19,10 +19,10 @@ constexpr SIZE kSmall{800, 600};
 constexpr SIZE kLarge{1600, 1000};
 
 // What can be read or pressed, in no order.
-const std::vector<int> kControls = {LB_DataBase, TX_DataBase, Command1,    LB_Models,   LI_Sections,
-                                    SP_Sections, OP_Preview,  PIC_Section, LB_X,        LB_Frame,
-                                    BT_Open,     BT_Rule,     OP_Rule,     OP_Rule + 1, OP_Rule + 2,
-                                    BT_Bsd,      PAN_Help,    LB_Legend};
+const std::vector<int> kControls = {
+    LB_DataBase, TX_DataBase, Command1, LB_Models, LI_Sections, SP_Sections, OP_Preview,
+    PIC_Section, LB_X,        LB_Frame, BT_Open,   BT_Rule,     OP_Rule,     OP_Rule + 1,
+    OP_Rule + 2, BT_Bsd,      PAN_Help, LB_Legend, LB_Filter,   TX_Filter,   LB_Count};
 
 template <class Check>
 void AtEverySize(const OpenWindow& open, Check check) {
@@ -102,8 +102,8 @@ TEST(MainWindowLayout, CaptionsAreNotClipped) {
     const OpenWindow open;
     AtEverySize(open, [&] {
         for (const int id :
-             {int{LB_DataBase}, int{Command1}, int{LB_Models}, int{OP_Preview}, int{BT_Open},
-              int{BT_Rule}, OP_Rule + 0, OP_Rule + 1, OP_Rule + 2, int{BT_Bsd}}) {
+             {int{LB_DataBase}, int{Command1}, int{LB_Filter}, int{LB_Models}, int{OP_Preview},
+              int{BT_Open}, int{BT_Rule}, OP_Rule + 0, OP_Rule + 1, OP_Rule + 2, int{BT_Bsd}}) {
             const HWND control = open.Control(id);
             std::wstring caption = WindowText(control);
             std::erase(caption, L'&');
@@ -120,8 +120,8 @@ TEST(MainWindowLayout, CaptionsAreNotClipped) {
 TEST(MainWindowLayout, TabKeyFollowsTheReadingOrder) {
     const OpenWindow open;
     for (const int id : kControls) EnableWindow(open.Control(id), TRUE);
-    const int order[] = {TX_DataBase, Command1, LI_Sections, SP_Sections, OP_Preview,
-                         BT_Open,     BT_Rule,  OP_Rule,     BT_Bsd,      TX_DataBase};
+    const int order[] = {TX_DataBase, Command1, TX_Filter, LI_Sections, SP_Sections, OP_Preview,
+                         BT_Open,     BT_Rule,  OP_Rule,   BT_Bsd,      TX_DataBase};
     HWND control = open.Control(TX_DataBase);
     for (const int id : order) {
         EXPECT_EQ(GetDlgCtrlID(control), id);

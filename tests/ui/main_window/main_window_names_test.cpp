@@ -56,6 +56,7 @@ TEST(MainWindowNames, ControlsWithACaptionAreNamedByIt) {
                     {OP_Rule + 2, "QUOR MIL"},
                     {PIC_Section, "Preview of the section"},
                     {SP_Sections, "Divider between the models and the preview"},
+                    {LB_Count, "14 models"},
                     {LB_X, "X = 20.7 m"},
                     {LB_Frame, "Frame : 30"}};
     for (const auto& control : controls) {
@@ -66,6 +67,7 @@ TEST(MainWindowNames, ControlsWithACaptionAreNamedByIt) {
 TEST(MainWindowNames, FieldAndListHaveTheirLabelsBefore) {
     const OpenWindow open;
     EXPECT_EQ(LabelBefore(open.Control(TX_DataBase)), "&Database:");
+    EXPECT_EQ(LabelBefore(open.Control(TX_Filter)), "Fi&nd:");
     EXPECT_EQ(LabelBefore(open.Control(LI_Sections)), "&Models:");
     EXPECT_EQ(open.Text(LI_Sections), "Models");
 }

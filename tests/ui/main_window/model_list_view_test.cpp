@@ -78,9 +78,65 @@ TEST(ModelListView, SortingKeepsOneLineSelectedAndInSight) {
         EXPECT_EQ(open.Cell(line, 2), "13") << command;
         EXPECT_EQ(SendMessageW(list, LVM_GETSELECTEDCOUNT, 0, 0), 1);
         EXPECT_EQ(SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED), line);
-        EXPECT_TRUE(SendMessageW(list, LVM_ISITEMVISIBLE, static_cast<WPARAM>(line), 0));
+        RECT place{LVIR_BOUNDS, 0, 0, 0};
+        RECT client{};
+        SendMessageW(list, LVM_GETITEMRECT, static_cast<WPARAM>(line),
+                     reinterpret_cast<LPARAM>(&place));
+        GetClientRect(list, &client);
+        EXPECT_LE(place.bottom, client.bottom);
+        EXPECT_GE(place.top, 0);
     }
     EXPECT_EQ(shell.database.currentModel, 13);
+}
+
+TEST(ModelListView, NameColumnTakesWhatIsLeftUntilTheUserSizesIt) {
+    const OpenWindow open;
+    const HWND list = open.Control(LI_Sections);
+    const auto width = [&](WPARAM column) {
+        return static_cast<int>(SendMessageW(list, LVM_GETCOLUMNWIDTH, column, 0));
+    };
+    const auto all = [&] { return width(0) + width(1) + width(2) + width(3) + width(4); };
+    const auto sized = [&](WPARAM column, int pixels) {
+        SendMessageW(list, LVM_SETCOLUMNWIDTH, column, pixels);
+        NMHEADERW end{};
+        end.hdr = {HeadOf(open), 0, static_cast<UINT>(HDN_ENDTRACKW)};
+        end.iItem = static_cast<int>(column);
+        SendMessageW(open.window, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&end));
+        open.HandlePostedMessages();
+    };
+    const auto room = [&] {
+        RECT client{};
+        GetClientRect(list, &client);
+        return static_cast<int>(client.right);
+    };
+    open.Resize(1000, 700);
+    sized(1, 90);
+    EXPECT_EQ(width(1), 90);
+    EXPECT_EQ(all(), room()) << "the names have what is left";
+    RefreshMainWindow();
+    open.Resize(1100, 700);
+    EXPECT_EQ(width(1), 90);
+    EXPECT_EQ(all(), room());
+    sized(0, 150);
+    open.Resize(1000, 700);
+    RefreshMainWindow();
+    EXPECT_EQ(width(0), 150);
+}
+
+TEST(ModelListView, BoxHasTheFilterOfTheLastRun) {
+    const OpenWindow open(true, [] { SetListFilter(L"bhd"); });
+    EXPECT_EQ(open.Text(TX_Filter), "bhd");
+    EXPECT_EQ(open.Text(LB_Count), "3 of 14 models");
+    EXPECT_EQ(open.Rows(), 3);
+    SetWindowTextW(open.Control(TX_Filter), L"");
+    EXPECT_EQ(open.Rows(), 14);
+    EXPECT_EQ(open.Text(LB_Count), "14 models");
+}
+
+TEST(ModelListView, FilterIsDisabledWithoutADatabase) {
+    const OpenWindow open(false);
+    EXPECT_FALSE(IsWindowEnabled(open.Control(TX_Filter)));
+    EXPECT_EQ(open.Text(LB_Count), "");
 }
 
 TEST(ModelListView, ADatabaseWithoutModelsHasNoLine) {
