@@ -14,6 +14,7 @@
 #include "shell/left_overs.h"
 #include "shell/legacy_conversion.h"
 #include "shell/library_checks.h"
+#include "shell/list_settings.h"
 #include "shell/rule_set.h"
 #include "shell/state.h"
 #include "text/text.h"
@@ -99,6 +100,7 @@ bool StartUp(const std::wstring& commandLine) {
     const std::wstring startFile = ReadCommandLine(commandLine);
     if (!CheckLibraryVersions() || !CheckRegionalSettings()) return false;
     ReadSettings(SettingsFile(), shell.settings);
+    ReadListSettings(SettingsFile());
     UseHistory();
     ShowFirstWindows();
     shell.startDirectory = system::CurrentDirectory();
@@ -135,7 +137,9 @@ bool CheckRegionalSettings() {
 void ShutDown(bool sessionEnds) {
     // Without an open database the remembered one stays: it may be out of reach only today.
     if (IsDatabaseOpen()) shell.settings.DatabasePath = shell.database.path;
-    if (!WriteSettings(SettingsFile(), shell.settings) && !sessionEnds) {
+    const bool isWritten =
+        WriteSettings(SettingsFile(), shell.settings) && WriteListSettings(SettingsFile());
+    if (!isWritten && !sessionEnds) {
         ReportMessage(kMsgSettingsNotSaved, {SettingsFilePath()});
     }
     ChangeToDirectory(shell.startDirectory);
