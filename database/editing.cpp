@@ -1,6 +1,7 @@
 #include "database/editing.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -104,19 +105,85 @@ bool EditDatabase(std::wstring& path, const EditOptions& options, MessageNumber 
 
 // ---- Steps that the edits share ----------------------------------------------------------------
 
-// The number that a new model gets; 0, and reported, when there is none.
-int32_t NextNumberOrReport(const BlockNumbers& blocks, const std::wstring& path) {
-    if (blocks.next == 0) ReportNoNumberLeft(path);
-    return blocks.next;
+// The number that the first of `count` new models gets; 0, and reported, when there are not as
+// many.
+int32_t NextNumberOrReport(const BlockNumbers& blocks, const std::wstring& path, size_t count) {
+    const bool isThere =
+        blocks.next != 0 && count - 1 <= static_cast<size_t>(INT32_MAX - blocks.next);
+    if (!isThere) ReportNoNumberLeft(path);
+    return isThere ? blocks.next : 0;
 }
 
-// Which numbers are lowered when a block goes: those above its own after it. Where that would give
-// one of them the number of a block before it, those before it, too.
-bool LowersNumbersBefore(const std::vector<int32_t>& numbers, int32_t number) {
-    const auto block = std::ranges::find(numbers, number);
-    const std::unordered_set<int32_t> before(numbers.begin(), block);
-    return std::any_of(block, numbers.end(),
-                       [&](int32_t after) { return after > number && before.contains(after - 1); });
+// Marks the blocks of these numbers. False, and reported, where a number does not lead to one
+// alone.
+bool MarkBlocks(const BlockNumbers& blocks, const std::vector<int32_t>& numbers,
+                const std::wstring& path, std::vector<bool>& marks) {
+    std::unordered_map<int32_t, int> counts;
+    for (const int32_t number : blocks.numbers) ++counts[number];
+    const auto isOne = [&](int32_t number) {
+        return (number >= 1 && counts[number] == 1) || RequireOneBlock(blocks, number, path);
+    };
+    if (!std::ranges::all_of(numbers, isOne)) return false;
+    const std::unordered_set<int32_t> marked(numbers.begin(), numbers.end());
+    marks.clear();
+    for (const int32_t number : blocks.numbers) marks.push_back(marked.contains(number));
+    return true;
+}
+
+// What the numbers of all blocks become when some have gone: one less for each number that has gone
+// and was smaller; of those that were before the block only, or of `all` of the file.
+std::vector<int32_t> LoweredNumbers(const std::vector<int32_t>& numbers,
+                                    const std::vector<bool>& hasGone, bool all) {
+    std::vector<int32_t> gone;  // rising
+    const auto note = [&](size_t block) {
+        gone.insert(std::ranges::upper_bound(gone, numbers[block]), numbers[block]);
+    };
+    for (size_t block = 0; all && block < numbers.size(); ++block) {
+        if (hasGone[block]) note(block);
+    }
+    std::vector<int32_t> lowered = numbers;
+    for (size_t block = 0; block < numbers.size(); ++block) {
+        if (hasGone[block] && !all) note(block);
+        const auto smaller = std::ranges::lower_bound(gone, numbers[block]) - gone.begin();
+        lowered[block] -= static_cast<int32_t>(smaller);
+    }
+    return lowered;
+}
+
+// Whether two of the blocks that stay would have one number, and had two before.
+bool HaveCollided(const std::vector<int32_t>& numbers, const std::vector<int32_t>& lowered,
+                  const std::vector<bool>& hasGone) {
+    std::unordered_map<int32_t, int32_t> before;
+    for (size_t block = 0; block < numbers.size(); ++block) {
+        if (hasGone[block]) continue;
+        const auto [entry, isNew] = before.emplace(lowered[block], numbers[block]);
+        if (!isNew && entry->second != numbers[block]) return true;
+    }
+    return false;
+}
+
+// Copies the blocks that stay, with their new numbers. The reader is at the first marker.
+void CopyLowered(Rewrite& rewrite, const std::vector<int32_t>& numbers,
+                 const std::vector<bool>& hasGone) {
+    std::vector<int32_t> lowered = LoweredNumbers(numbers, hasGone, false);
+    if (HaveCollided(numbers, lowered, hasGone)) lowered = LoweredNumbers(numbers, hasGone, true);
+    const auto shiftOf = [&](size_t block) { return int64_t{lowered[block]} - numbers[block]; };
+    for (size_t block = 0; block < numbers.size();) {
+        const size_t first = block++;
+        if (hasGone[first]) {
+            // The comments before its marker stay, like those before any other.
+            CopyFileHead(rewrite.reader, rewrite.writer);
+            SkipBlock(rewrite.reader);
+            continue;
+        }
+        while (block < numbers.size() && !hasGone[block] && shiftOf(block) == shiftOf(first)) {
+            ++block;
+        }
+        BlockRun run;
+        run.mostBlocks = static_cast<int>(block - first);
+        run.shift = shiftOf(first);
+        CopyBlocks(rewrite.reader, rewrite.writer, run);
+    }
 }
 
 // Copies what is before the block `run.stopBefore`, or all where there is no such block.
@@ -188,19 +255,14 @@ bool ReplaceBlock(std::wstring& path, int32_t number, const EditOptions& options
 // ---- Appending ---------------------------------------------------------------------------------
 
 // `writeBlock` writes the new model's block after all others, with a number that no block has,
-// which `number` becomes; false, which it has reported, leaves the database as it is. `source` is
-// a model that the database itself must have, if any: where it is now is added.
+// which `number` becomes; false, which it has reported, leaves the database as it is.
 //     writeBlock: bool(TextWriter& writer)
 template <class WriteBlock>
-bool AppendBlock(std::wstring& path, const EditOptions& options, BlockPlace* source,
-                 int32_t& number, WriteBlock writeBlock) {
+bool AppendBlock(std::wstring& path, const EditOptions& options, int32_t& number,
+                 WriteBlock writeBlock) {
     return EditDatabase(path, options, kMsgWritingDatabase,
                         [&](Rewrite& rewrite, const BlockNumbers& blocks) {
-                            if (source != nullptr) {
-                                if (!RequireOneBlock(blocks, source->number, path)) return false;
-                                *source = PlaceOf(blocks, source->number, rewrite.stamp);
-                            }
-                            number = NextNumberOrReport(blocks, path);
+                            number = NextNumberOrReport(blocks, path, 1);
                             if (number == 0) return false;
                             BeginRewrite(rewrite, path);
                             CopyToBlock(rewrite.reader, rewrite.writer, {});
@@ -235,27 +297,23 @@ bool ReplaceBulkheadArrangement(std::wstring& path, BulkheadArrangement& arrange
     });
 }
 
-bool DeleteModel(const std::wstring& path, int32_t number, bool keepBackup) {
-    if (number < 1) return false;
+bool DeleteModels(const std::wstring& path, const std::vector<int32_t>& numbers, bool keepBackup) {
+    if (numbers.empty() || std::ranges::min(numbers) < 1) return false;
     std::wstring edited = path;
     return EditDatabase(edited, {keepBackup, nullptr}, kMsgDeletingModel,
                         [&](Rewrite& rewrite, const BlockNumbers& blocks) {
-                            if (!RequireOneBlock(blocks, number, path)) return false;
+                            std::vector<bool> hasGone;
+                            if (!MarkBlocks(blocks, numbers, path, hasGone)) return false;
                             BeginRewrite(rewrite, path);
-                            BlockRun before;
-                            before.stopBefore = number;
-                            BlockRun after;
-                            after.shift = -1;
-                            after.shiftAbove = number;
-                            if (LowersNumbersBefore(blocks.numbers, number)) {
-                                before.shift = after.shift;
-                                before.shiftAbove = number;
-                            }
-                            CopyToBlock(rewrite.reader, rewrite.writer, before);
-                            SkipBlock(rewrite.reader);
-                            CopyBlocks(rewrite.reader, rewrite.writer, after);
+                            SeekLine(rewrite.reader, 0);
+                            CopyFileHead(rewrite.reader, rewrite.writer);
+                            CopyLowered(rewrite, blocks.numbers, hasGone);
                             return true;
                         });
+}
+
+bool DeleteModel(const std::wstring& path, int32_t number, bool keepBackup) {
+    return DeleteModels(path, {number}, keepBackup);
 }
 
 int32_t NextModelNumber(const std::wstring& path) {
@@ -269,23 +327,40 @@ int32_t NextModelNumber(const std::wstring& path) {
 
 bool AppendSection(std::wstring& path, SectionModel& section, const EditOptions& options) {
     int32_t number = 0;
-    return AppendBlock(path, options, nullptr, number, [&](TextWriter& writer) {
+    return AppendBlock(path, options, number, [&](TextWriter& writer) {
         WriteSectionBlock(writer, section, number);
         return true;
     });
 }
 
+int32_t CopyAllModels(std::wstring& path, const std::vector<ModelCopy>& copies) {
+    if (copies.empty()) return 0;
+    EditOptions options = copies.front().options;
+    for (const ModelCopy& copy : copies) {
+        options.keepBackup = options.keepBackup || FactsOf(copy.kind).isCopiedWithBackup;
+    }
+    int32_t last = 0;
+    const auto write = [&](Rewrite& rewrite, const BlockNumbers& blocks) {
+        const auto isThere = [&](const ModelCopy& copy) {
+            return RequireOneBlock(blocks, copy.number, path);
+        };
+        if (!std::ranges::all_of(copies, isThere)) return false;
+        const int32_t first = NextNumberOrReport(blocks, path, copies.size());
+        if (first == 0) return false;
+        BeginRewrite(rewrite, path);
+        CopyToBlock(rewrite.reader, rewrite.writer, {});
+        last = first - 1;
+        return std::ranges::all_of(copies, [&](const ModelCopy& copy) {
+            const std::wstring newName = Trim(copy.newName);
+            const ModelSource source{path, PlaceOf(blocks, copy.number, rewrite.stamp)};
+            return FactsOf(copy.kind).writeCopy(rewrite.writer, source, &newName, ++last);
+        });
+    };
+    return EditDatabase(path, options, kMsgWritingDatabase, write) ? last : 0;
+}
+
 int32_t CopyModel(std::wstring& path, const ModelCopy& copy) {
-    const KindFacts& facts = FactsOf(copy.kind);
-    EditOptions options = copy.options;
-    options.keepBackup = options.keepBackup || facts.isCopiedWithBackup;
-    const std::wstring newName = Trim(copy.newName);
-    int32_t number = 0;
-    BlockPlace source = copy.number;
-    const bool isDone = AppendBlock(path, options, &source, number, [&](TextWriter& writer) {
-        return facts.writeCopy(writer, {path, source}, &newName, number);
-    });
-    return isDone ? number : 0;
+    return CopyAllModels(path, {copy});
 }
 
 AppendResult AppendModel(std::wstring& path, const ModelSource& source, ModelKind kind,
@@ -293,7 +368,7 @@ AppendResult AppendModel(std::wstring& path, const ModelSource& source, ModelKin
     if (!RequireSource(source)) return AppendResult::kNoSource;
     bool isRead = true;
     int32_t number = 0;
-    const bool isDone = AppendBlock(path, options, nullptr, number, [&](TextWriter& writer) {
+    const bool isDone = AppendBlock(path, options, number, [&](TextWriter& writer) {
         isRead = FactsOf(kind).writeCopy(writer, source, nullptr, number);
         return isRead;
     });

@@ -11,6 +11,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "database/bulkhead.h"
 #include "database/model_kind.h"
@@ -41,9 +42,11 @@ bool ReplaceSection(std::wstring& path, SectionModel& section, int32_t number,
 bool ReplaceBulkheadArrangement(std::wstring& path, BulkheadArrangement& arrangement,
                                 int32_t number, const EditOptions& options = {});
 
-// Removes the block of this number and subtracts 1 from every larger number after it; where numbers
-// are out of order and two blocks would then have one number, from every larger number of the file.
-// A number below 1 does nothing. Message 603 meanwhile. True when the file is without the model.
+// Removes the blocks of these numbers, all of them or none, and subtracts from every number after
+// them, for each one that is smaller, 1; where numbers are out of order and two blocks would then
+// have one number, from every such number of the file. A number below 1 does nothing. Message 603
+// meanwhile. True when the file is without the models.
+bool DeleteModels(const std::wstring& path, const std::vector<int32_t>& numbers, bool keepBackup);
 bool DeleteModel(const std::wstring& path, int32_t number, bool keepBackup);
 
 // The larger of the number of blocks and the highest block number, plus 1. 0 when the file cannot
@@ -62,6 +65,9 @@ struct ModelCopy {
 // Appends a copy of a model: a section or a bulkhead arrangement with the new name and a new
 // identifier; a torsion model line by line. Returns the copy's number, 0 on failure.
 int32_t CopyModel(std::wstring& path, const ModelCopy& copy);
+// The same of several models in one rewrite, with the options of the first one: all of them or none
+// is copied. Returns the last copy's number.
+int32_t CopyAllModels(std::wstring& path, const std::vector<ModelCopy>& copies);
 
 // A model of another database.
 struct ModelSource {

@@ -42,6 +42,35 @@ struct CopyModelTest : test::EditingTest {
     }
 };
 
+// ---- Several models ----------------------------------------------------------------------------
+
+TEST_F(CopyModelTest, SeveralModelsAreCopiedInOneRewriteAsOneAfterTheOther) {
+    const std::string text = SectionAndOthers();
+    Write(text);
+    EXPECT_EQ(CopyModel(path, {4, ModelKind::kTorsion, L"T", {true}}), 6);
+    EXPECT_EQ(CopyModel(path, {1, ModelKind::kSection, L"A", {true}}), 7);
+    EXPECT_EQ(CopyModel(path, {1, ModelKind::kSection, L"B", {true}}), 8);
+    const std::string expected = WithoutStamps(Text());
+    Write(text);
+    EXPECT_EQ(CopyAllModels(path, {{4, ModelKind::kTorsion, L"T", {true}},
+                                   {1, ModelKind::kSection, L"A", {}},
+                                   {1, ModelKind::kSection, L" B ", {}}}),
+              8);
+    EXPECT_EQ(WithoutStamps(Text()), expected);
+    EXPECT_EQ(test::ReadFileBytes(folder.File(L"ship.bak")), text) << "one backup";
+}
+
+TEST_F(CopyModelTest, NoneOfSeveralModelsIsCopiedWhereOneCannotBe) {
+    const std::string text = SectionAndOthers();
+    Write(text);
+    EXPECT_EQ(CopyAllModels(path, {{1, ModelKind::kSection, L"A", {true}},
+                                   {9, ModelKind::kSection, L"B", {true}}}),
+              0);
+    ExpectRefusal(text, kMsgModelMissing, {9, path});
+    EXPECT_EQ(CopyAllModels(path, {}), 0);
+    EXPECT_EQ(Text(), text);
+}
+
 // ---- Sections ----------------------------------------------------------------------------------
 
 TEST_F(CopyModelTest, SectionGetsTheNextNumberTheNewNameAndANewIdentifier) {

@@ -71,6 +71,70 @@ TEST_F(DeletingTest, TorsionBodyPassesUnchanged) {
     EXPECT_TRUE(Text().ends_with(CopiedBlockText(blocks[3], -1) + "\r\n"));
 }
 
+// ---- Several models ----------------------------------------------------------------------------
+
+TEST_F(DeletingTest, SeveralModelsGoInOneRewriteInAnyOrder) {
+    const std::vector<SampleBlock> blocks = FiveBlocks();
+    for (const std::vector<int32_t>& numbers : {std::vector<int32_t>{2, 4}, {4, 2}, {4, 2, 4}}) {
+        Write(DatabaseText(blocks));
+        EXPECT_TRUE(DeleteModels(path, numbers, true));
+        EXPECT_EQ(Text(), Copied({blocks[0]}) + blocks[1].beforeMarker +
+                              CopiedBlockText(blocks[2], -1) + blocks[3].beforeMarker +
+                              CopiedBlockText(blocks[4], -2));
+        EXPECT_EQ(test::ReadFileBytes(folder.File(L"ship.bak")), DatabaseText(blocks))
+            << "one backup, of the text before";
+    }
+}
+
+TEST_F(DeletingTest, AnyModelsGoAsIfOneAfterTheOtherFromTheEnd) {
+    std::vector<SampleBlock> blocks = FiveBlocks();
+    for (int chosen = 0; chosen < 16; ++chosen) {
+        std::vector<int32_t> numbers;
+        Write(DatabaseText(blocks));
+        for (int32_t number = 4; number >= 1; --number) {
+            if ((chosen >> (number - 1) & 1) == 0) continue;
+            numbers.push_back(number);
+            EXPECT_TRUE(DeleteModel(path, number, false));
+        }
+        const std::string expected = Text();
+        Write(DatabaseText(blocks));
+        EXPECT_EQ(DeleteModels(path, numbers, false), !numbers.empty());
+        EXPECT_EQ(Text(), expected) << chosen;
+    }
+}
+
+TEST_F(DeletingTest, CommentsBetweenTheLastModelsStayWhenTheseGo) {
+    const std::vector<SampleBlock> blocks = FiveBlocks();
+    ASSERT_NE(blocks[3].beforeMarker, "");
+    Write(DatabaseText(blocks));
+    EXPECT_TRUE(DeleteModels(path, {4, 5}, false));
+    EXPECT_EQ(Text(), Copied({blocks[0], blocks[1], blocks[2]}) + blocks[3].beforeMarker +
+                          blocks[4].beforeMarker);
+}
+
+TEST_F(DeletingTest, NumbersOutOfOrderStayDifferentWhenSeveralModelsGo) {
+    const std::vector<SampleBlock> blocks = Numbered({" 5 ", " 3 ", " 1 ", " 4 ", " 2 "});
+    Write(DatabaseText(blocks));
+    EXPECT_TRUE(DeleteModels(path, {1, 3}, false));
+    EXPECT_EQ(Text(), Copied({blocks[0]}) + blocks[1].beforeMarker + blocks[2].beforeMarker +
+                          CopiedBlockText(blocks[3], -2) + CopiedBlockText(blocks[4], -1));
+    Write(DatabaseText(blocks));
+    EXPECT_TRUE(DeleteModels(path, {1, 2}, false)) << "after them 4 alone would become a second 3";
+    EXPECT_EQ(Text(), SampleHead() + CopiedBlockText(blocks[0], -2) +
+                          CopiedBlockText(blocks[1], -2) + blocks[2].beforeMarker +
+                          CopiedBlockText(blocks[3], -2) + blocks[4].beforeMarker);
+}
+
+TEST_F(DeletingTest, AllOfSeveralModelsStayWhereOneCannotGo) {
+    const std::string text = DatabaseText(Numbered({" 1 ", " 2 ", " 2 ", " 4 ", " 5 "}));
+    Write(text);
+    EXPECT_FALSE(DeleteModels(path, {1, 2, 5}, true));
+    ExpectRefusalOfNumber(text, 2);
+    EXPECT_FALSE(DeleteModels(path, {1, 0}, true));
+    EXPECT_FALSE(DeleteModels(path, {}, true));
+    EXPECT_EQ(Text(), text);
+}
+
 // ---- Numbers -----------------------------------------------------------------------------------
 
 TEST_F(DeletingTest, NumberThatNoBlockHasIsReportedAndNothingWritten) {
