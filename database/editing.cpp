@@ -8,6 +8,7 @@
 #include "database/bulkhead_block.h"
 #include "database/copying.h"
 #include "database/model_kind.h"
+#include "database/rows.h"
 #include "database/scanning.h"
 #include "database/section_block.h"
 #include "files/file_system.h"
@@ -252,6 +253,50 @@ bool ReplaceBlock(std::wstring& path, int32_t number, const EditOptions& options
     return EditDatabase(path, options, kMsgWritingDatabase, write);
 }
 
+// ---- Renaming ----------------------------------------------------------------------------------
+
+struct NameLine {
+    std::wstring name;  // trimmed
+    int64_t begin = 0;
+    int64_t end = 0;
+};
+
+// The reader is at the block's marker. False where a line of a table, or no line at all, follows
+// the name label.
+bool ReadNameLine(TextReader& reader, NameLine& found) {
+    const StructuralLines lines = FetchStructuralLines();
+    std::string_view line;
+    ReadLine(reader, line);
+    constexpr int kNumberAndKeyword = 2;
+    for (int i = 0; i < kNumberAndKeyword || line != lines.nameLabel; ++i) {
+        if (!ReadBlockLine(reader, lines.modelMarker, line)) return false;
+    }
+    do {
+        found.begin = LinePosition(reader);
+        if (!ReadLine(reader, line)) return false;
+    } while (IsCommentLine(line));
+    found.name = system::WideFromAnsi(Trim(line));
+    found.end = LinePosition(reader);
+    return line != lines.modelMarker && !IsHeaderLine(line);
+}
+
+// The name line of the model that is renamed; false, and reported, when there is no such line, or
+// it has another name.
+bool RequireName(TextReader& reader, const std::wstring& path, const ModelRename& rename,
+                 NameLine& line) {
+    if (!ReadNameLine(reader, line)) {
+        if (reader.error != kErrorNone) {
+            ReportTextNotWritten(path, reader.error);
+        } else {
+            ReportMessage(kMsgNoNameLine, {rename.number, path});
+        }
+        return false;
+    }
+    if (line.name == rename.oldName) return true;
+    ReportMessage(kMsgModelChanged, {path});
+    return false;
+}
+
 // ---- Appending ---------------------------------------------------------------------------------
 
 // `writeBlock` writes the new model's block after all others, with a number that no block has,
@@ -295,6 +340,25 @@ bool ReplaceBulkheadArrangement(std::wstring& path, BulkheadArrangement& arrange
     return ReplaceBlock(path, number, options, [&arrangement, number](TextWriter& writer) {
         WriteBulkheadBlock(writer, arrangement, number);
     });
+}
+
+bool RenameModel(std::wstring& path, const ModelRename& rename) {
+    return EditDatabase(path, rename.options, kMsgWritingDatabase,
+                        [&](Rewrite& rewrite, const BlockNumbers& blocks) {
+                            TextReader& reader = rewrite.reader;
+                            NameLine line;
+                            if (!RequireOneBlock(blocks, rename.number, path)) return false;
+                            SeekLine(reader, PlaceOf(blocks, rename.number, rewrite.stamp).offset);
+                            if (!RequireName(reader, path, rename, line)) return false;
+                            BeginRewrite(rewrite, path);
+                            SeekLine(reader, 0);
+                            CopySpan(reader, line.begin, rewrite.writer);
+                            RowWriter row(rewrite.writer);
+                            HeadTextLine(row, Trim(rename.newName));
+                            SeekLine(reader, line.end);
+                            CopySpan(reader, -1, rewrite.writer);
+                            return true;
+                        });
 }
 
 bool DeleteModels(const std::wstring& path, const std::vector<int32_t>& numbers, bool keepBackup) {

@@ -49,6 +49,17 @@ bool ReplaceBulkheadArrangement(std::wstring& path, BulkheadArrangement& arrange
 bool DeleteModels(const std::wstring& path, const std::vector<int32_t>& numbers, bool keepBackup);
 bool DeleteModel(const std::wstring& path, int32_t number, bool keepBackup);
 
+struct ModelRename {
+    int32_t number = 0;
+    std::wstring oldName;  // trimmed, as the list has it
+    std::wstring newName;  // is trimmed, and written as the name of a copy is
+    EditOptions options;
+};
+// Writes the line of a model's name again; every other byte of the file stays. Message 602
+// meanwhile. A model whose name is no longer the old one (3523), and a block without a line for a
+// name (3800), are reported and left alone. True when the model has the new name.
+bool RenameModel(std::wstring& path, const ModelRename& rename);
+
 // The larger of the number of blocks and the highest block number, plus 1. 0 when the file cannot
 // be read to its end, and when there is no such number.
 int32_t NextModelNumber(const std::wstring& path);

@@ -251,7 +251,8 @@
     X(kMsgSomeModels, 3750)             \
     X(kMsgAllModels, 3751)              \
     X(kMsgOneModel, 3752)               \
-    X(kMsgFilterCue, 3753)
+    X(kMsgFilterCue, 3753)              \
+    X(kMsgNoNameLine, 3800)
 
 namespace corvane {
 

@@ -26,6 +26,7 @@ namespace {
 enum Model : int32_t { kTorsionModel = 1, kSection, kBulkhead, kLastSection, kNewModel };
 
 constexpr wchar_t kCopyName[] = L"A copy";
+constexpr wchar_t kTorsionName[] = L"Hold 3";
 
 // More than a reader's buffer holds, so that spans are cut.
 constexpr size_t kTorsionText = kTextBufferSize + 20'000;
@@ -35,7 +36,7 @@ constexpr size_t kLongText = 3 * kTextBufferSize + 1'000;
 std::string TorsionBlock() {
     test::SampleBlock block;
     block.keyword = "TORSION";
-    block.name = "Hold 3";
+    block.name = system::AnsiFromWide(kTorsionName);
     for (int row = 1; block.body.size() < kTorsionText; ++row) {
         block.body += ' ' + std::to_string(row) + " \t .5 \t 12.5 \t 3.25 \r\n";
     }
@@ -178,6 +179,23 @@ bool Delete(const std::wstring& path) {
     return DeleteModel(path, kNumber, kKeepBackup);
 }
 
+std::wstring NameOf(int32_t number) {
+    if (number == kTorsionModel) return kTorsionName;
+    return number == kBulkhead ? test::FullArrangement().name : test::FullSection().name;
+}
+
+template <int32_t kNumber, bool kKeepBackup>
+bool Rename(const std::wstring& path) {
+    static const std::wstring oldName = NameOf(kNumber);
+    std::wstring database = path;
+    return RenameModel(database, {kNumber, oldName, kCopyName, {kKeepBackup}});
+}
+
+template <int32_t kNumber>
+std::string Renamed(const std::string& oldText) {
+    return WithName(oldText, kNumber, NameOf(kNumber), kCopyName);
+}
+
 void CORVANE_STDCALL GiveIdentifier(char* buffer, int32_t size) {
     constexpr std::string_view kIdentifier = "{00000000-0000-0000-0000-000000000001}";
     buffer[kIdentifier.copy(buffer, static_cast<size_t>(size) - 1)] = '\0';
@@ -295,6 +313,10 @@ std::vector<Edit> MakeEdits() {
         {"delete_middle_backup", true, true, true, Delete<kSection, true>, Deleted<kSection>},
         {"delete_last_backup", true, false, true, Delete<kLastSection, true>,
          Deleted<kLastSection>},
+        {"rename_torsion", true, false, false, Rename<kTorsionModel, false>,
+         Renamed<kTorsionModel>},
+        {"rename_section_backup", true, true, true, Rename<kSection, true>, Renamed<kSection>},
+        {"rename_bulkhead_backup", true, false, true, Rename<kBulkhead, true>, Renamed<kBulkhead>},
     };
     for (const Edit& edit : DosEdits()) edits.push_back(edit);
     for (const Edit& edit : HistoryEdits()) edits.push_back(edit);

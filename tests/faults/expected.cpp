@@ -99,6 +99,17 @@ std::string WithoutBlock(const std::string& text, int32_t number) {
     return Joined(parts);
 }
 
+std::string WithName(const std::string& text, int32_t number, const std::wstring& oldName,
+                     const std::wstring& newName) {
+    const auto lineOf = [](const std::wstring& name) {
+        return "\r\n" + system::AnsiFromWide(name) + "\r\n";
+    };
+    Parts parts = Split(text);
+    std::string& block = BlockOf(parts, number);
+    block = test::Replaced(block, lineOf(oldName), lineOf(newName));
+    return Joined(parts);
+}
+
 std::string WithShipData(const std::string& text, BasicShipData bsd) {
     Parts parts = Split(text);
     const std::string header = std::string(kBsdHeaderLine) + "\r\n";

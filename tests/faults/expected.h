@@ -21,6 +21,9 @@ std::string WithNewBlock(const std::string& text, const MakeBlock& block);
 std::string WithCopy(const std::string& text, int32_t number);
 // Without block `number`; those after it have numbers one lower.
 std::string WithoutBlock(const std::string& text, int32_t number);
+// Another name in the line of block `number` that has the old one.
+std::string WithName(const std::string& text, int32_t number, const std::wstring& oldName,
+                     const std::wstring& newName);
 // Other ship data.
 std::string WithShipData(const std::string& text, BasicShipData bsd);
 
