@@ -4,6 +4,7 @@
 #include <array>
 #include <cassert>
 
+#include "database/describing.h"
 #include "database/editing.h"
 #include "report/messages.h"
 
@@ -24,7 +25,8 @@ constexpr std::array kKinds = {
               .ruleProgram = {.message = kMsgRuleProgram},
               .csrProgram = {.fixedName = L"CsrCheck.exe"},
               .isCopiedWithBackup = true,
-              .writeCopy = WriteCopyOfSection},
+              .writeCopy = WriteCopyOfSection,
+              .describe = DescribeSection},
     KindFacts{.kind = ModelKind::kBulkhead,
               .keyword = kBulkheadKeyword,
               .name = L"Bulkhead",
@@ -38,7 +40,8 @@ constexpr std::array kKinds = {
               .ruleProgram = {.fixedName = L"BhdCheck.exe"},
               .csrProgram = {.fixedName = L"BhdCheck.exe"},
               .isCopiedWithBackup = true,
-              .writeCopy = WriteCopyOfBulkhead},
+              .writeCopy = WriteCopyOfBulkhead,
+              .describe = DescribeBulkhead},
     KindFacts{.kind = ModelKind::kTorsion,
               .keyword = kTorsionKeyword,
               .name = L"Torsion",
@@ -52,7 +55,8 @@ constexpr std::array kKinds = {
               .ruleProgram = {.fixedName = L"TorModel.exe"},
               .csrProgram = {.fixedName = L"TorModel.exe"},
               .isCopiedWithBackup = false,
-              .writeCopy = WriteCopyOfTorsion},
+              .writeCopy = WriteCopyOfTorsion,
+              .describe = DescribeTorsion},
 };
 
 }  // namespace

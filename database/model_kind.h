@@ -32,6 +32,9 @@ std::wstring ProgramFileName(const ProgramFile& program);
 // Of database/editing.h, which has the procedures of the table.
 struct ModelSource;
 struct TextWriter;
+// Of database/describing.h.
+struct ModelDescription;
+struct TextReader;
 
 struct KindFacts {
     ModelKind kind;
@@ -50,6 +53,8 @@ struct KindFacts {
     // Writes the block of a copy of a model (database/editing.h).
     bool (*writeCopy)(TextWriter& writer, const ModelSource& source, const std::wstring* newName,
                       int32_t newNumber);
+    // What a model holds (database/describing.h).
+    void (*describe)(TextReader& reader, ModelDescription& description);
 };
 
 // The table, in the order of the kinds' numbers.

@@ -1,6 +1,7 @@
 #include "database/stamps.h"
 
 #include <array>
+#include <utility>
 
 #include "files/settings_file.h"
 #include "platform/system.h"
@@ -57,6 +58,21 @@ void WriteStampLines(TextWriter& writer, const Stamp& stamp, float formatVersion
 
     if (stamp.userName.empty()) return;
     WriteLine(writer, rule + GetMessageBytes(kMsgStampUser) + system::AnsiFromWide(stamp.userName));
+}
+
+void ReadStampLine(std::string_view line, StampTexts& texts) {
+    const std::string rule = GetMessageBytes(kMsgCommentRule);
+    const std::pair<std::string, std::wstring StampTexts::*> lines[] = {
+        {rule + GetMessageBytes(kMsgStampProgram), &StampTexts::program},
+        {rule + GetMessageBytes(kMsgStampFormat), &StampTexts::formatVersion},
+        {rule + ' ' + GetMessageBytes(kMsgStampWritten) + " : ", &StampTexts::written},
+        {rule + GetMessageBytes(kMsgStampUser), &StampTexts::user},
+    };
+    for (const auto& [beginning, text] : lines) {
+        if (!line.starts_with(beginning)) continue;
+        const size_t colon = beginning.rfind(':');
+        texts.*text = system::WideFromAnsi(Trim(line.substr(colon + 1)));
+    }
 }
 
 }  // namespace corvane

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "files/text_file.h"
 
@@ -27,5 +28,15 @@ Stamp CurrentStamp();
 //     * User : ann
 // The blank after "Oslo" is left out where there is no second identification.
 void WriteStampLines(TextWriter& writer, const Stamp& stamp, float formatVersion);
+
+// Stamp lines as they are in a file, each without what comes before its colon.
+struct StampTexts {
+    std::wstring written;  // by whom, and when
+    std::wstring user;
+    std::wstring program;
+    std::wstring formatVersion;
+};
+// Adds what a line says; nothing when it is no stamp line.
+void ReadStampLine(std::string_view line, StampTexts& texts);
 
 }  // namespace corvane

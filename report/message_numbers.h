@@ -252,7 +252,10 @@
     X(kMsgAllModels, 3751)              \
     X(kMsgOneModel, 3752)               \
     X(kMsgFilterCue, 3753)              \
-    X(kMsgNoNameLine, 3800)
+    X(kMsgNoNameLine, 3800)             \
+    X(kMsgSectionContents, 3805)        \
+    X(kMsgBulkheadContents, 3806)       \
+    X(kMsgTorsionContents, 3807)
 
 namespace corvane {
 
