@@ -253,9 +253,15 @@
     X(kMsgOneModel, 3752)               \
     X(kMsgFilterCue, 3753)              \
     X(kMsgNoNameLine, 3800)             \
+    X(kMsgRenameOf, 3801)               \
+    X(kMsgNewNameQuestion, 3802)        \
+    X(kMsgPropertiesOfModel, 3803)      \
+    X(kMsgPositionOfModel, 3804)        \
     X(kMsgSectionContents, 3805)        \
     X(kMsgBulkheadContents, 3806)       \
-    X(kMsgTorsionContents, 3807)
+    X(kMsgTorsionContents, 3807)        \
+    X(kMsgStampOfModel, 3808)           \
+    X(kMsgPropertiesLabel, 3809)
 
 namespace corvane {
 

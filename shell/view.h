@@ -46,6 +46,9 @@ struct View {
     bool (*askImport)(ImportChoice& choice) = [](ImportChoice&) { return false; };
     // Earlier versions: true when the chosen one is to replace the database.
     bool (*askVersion)(VersionChoice& choice) = [](VersionChoice&) { return false; };
+    // A box with lines "label tab value", ended by carriage returns, that can be copied.
+    void (*showProperties)(const std::wstring& caption, const std::wstring& text) =
+        [](const std::wstring&, const std::wstring&) {};
     // The box FM_About; `heading` is its version line.
     void (*showAbout)(const std::wstring& heading) = [](const std::wstring&) {};
 
@@ -78,6 +81,8 @@ struct View {
     int (*selectedLine)() = [] { return -1; };
     void (*focusList)() = [] {};
     void (*focusFilter)() = [] {};  // TX_Filter, all of its text selected
+    // Gives the focus to the next part of the window, or to the one before, around its end.
+    void (*focusPane)(bool forward) = [](bool) {};
 
     bool (*isPreviewOn)() = [] { return false; };  // OP_Preview
     void (*redrawPreview)() = [] {};               // PIC_Section, through DrawPreview

@@ -20,6 +20,22 @@ constexpr Command Separator(Menu menu) {
     return {0, menu, "", L"", EnabledWhen::kAlways, nullptr};
 }
 
+constexpr Key Control(char letter, KeyReach reach = KeyReach::kWindow) {
+    return {.code = static_cast<uint16_t>(letter), .control = true, .reach = reach};
+}
+constexpr Key Plain(KeyCode code) {
+    return {.code = code};
+}
+constexpr Key Alt(KeyCode code) {
+    return {.code = code, .alt = true};
+}
+constexpr Key Shift(KeyCode code) {
+    return {.code = code, .shift = true};
+}
+constexpr Key InList(KeyCode code) {
+    return {.code = code, .reach = KeyReach::kList};
+}
+
 template <ListColumn column>
 constexpr Command SortBy(uint16_t id, const char* name, const wchar_t* caption) {
     Command command{id, Menu::kView, name, caption, EnabledWhen::kAlways, nullptr};
@@ -30,11 +46,11 @@ constexpr Command SortBy(uint16_t id, const char* name, const wchar_t* caption) 
 
 constexpr std::array kCommands = {
     Command{ME_FileNew, Menu::kFile, "ME_FileNew", L"&New database...", EnabledWhen::kAlways,
-            ME_FileNew_Click},
+            ME_FileNew_Click, Control('N')},
     Command{ME_FileOpen, Menu::kFile, "ME_FileOpen", L"&Open database...", EnabledWhen::kAlways,
-            ME_FileOpen_Click},
+            ME_FileOpen_Click, Control('O')},
     Command{ME_FileSaveAs, Menu::kFile, "ME_FileSaveAs", L"&Save database as...",
-            EnabledWhen::kDatabaseOpen, ME_FileSaveAs_Click},
+            EnabledWhen::kDatabaseOpen, ME_FileSaveAs_Click, Control('S')},
     Command{ME_FileSaveLegacy, Menu::kFile, "ME_FileSaveLegacy", L"Save as &Velk Dos...",
             EnabledWhen::kDatabaseOpen, ME_FileSaveLegacy_Click},
     Command{ME_FileVersions, Menu::kFile, "ME_FileVersions", L"&Earlier versions...",
@@ -44,22 +60,34 @@ constexpr std::array kCommands = {
             ME_FileQuit_Click},
 
     Command{ME_EditUndo, Menu::kEdit, "ME_EditUndo", L"&Undo", EnabledWhen::kUndoThere,
-            ME_EditUndo_Click, ListKey::kNone, L'Z'},
+            ME_EditUndo_Click, Control('Z', KeyReach::kNotText)},
     Command{ME_EditRedo, Menu::kEdit, "ME_EditRedo", L"&Redo", EnabledWhen::kRedoThere,
-            ME_EditRedo_Click, ListKey::kNone, L'Y'},
+            ME_EditRedo_Click, Control('Y', KeyReach::kNotText)},
     Separator(Menu::kEdit),
     Command{ME_EditFind, Menu::kEdit, "ME_EditFind", L"&Find", EnabledWhen::kDatabaseOpen,
-            ME_EditFind_Click, ListKey::kNone, L'F'},
+            ME_EditFind_Click, Control('F')},
 
     SortBy<ListColumn::kName>(ME_ViewSortName, "ME_ViewSortName", L"Sort by &name"),
     SortBy<ListColumn::kX>(ME_ViewSortX, "ME_ViewSortX", L"Sort by &X"),
     SortBy<ListColumn::kNumber>(ME_ViewSortNumber, "ME_ViewSortNumber", L"Sort by n&umber"),
     SortBy<ListColumn::kKind>(ME_ViewSortKind, "ME_ViewSortKind", L"Sort by &kind"),
     SortBy<ListColumn::kFrame>(ME_ViewSortFrame, "ME_ViewSortFrame", L"Sort by &frame"),
-    Command{ME_ViewFileOrder, Menu::kView, "ME_ViewFileOrder", L"File &order", EnabledWhen::kAlways,
-            ME_ViewFileOrder_Click, ListKey::kNone, 0, IsInFileOrder},
-    Command{ME_ViewDescending, Menu::kView, "ME_ViewDescending", L"&Descending",
-            EnabledWhen::kAlways, ME_ViewDescending_Click, ListKey::kNone, 0, IsDescending},
+    Command{ME_ViewFileOrder,
+            Menu::kView,
+            "ME_ViewFileOrder",
+            L"File &order",
+            EnabledWhen::kAlways,
+            ME_ViewFileOrder_Click,
+            {},
+            IsInFileOrder},
+    Command{ME_ViewDescending,
+            Menu::kView,
+            "ME_ViewDescending",
+            L"&Descending",
+            EnabledWhen::kAlways,
+            ME_ViewDescending_Click,
+            {},
+            IsDescending},
 
     Command{ME_FileBSD, Menu::kBsd, "ME_FileBSD", L"&Open...", EnabledWhen::kDatabaseOpen,
             ME_FileBSD_Click},
@@ -74,28 +102,37 @@ constexpr std::array kCommands = {
             EnabledWhen::kBsdDefined, ME_NewTorsion_Click},
 
     Command{ME_SectionInput, Menu::kSection, "ME_SectionInput", L"&Edit...",
-            EnabledWhen::kModelSelected, ME_SectionInput_Click, ListKey::kEnter},
+            EnabledWhen::kModelSelected, ME_SectionInput_Click, InList(kEnterKey)},
     Command{ME_SectionVelkRule, Menu::kSection, "ME_SectionVelkRule", L"&Rule...",
             EnabledWhen::kModelSelected, ME_SectionVelkRule_Click},
     Separator(Menu::kSection),
     Command{ME_SectionCopy, Menu::kSection, "ME_SectionCopy", L"&Copy...",
-            EnabledWhen::kModelSelected, ME_SectionCopy_Click},
+            EnabledWhen::kModelSelected, ME_SectionCopy_Click, Control('C', KeyReach::kList)},
     Command{ME_SectionRemove, Menu::kSection, "ME_SectionRemove", L"&Delete...",
-            EnabledWhen::kModelSelected, ME_SectionRemove_Click, ListKey::kDelete},
+            EnabledWhen::kModelSelected, ME_SectionRemove_Click, InList(kDeleteKey)},
     Separator(Menu::kSection),
     Command{ME_SectionImport, Menu::kSection, "ME_SectionImport", L"&Import...",
             EnabledWhen::kDatabaseOpen, ME_SectionImport_Click},
     Command{ME_SectionExport, Menu::kSection, "ME_SectionExport", L"E&xport to Velk Dos...",
             EnabledWhen::kModelSelected, ME_SectionExport_Click},
+    Separator(Menu::kSection),
+    Command{ME_SectionRename, Menu::kSection, "ME_SectionRename", L"Re&name...",
+            EnabledWhen::kModelSelected, ME_SectionRename_Click, Plain(kF2Key)},
+    Command{ME_SectionProperties, Menu::kSection, "ME_SectionProperties", L"&Properties...",
+            EnabledWhen::kModelSelected, ME_SectionProperties_Click, Alt(kEnterKey)},
 
     Command{ME_HelpAbout, Menu::kHelp, "ME_HelpAbout", L"&About...", EnabledWhen::kAlways,
             ME_HelpAbout_Click},
+
+    Command{ME_NextPane, Menu::kNone, "ME_NextPane", L"Next pane", EnabledWhen::kAlways,
+            [] { shell.view.focusPane(true); }, Plain(kF6Key)},
+    Command{ME_PreviousPane, Menu::kNone, "ME_PreviousPane", L"Previous pane", EnabledWhen::kAlways,
+            [] { shell.view.focusPane(false); }, Shift(kF6Key)},
 };
 
-// The first command whose `field` has a value; null without one.
-template <class Value>
-const Command* Find(Value Command::* field, Value value) {
-    const auto found = std::ranges::find(kCommands, value, field);
+template <class Test>
+const Command* FindFirst(Test test) {
+    const auto found = std::ranges::find_if(kCommands, test);
     return found == kCommands.end() ? nullptr : &*found;
 }
 
@@ -110,11 +147,13 @@ std::span<const Command> Commands() {
 }
 
 const Command* FindCommand(uint16_t id) {
-    return id == 0 ? nullptr : Find(&Command::id, id);
+    if (id == 0) return nullptr;
+    return FindFirst([id](const Command& command) { return command.id == id; });
 }
 
-const Command* FindCommand(ListKey key) {
-    return key == ListKey::kNone ? nullptr : Find(&Command::key, key);
+const Command* FindCommand(const Key& key) {
+    if (key.code == kNoKey) return nullptr;
+    return FindFirst([&key](const Command& command) { return IsSameKey(command.key, key); });
 }
 
 bool IsEnabled(const Command& command) {
@@ -142,8 +181,8 @@ std::wstring CaptionNow(const Command& command) {
     if (command.enabledWhen == EnabledWhen::kRedoThere) name = shell.history.redoName;
     if (!name.empty()) caption += L' ';
     for (const wchar_t letter : name) caption += letter == L'&' ? L"&&" : std::wstring(1, letter);
-    if (command.controlKey != 0) caption += std::wstring(L"\tCtrl+") + command.controlKey;
-    return caption;
+    const std::wstring key = KeyText(command.key);
+    return key.empty() ? caption : caption + L'\t' + key;
 }
 
 bool IsMenuEnabled(Menu menu) {

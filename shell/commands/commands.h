@@ -7,6 +7,7 @@
 #include <string>
 
 #include "database/model_kind.h"
+#include "shell/commands/keys.h"
 
 namespace corvane {
 
@@ -20,16 +21,9 @@ enum class EnabledWhen {
     kRedoThere       // and one that was undone
 };
 
-// The top menus, from left to right.
-enum class Menu { kFile, kEdit, kView, kBsd, kCreate, kSection, kHelp };
-inline constexpr int kMenuCount = 7;
-
-// A key that runs a command while the list of models has the focus.
-enum class ListKey {
-    kNone,
-    kEnter,  // and a double click on a row
-    kDelete
-};
+// The top menus, from left to right; a command of kNone is in no menu, only its key runs it.
+enum class Menu { kFile, kEdit, kView, kBsd, kCreate, kSection, kHelp, kNone };
+inline constexpr int kMenuCount = static_cast<int>(Menu::kNone);
 
 struct Command {
     uint16_t id;  // 0: a separator
@@ -38,8 +32,7 @@ struct Command {
     const wchar_t* caption;
     EnabledWhen enabledWhen;
     void (*run)();  // null for a separator
-    ListKey key = ListKey::kNone;
-    wchar_t controlKey = 0;         // runs it with Ctrl, wherever the focus is: a capital; 0: none
+    Key key = {};
     bool (*isChecked)() = nullptr;  // whether the item has a check mark; null: never
 };
 
@@ -62,6 +55,8 @@ enum CommandId : uint16_t {
     ME_SectionRemove,
     ME_SectionImport,
     ME_SectionExport,
+    ME_SectionRename,
+    ME_SectionProperties,
     ME_HelpAbout = 180,
     ME_EditUndo = 200,
     ME_EditRedo,
@@ -73,16 +68,19 @@ enum CommandId : uint16_t {
     ME_ViewSortFrame,
     ME_ViewFileOrder,
     ME_ViewDescending,
+    ME_NextPane = 240,
+    ME_PreviousPane,
 };
 
 std::span<const Command> Commands();
 // The command of an identifier; null for one that no command has.
 const Command* FindCommand(uint16_t id);
-// The command of a key, never of kNone; null when no command has it.
-const Command* FindCommand(ListKey key);
+// The command of a key, wherever it acts; null when no command has it.
+const Command* FindCommand(const Key& key);
 
 bool IsEnabled(const Command& command);
-// The caption as it is now: "&Undo" is followed by what it would undo.
+// The caption as menus show it now: "&Undo" is followed by what it would undo, and after a tab
+// comes the key.
 std::wstring CaptionNow(const Command& command);
 // Whether a top menu opens at all.
 bool IsMenuEnabled(Menu menu);

@@ -11,6 +11,7 @@
 #include "shell/exchange_boxes.h"
 #include "shell/file_prompt.h"
 #include "shell/model_exchange.h"
+#include "shell/model_properties.h"
 #include "shell/running_mark.h"
 #include "shell/state.h"
 #include "shell/suite_programs.h"
@@ -37,6 +38,22 @@ void CopyCurrentModel(const ModelEntry& model, const std::wstring& name) {
         RefreshMainWindow();
     }
     ResetMousePointer();
+}
+
+void RenameCurrentModel(const ModelEntry& model, const std::wstring& name) {
+    SetBusyPointer();
+    const EditName edit(FormatMessage(kMsgRenameOf, {model.name}));
+    std::wstring path = shell.database.path;
+    if (RenameModel(path, {model.number, model.name, name, {true, AskForWritableDatabase}})) {
+        if (path != shell.database.path) ContinueInWritableFile(path);
+        RefreshMainWindow();
+    }
+    ResetMousePointer();
+}
+
+// The caption of a box about a model: the command's, and the kind.
+std::wstring CaptionFor(uint16_t command, const ModelEntry& model) {
+    return MenuCaptionText(FindCommand(command)->caption) + L' ' + KindName(model.kind);
 }
 
 bool KeepsBackupOnRemoval() {
@@ -81,13 +98,31 @@ void ME_SectionCopy_Click() {
     ModelEntry model;
     if (!RequireCurrentModel(model) || !ConfirmEdit()) return;
     std::wstring name = L"Copy of " + model.name;
-    const std::wstring caption =
-        MenuCaptionText(FindCommand(ME_SectionCopy)->caption) + L' ' + KindName(model.kind);
+    const std::wstring caption = CaptionFor(ME_SectionCopy, model);
     if (!shell.view.askText(caption, L"Input the name of the copy", name)) return;
     name = Trim(name);
     if (name.empty()) return;
     if (!RequireUnchanged(model)) return RefreshMainWindow();
     CopyCurrentModel(model, name);
+}
+
+void ME_SectionRename_Click() {
+    ModelEntry model;
+    if (!RequireCurrentModel(model) || !ConfirmEdit()) return;
+    std::wstring name = model.name;
+    const std::wstring caption = CaptionFor(ME_SectionRename, model);
+    if (!shell.view.askText(caption, GetMessage(kMsgNewNameQuestion), name)) return;
+    name = Trim(name);
+    if (name.empty() || name == model.name) return;
+    if (!RequireUnchanged(model)) return RefreshMainWindow();
+    RenameCurrentModel(model, name);
+}
+
+void ME_SectionProperties_Click() {
+    ModelEntry model;
+    std::wstring text;
+    if (!RequireCurrentModel(model) || !ReadProperties(model, text)) return;
+    shell.view.showProperties(CaptionFor(ME_SectionProperties, model), text);
 }
 
 void ME_SectionRemove_Click() {

@@ -26,6 +26,14 @@ void ME_SectionCopy_Click();
 // the last one, none.
 void ME_SectionRemove_Click();
 
+// Asks for another name, proposing the model's; an empty name and the old one change nothing. The
+// model stays the current one. A read-only database is copied to another file first, which becomes
+// the open one.
+void ME_SectionRename_Click();
+
+// Shows what the current model is (shell/model_properties.h).
+void ME_SectionProperties_Click();
+
 // Appends models of another database to the open one (shell/model_exchange.h). The last one becomes
 // the current one.
 void ME_SectionImport_Click();

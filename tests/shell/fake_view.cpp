@@ -31,6 +31,9 @@ void AskQuestions(View& view) {
 }
 
 void ShowWindows(View& view) {
+    view.showProperties = [](const std::wstring& caption, const std::wstring& text) {
+        kRecord("properties " + Narrow(caption) + ": " + Narrow(text));
+    };
     view.showAbout = [](const std::wstring& text) { kRecord("about " + Narrow(text)); };
     view.loadMainWindow = [] { kRecord("main load"); };
     view.showMainWindow = [] { kRecord("main show"); };
@@ -56,6 +59,7 @@ void ShowContents(View& view) {
     view.selectedLine = [] { return FakeView::selected; };
     view.focusList = [] { kRecord("focus list"); };
     view.focusFilter = [] { kRecord("focus filter"); };
+    view.focusPane = [](bool forward) { kRecord(forward ? "next pane" : "previous pane"); };
     view.isPreviewOn = [] { return FakeView::previewOn; };
     view.redrawPreview = [] { kRecord("redraw preview"); };
     view.clearPreview = [](const std::wstring& why) {

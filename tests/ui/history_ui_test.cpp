@@ -25,14 +25,6 @@ struct HistoryUi : MainWindowFixture {
         ASSERT_TRUE(Press(WaitForBox(program), IDYES));
         ASSERT_TRUE(RowCountBecomes(Control(LI_Sections), left));
     }
-    static void TypeWithControl(WORD key) {
-        INPUT keys[4]{};
-        for (INPUT& input : keys) input.type = INPUT_KEYBOARD;
-        keys[0].ki.wVk = keys[3].ki.wVk = VK_CONTROL;
-        keys[1].ki.wVk = keys[2].ki.wVk = key;
-        keys[2].ki.dwFlags = keys[3].ki.dwFlags = KEYEVENTF_KEYUP;
-        SendInput(4, keys, sizeof(INPUT));
-    }
     bool StatusStartsWith(const std::wstring& text) const {
         return WaitUntil([&] { return TextOf(Control(PAN_Help)).starts_with(text); });
     }

@@ -183,6 +183,11 @@ void Click(POINT at) {
     SendMouse(at, MOUSEEVENTF_LEFTUP);
 }
 
+void RightClick(POINT at) {
+    SendMouse(at, MOUSEEVENTF_RIGHTDOWN);
+    SendMouse(at, MOUSEEVENTF_RIGHTUP);
+}
+
 void DoubleClick(POINT at) {
     Click(at);
     Click(at);

@@ -42,6 +42,7 @@ bool BeginDrag(HWND control, POINT from);
 void MoveMouse(POINT to);
 bool EndDrag(HWND control, POINT at);
 void Click(POINT at);
+void RightClick(POINT at);
 void DoubleClick(POINT at);
 
 }  // namespace corvane::ui

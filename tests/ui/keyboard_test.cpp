@@ -20,10 +20,12 @@ enum class Shows {
     kExportBox,
     kImportBox,
     kVersionsBox,
+    kPropertiesBox,
     kNothing  // the program ends, or the command cannot be chosen
 };
 
-// A command's way through the menus, and what it shows when no program of the suite is installed.
+// A command's way through the menus, and what it shows when no program of the
+// suite is installed.
 struct KeyCommand {
     uint16_t id;
     char menu;
@@ -62,6 +64,8 @@ constexpr KeyCommand kKeyCommands[] = {
     {ME_SectionRemove, 'S', 'D', Shows::kQuestion, "Are you sure to remove Section "},
     {ME_SectionImport, 'S', 'I', Shows::kImportBox, "DOS Velk Sections"},
     {ME_SectionExport, 'S', 'X', Shows::kExportBox, "Export to Velk Dos"},
+    {ME_SectionRename, 'S', 'N', Shows::kInputBox, "Rename Section"},
+    {ME_SectionProperties, 'S', 'P', Shows::kPropertiesBox, "Properties Section"},
     {ME_HelpAbout, 'H', 'A', Shows::kAbout, "About"},
 };
 
@@ -78,11 +82,14 @@ struct KeyboardTest : MainWindowFixture {
                 return L"FM_Inport";
             case Shows::kVersionsBox:
                 return L"FM_Versions";
+            case Shows::kPropertiesBox:
+                return L"FM_Properties";
             default:
                 return L"#32770";
         }
     }
-    // Waits for what a command shows, compares it, and closes it with the key that does nothing.
+    // Waits for what a command shows, compares it, and closes it with the key
+    // that does nothing.
     void ExpectAndClose(Shows shows, const std::string& text) const {
         const HWND window = program.Window(ClassOf(shows));
         ASSERT_NE(window, nullptr) << text;
@@ -96,7 +103,8 @@ struct KeyboardTest : MainWindowFixture {
         Type({shows == Shows::kQuestion ? WORD{VK_RETURN} : WORD{VK_ESCAPE}});
         ASSERT_TRUE(HasClosed(window)) << text;
     }
-    // Presses Tab until the control has the focus, once around the window at most.
+    // Presses Tab until the control has the focus, once around the window at
+    // most.
     bool TabTo(int control) const {
         constexpr int kMostStops = 20;
         for (int i = 0; i < kMostStops && FocusedControl(main) != control; ++i) {
@@ -104,6 +112,24 @@ struct KeyboardTest : MainWindowFixture {
             if (!PressUntil(VK_TAB, [&] { return FocusedControl(main) != before; })) return false;
         }
         return FocusedControl(main) == control;
+    }
+    // On the second of the rows that are below the head of the list.
+    POINT SecondRow() const {
+        const HWND head = reinterpret_cast<HWND>(Send(Control(LI_Sections), LVM_GETHEADER, 0, 0));
+        RECT headPlace{};
+        GetWindowRect(head, &headPlace);
+        const LONG height = headPlace.bottom - headPlace.top;
+        return {Place(LI_Sections).left + 80, headPlace.bottom + height + height / 3};
+    }
+    static std::wstring ClipboardText() {
+        std::wstring text;
+        if (OpenClipboard(nullptr) == FALSE) return text;
+        const HANDLE data = GetClipboardData(CF_UNICODETEXT);
+        const auto* letters = data == nullptr ? nullptr : static_cast<wchar_t*>(GlobalLock(data));
+        if (letters != nullptr) text = letters;
+        if (letters != nullptr) GlobalUnlock(data);
+        CloseClipboard();
+        return text;
     }
     void ExpectTheListReady() const {
         EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(main) != FALSE; }));
@@ -115,7 +141,7 @@ struct KeyboardTest : MainWindowFixture {
 
 TEST_F(KeyboardTest, EveryCommandOfTheMenusIsInTheTable) {
     for (const Command& command : Commands()) {
-        if (command.id == 0) continue;
+        if (command.id == 0 || command.menu == Menu::kNone) continue;
         EXPECT_NE(std::ranges::find(kKeyCommands, command.id, &KeyCommand::id),
                   std::end(kKeyCommands))
             << command.name;
@@ -134,6 +160,102 @@ TEST_F(KeyboardTest, EveryCommandIsChosenByItsLetters) {
     }
 }
 
+// A key of a command, and what it shows.
+TEST_F(KeyboardTest, EveryKeyRunsItsCommand) {
+    const struct {
+        bool control;
+        bool alt;
+        WORD key;
+        Shows shows;
+        const char* text;
+    } keys[] = {{true, false, 'N', Shows::kWindow, "New database"},
+                {true, false, 'O', Shows::kWindow, "Open database"},
+                {true, false, 'S', Shows::kWindow, "Save database as"},
+                {true, false, 'C', Shows::kInputBox, "Copy Section"},
+                {false, false, VK_RETURN, Shows::kBox, "SectInput.exe"},
+                {false, false, VK_DELETE, Shows::kQuestion, "Are you sure to remove Section "},
+                {false, false, VK_F2, Shows::kInputBox, "Rename Section"},
+                {false, true, VK_RETURN, Shows::kPropertiesBox, "Properties Section"}};
+    for (const auto& key : keys) {
+        SCOPED_TRACE(key.text);
+        if (key.control) {
+            TypeWithControl(key.key);
+        } else if (key.alt) {
+            TypeWithAlt(key.key);
+        } else {
+            Type({key.key});
+        }
+        ExpectAndClose(key.shows, key.text);
+        ExpectTheListReady();
+        if (HasFatalFailure()) return;
+    }
+}
+
+TEST_F(KeyboardTest, KeysOfTheListLeaveTheFieldOfThePathAlone) {
+    TypeWithAlt('D');
+    ASSERT_TRUE(FocusBecomes(main, TX_DataBase));
+    const std::wstring path = TextOf(Control(TX_DataBase));
+    Send(Control(TX_DataBase), EM_SETSEL, 0, -1);
+    TypeWithControl('C');
+    EXPECT_TRUE(WaitUntil([&] { return ClipboardText() == path; })) << Narrow(ClipboardText());
+    Type({VK_DELETE, VK_RETURN});
+    // Keys come in their order: when the last one has had its effect, those
+    // before had none.
+    Type({VK_F2});
+    ExpectAndClose(Shows::kInputBox, "Rename Section");
+    EXPECT_EQ(TextOf(Control(TX_DataBase)), path);
+}
+
+TEST_F(KeyboardTest, F6GoesAroundThePartsOfTheWindow) {
+    for (const int pane : {int{OP_Preview}, int{OP_Rule}, int{TX_DataBase}, int{LI_Sections}}) {
+        ASSERT_TRUE(PressUntil(VK_F6, [&] { return FocusedControl(main) == pane; })) << pane;
+    }
+    for (const int pane : {int{TX_DataBase}, int{OP_Rule}, int{OP_Preview}, int{LI_Sections}}) {
+        TypeWithShift(VK_F6);
+        ASSERT_TRUE(FocusBecomes(main, pane)) << pane;
+    }
+    EXPECT_TRUE(IsOn(OP_Rule));
+}
+
+TEST_F(KeyboardTest, F6FromTheMiddleOfAPartGoesToTheNextOne) {
+    ASSERT_TRUE(TabTo(BT_Open));
+    ASSERT_TRUE(PressUntil(VK_F6, [&] { return FocusedControl(main) == OP_Rule; }));
+    ASSERT_TRUE(TabTo(BT_Bsd));
+    ASSERT_TRUE(PressUntil(VK_F6, [&] { return FocusedControl(main) == TX_DataBase; }));
+}
+
+// ---- The context menu of the list
+// --------------------------------------------------------------
+
+TEST_F(KeyboardTest, RightClickSelectsTheRowAndOpensTheCommandsOfTheSectionMenu) {
+    RightClick(SecondRow());
+    ASSERT_TRUE(MenuIsOpen(true));
+    EXPECT_EQ(SelectedRow(Control(LI_Sections)), 1);
+    Type({'P'});
+    ExpectAndClose(Shows::kPropertiesBox, "Properties Section");
+    ExpectTheListReady();
+}
+
+TEST_F(KeyboardTest, ShiftF10AndTheMenuKeyOpenTheMenuAtTheSelectedRow) {
+    for (const bool byShift : {true, false}) {
+        if (byShift) {
+            TypeWithShift(VK_F10);
+        } else {
+            Type({VK_APPS});
+        }
+        ASSERT_TRUE(MenuIsOpen(true));
+        RECT menu{};
+        GetWindowRect(program.FindNow(kMenuClass), &menu);
+        const RECT list = Place(LI_Sections);
+        EXPECT_GE(menu.left, list.left);
+        EXPECT_GE(menu.top, list.top);
+        EXPECT_LT(menu.top, list.bottom);
+        Type({'N'});
+        ExpectAndClose(Shows::kInputBox, "Rename Section");
+        ExpectTheListReady();
+    }
+}
+
 TEST_F(KeyboardTest, QuitEndsTheProgram) {
     ASSERT_TRUE(ChooseByKeys(program, 'F', 'Q'));
     EXPECT_TRUE(program.HasEnded());
@@ -146,7 +268,8 @@ TEST_F(KeyboardTest, AltF4EndsTheProgram) {
     EXPECT_EQ(program.ExitCode(), 0U);
 }
 
-// The Enter key asks the window for its default button, with a message whose number is WM_USER.
+// The Enter key asks the window for its default button, with a message whose
+// number is WM_USER.
 TEST_F(KeyboardTest, EnterLeavesTheDividerWhereItIs) {
     const LONG before = Place(SP_Sections).left;
     Type({VK_RETURN});
@@ -163,13 +286,7 @@ TEST_F(KeyboardTest, DeleteInTheListAsksAndEnterKeepsTheModel) {
 }
 
 TEST_F(KeyboardTest, DoubleClickInTheListEdits) {
-    const RECT list = Place(LI_Sections);
-    // The second of the rows that are below the head.
-    const HWND head = reinterpret_cast<HWND>(Send(Control(LI_Sections), LVM_GETHEADER, 0, 0));
-    RECT headPlace{};
-    GetWindowRect(head, &headPlace);
-    const LONG height = headPlace.bottom - headPlace.top;
-    DoubleClick({list.left + 80, headPlace.bottom + height + height / 3});
+    DoubleClick(SecondRow());
     ExpectAndClose(Shows::kBox, "SectInput.exe");
     EXPECT_TRUE(ShowsPosition(L"X = 44.7 m"));
     ExpectTheListReady();

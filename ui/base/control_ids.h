@@ -65,6 +65,10 @@ enum ControlId : int {
     LI_Versions,
     BT_Restore,
     BT_SaveCopy,
+    // Properties of a model.
+    LB_Properties = 1440,  // names TX_Properties
+    TX_Properties,
+    BT_CopyAll,
 };
 
 inline constexpr int kRuleSetCount = 3;
@@ -80,5 +84,6 @@ inline constexpr wchar_t kExportBoxClass[] = L"FM_Export";
 inline constexpr wchar_t kImportBoxClass[] = L"FM_Inport";
 inline constexpr wchar_t kProgressClass[] = L"Progress";
 inline constexpr wchar_t kVersionsBoxClass[] = L"FM_Versions";
+inline constexpr wchar_t kPropertiesBoxClass[] = L"FM_Properties";
 
 }  // namespace corvane

@@ -47,10 +47,8 @@ void OnFilterNotify(HWND window, UINT notification) {
     if (notification == EN_CHANGE) FilterList(WindowText(GetDlgItem(window, TX_Filter)));
 }
 
-bool LeaveFilterBox(HWND window) {
-    if (!HasFocus(window)) return false;
-    FocusList(window);
-    return true;
+void LeaveFilterBox(HWND window) {
+    if (HasFocus(window)) FocusList(window);
 }
 
 bool ClearFilterBox(HWND window) {

@@ -11,8 +11,8 @@ void MakeFilterBox(HWND box);
 // Notifications of the box.
 void OnFilterNotify(HWND window, UINT notification);
 
-// Enter in the box: back to the list. False when the focus is not there.
-bool LeaveFilterBox(HWND window);
+// Enter in the box: back to the list. Nothing happens when the focus is not there.
+void LeaveFilterBox(HWND window);
 // Esc in the box: all models again, and back to the list. False when the focus is not there.
 bool ClearFilterBox(HWND window);
 

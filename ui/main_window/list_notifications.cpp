@@ -30,11 +30,6 @@ void OnLineClicked(HWND window, int line) {
     if (!wasRead && line >= 0) ShowSelectedLineAgain();
 }
 
-// The command runs when the list is through with the message.
-void PostCommand(HWND window, ListKey key) {
-    PostMessageW(window, WM_COMMAND, FindCommand(key)->id, 0);
-}
-
 // What the user types in the list.
 int FindTyped(const NMLVFINDITEMW& search) {
     if ((search.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0) return -1;
@@ -76,11 +71,6 @@ LRESULT OnListNotify(HWND window, LPARAM lParam) {
             PostMessageW(window, kColumnSized, static_cast<WPARAM>(column), 0);
             return 0;
         }
-        case LVN_KEYDOWN:
-            if (reinterpret_cast<const NMLVKEYDOWN*>(lParam)->wVKey == VK_DELETE) {
-                PostCommand(window, ListKey::kDelete);
-            }
-            return 0;
         case NM_CLICK:
             OnLineClicked(window, reinterpret_cast<const NMITEMACTIVATE*>(lParam)->iItem);
             return 0;
@@ -88,8 +78,9 @@ LRESULT OnListNotify(HWND window, LPARAM lParam) {
             StateOfMainWindow(window)->readByClick = false;
             return 0;
         case NM_DBLCLK:
+            // The command runs when the list is through with the message.
             if (reinterpret_cast<const NMITEMACTIVATE*>(lParam)->iItem >= 0) {
-                PostCommand(window, ListKey::kEnter);
+                PostMessageW(window, WM_COMMAND, ME_SectionInput, 0);
             }
             return 0;
         default:

@@ -4,6 +4,7 @@
 #include "shell/state.h"
 #include "ui/base/controls.h"
 #include "ui/base/own_window.h"
+#include "ui/main_window/accelerators.h"
 #include "ui/main_window/menus.h"
 #include "ui/main_window/windows_view.h"
 
@@ -15,7 +16,7 @@ int HandleMessages() {
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
         const HWND window = MainHandle();
-        if (window != nullptr && TranslateAcceleratorW(window, keys, &message) != 0) continue;
+        if (window != nullptr && RunKey(window, keys, message)) continue;
         if (window != nullptr && !OpensTopMenu(window, message) &&
             IsDialogMessageW(window, &message)) {
             continue;

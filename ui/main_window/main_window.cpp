@@ -12,6 +12,7 @@
 #include "ui/base/dpi.h"
 #include "ui/base/own_window.h"
 #include "ui/main_window/child_windows.h"
+#include "ui/main_window/context_menu.h"
 #include "ui/main_window/filter_box.h"
 #include "ui/main_window/list_notifications.h"
 #include "ui/main_window/main_window_controls.h"
@@ -107,14 +108,8 @@ private:
     MainWindowState& state_;
 };
 
-// The enter key reaches the window where no button uses it.
-void OnEnter(HWND window) {
-    if (LeaveFilterBox(window)) return;
-    if (GetFocus() == GetDlgItem(window, LI_Sections)) RunCommand(FindCommand(ListKey::kEnter)->id);
-}
-
 void OnCommand(HWND window, uint16_t id, uint16_t notification) {
-    if (id == IDOK) return OnEnter(window);
+    if (id == IDOK) return LeaveFilterBox(window);
     if (id == IDCANCEL && ClearFilterBox(window)) return;
     if (id == TX_Filter) return OnFilterNotify(window, notification);
     if (id == OP_Preview) return ShowSelectedLineAgain();
@@ -280,6 +275,9 @@ LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_COMMAND:
             OnCommand(window, LOWORD(wParam), HIWORD(wParam));
             return 0;
+        case WM_CONTEXTMENU:
+            if (ShowContextMenu(window, reinterpret_cast<HWND>(wParam), lParam)) return 0;
+            break;
         case WM_NOTIFY:
             return OnNotify(window, lParam);
         case WM_CTLCOLORSTATIC:

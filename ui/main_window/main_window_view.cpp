@@ -14,6 +14,7 @@
 #include "ui/main_window/main_window_state.h"
 #include "ui/main_window/menus.h"
 #include "ui/main_window/model_list_view.h"
+#include "ui/main_window/panes.h"
 #include "ui/pictures/button_pictures.h"
 #include "ui/pictures/section_picture.h"
 
@@ -158,6 +159,9 @@ void FillInContents(View& view) {
     view.setModelCount = [](const std::wstring& text) { SetLabel(LB_Count, text); };
     view.focusList = FocusList;
     view.focusFilter = [] { FocusFilterBox(MainHandle()); };
+    view.focusPane = [](bool forward) {
+        if (MainState() != nullptr) FocusPane(MainHandle(), forward);
+    };
     view.isPreviewOn = [] { return IsDlgButtonChecked(MainHandle(), OP_Preview) == BST_CHECKED; };
     view.redrawPreview = [] {
         RedrawSectionPicture(MainControl(PIC_Section));

@@ -1,7 +1,6 @@
 #include "ui/main_window/menus.h"
 
 #include <cwchar>
-#include <vector>
 
 #include "shell/commands/commands.h"
 
@@ -78,15 +77,6 @@ void UpdateMenus(HWND window, bool locked) {
         EnableMenuItem(bar, static_cast<UINT>(i), MF_BYPOSITION | Greyed(enabled));
     }
     DrawMenuBar(window);
-}
-
-HACCEL CreateKeys() {
-    std::vector<ACCEL> keys;
-    for (const Command& command : Commands()) {
-        if (command.controlKey == 0) continue;
-        keys.push_back({FVIRTKEY | FCONTROL, static_cast<WORD>(command.controlKey), command.id});
-    }
-    return CreateAcceleratorTableW(keys.data(), static_cast<int>(keys.size()));
 }
 
 bool OpensTopMenu(HWND window, const MSG& message) {

@@ -10,9 +10,6 @@ namespace corvane {
 // The bar belongs to the window that it is given to.
 HMENU CreateMenuBar();
 
-// The keys of commands, for TranslateAccelerator; they live as long as the program.
-HACCEL CreateKeys();
-
 void SetSectionMenuText(HWND window, const std::wstring& text);
 
 // Greys what cannot be chosen now, everything while the window is locked, shows what Undo and Redo

@@ -9,6 +9,7 @@
 #include "ui/dialogs/import_box.h"
 #include "ui/dialogs/input_box.h"
 #include "ui/dialogs/progress_box.h"
+#include "ui/dialogs/properties_box.h"
 #include "ui/dialogs/splash.h"
 #include "ui/dialogs/versions_box.h"
 #include "ui/main_window/main_window_view.h"
@@ -68,6 +69,7 @@ View WindowsView() {
     view.askExport = AskExport;
     view.askImport = [](ImportChoice& choice) { return AskImport(choice); };
     view.askVersion = AskVersion;
+    view.showProperties = ShowProperties;
     view.showAbout = [](const std::wstring& heading) { ShowAbout(heading); };
     view.showSplash = [](const std::wstring& title) { ShowSplash(title); };
     view.handToRunningInstance = HandToRunningInstance;

@@ -56,9 +56,10 @@ TEST(Commands, MenusHaveTheirItemsInOrder) {
     EXPECT_EQ(Items(Menu::kBsd), (Captions{L"&Open...", L"&Import..."}));
     EXPECT_EQ(Items(Menu::kCreate),
               (Captions{L"&Section...", L"&Bulkhead Arrangement", L"&Model for Torsion"}));
-    EXPECT_EQ(Items(Menu::kSection),
-              (Captions{L"&Edit...", L"&Rule...", L"-", L"&Copy...", L"&Delete...", L"-",
-                        L"&Import...", L"E&xport to Velk Dos..."}));
+    EXPECT_EQ(
+        Items(Menu::kSection),
+        (Captions{L"&Edit...", L"&Rule...", L"-", L"&Copy...", L"&Delete...", L"-", L"&Import...",
+                  L"E&xport to Velk Dos...", L"-", L"Re&name...", L"&Properties..."}));
     EXPECT_EQ(Items(Menu::kHelp), (Captions{L"&About..."}));
 }
 
