@@ -261,7 +261,19 @@
     X(kMsgBulkheadContents, 3806)       \
     X(kMsgTorsionContents, 3807)        \
     X(kMsgStampOfModel, 3808)           \
-    X(kMsgPropertiesLabel, 3809)
+    X(kMsgPropertiesLabel, 3809)        \
+    X(kMsgFolderNotFull, 3810)          \
+    X(kMsgSettingsFolderMissing, 3811)  \
+    X(kMsgFolderNotKept, 3812)          \
+    X(kMsgNotANumber, 3813)             \
+    X(kMsgNotWholeNumber, 3814)         \
+    X(kMsgSettingsKept, 3815)           \
+    X(kMsgAllProgramsThere, 3816)       \
+    X(kMsgProgramsMissing, 3817)        \
+    X(kMsgProgramsBeside, 3818)         \
+    X(kMsgLookForProgram, 3819)         \
+    X(kMsgFolderOfProgram, 3820)        \
+    X(kMsgProgramNotThere, 3821)
 
 namespace corvane {
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 #include <vector>
 
 #include "files/file_system.h"
@@ -26,10 +27,19 @@ using system::kErrorNone;
 
 // No texts of the catalogue: a catalogue other than ours does not know them.
 constexpr char kSection[] = "Corvane history";
-constexpr int32_t kMostMegabytes = 1024 * 1024;
+constexpr char kVersionsKey[] = "Versions";
+constexpr char kMegabytesKey[] = "Megabytes";
 
 int32_t ReadLimit(const char* key, int32_t usual, int32_t most) {
     return std::clamp(system::ReadProfileInteger(kSection, key, usual, SettingsFile()), 1, most);
+}
+
+bool WriteLimit(const char* key, int32_t limit) {
+    return WriteIniText(kSection, key, std::to_string(limit), SettingsFile()) == kErrorNone;
+}
+
+int32_t Megabytes(const HistoryLimits& limits) {
+    return static_cast<int32_t>(limits.bytes >> 20);
 }
 
 std::wstring UserName() {
@@ -175,10 +185,17 @@ bool MakeStep(const TextVersion* UndoSteps::* step, VersionKind kind, MessageNum
 void UseHistory() {
     EditHistory& history = shell.history;
     history.isOn = true;
-    history.limits.versions = ReadLimit("Versions", HistoryLimits().versions, 1000);
-    const auto megabytes = static_cast<int32_t>(HistoryLimits().bytes >> 20);
-    history.limits.bytes = int64_t{ReadLimit("Megabytes", megabytes, kMostMegabytes)} << 20;
+    history.limits.versions = ReadLimit(kVersionsKey, HistoryLimits().versions, kMostVersions);
+    const int32_t megabytes = Megabytes(HistoryLimits());
+    history.limits.bytes = int64_t{ReadLimit(kMegabytesKey, megabytes, kMostMegabytes)} << 20;
     keepOldText = KeepOldText;
+}
+
+bool KeepHistoryLimits(int32_t versions, int32_t megabytes) {
+    const HistoryLimits before =
+        std::exchange(shell.history.limits, HistoryLimits{versions, int64_t{megabytes} << 20});
+    return (before.versions == versions || WriteLimit(kVersionsKey, versions)) &&
+           (Megabytes(before) == megabytes || WriteLimit(kMegabytesKey, megabytes));
 }
 
 EditName::EditName(const std::wstring& name) {

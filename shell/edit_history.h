@@ -34,6 +34,11 @@ struct EditHistory {
 // From now on edits are kept, within the limits of the settings file: "Versions" and "Megabytes" in
 // the section "Corvane history".
 void UseHistory();
+inline constexpr int32_t kMostVersions = 1000;
+inline constexpr int32_t kMostMegabytes = 1024 * 1024;
+// Other limits, within these bounds, from the next edit on; those that change are written to the
+// settings file. False when they cannot be written there.
+bool KeepHistoryLimits(int32_t versions, int32_t megabytes);
 
 // While it lives, what is rewritten is an edit of this name: "Delete of 'Hold 3'".
 class EditName {

@@ -45,11 +45,19 @@ bool ReadLimit(const std::wstring& file, const LimitSetting& setting, ShellSetti
     return true;
 }
 
+// A folder that holds this file is the suite's data folder.
+bool IsSuiteFolder(const std::wstring& folder) {
+    return FileExists(folder + L"Bulafn.dat");
+}
+
+std::wstring ProgramDirectory() {
+    return WithTrailingBackslash(DirectoryOf(system::ProgramPath()));
+}
+
 void ReadDirectories(const std::wstring& file, const std::wstring& programDirectory,
                      ShellSettings& settings) {
     settings.DataDirectory = programDirectory;
-    // A folder that holds this file is the suite's data folder, whatever the key says.
-    if (!FileExists(programDirectory + L"Bulafn.dat")) {
+    if (!IsSuiteFolder(programDirectory)) {
         const std::wstring value = ReadKey(file, kMsgDataDirectoryKey, programDirectory);
         if (!Trim(value).empty()) settings.DataDirectory = WithTrailingBackslash(value);
     }
@@ -112,7 +120,11 @@ std::wstring GetIniString(const std::wstring& section, const std::wstring& key,
 }
 
 void ReadSettings(const std::wstring& file, ShellSettings& settings) {
-    ReadSettings(file, WithTrailingBackslash(DirectoryOf(system::ProgramPath())), settings);
+    ReadSettings(file, ProgramDirectory(), settings);
+}
+
+bool IsSuiteBesideProgram() {
+    return IsSuiteFolder(ProgramDirectory());
 }
 
 void ReadSettings(const std::wstring& file, const std::wstring& programDirectory,

@@ -35,6 +35,10 @@ void ReadSettings(const std::wstring& file, ShellSettings& settings);
 void ReadSettings(const std::wstring& file, const std::wstring& programDirectory,
                   ShellSettings& settings);
 
+// Whether the suite's data, and so its programs, are in the program's own folder: DataDirectory is
+// that folder then, whatever the settings file says.
+bool IsSuiteBesideProgram();
+
 // Writes the record back, and the user's login name with it; DataDirectory is never written. At the
 // first failure status message 619 is shown, the rest is not written, and the result is false.
 bool WriteSettings(const std::wstring& file, const ShellSettings& settings);

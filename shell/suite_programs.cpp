@@ -12,6 +12,7 @@
 #include "shell/model_list.h"
 #include "shell/rule_set.h"
 #include "shell/running_mark.h"
+#include "shell/settings_choice.h"
 #include "shell/state.h"
 
 namespace corvane {
@@ -45,17 +46,38 @@ RunResult RunLocked(const std::wstring& commandLine) {
     return RunAndWait(commandLine, kWindowStyle, shell.childRunning);
 }
 
+// Reports that a program is missing, and asks whether the user wants to look for it.
+bool ConfirmLooking(const std::wstring& report) {
+    ResetMousePointer();
+    ReportSilent(L"¤", {report});
+    return shell.view.askOkCancel(WithAdvice(report, BoxText(kMsgLookForProgram)));
+}
+
+// The user names the folder that has the program. False when he cancels, and when it is not there,
+// which is reported.
+bool LookForProgram(std::wstring& program) {
+    const std::wstring name = FileNameOf(program);
+    std::wstring folder = shell.settings.DataDirectory;
+    if (!shell.view.askFolder(FormatMessage(kMsgFolderOfProgram, {name}), folder)) return false;
+    const std::wstring found = WithTrailingBackslash(folder) + name;
+    if (!FileExists(found)) {
+        ReportMessage(kMsgProgramNotThere, {name, folder});
+        return false;
+    }
+    KeepProgramsFolder(folder);
+    program = found;
+    return true;
+}
+
 // A folder without its drive would be one beside whatever directory is the current one.
-bool RequireProgram(const std::wstring& program) {
+bool RequireProgram(std::wstring& program) {
     const std::wstring folder = StripTrailingBackslash(shell.settings.DataDirectory);
     const bool isFull = IsFullPath(shell.settings.DataDirectory);
     if (isFull && FileExists(program)) return true;
-    if (isFull) {
-        ReportMessage(kMsgFileMissing, {program}, BoxText(kMsgProgramAdvice, {folder}));
-    } else {
-        ReportMessage(kMsgDataDirectoryRefused, {folder});
-    }
-    return false;
+    const std::wstring report = isFull ? WithAdvice(BoxText(kMsgFileMissing, {program}),
+                                                    BoxText(kMsgProgramAdvice, {folder}))
+                                       : BoxText(kMsgDataDirectoryRefused, {folder});
+    return ConfirmLooking(report) && LookForProgram(program);
 }
 
 }  // namespace
@@ -70,6 +92,18 @@ std::wstring RuleProgramPath(ModelKind kind) {
 
 std::wstring BsdProgramPath() {
     return ProgramPath({nullptr, kMsgBsdProgram});
+}
+
+std::vector<std::wstring> SuitePrograms() {
+    std::vector<std::wstring> programs{FileNameOf(BsdProgramPath())};
+    for (const KindFacts& kind : Kinds()) {
+        for (const ProgramFile* program :
+             {&kind.inputProgram, &kind.ruleProgram, &kind.csrProgram}) {
+            const std::wstring name = ProgramFileName(*program);
+            if (std::ranges::find(programs, name) == programs.end()) programs.push_back(name);
+        }
+    }
+    return programs;
 }
 
 std::wstring SwitchString() {

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "database/model_kind.h"
 #include "files/running.h"
@@ -21,6 +22,9 @@ namespace corvane {
 std::wstring InputProgramPath(ModelKind kind);
 std::wstring RuleProgramPath(ModelKind kind);
 std::wstring BsdProgramPath();
+
+// The file names of all programs that the shell starts.
+std::vector<std::wstring> SuitePrograms();
 
 // "/d ", "/mil ", "/JBP ", in this order, as far as they are set.
 std::wstring SwitchString();
@@ -54,10 +58,11 @@ struct ProgramRun {
 bool RequireReadyForModels();
 
 // Runs `run.program` on the open database, for a model or without one, with message 622 in the
-// status line, and then what is open in which program. False when nothing was tried: a program that
-// is missing (message 1020), a DataDirectory that is not a full path (kMsgDataDirectoryRefused),
-// and a path that cannot be passed on in the code page of the programs (kMsgPathNotPassedOn), are
-// reported.
+// status line, and then what is open in which program. A program that is missing (message 1020), or
+// whose DataDirectory is not a full path (kMsgDataDirectoryRefused), is reported with the offer to
+// look for it; the folder in which the user finds it becomes DataDirectory. False when nothing was
+// tried: there is no such program, or a path cannot be passed on in the code page of the programs
+// (kMsgPathNotPassedOn), which is reported.
 bool RunProgram(ProgramRun& run, int32_t model = kNoModel);
 // Whether the database's file has another date and time than before the run, or is gone.
 bool HasDatabaseChanged(const ProgramRun& run);

@@ -16,7 +16,8 @@ namespace corvane {
 
 struct ExportChoice;  // shell/exchange_boxes.h
 struct ImportChoice;
-struct VersionChoice;  // shell/edit_history.h
+struct SettingsChoice;  // shell/settings_choice.h
+struct VersionChoice;   // shell/edit_history.h
 
 // What became of a second start.
 enum class HandOver {
@@ -46,6 +47,11 @@ struct View {
     bool (*askImport)(ImportChoice& choice) = [](ImportChoice&) { return false; };
     // Earlier versions: true when the chosen one is to replace the database.
     bool (*askVersion)(VersionChoice& choice) = [](VersionChoice&) { return false; };
+    // Settings: true when the user wants those that are in `choice` then.
+    bool (*askSettings)(SettingsChoice& choice) = [](SettingsChoice&) { return false; };
+    // The system's prompt for a folder, which begins in `folder`; false when the user cancelled.
+    bool (*askFolder)(const std::wstring& title, std::wstring& folder) =
+        [](const std::wstring&, std::wstring&) { return false; };
     // A box with lines "label tab value", ended by carriage returns, that can be copied.
     void (*showProperties)(const std::wstring& caption, const std::wstring& text) =
         [](const std::wstring&, const std::wstring&) {};

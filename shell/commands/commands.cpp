@@ -55,6 +55,8 @@ constexpr std::array kCommands = {
             EnabledWhen::kDatabaseOpen, ME_FileSaveLegacy_Click},
     Command{ME_FileVersions, Menu::kFile, "ME_FileVersions", L"&Earlier versions...",
             EnabledWhen::kDatabaseOpen, ME_FileVersions_Click},
+    Command{ME_FileSettings, Menu::kFile, "ME_FileSettings", L"Se&ttings...", EnabledWhen::kAlways,
+            ME_FileSettings_Click},
     Separator(Menu::kFile),
     Command{ME_FileQuit, Menu::kFile, "ME_FileQuit", L"&Quit", EnabledWhen::kAlways,
             ME_FileQuit_Click},

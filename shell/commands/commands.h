@@ -44,6 +44,7 @@ enum CommandId : uint16_t {
     ME_FileSaveLegacy,
     ME_FileQuit,
     ME_FileVersions,
+    ME_FileSettings = 118,
     ME_FileBSD = 120,
     ME_FileImportBSD,
     ME_SectionNew = 140,

@@ -13,6 +13,7 @@
 #include "shell/left_overs.h"
 #include "shell/legacy_conversion.h"
 #include "shell/new_file.h"
+#include "shell/settings_choice.h"
 #include "shell/state.h"
 #include "text/text.h"
 
@@ -130,6 +131,11 @@ void ME_FileSaveLegacy_Click() {
 void ME_FileVersions_Click() {
     VersionChoice choice = ReadVersions();
     if (shell.view.askVersion(choice) && RequireEditable()) RestoreVersion(choice);
+}
+
+void ME_FileSettings_Click() {
+    SettingsChoice choice = ReadSettingsChoice();
+    if (shell.view.askSettings(choice)) KeepSettings(choice);
 }
 
 void ME_FileQuit_Click() {

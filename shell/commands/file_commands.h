@@ -31,6 +31,9 @@ void ME_FileSaveLegacy_Click();
 // another file.
 void ME_FileVersions_Click();
 
+// Shows the settings; what the user makes of them is kept at once.
+void ME_FileSettings_Click();
+
 // Closes the main window, and the program with it.
 void ME_FileQuit_Click();
 

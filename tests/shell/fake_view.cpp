@@ -28,6 +28,12 @@ void AskQuestions(View& view) {
     view.askExport = [](ExportChoice& choice) { return FakeView::askExport(choice); };
     view.askImport = [](ImportChoice& choice) { return FakeView::askImport(choice); };
     view.askVersion = [](VersionChoice& choice) { return FakeView::askVersion(choice); };
+    view.askSettings = [](SettingsChoice& choice) { return FakeView::askSettings(choice); };
+    view.askFolder = [](const std::wstring& title, std::wstring& chosen) {
+        kRecord("ask folder " + Narrow(title) + " [" + Narrow(chosen) + "]");
+        if (!FakeView::folder.empty()) chosen = FakeView::folder;
+        return !FakeView::folder.empty();
+    };
 }
 
 void ShowWindows(View& view) {
@@ -90,6 +96,8 @@ std::wstring FakeView::answerText;
 std::function<bool(ExportChoice&)> FakeView::askExport;
 std::function<bool(ImportChoice&)> FakeView::askImport;
 std::function<bool(VersionChoice&)> FakeView::askVersion;
+std::function<bool(SettingsChoice&)> FakeView::askSettings;
+std::wstring FakeView::folder;
 bool FakeView::previewOn;
 HandOver FakeView::handOver;
 std::vector<ModelRow> FakeView::rows;
@@ -106,6 +114,8 @@ FakeView::FakeView() : before(std::exchange(shell, ShellState())) {
     askExport = [](ExportChoice&) { return false; };
     askImport = [](ImportChoice&) { return false; };
     askVersion = [](VersionChoice&) { return false; };
+    askSettings = [](SettingsChoice&) { return false; };
+    folder.clear();
     rows.clear();
     selected = -1;
     rule = 0;

@@ -7,6 +7,7 @@
 
 #include "shell/exchange_boxes.h"
 #include "shell/model_list.h"
+#include "shell/settings_choice.h"
 #include "shell/state.h"
 #include "tests/support/recorded_reports.h"
 
@@ -29,6 +30,8 @@ struct FakeView {
     static std::function<bool(ExportChoice&)> askExport;
     static std::function<bool(ImportChoice&)> askImport;
     static std::function<bool(VersionChoice&)> askVersion;
+    static std::function<bool(SettingsChoice&)> askSettings;
+    static std::wstring folder;  // given to askFolder; at first empty, which cancels
     static bool previewOn;
     // Whether the instance that runs already shows a window.
     static HandOver handOver;

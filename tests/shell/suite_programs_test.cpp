@@ -9,6 +9,7 @@
 #include "database/model_kind.h"
 #include "files/file_system.h"
 #include "files/paths.h"
+#include "files/settings_file.h"
 #include "platform/system.h"
 #include "report/messages.h"
 #include "shell/commands/bsd_commands.h"
@@ -221,6 +222,21 @@ void ExpectNoRun(void (*command)(), std::string_view warning) {
     EXPECT_FALSE(FakeView::locked);
 }
 
+// The same of a program that is missing: the report is a question, whether to look for it.
+void ExpectOffer(void (*command)(), std::string_view report) {
+    RecordedReports::events.clear();
+    const FakeProgram program;
+    command();
+    EXPECT_TRUE(FakeProgram::commandLines.empty());
+    const std::vector<std::string> offers = RecordedReports::Of("ask ok");
+    ASSERT_EQ(offers.size(), 1U);
+    EXPECT_NE(offers[0].find(report), std::string::npos) << offers[0];
+    EXPECT_EQ(RecordedReports::Of("ask").size(), 1U);
+    EXPECT_TRUE(CommandTest::Warnings().empty());
+    EXPECT_TRUE(RecordedReports::Happened("colour red"));
+    EXPECT_FALSE(FakeView::locked);
+}
+
 TEST_F(SectionInput, NothingHappensWithoutADatabase) {
     const FakeProgram program;
     ME_SectionInput_Click();
@@ -230,9 +246,48 @@ TEST_F(SectionInput, NothingHappensWithoutADatabase) {
 
 TEST_F(SectionInput, MissingProgramIsReportedWithTheFolderToInstallItIn) {
     MakeOpen(L"ship.ve2", {kSection});
-    ExpectNoRun(ME_SectionInput_Click,
+    ExpectOffer(ME_SectionInput_Click,
                 test::AdvisedText(BoxText(kMsgFileMissing, {programs + L"SectInput.exe"}),
                                   kMsgProgramAdvice, {StripTrailingBackslash(programs)}));
+}
+
+TEST_F(SectionInput, MissingProgramThatTheUserFindsIsRunAndItsFolderKept) {
+    const test::FreshSettingsFile settingsFile;
+    MakeOpen(L"ship.ve2", {kSection});
+    const std::wstring found = File(L"found");
+    ASSERT_EQ(system::MakeDirectory(found), system::kErrorNone);
+    test::WriteFileBytes(found + L"\\SectInput.exe", "");
+    FakeView::answerYes = true;
+    FakeView::folder = found;
+    const FakeProgram program;
+    ME_SectionInput_Click();
+    EXPECT_EQ(
+        RecordedReports::Of("ask folder"),
+        std::vector<std::string>{Narrow(FormatMessage(kMsgFolderOfProgram, {L"SectInput.exe"})) +
+                                 " [" + Narrow(programs) + "]"});
+    ASSERT_EQ(FakeProgram::commandLines.size(), 1U);
+    EXPECT_TRUE(FakeProgram::commandLines[0].starts_with(found + L"\\SectInput.exe "));
+    EXPECT_EQ(shell.settings.DataDirectory, found + L"\\");
+    ShellSettings next;
+    ReadSettings(SettingsFile(), next);
+    EXPECT_EQ(next.DataDirectory, found + L"\\");
+    EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(SectionInput, FolderWithoutTheMissingProgramIsReportedAndNotKept) {
+    MakeOpen(L"ship.ve2", {kSection});
+    FakeView::answerYes = true;
+    FakeView::folder = folder.path;
+    ExpectNoRun(
+        ME_SectionInput_Click,
+        Narrow(FormatMessage(kMsgProgramNotThere, {L"SectInput.exe", folder.path}).substr(0, 40)));
+    EXPECT_EQ(shell.settings.DataDirectory, programs);
+    FakeView::folder.clear();
+    const FakeProgram program;
+    ME_SectionInput_Click();
+    EXPECT_TRUE(FakeProgram::commandLines.empty());
+    EXPECT_EQ(Warnings().size(), 1U) << "a cancelled prompt is not reported";
+    EXPECT_EQ(shell.settings.DataDirectory, programs);
 }
 
 TEST_F(SectionInput, ProgramFolderThatIsNoFullPathIsRefused) {
@@ -243,7 +298,7 @@ TEST_F(SectionInput, ProgramFolderThatIsNoFullPathIsRefused) {
     for (const wchar_t* const data : {L"Velk data\\", L".\\Velk data\\"}) {
         shell.settings.DataDirectory = data;
         for (void (*command)() : {ME_SectionInput_Click, ME_SectionNew_Click, ME_FileBSD_Click}) {
-            ExpectNoRun(command, Narrow(StripTrailingBackslash(data)) + "', is not a full path.");
+            ExpectOffer(command, Narrow(StripTrailingBackslash(data)) + "', is not a full path.");
         }
     }
 }
@@ -251,7 +306,7 @@ TEST_F(SectionInput, ProgramFolderThatIsNoFullPathIsRefused) {
 TEST_F(SectionInput, FolderInThePlaceOfTheProgramIsReported) {
     MakeOpen(L"ship.ve2", {kSection});
     ASSERT_EQ(system::MakeDirectory(programs + L"SectInput.exe"), system::kErrorNone);
-    ExpectNoRun(ME_SectionInput_Click, "SectInput.exe' cannot be opened");
+    ExpectOffer(ME_SectionInput_Click, "SectInput.exe' cannot be opened");
 }
 
 // ---- Rule --------------------------------------------------------------------------------------
@@ -332,7 +387,7 @@ TEST_P(RunOnModel, MissingProgramIsReportedWithItsPath) {
     KillFile(programs + L"SectInput.exe");
     for (const ModelKind kind : {kSection, kBulkhead, kTorsion}) {
         shell.database.currentModel = static_cast<int32_t>(kind) + 1;
-        ExpectNoRun(GetParam().command,
+        ExpectOffer(GetParam().command,
                     "'" + Narrow(GetParam().program(kind)) + "' cannot be opened");
     }
 }
@@ -408,7 +463,7 @@ TEST_F(CreateModel, ModelBeforeStaysCurrentWhenNothingIsRun) {
     MakeOpen(L"ship.ve2", {kSection, kSection});
     shell.database.currentModel = 2;
     for (const CreateCase& create : kCreates) {
-        ExpectNoRun(create.command, "'" + Narrow(programs + create.program) + "' cannot be");
+        ExpectOffer(create.command, "'" + Narrow(programs + create.program) + "' cannot be");
         EXPECT_EQ(shell.database.currentModel, 2);
         EXPECT_FALSE(shell.suppressListEvents);
     }

@@ -21,11 +21,11 @@ enum class Shows {
     kImportBox,
     kVersionsBox,
     kPropertiesBox,
+    kSettingsBox,
     kNothing  // the program ends, or the command cannot be chosen
 };
 
-// A command's way through the menus, and what it shows when no program of the
-// suite is installed.
+// A command's way through the menus, and what it shows when no program of the suite is installed.
 struct KeyCommand {
     uint16_t id;
     char menu;
@@ -40,6 +40,7 @@ constexpr KeyCommand kKeyCommands[] = {
     {ME_FileSaveAs, 'F', 'S', Shows::kWindow, "Save database as"},
     {ME_FileSaveLegacy, 'F', 'V', Shows::kWindow, "Save as Velk Dos"},
     {ME_FileVersions, 'F', 'E', Shows::kVersionsBox, "Earlier versions"},
+    {ME_FileSettings, 'F', 'T', Shows::kSettingsBox, "Settings"},
     {ME_FileQuit, 'F', 'Q', Shows::kNothing, ""},
     // Without a history there is nothing to undo; see history_ui_test.cpp.
     {ME_EditUndo, 'I', 'U', Shows::kNothing, ""},
@@ -84,12 +85,13 @@ struct KeyboardTest : MainWindowFixture {
                 return L"FM_Versions";
             case Shows::kPropertiesBox:
                 return L"FM_Properties";
+            case Shows::kSettingsBox:
+                return L"FM_Settings";
             default:
                 return L"#32770";
         }
     }
-    // Waits for what a command shows, compares it, and closes it with the key
-    // that does nothing.
+    // Waits for what a command shows, compares it, and closes it with the key that does nothing.
     void ExpectAndClose(Shows shows, const std::string& text) const {
         const HWND window = program.Window(ClassOf(shows));
         ASSERT_NE(window, nullptr) << text;
@@ -103,8 +105,7 @@ struct KeyboardTest : MainWindowFixture {
         Type({shows == Shows::kQuestion ? WORD{VK_RETURN} : WORD{VK_ESCAPE}});
         ASSERT_TRUE(HasClosed(window)) << text;
     }
-    // Presses Tab until the control has the focus, once around the window at
-    // most.
+    // Presses Tab until the control has the focus, once around the window at most.
     bool TabTo(int control) const {
         constexpr int kMostStops = 20;
         for (int i = 0; i < kMostStops && FocusedControl(main) != control; ++i) {
@@ -199,8 +200,7 @@ TEST_F(KeyboardTest, KeysOfTheListLeaveTheFieldOfThePathAlone) {
     TypeWithControl('C');
     EXPECT_TRUE(WaitUntil([&] { return ClipboardText() == path; })) << Narrow(ClipboardText());
     Type({VK_DELETE, VK_RETURN});
-    // Keys come in their order: when the last one has had its effect, those
-    // before had none.
+    // Keys come in their order: when the last one has had its effect, those before had none.
     Type({VK_F2});
     ExpectAndClose(Shows::kInputBox, "Rename Section");
     EXPECT_EQ(TextOf(Control(TX_DataBase)), path);
@@ -224,8 +224,7 @@ TEST_F(KeyboardTest, F6FromTheMiddleOfAPartGoesToTheNextOne) {
     ASSERT_TRUE(PressUntil(VK_F6, [&] { return FocusedControl(main) == TX_DataBase; }));
 }
 
-// ---- The context menu of the list
-// --------------------------------------------------------------
+// ---- The context menu of the list --------------------------------------------------------------
 
 TEST_F(KeyboardTest, RightClickSelectsTheRowAndOpensTheCommandsOfTheSectionMenu) {
     RightClick(SecondRow());
@@ -268,8 +267,7 @@ TEST_F(KeyboardTest, AltF4EndsTheProgram) {
     EXPECT_EQ(program.ExitCode(), 0U);
 }
 
-// The Enter key asks the window for its default button, with a message whose
-// number is WM_USER.
+// The Enter key asks the window for its default button, with a message whose number is WM_USER.
 TEST_F(KeyboardTest, EnterLeavesTheDividerWhereItIs) {
     const LONG before = Place(SP_Sections).left;
     Type({VK_RETURN});

@@ -69,6 +69,13 @@ enum ControlId : int {
     LB_Properties = 1440,  // names TX_Properties
     TX_Properties,
     BT_CopyAll,
+    // Settings: of each field, in the order of SettingsField.
+    LB_Setting = 1460,  // names TX_Setting
+    TX_Setting = 1470,
+    BT_ChooseFolder = 1480,
+    LB_Programs = 1490,
+    LB_SettingsFile,  // names TX_SettingsFile
+    TX_SettingsFile,
 };
 
 inline constexpr int kRuleSetCount = 3;
@@ -85,5 +92,6 @@ inline constexpr wchar_t kImportBoxClass[] = L"FM_Inport";
 inline constexpr wchar_t kProgressClass[] = L"Progress";
 inline constexpr wchar_t kVersionsBoxClass[] = L"FM_Versions";
 inline constexpr wchar_t kPropertiesBoxClass[] = L"FM_Properties";
+inline constexpr wchar_t kSettingsBoxClass[] = L"FM_Settings";
 
 }  // namespace corvane

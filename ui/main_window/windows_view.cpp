@@ -6,10 +6,12 @@
 #include "ui/base/own_window.h"
 #include "ui/dialogs/about.h"
 #include "ui/dialogs/export_box.h"
+#include "ui/dialogs/folder_prompt.h"
 #include "ui/dialogs/import_box.h"
 #include "ui/dialogs/input_box.h"
 #include "ui/dialogs/progress_box.h"
 #include "ui/dialogs/properties_box.h"
+#include "ui/dialogs/settings_box.h"
 #include "ui/dialogs/splash.h"
 #include "ui/dialogs/versions_box.h"
 #include "ui/main_window/main_window_view.h"
@@ -69,6 +71,8 @@ View WindowsView() {
     view.askExport = AskExport;
     view.askImport = [](ImportChoice& choice) { return AskImport(choice); };
     view.askVersion = AskVersion;
+    view.askSettings = AskSettings;
+    view.askFolder = AskFolder;
     view.showProperties = ShowProperties;
     view.showAbout = [](const std::wstring& heading) { ShowAbout(heading); };
     view.showSplash = [](const std::wstring& title) { ShowSplash(title); };

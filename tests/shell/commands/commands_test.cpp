@@ -48,7 +48,8 @@ using Captions = std::vector<std::wstring>;
 TEST(Commands, MenusHaveTheirItemsInOrder) {
     EXPECT_EQ(Items(Menu::kFile),
               (Captions{L"&New database...", L"&Open database...", L"&Save database as...",
-                        L"Save as &Velk Dos...", L"&Earlier versions...", L"-", L"&Quit"}));
+                        L"Save as &Velk Dos...", L"&Earlier versions...", L"Se&ttings...", L"-",
+                        L"&Quit"}));
     EXPECT_EQ(Items(Menu::kEdit), (Captions{L"&Undo", L"&Redo", L"-", L"&Find"}));
     EXPECT_EQ(Items(Menu::kView),
               (Captions{L"Sort by &name", L"Sort by &X", L"Sort by n&umber", L"Sort by &kind",

@@ -1,0 +1,76 @@
+#include "ui/dialogs/folder_prompt.h"
+
+#include "platform/win32/win32.h"
+// windows.h must come first.
+#include <shlobj.h>
+#include <shobjidl.h>
+
+#include "files/paths.h"
+#include "ui/base/own_window.h"
+
+namespace corvane {
+namespace {
+
+// While it lives the thread may use the shell's objects.
+class ComScope {
+public:
+    ComScope() : result_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
+    ~ComScope() {
+        if (SUCCEEDED(result_)) CoUninitialize();
+    }
+    ComScope(const ComScope&) = delete;
+    ComScope& operator=(const ComScope&) = delete;
+
+private:
+    HRESULT result_;
+};
+
+// One of the shell's objects; released with the record.
+template <class Object>
+struct Owned {
+    Object* pointer = nullptr;
+    Owned() = default;
+    ~Owned() {
+        if (pointer != nullptr) pointer->Release();
+    }
+    Owned(const Owned&) = delete;
+    Owned& operator=(const Owned&) = delete;
+    Object* operator->() const { return pointer; }
+    void** Place() { return reinterpret_cast<void**>(&pointer); }
+};
+
+void BeginIn(IFileDialog& dialog, const std::wstring& folder) {
+    Owned<IShellItem> start;
+    const HRESULT found = SHCreateItemFromParsingName(StripTrailingBackslash(folder).c_str(),
+                                                      nullptr, IID_IShellItem, start.Place());
+    if (SUCCEEDED(found)) dialog.SetFolder(start.pointer);
+}
+
+bool ReadChosen(IFileDialog& dialog, std::wstring& folder) {
+    Owned<IShellItem> item;
+    wchar_t* path = nullptr;
+    if (FAILED(dialog.GetResult(&item.pointer))) return false;
+    if (FAILED(item->GetDisplayName(SIGDN_FILESYSPATH, &path))) return false;
+    folder = path;
+    CoTaskMemFree(path);
+    return true;
+}
+
+}  // namespace
+
+bool AskFolder(const std::wstring& title, std::wstring& folder) {
+    const ComScope com;
+    Owned<IFileOpenDialog> dialog;
+    if (FAILED(CoCreateInstance(CLSID_FileOpenDialog, nullptr, CLSCTX_INPROC_SERVER,
+                                IID_IFileOpenDialog, dialog.Place()))) {
+        return false;
+    }
+    DWORD options = 0;
+    dialog->GetOptions(&options);
+    dialog->SetOptions(options | FOS_PICKFOLDERS | FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR);
+    dialog->SetTitle(title.c_str());
+    BeginIn(*dialog.pointer, folder);
+    return SUCCEEDED(dialog->Show(DialogOwner())) && ReadChosen(*dialog.pointer, folder);
+}
+
+}  // namespace corvane
