@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "shell/state.h"
+#include "ui/base/controls.h"
 
 namespace corvane {
 
@@ -60,6 +61,17 @@ std::wstring ListItemText(HWND list, LRESULT index) {
     SendMessageW(list, LB_GETTEXT, static_cast<WPARAM>(index),
                  reinterpret_cast<LPARAM>(text.data()));
     return text;
+}
+
+void AddListColumn(HWND list, int index, const wchar_t* title, bool alignsRight) {
+    std::wstring text = title;
+    LVCOLUMNW column{};
+    column.mask = LVCF_TEXT | LVCF_FMT | LVCF_SUBITEM;
+    column.fmt = alignsRight ? LVCFMT_RIGHT : LVCFMT_LEFT;
+    column.pszText = text.data();
+    column.iSubItem = index;
+    SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index),
+                 reinterpret_cast<LPARAM>(&column));
 }
 
 }  // namespace corvane

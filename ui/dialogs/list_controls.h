@@ -1,4 +1,4 @@
-// List boxes of the dialogs.
+// List boxes of the dialogs, and columns of list views.
 #pragma once
 
 #include <cstdint>
@@ -23,5 +23,8 @@ void FillList(HWND list, const std::vector<std::wstring>& items);
 void FitScrolling(HWND list);
 // Text of an item; empty for an index that no item has.
 std::wstring ListItemText(HWND list, LRESULT index);
+
+// Adds a column to a list view after the others; `index` is its place, from 0.
+void AddListColumn(HWND list, int index, const wchar_t* title, bool alignsRight);
 
 }  // namespace corvane

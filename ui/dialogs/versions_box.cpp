@@ -41,14 +41,7 @@ const TextVersion* SelectedVersion(HWND window, const VersionChoice& choice) {
 void AddColumns(HWND list) {
     int index = 0;
     for (const VersionColumn& column : VersionColumns()) {
-        std::wstring title = column.title;
-        LVCOLUMNW item{};
-        item.mask = LVCF_TEXT | LVCF_FMT | LVCF_SUBITEM;
-        item.fmt = column.alignsRight ? LVCFMT_RIGHT : LVCFMT_LEFT;
-        item.pszText = title.data();
-        item.iSubItem = index;
-        SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index++),
-                     reinterpret_cast<LPARAM>(&item));
+        AddListColumn(list, index++, column.title, column.alignsRight);
     }
 }
 

@@ -8,6 +8,7 @@
 #include "shell/state.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/dpi.h"
+#include "ui/dialogs/list_controls.h"
 #include "ui/pictures/list_icons.h"
 
 namespace corvane {
@@ -26,17 +27,9 @@ int ColumnCount() {
 }
 
 void AddColumns(HWND list) {
-    for (int index = 0; index < ColumnCount(); ++index) {
-        const ModelColumn& column = ModelColumns()[static_cast<size_t>(index)];
-        std::wstring title = column.title;
-        LVCOLUMNW item{};
-        item.mask = LVCF_TEXT | LVCF_FMT | LVCF_SUBITEM | LVCF_WIDTH;
-        item.fmt = column.alignsRight ? LVCFMT_RIGHT : LVCFMT_LEFT;
-        item.cx = 60;
-        item.pszText = title.data();
-        item.iSubItem = index;
-        SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index),
-                     reinterpret_cast<LPARAM>(&item));
+    int index = 0;
+    for (const ModelColumn& column : ModelColumns()) {
+        AddListColumn(list, index++, column.title, column.alignsRight);
     }
 }
 
