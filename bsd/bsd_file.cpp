@@ -112,7 +112,7 @@ RewriteEnd ReplaceBlock(Rewrite& rewrite, const std::wstring& path, BasicShipDat
 
 }  // namespace
 
-bool LoadBsdFromDatabase(const std::wstring& path, BasicShipData& bsd) {
+bool LoadBsdFromDatabase(const std::wstring& path, BasicShipData& bsd, NoBlock noBlock) {
     TextReader reader;
     const bool isOpen = OpenText(reader, path);
     if (reader.error == system::kErrorFileNotFound || reader.error == system::kErrorPathNotFound) {
@@ -126,7 +126,7 @@ bool LoadBsdFromDatabase(const std::wstring& path, BasicShipData& bsd) {
     }
     if (ReportReadFault(reader, path)) return false;
     if (!hasBlock) {
-        WarnOfForeignFile(path);
+        if (noBlock == NoBlock::kWarns) WarnOfForeignFile(path);
         return false;
     }
     const std::wstring name = read.Titles(1).Trimmed();

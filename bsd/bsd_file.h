@@ -14,10 +14,13 @@ namespace corvane {
 // The line that opens the block in a database, compared exactly.
 inline constexpr std::string_view kBsdHeaderLine = "------------------ BSD ------------------";
 
+// Whether a database without a block is warned of.
+enum class NoBlock { kWarns, kIsNoFault };
 // Reads the block of a database, whose header line is before the first model. A missing file:
 // nothing happens. No block: the warning "path : not a valid Corvane file". An empty Titles(1)
 // becomes label 101. True when a block was read.
-bool LoadBsdFromDatabase(const std::wstring& path, BasicShipData& bsd);
+bool LoadBsdFromDatabase(const std::wstring& path, BasicShipData& bsd,
+                         NoBlock noBlock = NoBlock::kWarns);
 
 // Writes the record instead of the database's block; everything else in the file stays, and the
 // old text is kept as a backup. Nothing happens for an empty path or a missing file. A read-only

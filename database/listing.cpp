@@ -48,11 +48,21 @@ bool SkipToName(TextReader& reader, const Listing& listing) {
     return false;
 }
 
-// The position row is the block's next line; 0 when there is none.
-float ReadPosition(TextReader& reader, Listing& listing) {
+// The position row is the block's next line. False, and `x` as it was, when there is none.
+bool ReadPosition(TextReader& reader, Listing& listing, float& x) {
     std::string_view line;
-    if (!ReadBlockLine(reader, listing.modelMarker, line) || IsHeaderLine(line)) return 0;
-    return FirstValue(line, listing.row);
+    if (!ReadBlockLine(reader, listing.modelMarker, line) || IsHeaderLine(line)) return false;
+    x = FirstValue(line, listing.row);
+    return true;
+}
+
+// The identifier is so many lines after the position row; empty where a table begins before it.
+std::string ReadIdentifier(TextReader& reader, const Listing& listing, int lines) {
+    std::string_view line;
+    for (int i = 0; i < lines; ++i) {
+        if (!ReadBlockLine(reader, listing.modelMarker, line) || IsHeaderLine(line)) return {};
+    }
+    return std::string(Trim(line));
 }
 
 // Reads from a marker, which has been read, as far as the block has what is wanted of it.
@@ -66,7 +76,8 @@ void ReadEntry(TextReader& reader, Listing& listing, Detail detail, ModelEntry& 
     if (!SkipToName(reader, listing)) return;
     if (!ReadBlockLine(reader, listing.modelMarker, line)) return;
     entry.name = system::WideFromAnsi(Trim(line));
-    if (hasPosition) entry.x = ReadPosition(reader, listing);
+    if (!hasPosition || !ReadPosition(reader, listing, entry.x)) return;
+    entry.identifier = ReadIdentifier(reader, listing, FactsOf(entry.kind).identifierLine - 1);
 }
 
 void FindOwnNumbers(std::vector<ModelEntry>& entries) {
@@ -220,7 +231,7 @@ bool ReadModelPosition(const std::wstring& path, const BlockPlace& place, float&
     float position = 0;
     if (ReadKeyword(reader, listing, entry, line) && SkipToName(reader, listing) &&
         ReadBlockLine(reader, listing.modelMarker, line)) {  // the name
-        position = ReadPosition(reader, listing);
+        ReadPosition(reader, listing, position);
     }
     if (ReportReadFault(reader, path)) return false;
     x = position;

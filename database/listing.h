@@ -23,6 +23,7 @@ struct ModelEntry {
     std::wstring name;        // trimmed
     ModelKind kind = ModelKind::kSection;
     float x = -1;  // [m] position; -1 for a torsion model, 0 where the block has no position row
+    std::string identifier;  // trimmed, as the block has it; empty for a torsion model
     // The number is 1 or more, and no other block of the file has it: it leads to this model.
     bool hasOwnNumber = false;
     bool operator==(const ModelEntry&) const = default;
@@ -31,7 +32,8 @@ struct ModelEntry {
 BlockPlace PlaceOf(const ModelEntry& model);
 
 // The models of a file; none of a file that is not there. Where it cannot be opened, or not be read
-// to its end, this is reported, and the list has what was read. ListModels leaves x at -1.
+// to its end, this is reported, and the list has what was read. ListModels leaves x at -1
+// and the identifiers empty.
 std::vector<ModelEntry> ListModels(const std::wstring& path);
 std::vector<ModelEntry> ListModelsWithPositions(const std::wstring& path);
 // The same. False, and no models, when the user has cancelled, which is noted in the status line.

@@ -46,6 +46,7 @@ struct KindFacts {
     uint32_t colour;                // 0xRRGGBB, of the kind's picture and of its name in the list
     float formatVersion;
     bool hasPosition;          // the line after the name gives x
+    int identifierLine;        // which line after the name has the identifier; 0: none
     ProgramFile inputProgram;  // creates and edits a model
     ProgramFile ruleProgram;   // checks it
     ProgramFile csrProgram;    // checks it under the rule set CSR

@@ -146,6 +146,11 @@ bool IsReadOnlyFile(const std::wstring& path) {
     return system::GetFileStatus(path, status) == kErrorNone && status.exists && status.isReadOnly;
 }
 
+bool CanBeRewritten(const std::wstring& path) {
+    const std::wstring target = system::LinkedFile(path);
+    return !IsReadOnlyFile(target) && system::TakesNewFiles(DirectoryOf(target));
+}
+
 bool IsSameFile(const std::wstring& a, const std::wstring& b) {
     system::FileStamp first;
     system::FileStamp second;
@@ -173,6 +178,13 @@ ErrorNumber AwaitReadable(const std::wstring& path) {
 
 ErrorNumber OpenPatiently(const std::wstring& path, system::File& file) {
     return CallPatiently(IsLocked, [&] { return system::OpenForEditing(path, file); });
+}
+
+bool IsOpenForWriting(const std::wstring& path) {
+    system::File file;
+    const ErrorNumber error = system::OpenForEditing(path, file);
+    system::CloseFile(file);
+    return IsLocked(error);
 }
 
 ErrorNumber RemoveOwnFile(const std::wstring& path) {

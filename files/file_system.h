@@ -17,11 +17,16 @@ system::ErrorNumber AwaitReadable(const std::wstring& path);
 // Opens a file that is to be rewritten: nobody writes into it until it is closed. A program that
 // has it open for writing, or exclusively, is waited for, about a second.
 system::ErrorNumber OpenPatiently(const std::wstring& path, system::File& file);
+// Whether another program has the file open for writing, or exclusively, at this moment.
+bool IsOpenForWriting(const std::wstring& path);
 // Whether a file that cannot be opened may be there all the same: another program locks it, or its
 // drive or folder cannot be reached. False where the folder is there without such a file.
 bool IsOutOfReach(const std::wstring& path);
 bool IsDirectory(const std::wstring& path);
 bool IsReadOnlyFile(const std::wstring& path);
+// Whether an edit may write the file again (files/rewrite.h): it is not read-only, and its folder
+// takes the new text. A file that is not there counts as one that it may.
+bool CanBeRewritten(const std::wstring& path);
 // Whether two paths name one file: the system's identity of files decides where both exist, so that
 // links and short names count; otherwise the absolute paths, upper and lower case aside. The one
 // answer to that question.

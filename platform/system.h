@@ -97,6 +97,7 @@ struct FileStamp {
     int64_t modified = 0;  // as in FileStatus
     int64_t linkCount =
         0;  // names that the file has; a new name changes no text, so == leaves it out
+    bool isReadOnly = false;  // likewise
     bool operator==(const FileStamp& other) const {
         return identity == other.identity && size == other.size && modified == other.modified;
     }
@@ -128,6 +129,8 @@ ErrorNumber MakeLink(const std::wstring& existing, const std::wstring& name);
 std::wstring LinkedFile(const std::wstring& path);
 // Names of the files and folders in a folder; none when it cannot be read.
 std::vector<std::wstring> NamesIn(const std::wstring& folder);
+// Whether the user may make files in a folder, as far as the system says without one being made.
+bool TakesNewFiles(const std::wstring& folder);
 ErrorNumber MakeDirectory(const std::wstring& path);
 ErrorNumber RemoveEmptyDirectory(const std::wstring& path);
 
@@ -136,6 +139,9 @@ ErrorNumber RemoveEmptyDirectory(const std::wstring& path);
 // The current directory of the process, without trailing "\" but for a drive's root.
 std::wstring CurrentDirectory();
 ErrorNumber SetCurrentTo(const std::wstring& path);
+// Whether a path is on a disk of this computer, which answers at once, and not on a network, a
+// stick or a disc. Asks no disk.
+bool IsOnLocalDisk(const std::wstring& path);
 // The absolute path of a name, relative to the current directory.
 std::wstring AbsolutePath(const std::wstring& path);
 // The folder for temporary files, with a trailing "\". Empty on failure.

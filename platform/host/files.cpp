@@ -95,7 +95,8 @@ FileStamp StampOf(const struct stat& status) {
     return {{status.st_dev, status.st_ino},
             status.st_size,
             ModifiedTime(status),
-            static_cast<int64_t>(status.st_nlink)};
+            static_cast<int64_t>(status.st_nlink),
+            (status.st_mode & kWriteBits) == 0};
 }
 
 }  // namespace
@@ -321,6 +322,11 @@ std::vector<std::wstring> NamesIn(const std::wstring& folder) {
     }
     closedir(entries);
     return names;
+}
+
+bool TakesNewFiles(const std::wstring& folder) {
+    std::string native;
+    return NativePath(folder, native) == kErrorNone && access(native.c_str(), W_OK) == 0;
 }
 
 ErrorNumber MakeDirectory(const std::wstring& path) {

@@ -85,6 +85,12 @@ ErrorNumber SetCurrentTo(const std::wstring& path) {
     return kErrorNone;
 }
 
+bool IsOnLocalDisk(const std::wstring& path) {
+    if (!HasDrive(path)) return false;
+    const wchar_t drive = static_cast<wchar_t>(std::towupper(static_cast<wint_t>(path[0])));
+    return drive == L'C' || drive == L'Z';
+}
+
 std::wstring AbsolutePath(const std::wstring& path) {
     if (path.empty()) return {};
     const std::wstring drive = HasDrive(path) ? path.substr(0, 2) : CurrentDirectory().substr(0, 2);

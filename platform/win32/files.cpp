@@ -55,7 +55,8 @@ FileStamp StampOf(const BY_HANDLE_FILE_INFORMATION& data) {
             static_cast<int64_t>(joined(data.nFileSizeHigh, data.nFileSizeLow)),
             static_cast<int64_t>(
                 joined(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime)),
-            data.nNumberOfLinks};
+            data.nNumberOfLinks,
+            (data.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0};
 }
 
 // Asks for no right to the contents, so that a file that others lock is found, too.
@@ -307,6 +308,13 @@ std::vector<std::wstring> NamesIn(const std::wstring& folder) {
     } while (FindNextFileW(search, &entry) != 0);
     FindClose(search);
     return names;
+}
+
+bool TakesNewFiles(const std::wstring& folder) {
+    File file;
+    const ErrorNumber error = OpenToLook(folder, FILE_ADD_FILE, file);
+    CloseFile(file);
+    return error != kErrorAccessDenied;
 }
 
 ErrorNumber MakeDirectory(const std::wstring& path) {

@@ -44,6 +44,12 @@ ErrorNumber SetCurrentTo(const std::wstring& path) {
     return ErrorOf(SetCurrentDirectoryW(path.c_str()) != 0);
 }
 
+bool IsOnLocalDisk(const std::wstring& path) {
+    if (path.size() < 3 || path[1] != L':') return false;
+    const UINT type = GetDriveTypeW((path.substr(0, 2) + L'\\').c_str());
+    return type == DRIVE_FIXED || type == DRIVE_RAMDISK;
+}
+
 std::wstring AbsolutePath(const std::wstring& path) {
     return TextOf([&path](DWORD size, wchar_t* buffer) {
         return GetFullPathNameW(path.c_str(), size, buffer, nullptr);

@@ -104,6 +104,51 @@ TEST_F(ListingTest, UnknownKeywordIsASection) {
     }
 }
 
+// The lines of a block from its position row to its identifier, as the writers lay them out.
+std::string LinesToIdentifier(int lines, const std::string& identifier) {
+    std::string text = " 12.5 \t 0 ";
+    for (int i = 2; i < lines; ++i) text += "\r\n " + std::to_string(i);
+    return text + "\r\n" + identifier;
+}
+
+TEST_F(ListingTest, EntriesHaveTheIdentifiersOfTheirBlocks) {
+    SampleBlock section;
+    section.position = LinesToIdentifier(10, " ID-1 ");
+    EXPECT_EQ(OnlyEntry(section).identifier, "ID-1");
+    SampleBlock bulkhead;
+    bulkhead.keyword = "BHA";
+    bulkhead.position = LinesToIdentifier(4, "ID-2");
+    EXPECT_EQ(OnlyEntry(bulkhead).identifier, "ID-2");
+    SampleBlock torsion;
+    torsion.keyword = "TORSION";
+    EXPECT_EQ(OnlyEntry(torsion).identifier, "");
+}
+
+TEST_F(ListingTest, IdentifiersOfTheWritersAreFound) {
+    struct Case {
+        const char* file;
+        const char* identifier;
+    };
+    for (const Case& one :
+         {Case{"golden/section_full.ve2", "ID-0001"}, {"golden/bulkhead_full.ve2", "ID-0003"}}) {
+        const std::vector<ModelEntry> entries = ListModelsWithPositions(test::DataPath(one.file));
+        ASSERT_EQ(entries.size(), 1u);
+        EXPECT_EQ(entries[0].identifier, one.identifier);
+    }
+}
+
+TEST_F(ListingTest, BlockThatEndsEarlyHasNoIdentifier) {
+    SampleBlock block;
+    block.position = LinesToIdentifier(9, "no identifier");
+    EXPECT_EQ(OnlyEntry(block).identifier, "") << "a table comes in its place";
+    block.position = "------ 5";
+    EXPECT_EQ(OnlyEntry(block).identifier, "");
+    std::string text = BlockText(SampleBlock());
+    text.resize(text.find("------------------ BODY"));
+    Write(SampleHead() + text + text);
+    for (const ModelEntry& entry : ListModelsWithPositions(path)) EXPECT_EQ(entry.identifier, "");
+}
+
 TEST_F(ListingTest, PositionIsTheFirstNumberOfItsRow) {
     struct Case {
         const char* row;
