@@ -252,6 +252,17 @@
     X(kMsgAllModels, 3751)              \
     X(kMsgOneModel, 3752)               \
     X(kMsgFilterCue, 3753)              \
+    X(kMsgDatabaseOutOfSight, 3770)     \
+    X(kMsgChangedByOthers, 3771)        \
+    X(kMsgSelectedModelGone, 3772)      \
+    X(kMsgNotYetReadAgain, 3773)        \
+    X(kMsgReadAgain, 3774)              \
+    X(kMsgReadOnlyMark, 3775)           \
+    X(kMsgOneFileAtATime, 3776)         \
+    X(kMsgFolderDropped, 3777)          \
+    X(kMsgFileSaved, 3780)              \
+    X(kMsgFileReadOnly, 3781)           \
+    X(kMsgFileOutOfSight, 3782)         \
     X(kMsgNoNameLine, 3800)             \
     X(kMsgRenameOf, 3801)               \
     X(kMsgNewNameQuestion, 3802)        \

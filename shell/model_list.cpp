@@ -1,5 +1,6 @@
 #include "shell/model_list.h"
 
+#include <algorithm>
 #include <array>
 
 #include "bsd/frames.h"
@@ -30,7 +31,17 @@ ModelRow RowOf(const ModelEntry& model) {
     row.stamp = model.stamp;
     row.x_m = model.x;
     row.kind = model.kind;
+    row.identifier = model.identifier;
     return row;
+}
+
+// Index of the row that `isSame`, the one with the number `tag` before others; -1: none.
+template <class IsSame>
+int FindRow(const std::vector<ModelRow>& rows, int32_t tag, IsSame isSame) {
+    auto found = std::ranges::find_if(
+        rows, [&](const ModelRow& row) { return row.tag == tag && isSame(row); });
+    if (found == rows.end()) found = std::ranges::find_if(rows, isSame);
+    return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
 }
 
 template <std::wstring ModelRow::* field>
@@ -47,6 +58,17 @@ std::wstring FrameOf(const ModelRow& row) {
 BlockPlace PlaceOf(const ModelRow& row) {
     if (!row.hasOwnNumber) return row.tag;
     return {row.tag, row.offset, row.stamp};
+}
+
+int FindSameModel(const std::vector<ModelRow>& rows, const ModelRow& before) {
+    const auto isSameIdentifier = [&](const ModelRow& row) {
+        return row.identifier == before.identifier && row.kind == before.kind;
+    };
+    const auto isSameName = [&](const ModelRow& row) {
+        return row.name == before.name && row.kind == before.kind;
+    };
+    const int found = before.identifier.empty() ? -1 : FindRow(rows, before.tag, isSameIdentifier);
+    return found >= 0 ? found : FindRow(rows, before.tag, isSameName);
 }
 
 std::span<const ModelColumn> ModelColumns() {

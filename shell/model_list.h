@@ -29,9 +29,14 @@ struct ModelRow {
     // The frame nearest to the position (FillInFrames); none without a position or without frames.
     std::optional<int> frame;
     ModelKind kind = ModelKind::kSection;
+    std::string identifier;  // as the block has it; empty for a torsion model
 };
 // Where the row's model is; the number alone where that does not lead to it.
 BlockPlace PlaceOf(const ModelRow& row);
+
+// Index of the row that is the model of `before`, a row of an earlier list: by the identifier, else
+// by name and kind. Of several it is the one with the same number, else the first one; -1: none.
+int FindSameModel(const std::vector<ModelRow>& rows, const ModelRow& before);
 
 // The columns from left to right.
 enum class ListColumn { kName, kX, kNumber, kKind, kFrame };

@@ -1,9 +1,9 @@
 #include "shell/open_database.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
-#include "bsd/bsd_file.h"
 #include "database/scanning.h"
 #include "files/file_system.h"
 #include "files/paths.h"
@@ -12,7 +12,9 @@
 #include "shell/commands/commands.h"
 #include "shell/edit_history.h"
 #include "shell/left_overs.h"
+#include "shell/recent_databases.h"
 #include "shell/state.h"
+#include "shell/status_parts.h"
 
 namespace corvane {
 namespace {
@@ -25,6 +27,19 @@ void ShowModel(const ModelRow& row) {
     shell.view.setSectionMenuCaption(SectionMenuCaption(row.kind));
     shell.view.showModelButtons(row.kind);
     shell.view.updateEnabling();
+}
+
+// A number that no block has: the selected model has gone, and no row is to be selected instead.
+constexpr int32_t kModelHasGone = std::numeric_limits<int32_t>::min();
+// A look at a file that takes longer is not repeated at each activation [ms].
+constexpr int64_t kLongLook = 500;
+
+// Looks at the open database's file.
+system::ErrorNumber LookAtFile(system::FileStamp& stamp) {
+    const int64_t begin = system::Milliseconds();
+    const system::ErrorNumber error = system::GetFileStamp(shell.database.path, stamp);
+    shell.database.isSlow = system::Milliseconds() - begin > kLongLook;
+    return error;
 }
 
 // The current model's row. Of rows that have one number it is the one that was selected.
@@ -48,6 +63,7 @@ int ShowLines(bool isWanted) {
     ArrangeLines();
     shell.view.setLines(LineCount());
     shell.view.setModelCount(ModelCountText());
+    shell.view.showStatusParts(CurrentStatusParts());
     const int line = isWanted ? CurrentLine() : -1;
     shell.view.selectLine(line);
     return line;
@@ -62,6 +78,7 @@ void ShowModels() {
         database.currentModel = database.rows.empty() ? 1 : database.rows.front().tag;
     }
     FillInFrames(database.bsd, database.rows);
+    shell.view.showWhyGone(database.whyGone);
     const int line = ShowLines(true);
     if (line >= 0) return ShowModel(RowOfLine(line));
     database.isCurrentHidden = CurrentRow(database) != database.rows.end();
@@ -74,10 +91,31 @@ void AdoptRows(std::vector<ModelRow> rows) {
     shell.database.rows = std::move(rows);
 }
 
+// The stamp of the file that is listed.
+void NoteStamp(const system::FileStamp& stamp) {
+    shell.database.stamp = stamp;
+    shell.database.isReadOnly = !CanBeRewritten(shell.database.path);
+}
+
+// The rows stay as they were read last.
+void NoteGone(system::ErrorNumber error) {
+    OpenDatabase& database = shell.database;
+    database.whyGone = FormatMessage(kMsgDatabaseOutOfSight,
+                                     {FileNameOf(database.path), system::ErrorText(error)});
+}
+
 // Lists the models again. When the user cancels, the list stays as it was; without one, no database
 // is open.
 bool ListModelsAgain() {
     OpenDatabase& database = shell.database;
+    system::FileStamp stamp;
+    const system::ErrorNumber error = LookAtFile(stamp);
+    if (error != system::kErrorNone && database.isListed) {
+        NoteGone(error);
+        return true;
+    }
+    NoteStamp(stamp);
+    database.whyGone.clear();
     std::vector<ModelRow> rows;
     if (FillModelList(database.path, rows)) {
         AdoptRows(std::move(rows));
@@ -93,23 +131,62 @@ bool ListModelsAgain() {
 void ShowNoDatabase() {
     shell.view.setDatabaseText(L"No database selected");
     AdoptRows({});
+    shell.view.showWhyGone(L"");
     ShowLines(false);
     DeselectModel();
 }
 
 // What the window shows of the state as it is.
-void ShowWholeWindow() {
+enum class Focus { kStays, kToList };
+void ShowWholeWindow(Focus focus = Focus::kToList) {
     if (IsDatabaseOpen()) {
+        NoteRecent(shell.database.path);
         ShowModels();
     } else {
         ShowNoDatabase();
     }
-    shell.view.setMainCaption(MainWindowCaption());
+    ShowCaptionAndParts();
     ReadUndoNames();
     shell.view.updateEnabling();
     ShowNextStep();
-    if (IsLineSelected()) shell.view.focusList();
+    if (focus == Focus::kToList && IsLineSelected()) shell.view.focusList();
     ResetMousePointer();
+}
+
+// The model that had the row `before` becomes the current one, where it is now.
+void FollowModel(const ModelRow& before) {
+    OpenDatabase& database = shell.database;
+    const int row = FindSameModel(database.rows, before);
+    const bool isThere = row >= 0;
+    const ModelRow now = isThere ? database.rows[static_cast<size_t>(row)] : ModelRow();
+    database.currentModel = isThere ? now.tag : kModelHasGone;
+    database.currentOffset = isThere ? now.offset : -1;
+}
+
+// Reads the file again, and says in the status line what has become of it.
+void ReadFileAgain(MessageNumber note) {
+    OpenDatabase& database = shell.database;
+    const std::wstring name = FileNameOf(database.path);
+    const auto current = CurrentRow(database);
+    const bool wasRow = current != database.rows.end();
+    const ModelRow before = wasRow ? *current : ModelRow();
+    if (!ListModelsAgain()) return shell.view.showWhyGone(database.whyGone);
+    ReadShipRecordAgain(NoBlock::kIsNoFault);
+    if (wasRow) FollowModel(before);
+    ShowWholeWindow(Focus::kStays);
+    if (!database.whyGone.empty()) return;
+    if (database.currentModel == kModelHasGone) {
+        ReportNote(kMsgSelectedModelGone, {name, before.name});
+    } else {
+        ReportNote(note, {name});
+    }
+}
+
+// The file can no longer be reached. What is shown of it is greyed once.
+void ShowGone(system::ErrorNumber error) {
+    const bool wasGone = !shell.database.whyGone.empty();
+    NoteGone(error);
+    if (!wasGone) ShowWholeWindow(Focus::kStays);
 }
 
 }  // namespace
@@ -124,14 +201,18 @@ void AdoptDatabase(const std::wstring& path, const BasicShipData& bsd) {
     shell.database.currentModel = 0;
     AdoptRows({});
     shell.database.isListed = false;
+    shell.database.whyGone.clear();
     shell.preview = PreviewPane();
 }
 
 void ShowDatabase(const std::wstring& path, const BasicShipData& bsd) {
     std::vector<ModelRow> rows;
+    system::FileStamp stamp;
+    system::GetFileStamp(path, stamp);
     if (!FillModelList(path, rows)) return ResetMousePointer();
     AdoptDatabase(path, bsd);
     AdoptRows(std::move(rows));
+    NoteStamp(stamp);
     shell.database.isListed = true;
     ShowWholeWindow();
     ReportLeftOvers(path);
@@ -159,10 +240,12 @@ void AdoptShipRecord(const BasicShipData& bsd) {
     shell.database.bsd = bsd;
 }
 
-void ReadShipRecordAgain() {
+void ReadShipRecordAgain(NoBlock noBlock) {
     const std::wstring& path = shell.database.path;
     BasicShipData bsd;
-    if (LoadBsdFromDatabase(path, bsd) || FileExists(path)) shell.database.bsd = bsd;
+    if (LoadBsdFromDatabase(path, bsd, noBlock) || FileExists(path)) {
+        shell.database.bsd = bsd;
+    }
 }
 
 void SetCurrentModel(int32_t number) {
@@ -181,6 +264,31 @@ void RefreshMainWindow() {
     const std::wstring note = isCancelled ? reportView.statusCaption() : std::wstring();
     ShowWholeWindow();
     if (isCancelled) ShowNote(note);
+}
+
+void RefreshWhenChanged() {
+    OpenDatabase& database = shell.database;
+    if (!database.isListed || shell.locked) return;
+    system::FileStamp now;
+    const system::ErrorNumber error = LookAtFile(now);
+    if (error != system::kErrorNone) return ShowGone(error);
+    if (database.whyGone.empty() && now == database.stamp) {
+        if (now.isReadOnly == database.stamp.isReadOnly) return;
+        NoteStamp(now);
+        return ShowCaptionAndParts();
+    }
+    if (IsOpenForWriting(database.path)) {
+        return ReportNote(kMsgNotYetReadAgain, {FileNameOf(database.path)});
+    }
+    ReadFileAgain(kMsgChangedByOthers);
+}
+
+void RefreshOnActivation() {
+    if (!shell.database.isSlow) RefreshWhenChanged();
+}
+
+void RefreshAtOnce() {
+    if (IsDatabaseOpen()) ReadFileAgain(kMsgReadAgain);
 }
 
 void ShowNextStep() {
@@ -227,7 +335,10 @@ std::wstring MainWindowCaption() {
     if (!IsDatabaseOpen()) return shell.title;
     FixedText<30>& shipName = shell.database.bsd.Titles(5);
     shipName.Assign(shipName.Trimmed());
-    return shell.title + L" - " + FileNameOf(shell.database.path) + L" - " + shipName.Trimmed();
+    std::wstring caption =
+        shell.title + L" - " + FileNameOf(shell.database.path) + L" - " + shipName.Trimmed();
+    if (shell.database.isReadOnly) caption += GetMessage(kMsgReadOnlyMark);
+    return caption;
 }
 
 bool RequireDatabase() {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "bsd/basic_ship_data.h"
+#include "bsd/bsd_file.h"
 #include "database/listing.h"
 #include "shell/model_list.h"
 
@@ -21,6 +22,10 @@ struct OpenDatabase {
     BasicShipData bsd;           // its ship record; fresh where the file has none
     std::vector<ModelRow> rows;  // as RefreshMainWindow listed them last
     bool isListed = false;       // whether the rows are those of this database
+    system::FileStamp stamp;     // of the file when it was listed
+    bool isReadOnly = false;     // an edit of the file would be refused
+    std::wstring whyGone;        // what the user reads while the file cannot be reached; else empty
+    bool isSlow = false;         // the last look at the file took long
     // Number of the selected model, that of its block; 0 none yet. It stays when no line is
     // selected: after the last model was deleted no row has it.
     int32_t currentModel = 0;
@@ -51,7 +56,7 @@ void ContinueInWritableFile(const std::wstring& path);
 
 void AdoptShipRecord(const BasicShipData& bsd);
 // Reads the ship record again. While the file cannot be read the record stays as it is.
-void ReadShipRecordAgain();
+void ReadShipRecordAgain(NoBlock noBlock = NoBlock::kWarns);
 
 void SetCurrentModel(int32_t number);
 // The database's last model becomes the current one.
@@ -63,6 +68,19 @@ void SelectLastModelNext();
 // model's row is selected when there is one, as by a click. When the user cancels, the list stays
 // as it was; that of a database that was not shown yet is not opened.
 void RefreshMainWindow();
+
+// Compares the file with the one that was listed: one look at its stamp, no reading. Where another
+// program has changed it, models and ship record are read again, and the selected model stays
+// selected under whatever number it has now; where that model is no longer there, none is. While
+// the file cannot be reached, the rows stay, greyed, with a line that says so; while another
+// program writes it, they stay as they are, and the status line says so. Called before each command
+// that needs the database.
+void RefreshWhenChanged();
+// The same when the window is activated: not after a look that took long, as one at a drive that is
+// not connected does.
+void RefreshOnActivation();
+// The same, read again even if nothing has changed, as the user wants it.
+void RefreshAtOnce();
 
 // The status line between two commands: what is to be done next while there is no database or no
 // valid ship record, otherwise empty. A red line, and one that reported a success, is cleared.
@@ -82,8 +100,8 @@ void ShowSelectedLineAgain();
 void DeselectModel();
 bool IsLineSelected();
 
-// Title - file name - ship name; the title alone without a database. The ship's name is stored back
-// trimmed.
+// Title - file name - ship name, and a mark where the file cannot be changed; the title alone
+// without a database. The ship's name is stored back trimmed.
 std::wstring MainWindowCaption();
 
 // ---- What a command requires -------------------------------------------------------------------

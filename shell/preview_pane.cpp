@@ -68,14 +68,15 @@ bool ShowInPicture(const ModelRow& row, float& x_m) {
 }  // namespace
 
 void ShowInPreview(const ModelRow& row) {
+    if (!shell.database.whyGone.empty()) return ClearPreviewPane(shell.database.whyGone);
     float x_m = 0;
     if (!ShowInPicture(row, x_m)) return ClearPreviewPane();
     shell.view.setPositionText(FormatMessage(kMsgPosition, {x_m}));
     shell.view.setFrameText(FrameText(x_m));
 }
 
-void ClearPreviewPane() {
-    ClearPicture(L"");
+void ClearPreviewPane(const std::wstring& why) {
+    ClearPicture(why);
     shell.view.setPositionText(L"");
     shell.view.setFrameText(L"");
 }

@@ -23,8 +23,8 @@ struct PreviewPane {
 // position alone is read, and the picture says why it is empty. What could not be read is reported;
 // picture and labels are empty then.
 void ShowInPreview(const ModelRow& row);
-// Empties picture and labels.
-void ClearPreviewPane();
+// Empties picture and labels; the picture says why.
+void ClearPreviewPane(const std::wstring& why = {});
 
 // Why there is nothing to draw of a section of this ship; empty when there is something.
 std::wstring WhyNoPicture(SectionModel& section, const BasicShipData& bsd);

@@ -3,8 +3,8 @@
 #include <iterator>
 #include <utility>
 
-#include "shell/open_database.h"
 #include "shell/state.h"
+#include "shell/status_parts.h"
 
 namespace corvane {
 
@@ -13,12 +13,17 @@ RuleSet CurrentRuleSet() {
     return shell.milMode ? RuleSet::kMil : RuleSet::kQuor;
 }
 
+const wchar_t* RuleSetName(RuleSet ruleSet) {
+    static constexpr const wchar_t* kNames[] = {L"QUOR", L"CSR for BC", L"QUOR MIL"};
+    return kNames[static_cast<size_t>(ruleSet)];
+}
+
 void RuleSetChosen(RuleSet ruleSet) {
     shell.jbpMode = ruleSet == RuleSet::kCsr;
     shell.milMode = ruleSet == RuleSet::kMil;
     shell.view.redrawRuleButton();
     UpdateTitle();
-    shell.view.setMainCaption(MainWindowCaption());
+    ShowCaptionAndParts();
 }
 
 std::wstring WithoutRuleSetSuffixes(std::wstring title) {

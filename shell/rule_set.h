@@ -10,6 +10,8 @@ namespace corvane {
 enum class RuleSet { kQuor, kCsr, kMil };
 
 RuleSet CurrentRuleSet();
+// As its option has it: "QUOR", "CSR for BC", "QUOR MIL".
+const wchar_t* RuleSetName(RuleSet ruleSet);
 
 // An option of OP_Rule was set: the switches, the title with its suffix, the window's caption and
 // the picture of BT_Rule follow it.

@@ -15,6 +15,7 @@
 #include "shell/legacy_conversion.h"
 #include "shell/library_checks.h"
 #include "shell/list_settings.h"
+#include "shell/recent_databases.h"
 #include "shell/rule_set.h"
 #include "shell/state.h"
 #include "text/text.h"
@@ -101,6 +102,8 @@ bool StartUp(const std::wstring& commandLine) {
     if (!CheckLibraryVersions() || !CheckRegionalSettings()) return false;
     ReadSettings(SettingsFile(), shell.settings);
     ReadListSettings(SettingsFile());
+    shell.recent = ReadRecent(SettingsFile());
+    shell.windowPlace = ReadWindowPlace(SettingsFile());
     UseHistory();
     ShowFirstWindows();
     shell.startDirectory = system::CurrentDirectory();
@@ -137,8 +140,11 @@ bool CheckRegionalSettings() {
 void ShutDown(bool sessionEnds) {
     // Without an open database the remembered one stays: it may be out of reach only today.
     if (IsDatabaseOpen()) shell.settings.DatabasePath = shell.database.path;
-    const bool isWritten =
-        WriteSettings(SettingsFile(), shell.settings) && WriteListSettings(SettingsFile());
+    shell.view.noteWindowPlace(shell.windowPlace);
+    const bool isWritten = WriteSettings(SettingsFile(), shell.settings) &&
+                           WriteListSettings(SettingsFile()) &&
+                           WriteRecent(SettingsFile(), shell.recent) &&
+                           WriteWindowPlace(SettingsFile(), shell.windowPlace);
     if (!isWritten && !sessionEnds) {
         ReportMessage(kMsgSettingsNotSaved, {SettingsFilePath()});
     }

@@ -12,6 +12,7 @@
 #include "shell/settings.h"
 #include "shell/shown_list.h"
 #include "shell/view.h"
+#include "shell/window_place.h"
 
 namespace corvane {
 
@@ -32,6 +33,10 @@ struct ShellState {
     std::wstring startDirectory;
 
     std::vector<std::wstring> reportedLeftOvers;  // paths; see shell/left_overs.h
+
+    std::vector<std::wstring> recent;  // databases, the last one first; shell/recent_databases.h
+
+    WindowPlace windowPlace;  // as the user left the window at the end of the last run
 
     ShellSettings settings;
     OpenDatabase database;  // changed by shell/open_database.h alone

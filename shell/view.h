@@ -17,7 +17,9 @@ namespace corvane {
 struct ExportChoice;  // shell/exchange_boxes.h
 struct ImportChoice;
 struct SettingsChoice;  // shell/settings_choice.h
+struct StatusParts;     // shell/status_parts.h
 struct VersionChoice;   // shell/edit_history.h
+struct WindowPlace;     // shell/window_place.h
 
 // What became of a second start.
 enum class HandOver {
@@ -65,9 +67,13 @@ struct View {
     void (*loadMainWindow)() = [] {};
     void (*showMainWindow)() = [] {};
     void (*closeMainWindow)() = [] {};
+    // Where the main window is, and how it looks; without a window nothing is changed.
+    void (*noteWindowPlace)(WindowPlace& place) = [](WindowPlace&) {};
     void (*setMainCaption)(const std::wstring& caption) = [](const std::wstring&) {};
     // The splash window FM_Load, shown on top of all windows.
     void (*showSplash)(const std::wstring& title) = [](const std::wstring&) {};
+    // A database for the system's lists of recent files.
+    void (*addToSystemsRecent)(const std::wstring& path) = [](const std::wstring&) {};
     // Brings the instance of this program file that runs already to the front, and hands it the
     // absolute path of a file that it is to open; empty: none. It has two seconds to show its main
     // window.
@@ -78,10 +84,14 @@ struct View {
     // ---- The main window -----------------------------------------------------------------------
 
     void (*setDatabaseText)(const std::wstring& text) = [](const std::wstring&) {};  // TX_DataBase
+    // The status bar's parts beside its message.
+    void (*showStatusParts)(const StatusParts& parts) = [](const StatusParts&) {};
     // LI_Sections: so many lines, none of them selected. What is in a line, and in which order they
     // are, is asked for (shell/shown_list.h).
     void (*setLines)(int count) = [](int) {};
     void (*setModelCount)(const std::wstring& text) = [](const std::wstring&) {};  // LB_Count
+    // Above the list: why its rows, greyed, are those that were read last. Empty: they are not.
+    void (*showWhyGone)(const std::wstring& why) = [](const std::wstring&) {};
     // 0 is the topmost line; -1 none.
     void (*selectLine)(int line) = [](int) {};
     int (*selectedLine)() = [] { return -1; };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "files/file_system.h"
 #include "report/reporters.h"
 #include "shell/commands/bsd_commands.h"
 #include "shell/commands/create_commands.h"
@@ -11,6 +12,7 @@
 #include "shell/commands/help_commands.h"
 #include "shell/commands/section_commands.h"
 #include "shell/commands/view_commands.h"
+#include "shell/recent_databases.h"
 #include "shell/state.h"
 
 namespace corvane {
@@ -125,6 +127,8 @@ constexpr std::array kCommands = {
 
     Command{ME_HelpAbout, Menu::kHelp, "ME_HelpAbout", L"&About...", EnabledWhen::kAlways,
             ME_HelpAbout_Click},
+    Command{ME_HelpSample, Menu::kHelp, "ME_HelpSample", L"Open the &sample ship...",
+            EnabledWhen::kSampleThere, ME_HelpSample_Click},
 
     Command{ME_NextPane, Menu::kNone, "ME_NextPane", L"Next pane", EnabledWhen::kAlways,
             [] { shell.view.focusPane(true); }, Plain(kF6Key)},
@@ -136,6 +140,17 @@ template <class Test>
 const Command* FindFirst(Test test) {
     const auto found = std::ranges::find_if(kCommands, test);
     return found == kCommands.end() ? nullptr : &*found;
+}
+
+bool NeedsDatabase(const Command& command) {
+    return command.enabledWhen != EnabledWhen::kAlways &&
+           command.enabledWhen != EnabledWhen::kSampleThere;
+}
+
+void RunRecent(uint16_t id) {
+    if (shell.locked) return;
+    ShowNextStep();
+    OpenRecent(id - ME_FileRecent);
 }
 
 bool IsBsdThere() {
@@ -172,6 +187,8 @@ bool IsEnabled(const Command& command) {
             return !shell.history.undoName.empty();
         case EnabledWhen::kRedoThere:
             return !shell.history.redoName.empty();
+        case EnabledWhen::kSampleThere:
+            return FileExists(SamplePath());
     }
     return false;
 }
@@ -194,8 +211,12 @@ bool IsMenuEnabled(Menu menu) {
 }
 
 void RunCommand(uint16_t id) {
+    if (id >= ME_FileRecent && id < ME_FileRecent + kRecentCount) return RunRecent(id);
     const Command* command = FindCommand(id);
     if (command == nullptr || shell.locked || !IsEnabled(*command)) return;
+    if (NeedsDatabase(*command)) RefreshWhenChanged();
+    // What it needs may have gone with another program's change, which the status line says.
+    if (!IsEnabled(*command)) return;
     ShowNextStep();
     command->run();
 }

@@ -18,7 +18,8 @@ enum class EnabledWhen {
     kBsdDefined,     // and its Basic Ship Data are valid
     kModelSelected,  // a row of the list is selected
     kUndoThere,      // the history has an edit to undo
-    kRedoThere       // and one that was undone
+    kRedoThere,      // and one that was undone
+    kSampleThere     // the sample ship is beside the program
 };
 
 // The top menus, from left to right; a command of kNone is in no menu, only its key runs it.
@@ -59,6 +60,7 @@ enum CommandId : uint16_t {
     ME_SectionRename,
     ME_SectionProperties,
     ME_HelpAbout = 180,
+    ME_HelpSample,
     ME_EditUndo = 200,
     ME_EditRedo,
     ME_EditFind,
@@ -71,6 +73,8 @@ enum CommandId : uint16_t {
     ME_ViewDescending,
     ME_NextPane = 240,
     ME_PreviousPane,
+    // The recent databases, kRecentCount of them (shell/recent_databases.h); not in the table.
+    ME_FileRecent = 300,
 };
 
 std::span<const Command> Commands();

@@ -5,6 +5,7 @@
 #include "bsd/bsd_file.h"
 #include "database/creating.h"
 #include "database/scanning.h"
+#include "files/file_system.h"
 #include "files/paths.h"
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
@@ -97,6 +98,18 @@ void ME_FileOpen_Click() {
 
 void OpenFile(const std::wstring& path) {
     Open(path);
+}
+
+void OpenDropped(const std::vector<std::wstring>& paths) {
+    if (paths.empty()) return;
+    const std::wstring& path = paths.front();
+    if (paths.size() > 1) {
+        return ReportMessage(kMsgOneFileAtATime, {static_cast<int32_t>(paths.size())});
+    }
+    if (IsDirectory(path)) return ReportMessage(kMsgFolderDropped, {path});
+    if (!FileExists(path)) return ReportMessage(kMsgFileMissing, {path}, BoxText(kMsgFileAdvice));
+    ShowNextStep();
+    OpenFile(path);
 }
 
 void ME_FileSaveAs_Click() {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace corvane {
 
@@ -20,6 +21,10 @@ void ME_FileOpen_Click();
 
 // Opens a file as ME_FileOpen opens the one that its prompt gave.
 void OpenFile(const std::wstring& path);
+
+// Opens what the user has dropped on the window in the same way: one file. Several, and a folder,
+// are refused.
+void OpenDropped(const std::vector<std::wstring>& paths);
 
 // Copies the open database byte for byte to another file, which becomes the open one.
 void ME_FileSaveAs_Click();

@@ -1,5 +1,12 @@
 #include "shell/commands/help_commands.h"
 
+#include "files/paths.h"
+#include "platform/system.h"
+#include "report/reporters.h"
+#include "shell/commands/commands.h"
+#include "shell/commands/file_commands.h"
+#include "shell/file_prompt.h"
+#include "shell/new_file.h"
 #include "shell/state.h"
 #include "text/version.h"
 
@@ -7,6 +14,21 @@ namespace corvane {
 
 void ME_HelpAbout_Click() {
     shell.view.showAbout(shell.title + L" v" + VersionText(kProgramVersion, shell.debugMode));
+}
+
+void ME_HelpSample_Click() {
+    const std::wstring sample = SamplePath();
+    const std::wstring path = AskForFile({.command = ME_HelpSample,
+                                          .types = GetMessage(kMsgDatabaseFiles),
+                                          .proposed = FileNameOf(sample),
+                                          .directory = shell.settings.BrowseDirectory,
+                                          .toSave = true});
+    if (path.empty() || !RequireOtherFile(path) || !PutFile(sample, path)) return;
+    OpenFile(path);
+}
+
+std::wstring SamplePath() {
+    return WithTrailingBackslash(DirectoryOf(system::ProgramPath())) + L"samples\\aurora_bay.ve2";
 }
 
 }  // namespace corvane

@@ -46,6 +46,7 @@ void ShowWindows(View& view) {
     view.closeMainWindow = [] { kRecord("close"); };
     view.setMainCaption = [](const std::wstring& text) { kRecord("title " + Narrow(text)); };
     view.showSplash = [](const std::wstring& text) { kRecord("splash show " + Narrow(text)); };
+    view.addToSystemsRecent = [](const std::wstring& path) { kRecord("recent " + Narrow(path)); };
     view.handToRunningInstance = [](const std::wstring& file) {
         kRecord("hand over " + Narrow(file) + " from " + Narrow(shell.title));
         return FakeView::handOver;
@@ -61,6 +62,8 @@ void ShowContents(View& view) {
         kRecord("rows " + std::to_string(count));
     };
     view.setModelCount = [](const std::wstring& text) { FakeView::modelCount = text; };
+    view.showStatusParts = [](const StatusParts& parts) { FakeView::parts = parts; };
+    view.showWhyGone = [](const std::wstring& why) { FakeView::whyGone = why; };
     view.selectLine = [](int line) { FakeView::selected = line; };
     view.selectedLine = [] { return FakeView::selected; };
     view.focusList = [] { kRecord("focus list"); };
@@ -98,6 +101,7 @@ std::function<bool(ImportChoice&)> FakeView::askImport;
 std::function<bool(VersionChoice&)> FakeView::askVersion;
 std::function<bool(SettingsChoice&)> FakeView::askSettings;
 std::wstring FakeView::folder;
+StatusParts FakeView::parts;
 bool FakeView::previewOn;
 HandOver FakeView::handOver;
 std::vector<ModelRow> FakeView::rows;
@@ -105,7 +109,7 @@ int FakeView::selected;
 int FakeView::rule;
 bool FakeView::locked;
 std::wstring FakeView::database, FakeView::position, FakeView::frame, FakeView::menu,
-    FakeView::whyNoPicture, FakeView::modelCount;
+    FakeView::whyNoPicture, FakeView::modelCount, FakeView::whyGone;
 
 FakeView::FakeView() : before(std::exchange(shell, ShellState())) {
     answerYes = previewOn = locked = false;
@@ -117,9 +121,10 @@ FakeView::FakeView() : before(std::exchange(shell, ShellState())) {
     askSettings = [](SettingsChoice&) { return false; };
     folder.clear();
     rows.clear();
+    parts = StatusParts();
     selected = -1;
     rule = 0;
-    database = position = frame = menu = whyNoPicture = modelCount = L"untouched";
+    database = position = frame = menu = whyNoPicture = modelCount = whyGone = L"untouched";
     View view;
     view.report = RecordedReports::View();
     AskQuestions(view);

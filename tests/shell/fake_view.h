@@ -9,6 +9,7 @@
 #include "shell/model_list.h"
 #include "shell/settings_choice.h"
 #include "shell/state.h"
+#include "shell/status_parts.h"
 #include "tests/support/recorded_reports.h"
 
 namespace corvane::test {
@@ -39,10 +40,11 @@ struct FakeView {
     // ---- What the main window shows; texts are "untouched" at first ----------------------------
 
     static std::vector<ModelRow> rows;
+    static StatusParts parts;
     static int selected;
     static int rule;
     static bool locked;
-    static std::wstring database, position, frame, menu, whyNoPicture, modelCount;
+    static std::wstring database, position, frame, menu, whyNoPicture, modelCount, whyGone;
 
 private:
     RecordedReports reports;

@@ -61,7 +61,7 @@ TEST(Commands, MenusHaveTheirItemsInOrder) {
         Items(Menu::kSection),
         (Captions{L"&Edit...", L"&Rule...", L"-", L"&Copy...", L"&Delete...", L"-", L"&Import...",
                   L"E&xport to Velk Dos...", L"-", L"Re&name...", L"&Properties..."}));
-    EXPECT_EQ(Items(Menu::kHelp), (Captions{L"&About..."}));
+    EXPECT_EQ(Items(Menu::kHelp), (Captions{L"&About...", L"Open the &sample ship..."}));
 }
 
 TEST(Commands, TopMenusAreInOrder) {
