@@ -91,18 +91,17 @@ TEST(LockedDatabase, IsReported) {
     CloseHandle(held);
 }
 
-// A row's model has gone from the file; the box that says so is up when the window is to close.
-TEST(ShortenedDatabase, WindowStaysOpenWhileItsBoxIsUp) {
+// The file has gone; the box that says so is up when the window is to close.
+TEST(GoneDatabase, WindowStaysOpenWhileItsBoxIsUp) {
     const Settings settings;
     const Installation installation;
     const std::wstring path = installation.File(L"ship.ve2");
-    const std::string sample = test::ReadFileBytes(test::DataPath("../samples/aurora_bay.ve2"));
-    test::WriteFileBytes(path, sample);
+    test::WriteFileBytes(path, test::ReadFileBytes(test::DataPath("../samples/aurora_bay.ve2")));
     const Program program(installation, L"ship.ve2");
     const HWND main = program.Main();
     ASSERT_NE(main, nullptr);
-    test::WriteFileBytes(path, sample.substr(0, sample.size() / 20));
-    PressKey(GetDlgItem(main, LI_Sections), VK_DOWN);
+    ASSERT_TRUE(DeleteFileW(path.c_str()));
+    Choose(main, ME_SectionRemove);
     const Box box = WaitForBox(program);
     ASSERT_NE(box.window, nullptr);
     Send(main, WM_CLOSE, 0, 0);

@@ -68,6 +68,8 @@ constexpr KeyCommand kKeyCommands[] = {
     {ME_SectionRename, 'S', 'N', Shows::kInputBox, "Rename Section"},
     {ME_SectionProperties, 'S', 'P', Shows::kPropertiesBox, "Properties Section"},
     {ME_HelpAbout, 'H', 'A', Shows::kAbout, "About"},
+    // The sample is not in the installation; see files_ui_test.cpp.
+    {ME_HelpSample, 'H', 'S', Shows::kNothing, ""},
 };
 
 struct KeyboardTest : MainWindowFixture {

@@ -14,7 +14,7 @@ enum ControlId : int {
     LB_Frame,
     PAN_Help,
     LB_DataBase,  // names TX_DataBase
-    LN_Status,    // the line above PAN_Help
+    SB_Status,    // below PAN_Help: the other parts and the grip
     PIC_Section,
     OP_Preview,
     LB_Models,    // names LI_Sections
@@ -28,7 +28,15 @@ enum ControlId : int {
     // The filter of the list.
     LB_Filter = 1040,  // names TX_Filter
     TX_Filter,
-    LB_Count,  // how many models the list shows
+    LB_Count,    // how many models the list shows
+    LB_WhyGone,  // above LI_Sections while its database cannot be reached
+    // In the place of LI_Sections while no database is open.
+    LB_Start = 1060,
+    BT_StartOpen,
+    BT_StartNew,
+    BT_StartSample,
+    LB_StartRecent,
+    BT_StartRecent,  // the first of as many as there are recent databases
     // FM_Load and FM_About.
     LB_Title = 1100,
     LB_Version,

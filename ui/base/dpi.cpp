@@ -75,6 +75,17 @@ SIZE TextSize(HWND window, HFONT font, const std::wstring& text) {
     return size;
 }
 
+int TextHeight(HWND window, HFONT font, const std::wstring& text, int width) {
+    const HDC dc = GetDC(window);
+    const HGDIOBJ before = SelectObject(dc, font);
+    RECT area{0, 0, width, 0};
+    DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &area,
+              DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
+    SelectObject(dc, before);
+    ReleaseDC(window, dc);
+    return area.bottom;
+}
+
 std::wstring WindowText(HWND window) {
     std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
     const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));

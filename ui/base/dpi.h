@@ -23,6 +23,9 @@ HFONT CreateMessageFont(UINT dpi, int scalePercent = 100, LONG weight = FW_NORMA
 // Width and height of one line of text in a font.
 SIZE TextSize(HWND window, HFONT font, const std::wstring& text);
 
+// Height of a text that is broken into lines of a width.
+int TextHeight(HWND window, HFONT font, const std::wstring& text, int width);
+
 // A window's or control's whole text.
 std::wstring WindowText(HWND window);
 

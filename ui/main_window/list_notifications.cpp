@@ -19,6 +19,7 @@ void OnListChanged(HWND window, const NMLISTVIEW& change) {
     if (!was && is && change.iItem >= 0) {
         state.readByClick = GetKeyState(VK_LBUTTON) < 0;
         SelectLine(change.iItem);
+        PostMessageW(window, kLookAtFile, 0, 0);
     }
     if (was && !is) PostMessageW(window, kSelectionLost, 0, 0);
 }

@@ -2,10 +2,14 @@
 
 #include <algorithm>
 #include <memory>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
+#include "shell/commands/file_commands.h"
+#include "shell/recent_databases.h"
 #include "shell/rule_set.h"
 #include "shell/start_up.h"
 #include "shell/state.h"
@@ -13,13 +17,16 @@
 #include "ui/base/own_window.h"
 #include "ui/main_window/child_windows.h"
 #include "ui/main_window/context_menu.h"
+#include "ui/main_window/drop.h"
 #include "ui/main_window/filter_box.h"
 #include "ui/main_window/list_notifications.h"
 #include "ui/main_window/main_window_controls.h"
 #include "ui/main_window/menus.h"
 #include "ui/main_window/model_list_view.h"
+#include "ui/main_window/place.h"
 #include "ui/main_window/running_instance.h"
 #include "ui/main_window/splitter.h"
+#include "ui/main_window/system_lists.h"
 #include "ui/main_window/tool_tips.h"
 
 namespace corvane {
@@ -28,27 +35,14 @@ namespace {
 // Posted to the window itself when a second start has handed over a file, until it is opened.
 constexpr UINT kFileHandedOver = WM_APP + 2;
 
-// The first size, held to the screen that the window is on.
-void ApplyFirstSize(HWND window, UINT dpi) {
-    const SIZE client{Scaled(kFirstClientSize.cx, dpi), Scaled(kFirstClientSize.cy, dpi)};
-    const SIZE size = WindowSize(window, client, true, dpi);
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof(monitor);
-    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
-    const RECT& area = monitor.rcWork;
-    const LONG width = std::min(size.cx, area.right - area.left);
-    const LONG height = std::min(size.cy, area.bottom - area.top);
-    SetWindowPos(window, nullptr, area.left + (area.right - area.left - width) / 2,
-                 area.top + (area.bottom - area.top - height) / 2, width, height,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 void OnCreate(HWND window) {
-    AddMainControls(window, *StateOfMainWindow(window));
-    const UINT dpi = DpiOf(window);
-    ApplyFirstSize(window, dpi);
-    ApplyResolution(window, dpi);
+    MainWindowState& state = *StateOfMainWindow(window);
+    if (shell.windowPlace.listShare > 0) state.layout.listShare = shell.windowPlace.listShare;
+    AddMainControls(window, state);
+    ApplyPlace(window);
+    ApplyResolution(window, DpiOf(window));
     UpdateEnabling(window);
+    AcceptDrops(window);
 }
 
 // A box is open over the window, or a program of the suite runs.
@@ -119,6 +113,9 @@ void OnCommand(HWND window, uint16_t id, uint16_t notification) {
         if (notification == BN_CLICKED && ruleSet != CurrentRuleSet()) RuleSetChosen(ruleSet);
         return;
     }
+    if (id >= BT_StartRecent && id < BT_StartRecent + static_cast<int>(kRecentCount)) {
+        return RunCommand(static_cast<uint16_t>(ME_FileRecent + id - BT_StartRecent));
+    }
     const auto button = std::ranges::find(kCommandButtons, id, &CommandButton::control);
     RunCommand(button == std::end(kCommandButtons) ? id : button->command);
 }
@@ -152,8 +149,9 @@ void OnDrawLabel(HWND window, const DRAWITEMSTRUCT& item) {
     // The legend ends where the picture ends, the count where the list ends.
     const bool isRight = item.CtlID == LB_Legend || item.CtlID == LB_Count;
     const UINT align = isRight ? DT_RIGHT : DT_LEFT;
+    const UINT lines = item.CtlID == LB_WhyGone ? DT_WORDBREAK : DT_SINGLELINE;
     DrawTextW(item.hDC, text.c_str(), static_cast<int>(text.size()), &area,
-              align | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+              align | lines | DT_NOPREFIX | DT_END_ELLIPSIS);
     SelectObject(item.hDC, before);
 }
 
@@ -180,11 +178,15 @@ void OnNextControl(HWND window, WPARAM which, bool isHandle) {
     if (next != nullptr) SetFocus(next);
 }
 
-void OnSplitterMoved(HWND window, int left) {
+void ShareWidth(HWND window, double listShare) {
     Layout& layout = StateOfMainWindow(window)->layout;
-    layout.listShare = ListShareFor(window, layout, left);
+    layout.listShare = listShare;
     LayOutMainWindow(window, layout);
     UpdateWindow(window);
+}
+
+void OnSplitterMoved(HWND window, int left) {
+    ShareWidth(window, ListShareFor(window, StateOfMainWindow(window)->layout, left));
 }
 
 // Not now: the second start waits for the answer.
@@ -204,6 +206,22 @@ void OnFileHandedOver(HWND window) {
     const bool isReady = IsWindowVisible(window) && !IsAtWork(window) && state.handling == 1;
     if (!isReady || state.handedOver.empty()) return;
     OpenHandedOver(std::exchange(state.handedOver, {}), state.wasAtWork);
+}
+
+// Not while a command is at work; it looks for itself.
+void OnLookAtFile(HWND window) {
+    if (StateOfMainWindow(window)->handling == 1 && !IsAtWork(window)) RefreshOnActivation();
+}
+
+void OnTellSystem(HWND window) {
+    AddToSystemsLists(std::exchange(StateOfMainWindow(window)->toSystem, {}));
+}
+
+void OnDropFiles(HWND window, HDROP drop) {
+    const std::vector<std::wstring> paths = TakeDroppedPaths(drop);
+    if (StateOfMainWindow(window)->handling > 1 || IsAtWork(window)) return;
+    SetForegroundWindow(window);
+    OpenDropped(paths);
 }
 
 void OnMinMaxInfo(HWND window, MINMAXINFO& limits) {
@@ -235,7 +253,11 @@ LRESULT HandleLife(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
             OnNcDestroy(window);
             break;
         case WM_ACTIVATE:
-            if (LOWORD(wParam) == WA_INACTIVE) RememberFocus(window);
+            if (LOWORD(wParam) == WA_INACTIVE) {
+                RememberFocus(window);
+            } else {
+                PostMessageW(window, kLookAtFile, 0, 0);
+            }
             break;
         case WM_SETFOCUS:
             GiveFocus(window);
@@ -248,6 +270,7 @@ LRESULT HandleLife(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
             SendMessageW(GetDlgItem(window, PIC_Section), message, wParam, lParam);
             ShowButtonPictures(window);
             ScaleModelList(GetDlgItem(window, LI_Sections), StateOfMainWindow(window)->layout.dpi);
+            GreyModelRows(GetDlgItem(window, LI_Sections), !shell.database.whyGone.empty());
             break;
         case WM_SETTINGCHANGE:
             ApplyResolution(window, StateOfMainWindow(window)->layout.dpi);
@@ -292,6 +315,9 @@ LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         case kSplitterMoved:
             OnSplitterMoved(window, static_cast<int>(wParam));
             return 0;
+        case kSplitterReset:
+            ShareWidth(window, kFirstListShare);
+            return 0;
         case WM_COPYDATA:
             return OnCopyData(window, *reinterpret_cast<const COPYDATASTRUCT*>(lParam));
         case kFileHandedOver:
@@ -300,6 +326,18 @@ LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         case kColumnSized:
             OnColumnSized(window, static_cast<int>(wParam));
             return 0;
+        case kLookAtFile:
+            OnLookAtFile(window);
+            return 0;
+        case kTellSystem:
+            OnTellSystem(window);
+            return 0;
+        case WM_DROPFILES:
+            OnDropFiles(window, reinterpret_cast<HDROP>(wParam));
+            return 0;
+        case WM_INITMENUPOPUP:
+            ShowRecent(window, reinterpret_cast<HMENU>(wParam));
+            break;
         case kSelectionLost:
             if (!IsLineSelected()) DeselectModel();
             return 0;

@@ -3,12 +3,15 @@
 #include "shell/open_database.h"
 #include "shell/preview_pane.h"
 #include "shell/rule_set.h"
+#include "shell/state.h"
 #include "ui/base/dpi.h"
 #include "ui/main_window/filter_box.h"
 #include "ui/main_window/menus.h"
 #include "ui/main_window/model_list_view.h"
 #include "ui/main_window/path_field.h"
 #include "ui/main_window/splitter.h"
+#include "ui/main_window/start_pane.h"
+#include "ui/main_window/status_bar.h"
 #include "ui/main_window/tool_tips.h"
 #include "ui/pictures/button_pictures.h"
 #include "ui/pictures/section_picture.h"
@@ -43,8 +46,8 @@ void AddRuleSets(HWND window) {
     SetWindowSubclass(group, GroupProcedure, 1, 0);
     DWORD first = WS_GROUP | WS_TABSTOP;
     int id = OP_Rule;
-    for (const wchar_t* caption : {L"QUOR", L"CSR for BC", L"QUOR MIL"}) {
-        AddControl(window, id++, WC_BUTTONW, caption, BS_AUTORADIOBUTTON | first);
+    for (const RuleSet ruleSet : {RuleSet::kQuor, RuleSet::kCsr, RuleSet::kMil}) {
+        AddControl(window, id++, WC_BUTTONW, RuleSetName(ruleSet), BS_AUTORADIOBUTTON | first);
         first = 0;
     }
     const int chosen = OP_Rule + static_cast<int>(CurrentRuleSet());
@@ -72,11 +75,15 @@ void AddMainControls(HWND window, MainWindowState& state) {
     AddControl(window, TX_Filter, WC_EDITW, L"", WS_TABSTOP | ES_AUTOHSCROLL | ES_LEFT);
     MakeFilterBox(GetDlgItem(window, TX_Filter));
     AddControl(window, LB_Count, WC_STATICW, L"", label);
+    AddControl(window, LB_WhyGone, WC_STATICW, L"", label | SS_NOTIFY);
+    ShowWindow(GetDlgItem(window, LB_WhyGone), SW_HIDE);
     AddControl(window, LB_Models, WC_STATICW, L"&Models:", SS_LEFT);
     CreateModelList(window);
+    CreateStartPane(window);
     CreateSplitter(window, SP_Sections, L"Divider between the models and the preview");
     AddControl(window, OP_Preview, WC_BUTTONW, L"&Preview", WS_TABSTOP | BS_AUTOCHECKBOX);
-    SendMessageW(GetDlgItem(window, OP_Preview), BM_SETCHECK, BST_CHECKED, 0);
+    SendMessageW(GetDlgItem(window, OP_Preview), BM_SETCHECK,
+                 shell.windowPlace.isPreviewOn ? BST_CHECKED : BST_UNCHECKED, 0);
     CreateSectionPicture(window, {DrawPreview, L""});
     AddControl(window, LB_Legend, WC_STATICW, L"", label | SS_NOTIFY);
     AddControl(window, LB_X, WC_STATICW, L"", label);
@@ -85,8 +92,8 @@ void AddMainControls(HWND window, MainWindowState& state) {
     AddControl(window, BT_Rule, WC_BUTTONW, L"&Rule", button);
     AddRuleSets(window);
     AddControl(window, BT_Bsd, WC_BUTTONW, L"&Basic Data", button | WS_GROUP);
-    AddControl(window, LN_Status, WC_STATICW, L"", SS_ETCHEDHORZ);
     AddControl(window, PAN_Help, WC_STATICW, L"", label | SS_NOTIFY);
+    CreateStatusBar(window);
     state.toolTips = CreateToolTips(window);
     AddToolTip(state.toolTips, GetDlgItem(window, TX_DataBase));
     AddToolTip(state.toolTips, GetDlgItem(window, PAN_Help));
@@ -131,6 +138,9 @@ void UpdateEnabling(HWND window) {
         const bool enabled = IsEnabled(*FindCommand(button.command));
         EnableWindow(GetDlgItem(window, button.control), !locked && enabled);
     }
+    if (ShowStartPane(window, !IsDatabaseOpen())) {
+        LayOutMainWindow(window, StateOfMainWindow(window)->layout);
+    }
     const HWND focus = GetFocus();
     if (!locked && focus != nullptr && IsChild(window, focus) && !CanHaveFocus(focus)) {
         GiveFocus(window);
@@ -145,7 +155,8 @@ void RememberFocus(HWND window) {
 
 void GiveFocus(HWND window) {
     const HWND candidates[] = {StateOfMainWindow(window)->focus, GetDlgItem(window, LI_Sections),
-                               GetDlgItem(window, Command1), GetDlgItem(window, TX_DataBase)};
+                               GetDlgItem(window, BT_StartOpen), GetDlgItem(window, Command1),
+                               GetDlgItem(window, TX_DataBase)};
     for (const HWND candidate : candidates) {
         if (!CanHaveFocus(candidate)) continue;
         SetFocus(candidate);

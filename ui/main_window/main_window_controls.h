@@ -12,10 +12,10 @@ struct CommandButton {
     ControlId control;
     uint16_t command;
 };
-inline constexpr CommandButton kCommandButtons[] = {{Command1, ME_FileOpen},
-                                                    {BT_Open, ME_SectionInput},
-                                                    {BT_Rule, ME_SectionVelkRule},
-                                                    {BT_Bsd, ME_FileBSD}};
+inline constexpr CommandButton kCommandButtons[] = {
+    {Command1, ME_FileOpen},        {BT_Open, ME_SectionInput},  {BT_Rule, ME_SectionVelkRule},
+    {BT_Bsd, ME_FileBSD},           {BT_StartOpen, ME_FileOpen}, {BT_StartNew, ME_FileNew},
+    {BT_StartSample, ME_HelpSample}};
 
 void AddMainControls(HWND window, MainWindowState& state);
 

@@ -6,6 +6,8 @@
 #include "ui/base/control_ids.h"
 #include "ui/base/dpi.h"
 #include "ui/main_window/model_list_view.h"
+#include "ui/main_window/start_pane.h"
+#include "ui/main_window/status_bar.h"
 
 namespace corvane {
 namespace {
@@ -17,7 +19,6 @@ constexpr int kOpenWidth = 80;
 constexpr int kFieldPadding = 4;
 // What a text field has above its text at any resolution: its edge and a pixel [pixels].
 constexpr int kFieldTextTop = 3;
-constexpr int kStatusPadding = 5;
 constexpr int kPositionWidth = 200;
 constexpr int kPreviewButtonWidth = 90;
 constexpr int kPictureButtonHeight = 44;
@@ -63,17 +64,6 @@ void PlaceDatabaseRow(Divider& divider, RECT& area) {
     divider.Place(TX_DataBase, {fieldLeft, area.top, buttonLeft - divider.Length(kGap), bottom});
     divider.Place(Command1, {buttonLeft, area.top, area.right, bottom});
     area.top = bottom + divider.Length(kGap);
-}
-
-// The status line along the foot; `area` becomes what is left above it.
-void PlaceStatusLine(Divider& divider, RECT& area, int textHeight) {
-    const int top = area.bottom - textHeight - 2 * divider.Length(kStatusPadding);
-    divider.Place(LN_Status, {area.left, top, area.right, top + 2});
-    const int margin = divider.Length(kMargin);
-    const int textTop = top + divider.Length(kStatusPadding) + 1;
-    divider.Place(PAN_Help,
-                  {area.left + margin, textTop, area.right - margin, textTop + textHeight});
-    area.bottom = top;
 }
 
 // Leaves of a group's window its caption and its frame: the options inside are the main window's.
@@ -158,8 +148,19 @@ PaneRange PanesOf(HWND window, UINT dpi) {
     return panes;
 }
 
-// From the top: the filter, what the list shows, the list.
-void PlaceListPane(Divider& divider, RECT area, int textHeight) {
+// The line above the list, while there is one, in as many rows as it needs; `area` becomes what is
+// left below it.
+void PlaceWhyGone(Divider& divider, RECT& area) {
+    const HWND line = divider.Control(LB_WhyGone);
+    if ((GetWindowLongPtrW(line, GWL_STYLE) & WS_VISIBLE) == 0) return;
+    const LONG bottom = area.top + TextHeight(divider.window, divider.font, WindowText(line),
+                                              area.right - area.left);
+    divider.Place(LB_WhyGone, {area.left, area.top, area.right, bottom});
+    area.top = bottom + divider.Length(kFieldPadding);
+}
+
+// From the top: the filter, what the list shows, the list, or what is in its place.
+void PlaceListPane(Divider& divider, RECT area, const Layout& layout, int textHeight) {
     const int labelTop = area.top + kFieldTextTop;
     const int fieldLeft = area.left + divider.CaptionSize(LB_Filter).cx + divider.Length(kGap);
     const int fieldBottom = labelTop + textHeight + divider.Length(kFieldPadding) + 1;
@@ -170,7 +171,9 @@ void PlaceListPane(Divider& divider, RECT area, int textHeight) {
     divider.Place(LB_Models, {area.left, area.top, countLeft, area.top + textHeight});
     divider.Place(LB_Count, {countLeft, area.top, area.right, area.top + textHeight});
     area.top += textHeight + divider.Length(kFieldPadding) / 2;
+    PlaceWhyGone(divider, area);
     divider.Place(LI_Sections, area);
+    if (IsStartPaneShown(divider.window)) PlaceStartPane(divider.window, area, layout);
 }
 
 // List and preview beside each other, each with its head above, and the splitter between them.
@@ -180,7 +183,7 @@ void PlacePanes(Divider& divider, const RECT& area, const Layout& layout, int te
     const int headBottom = area.top + textHeight + divider.Length(kFieldPadding);
     const int top = headBottom + divider.Length(kFieldPadding) / 2;
     const int labelTop = area.top + divider.Length(kFieldPadding) / 2;
-    PlaceListPane(divider, {area.left, area.top, split, area.bottom}, textHeight);
+    PlaceListPane(divider, {area.left, area.top, split, area.bottom}, layout, textHeight);
     divider.Place(SP_Sections, {split, top, previewLeft, area.bottom});
     divider.Place(OP_Preview, {previewLeft, area.top,
                                previewLeft + divider.Length(kPreviewButtonWidth), headBottom});
@@ -197,7 +200,7 @@ void LayOutMainWindow(HWND window, Layout& layout) {
     const int textHeight = divider.CaptionSize(LB_DataBase).cy;
     RECT area{};
     GetClientRect(window, &area);
-    PlaceStatusLine(divider, area, textHeight);
+    area.bottom -= PlaceStatusBar(window, textHeight, layout.dpi);
     const int margin = divider.Length(kMargin);
     InflateRect(&area, -margin, -margin);
     PlaceDatabaseRow(divider, area);

@@ -9,11 +9,13 @@ namespace corvane {
 inline constexpr SIZE kFirstClientSize{860, 620};
 inline constexpr SIZE kLeastClientSize{680, 400};
 
+// Share of the width that the list has beside the preview, 0 to 1, at first.
+inline constexpr double kFirstListShare = 0.54;
+
 struct Layout {
     HFONT font = nullptr;  // of the controls
     UINT dpi = USER_DEFAULT_SCREEN_DPI;
-    // Share of the width that the list has beside the preview, 0 to 1, as the user left it.
-    double listShare = 0.54;
+    double listShare = kFirstListShare;  // as the user left it
     bool hasRuleButton = true;
     // Left edges of BT_Open and BT_Rule beside each other [pixels], from the last call of
     // LayOutMainWindow.

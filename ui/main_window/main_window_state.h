@@ -27,10 +27,16 @@ struct MainWindowState {
     int handling = 0;         // messages that are being handled, one inside the other
     std::wstring handedOver;  // the file of a second start, until it is opened
     bool wasAtWork = false;   // when the file came
+    std::wstring toSystem;    // a database for the system's lists, until they have it
     bool hasGone = false;     // the window has been destroyed
     StatusColour statusColour = StatusColour::kButtonText;
     std::wstring statusTag = L"-1";
 };
+
+// Posted to the main window: the open database's file is to be looked at.
+inline constexpr UINT kLookAtFile = WM_APP + 20;
+// Posted to the main window: `toSystem` is for the system's lists.
+inline constexpr UINT kTellSystem = WM_APP + 21;
 
 // Null before the window has its record and after.
 MainWindowState* StateOfMainWindow(HWND window);

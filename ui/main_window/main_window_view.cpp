@@ -15,6 +15,8 @@
 #include "ui/main_window/menus.h"
 #include "ui/main_window/model_list_view.h"
 #include "ui/main_window/panes.h"
+#include "ui/main_window/place.h"
+#include "ui/main_window/status_bar.h"
 #include "ui/pictures/button_pictures.h"
 #include "ui/pictures/section_picture.h"
 
@@ -39,6 +41,15 @@ void SetLines(int count) {
     state->filling = true;
     SetLineCount(MainControl(LI_Sections), count, shell.list.order);
     state->filling = false;
+}
+
+void ShowWhyGone(const std::wstring& why) {
+    MainWindowState* state = MainState();
+    if (state == nullptr || WindowText(MainControl(LB_WhyGone)) == why) return;
+    SetLabel(LB_WhyGone, why);
+    ShowWindow(MainControl(LB_WhyGone), why.empty() ? SW_HIDE : SW_SHOWNA);
+    GreyModelRows(MainControl(LI_Sections), !why.empty());
+    LayOutMainWindow(MainHandle(), state->layout);
 }
 
 void SelectLine(int line) {
@@ -120,8 +131,16 @@ void FocusList() {
 
 void ShowMainWindow() {
     const HWND window = MainHandle();
-    ShowWindow(window, SW_SHOWDEFAULT);
+    ShowWindow(window, shell.windowPlace.isMaximised ? SW_SHOWMAXIMIZED : SW_SHOWDEFAULT);
     UpdateWindow(window);
+}
+
+// When the window has been painted: the system takes its time.
+void AddToSystemsRecent(const std::wstring& path) {
+    MainWindowState* state = MainState();
+    if (state == nullptr) return;
+    state->toSystem = path;
+    PostMessageW(MainHandle(), kTellSystem, 0, 0);
 }
 
 void SetStatusColour(StatusColour colour) {
@@ -151,7 +170,11 @@ void FillInContents(View& view) {
     view.setDatabaseText = [](const std::wstring& text) {
         SetText(MainControl(TX_DataBase), text);
     };
+    view.showStatusParts = [](const StatusParts& parts) {
+        if (MainState() != nullptr) ShowStatusParts(MainHandle(), parts);
+    };
     view.setLines = SetLines;
+    view.showWhyGone = ShowWhyGone;
     view.selectLine = SelectLine;
     view.selectedLine = [] {
         return MainHandle() == nullptr ? -1 : SelectedListLine(MainControl(LI_Sections));
@@ -193,6 +216,10 @@ void FillInMainWindow(View& view) {
     view.loadMainWindow = LoadMainWindow;
     view.showMainWindow = ShowMainWindow;
     view.closeMainWindow = [] { SendMessageW(MainHandle(), WM_CLOSE, 0, 0); };
+    view.addToSystemsRecent = AddToSystemsRecent;
+    view.noteWindowPlace = [](WindowPlace& place) {
+        if (MainState() != nullptr) NotePlace(MainHandle(), place);
+    };
     view.setMainCaption = [](const std::wstring& text) { SetText(MainHandle(), text); };
     view.report.statusCaption = [] { return WindowText(MainControl(PAN_Help)); };
     view.report.setStatusCaption = [](const std::wstring& text) { SetLabel(PAN_Help, text); };

@@ -3,6 +3,7 @@
 #include <cwchar>
 
 #include "shell/commands/commands.h"
+#include "shell/recent_databases.h"
 
 namespace corvane {
 namespace {
@@ -77,6 +78,19 @@ void UpdateMenus(HWND window, bool locked) {
         EnableMenuItem(bar, static_cast<UINT>(i), MF_BYPOSITION | Greyed(enabled));
     }
     DrawMenuBar(window);
+}
+
+void ShowRecent(HWND window, HMENU opened) {
+    if (opened != GetSubMenu(GetMenu(window), static_cast<int>(Menu::kFile))) return;
+    constexpr UINT kSeparator = ME_FileRecent + kRecentCount;
+    for (UINT id = ME_FileRecent; id <= kSeparator; ++id) DeleteMenu(opened, id, MF_BYCOMMAND);
+    UINT id = ME_FileRecent;
+    for (const RecentItem& item : RecentItems()) {
+        InsertMenuW(opened, ME_FileQuit, MF_BYCOMMAND | MF_STRING | Greyed(item.isThere), id++,
+                    item.caption.c_str());
+    }
+    if (id == ME_FileRecent) return;
+    InsertMenuW(opened, ME_FileQuit, MF_BYCOMMAND | MF_SEPARATOR, kSeparator, nullptr);
 }
 
 bool OpensTopMenu(HWND window, const MSG& message) {

@@ -16,6 +16,9 @@ void SetSectionMenuText(HWND window, const std::wstring& text);
 // would do, and marks what is set.
 void UpdateMenus(HWND window, bool locked);
 
+// Lists the recent databases in the File menu, which is being opened; others do nothing.
+void ShowRecent(HWND window, HMENU opened);
+
 // Whether the message is Alt and the letter of a top menu of the window. A control with the same
 // letter must not use it.
 bool OpensTopMenu(HWND window, const MSG& message);

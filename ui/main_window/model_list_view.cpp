@@ -111,6 +111,12 @@ void SetLineCount(HWND list, int count, const ListOrder& order) {
     FitNameColumn(list);
 }
 
+void GreyModelRows(HWND list, bool grey) {
+    const COLORREF colour = grey ? GetSysColor(COLOR_GRAYTEXT) : CLR_DEFAULT;
+    SendMessageW(list, LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(colour));
+    InvalidateRect(list, nullptr, TRUE);
+}
+
 void FillInLine(LVITEMW& item) {
     if (item.iItem < 0 || item.iItem >= LineCount()) return;
     const ModelRow& row = RowOfLine(item.iItem);

@@ -18,6 +18,9 @@ void SetLineCount(HWND list, int count, const ListOrder& order);
 // What the list asks of a line (LVN_GETDISPINFO).
 void FillInLine(LVITEMW& item);
 
+// Grey rows are of a database that cannot be reached now.
+void GreyModelRows(HWND list, bool grey);
+
 // -1: none.
 void SelectListLine(HWND list, int line);
 int SelectedListLine(HWND list);

@@ -1,5 +1,7 @@
 #include "ui/main_window/splitter.h"
 
+#include <algorithm>
+
 #include "ui/base/control_ids.h"
 #include "ui/base/dpi.h"
 
@@ -8,6 +10,9 @@ namespace {
 
 // A step of an arrow key [pixels at 96 dots per inch].
 constexpr int kStep = 16;
+// The grip: how many dots, and how large one is [pixels at 96 dots per inch].
+constexpr int kDots = 5;
+constexpr int kDot = 2;
 
 // The left edge in the parent's client area.
 int LeftOf(HWND splitter) {
@@ -18,6 +23,10 @@ int LeftOf(HWND splitter) {
 
 void MoveTo(HWND splitter, int left) {
     SendMessageW(GetParent(splitter), kSplitterMoved, static_cast<WPARAM>(left), 0);
+}
+
+void Reset(HWND splitter) {
+    SendMessageW(GetParent(splitter), kSplitterReset, 0, 0);
 }
 
 int MouseX(LPARAM place) {
@@ -40,6 +49,20 @@ void OnKey(HWND splitter, WPARAM key) {
     const int step = Scaled(kStep, DpiOf(splitter));
     if (key == VK_LEFT) MoveTo(splitter, LeftOf(splitter) - step);
     if (key == VK_RIGHT) MoveTo(splitter, LeftOf(splitter) + step);
+    if (key == VK_HOME) Reset(splitter);
+}
+
+// A column of dots in the middle.
+void DrawGrip(HDC dc, const RECT& client, UINT dpi) {
+    const int dot = std::max(Scaled(kDot, dpi), 2);
+    const int step = 3 * dot;
+    const int left = (client.right - dot) / 2;
+    int top = (client.bottom - (kDots - 1) * step - dot) / 2;
+    for (int i = 0; i < kDots; ++i) {
+        const RECT place{left, top, left + dot, top + dot};
+        FillRect(dc, &place, GetSysColorBrush(COLOR_BTNSHADOW));
+        top += step;
+    }
 }
 
 void OnPaint(HWND splitter) {
@@ -48,6 +71,7 @@ void OnPaint(HWND splitter) {
     RECT client{};
     GetClientRect(splitter, &client);
     FillRect(dc, &client, GetSysColorBrush(COLOR_BTNFACE));
+    DrawGrip(dc, client, DpiOf(splitter));
     if (GetFocus() == splitter) DrawFocusRect(dc, &client);
     EndPaint(splitter, &paint);
 }
@@ -56,6 +80,9 @@ LRESULT CALLBACK SplitterProcedure(HWND window, UINT message, WPARAM wParam, LPA
     switch (message) {
         case WM_LBUTTONDOWN:
             BeginDrag(window, MouseX(lParam));
+            return 0;
+        case WM_LBUTTONDBLCLK:
+            Reset(window);
             return 0;
         case WM_MOUSEMOVE:
             Drag(window, MouseX(lParam));
@@ -85,6 +112,7 @@ LRESULT CALLBACK SplitterProcedure(HWND window, UINT message, WPARAM wParam, LPA
 HWND CreateSplitter(HWND parent, int id, const wchar_t* name) {
     WNDCLASSEXW windowClass{};
     windowClass.cbSize = sizeof(windowClass);
+    windowClass.style = CS_DBLCLKS;
     windowClass.lpfnWndProc = SplitterProcedure;
     windowClass.hInstance = GetModuleHandleW(nullptr);
     windowClass.hCursor = LoadCursorW(nullptr, IDC_SIZEWE);

@@ -1,5 +1,6 @@
-// The bar between two panes of a window: dragged with the mouse, or moved with the arrow keys while
-// it has the focus.
+// The bar between two panes of a window, with a grip drawn on it: dragged with the mouse, or moved
+// with the arrow keys while it has the focus. A double click, or Home, takes it back to where it is
+// at first.
 #pragma once
 
 #include "platform/win32/win32.h"
@@ -10,6 +11,9 @@ namespace corvane {
 // take, in pixels of the parent's client area. The parent holds it to what is possible and places
 // the bar.
 inline constexpr UINT kSplitterMoved = WM_APP + 1;
+
+// Sent to the parent when the bar is to go back to its first place.
+inline constexpr UINT kSplitterReset = WM_APP + 22;
 
 // `name` is for screen readers.
 HWND CreateSplitter(HWND parent, int id, const wchar_t* name);

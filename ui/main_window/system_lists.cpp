@@ -1,0 +1,22 @@
+#include "ui/main_window/system_lists.h"
+
+#include "platform/win32/win32.h"
+// windows.h must come first.
+#include <shlobj.h>
+
+namespace corvane {
+
+void NameApplication() {
+    using Name = HRESULT WINAPI(PCWSTR);
+    const HMODULE library = GetModuleHandleW(L"shell32.dll");
+    if (library == nullptr) return;
+    const auto name =
+        AsFunction<Name>(GetProcAddress(library, "SetCurrentProcessExplicitAppUserModelID"));
+    if (name != nullptr) name(L"Corvane");
+}
+
+void AddToSystemsLists(const std::wstring& path) {
+    SHAddToRecentDocs(SHARD_PATHW, path.c_str());
+}
+
+}  // namespace corvane
