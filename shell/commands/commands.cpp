@@ -92,6 +92,9 @@ constexpr std::array kCommands = {
             ME_ViewDescending_Click,
             {},
             IsDescending},
+    Separator(Menu::kView),
+    Command{ME_ViewRefresh, Menu::kView, "ME_ViewRefresh", L"&Refresh", EnabledWhen::kDatabaseOpen,
+            ME_ViewRefresh_Click, Plain(kF5Key)},
 
     Command{ME_FileBSD, Menu::kBsd, "ME_FileBSD", L"&Open...", EnabledWhen::kDatabaseOpen,
             ME_FileBSD_Click},

@@ -71,6 +71,7 @@ enum CommandId : uint16_t {
     ME_ViewSortFrame,
     ME_ViewFileOrder,
     ME_ViewDescending,
+    ME_ViewRefresh,
     ME_NextPane = 240,
     ME_PreviousPane,
     // The recent databases, kRecentCount of them (shell/recent_databases.h); not in the table.

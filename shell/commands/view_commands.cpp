@@ -43,4 +43,8 @@ bool IsDescending() {
     return shell.list.order.isDescending;
 }
 
+void ME_ViewRefresh_Click() {
+    RefreshAtOnce();
+}
+
 }  // namespace corvane

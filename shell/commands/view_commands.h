@@ -22,6 +22,9 @@ bool IsInFileOrder();
 void FilterList(const std::wstring& text);
 void ME_EditFind_Click();
 
+// Reads the open database's file again.
+void ME_ViewRefresh_Click();
+
 // Up instead of down, or down instead of up.
 void ME_ViewDescending_Click();
 bool IsDescending();

@@ -99,6 +99,14 @@ TEST_F(FilesTest, FileThatIsBeingWrittenIsShownWithoutABox) {
     EXPECT_TRUE(StatusBecomes(L"'ship.ve2' has changed and has been read again"));
 }
 
+TEST_F(FilesTest, RefreshReadsTheFileAgainAndGoesOnToListIt) {
+    TypeWithAlt('V');
+    ASSERT_TRUE(MenuIsOpen(true));
+    Type({'R'});
+    EXPECT_TRUE(StatusBecomes(L"'ship.ve2' has been read again"));
+    EXPECT_EQ(Selected(), "Engine room, frame 30");
+}
+
 TEST_F(FilesTest, CaptionSaysThatTheFileIsReadOnly) {
     Activate([](const std::wstring& ship) {
         SetFileAttributesW(ship.c_str(), FILE_ATTRIBUTE_READONLY);

@@ -54,6 +54,7 @@ constexpr KeyCommand kKeyCommands[] = {
     {ME_ViewSortFrame, 'V', 'F', Shows::kNothing, ""},
     {ME_ViewFileOrder, 'V', 'O', Shows::kNothing, ""},
     {ME_ViewDescending, 'V', 'D', Shows::kNothing, ""},
+    {ME_ViewRefresh, 'V', 'R', Shows::kNothing, ""},
     {ME_FileBSD, 'B', 'O', Shows::kBox, "BsdEdit.exe"},
     {ME_FileImportBSD, 'B', 'I', Shows::kWindow, "Import"},
     {ME_SectionNew, 'C', 'S', Shows::kBox, "SectInput.exe"},

@@ -53,7 +53,7 @@ TEST(Commands, MenusHaveTheirItemsInOrder) {
     EXPECT_EQ(Items(Menu::kEdit), (Captions{L"&Undo", L"&Redo", L"-", L"&Find"}));
     EXPECT_EQ(Items(Menu::kView),
               (Captions{L"Sort by &name", L"Sort by &X", L"Sort by n&umber", L"Sort by &kind",
-                        L"Sort by &frame", L"File &order", L"&Descending"}));
+                        L"Sort by &frame", L"File &order", L"&Descending", L"-", L"&Refresh"}));
     EXPECT_EQ(Items(Menu::kBsd), (Captions{L"&Open...", L"&Import..."}));
     EXPECT_EQ(Items(Menu::kCreate),
               (Captions{L"&Section...", L"&Bulkhead Arrangement", L"&Model for Torsion"}));
