@@ -99,20 +99,13 @@ TEST(Commands, LettersWithinAMenuDiffer) {
     }
 }
 
-TEST(Commands, IdentifiersAndNamesAreUnique) {
-    std::set<uint16_t> ids;
+TEST(Commands, EveryCommandHasItsOwnIdentifierAndNameAndCanBeRun) {
     std::set<std::string> names;
     for (const Command& command : Commands()) {
         if (command.id == 0) continue;
-        EXPECT_TRUE(ids.insert(command.id).second) << command.name;
-        EXPECT_TRUE(names.insert(command.name).second) << command.name;
-    }
-}
-
-TEST(Commands, EveryCommandIsFoundByItsIdentifier) {
-    for (const Command& command : Commands()) {
-        if (command.id == 0) continue;
         EXPECT_EQ(FindCommand(command.id), &command) << command.name;
+        EXPECT_TRUE(names.insert(command.name).second) << command.name;
+        EXPECT_NE(command.run, nullptr) << command.name;
     }
 }
 
@@ -120,13 +113,6 @@ TEST(Commands, SeparatorAndUnknownIdentifierAreNoCommands) {
     EXPECT_EQ(FindCommand(0), nullptr);
     EXPECT_EQ(FindCommand(1), nullptr);
     EXPECT_EQ(FindCommand(65535), nullptr);
-}
-
-TEST(Commands, EveryCommandCanBeRun) {
-    for (const Command& command : Commands()) {
-        if (command.id == 0) continue;
-        EXPECT_NE(command.run, nullptr) << command.name;
-    }
 }
 
 TEST(Commands, QuitClosesTheWindow) {
