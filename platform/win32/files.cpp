@@ -230,14 +230,13 @@ ErrorNumber SetReadOnly(const std::wstring& path, bool readOnly) {
 ErrorNumber CopyAttributes(const std::wstring& from, const std::wstring& to) {
     const DWORD attributes = GetFileAttributesW(NativePath(from).c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) return GetLastError();
-    const ErrorNumber error = SetAttributes(to, attributes & kCopiedAttributes);
-    if (error != kErrorNone) return error;
     CopyCreationTime(from, to);
     // The access list by itself, since few may give a file away.
     CopySecurity(NativePath(from), NativePath(to), DACL_SECURITY_INFORMATION);
     CopySecurity(NativePath(from), NativePath(to),
                  OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION);
-    return kErrorNone;
+    // Last: some systems clear attributes when they set a time.
+    return SetAttributes(to, attributes & kCopiedAttributes);
 }
 
 ErrorNumber RemoveFile(const std::wstring& path) {
