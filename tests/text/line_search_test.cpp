@@ -28,7 +28,7 @@ const Twin kTwins[] = {
 };
 
 // Longer than several steps of any twin.
-constexpr size_t kLongest = 100;
+constexpr size_t kLongest = 200;
 
 // The last byte of the text is the one after `end`.
 size_t Length(const std::string& text) {
