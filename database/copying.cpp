@@ -37,6 +37,24 @@ int32_t Shifted(int32_t number, const BlockRun& run) {
     return static_cast<int32_t>(std::clamp<int64_t>(shifted, INT32_MIN, INT32_MAX));
 }
 
+// Copies to the marker of the run's block `index`; false at the end of the file.
+bool CopyToBlock(TextReader& from, TextWriter& to, std::string_view marker, const BlockRun& run,
+                 size_t index) {
+    if (run.known == nullptr) return CopyToLine(from, marker, to);
+    const std::vector<int64_t>& offsets = run.known->offsets;
+    const bool isThere = run.first + index < offsets.size();
+    CopySpan(from, isThere ? offsets[run.first + index] : -1, to);
+    return isThere;
+}
+
+// Whether the run's block `index`, whose marker is at `place`, is the known one.
+bool IsAsKnown(const BlockRun& run, size_t index, int64_t place, const NumberLine& numberLine) {
+    if (run.known == nullptr) return true;
+    const int32_t number = numberLine.found ? numberLine.number : 0;
+    return run.known->offsets[run.first + index] == place &&
+           run.known->numbers[run.first + index] == number;
+}
+
 }  // namespace
 
 void CopyFileHead(TextReader& from, TextWriter& to) {
@@ -55,13 +73,17 @@ void CopyModels(TextReader& from, TextWriter& to, int32_t first, int32_t last, i
 bool CopyBlocks(TextReader& from, TextWriter& to, const BlockRun& run) {
     const std::string marker = GetMessageBytes(kMsgModelMarker);
     const std::string commentRule = GetMessageBytes(kMsgCommentRule);
-    for (int blocks = 0; CopyToLine(from, marker, to); ++blocks) {
+    for (size_t blocks = 0; CopyToBlock(from, to, marker, run, blocks); ++blocks) {
         const int64_t markerPlace = LinePosition(from);
         std::string_view line;
-        ReadLine(from, line);
+        const bool hasMarker = ReadLine(from, line) && line == marker;
         const int64_t behindMarker = LinePosition(from);
         const NumberLine numberLine = ReadNumberLine(from, marker);
         SeekLine(from, markerPlace);
+        if (!hasMarker || !IsAsKnown(run, blocks, markerPlace, numberLine)) {
+            if (from.error == system::kErrorNone) from.error = system::kErrorFileChanged;
+            return false;
+        }
         if (blocks == run.mostBlocks || (numberLine.found && numberLine.number == run.stopBefore)) {
             return true;
         }

@@ -5,9 +5,9 @@
 // copy becomes the database, its maker looks at that error and at the writer's.
 #pragma once
 
-#include <climits>
 #include <cstdint>
 
+#include "database/scanning.h"
 #include "files/text_file.h"
 
 namespace corvane {
@@ -26,9 +26,14 @@ struct BlockRun {
     static constexpr int64_t kToTheEnd = INT64_MIN;
 
     int64_t stopBefore = kToTheEnd;  // the number of the first block that is no longer copied
-    int mostBlocks = INT_MAX;        // so many are copied
+    size_t mostBlocks = SIZE_MAX;    // so many are copied
     int64_t shift = 0;               // added to the numbers ...
     int64_t shiftAbove = INT64_MIN;  // ... that are larger than this one
+    // What the blocks of the file are, so that no marker is searched, and the index of the run's
+    // first one; null: not known. A block that is not as known ends the copy, and the reader's error
+    // is kErrorFileChanged.
+    const BlockNumbers* known = nullptr;
+    size_t first = 0;
 };
 
 // Copies from the reader's position to the marker of the block that ends the run, where the reader

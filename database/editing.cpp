@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "database/bulkhead_block.h"
@@ -54,9 +55,7 @@ bool MoveToWritableFile(std::wstring& path, AskForDatabase ask) {
     }
     // Meanwhile the user may have made the file itself writable, and named it again.
     if (!IsSameFile(target, path)) {
-        const ReplaceResult copied = PutCopy(path, target);
-        ReportReplacement(copied, kMsgFileNotMade, {target, ReasonOf(copied.error)});
-        if (!copied.Done()) return false;
+        if (!ReplaceByCopy(path, target, TargetKind::kAny).Done()) return false;
     }
     path = target;
     return true;
@@ -82,20 +81,27 @@ bool ReadNumbersOrReport(TextReader& reader, const std::wstring& path, BlockNumb
 
 // The gate that every edit goes through: from here to its end nobody else writes into the database,
 // and when another program replaces it meanwhile, all is done again with what is there then.
+// What a list says of the blocks holds as long as its stamp does, and is not asked a second time.
 // `write` looks at the numbers, begins the rewrite and writes the new text; false, which it has
 // reported, ends the edit.
 //     write: bool(Rewrite& rewrite, const BlockNumbers& blocks)
 template <class Write>
 bool EditDatabase(std::wstring& path, const EditOptions& options, MessageNumber status,
                   Write write) {
+    const BlockNumbers* list = options.listed;
     const bool isDone = RepeatUntilUnchanged(path, [&] {
         Rewrite rewrite;
         BlockNumbers blocks;
         rewrite.keepBackup = options.keepBackup;
         if (!OpenWritableDatabase(rewrite, path, options.ask)) return RewriteEnd::kFailed;
         ReportStatus(status, {path});
-        rewrite.progress.total *= 2;  // the numbers first
-        if (!ReadNumbersOrReport(rewrite.reader, path, blocks)) return RewriteEnd::kFailed;
+        const BlockNumbers* const listed = std::exchange(list, nullptr);
+        if (listed != nullptr && listed->stamp == rewrite.stamp) {
+            blocks = *listed;
+        } else {
+            rewrite.progress.total *= 2;  // the numbers first
+            if (!ReadNumbersOrReport(rewrite.reader, path, blocks)) return RewriteEnd::kFailed;
+        }
         if (write(rewrite, blocks)) return FinishRewrite(rewrite);
         AbandonRewrite(rewrite);
         return RewriteEnd::kFailed;
@@ -106,13 +112,11 @@ bool EditDatabase(std::wstring& path, const EditOptions& options, MessageNumber 
 
 // ---- Steps that the edits share ----------------------------------------------------------------
 
-// The number that the first of `count` new models gets; 0, and reported, when there are not as
-// many.
 int32_t NextNumberOrReport(const BlockNumbers& blocks, const std::wstring& path, size_t count) {
-    const bool isThere =
-        blocks.next != 0 && count - 1 <= static_cast<size_t>(INT32_MAX - blocks.next);
+    const int32_t next = NextNumber(blocks);
+    const bool isThere = next != 0 && count - 1 <= static_cast<size_t>(INT32_MAX - next);
     if (!isThere) ReportNoNumberLeft(path);
-    return isThere ? blocks.next : 0;
+    return isThere ? next : 0;
 }
 
 // Marks the blocks of these numbers. False, and reported, where a number does not lead to one
@@ -164,24 +168,25 @@ bool HaveCollided(const std::vector<int32_t>& numbers, const std::vector<int32_t
 }
 
 // Copies the blocks that stay, with their new numbers. The reader is at the first marker.
-void CopyLowered(Rewrite& rewrite, const std::vector<int32_t>& numbers,
-                 const std::vector<bool>& hasGone) {
+void CopyLowered(Rewrite& rewrite, const BlockNumbers& blocks, const std::vector<bool>& hasGone) {
+    const std::vector<int32_t>& numbers = blocks.numbers;
     std::vector<int32_t> lowered = LoweredNumbers(numbers, hasGone, false);
     if (HaveCollided(numbers, lowered, hasGone)) lowered = LoweredNumbers(numbers, hasGone, true);
     const auto shiftOf = [&](size_t block) { return int64_t{lowered[block]} - numbers[block]; };
     for (size_t block = 0; block < numbers.size();) {
         const size_t first = block++;
+        BlockRun run{.known = &blocks, .first = first};
         if (hasGone[first]) {
-            // The comments before its marker stay, like those before any other.
-            CopyFileHead(rewrite.reader, rewrite.writer);
+            // To its marker: the comments before that stay, like those before any other.
+            run.mostBlocks = 0;
+            CopyBlocks(rewrite.reader, rewrite.writer, run);
             SkipBlock(rewrite.reader);
             continue;
         }
         while (block < numbers.size() && !hasGone[block] && shiftOf(block) == shiftOf(first)) {
             ++block;
         }
-        BlockRun run;
-        run.mostBlocks = static_cast<int>(block - first);
+        run.mostBlocks = block - first;
         run.shift = shiftOf(first);
         CopyBlocks(rewrite.reader, rewrite.writer, run);
     }
@@ -232,7 +237,7 @@ bool ReplaceBlock(std::wstring& path, int32_t number, const EditOptions& options
                   WriteBlock writeBlock) {
     bool wasNew = false;
     const auto write = [&](Rewrite& rewrite, const BlockNumbers& blocks) {
-        const bool isNew = number >= 1 && number == blocks.next;
+        const bool isNew = number >= 1 && number == NextNumber(blocks);
         if (wasNew && !isNew) {
             ReportMessage(kMsgModelChanged, {path});
             return false;
@@ -242,12 +247,14 @@ bool ReplaceBlock(std::wstring& path, int32_t number, const EditOptions& options
         BeginRewrite(rewrite, path);
         BlockRun before;
         before.stopBefore = number;
+        before.known = &blocks;
         CopyToBlock(rewrite.reader, rewrite.writer, before);
         writeBlock(rewrite.writer);
         if (isNew) return true;
         SkipBlock(rewrite.reader);
         SkipClosingComments(rewrite.reader, ClosingComments(WrittenTail(rewrite.writer)));
-        CopyBlocks(rewrite.reader, rewrite.writer, {});
+        CopyBlocks(rewrite.reader, rewrite.writer,
+                   {.known = &blocks, .first = IndexOf(blocks, number) + 1});
         return true;
     };
     return EditDatabase(path, options, kMsgWritingDatabase, write);
@@ -310,7 +317,7 @@ bool AppendBlock(std::wstring& path, const EditOptions& options, int32_t& number
                             number = NextNumberOrReport(blocks, path, 1);
                             if (number == 0) return false;
                             BeginRewrite(rewrite, path);
-                            CopyToBlock(rewrite.reader, rewrite.writer, {});
+                            CopyToBlock(rewrite.reader, rewrite.writer, {.known = &blocks});
                             return writeBlock(rewrite.writer);
                         });
 }
@@ -361,17 +368,18 @@ bool RenameModel(std::wstring& path, const ModelRename& rename) {
                         });
 }
 
-bool DeleteModels(const std::wstring& path, const std::vector<int32_t>& numbers, bool keepBackup) {
+bool DeleteModels(const std::wstring& path, const std::vector<int32_t>& numbers, bool keepBackup,
+                  const BlockNumbers* listed) {
     if (numbers.empty() || std::ranges::min(numbers) < 1) return false;
     std::wstring edited = path;
-    return EditDatabase(edited, {keepBackup, nullptr}, kMsgDeletingModel,
+    return EditDatabase(edited, {keepBackup, nullptr, listed}, kMsgDeletingModel,
                         [&](Rewrite& rewrite, const BlockNumbers& blocks) {
                             std::vector<bool> hasGone;
                             if (!MarkBlocks(blocks, numbers, path, hasGone)) return false;
                             BeginRewrite(rewrite, path);
                             SeekLine(rewrite.reader, 0);
                             CopyFileHead(rewrite.reader, rewrite.writer);
-                            CopyLowered(rewrite, blocks.numbers, hasGone);
+                            CopyLowered(rewrite, blocks, hasGone);
                             return true;
                         });
 }
@@ -383,7 +391,7 @@ bool DeleteModel(const std::wstring& path, int32_t number, bool keepBackup) {
 int32_t NextModelNumber(const std::wstring& path) {
     TextReader reader;
     if (!OpenText(reader, path)) return 0;
-    const int32_t next = ReadBlockNumbers(reader).next;
+    const int32_t next = NextNumber(ReadBlockNumbers(reader));
     return reader.error == kErrorNone ? next : 0;
 }
 
@@ -412,7 +420,7 @@ int32_t CopyAllModels(std::wstring& path, const std::vector<ModelCopy>& copies) 
         const int32_t first = NextNumberOrReport(blocks, path, copies.size());
         if (first == 0) return false;
         BeginRewrite(rewrite, path);
-        CopyToBlock(rewrite.reader, rewrite.writer, {});
+        CopyToBlock(rewrite.reader, rewrite.writer, {.known = &blocks});
         last = first - 1;
         return std::ranges::all_of(copies, [&](const ModelCopy& copy) {
             const std::wstring newName = Trim(copy.newName);

@@ -29,6 +29,8 @@ struct EditOptions {
     bool keepBackup = false;  // the old text is copied to BackupPath(path) (files/paths.h) first
     AskForDatabase ask =
         nullptr;  // null, and a cancelled question, end the edit of a read-only file
+    // The blocks as a list found them: while the file has the list's stamp, it is read only once.
+    const BlockNumbers* listed = nullptr;
 };
 
 // A block is known by its number, from 1 on. A number that no block has is reported (1011), one
@@ -46,7 +48,8 @@ bool ReplaceBulkheadArrangement(std::wstring& path, BulkheadArrangement& arrange
 // them, for each one that is smaller, 1; where numbers are out of order and two blocks would then
 // have one number, from every such number of the file. A number below 1 does nothing. Message 603
 // meanwhile. True when the file is without the models.
-bool DeleteModels(const std::wstring& path, const std::vector<int32_t>& numbers, bool keepBackup);
+bool DeleteModels(const std::wstring& path, const std::vector<int32_t>& numbers, bool keepBackup,
+                  const BlockNumbers* listed = nullptr);
 bool DeleteModel(const std::wstring& path, int32_t number, bool keepBackup);
 
 struct ModelRename {

@@ -159,7 +159,6 @@ bool RequireDatabaseFile(const std::wstring& path) {
 BlockNumbers ReadBlockNumbers(TextReader& reader) {
     const std::string marker = GetMessageBytes(kMsgModelMarker);
     BlockNumbers blocks;
-    int64_t highest = 0;
     SeekLine(reader, 0);
     while (FindLine(reader, marker)) {
         blocks.offsets.push_back(LinePosition(reader));
@@ -167,17 +166,25 @@ BlockNumbers ReadBlockNumbers(TextReader& reader) {
         ReadLine(reader, line);
         const bool hasNumber = ReadBlockLine(reader, marker, line);
         blocks.numbers.push_back(hasNumber ? LeadingInteger(line) : 0);
-        highest = std::max<int64_t>(highest, blocks.numbers.back());
     }
-    const int64_t next = std::max(static_cast<int64_t>(blocks.numbers.size()), highest) + 1;
-    if (next <= INT32_MAX) blocks.next = static_cast<int32_t>(next);
     return blocks;
 }
 
-BlockPlace PlaceOf(const BlockNumbers& blocks, int32_t number, const system::FileStamp& stamp) {
+int32_t NextNumber(const BlockNumbers& blocks) {
+    auto highest = static_cast<int64_t>(blocks.numbers.size());
+    for (const int32_t number : blocks.numbers) highest = std::max<int64_t>(highest, number);
+    return highest < INT32_MAX ? static_cast<int32_t>(highest + 1) : 0;
+}
+
+size_t IndexOf(const BlockNumbers& blocks, int32_t number) {
     const auto found = std::ranges::find(blocks.numbers, number);
-    if (found == blocks.numbers.end()) return number;
-    return {number, blocks.offsets[static_cast<size_t>(found - blocks.numbers.begin())], stamp};
+    return static_cast<size_t>(found - blocks.numbers.begin());
+}
+
+BlockPlace PlaceOf(const BlockNumbers& blocks, int32_t number, const system::FileStamp& stamp) {
+    const size_t index = IndexOf(blocks, number);
+    if (index == blocks.numbers.size()) return number;
+    return {number, blocks.offsets[index], stamp};
 }
 
 bool RequireOneBlock(const BlockNumbers& blocks, int32_t number, const std::wstring& path) {

@@ -73,12 +73,15 @@ bool RequireDatabaseFile(const std::wstring& path);
 struct BlockNumbers {
     std::vector<int32_t> numbers;  // by block; 0 where a block has none
     std::vector<int64_t> offsets;  // by block: of its marker
-    // A number that no block has: the larger of the count of the blocks and the highest number,
-    // plus 1; 0 where that is beyond 32 bits.
-    int32_t next = 0;
+    system::FileStamp stamp;       // where a list has them: of the file that was listed
 };
+// A number that no block has: the larger of the count of the blocks and the highest number, plus 1;
+// 0 where that is beyond 32 bits.
+int32_t NextNumber(const BlockNumbers& blocks);
 // Reads them from the start of the file on; as far as it can be read.
 BlockNumbers ReadBlockNumbers(TextReader& reader);
+// Which block is the first one of this number; the count of the blocks where none is.
+size_t IndexOf(const BlockNumbers& blocks, int32_t number);
 // Where the first block of this number is in the file with this stamp; the number alone where no
 // block has it.
 BlockPlace PlaceOf(const BlockNumbers& blocks, int32_t number, const system::FileStamp& stamp);

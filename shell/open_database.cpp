@@ -248,6 +248,16 @@ void ReadShipRecordAgain(NoBlock noBlock) {
     }
 }
 
+BlockNumbers ListedBlocks() {
+    BlockNumbers blocks;
+    for (const ModelRow& row : shell.database.rows) {
+        blocks.numbers.push_back(row.tag);
+        blocks.offsets.push_back(row.offset);
+        blocks.stamp = row.stamp;
+    }
+    return blocks;
+}
+
 void SetCurrentModel(int32_t number) {
     shell.database.currentModel = number;
 }

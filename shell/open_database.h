@@ -58,6 +58,9 @@ void AdoptShipRecord(const BasicShipData& bsd);
 // Reads the ship record again. While the file cannot be read the record stays as it is.
 void ReadShipRecordAgain(NoBlock noBlock = NoBlock::kWarns);
 
+// The blocks of the models as they were listed last.
+BlockNumbers ListedBlocks();
+
 void SetCurrentModel(int32_t number);
 // The database's last model becomes the current one.
 void SelectLastModelNext();

@@ -30,8 +30,11 @@ void CopyCurrentModel(const ModelEntry& model, const std::wstring& name) {
     SetBusyPointer();
     const EditName edit(FormatMessage(kMsgCopyOf, {model.name}));
     std::wstring path = shell.database.path;
-    const int32_t copy = CopyModel(
-        path, {shell.database.currentModel, model.kind, name, {true, AskForWritableDatabase}});
+    const BlockNumbers listed = ListedBlocks();
+    const int32_t copy = CopyModel(path, {shell.database.currentModel,
+                                          model.kind,
+                                          name,
+                                          {true, AskForWritableDatabase, &listed}});
     if (copy != 0) {
         if (path != shell.database.path) ContinueInWritableFile(path);
         SetCurrentModel(copy);
@@ -73,7 +76,8 @@ void RemoveCurrentModel(const ModelEntry& model) {
     SetBusyPointer();
     const EditName edit(FormatMessage(kMsgDeleteOf, {model.name}));
     const bool keepBackup = KeepsBackupOnRemoval();
-    if (DeleteModel(shell.database.path, shell.database.currentModel, keepBackup)) {
+    const BlockNumbers listed = ListedBlocks();
+    if (DeleteModels(shell.database.path, {shell.database.currentModel}, keepBackup, &listed)) {
         DeselectModel();
         RefreshMainWindow();
     }
