@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "files/paths.h"
+#include "files/progress.h"
 #include "platform/patience.h"
 #include "report/reporters.h"
 #include "text/text.h"
@@ -20,13 +21,17 @@ constexpr size_t kCopyBufferSize = 64 * 1024;
 
 ErrorNumber CopyOpenFile(system::File from, system::File to) {
     const auto buffer = std::make_unique<char[]>(kCopyBufferSize);
-    while (true) {
-        size_t count = 0;
-        ErrorNumber error = system::ReadBytes(from, buffer.get(), kCopyBufferSize, count);
-        if (error != kErrorNone || count == 0) return error;
-        error = system::WriteBytes(to, buffer.get(), count);
-        if (error != kErrorNone) return error;
+    system::FileStamp stamp;
+    ErrorNumber error = system::GetFileStamp(from, stamp);
+    Progress progress(stamp.size);
+    size_t count = 1;
+    while (error == kErrorNone && count > 0) {
+        error = system::ReadBytes(from, buffer.get(), kCopyBufferSize, count);
+        if (error == kErrorNone) error = system::WriteBytes(to, buffer.get(), count);
+        const auto done = static_cast<int64_t>(count);
+        if (error == kErrorNone && !Advance(progress, done)) error = system::kErrorCancelled;
     }
+    return error;
 }
 
 // Fills the empty file `copy` from `source` and sees to it that the disk has it.
@@ -261,7 +266,8 @@ ReplaceResult PutLinkOrCopy(const std::wstring& source, const std::wstring& targ
     return result;
 }
 
-ReplaceResult PutCopy(const std::wstring& source, const std::wstring& target, TargetKind kind) {
+ReplaceResult PutCopy(const std::wstring& source, const std::wstring& target, TargetKind kind,
+                      const LastLook& lastLook) {
     ReplaceResult result;
     result.target = system::AbsolutePath(target);
     result.newText = source;
@@ -272,6 +278,7 @@ ReplaceResult PutCopy(const std::wstring& source, const std::wstring& target, Ta
     std::wstring copy;
     result.error = CopyBeside(source, result.target, copy);
     if (result.Done() && status.exists) result.error = system::CopyAttributes(result.target, copy);
+    if (result.Done() && lastLook) result.error = lastLook(copy);
     if (result.Done())
         status.exists ? PutInPlaceOfOld(copy, nullptr, result) : PutInNewPlace(copy, result);
     if (!result.Done() && !copy.empty()) RemoveOrTell(copy, result);

@@ -2,6 +2,7 @@
 // the debug report (report/messages.h), and the result is the neutral one.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/system.h"
@@ -88,14 +89,18 @@ ReplaceResult PutInPlace(const std::wstring& newText, const std::wstring& target
 ReplaceResult PutLinkOrCopy(const std::wstring& source, const std::wstring& target);
 
 // As ReplaceFile, but `source`, another file, stays: a copy of its text takes the place of
-// `target`. kNew: a target that is there is left alone (kErrorFileExists).
+// `target`. kNew: a target that is there is left alone (kErrorFileExists). The user sees how far the
+// copy is, and can cancel it (kErrorCancelled). `lastLook` is called when the copy is whole, just
+// before the rename; an error of it is the result, and the target stays.
 enum class TargetKind { kAny, kNew };
+using LastLook = std::function<system::ErrorNumber(const std::wstring& copy)>;
 ReplaceResult PutCopy(const std::wstring& source, const std::wstring& target,
-                      TargetKind kind = TargetKind::kAny);
+                      TargetKind kind = TargetKind::kAny, const LastLook& lastLook = nullptr);
 
 // Copies the text of `source` to a file that this run makes, or fills again, and makes sure that
 // the disk has it. Nobody writes into the source meanwhile; who does already is waited for, about a
-// second. After a failure there may be a part of the copy.
+// second. The user sees how far it is, and can cancel it (kErrorCancelled). After a failure there
+// may be a part of the copy.
 system::ErrorNumber CopyToNewFile(const std::wstring& source, const std::wstring& copy);
 
 // Makes the drive of `path`, and then its folder, the current ones; "" is the root of the current

@@ -36,7 +36,7 @@ struct TextVersion {
     std::wstring time;      // when it was replaced: TimeText
     std::wstring user;      // by whom
     std::wstring what;      // by what: "Delete of 'Hold 3'"; of kUndo, the edit that was undone
-    int32_t models = 0;     // number of its models
+    int32_t models = 0;     // number of its models; -1: not known
     system::FileStamp old;  // of the database when it had this text
     system::FileStamp now;  // of the database with the text that came instead
     int64_t kept = 0;       // last write of the version's own file

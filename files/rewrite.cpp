@@ -3,6 +3,7 @@
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "files/read_fault.h"
+#include "platform/patience.h"
 #include "report/reporters.h"
 #include "text/text.h"
 
@@ -17,24 +18,20 @@ void ReportLeftOver(const std::wstring& path) {
     if (!path.empty()) ReportMessage(kMsgFileNotRemoved, {path});
 }
 
-bool ReportNoBackup(const Rewrite& rewrite, const std::wstring& reason, ErrorNumber error) {
-    ReportMessage(kMsgBackupNotWritten, {BackupPath(rewrite.target), rewrite.target, reason,
-                                         rewrite.newText, RemedyOf(error)});
-    return false;
-}
-
-// Gives the target's text, if there is one, the backup's name, too. A failure is reported.
-bool KeepBackup(const Rewrite& rewrite) {
-    if (!rewrite.isTargetThere) return true;
+// Gives the target's text the backup's name, too. A failure is reported.
+ErrorNumber KeepBackup(const Rewrite& rewrite) {
     const std::wstring path = BackupPath(rewrite.target);
     if (EqualsIgnoringCase(path, rewrite.target)) {
-        return ReportNoBackup(rewrite, GetMessage(kMsgBackupIsTheFile), kErrorNone);
+        ReportMessage(kMsgBackupNotWritten,
+                      {path, rewrite.target, GetMessage(kMsgBackupIsTheFile), rewrite.newText,
+                       RemedyOf(kErrorNone)});
+        return system::kErrorInvalidParameter;
     }
     const ReplaceResult backup = PutLinkOrCopy(rewrite.target, path);
     ReportReplacement(
         backup, kMsgBackupNotWritten,
         {path, rewrite.target, ReasonOf(backup.error), rewrite.newText, RemedyOf(backup.error)});
-    return backup.Done();
+    return backup.error;
 }
 
 // The old text's other names, its backup aside: an edit that ended halfway may have left that one.
@@ -62,12 +59,24 @@ void DropVersion(const Rewrite& rewrite, const std::wstring& version) {
     if (now == rewrite.stamp) RemoveOwnFile(version);
 }
 
-RewriteEnd PutNewTextInPlace(Rewrite& rewrite) {
-    if (rewrite.keepBackup && !KeepBackup(rewrite)) return RewriteEnd::kFailed;
-    const std::wstring version = rewrite.isTargetThere ? keepOldText(rewrite) : std::wstring();
+// What keeps the old text beyond its replacement.
+ErrorNumber KeepOldText(const Rewrite& rewrite, std::wstring& version) {
+    if (!rewrite.isTargetThere) return kErrorNone;
+    const ErrorNumber error = keepOldText(rewrite, version);
+    return error == kErrorNone && rewrite.keepBackup ? KeepBackup(rewrite) : error;
+}
+
+RewriteEnd EndUnkept(Rewrite& rewrite, ErrorNumber error) {
+    if (error == system::kErrorCancelled) {
+        AbandonRewrite(rewrite);
+        ReportTextNotWritten(rewrite.target, error);
+    }
+    return RewriteEnd::kFailed;
+}
+
+RewriteEnd ReplaceOldText(Rewrite& rewrite) {
     const ReplaceResult result = PutInPlace(rewrite.newText, rewrite.target,
                                             rewrite.isTargetThere ? &rewrite.stamp : nullptr);
-    if (!result.Done()) DropVersion(rewrite, version);
     if (result.error == system::kErrorFileChanged) {
         AbandonRewrite(rewrite);
         return RewriteEnd::kChanged;
@@ -76,6 +85,15 @@ RewriteEnd PutNewTextInPlace(Rewrite& rewrite) {
         result, kMsgFileNotWritten,
         {rewrite.target, ReasonOf(result.error), rewrite.newText, RemedyOf(result.error)});
     return result.Done() ? RewriteEnd::kDone : RewriteEnd::kFailed;
+}
+
+RewriteEnd PutNewTextInPlace(Rewrite& rewrite) {
+    std::wstring version;
+    const ErrorNumber error = KeepOldText(rewrite, version);
+    const RewriteEnd end =
+        error == kErrorNone ? ReplaceOldText(rewrite) : EndUnkept(rewrite, error);
+    if (end != RewriteEnd::kDone) DropVersion(rewrite, version);
+    return end;
 }
 
 // Makes the empty file for the new text.
@@ -89,7 +107,7 @@ bool MakeNewText(Rewrite& rewrite) {
 
 }  // namespace
 
-OldTextKeeper keepOldText = [](const Rewrite&) { return std::wstring(); };
+OldTextKeeper keepOldText = [](const Rewrite&, std::wstring&) { return kErrorNone; };
 
 bool OpenOldText(Rewrite& rewrite, const std::wstring& path) {
     rewrite.target = system::LinkedFile(path);
@@ -143,6 +161,10 @@ RewriteEnd FinishRewrite(Rewrite& rewrite) {
         ReportMessage(kMsgFolderNotWritable, {rewrite.target, ErrorText(rewrite.folderError)});
         return RewriteEnd::kFailed;
     }
+    if (readError == system::kErrorFileChanged) {
+        AbandonRewrite(rewrite);
+        return RewriteEnd::kChanged;
+    }
     const ErrorNumber error = readError != kErrorNone ? readError : rewrite.writer.error;
     if (error == kErrorNone) return PutNewTextInPlace(rewrite);
     AbandonRewrite(rewrite);
@@ -150,9 +172,32 @@ RewriteEnd FinishRewrite(Rewrite& rewrite) {
     return RewriteEnd::kFailed;
 }
 
+ReplaceResult ReplaceByCopy(const std::wstring& source, const std::wstring& target,
+                            TargetKind kind) {
+    Rewrite rewrite;
+    LookAtTarget(rewrite, target);
+    system::File held;
+    ReplaceResult result;
+    result.error = OpenPatiently(source, held);
+    if (system::IsLocked(result.error)) {
+        ReportMessage(kMsgSourceHeld, {source, target, HoldersOf(source)});
+        return result;
+    }
+    std::wstring version;
+    const auto keep = [&](const std::wstring& copy) {
+        rewrite.newText = copy;
+        return KeepOldText(rewrite, version);
+    };
+    result = PutCopy(source, rewrite.target, kind, keep);
+    system::CloseFile(held);
+    if (!result.Done()) DropVersion(rewrite, version);
+    ReportReplacement(result, kMsgFileNotMade, {target, ReasonOf(result.error)});
+    return result;
+}
+
 void ReportTextNotWritten(const std::wstring& target, ErrorNumber error) {
     if (error == system::kErrorCancelled) return ReportNote(kMsgCancelled, {target});
-    if (error != system::kErrorSharingViolation && error != system::kErrorLockViolation) {
+    if (!system::IsLocked(error)) {
         ReportMessage(kMsgTextNotWritten, {target, ErrorText(error)});
         return;
     }
@@ -163,6 +208,8 @@ void ReportReplacement(const ReplaceResult& result, int32_t failure, MessageArgu
     if (!result.oldText.empty()) {
         ReportMessage(kMsgFileTakenAway,
                       {result.target, ReasonOf(result.error), result.oldText, result.newText});
+    } else if (result.error == system::kErrorCancelled) {
+        ReportNote(kMsgCancelled, {result.target});
     } else if (!result.Done()) {
         ReportMessage(failure, arguments);
     }

@@ -43,27 +43,33 @@ void BeginRewrite(Rewrite& rewrite, const std::wstring& path);
 enum class TextSource { kVersion, kCopy };
 void BeginRestoring(Rewrite& rewrite, const std::wstring& source, TextSource kind);
 
-// Takes the old text of a rewrite into the history, just before the new one replaces it, and gives
-// the name of the file that has it then; empty: none. A failure hinders nothing. Whoever keeps a
-// history sets it at start.
-using OldTextKeeper = std::wstring (*)(const Rewrite& rewrite);
+// Takes the old text of a rewrite into the history, just before the new one replaces it; `version`
+// becomes the name of the file that has it then; empty: none. A failure hinders nothing and is no
+// error here; kErrorCancelled when the user has cancelled. Whoever keeps a history sets it at start.
+using OldTextKeeper = system::ErrorNumber (*)(const Rewrite& rewrite, std::wstring& version);
 extern OldTextKeeper keepOldText;
 
 enum class RewriteEnd {
     kDone,    // the file has the new text
     kFailed,  // reported; the file has the old text
-    kChanged  // another program has changed the file meanwhile; nothing is reported, nothing is
-              // left
+    // Another program has changed the file meanwhile, or the reader's error says that it is not as
+    // it was known (kErrorFileChanged); nothing is reported, nothing is left.
+    kChanged
 };
 
-// Puts the new text in the target's place, and first, when a backup is kept, the old text under the
-// name BackupPath(target), too, instead of an older backup. Then the history gets the old text
-// (keepOldText). Closes both texts.
+// Puts the new text in the target's place. First the history gets the old text (keepOldText); then,
+// when a backup is kept, the old text gets the name BackupPath(target), too, instead of an older
+// backup. Closes both texts.
 //
 // On failure the target is as it was, and the user is informed: the new text is kept when it is
 // whole (message 3500; 3505 when it was the backup that failed), and removed (3504) when not. No
 // text is made when the folder takes no new file (3612).
 RewriteEnd FinishRewrite(Rewrite& rewrite);
+
+// Puts a copy of the file `source`, which stays, at `target`, as PutCopy does; the history gets the
+// text that it replaces. Nobody writes into the source meanwhile. A failure is reported.
+ReplaceResult ReplaceByCopy(const std::wstring& source, const std::wstring& target,
+                            TargetKind kind);
 
 // Ends a rewrite that is not to be: the target is as it was, the new text goes. Nothing happens to
 // one that was not begun.

@@ -243,6 +243,9 @@
     X(kMsgCopySaved, 3711)              \
     X(kMsgHistoryNotRead, 3712)         \
     X(kMsgNoSuchStep, 3713)             \
+    X(kMsgSourceHeld, 3714)             \
+    X(kMsgReplacementBy, 3715)          \
+    X(kMsgReplacementByNew, 3716)       \
     X(kMsgCancelled, 3730)              \
     X(kMsgReadingCancelled, 3731)       \
     X(kMsgLeftOvers, 3740)              \

@@ -48,11 +48,18 @@ std::wstring UserName() {
     return system::WideFromAnsi(buffer.data());
 }
 
+// The models of the text with this stamp, as the list has them; -1 when it has another text.
+int32_t ModelsOf(const FileStamp& stamp) {
+    const std::vector<ModelRow>& rows = shell.database.rows;
+    const bool isListed = !rows.empty() && rows.front().stamp == stamp;
+    return isListed ? static_cast<int32_t>(rows.size()) : -1;
+}
+
 VersionToKeep NewVersion(const std::wstring& path, const FileStamp& old, const FileStamp& now) {
     VersionToKeep toKeep;
     toKeep.path = path;
     toKeep.version.user = UserName();
-    toKeep.version.models = static_cast<int32_t>(shell.database.rows.size());
+    toKeep.version.models = ModelsOf(old);
     toKeep.version.old = old;
     toKeep.version.now = now;
     toKeep.limits = shell.history.limits;
@@ -60,11 +67,10 @@ VersionToKeep NewVersion(const std::wstring& path, const FileStamp& old, const F
 }
 
 // A command that goes on with what it has written itself adds no version.
-std::wstring KeepOldText(const Rewrite& rewrite) {
+system::ErrorNumber KeepOldText(const Rewrite& rewrite, std::wstring& file) {
     EditHistory& history = shell.history;
-    std::wstring file;
     FileStamp now;
-    if (history.edit.empty()) return file;
+    if (history.edit.empty()) return kErrorNone;
     history.error = system::GetFileStamp(rewrite.newText, now);
     if (history.error == kErrorNone && history.isKept && history.last == rewrite.stamp) {
         history.error = NoteNewStamp(rewrite.target, rewrite.stamp, now);
@@ -78,7 +84,9 @@ std::wstring KeepOldText(const Rewrite& rewrite) {
         history.isKept = history.error == kErrorNone;
     }
     history.last = now;
-    return file;
+    if (history.error != system::kErrorCancelled) return kErrorNone;
+    history.error = kErrorNone;  // there is no change that has no history
+    return system::kErrorCancelled;
 }
 
 // The open database's history and stamp, and the steps that they give.
@@ -251,7 +259,7 @@ std::span<const VersionColumn> VersionColumns() {
         {L"Before", L"Changes by SectInput (Section 'Frame 52')", false, NameOfChange},
         {L"User", L"a user's name", false, [](const TextVersion& v) { return v.user; }},
         {L"Models", L"Models", true,
-         [](const TextVersion& v) { return std::to_wstring(v.models); }},
+         [](const TextVersion& v) { return v.models < 0 ? L"" : std::to_wstring(v.models); }},
         {L"Size", L"100,000 KB", true, SizeText},
     };
     return kColumns;
@@ -275,7 +283,8 @@ void SaveVersionAs(const std::wstring& path, const TextVersion& version) {
                                                         CleanFileName(version.time) + L".ve2",
                                             .directory = shell.settings.BrowseDirectory,
                                             .toSave = true});
-    if (target.empty() || !RequireOtherFile(target) || !PutFile(version.file, target)) return;
+    const std::wstring edit = FormatMessage(kMsgReplacementBy, {FileNameOf(path)});
+    if (target.empty() || !RequireOtherFile(target) || !PutFile(version.file, target, edit)) return;
     ReportNote(kMsgCopySaved, {target});
 }
 

@@ -82,7 +82,8 @@ bool Convert(Conversion& conversion) {
     ChangeToDirectory(shell.settings.WorkDirectory);
     const std::wstring path = system::AbsolutePath(baseName + L".ve2");
     if (!ConfirmWriting(path)) return false;
-    const bool isWritten = MakeFile(path, [&](std::wstring temporary) {
+    const std::wstring edit = FormatMessage(kMsgReplacementBy, {FileNameOf(legacyPath)});
+    const bool isWritten = MakeFile(path, edit, [&](std::wstring temporary) {
         return CreateDatabaseFile(temporary, bsd) && AppendSections(conversion, temporary);
     });
     if (isWritten) AdoptDatabase(LowerCase(path), bsd);
@@ -116,7 +117,7 @@ void OpenLegacyDatabase(std::wstring path) {
 }
 
 bool SaveAsLegacyDatabase(const std::wstring& path) {
-    return MakeFile(path, [&](const std::wstring& temporary) {
+    return MakeFile(path, L"", [&](const std::wstring& temporary) {
         return ExportDatabase(shell.database.path, temporary, path);
     });
 }

@@ -38,7 +38,7 @@ struct Import {
 
 // The backup is made with the first model, so that it holds what was there before.
 EditOptions OptionsOf(const Import& import) {
-    return {import.appended == 0, AskForWritableDatabase};
+    return {import.appended == 0, AskForWritableDatabase, nullptr};
 }
 
 AppendResult AppendLegacySection(Import& import, int32_t number) {

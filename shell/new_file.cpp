@@ -4,6 +4,7 @@
 #include "files/rewrite.h"
 #include "platform/system.h"
 #include "report/reporters.h"
+#include "shell/edit_history.h"
 
 namespace corvane {
 namespace {
@@ -15,19 +16,15 @@ TargetKind KindOfTarget(const std::wstring& path) {
     return status.exists ? TargetKind::kAny : TargetKind::kNew;
 }
 
-ReplaceResult Put(const std::wstring& source, const std::wstring& target, TargetKind kind) {
-    ReplaceResult result = PutCopy(source, target, kind);
-    ReportReplacement(result, kMsgFileNotMade, {target, ReasonOf(result.error)});
-    return result;
-}
-
 }  // namespace
 
-bool PutFile(const std::wstring& source, const std::wstring& target) {
-    return IsSameFile(source, target) || Put(source, target, KindOfTarget(target)).Done();
+bool PutFile(const std::wstring& source, const std::wstring& target, const std::wstring& edit) {
+    if (IsSameFile(source, target)) return true;
+    const EditName name(edit);
+    return ReplaceByCopy(source, target, KindOfTarget(target)).Done();
 }
 
-bool MakeFile(const std::wstring& target,
+bool MakeFile(const std::wstring& target, const std::wstring& edit,
               const std::function<bool(const std::wstring& temporary)>& make) {
     const TargetKind kind = KindOfTarget(target);
     std::wstring temporary;
@@ -39,7 +36,10 @@ bool MakeFile(const std::wstring& target,
     }
     ReplaceResult result;
     const bool isMade = make(temporary);
-    if (isMade) result = Put(temporary, target, kind);
+    if (isMade) {
+        const EditName name(edit);
+        result = ReplaceByCopy(temporary, target, kind);
+    }
     if (result.oldText.empty() && RemoveOwnFile(temporary) != system::kErrorNone) {
         ReportMessage(kMsgFileNotRemoved, {temporary});
     }

@@ -8,13 +8,14 @@
 namespace corvane {
 
 // Puts a copy of `source` at `target`; a copy onto itself is there already. A failure is reported.
-// A target that was not there, and that somebody makes meanwhile, stays: that is a failure.
-bool PutFile(const std::wstring& source, const std::wstring& target);
+// A target that was not there, and that somebody makes meanwhile, stays: that is a failure. The
+// history keeps the text of an old one under the name `edit`; empty: it is no database.
+bool PutFile(const std::wstring& source, const std::wstring& target, const std::wstring& edit);
 
 // Has `make` write an empty file of a temporary name, and puts it at `target`, as PutFile does.
 // False when `make` says so, which then has reported it, and when the file cannot be put there,
 // which is reported here. The temporary file goes, unless it is all that is left (message 3507).
-bool MakeFile(const std::wstring& target,
+bool MakeFile(const std::wstring& target, const std::wstring& edit,
               const std::function<bool(const std::wstring& temporary)>& make);
 
 }  // namespace corvane

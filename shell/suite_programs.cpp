@@ -154,6 +154,10 @@ bool RunProgram(ProgramRun& run, int32_t model) {
     run.wasReadOnly = status.isReadOnly;
     run.kept = KeepBeforeRun(FormatMessage(
         kMsgChangesBy, {StripExtension(FileNameOf(run.program)), WorkOf(run, model)}));
+    if (run.kept.error == system::kErrorCancelled) {
+        ReportNote(kMsgCancelled, {shell.database.path});
+        return false;
+    }
     run.modified = DatabaseStatus().modified;
     WriteRunningMark(run.program, shell.database.path);
     run.result = RunAndWait(commandLine);

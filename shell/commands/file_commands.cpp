@@ -32,6 +32,11 @@ std::wstring BaseNameOf(const std::wstring& path) {
     return StripExtension(FileNameOf(path));
 }
 
+// The name of the edit that puts a copy of a database in the place of another one.
+std::wstring EditOf(const std::wstring& source) {
+    return FormatMessage(kMsgReplacementBy, {FileNameOf(source)});
+}
+
 // The prompt's types: the described patterns after the catalogue's word for databases, then
 // legacy databases.
 std::wstring TypesToOpen() {
@@ -52,7 +57,9 @@ bool OfferCopy(std::wstring& path, BasicShipData& bsd) {
                                           .proposed = baseName + L".ve2",
                                           .directory = shell.settings.WorkDirectory,
                                           .toSave = true});
-    if (copy.empty() || !RequireOtherFile(copy) || !PutFile(path, copy)) return false;
+    if (copy.empty() || !RequireOtherFile(copy) || !PutFile(path, copy, EditOf(path))) {
+        return false;
+    }
     if (LowerCase(baseName) == kOldDefaultName) {
         bsd.Titles(5).Assign(CleanFileName(DirectoryOf(path)));
         SaveBsdToDatabase(copy, bsd);
@@ -81,8 +88,10 @@ void ME_FileNew_Click() {
                                           .toSave = true});
     if (path.empty() || !RequireOtherFile(path)) return;
     BasicShipData bsd = NewBasicShipData(UpperCase(BaseNameOf(path)));
-    const bool isMade = MakeFile(
-        path, [&bsd](const std::wstring& temporary) { return CreateDatabaseFile(temporary, bsd); });
+    const auto create = [&bsd](const std::wstring& temporary) {
+        return CreateDatabaseFile(temporary, bsd);
+    };
+    const bool isMade = MakeFile(path, GetMessage(kMsgReplacementByNew), create);
     if (isMade) ShowDatabase(path, bsd);
 }
 
@@ -120,7 +129,7 @@ void ME_FileSaveAs_Click() {
                                           .proposed = BaseNameOf(source) + L".ve2",
                                           .directory = shell.settings.BrowseDirectory,
                                           .toSave = true});
-    if (path.empty() || !PutFile(source, path)) return;
+    if (path.empty() || !PutFile(source, path, EditOf(source))) return;
     ContinueInCopy(path);
     RefreshMainWindow();
 }

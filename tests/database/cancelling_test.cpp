@@ -9,6 +9,7 @@
 #include "bsd/bsd_file.h"
 #include "database/listing.h"
 #include "files/progress.h"
+#include "files/rewrite.h"
 #include "tests/database/editing_fixture.h"
 #include "tests/support/wrapped_system.h"
 
@@ -88,6 +89,53 @@ TEST_F(CancellingTest, SavedShipData) {
     BasicShipData bsd;
     bsd.MainData(1) = 180;
     ExpectCancelledEverywhere([&] { return SaveBsdToDatabase(path, bsd); });
+}
+
+// The backup is then a copy, which takes long, too.
+TEST_F(CancellingTest, ADeletionWhoseBackupIsACopy) {
+    const test::NoLinks volume;
+    const test::SlowSystem system;
+    const std::wstring backup = folder.File(L"ship.bak");
+    for (int time = 1;; ++time) {
+        test::WriteFileBytes(backup, "an older backup");
+        RecordedReports::timesShown = 0;
+        RecordedReports::cancelAt = time;
+        const bool isDone = DeleteModel(path, 3, true);
+        if (RecordedReports::timesShown < time) {
+            EXPECT_TRUE(isDone);
+            EXPECT_EQ(test::ReadFileBytes(backup), before);
+            EXPECT_GT(time, 6) << "it is shown for every buffer of the backup, too";
+            return;
+        }
+        ASSERT_FALSE(isDone) << time;
+        ASSERT_EQ(Text(), before) << time;
+        ASSERT_EQ(test::ReadFileBytes(backup), "an older backup") << time;
+        ASSERT_EQ(test::FilesIn(folder.path).size(), 2U) << time;
+        ASSERT_EQ(RecordedReports::Of("warning"), Events{}) << time;
+        ASSERT_EQ(RecordedReports::caption, FormatMessage(kMsgCancelled, {path})) << time;
+    }
+}
+
+TEST_F(CancellingTest, ACopyThatReplacesAFile) {
+    const test::SlowSystem system;
+    const std::wstring target = folder.File(L"copy.ve2");
+    test::WriteFileBytes(target, "an older file");
+    for (int time = 1;; ++time) {
+        RecordedReports::timesShown = 0;
+        RecordedReports::cancelAt = time;
+        const bool isDone = ReplaceByCopy(path, target, TargetKind::kAny).Done();
+        if (RecordedReports::timesShown < time) {
+            EXPECT_TRUE(isDone);
+            EXPECT_EQ(test::ReadFileBytes(target), before);
+            EXPECT_GT(time, 6);
+            return;
+        }
+        ASSERT_FALSE(isDone) << time;
+        ASSERT_EQ(test::ReadFileBytes(target), "an older file") << time;
+        ASSERT_EQ(test::FilesIn(folder.path).size(), 2U) << time;
+        ASSERT_EQ(RecordedReports::Of("warning"), Events{}) << time;
+        ASSERT_EQ(RecordedReports::caption, FormatMessage(kMsgCancelled, {target})) << time;
+    }
 }
 
 TEST_F(CancellingTest, AListHasAllModelsOrNone) {

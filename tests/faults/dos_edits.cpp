@@ -60,7 +60,7 @@ bool OpenDos(const std::wstring& path) {
 }
 
 bool SaveAs(const std::wstring& path) {
-    return PutFile(SourceOf(path), path);
+    return PutFile(SourceOf(path), path, L"");
 }
 
 Edit DosEdit(const char* name, bool (*run)(const std::wstring& path)) {

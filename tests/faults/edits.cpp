@@ -12,6 +12,7 @@
 #include "platform/ztutil32.h"
 #include "report/messages.h"
 #include "shell/edit_history.h"
+#include "shell/new_file.h"
 #include "shell/state.h"
 #include "tests/database/bulkhead_sample.h"
 #include "tests/database/sample_database.h"
@@ -243,6 +244,12 @@ bool Restore(const std::wstring& path) {
     return !choice.versions.empty() && RestoreVersion(choice);
 }
 
+// A copy of the source replaces the database.
+bool SaveAsWithHistory(const std::wstring& path) {
+    OpenInShell(path);
+    return PutFile(DirectoryOf(path) + kSourceName, path, L"Replacement by 'ship.vel'");
+}
+
 const std::string& DeletedDatabase() {
     static const std::string text = WithoutBlock(OldDatabase(), kSection);
     return text;
@@ -270,7 +277,12 @@ std::vector<Edit> HistoryEdits() {
     undo.prepare = restore.prepare = MakeDeleted;
     Edit redo = WithHistory("redo", Redo, Restored<DeletedDatabase>);
     redo.prepare = MakeUndone;
-    return {edit, undo, redo, restore};
+    undo.yields = redo.yields = restore.yields = true;
+    Edit saveAs = WithHistory("save_as_with_history", SaveAsWithHistory, nullptr);
+    saveAs.keepsBackup = false;
+    saveAs.oldText = DeletedDatabase;
+    saveAs.source = OldDatabase;
+    return {edit, undo, redo, restore, saveAs};
 }
 
 void CORVANE_STDCALL GiveName(char* buffer, int32_t size) {

@@ -26,6 +26,8 @@ struct Edit {
     // nothing fails.
     std::string (*expected)(const std::string& oldText) = nullptr;
     bool keepsText = true;  // in it is what the edit did not change of the old text
+    // What another program makes of the file meanwhile stays, and the edit is refused.
+    bool yields = false;
     // The file that it starts with.
     const std::string& (*oldText)() = OldDatabase;
     // Another file beside it, kSourceName, that is read; null: none.

@@ -264,14 +264,13 @@ TEST_F(HistoryTest, TextThatTheDatabaseHasIsNoStep) {
 
 // ---- The way of every edit ---------------------------------------------------------------------
 
-std::wstring KeepAll(const Rewrite& rewrite) {
+system::ErrorNumber KeepAll(const Rewrite& rewrite, std::wstring& file) {
     VersionToKeep toKeep;
     toKeep.path = rewrite.target;
     toKeep.version.old = rewrite.stamp;
     EXPECT_EQ(system::GetFileStamp(rewrite.newText, toKeep.version.now), kErrorNone);
-    std::wstring file;
     KeepVersion(toKeep, file);
-    return file;
+    return kErrorNone;
 }
 
 struct HistoryOfRewriteTest : HistoryTest {
@@ -299,11 +298,11 @@ TEST_F(HistoryOfRewriteTest, OldTextIsInTheHistoryWhenTheNewOneIsInPlace) {
 }
 
 TEST_F(HistoryOfRewriteTest, EditThatFailsLeavesNoVersion) {
-    keepOldText = [](const Rewrite& begun) {
-        std::wstring file = KeepAll(begun);
+    keepOldText = [](const Rewrite& begun, std::wstring& file) {
+        KeepAll(begun, file);
         EXPECT_TRUE(FileExists(file));
         EXPECT_EQ(system::RemoveFile(begun.newText), kErrorNone);
-        return file;
+        return kErrorNone;
     };
     Rewrite rewrite;
     BeginRewrite(rewrite, path);

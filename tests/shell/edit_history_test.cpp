@@ -284,6 +284,38 @@ TEST_F(EditHistoryTest, VersionIsSavedAsAnotherFile) {
     EXPECT_TRUE(OnlyWarning(Narrow(path)));
 }
 
+TEST_F(EditHistoryTest, DatabaseThatSaveAsReplacesIsKeptAsAVersionOfThatFile) {
+    const std::wstring other = Make(L"other.ve2", {kTorsion});
+    const std::string replaced = ReadFileBytes(other);
+    const FakePrompt prompt{other};
+    RunCommand(ME_FileSaveAs);
+    EXPECT_EQ(ReadFileBytes(other), Text());
+    EXPECT_EQ(UndoCaption(), "&Undo Replacement by 'ship.ve2'\tCtrl+Z");
+    RunCommand(ME_EditUndo);
+    EXPECT_EQ(ReadFileBytes(other), replaced);
+    EXPECT_TRUE(Versions().empty()) << "the copied database has no version of it";
+}
+
+TEST_F(EditHistoryTest, DatabaseThatANewOneReplacesIsKept) {
+    const std::wstring other = Make(L"other.ve2", {kTorsion});
+    const std::string replaced = ReadFileBytes(other);
+    const FakePrompt prompt{other};
+    RunCommand(ME_FileNew);
+    EXPECT_TRUE(shell.database.rows.empty());
+    EXPECT_EQ(UndoCaption(), "&Undo Replacement by a new database\tCtrl+Z");
+    RunCommand(ME_EditUndo);
+    EXPECT_EQ(ReadFileBytes(other), replaced);
+    EXPECT_EQ(shell.database.rows.size(), 1U);
+}
+
+TEST_F(EditHistoryTest, NumberOfModelsOfATextThatWasNotListedIsNotKnown) {
+    test::Append(path, test::ModelText(4, kTorsion));
+    Delete(1);
+    ASSERT_EQ(Versions().size(), 1U);
+    EXPECT_EQ(Versions()[0].models, -1);
+    EXPECT_EQ(VersionColumns()[3].text(Versions()[0]), L"");
+}
+
 // ---- No history --------------------------------------------------------------------------------
 
 TEST_F(EditHistoryTest, EditWithoutHistoryIsMadeAndTheStatusLineSaysSo) {

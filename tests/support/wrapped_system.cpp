@@ -10,10 +10,11 @@ namespace {
 int64_t readSoFar = 0;
 bool isSlow = false;
 int64_t passed_ms = 0;
+bool hasLinks = true;
 
 }  // namespace
 
-// The names that the linker gives to the two procedures and to what is called instead of them.
+// The names that the linker gives to the procedures and to what is called instead of them.
 extern "C" {
 ErrorNumber CORVANE_REAL_READ_BYTES(File file, void* bytes, size_t most, size_t& count);
 
@@ -29,6 +30,13 @@ int64_t CORVANE_WRAPPED_MILLISECONDS() {
     constexpr int64_t kSecond_ms = 1000;
     if (isSlow) passed_ms += kSecond_ms;
     return CORVANE_REAL_MILLISECONDS() + passed_ms;
+}
+
+ErrorNumber CORVANE_REAL_MAKE_LINK(const std::wstring& existing, const std::wstring& name);
+
+ErrorNumber CORVANE_WRAPPED_MAKE_LINK(const std::wstring& existing, const std::wstring& name) {
+    if (!hasLinks) return corvane::system::kErrorInvalidParameter;
+    return CORVANE_REAL_MAKE_LINK(existing, name);
 }
 }
 
@@ -46,6 +54,14 @@ SlowSystem::SlowSystem() {
 
 SlowSystem::~SlowSystem() {
     isSlow = false;
+}
+
+NoLinks::NoLinks() {
+    hasLinks = false;
+}
+
+NoLinks::~NoLinks() {
+    hasLinks = true;
 }
 
 }  // namespace corvane::test

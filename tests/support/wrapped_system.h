@@ -1,6 +1,6 @@
-// What the program reads, counted, and a system on which everything takes long. A program that uses
-// these is linked with corvane_wrap_system (tests/CMakeLists.txt): the linker then leads every call
-// of system::ReadBytes and system::Milliseconds through here.
+// What the program reads, counted; a system on which everything takes long; and volumes without
+// links. A program that uses these is linked with corvane_wrap_system (tests/CMakeLists.txt): the
+// linker then leads every call of system::ReadBytes, Milliseconds and MakeLink through here.
 #pragma once
 
 #include <cstdint>
@@ -22,6 +22,14 @@ struct SlowSystem {
     ~SlowSystem();
     SlowSystem(const SlowSystem&) = delete;
     SlowSystem& operator=(const SlowSystem&) = delete;
+};
+
+// While one of these lives, no volume has hard links.
+struct NoLinks {
+    NoLinks();
+    ~NoLinks();
+    NoLinks(const NoLinks&) = delete;
+    NoLinks& operator=(const NoLinks&) = delete;
 };
 
 }  // namespace corvane::test
