@@ -99,10 +99,8 @@ TEST_F(FilesTest, FileThatIsBeingWrittenIsShownWithoutABox) {
     EXPECT_TRUE(StatusBecomes(L"'ship.ve2' has changed and has been read again"));
 }
 
-TEST_F(FilesTest, RefreshReadsTheFileAgainAndGoesOnToListIt) {
-    TypeWithAlt('V');
-    ASSERT_TRUE(MenuIsOpen(true));
-    Type({'R'});
+TEST_F(FilesTest, F5ReadsTheFileAgain) {
+    Type({VK_F5});
     EXPECT_TRUE(StatusBecomes(L"'ship.ve2' has been read again"));
     EXPECT_EQ(Selected(), "Engine room, frame 30");
 }

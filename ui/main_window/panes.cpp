@@ -2,6 +2,7 @@
 
 #include "shell/rule_set.h"
 #include "ui/base/control_ids.h"
+#include "ui/main_window/start_pane.h"
 
 namespace corvane {
 namespace {
@@ -25,7 +26,9 @@ int PaneOf(HWND window, HWND control) {
 
 // Of the rule sets, the chosen one can have the focus without being chosen by it.
 HWND FirstControl(HWND window, int pane) {
-    const int id = kPanes[pane];
+    int id = kPanes[pane];
+    // Without a database, what is in the list's place.
+    if (id == LI_Sections && IsStartPaneShown(window)) id = BT_StartOpen;
     return GetDlgItem(window, id == OP_Rule ? OP_Rule + static_cast<int>(CurrentRuleSet()) : id);
 }
 
