@@ -1,5 +1,6 @@
 #include "platform/letter_case.h"
 
+#include <array>
 #include <clocale>
 #include <cwctype>
 
@@ -13,9 +14,17 @@ locale_t Unicode() {
 }
 
 std::wstring Mapped(std::wstring_view text, wint_t (*map)(wint_t, locale_t)) {
+    // The locale takes its time for each letter; most of them are these.
+    std::array<wchar_t, 128> ascii{};
+    for (size_t i = 0; i < ascii.size(); ++i) {
+        ascii[i] = static_cast<wchar_t>(map(static_cast<wint_t>(i), Unicode()));
+    }
     std::wstring result(text);
     for (wchar_t& letter : result) {
-        letter = static_cast<wchar_t>(map(static_cast<wint_t>(letter), Unicode()));
+        const auto code = static_cast<size_t>(letter);
+        letter = code < ascii.size()
+                     ? ascii[code]
+                     : static_cast<wchar_t>(map(static_cast<wint_t>(letter), Unicode()));
     }
     return result;
 }

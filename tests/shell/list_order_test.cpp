@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <numeric>
 #include <string>
 #include <vector>
@@ -72,6 +73,30 @@ TEST(ListOrder, EqualNamesKeepTheOrderOfTheFileUpAndDown) {
                                         Named(L"HOLD 7"), Named(L"A")};
     EXPECT_EQ(Up(rows, ListColumn::kName), (Indexes{4, 0, 1, 2, 3}));
     EXPECT_EQ(Down(rows, ListColumn::kName), (Indexes{1, 2, 3, 0, 4}));
+}
+
+// Enough names that they are not compared as whole texts.
+TEST(ListOrder, ManyNamesAreSortedLikeFew) {
+    std::vector<ModelRow> rows;
+    for (int i = 0; i < 3000; ++i) {
+        const int mixed = i * 1237 % 3000;
+        rows.push_back(Named((L"Hold " + std::to_wstring(mixed % 7) + L", frame " +
+                              std::to_wstring(mixed / 2) + (mixed % 3 == 0 ? L"" : L" aft"))
+                                 .c_str()));
+    }
+    for (const bool isDescending : {false, true}) {
+        const Indexes sorted = Sorted(rows, {ListColumn::kName, isDescending});
+        for (size_t i = 1; i < sorted.size(); ++i) {
+            const Indexes pair = {std::min(sorted[i - 1], sorted[i]),
+                                  std::max(sorted[i - 1], sorted[i])};
+            Indexes few = pair;
+            SortRows(rows, {ListColumn::kName, isDescending}, few);
+            EXPECT_EQ(few, (Indexes{sorted[i - 1], sorted[i]})) << i;
+        }
+        Indexes all = sorted;
+        std::ranges::sort(all);
+        for (size_t i = 0; i < all.size(); ++i) ASSERT_EQ(all[i], static_cast<int>(i));
+    }
 }
 
 TEST(ListOrder, NumbersOfZerosAreNumbers) {
