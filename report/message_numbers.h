@@ -255,6 +255,16 @@
     X(kMsgAllModels, 3751)              \
     X(kMsgOneModel, 3752)               \
     X(kMsgFilterCue, 3753)              \
+    X(kMsgSelectedModels, 3754)         \
+    X(kMsgDeleteQuestion, 3755)         \
+    X(kMsgCopyQuestion, 3756)           \
+    X(kMsgAndMore, 3757)                \
+    X(kMsgDeleteOfModels, 3758)         \
+    X(kMsgCopyOfModels, 3759)           \
+    X(kMsgOneModelOnly, 3760)           \
+    X(kMsgNoModelSelected, 3761)        \
+    X(kMsgNothingToUndo, 3762)          \
+    X(kMsgNothingToRedo, 3763)          \
     X(kMsgDatabaseOutOfSight, 3770)     \
     X(kMsgChangedByOthers, 3771)        \
     X(kMsgSelectedModelGone, 3772)      \

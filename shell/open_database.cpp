@@ -22,6 +22,7 @@ namespace {
 void ShowModel(const ModelRow& row) {
     shell.database.currentModel = row.tag;
     shell.database.currentOffset = row.offset;
+    shell.database.isModelShown = true;
     shell.database.isCurrentHidden = false;
     ShowInPreview(row);
     shell.view.setSectionMenuCaption(SectionMenuCaption(row.kind));
@@ -326,11 +327,23 @@ void SelectLine(int line) {
     ShowModel(RowOfLine(line));
 }
 
+void ShowSelection() {
+    const OpenDatabase& database = shell.database;
+    const int line = shell.view.selectedLine();
+    shell.view.setModelCount(ModelCountText());
+    if (line < 0) return DeselectModel();
+    const ModelRow& row = RowOfLine(line);
+    const bool isCurrent = row.offset == database.currentOffset && row.tag == database.currentModel;
+    if (!database.isModelShown || !isCurrent) return ShowModel(row);
+    shell.view.updateEnabling();
+}
+
 void ShowSelectedLineAgain() {
     if (IsLineSelected()) SelectLine(shell.view.selectedLine());
 }
 
 void DeselectModel() {
+    shell.database.isModelShown = false;
     ClearPreviewPane();
     shell.view.setSectionMenuCaption(MenuCaption(Menu::kSection));
     shell.view.showModelButtons(ModelKind::kSection);

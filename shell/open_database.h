@@ -31,6 +31,7 @@ struct OpenDatabase {
     int32_t currentModel = 0;
     // Where its block was when it was selected. It distinguishes rows that have one number.
     int64_t currentOffset = 0;
+    bool isModelShown = false;  // the current one, in the preview, the labels and the menu
     // No line is selected because none shows the current model; one is when the model is shown
     // again.
     bool isCurrentHidden = false;
@@ -96,6 +97,9 @@ void ShowLinesAgain();
 // A line of the list was clicked or reached by the keyboard: its model becomes the current one, and
 // preview, labels, buttons and the Section menu follow it.
 void SelectLine(int line);
+// What is selected has changed by more than that: several lines, or another one of them. The model
+// of the line that has the focus becomes the current one.
+void ShowSelection();
 // The selected line is shown again, after the preview was switched on or off.
 void ShowSelectedLineAgain();
 // No line is selected: preview and labels are empty, and the Section menu has its own name again.

@@ -15,6 +15,15 @@ bool BeginsWith(const std::wstring& name, std::wstring_view text) {
     return EqualsIgnoringCase(std::wstring_view(name).substr(0, text.size()), text);
 }
 
+// How many models are shown, and how many there are.
+std::wstring ShownText() {
+    const auto count = static_cast<int32_t>(shell.database.rows.size());
+    if (ReadFilter(shell.list.filter) != ListFilter()) {
+        return FormatMessage(kMsgSomeModels, {LineCount(), count});
+    }
+    return count == 1 ? GetMessage(kMsgOneModel) : FormatMessage(kMsgAllModels, {count});
+}
+
 }  // namespace
 
 void ArrangeLines() {
@@ -44,6 +53,15 @@ int LineOfRow(size_t row) {
     return line == shown.end() ? -1 : static_cast<int>(line - shown.begin());
 }
 
+std::vector<size_t> SelectedRows() {
+    std::vector<size_t> rows;
+    for (const int line : shell.view.selectedLines()) {
+        rows.push_back(static_cast<size_t>(shell.list.rows.at(static_cast<size_t>(line))));
+    }
+    std::ranges::sort(rows);
+    return rows;
+}
+
 int FindLine(std::wstring_view text, int first) {
     const int count = LineCount();
     for (int i = 0; i < count; ++i) {
@@ -67,11 +85,8 @@ void SetColumnWidths(const ColumnWidths& widths) {
 
 std::wstring ModelCountText() {
     if (!IsDatabaseOpen()) return {};
-    const auto count = static_cast<int32_t>(shell.database.rows.size());
-    if (ReadFilter(shell.list.filter) != ListFilter()) {
-        return FormatMessage(kMsgSomeModels, {LineCount(), count});
-    }
-    return count == 1 ? GetMessage(kMsgOneModel) : FormatMessage(kMsgAllModels, {count});
+    const int selected = shell.view.selectedCount();
+    return selected > 1 ? FormatMessage(kMsgSelectedModels, {ShownText(), selected}) : ShownText();
 }
 
 }  // namespace corvane

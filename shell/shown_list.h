@@ -35,6 +35,9 @@ const ModelRow& RowOfLine(int line);
 // The line that shows the row of this index; -1 when none does.
 int LineOfRow(size_t row);
 
+// The indexes of the rows of all selected lines, in the order of the file.
+std::vector<size_t> SelectedRows();
+
 // The next line, from `first` on, and after the last one from the top, whose name begins with a
 // text, whatever the capitals; -1 when there is none.
 int FindLine(std::wstring_view text, int first);
@@ -44,7 +47,8 @@ void SetListOrder(const ListOrder& order);
 void SetListFilter(const std::wstring& text);
 void SetColumnWidths(const ColumnWidths& widths);
 
-// How many models are shown, and how many there are: "9 of 14 models"; empty without a database.
+// How many models are shown, how many there are, and how many are selected, when more than one is:
+// "9 of 14 models, 2 selected"; empty without a database.
 std::wstring ModelCountText();
 
 }  // namespace corvane

@@ -8,6 +8,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "database/model_kind.h"
 #include "report/reporters.h"
@@ -94,7 +95,12 @@ struct View {
     void (*showWhyGone)(const std::wstring& why) = [](const std::wstring&) {};
     // 0 is the topmost line; -1 none.
     void (*selectLine)(int line) = [](int) {};
+    // Of several lines that are selected, the one that has the focus, if it is one of them, else
+    // the topmost.
     int (*selectedLine)() = [] { return -1; };
+    int (*selectedCount)() = [] { return 0; };
+    std::vector<int> (*selectedLines)() = [] { return std::vector<int>(); };  // from the top
+    void (*selectAllLines)() = [] {};
     void (*focusList)() = [] {};
     void (*focusFilter)() = [] {};  // TX_Filter, all of its text selected
     // Gives the focus to the next part of the window, or to the one before, around its end.

@@ -11,6 +11,7 @@
 #include "shell/commands/file_commands.h"
 #include "shell/commands/help_commands.h"
 #include "shell/commands/section_commands.h"
+#include "shell/commands/several_models.h"
 #include "shell/commands/view_commands.h"
 #include "shell/recent_databases.h"
 #include "shell/state.h"
@@ -70,6 +71,8 @@ constexpr std::array kCommands = {
     Separator(Menu::kEdit),
     Command{ME_EditFind, Menu::kEdit, "ME_EditFind", L"&Find", EnabledWhen::kDatabaseOpen,
             ME_EditFind_Click, Control('F')},
+    Command{ME_EditSelectAll, Menu::kEdit, "ME_EditSelectAll", L"Select &all",
+            EnabledWhen::kDatabaseOpen, ME_EditSelectAll_Click, Control('A', KeyReach::kList)},
 
     SortBy<ListColumn::kName>(ME_ViewSortName, "ME_ViewSortName", L"Sort by &name"),
     SortBy<ListColumn::kX>(ME_ViewSortX, "ME_ViewSortX", L"Sort by &X"),
@@ -109,9 +112,9 @@ constexpr std::array kCommands = {
             EnabledWhen::kBsdDefined, ME_NewTorsion_Click},
 
     Command{ME_SectionInput, Menu::kSection, "ME_SectionInput", L"&Edit...",
-            EnabledWhen::kModelSelected, ME_SectionInput_Click, InList(kEnterKey)},
+            EnabledWhen::kOneSelected, ME_SectionInput_Click, InList(kEnterKey)},
     Command{ME_SectionVelkRule, Menu::kSection, "ME_SectionVelkRule", L"&Rule...",
-            EnabledWhen::kModelSelected, ME_SectionVelkRule_Click},
+            EnabledWhen::kOneSelected, ME_SectionVelkRule_Click},
     Separator(Menu::kSection),
     Command{ME_SectionCopy, Menu::kSection, "ME_SectionCopy", L"&Copy...",
             EnabledWhen::kModelSelected, ME_SectionCopy_Click, Control('C', KeyReach::kList)},
@@ -121,12 +124,12 @@ constexpr std::array kCommands = {
     Command{ME_SectionImport, Menu::kSection, "ME_SectionImport", L"&Import...",
             EnabledWhen::kDatabaseOpen, ME_SectionImport_Click},
     Command{ME_SectionExport, Menu::kSection, "ME_SectionExport", L"E&xport to Velk Dos...",
-            EnabledWhen::kModelSelected, ME_SectionExport_Click},
+            EnabledWhen::kOneSelected, ME_SectionExport_Click},
     Separator(Menu::kSection),
     Command{ME_SectionRename, Menu::kSection, "ME_SectionRename", L"Re&name...",
-            EnabledWhen::kModelSelected, ME_SectionRename_Click, Plain(kF2Key)},
+            EnabledWhen::kOneSelected, ME_SectionRename_Click, Plain(kF2Key)},
     Command{ME_SectionProperties, Menu::kSection, "ME_SectionProperties", L"&Properties...",
-            EnabledWhen::kModelSelected, ME_SectionProperties_Click, Alt(kEnterKey)},
+            EnabledWhen::kOneSelected, ME_SectionProperties_Click, Alt(kEnterKey)},
 
     Command{ME_HelpAbout, Menu::kHelp, "ME_HelpAbout", L"&About...", EnabledWhen::kAlways,
             ME_HelpAbout_Click},
@@ -186,6 +189,8 @@ bool IsEnabled(const Command& command) {
             return IsBsdThere();
         case EnabledWhen::kModelSelected:
             return IsLineSelected();
+        case EnabledWhen::kOneSelected:
+            return IsLineSelected() && !AreSeveralSelected();
         case EnabledWhen::kUndoThere:
             return !shell.history.undoName.empty();
         case EnabledWhen::kRedoThere:
@@ -194,6 +199,19 @@ bool IsEnabled(const Command& command) {
             return FileExists(SamplePath());
     }
     return false;
+}
+
+std::wstring WhyDisabled(const Command& command) {
+    if (IsEnabled(command)) return {};
+    const bool isForModels = command.enabledWhen == EnabledWhen::kModelSelected ||
+                             command.enabledWhen == EnabledWhen::kOneSelected;
+    if (isForModels && AreSeveralSelected()) {
+        return FormatMessage(kMsgOneModelOnly, {shell.view.selectedCount()});
+    }
+    if (command.enabledWhen == EnabledWhen::kUndoThere) return GetMessage(kMsgNothingToUndo);
+    if (command.enabledWhen == EnabledWhen::kRedoThere) return GetMessage(kMsgNothingToRedo);
+    if (!IsDatabaseOpen()) return GetMessage(kMsgNoDatabaseOpen);
+    return GetMessage(isForModels ? kMsgNoModelSelected : kMsgInputBsdFirst);
 }
 
 std::wstring CaptionNow(const Command& command) {

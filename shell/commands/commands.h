@@ -16,7 +16,8 @@ enum class EnabledWhen {
     kAlways,
     kDatabaseOpen,   // a database path is set
     kBsdDefined,     // and its Basic Ship Data are valid
-    kModelSelected,  // a row of the list is selected
+    kModelSelected,  // at least one line of the list is selected
+    kOneSelected,    // and no other
     kUndoThere,      // the history has an edit to undo
     kRedoThere,      // and one that was undone
     kSampleThere     // the sample ship is beside the program
@@ -64,6 +65,7 @@ enum CommandId : uint16_t {
     ME_EditUndo = 200,
     ME_EditRedo,
     ME_EditFind,
+    ME_EditSelectAll,
     ME_ViewSortName = 220,
     ME_ViewSortX,
     ME_ViewSortNumber,
@@ -85,6 +87,8 @@ const Command* FindCommand(uint16_t id);
 const Command* FindCommand(const Key& key);
 
 bool IsEnabled(const Command& command);
+// What a command that cannot be chosen now waits for; empty for one that can.
+std::wstring WhyDisabled(const Command& command);
 // The caption as menus show it now: "&Undo" is followed by what it would undo, and after a tab
 // comes the key.
 std::wstring CaptionNow(const Command& command);

@@ -7,6 +7,7 @@
 #include "files/paths.h"
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
+#include "shell/commands/several_models.h"
 #include "shell/edit_history.h"
 #include "shell/exchange_boxes.h"
 #include "shell/file_prompt.h"
@@ -59,17 +60,10 @@ std::wstring CaptionFor(uint16_t command, const ModelEntry& model) {
     return MenuCaptionText(FindCommand(command)->caption) + L' ' + KindName(model.kind);
 }
 
-bool KeepsBackupOnRemoval() {
-    return shell.settings.IntegerSetting != 0;
-}
-
 std::wstring RemovalQuestion(const ModelEntry& model) {
-    const std::wstring& path = shell.database.path;
     return WithAdvice(L"Are you sure to remove " + KindName(model.kind) + L' ' + model.name +
-                          L" from " + path + L" ?",
-                      KeepsBackupOnRemoval()
-                          ? BoxText(kMsgBackupKept, {FileNameOf(BackupPath(path))})
-                          : BoxText(kMsgNoBackupKept));
+                          L" from " + shell.database.path + L" ?",
+                      BackupAdvice());
 }
 
 void RemoveCurrentModel(const ModelEntry& model) {
@@ -86,6 +80,15 @@ void RemoveCurrentModel(const ModelEntry& model) {
 
 }  // namespace
 
+bool KeepsBackupOnRemoval() {
+    return shell.settings.IntegerSetting != 0;
+}
+
+std::wstring BackupAdvice() {
+    if (!KeepsBackupOnRemoval()) return BoxText(kMsgNoBackupKept);
+    return BoxText(kMsgBackupKept, {FileNameOf(BackupPath(shell.database.path))});
+}
+
 void ME_SectionInput_Click() {
     ModelEntry model;
     if (!RequireReadyForModels() || !RequireCurrentModel(model)) return;
@@ -99,6 +102,7 @@ void ME_SectionVelkRule_Click() {
 }
 
 void ME_SectionCopy_Click() {
+    if (AreSeveralSelected()) return CopySelectedModels();
     ModelEntry model;
     if (!RequireCurrentModel(model) || !ConfirmEdit()) return;
     std::wstring name = L"Copy of " + model.name;
@@ -130,6 +134,7 @@ void ME_SectionProperties_Click() {
 }
 
 void ME_SectionRemove_Click() {
+    if (AreSeveralSelected()) return DeleteSelectedModels();
     ModelEntry model;
     if (!RequireCurrentModel(model) || !RequireWritableDatabase() || !ConfirmEdit()) return;
     if (!shell.view.askIrreversible(RemovalQuestion(model))) return;

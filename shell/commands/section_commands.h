@@ -8,6 +8,8 @@
 // fails, which is reported, leaves the file and the state of the process as they were.
 #pragma once
 
+#include <string>
+
 namespace corvane {
 
 // Edits the current model in the input program of its kind.
@@ -25,6 +27,9 @@ void ME_SectionCopy_Click();
 // IntegerSetting is not 0. The current model's number stays: the next model has it now, or, after
 // the last one, none.
 void ME_SectionRemove_Click();
+bool KeepsBackupOnRemoval();
+// What the question says of the backup.
+std::wstring BackupAdvice();
 
 // Asks for another name, proposing the model's; an empty name and the old one change nothing. The
 // model stays the current one. A read-only database is copied to another file first, which becomes

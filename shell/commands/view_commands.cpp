@@ -35,6 +35,11 @@ void ME_EditFind_Click() {
     shell.view.focusFilter();
 }
 
+void ME_EditSelectAll_Click() {
+    shell.view.selectAllLines();
+    ShowSelection();
+}
+
 void ME_ViewDescending_Click() {
     SortList({shell.list.order.column, !shell.list.order.isDescending});
 }

@@ -21,6 +21,7 @@ bool IsInFileOrder();
 // Shows the models that a filter leaves (shell/list_filter.h).
 void FilterList(const std::wstring& text);
 void ME_EditFind_Click();
+void ME_EditSelectAll_Click();
 
 // Reads the open database's file again.
 void ME_ViewRefresh_Click();

@@ -73,8 +73,7 @@ CommandTest::CommandTest() {
     shell.settings.BrowseDirectory = browse;
 }
 
-std::wstring CommandTest::Make(std::wstring_view name,
-                               std::initializer_list<ModelKind> kinds) const {
+std::wstring CommandTest::Make(std::wstring_view name, const std::vector<ModelKind>& kinds) const {
     const std::wstring path = File(name);
     BasicShipData bsd = NewBasicShipData(L"SHIP");
     for (const int item : {1, 2, 3, 9}) bsd.MainData(item) = 10;
@@ -84,7 +83,7 @@ std::wstring CommandTest::Make(std::wstring_view name,
     return path;
 }
 
-void CommandTest::MakeOpen(std::wstring_view name, std::initializer_list<ModelKind> kinds) const {
+void CommandTest::MakeOpen(std::wstring_view name, const std::vector<ModelKind>& kinds) const {
     shell.database.path = Make(name, kinds);
     EXPECT_TRUE(LoadBsdFromDatabase(shell.database.path, shell.database.bsd));
     shell.database.currentModel = 1;

@@ -62,9 +62,9 @@ struct CommandTest : testing::Test {
     // The path of a file in the test's folder.
     std::wstring File(std::wstring_view name) const { return folder.File(name); }
     // Makes a database of these models in the test's folder, and returns its path.
-    std::wstring Make(std::wstring_view name, std::initializer_list<ModelKind> kinds = {}) const;
+    std::wstring Make(std::wstring_view name, const std::vector<ModelKind>& kinds = {}) const;
     // The same, and opens it, with valid data of a ship named "SHIP".
-    void MakeOpen(std::wstring_view name, std::initializer_list<ModelKind> kinds = {}) const;
+    void MakeOpen(std::wstring_view name, const std::vector<ModelKind>& kinds = {}) const;
     // An empty file in the programs' folder, so that the program is there.
     void Install(std::wstring_view program) const;
 

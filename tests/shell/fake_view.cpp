@@ -1,5 +1,6 @@
 #include "tests/shell/fake_view.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "tests/support/support.h"
@@ -59,6 +60,7 @@ void ShowContents(View& view) {
         FakeView::rows.clear();
         for (int line = 0; line < count; ++line) FakeView::rows.push_back(RowOfLine(line));
         FakeView::selected = -1;
+        FakeView::alsoSelected.clear();
         kRecord("rows " + std::to_string(count));
     };
     view.setModelCount = [](const std::wstring& text) { FakeView::modelCount = text; };
@@ -66,6 +68,16 @@ void ShowContents(View& view) {
     view.showWhyGone = [](const std::wstring& why) { FakeView::whyGone = why; };
     view.selectLine = [](int line) { FakeView::selected = line; };
     view.selectedLine = [] { return FakeView::selected; };
+    view.selectedLines = [] {
+        std::vector<int> lines = FakeView::alsoSelected;
+        if (FakeView::selected >= 0) lines.push_back(FakeView::selected);
+        std::ranges::sort(lines);
+        return lines;
+    };
+    view.selectedCount = [] {
+        return static_cast<int>(FakeView::alsoSelected.size()) + (FakeView::selected >= 0 ? 1 : 0);
+    };
+    view.selectAllLines = [] { kRecord("select all"); };
     view.focusList = [] { kRecord("focus list"); };
     view.focusFilter = [] { kRecord("focus filter"); };
     view.focusPane = [](bool forward) { kRecord(forward ? "next pane" : "previous pane"); };
@@ -106,6 +118,7 @@ bool FakeView::previewOn;
 HandOver FakeView::handOver;
 std::vector<ModelRow> FakeView::rows;
 int FakeView::selected;
+std::vector<int> FakeView::alsoSelected;
 int FakeView::rule;
 bool FakeView::locked;
 std::wstring FakeView::database, FakeView::position, FakeView::frame, FakeView::menu,
@@ -123,6 +136,7 @@ FakeView::FakeView() : before(std::exchange(shell, ShellState())) {
     rows.clear();
     parts = StatusParts();
     selected = -1;
+    alsoSelected.clear();
     rule = 0;
     database = position = frame = menu = whyNoPicture = modelCount = whyGone = L"untouched";
     View view;

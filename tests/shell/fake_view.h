@@ -42,6 +42,7 @@ struct FakeView {
     static std::vector<ModelRow> rows;
     static StatusParts parts;
     static int selected;
+    static std::vector<int> alsoSelected;  // the other lines that are
     static int rule;
     static bool locked;
     static std::wstring database, position, frame, menu, whyNoPicture, modelCount, whyGone;

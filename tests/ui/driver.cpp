@@ -324,12 +324,16 @@ std::vector<Row> Rows(const Program& program, HWND list) {
 
 void SelectRow(const Program& program, HWND list, int row) {
     const RemoteMemory memory(program.process);
-    LVITEMW item{};
-    item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-    item.state = LVIS_SELECTED | LVIS_FOCUSED;
-    memory.Put(item);
-    Send(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row),
-         reinterpret_cast<LPARAM>(memory.address));
+    const auto set = [&](int which, UINT mask, UINT state) {
+        LVITEMW item{};
+        item.stateMask = mask;
+        item.state = state;
+        memory.Put(item);
+        Send(list, LVM_SETITEMSTATE, static_cast<WPARAM>(which),
+             reinterpret_cast<LPARAM>(memory.address));
+    };
+    set(-1, LVIS_SELECTED, 0);
+    set(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
 }
 
 int SelectedRow(HWND list) {

@@ -188,6 +188,16 @@ void RightClick(POINT at) {
     SendMouse(at, MOUSEEVENTF_RIGHTUP);
 }
 
+void ClickWithControl(POINT at) {
+    std::vector<INPUT> inputs;
+    Add(inputs, VK_CONTROL, 0);
+    SendAll(inputs);
+    Click(at);
+    inputs.clear();
+    Add(inputs, VK_CONTROL, KEYEVENTF_KEYUP);
+    SendAll(inputs);
+}
+
 void DoubleClick(POINT at) {
     Click(at);
     Click(at);

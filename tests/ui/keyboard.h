@@ -43,6 +43,7 @@ void MoveMouse(POINT to);
 bool EndDrag(HWND control, POINT at);
 void Click(POINT at);
 void RightClick(POINT at);
+void ClickWithControl(POINT at);
 void DoubleClick(POINT at);
 
 }  // namespace corvane::ui

@@ -46,6 +46,7 @@ constexpr KeyCommand kKeyCommands[] = {
     {ME_EditUndo, 'I', 'U', Shows::kNothing, ""},
     {ME_EditRedo, 'I', 'R', Shows::kNothing, ""},
     {ME_EditFind, 'I', 'F', Shows::kNothing, ""},
+    {ME_EditSelectAll, 'I', 'A', Shows::kNothing, ""},
     // These show nothing but the list in another order; see list_ui_test.cpp.
     {ME_ViewSortName, 'V', 'N', Shows::kNothing, ""},
     {ME_ViewSortX, 'V', 'X', Shows::kNothing, ""},

@@ -80,6 +80,40 @@ TEST_F(ListUiTest, LettersFindNamesInTheOrderThatIsShown) {
     EXPECT_TRUE(WaitUntil([&] { return SelectedRow(List()) == 13; }));
 }
 
+// ---- More than one selected --------------------------------------------------------------------
+
+TEST_F(ListUiTest, ShiftAndArrowSelectModelsThatDeleteRemovesTogether) {
+    TypeWithShift(VK_DOWN);
+    TypeWithShift(VK_DOWN);
+    EXPECT_TRUE(TextBecomes(Control(LB_Count), L"14 models, 3 selected"));
+    EXPECT_TRUE(ShowsPosition(L"X = 68.7 m")) << "the line that has the focus";
+    EXPECT_TRUE(WaitUntil([&] { return !IsWindowEnabled(Control(BT_Open)); }));
+    Type({VK_DELETE});
+    const Box box = WaitForBox(program);
+    EXPECT_NE(Narrow(box.text).find("these 3 models"), std::string::npos) << Narrow(box.text);
+    ASSERT_TRUE(Press(box, IDYES));
+    EXPECT_TRUE(RowCountBecomes(List(), 11));
+    EXPECT_EQ(SelectedRow(List()), 0);
+    EXPECT_TRUE(ShowsPosition(L"X = 92.7 m"));
+    EXPECT_TRUE(TextBecomes(Control(LB_Count), L"11 models"));
+    Choose(main, ME_EditUndo);
+    EXPECT_TRUE(RowCountBecomes(List(), 14));
+}
+
+TEST_F(ListUiTest, ControlAndClickAddAModel) {
+    RECT head{};
+    GetWindowRect(Head(), &head);
+    const LONG height = head.bottom - head.top;
+    Click({head.left + 60, head.bottom + height / 3});
+    ClickWithControl({head.left + 60, head.bottom + 2 * height});
+    EXPECT_TRUE(TextBecomes(Control(LB_Count), L"14 models, 2 selected"));
+    // Not where the last click was, or it were a double one.
+    ClickWithControl({head.left + 90, head.bottom + 2 * height});
+    EXPECT_TRUE(TextBecomes(Control(LB_Count), L"14 models"));
+    EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(Control(BT_Open)) != FALSE; }));
+    EXPECT_TRUE(ShowsPosition(L"X = 20.7 m"));
+}
+
 // ---- The filter --------------------------------------------------------------------------------
 
 struct FilterUiTest : ListUiTest {

@@ -11,17 +11,25 @@
 namespace corvane {
 namespace {
 
+// Of many changes at once the last state is shown.
+void OnSelectionChanging(HWND window) {
+    MSG waiting;
+    const bool isPosted = PeekMessageW(&waiting, window, kSelectionChanged, kSelectionChanged,
+                                       PM_NOREMOVE | PM_NOYIELD) != FALSE;
+    if (!isPosted) PostMessageW(window, kSelectionChanged, 0, 0);
+}
+
 void OnListChanged(HWND window, const NMLISTVIEW& change) {
     MainWindowState& state = *StateOfMainWindow(window);
     if (state.filling || (change.uChanged & LVIF_STATE) == 0) return;
     const bool was = (change.uOldState & LVIS_SELECTED) != 0;
     const bool is = (change.uNewState & LVIS_SELECTED) != 0;
-    if (!was && is && change.iItem >= 0) {
+    if (!was && is && (change.uNewState & LVIS_FOCUSED) != 0 && change.iItem >= 0) {
         state.readByClick = GetKeyState(VK_LBUTTON) < 0;
         SelectLine(change.iItem);
         PostMessageW(window, kLookAtFile, 0, 0);
     }
-    if (was && !is) PostMessageW(window, kSelectionLost, 0, 0);
+    OnSelectionChanging(window);
 }
 
 // A click on the line that is selected reads its model again; the click that selected it has done
@@ -60,6 +68,9 @@ LRESULT OnListNotify(HWND window, LPARAM lParam) {
             return FindTyped(*reinterpret_cast<const NMLVFINDITEMW*>(lParam));
         case LVN_ITEMCHANGED:
             OnListChanged(window, *reinterpret_cast<const NMLISTVIEW*>(lParam));
+            return 0;
+        case LVN_ODSTATECHANGED:
+            if (!StateOfMainWindow(window)->filling) OnSelectionChanging(window);
             return 0;
         case LVN_COLUMNCLICK: {
             const int column = reinterpret_cast<const NMLISTVIEW*>(lParam)->iSubItem;

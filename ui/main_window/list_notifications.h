@@ -6,9 +6,9 @@
 
 namespace corvane {
 
-// Posted to the main window after a line lost its selection: by then it is known whether another
-// line got it.
-inline constexpr UINT kSelectionLost = WM_APP;
+// Posted to the main window after the selection has changed: by then it is known which lines are
+// selected now.
+inline constexpr UINT kSelectionChanged = WM_APP;
 
 // Posted to the main window after the user has sized a column, wParam: by then it has its width.
 inline constexpr UINT kColumnSized = WM_APP + 10;

@@ -21,6 +21,7 @@
 #include "ui/main_window/filter_box.h"
 #include "ui/main_window/list_notifications.h"
 #include "ui/main_window/main_window_controls.h"
+#include "ui/main_window/menu_hints.h"
 #include "ui/main_window/menus.h"
 #include "ui/main_window/model_list_view.h"
 #include "ui/main_window/place.h"
@@ -301,6 +302,9 @@ LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_CONTEXTMENU:
             if (ShowContextMenu(window, reinterpret_cast<HWND>(wParam), lParam)) return 0;
             break;
+        case WM_MENUSELECT:
+            OnMenuSelect(window, LOWORD(wParam), HIWORD(wParam));
+            return 0;
         case WM_NOTIFY:
             return OnNotify(window, lParam);
         case WM_CTLCOLORSTATIC:
@@ -338,8 +342,8 @@ LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_INITMENUPOPUP:
             ShowRecent(window, reinterpret_cast<HMENU>(wParam));
             break;
-        case kSelectionLost:
-            if (!IsLineSelected()) DeselectModel();
+        case kSelectionChanged:
+            ShowSelection();
             return 0;
         default:
             return HandleLife(window, message, wParam, lParam);

@@ -31,6 +31,9 @@ struct MainWindowState {
     bool hasGone = false;     // the window has been destroyed
     StatusColour statusColour = StatusColour::kButtonText;
     std::wstring statusTag = L"-1";
+    // Of a menu's item, in the status line, and what was there before; see menu_hints.h.
+    std::wstring hint, statusBeforeHint;
+    StatusColour colourBeforeHint = StatusColour::kButtonText;
 };
 
 // Posted to the main window: the open database's file is to be looked at.

@@ -60,6 +60,14 @@ void SelectLine(int line) {
     state->filling = false;
 }
 
+void SelectAllLines() {
+    MainWindowState* state = MainState();
+    if (state == nullptr) return;
+    state->filling = true;
+    SelectAllListLines(MainControl(LI_Sections));
+    state->filling = false;
+}
+
 int SelectedRule() {
     for (int i = 0; i < kRuleSetCount; ++i) {
         if (IsDlgButtonChecked(MainHandle(), OP_Rule + i) == BST_CHECKED) return i;
@@ -179,6 +187,11 @@ void FillInContents(View& view) {
     view.selectedLine = [] {
         return MainHandle() == nullptr ? -1 : SelectedListLine(MainControl(LI_Sections));
     };
+    view.selectedCount = [] {
+        return MainHandle() == nullptr ? 0 : SelectedLineCount(MainControl(LI_Sections));
+    };
+    view.selectedLines = [] { return SelectedListLines(MainControl(LI_Sections)); };
+    view.selectAllLines = SelectAllLines;
     view.setModelCount = [](const std::wstring& text) { SetLabel(LB_Count, text); };
     view.focusList = FocusList;
     view.focusFilter = [] { FocusFilterBox(MainHandle()); };

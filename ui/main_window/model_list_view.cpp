@@ -49,6 +49,12 @@ std::optional<int> SizedWidth(int column, UINT dpi) {
     return width ? std::optional(Scaled(*width, dpi)) : std::nullopt;
 }
 
+// The next line after one that has all of these properties; -1 when there is none.
+int NextLine(HWND list, int line, LPARAM properties) {
+    return static_cast<int>(
+        SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(line), properties));
+}
+
 void SetItemState(HWND list, int index, UINT state) {
     LVITEMW item{};
     item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
@@ -77,8 +83,8 @@ void ShowOrder(HWND list, const ListOrder& order) {
 }  // namespace
 
 HWND CreateModelList(HWND parent) {
-    const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL |
-                        LVS_SHOWSELALWAYS | LVS_OWNERDATA;
+    const DWORD style =
+        WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SHOWSELALWAYS | LVS_OWNERDATA;
     const HWND list =
         CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, kAccessibleName, style, 0, 0, 0, 0, parent,
                         reinterpret_cast<HMENU>(INT_PTR{LI_Sections}), nullptr, nullptr);
@@ -136,8 +142,27 @@ void SelectListLine(HWND list, int line) {
 }
 
 int SelectedListLine(HWND list) {
-    return static_cast<int>(
-        SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+    const int focused = NextLine(list, -1, LVNI_SELECTED | LVNI_FOCUSED);
+    return focused >= 0 ? focused : NextLine(list, -1, LVNI_SELECTED);
+}
+
+std::vector<int> SelectedListLines(HWND list) {
+    std::vector<int> lines;
+    for (int line = NextLine(list, -1, LVNI_SELECTED); line >= 0;
+         line = NextLine(list, line, LVNI_SELECTED)) {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+int SelectedLineCount(HWND list) {
+    return static_cast<int>(SendMessageW(list, LVM_GETSELECTEDCOUNT, 0, 0));
+}
+
+void SelectAllListLines(HWND list) {
+    LVITEMW item{};
+    item.stateMask = item.state = LVIS_SELECTED;
+    SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&item));
 }
 
 int ColumnWidth(HWND list, int column) {

@@ -1,6 +1,8 @@
 // LI_Sections, the list of models. It holds no texts: it asks for those of the lines that it shows.
 #pragma once
 
+#include <vector>
+
 #include "shell/list_order.h"
 #include "ui/base/controls.h"
 
@@ -23,7 +25,11 @@ void GreyModelRows(HWND list, bool grey);
 
 // -1: none.
 void SelectListLine(HWND list, int line);
+// Of several ones that with the focus, if it is one of them, else the topmost.
 int SelectedListLine(HWND list);
+std::vector<int> SelectedListLines(HWND list);
+int SelectedLineCount(HWND list);
+void SelectAllListLines(HWND list);
 
 // A column's width now [pixels at 96 dots per inch].
 int ColumnWidth(HWND list, int column);

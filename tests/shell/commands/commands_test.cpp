@@ -50,7 +50,7 @@ TEST(Commands, MenusHaveTheirItemsInOrder) {
               (Captions{L"&New database...", L"&Open database...", L"&Save database as...",
                         L"Save as &Velk Dos...", L"&Earlier versions...", L"Se&ttings...", L"-",
                         L"&Quit"}));
-    EXPECT_EQ(Items(Menu::kEdit), (Captions{L"&Undo", L"&Redo", L"-", L"&Find"}));
+    EXPECT_EQ(Items(Menu::kEdit), (Captions{L"&Undo", L"&Redo", L"-", L"&Find", L"Select &all"}));
     EXPECT_EQ(Items(Menu::kView),
               (Captions{L"Sort by &name", L"Sort by &X", L"Sort by n&umber", L"Sort by &kind",
                         L"Sort by &frame", L"File &order", L"&Descending", L"-", L"&Refresh"}));

@@ -2,10 +2,14 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
+#include "report/reporters.h"
 #include "shell/commands/commands.h"
+#include "shell/commands/view_commands.h"
 #include "shell/model_list.h"
 #include "tests/ui/main_window/open_window.h"
+#include "ui/main_window/main_window_state.h"
 
 namespace corvane {
 namespace {
@@ -137,6 +141,63 @@ TEST(ModelListView, FilterIsDisabledWithoutADatabase) {
     const OpenWindow open(false);
     EXPECT_FALSE(IsWindowEnabled(open.Control(TX_Filter)));
     EXPECT_EQ(open.Text(LB_Count), "");
+}
+
+// ---- More than one selected --------------------------------------------------------------------
+
+// As Shift and a click on a line do.
+void SelectToo(const OpenWindow& open, int line) {
+    open.SetState(line, LVIS_SELECTED, LVIS_SELECTED);
+    open.HandlePostedMessages();
+}
+
+TEST(ModelListView, SeveralLinesCanBeSelectedAndThePreviewFollowsTheFocus) {
+    const OpenWindow open;
+    open.SetSelected(4, true);
+    SelectToo(open, 9);
+    SelectToo(open, 11);
+    EXPECT_EQ(open.Text(LB_Count), "14 models, 3 selected");
+    EXPECT_EQ(shell.database.currentModel, 5);
+    EXPECT_EQ(shell.view.selectedLines(), (std::vector<int>{4, 9, 11}));
+    EXPECT_EQ(shell.view.selectedLine(), 4);
+    EXPECT_FALSE(IsWindowEnabled(open.Control(BT_Open)));
+    EXPECT_FALSE(IsWindowEnabled(open.Control(BT_Rule)));
+    EXPECT_TRUE(open.MenuGreyed(ME_SectionInput, MF_BYCOMMAND));
+    EXPECT_FALSE(open.MenuGreyed(ME_SectionCopy, MF_BYCOMMAND));
+    EXPECT_FALSE(open.MenuGreyed(ME_SectionRemove, MF_BYCOMMAND));
+}
+
+TEST(ModelListView, SelectAllSelectsTheLinesThatAreShown) {
+    const OpenWindow open;
+    FilterList(L"section");
+    Choose(open, ME_EditSelectAll);
+    EXPECT_EQ(open.Text(LB_Count), "9 of 14 models, 9 selected");
+    EXPECT_EQ(shell.view.selectedCount(), 9);
+    EXPECT_EQ(shell.database.currentModel, 1);
+    RefreshMainWindow();
+    EXPECT_EQ(shell.view.selectedLines(), std::vector<int>{0}) << "the current model alone";
+    EXPECT_EQ(open.Text(LB_Count), "9 of 14 models");
+    EXPECT_TRUE(IsWindowEnabled(open.Control(BT_Open)));
+}
+
+TEST(ModelListView, StatusLineSaysWhyAnItemIsGreyWhileTheMenuIsOpen) {
+    const OpenWindow open;
+    SelectToo(open, 3);
+    reportView.setStatusCaption(L"fault");
+    reportView.setStatusColour(StatusColour::kRed);
+    const auto highlight = [&](UINT item, UINT flags) {
+        SendMessageW(open.window, WM_MENUSELECT, MAKEWPARAM(item, flags), 0);
+    };
+    highlight(ME_SectionInput, MF_GRAYED);
+    EXPECT_EQ(open.Text(PAN_Help), "2 models are selected: this command works on one");
+    highlight(ME_EditRedo, MF_GRAYED);
+    EXPECT_EQ(open.Text(PAN_Help), "There is nothing to redo");
+    highlight(ME_SectionCopy, 0);
+    EXPECT_EQ(open.Text(PAN_Help), "fault");
+    highlight(ME_SectionVelkRule, MF_GRAYED);
+    highlight(0, 0xFFFF);
+    EXPECT_EQ(open.Text(PAN_Help), "fault");
+    EXPECT_EQ(StateOfMainWindow(open.window)->statusColour, StatusColour::kRed);
 }
 
 TEST(ModelListView, ADatabaseWithoutModelsHasNoLine) {

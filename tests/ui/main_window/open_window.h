@@ -69,14 +69,18 @@ struct OpenWindow {
         return static_cast<int>(SendMessageW(Control(LI_Sections), LVM_GETNEXTITEM,
                                              static_cast<WPARAM>(-1), LVNI_SELECTED));
     }
-    // As a user's click or key does.
+    // As a user's click or key does: no other row is selected then.
     void SetSelected(int row, bool selected) const {
+        if (selected) SetState(-1, LVIS_SELECTED, 0);
+        SetState(row, LVIS_SELECTED | LVIS_FOCUSED, selected ? LVIS_SELECTED | LVIS_FOCUSED : 0);
+        HandlePostedMessages();
+    }
+    void SetState(int row, UINT mask, UINT state) const {
         LVITEMW item{};
-        item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-        item.state = selected ? LVIS_SELECTED | LVIS_FOCUSED : 0;
+        item.stateMask = mask;
+        item.state = state;
         SendMessageW(Control(LI_Sections), LVM_SETITEMSTATE, static_cast<WPARAM>(row),
                      reinterpret_cast<LPARAM>(&item));
-        HandlePostedMessages();
     }
     void HandlePostedMessages() const {
         MSG message;

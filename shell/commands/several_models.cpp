@@ -1,0 +1,132 @@
+#include "shell/commands/several_models.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "database/editing.h"
+#include "files/file_system.h"
+#include "report/reporters.h"
+#include "shell/commands/section_commands.h"
+#include "shell/edit_history.h"
+#include "shell/file_prompt.h"
+#include "shell/running_mark.h"
+#include "shell/state.h"
+
+namespace corvane {
+namespace {
+
+using Models = std::vector<ModelEntry>;
+
+// A question names so many models.
+constexpr size_t kMostNames = 10;
+
+// The model that a row of the list shows, among all models of the file: as a rule at its place.
+bool RequireModelOfRow(const Models& all, size_t index, ModelEntry& model) {
+    const ModelRow& row = shell.database.rows.at(index);
+    const std::wstring& path = shell.database.path;
+    const bool isInPlace = index < all.size() && all[index].number == row.tag;
+    if (isInPlace && all[index].hasOwnNumber) {
+        model = all[index];
+    } else if (!RequireModel(all, row.tag, path, model)) {
+        return false;
+    }
+    if (model.name == row.name && model.kind == row.kind) return true;
+    ReportMessage(kMsgModelChanged, {path});
+    return false;
+}
+
+// The selected models as the file has them now, in its order. False, and reported, when the file is
+// missing or no longer has them all; the list is then read again.
+bool RequireSelectedModels(Models& models) {
+    const std::wstring& path = shell.database.path;
+    AwaitReadable(path);
+    Models all;
+    if (!RequireDatabase() || !ListModels(path, all)) return false;
+    models.clear();
+    for (const size_t index : SelectedRows()) {
+        ModelEntry model;
+        if (!RequireModelOfRow(all, index, model)) {
+            RefreshMainWindow();
+            return false;
+        }
+        models.push_back(model);
+    }
+    return !models.empty();
+}
+
+int32_t CountOf(const Models& models) {
+    return static_cast<int32_t>(models.size());
+}
+
+// A line for each model, the first of them only when they are many.
+std::wstring NamesOf(const Models& models) {
+    std::wstring names;
+    for (const ModelEntry& model : models) {
+        if (&model == &models[0] + kMostNames) break;
+        names += KindName(model.kind) + L" '" + model.name + L"'\r";
+    }
+    if (models.size() <= kMostNames) return names;
+    return names + FormatMessage(kMsgAndMore, {static_cast<int32_t>(models.size() - kMostNames)}) +
+           L'\r';
+}
+
+std::vector<ModelCopy> CopiesOf(const Models& models) {
+    std::vector<ModelCopy> copies;
+    for (const ModelEntry& model : models) {
+        copies.push_back(
+            {model.number, model.kind, L"Copy of " + model.name, {true, AskForWritableDatabase}});
+    }
+    return copies;
+}
+
+void DeleteModelsOfFile(const Models& models) {
+    std::vector<int32_t> numbers;
+    for (const ModelEntry& model : models) numbers.push_back(model.number);
+    const EditName edit(FormatMessage(kMsgDeleteOfModels, {CountOf(models)}));
+    if (!DeleteModels(shell.database.path, numbers, KeepsBackupOnRemoval())) return;
+    SetCurrentModel(std::ranges::min(numbers));
+    DeselectModel();
+    RefreshMainWindow();
+}
+
+void CopyModelsOfFile(const Models& models) {
+    const EditName edit(FormatMessage(kMsgCopyOfModels, {CountOf(models)}));
+    std::wstring path = shell.database.path;
+    const int32_t last = CopyAllModels(path, CopiesOf(models));
+    if (last == 0) return;
+    if (path != shell.database.path) ContinueInWritableFile(path);
+    SetCurrentModel(last);
+    RefreshMainWindow();
+}
+
+}  // namespace
+
+bool AreSeveralSelected() {
+    return shell.view.selectedCount() > 1;
+}
+
+void CopySelectedModels() {
+    Models models;
+    if (!RequireSelectedModels(models) || !ConfirmEdit()) return;
+    if (!shell.view.askYesNo(BoxText(kMsgCopyQuestion, {CountOf(models), NamesOf(models)}))) return;
+    if (!RequireSelectedModels(models)) return;
+    SetBusyPointer();
+    CopyModelsOfFile(models);
+    ResetMousePointer();
+}
+
+void DeleteSelectedModels() {
+    Models models;
+    if (!RequireSelectedModels(models) || !RequireWritableDatabase() || !ConfirmEdit()) return;
+    const std::wstring& path = shell.database.path;
+    const std::wstring question =
+        BoxText(kMsgDeleteQuestion, {CountOf(models), path, NamesOf(models)});
+    if (!shell.view.askIrreversible(WithAdvice(question, BackupAdvice()))) return;
+    if (!RequireSelectedModels(models)) return;
+    SetBusyPointer();
+    DeleteModelsOfFile(models);
+    ResetMousePointer();
+}
+
+}  // namespace corvane
