@@ -35,6 +35,9 @@ constexpr Key Alt(KeyCode code) {
 constexpr Key Shift(KeyCode code) {
     return {.code = code, .shift = true};
 }
+constexpr Key AltShift(KeyCode code) {
+    return {.code = code, .shift = true, .alt = true};
+}
 constexpr Key InList(KeyCode code) {
     return {.code = code, .reach = KeyReach::kList};
 }
@@ -140,6 +143,15 @@ constexpr std::array kCommands = {
             [] { shell.view.focusPane(true); }, Plain(kF6Key)},
     Command{ME_PreviousPane, Menu::kNone, "ME_PreviousPane", L"Previous pane", EnabledWhen::kAlways,
             [] { shell.view.focusPane(false); }, Shift(kF6Key)},
+
+    Command{ME_SortByNext, Menu::kNone, "ME_SortByNext", L"Sort by the next column",
+            EnabledWhen::kAlways, [] { SortByNeighbour(true); }, AltShift(kRightKey)},
+    Command{ME_SortByPrevious, Menu::kNone, "ME_SortByPrevious", L"Sort by the previous column",
+            EnabledWhen::kAlways, [] { SortByNeighbour(false); }, AltShift(kLeftKey)},
+    Command{ME_SortUp, Menu::kNone, "ME_SortUp", L"Sort from the smallest up", EnabledWhen::kAlways,
+            [] { SortDescending(false); }, AltShift(kUpKey)},
+    Command{ME_SortDown, Menu::kNone, "ME_SortDown", L"Sort from the largest down",
+            EnabledWhen::kAlways, [] { SortDescending(true); }, AltShift(kDownKey)},
 };
 
 template <class Test>

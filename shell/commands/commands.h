@@ -76,6 +76,10 @@ enum CommandId : uint16_t {
     ME_ViewRefresh,
     ME_NextPane = 240,
     ME_PreviousPane,
+    ME_SortByNext,
+    ME_SortByPrevious,
+    ME_SortUp,
+    ME_SortDown,
     // The recent databases, kRecentCount of them (shell/recent_databases.h); not in the table.
     ME_FileRecent = 300,
 };

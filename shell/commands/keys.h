@@ -11,6 +11,10 @@ namespace corvane {
 enum KeyCode : uint16_t {
     kNoKey = 0,
     kEnterKey = 0x0D,
+    kLeftKey = 0x25,
+    kUpKey = 0x26,
+    kRightKey = 0x27,
+    kDownKey = 0x28,
     kDeleteKey = 0x2E,
     kF1Key = 0x70,
     kF2Key = 0x71,

@@ -1,5 +1,7 @@
 #include "shell/commands/view_commands.h"
 
+#include <optional>
+
 #include "shell/state.h"
 
 namespace corvane {
@@ -15,6 +17,20 @@ void SortByColumn(ListColumn column) {
 
 bool IsSortedBy(ListColumn column) {
     return shell.list.order.column == column;
+}
+
+void SortByNeighbour(bool isNext) {
+    // The order of the file is before the first column, and after the last one.
+    constexpr int kOrders = static_cast<int>(kColumnCount) + 1;
+    const ListOrder& order = shell.list.order;
+    const int now = order.column ? static_cast<int>(*order.column) + 1 : 0;
+    const int then = (now + (isNext ? 1 : kOrders - 1)) % kOrders;
+    if (then == 0) return SortList({std::nullopt, order.isDescending});
+    SortByColumn(static_cast<ListColumn>(then - 1));
+}
+
+void SortDescending(bool isDescending) {
+    SortList({shell.list.order.column, isDescending});
 }
 
 void ME_ViewFileOrder_Click() {
@@ -41,7 +57,7 @@ void ME_EditSelectAll_Click() {
 }
 
 void ME_ViewDescending_Click() {
-    SortList({shell.list.order.column, !shell.list.order.isDescending});
+    SortDescending(!shell.list.order.isDescending);
 }
 
 bool IsDescending() {

@@ -15,6 +15,12 @@ void SortList(const ListOrder& order);
 void SortByColumn(ListColumn column);
 bool IsSortedBy(ListColumn column);
 
+// By the column to the right or to the left of the one that the list is sorted by, up or down as
+// before; beyond the last one, and before the first one, it is the order of the file.
+void SortByNeighbour(bool isNext);
+// From the largest down, or from the smallest up.
+void SortDescending(bool isDescending);
+
 void ME_ViewFileOrder_Click();
 bool IsInFileOrder();
 

@@ -71,6 +71,32 @@ TEST(ShownListTest, DescendingTurnsTheOrderOverAndStaysForOtherColumns) {
     EXPECT_FALSE(FindCommand(ME_ViewDescending)->isChecked());
 }
 
+TEST(ShownListTest, KeysGoFromColumnToColumnAndTurnTheOrderOver) {
+    const FourModels window;
+    const auto press = [](KeyCode code) {
+        RunCommand(FindCommand(Key{.code = code, .shift = true, .alt = true})->id);
+    };
+    const ListColumn columns[] = {ListColumn::kName, ListColumn::kX, ListColumn::kNumber,
+                                  ListColumn::kKind, ListColumn::kFrame};
+    for (const ListColumn column : columns) {
+        press(kRightKey);
+        EXPECT_TRUE(IsSortedBy(column));
+    }
+    press(kRightKey);
+    EXPECT_TRUE(IsInFileOrder());
+    press(kLeftKey);
+    EXPECT_TRUE(IsSortedBy(ListColumn::kFrame));
+    for (int i = 0; i < 4; ++i) press(kLeftKey);
+    EXPECT_EQ(Lines(), (Names{"A", "B", "C", "T"}));
+    press(kDownKey);
+    press(kDownKey);
+    EXPECT_EQ(Lines(), (Names{"T", "C", "B", "A"}));
+    press(kUpKey);
+    EXPECT_EQ(Lines(), (Names{"A", "B", "C", "T"}));
+    press(kLeftKey);
+    EXPECT_EQ(Lines(), (Names{"C", "A", "T", "B"}));
+}
+
 TEST(ShownListTest, FileOrderIsOneStepAway) {
     const FourModels window;
     RunCommand(ME_ViewSortName);

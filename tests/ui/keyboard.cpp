@@ -107,6 +107,16 @@ void TypeWithShift(WORD key) {
     TypeWith(VK_SHIFT, key);
 }
 
+void TypeWithAltShift(WORD key) {
+    std::vector<INPUT> inputs;
+    Add(inputs, VK_MENU, 0);
+    Add(inputs, VK_SHIFT, 0);
+    Press(inputs, key);
+    Add(inputs, VK_SHIFT, KEYEVENTF_KEYUP);
+    Add(inputs, VK_MENU, KEYEVENTF_KEYUP);
+    SendAll(inputs);
+}
+
 void TypeWithControl(WORD key) {
     TypeWith(VK_CONTROL, key);
 }

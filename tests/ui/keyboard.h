@@ -18,6 +18,7 @@ void Type(std::initializer_list<WORD> keys);
 // With Alt held.
 void TypeWithAlt(WORD key);
 void TypeWithShift(WORD key);
+void TypeWithAltShift(WORD key);
 void TypeWithControl(WORD key);
 // Chooses a command of the main window with Alt and the letter of its menu, then its own letter;
 // false when no command begins. The display informs a window that comes to the front which keys are

@@ -59,6 +59,17 @@ TEST_F(ListUiTest, ClicksOnAHeadSortUpDownAndBackToTheFilesOrder) {
     EXPECT_EQ(SelectedRow(List()), 0);
 }
 
+TEST_F(ListUiTest, AltShiftAndArrowsSort) {
+    TypeWithAltShift(VK_RIGHT);
+    EXPECT_TRUE(NumbersBecome("12 11 10  1  9  8  7  6  4  3  2  5 14 13 ")) << Numbers();
+    TypeWithAltShift(VK_RIGHT);
+    TypeWithAltShift(VK_DOWN);
+    EXPECT_TRUE(NumbersBecome(" 9 12  8  7  6  5 11  4  3  2 10  1 13 14 ")) << Numbers();
+    EXPECT_TRUE(FocusBecomes(main, LI_Sections));
+    Type({VK_HOME});
+    EXPECT_TRUE(ShowsPosition(L"X = 208.7 m")) << "the menu bar has not taken the keys";
+}
+
 TEST_F(ListUiTest, MenuSortsAndEditActsOnTheModelThatIsSelected) {
     ASSERT_TRUE(ChooseInView('N'));
     ASSERT_TRUE(NumbersBecome("12 11 10  1  9  8  7  6  4  3  2  5 14 13 ")) << Numbers();

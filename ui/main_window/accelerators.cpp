@@ -9,8 +9,8 @@
 namespace corvane {
 namespace {
 
-static_assert(kEnterKey == VK_RETURN && kDeleteKey == VK_DELETE && kF1Key == VK_F1 &&
-              kF6Key == VK_F6);
+static_assert(kLeftKey == VK_LEFT && kDownKey == VK_DOWN && kEnterKey == VK_RETURN &&
+              kDeleteKey == VK_DELETE && kF1Key == VK_F1 && kF6Key == VK_F6);
 
 bool IsHeld(int key) {
     return GetKeyState(key) < 0;
