@@ -265,6 +265,8 @@
     X(kMsgNoModelSelected, 3761)        \
     X(kMsgNothingToUndo, 3762)          \
     X(kMsgNothingToRedo, 3763)          \
+    X(kMsgSectionsExported, 3764)       \
+    X(kMsgSectionsKeepNames, 3765)      \
     X(kMsgDatabaseOutOfSight, 3770)     \
     X(kMsgChangedByOthers, 3771)        \
     X(kMsgSelectedModelGone, 3772)      \

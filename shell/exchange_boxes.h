@@ -20,6 +20,9 @@ struct ExportChoice {
     int16_t slot = 0;       // from 1
     // TX_Name: proposed by the caller; then the name that a new section gets.
     std::wstring name;
+    // How many sections are exported. With more than one they become new ones, with their own
+    // names.
+    int sections = 1;
 };
 
 // An item of LI_Sections in either box.

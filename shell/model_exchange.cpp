@@ -135,18 +135,18 @@ void ImportModels(const ImportChoice& choice) {
     ReportLosses(import.source, import.losses);
 }
 
-void ExportSectionAt(const BlockPlace& place, const ExportChoice& choice) {
+bool ExportSectionAt(const BlockPlace& place, const ExportChoice& choice) {
     SectionModel section;
     LegacySlot slot;
     if (!ReadSectionBlock(shell.database.path, place, false, section) ||
         !RequireSlot(choice, slot)) {
-        return;
+        return false;
     }
     const std::wstring name = Trim(choice.name);
     if (choice.createNew && !name.empty()) section.name = name;
-    if (ExportSection(slot, section, shell.database.bsd)) {
-        ReportNote(kMsgSectionExported, {Trim(section.name), slot.path});
-    }
+    if (!ExportSection(slot, section, shell.database.bsd)) return false;
+    ReportNote(kMsgSectionExported, {Trim(section.name), slot.path});
+    return true;
 }
 
 }  // namespace corvane

@@ -17,7 +17,7 @@ struct ImportChoice;
 void ImportModels(const ImportChoice& choice);
 
 // Writes a model of the open database, a section, into the slot of a legacy database that the user
-// chose.
-void ExportSectionAt(const BlockPlace& place, const ExportChoice& choice);
+// chose. False, and reported, when it could not be written.
+bool ExportSectionAt(const BlockPlace& place, const ExportChoice& choice);
 
 }  // namespace corvane

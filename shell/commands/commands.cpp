@@ -127,7 +127,7 @@ constexpr std::array kCommands = {
     Command{ME_SectionImport, Menu::kSection, "ME_SectionImport", L"&Import...",
             EnabledWhen::kDatabaseOpen, ME_SectionImport_Click},
     Command{ME_SectionExport, Menu::kSection, "ME_SectionExport", L"E&xport to Velk Dos...",
-            EnabledWhen::kOneSelected, ME_SectionExport_Click},
+            EnabledWhen::kModelSelected, ME_SectionExport_Click},
     Separator(Menu::kSection),
     Command{ME_SectionRename, Menu::kSection, "ME_SectionRename", L"Re&name...",
             EnabledWhen::kOneSelected, ME_SectionRename_Click, Plain(kF2Key)},

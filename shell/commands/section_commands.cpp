@@ -155,6 +155,7 @@ void ME_SectionImport_Click() {
 }
 
 void ME_SectionExport_Click() {
+    if (AreSeveralSelected()) return ExportSelectedModels();
     ModelEntry model;
     if (!RequireCurrentModel(model)) return;
     if (model.kind != ModelKind::kSection) {

@@ -6,10 +6,13 @@
 
 #include "database/editing.h"
 #include "files/file_system.h"
+#include "files/paths.h"
 #include "report/reporters.h"
 #include "shell/commands/section_commands.h"
 #include "shell/edit_history.h"
+#include "shell/exchange_boxes.h"
 #include "shell/file_prompt.h"
+#include "shell/model_exchange.h"
 #include "shell/running_mark.h"
 #include "shell/state.h"
 
@@ -100,6 +103,26 @@ void CopyModelsOfFile(const Models& models) {
     RefreshMainWindow();
 }
 
+bool RequireSections(const Models& models) {
+    const auto other = std::ranges::find_if(
+        models, [](const ModelEntry& model) { return model.kind != ModelKind::kSection; });
+    if (other == models.end()) return true;
+    ReportMessage(kMsgOnlySections, {KindName(other->kind), other->name});
+    return false;
+}
+
+void ExportSections(const Models& models, ExportChoice choice) {
+    int32_t exported = 0;
+    choice.createNew = true;
+    for (const ModelEntry& model : models) {
+        choice.name = model.name;
+        if (!ExportSectionAt(PlaceOf(model), choice)) break;
+        ++exported;
+    }
+    if (exported == 0) return;
+    ReportNote(kMsgSectionsExported, {exported, CountOf(models), choice.path});
+}
+
 }  // namespace
 
 bool AreSeveralSelected() {
@@ -126,6 +149,19 @@ void DeleteSelectedModels() {
     if (!RequireSelectedModels(models)) return;
     SetBusyPointer();
     DeleteModelsOfFile(models);
+    ResetMousePointer();
+}
+
+void ExportSelectedModels() {
+    Models models;
+    if (!RequireSelectedModels(models) || !RequireSections(models)) return;
+    ExportChoice choice;
+    choice.sections = static_cast<int>(models.size());
+    if (!shell.view.askExport(choice)) return;
+    shell.settings.BrowseDirectory = DirectoryOf(choice.path);
+    if (!RequireOtherFile(choice.path) || !RequireSelectedModels(models)) return;
+    SetBusyPointer();
+    ExportSections(models, choice);
     ResetMousePointer();
 }
 

@@ -1,6 +1,6 @@
-// Copy and Delete with more than one model selected: one question, one rewrite, one step of the
-// history. All of the models or none are copied or deleted. The file is read before and after the
-// question, as for one model (shell/commands/section_commands.h).
+// Copy, Delete and Export with more than one model selected, after one question. All of the models
+// or none are copied or deleted, in one rewrite and one step of the history. The file is read
+// before and after the question, as for one model (shell/commands/section_commands.h).
 #pragma once
 
 namespace corvane {
@@ -12,5 +12,9 @@ void CopySelectedModels();
 // With a backup of the file when the settings' IntegerSetting is not 0. The model after the first
 // one that goes becomes the current one.
 void DeleteSelectedModels();
+// Into new slots of a legacy database, in the order of the file, each with its own name. A model
+// that is not a section is reported, and nothing is exported. What was exported before a section
+// that fails stays there.
+void ExportSelectedModels();
 
 }  // namespace corvane

@@ -1,5 +1,6 @@
 #include "ui/dialogs/export_box.h"
 
+#include "report/reporters.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
@@ -35,11 +36,14 @@ bool IsCreateNew(HWND window) {
     return IsDlgButtonChecked(window, kCreateNew) == BST_CHECKED;
 }
 
-// The option that is set has its own control.
-void FollowOptions(HWND window) {
+// The option that is set has its own control; several sections can only become new ones, with
+// their own names.
+void FollowOptions(HWND window, const ExportBox& box) {
     const bool createNew = IsCreateNew(window);
+    const bool isOne = box.choice.sections == 1;
+    EnableWindow(GetDlgItem(window, kReplace), isOne);
     for (const int id : {int{LB_Name}, int{TX_Name}}) {
-        EnableWindow(GetDlgItem(window, id), createNew);
+        EnableWindow(GetDlgItem(window, id), createNew && isOne);
     }
     for (const int id : {int{LB_Sections}, int{LI_Sections}}) {
         EnableWindow(GetDlgItem(window, id), !createNew);
@@ -56,17 +60,20 @@ void AddOptions(HWND window) {
 
 void AddControls(HWND window, void* contents) {
     ExportBox& box = BoxOf(contents);
-    box.files.onItems = [window] { FollowOptions(window); };
+    box.files.onItems = [window, &box] { FollowOptions(window, box); };
     AddFileLists(window, box.files.lists);
     AddOptions(window);
     AddControl(window, {LB_Name, WC_STATICW, L"&Name:", WS_VISIBLE | SS_LEFT | WS_GROUP});
+    const std::wstring text = box.choice.sections == 1
+                                  ? box.choice.name
+                                  : FormatMessage(kMsgSectionsKeepNames, {box.choice.sections});
     const HWND name =
-        AddControl(window, {TX_Name, WC_EDITW, box.choice.name,
+        AddControl(window, {TX_Name, WC_EDITW, text,
                             WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | ES_LEFT, WS_EX_CLIENTEDGE});
     SendMessageW(name, EM_SETLIMITTEXT, kLongestName, 0);
     AddSectionsList(window, L"&Sections:");
     AddOkAndCancel(window);
-    FollowOptions(window);
+    FollowOptions(window, box);
 }
 
 // The options, each with its control below it, over the whole height of the area.
@@ -100,7 +107,7 @@ SIZE Place(HWND window, void* contents, UINT dpi) {
 
 void Notify(HWND window, void* contents, const Notification& notification) {
     const int control = notification.control;
-    if (control == kReplace || control == kCreateNew) return FollowOptions(window);
+    if (control == kReplace || control == kCreateNew) return FollowOptions(window, BoxOf(contents));
     OnExchangeFiles(window, BoxOf(contents).files, notification);
 }
 
@@ -111,7 +118,7 @@ bool Accept(HWND window, void* contents) {
     if (path.empty()) return false;
     box.choice = {path, createNew,
                   createNew ? int16_t{0} : static_cast<int16_t>(selected[0].number),
-                  WindowText(GetDlgItem(window, TX_Name))};
+                  WindowText(GetDlgItem(window, TX_Name)), box.choice.sections};
     return true;
 }
 

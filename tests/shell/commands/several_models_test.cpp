@@ -1,4 +1,4 @@
-// Copy and Delete with more than one model selected.
+// Copy, Delete and Export with more than one model selected.
 #include "shell/commands/several_models.h"
 
 #include <gtest/gtest.h>
@@ -7,9 +7,12 @@
 #include <vector>
 
 #include "database/listing.h"
+#include "legacy/exchange.h"
 #include "platform/system.h"
+#include "report/reporters.h"
 #include "shell/commands/commands.h"
 #include "shell/commands/view_commands.h"
+#include "shell/exchange_boxes.h"
 #include "tests/shell/command_support.h"
 #include "tests/support/support.h"
 
@@ -172,16 +175,62 @@ TEST_F(SeveralModelsTest, CopyAppendsACopyOfEachInTheOrderOfTheFile) {
     EXPECT_EQ(Narrow(CaptionNow(*FindCommand(ME_EditUndo))), "&Undo Copy of 3 models\tCtrl+Z");
 }
 
+// ---- Export ------------------------------------------------------------------------------------
+
+TEST_F(SeveralModelsTest, ExportOfAModelThatIsNotASectionIsRefusedBeforeTheBox) {
+    Select(0, {1, 2});
+    FakeView::askExport = [](ExportChoice&) {
+        ADD_FAILURE() << "the box was shown";
+        return false;
+    };
+    RunCommand(ME_SectionExport);
+    EXPECT_EQ(Warnings().size(), 1U);
+}
+
+TEST_F(SeveralModelsTest, ExportAddsASlotForEachSectionWithItsOwnName) {
+    static std::wstring legacy;
+    legacy = File(L"old.vel");
+    ASSERT_TRUE(ExportDatabase(Make(L"empty.ve2"), legacy));
+    int16_t status = 0;
+    ASSERT_EQ(ListLegacySections(legacy, status).size(), 0U);
+    Select(4, {0, 2});
+    FakeView::askExport = [](ExportChoice& choice) {
+        EXPECT_EQ(choice.sections, 3);
+        choice.path = legacy;
+        return true;
+    };
+    RunCommand(ME_SectionExport);
+    const std::vector<ModelEntry> sections = ListLegacySections(legacy, status);
+    ASSERT_EQ(sections.size(), 3U);
+    for (const ModelEntry& section : sections) {
+        EXPECT_EQ(Narrow(section.name), Narrow(shell.database.rows[0].name));
+    }
+    EXPECT_EQ(RecordedReports::caption, FormatMessage(kMsgSectionsExported, {3, 3, legacy}));
+    ExpectUntouched();
+}
+
+TEST_F(SeveralModelsTest, ExportThatFailsSaysHowFarItCame) {
+    Select(0, {2});
+    FakeView::askExport = [](ExportChoice& choice) {
+        choice.path = L"C:\\no such folder\\none.vel";
+        return true;
+    };
+    RunCommand(ME_SectionExport);
+    EXPECT_EQ(Warnings().size(), 1U) << "once, not for each section";
+    ExpectUntouched();
+}
+
 // ---- What cannot be done with several ----------------------------------------------------------
 
 TEST_F(SeveralModelsTest, CommandsOnOneModelAreDisabledAndSayWhy) {
     Select(0, {2});
-    for (const CommandId id : {ME_SectionInput, ME_SectionVelkRule, ME_SectionExport}) {
+    for (const CommandId id :
+         {ME_SectionInput, ME_SectionVelkRule, ME_SectionRename, ME_SectionProperties}) {
         EXPECT_FALSE(IsEnabled(*FindCommand(id))) << id;
         EXPECT_EQ(WhyDisabled(*FindCommand(id)),
                   L"2 models are selected: this command works on one");
     }
-    for (const CommandId id : {ME_SectionCopy, ME_SectionRemove}) {
+    for (const CommandId id : {ME_SectionCopy, ME_SectionRemove, ME_SectionExport}) {
         EXPECT_TRUE(IsEnabled(*FindCommand(id))) << id;
         EXPECT_EQ(WhyDisabled(*FindCommand(id)), L"");
     }

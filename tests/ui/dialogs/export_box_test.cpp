@@ -48,6 +48,21 @@ TEST_F(ExportBoxTest, ShowsCaptionsAndDefaults) {
     });
 }
 
+TEST_F(ExportBoxTest, SeveralSectionsBecomeNewOnesWithTheirOwnNames) {
+    choice.sections = 3;
+    Legacy(L"b.vel");
+    ASSERT_TRUE(Ask([&](HWND window) {
+        EXPECT_EQ(test::TextOf(window, TX_Name), "3 sections, each with its own name");
+        EXPECT_FALSE(IsEnabled(window, TX_Name));
+        EXPECT_FALSE(IsEnabled(window, kReplace));
+        Select(window, FIL_Db, 0);
+        EXPECT_FALSE(IsEnabled(window, kReplace));
+        PressOk(window);
+    }));
+    EXPECT_TRUE(choice.createNew);
+    EXPECT_EQ(choice.sections, 3);
+}
+
 TEST_F(ExportBoxTest, ListsTheLegacyDatabasesOfTheLastFolder) {
     for (const wchar_t* name :
          {L"b.vel", L"A.VEL", L"c.ve2", L"d.velo", L"\u00E9t\u00E9.vel", L"\u03A9.vel"}) {
