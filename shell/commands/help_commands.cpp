@@ -23,7 +23,8 @@ void ME_HelpSample_Click() {
                                           .proposed = FileNameOf(sample),
                                           .directory = shell.settings.BrowseDirectory,
                                           .toSave = true});
-    if (path.empty() || !RequireOtherFile(path) || !PutFile(sample, path)) return;
+    const std::wstring edit = FormatMessage(kMsgReplacementBy, {FileNameOf(sample)});
+    if (path.empty() || !RequireOtherFile(path) || !PutFile(sample, path, edit)) return;
     OpenFile(path);
 }
 

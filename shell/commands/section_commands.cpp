@@ -48,7 +48,8 @@ void RenameCurrentModel(const ModelEntry& model, const std::wstring& name) {
     SetBusyPointer();
     const EditName edit(FormatMessage(kMsgRenameOf, {model.name}));
     std::wstring path = shell.database.path;
-    if (RenameModel(path, {model.number, model.name, name, {true, AskForWritableDatabase}})) {
+    const BlockNumbers listed = ListedBlocks();
+    if (RenameModel(path, {model.number, model.name, name, {true, AskForWritableDatabase, &listed}})) {
         if (path != shell.database.path) ContinueInWritableFile(path);
         RefreshMainWindow();
     }

@@ -39,13 +39,28 @@ bool RequireModelOfRow(const Models& all, size_t index, ModelEntry& model) {
     return false;
 }
 
+// All models as the file has them now: as they were listed, while the file is that one. False, and
+// reported, when it cannot be read.
+bool ReadAllModels(Models& all) {
+    const OpenDatabase& database = shell.database;
+    system::FileStamp stamp;
+    const bool isListed = system::GetFileStamp(database.path, stamp) == system::kErrorNone &&
+                          stamp == database.stamp;
+    if (!isListed) return ListModels(database.path, all);
+    for (const ModelRow& row : database.rows) {
+        all.push_back({row.tag, row.offset, row.stamp, row.name, row.kind, row.x_m, row.identifier,
+                       row.hasOwnNumber});
+    }
+    return true;
+}
+
 // The selected models as the file has them now, in its order. False, and reported, when the file is
 // missing or no longer has them all; the list is then read again.
 bool RequireSelectedModels(Models& models) {
     const std::wstring& path = shell.database.path;
     AwaitReadable(path);
     Models all;
-    if (!RequireDatabase() || !ListModels(path, all)) return false;
+    if (!RequireDatabase() || !ReadAllModels(all)) return false;
     models.clear();
     for (const size_t index : SelectedRows()) {
         ModelEntry model;
@@ -74,11 +89,13 @@ std::wstring NamesOf(const Models& models) {
            L'\r';
 }
 
-std::vector<ModelCopy> CopiesOf(const Models& models) {
+std::vector<ModelCopy> CopiesOf(const Models& models, const BlockNumbers& listed) {
     std::vector<ModelCopy> copies;
     for (const ModelEntry& model : models) {
-        copies.push_back(
-            {model.number, model.kind, L"Copy of " + model.name, {true, AskForWritableDatabase}});
+        copies.push_back({model.number,
+                          model.kind,
+                          L"Copy of " + model.name,
+                          {true, AskForWritableDatabase, &listed}});
     }
     return copies;
 }
@@ -87,7 +104,8 @@ void DeleteModelsOfFile(const Models& models) {
     std::vector<int32_t> numbers;
     for (const ModelEntry& model : models) numbers.push_back(model.number);
     const EditName edit(FormatMessage(kMsgDeleteOfModels, {CountOf(models)}));
-    if (!DeleteModels(shell.database.path, numbers, KeepsBackupOnRemoval())) return;
+    const BlockNumbers listed = ListedBlocks();
+    if (!DeleteModels(shell.database.path, numbers, KeepsBackupOnRemoval(), &listed)) return;
     SetCurrentModel(std::ranges::min(numbers));
     DeselectModel();
     RefreshMainWindow();
@@ -96,7 +114,8 @@ void DeleteModelsOfFile(const Models& models) {
 void CopyModelsOfFile(const Models& models) {
     const EditName edit(FormatMessage(kMsgCopyOfModels, {CountOf(models)}));
     std::wstring path = shell.database.path;
-    const int32_t last = CopyAllModels(path, CopiesOf(models));
+    const BlockNumbers listed = ListedBlocks();
+    const int32_t last = CopyAllModels(path, CopiesOf(models, listed));
     if (last == 0) return;
     if (path != shell.database.path) ContinueInWritableFile(path);
     SetCurrentModel(last);

@@ -180,16 +180,19 @@ bool Delete(const std::wstring& path) {
     return DeleteModel(path, kNumber, kKeepBackup);
 }
 
-std::wstring NameOf(int32_t number) {
-    if (number == kTorsionModel) return kTorsionName;
-    return number == kBulkhead ? test::FullArrangement().name : test::FullSection().name;
+// Made once, before calls are counted: making a record reads and writes files.
+const std::wstring& NameOf(int32_t number) {
+    static const std::wstring section = test::FullSection().name;
+    static const std::wstring arrangement = test::FullArrangement().name;
+    static const std::wstring torsion = kTorsionName;
+    if (number == kTorsionModel) return torsion;
+    return number == kBulkhead ? arrangement : section;
 }
 
 template <int32_t kNumber, bool kKeepBackup>
 bool Rename(const std::wstring& path) {
-    static const std::wstring oldName = NameOf(kNumber);
     std::wstring database = path;
-    return RenameModel(database, {kNumber, oldName, kCopyName, {kKeepBackup}});
+    return RenameModel(database, {kNumber, NameOf(kNumber), kCopyName, {kKeepBackup}});
 }
 
 template <int32_t kNumber>
@@ -354,6 +357,7 @@ void LoadLibraries() {
     CurrentStamp();
     GenerateID.pointer = GiveIdentifier;
     LoginName.pointer = GiveName;
+    NameOf(kSection);
     UseDosLibrary();
 }
 
