@@ -1,6 +1,6 @@
 // edit_model_tool delete|delete_backup|delete_history|copy|undo|click PATH NUMBER: deletes a model,
-// without a backup, with one, or with one and a version in the history; copies it (a section, with a
-// backup); puts the newest version of the history back, with a backup, as Undo does; or reads the
+// without a backup, with one, or with one and a version in the history; copies it (a section, with
+// a backup); puts the newest version of the history back, with a backup, as Undo does; or reads the
 // section by its number. Prints the microseconds that this took by the process's own clock and, on
 // the host, the most memory that the process held, in KiB. The database is listed before, as the
 // window has it; that is not measured. LOCALAPPDATA is where the history is.

@@ -30,8 +30,8 @@ struct BlockRun {
     int64_t shift = 0;               // added to the numbers ...
     int64_t shiftAbove = INT64_MIN;  // ... that are larger than this one
     // What the blocks of the file are, so that no marker is searched, and the index of the run's
-    // first one; null: not known. A block that is not as known ends the copy, and the reader's error
-    // is kErrorFileChanged.
+    // first one; null: not known. A block that is not as known ends the copy, and the reader's
+    // error is kErrorFileChanged.
     const BlockNumbers* known = nullptr;
     size_t first = 0;
 };

@@ -89,9 +89,9 @@ ReplaceResult PutInPlace(const std::wstring& newText, const std::wstring& target
 ReplaceResult PutLinkOrCopy(const std::wstring& source, const std::wstring& target);
 
 // As ReplaceFile, but `source`, another file, stays: a copy of its text takes the place of
-// `target`. kNew: a target that is there is left alone (kErrorFileExists). The user sees how far the
-// copy is, and can cancel it (kErrorCancelled). `lastLook` is called when the copy is whole, just
-// before the rename; an error of it is the result, and the target stays.
+// `target`. kNew: a target that is there is left alone (kErrorFileExists). The user sees how far
+// the copy is, and can cancel it (kErrorCancelled). `lastLook` is called when the copy is whole,
+// just before the rename; an error of it is the result, and the target stays.
 enum class TargetKind { kAny, kNew };
 using LastLook = std::function<system::ErrorNumber(const std::wstring& copy)>;
 ReplaceResult PutCopy(const std::wstring& source, const std::wstring& target,

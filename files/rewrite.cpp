@@ -22,9 +22,8 @@ void ReportLeftOver(const std::wstring& path) {
 ErrorNumber KeepBackup(const Rewrite& rewrite) {
     const std::wstring path = BackupPath(rewrite.target);
     if (EqualsIgnoringCase(path, rewrite.target)) {
-        ReportMessage(kMsgBackupNotWritten,
-                      {path, rewrite.target, GetMessage(kMsgBackupIsTheFile), rewrite.newText,
-                       RemedyOf(kErrorNone)});
+        ReportMessage(kMsgBackupNotWritten, {path, rewrite.target, GetMessage(kMsgBackupIsTheFile),
+                                             rewrite.newText, RemedyOf(kErrorNone)});
         return system::kErrorInvalidParameter;
     }
     const ReplaceResult backup = PutLinkOrCopy(rewrite.target, path);

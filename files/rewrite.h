@@ -45,7 +45,8 @@ void BeginRestoring(Rewrite& rewrite, const std::wstring& source, TextSource kin
 
 // Takes the old text of a rewrite into the history, just before the new one replaces it; `version`
 // becomes the name of the file that has it then; empty: none. A failure hinders nothing and is no
-// error here; kErrorCancelled when the user has cancelled. Whoever keeps a history sets it at start.
+// error here; kErrorCancelled when the user has cancelled. Whoever keeps a history sets it at
+// start.
 using OldTextKeeper = system::ErrorNumber (*)(const Rewrite& rewrite, std::wstring& version);
 extern OldTextKeeper keepOldText;
 

@@ -32,10 +32,9 @@ void CopyCurrentModel(const ModelEntry& model, const std::wstring& name) {
     const EditName edit(FormatMessage(kMsgCopyOf, {model.name}));
     std::wstring path = shell.database.path;
     const BlockNumbers listed = ListedBlocks();
-    const int32_t copy = CopyModel(path, {shell.database.currentModel,
-                                          model.kind,
-                                          name,
-                                          {true, AskForWritableDatabase, &listed}});
+    const int32_t copy = CopyModel(
+        path,
+        {shell.database.currentModel, model.kind, name, {true, AskForWritableDatabase, &listed}});
     if (copy != 0) {
         if (path != shell.database.path) ContinueInWritableFile(path);
         SetCurrentModel(copy);
@@ -49,7 +48,8 @@ void RenameCurrentModel(const ModelEntry& model, const std::wstring& name) {
     const EditName edit(FormatMessage(kMsgRenameOf, {model.name}));
     std::wstring path = shell.database.path;
     const BlockNumbers listed = ListedBlocks();
-    if (RenameModel(path, {model.number, model.name, name, {true, AskForWritableDatabase, &listed}})) {
+    if (RenameModel(path,
+                    {model.number, model.name, name, {true, AskForWritableDatabase, &listed}})) {
         if (path != shell.database.path) ContinueInWritableFile(path);
         RefreshMainWindow();
     }

@@ -44,8 +44,8 @@ bool RequireModelOfRow(const Models& all, size_t index, ModelEntry& model) {
 bool ReadAllModels(Models& all) {
     const OpenDatabase& database = shell.database;
     system::FileStamp stamp;
-    const bool isListed = system::GetFileStamp(database.path, stamp) == system::kErrorNone &&
-                          stamp == database.stamp;
+    const bool isListed =
+        system::GetFileStamp(database.path, stamp) == system::kErrorNone && stamp == database.stamp;
     if (!isListed) return ListModels(database.path, all);
     for (const ModelRow& row : database.rows) {
         all.push_back({row.tag, row.offset, row.stamp, row.name, row.kind, row.x_m, row.identifier,
