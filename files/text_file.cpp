@@ -22,6 +22,8 @@ std::string_view WithoutReturn(const char* begin, const char* end) {
 // has cancelled.
 size_t ReadMore(TextReader& reader, size_t place, size_t most) {
     size_t count = 0;
+    // After a failure nothing more comes: whoever copies must learn of it at the end.
+    if (reader.error != system::kErrorNone) return 0;
     reader.error = system::ReadBytes(reader.file, reader.buffer.get() + place, most, count);
     if (reader.error != system::kErrorNone) return 0;
     if (reader.progress == nullptr || Advance(*reader.progress, static_cast<int64_t>(count))) {
@@ -231,12 +233,11 @@ void SeekLine(TextReader& reader, int64_t position) {
         reader.next = static_cast<size_t>(position - reader.bufferOffset);
         return;
     }
-    // An earlier failure stays: whoever copies must learn of it at the end.
     const system::ErrorNumber error = system::SetPosition(reader.file, position);
     if (reader.error == system::kErrorNone) reader.error = error;
     reader.first = reader.next = reader.end = 0;
     reader.bufferOffset = position;
-    reader.atEnd = reader.error != system::kErrorNone;
+    reader.atEnd = false;
 }
 
 bool FindLine(TextReader& reader, std::string_view text) {
