@@ -207,9 +207,16 @@ void CORVANE_STDCALL GiveIdentifier(char* buffer, int32_t size) {
 
 // ---- The history -------------------------------------------------------------------------------
 
+// The user declines.
+bool AnswerNo(const std::wstring& question) {
+    test::RecordedReports::Record("warning " + test::Narrow(question));
+    return false;
+}
+
 // The shell with this database open.
 void OpenInShell(const std::wstring& path) {
     shell.database.path = path;
+    shell.view.askIrreversible = AnswerNo;
     UseHistory();
 }
 
@@ -280,7 +287,7 @@ std::vector<Edit> HistoryEdits() {
     undo.prepare = restore.prepare = MakeDeleted;
     Edit redo = WithHistory("redo", Redo, Restored<DeletedDatabase>);
     redo.prepare = MakeUndone;
-    undo.yields = redo.yields = restore.yields = true;
+    undo.yields = redo.yields = true;
     Edit saveAs = WithHistory("save_as_with_history", SaveAsWithHistory, nullptr);
     saveAs.keepsBackup = false;
     saveAs.oldText = DeletedDatabase;

@@ -26,7 +26,8 @@ struct Edit {
     // nothing fails.
     std::string (*expected)(const std::string& oldText) = nullptr;
     bool keepsText = true;  // in it is what the edit did not change of the old text
-    // What another program makes of the file meanwhile stays, and the edit is refused.
+    // What another program makes of the file meanwhile stays, and the edit is refused; otherwise it
+    // is made in their text.
     bool yields = false;
     // The file that it starts with.
     const std::string& (*oldText)() = OldDatabase;

@@ -80,7 +80,7 @@ bool IsTooLate(const std::vector<std::string>& calls, int call) {
 std::vector<Edit> EditsThatKeepText() {
     std::vector<Edit> edits;
     std::ranges::copy_if(Edits(), std::back_inserter(edits), [](const Edit& edit) {
-        return edit.expected != nullptr && (edit.keepsText || edit.yields);
+        return edit.expected != nullptr && (edit.keepsText || edit.keepsHistory);
     });
     return edits;
 }
@@ -126,7 +126,8 @@ struct Meanwhile : testing::TestWithParam<Edit> {
         if (seen == scene.oldText) {
             after.firstText = scene.oldText;
             after.oldText = theirs;
-            after.newText = scene.edit.yields ? theirs : scene.edit.expected(theirs);
+            if (!scene.edit.yields) after.newText = scene.edit.expected(theirs);
+            if (scene.edit.yields && outcome.done) return "their text was replaced";
         } else {
             if (seen != scene.newText) return "they saw a mixture";
             after.newText = theirs;
