@@ -178,12 +178,12 @@ TEST_F(FilterUiTest, EnterAndTheDownArrowGoToTheListThatIsLeft) {
 
 // ---- The next start ----------------------------------------------------------------------------
 
-struct NextStartTest : testing::Test {
+struct KeptListTest : testing::Test {
     Settings settings;
     Installation installation;
     const std::wstring path = installation.File(L"ship.ve2");
 
-    NextStartTest() {
+    KeptListTest() {
         CopyFileW(test::DataPath("../samples/aurora_bay.ve2").c_str(), path.c_str(), FALSE);
     }
     static LRESULT Width(HWND list, int column) {
@@ -210,7 +210,7 @@ struct NextStartTest : testing::Test {
     }
 };
 
-TEST_F(NextStartTest, ListIsAsTheUserLeftIt) {
+TEST_F(KeptListTest, ListIsAsTheUserLeftIt) {
     std::vector<LRESULT> widths;
     {
         const Program program(installation, L"\"" + path + L"\"");

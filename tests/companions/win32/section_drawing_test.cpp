@@ -9,6 +9,7 @@
 
 #include "platform/win32/win32.h"
 #include "tests/companions/sample_section.h"
+#include "tests/support/gui_objects.h"
 
 namespace corvane {
 namespace {
@@ -177,10 +178,9 @@ TEST_F(GdiSectionDrawing, NumbersAreWrittenInTheirColour) {
 TEST_F(GdiSectionDrawing, ThousandDrawingsLeakNoObject) {
     sample.parameters.drawNumbers = -1;
     Draw();
-    const HANDLE process = GetCurrentProcess();
-    const DWORD before = GetGuiResources(process, GR_GDIOBJECTS);
+    const test::GuiObjects before = test::CountGuiObjects();
     for (int i = 0; i < 1000; ++i) Draw();
-    EXPECT_EQ(GetGuiResources(process, GR_GDIOBJECTS), before);
+    EXPECT_EQ(test::CountGuiObjects(), before);
 }
 
 TEST_F(GdiSectionDrawing, FrameIsTheClientAreaOfTheWindow) {

@@ -9,6 +9,7 @@
 #include "shell/state.h"
 #include "tests/companions/section_builder.h"
 #include "tests/shell/fake_view.h"
+#include "tests/support/gui_objects.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -156,23 +157,21 @@ TEST_F(SectionPicture, PaintErasesNothingFirst) {
 
 TEST_F(SectionPicture, ThousandDrawingsLeakNoObject) {
     ShowDeck();
-    const HANDLE process = GetCurrentProcess();
-    const DWORD before = GetGuiResources(process, GR_GDIOBJECTS);
+    const test::GuiObjects before = test::CountGuiObjects();
     for (int i = 0; i < 1000; ++i) {
         RedrawSectionPicture(picture);
         if (i % 100 == 0) ClearSectionPicture(picture);
     }
-    EXPECT_EQ(GetGuiResources(process, GR_GDIOBJECTS), before);
+    EXPECT_EQ(test::CountGuiObjects(), before);
 }
 
 TEST_F(SectionPicture, ResizingLeaksNoObject) {
     ShowDeck();
-    const HANDLE process = GetCurrentProcess();
-    const DWORD before = GetGuiResources(process, GR_GDIOBJECTS);
+    const test::GuiObjects before = test::CountGuiObjects();
     for (int i = 0; i < 100; ++i) {
         SetWindowPos(picture, nullptr, 0, 0, 100 + i, 120 + i, SWP_NOZORDER | SWP_NOACTIVATE);
     }
-    EXPECT_EQ(GetGuiResources(process, GR_GDIOBJECTS), before);
+    EXPECT_EQ(test::CountGuiObjects(), before);
 }
 
 TEST_F(SectionPicture, EmptySizeDrawsNothingBad) {
