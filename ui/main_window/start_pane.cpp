@@ -74,7 +74,9 @@ void CreateStartPane(HWND window) {
 bool ShowStartPane(HWND window, bool isShown) {
     if (IsStartPaneShown(window) == isShown) return false;
     if (isShown) FillInRecent(window);
-    ShowWindow(GetDlgItem(window, LI_Sections), isShown ? SW_HIDE : SW_SHOWNA);
+    for (const int id : {LB_Models, LI_Sections}) {
+        ShowWindow(GetDlgItem(window, id), isShown ? SW_HIDE : SW_SHOWNA);
+    }
     for (const int id : PaneControls()) {
         const bool isOffered = isShown && IsOffered(id);
         ShowWindow(GetDlgItem(window, id), isOffered ? SW_SHOWNA : SW_HIDE);

@@ -259,6 +259,7 @@ TEST(StartPane, OffersWhatCanBeOpened) {
         shell.recent = {DataPath("../samples/aurora_bay.ve2"), L"C:\\gone\\ship.ve2"};
     });
     EXPECT_FALSE(IsShown(open.Control(LI_Sections)));
+    EXPECT_FALSE(IsShown(open.Control(LB_Models)));
     std::vector<std::string> offers = Offers(open);
     std::erase(offers, "Open the sample ship...");
     ASSERT_EQ(offers.size(), 4U);
@@ -274,6 +275,7 @@ TEST(StartPane, RecentDatabaseIsOpenedAndTheListComesBack) {
     SendMessageW(open.Control(BT_StartRecent), BM_CLICK, 0, 0);
     EXPECT_EQ(open.Rows(), 14);
     EXPECT_TRUE(IsShown(open.Control(LI_Sections)));
+    EXPECT_TRUE(IsShown(open.Control(LB_Models)));
     EXPECT_TRUE(Offers(open).empty());
     EXPECT_FALSE(IsShown(open.Control(LB_Start)));
 }
