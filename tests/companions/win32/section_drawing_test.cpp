@@ -9,7 +9,7 @@
 
 #include "platform/win32/win32.h"
 #include "tests/companions/sample_section.h"
-#include "tests/support/gui_objects.h"
+#include "tests/support/win32/gui_objects.h"
 
 namespace corvane {
 namespace {

@@ -1,5 +1,5 @@
 // What a day's work makes of pens, fonts, icons, menus and windows is given back.
-#include "tests/support/gui_objects.h"
+#include "tests/support/win32/gui_objects.h"
 
 #include <gtest/gtest.h>
 
