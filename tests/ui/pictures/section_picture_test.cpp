@@ -9,8 +9,8 @@
 #include "shell/state.h"
 #include "tests/companions/section_builder.h"
 #include "tests/shell/fake_view.h"
-#include "tests/support/win32/gui_objects.h"
 #include "tests/support/support.h"
+#include "tests/support/win32/gui_objects.h"
 
 namespace corvane {
 namespace {
