@@ -43,7 +43,6 @@ struct KindFacts {
     int icon;                       // from 1: which picture of IML_Small
     const wchar_t* menuCaption;     // of the menu for a model of this kind
     const wchar_t* exchangeSuffix;  // after the model's name in the lists of export and import
-    uint32_t colour;                // 0xRRGGBB, of the kind's picture and of its name in the list
     float formatVersion;
     bool hasPosition;          // the line after the name gives x
     int identifierLine;        // which line after the name has the identifier; 0: none

@@ -7,6 +7,7 @@
 #include "ui/base/control_ids.h"
 #include "ui/base/dpi.h"
 #include "ui/base/own_window.h"
+#include "ui/pictures/icons.h"
 
 namespace corvane {
 namespace {
@@ -42,6 +43,7 @@ void ApplyResolution(HWND window, UINT dpi) {
     const SIZE size = WindowSize(window, client, false, dpi);
     SetWindowPos(window, nullptr, 0, 0, size.cx, size.cy,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    if (dialog.kind.isProgram) SetWindowIcons(window, dpi);
     if (old != nullptr) DeleteObject(old);
 }
 
@@ -72,8 +74,6 @@ void Centre(HWND window, HWND owner) {
 // Shows the window as the user wants to have the program started. Not later: a window that has the
 // focus while it is hidden gets an inactive title.
 void ShowProgramWindow(HWND window) {
-    const HICON icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1));
-    SendMessageW(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
     ShowWindow(window, SW_SHOWDEFAULT);
 }
 
@@ -148,6 +148,9 @@ INT_PTR HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
             ApplyResolution(window, LOWORD(wParam));
             return TRUE;
         }
+        case WM_DESTROY:
+            if (StateOf(window).kind.isProgram) RemoveWindowIcons(window);
+            return FALSE;
         default:
             return FALSE;
     }

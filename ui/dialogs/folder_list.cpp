@@ -6,7 +6,7 @@
 #include "ui/base/dpi.h"
 #include "ui/dialogs/folder_contents.h"
 #include "ui/dialogs/list_controls.h"
-#include "ui/pictures/drawn_picture.h"
+#include "ui/pictures/icons.h"
 
 namespace corvane {
 namespace {
@@ -16,23 +16,8 @@ constexpr int kIndent = 10;
 constexpr int kPadding = 2;
 constexpr int kTextGap = 4;
 
+// In the list of icons.
 enum FolderIcon { kClosedFolder, kOpenFolder };
-
-DrawnPicture DrawFolder(FolderIcon which, int size) {
-    constexpr COLORREF kPaper = RGB(247, 205, 92);
-    constexpr COLORREF kEdge = RGB(163, 112, 16);
-    const PicturePoint back[] = {{1.5, 3}, {6, 3},    {7.5, 4.5}, {14, 4.5},
-                                 {14, 13}, {1.5, 13}, {1.5, 3}};
-    const PicturePoint front[] = {{1.5, 13}, {4, 7.5}, {15.3, 7.5}, {13.5, 13}, {1.5, 13}};
-    DrawnPicture picture = NewPicture(size, 16);
-    Fill(picture, back, kPaper);
-    Stroke(picture, back, 1, kEdge);
-    if (which == kOpenFolder) {
-        Fill(picture, front, kPaper);
-        Stroke(picture, front, 1, kEdge);
-    }
-    return picture;
-}
 
 // The icons at a resolution.
 void MakeIcons(FolderList& folders, UINT dpi) {
@@ -43,8 +28,8 @@ void MakeIcons(FolderList& folders, UINT dpi) {
     if (width == size) return;
     if (folders.icons != nullptr) ImageList_Destroy(folders.icons);
     folders.icons = ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, 2, 0);
-    for (const FolderIcon icon : {kClosedFolder, kOpenFolder}) {
-        AddPicture(folders.icons, DrawFolder(icon, size));
+    for (const PictureId id : {kFolderPicture, kOpenFolderPicture}) {
+        AddPicture(folders.icons, id, COLOR_WINDOW, COLOR_WINDOWTEXT);
     }
 }
 

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 
+#include "ui/base/colours.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
 #include "ui/dialogs/dialogs.h"
+#include "ui/pictures/icons.h"
 
 namespace corvane {
 namespace {
@@ -15,26 +17,13 @@ constexpr int kPicture = 64;
 constexpr int kPadding = 16;
 constexpr int kGap = 8;
 
-constexpr COLORREF kWarningColour = RGB(200, 0, 0);
+constexpr COLORREF kWarningColour = RGB(176, 0, 0);
 
 void DeleteObjects(const ProductPanel& panel) {
     for (const HFONT font : {panel.titleFont, panel.versionFont, panel.warningFont}) {
         if (font != nullptr) DeleteObject(font);
     }
     if (panel.picture != nullptr) DestroyIcon(panel.picture);
-}
-
-// The program's icon in any size; made smaller from the next larger one, where the system can.
-HICON LoadPicture(int side) {
-    using ScaleDown = HRESULT WINAPI(HINSTANCE, PCWSTR, int, int, HICON*);
-    const HINSTANCE program = GetModuleHandleW(nullptr);
-    const auto scaleDown = AsFunction<ScaleDown>(
-        GetProcAddress(GetModuleHandleW(L"comctl32.dll"), "LoadIconWithScaleDown"));
-    HICON icon = nullptr;
-    if (scaleDown != nullptr) scaleDown(program, MAKEINTRESOURCEW(1), side, side, &icon);
-    if (icon != nullptr) return icon;
-    return static_cast<HICON>(
-        LoadImageW(program, MAKEINTRESOURCEW(1), IMAGE_ICON, side, side, LR_DEFAULTCOLOR));
 }
 
 void SetFont(HWND window, int id, HFONT font) {
@@ -81,7 +70,7 @@ SIZE ScaleProductPanel(HWND window, ProductPanel& panel, UINT dpi) {
     panel.versionFont = CreateMessageFont(dpi);
     panel.warningFont = CreateMessageFont(dpi, 100, FW_BOLD);
     const int side = Scaled(kPicture, dpi);
-    panel.picture = LoadPicture(side);
+    panel.picture = LoadPicture(kProgramPicture, side);
     SetFont(window, LB_Title, panel.titleFont);
     SetFont(window, LB_Version, panel.versionFont);
     SetFont(window, LB_Warning1, panel.warningFont);
@@ -126,7 +115,9 @@ void PlaceProductPanel(HWND window, const RECT& area, UINT dpi) {
 HBRUSH ColourProductLabel(HWND label, HDC dc, int background) {
     const int id = GetDlgCtrlID(label);
     const bool warning = id == LB_Warning1 || id == LB_Warning2;
-    SetTextColor(dc, warning ? kWarningColour : GetSysColor(COLOR_WINDOWTEXT));
+    const bool isRed = warning && !NeedsSystemColours(background);
+    const int text = background == COLOR_WINDOW ? COLOR_WINDOWTEXT : COLOR_BTNTEXT;
+    SetTextColor(dc, isRed ? kWarningColour : GetSysColor(text));
     SetBkMode(dc, TRANSPARENT);
     return GetSysColorBrush(background);
 }

@@ -36,7 +36,8 @@ SIZE ScaleProductPanel(HWND window, ProductPanel& panel, UINT dpi);
 // of the width that is left; the warnings below.
 void PlaceProductPanel(HWND window, const RECT& area, UINT dpi);
 
-// For WM_CTLCOLORSTATIC: the warnings are red. The labels' background is the system colour.
+// For WM_CTLCOLORSTATIC: the warnings are red where the system's colours allow it. The labels'
+// background is the system colour.
 HBRUSH ColourProductLabel(HWND label, HDC dc, int background);
 
 }  // namespace corvane

@@ -112,6 +112,7 @@ void ApplyResolution(HWND window, UINT dpi) {
     }
     ScaleModelList(GetDlgItem(window, LI_Sections), dpi);
     if (old != nullptr) DeleteObject(old);
+    SetWindowIcons(window, dpi);
     ShowButtonPictures(window);
     LayOutMainWindow(window, state.layout);
 }
@@ -119,13 +120,14 @@ void ApplyResolution(HWND window, UINT dpi) {
 void ShowButtonPictures(HWND window) {
     const MainWindowState& state = *StateOfMainWindow(window);
     const UINT dpi = state.layout.dpi;
-    ShowEditPicture(GetDlgItem(window, BT_Open), state.kind, dpi);
-    ShowRulePicture(GetDlgItem(window, BT_Rule), state.kind, CurrentRuleSet(), dpi);
-    ShowShipPicture(GetDlgItem(window, BT_Bsd), dpi);
+    ShowButtonPicture(GetDlgItem(window, BT_Open), EditPicture(state.kind), dpi);
+    ShowButtonPicture(GetDlgItem(window, BT_Rule), RulePicture(state.kind, CurrentRuleSet()), dpi);
+    ShowButtonPicture(GetDlgItem(window, BT_Bsd), kShipPicture, dpi);
 }
 
 void ReleaseMainControls(HWND window) {
     for (const ControlId id : {BT_Open, BT_Rule, BT_Bsd}) RemovePicture(GetDlgItem(window, id));
+    RemoveWindowIcons(window);
 }
 
 void UpdateEnabling(HWND window) {

@@ -92,7 +92,8 @@ void ShowModelButtons(ModelKind kind) {
 void RedrawRuleButton() {
     const MainWindowState* state = MainState();
     if (state == nullptr) return;
-    ShowRulePicture(MainControl(BT_Rule), state->kind, CurrentRuleSet(), state->layout.dpi);
+    ShowButtonPicture(MainControl(BT_Rule), RulePicture(state->kind, CurrentRuleSet()),
+                      state->layout.dpi);
 }
 
 // What the user typed and clicked while the window was locked, and that it was to close, does not

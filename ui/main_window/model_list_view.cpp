@@ -9,15 +9,16 @@
 #include "ui/base/control_ids.h"
 #include "ui/base/dpi.h"
 #include "ui/dialogs/list_controls.h"
-#include "ui/pictures/list_icons.h"
+#include "ui/pictures/icons.h"
 
 namespace corvane {
 namespace {
 
 // Name of the list for screen readers.
 constexpr wchar_t kAccessibleName[] = L"Models";
-// Narrowest column of names [pixels at 96 dots per inch].
+// Narrowest column of names, and what is between its icons and names [pixels at 96 dots per inch].
 constexpr int kNarrowestName = 120;
+constexpr int kIconGap = 3;
 
 // The first column, whose width is what the others leave.
 constexpr int kNameColumn = 0;
@@ -31,6 +32,18 @@ void AddColumns(HWND list) {
     for (const ModelColumn& column : ModelColumns()) {
         AddListColumn(list, index++, column.title, column.alignsRight);
     }
+}
+
+// IML_Small: the kinds' pictures in the order of their icons; the list's own then.
+HIMAGELIST CreateKindIcons(UINT dpi) {
+    const int size = SystemMetric(SM_CXSMICON, dpi);
+    const HIMAGELIST icons =
+        ImageList_Create(size + Scaled(kIconGap, dpi), size, ILC_COLOR32 | ILC_MASK,
+                         static_cast<int>(Kinds().size()), 0);
+    for (const KindFacts& facts : Kinds()) {
+        AddPicture(icons, KindPicture(facts.kind), COLOR_WINDOW, COLOR_WINDOWTEXT);
+    }
+    return icons;
 }
 
 void SetColumnWidth(HWND list, int column, int width) {

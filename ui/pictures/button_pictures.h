@@ -1,17 +1,12 @@
-// The pictures of the main window's buttons, drawn for the screen's resolution, in the system's
-// colours where the user has asked for high contrast.
+// The pictures of the main window's buttons.
 #pragma once
 
-#include "database/model_kind.h"
-#include "shell/rule_set.h"
-#include "ui/base/controls.h"
+#include "ui/pictures/icons.h"
 
 namespace corvane {
 
-// The model kind with a pencil; the model kind with the mark of the rule set; a ship.
-void ShowEditPicture(HWND button, ModelKind kind, UINT dpi);
-void ShowRulePicture(HWND button, ModelKind kind, RuleSet ruleSet, UINT dpi);
-void ShowShipPicture(HWND button, UINT dpi);
+// Shows a picture at the left of the button's caption; grey while the button is disabled.
+void ShowButtonPicture(HWND button, PictureId id, UINT dpi);
 
 // Frees the picture of a button; before the button goes.
 void RemovePicture(HWND button);
