@@ -5,6 +5,7 @@
 #include <memory>
 #include <utility>
 
+#include "ui/base/colours.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/dpi.h"
 #include "ui/base/own_window.h"
@@ -21,6 +22,7 @@ constexpr wchar_t kCaption[] = L"Preview of the section";
 // Belongs to the window from its creation on, and goes with it.
 struct PictureState {
     PictureContents source;
+    bool isEmpty = true;
     std::wstring why;            // what an empty picture says
     HBITMAP contents = nullptr;  // what the window shows; all drawing goes here
     SIZE size{};                 // [px]
@@ -53,15 +55,20 @@ PictureState* StateOf(HWND window) {
     return reinterpret_cast<PictureState*>(GetWindowLongPtrW(window, GWLP_USERDATA));
 }
 
-void FillBackground(HDC dc, SIZE size) {
+// A section has black lines and dark colours: where the system's ground is dark it has white paper.
+void FillBackground(HWND window, HDC dc, SIZE size) {
     const RECT all{0, 0, size.cx, size.cy};
-    FillRect(dc, &all, GetSysColorBrush(COLOR_WINDOW));
+    const bool isPaper = !StateOf(window)->isEmpty && IsDark(COLOR_WINDOW);
+    FillRect(dc, &all,
+             isPaper ? static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH))
+                     : GetSysColorBrush(COLOR_WINDOW));
 }
 
 void ClearPicture(Picture& picture) {
     RECT client{};
-    GetClientRect(static_cast<HWND>(picture.window), &client);
-    FillBackground(static_cast<HDC>(picture.dc), {client.right, client.bottom});
+    const HWND window = static_cast<HWND>(picture.window);
+    GetClientRect(window, &client);
+    FillBackground(window, static_cast<HDC>(picture.dc), {client.right, client.bottom});
 }
 
 HFONT PictureFont(HWND window, int percent) {
@@ -149,7 +156,7 @@ void TakeSize(HWND window, SIZE size) {
     if (contents == nullptr) return;
     {
         const BitmapDevice target(window, contents);
-        FillBackground(target.dc, size);
+        FillBackground(window, target.dc, size);
         if (state.contents != nullptr) {
             const BitmapDevice source(window, state.contents);
             BitBlt(target.dc, 0, 0, state.size.cx, state.size.cy, source.dc, 0, 0, SRCCOPY);
@@ -269,6 +276,7 @@ HWND CreateSectionPicture(HWND parent, PictureContents contents) {
 
 void RedrawSectionPicture(HWND picture) {
     if (StateOf(picture) == nullptr) return;
+    StateOf(picture)->isEmpty = false;
     StateOf(picture)->why.clear();
     SetWindowTextW(picture, kCaption);
     DrawContents(picture);
@@ -276,6 +284,7 @@ void RedrawSectionPicture(HWND picture) {
 
 void ClearSectionPicture(HWND picture, const std::wstring& why) {
     if (StateOf(picture) == nullptr) return;
+    StateOf(picture)->isEmpty = true;
     StateOf(picture)->why = why;
     SetWindowTextW(picture, why.empty() ? kCaption : why.c_str());
     DrawOn(picture, SyncGraphicsFrame);

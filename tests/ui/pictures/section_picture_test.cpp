@@ -11,6 +11,7 @@
 #include "tests/shell/fake_view.h"
 #include "tests/support/support.h"
 #include "tests/support/win32/gui_objects.h"
+#include "tests/ui/pictures/dark_colours.h"
 
 namespace corvane {
 namespace {
@@ -138,6 +139,21 @@ TEST_F(SectionPicture, SectionTakesThePlaceOfTheText) {
     ClearSectionPicture(picture);
     RedrawSectionPicture(picture);
     EXPECT_EQ(InkedPixels(), shown) << "nothing of the text is left";
+}
+
+TEST_F(SectionPicture, SectionIsOnWhitePaperWhereTheGroundIsDark) {
+    const test::DarkColours dark;
+    const auto whitePixels = [&] {
+        return CountPixels([](COLORREF colour) { return colour == RGB(255, 255, 255); });
+    };
+    SendMessageW(picture, WM_SYSCOLORCHANGE, 0, 0);
+    EXPECT_EQ(InkedPixels(), 0) << "an empty picture has the system's ground";
+    ShowDeck();
+    EXPECT_GT(PlatingPixels(), 300);
+    EXPECT_GT(whitePixels(), 300 * 200 * 9 / 10);
+    ClearSectionPicture(picture, L"none");
+    EXPECT_EQ(whitePixels(), 0);
+    EXPECT_GT(InkedPixels(), 10);
 }
 
 TEST_F(SectionPicture, DrawsAgainAtANewSize) {
