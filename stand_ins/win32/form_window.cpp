@@ -7,6 +7,7 @@
 #include "report/reporters.h"
 #include "shell/library_checks.h"
 #include "stand_ins/win32/form_control_ids.h"
+#include "ui/base/colours.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
 #include "ui/dialogs/dialogs.h"
@@ -275,7 +276,8 @@ bool SaveAndStay(HWND window, void*) {
 
 HBRUSH ColourStatus(HWND label, HDC dc) {
     if (GetDlgCtrlID(label) != kStatusId || !formWindow.failed) return nullptr;
-    SetTextColor(dc, RGB(255, 0, 0));
+    SetTextColor(dc,
+                 NeedsSystemColours(COLOR_BTNFACE) ? GetSysColor(COLOR_BTNTEXT) : RGB(255, 0, 0));
     SetBkColor(dc, GetSysColor(COLOR_BTNFACE));
     return GetSysColorBrush(COLOR_BTNFACE);
 }

@@ -13,6 +13,7 @@
 #include "shell/rule_set.h"
 #include "shell/start_up.h"
 #include "shell/state.h"
+#include "ui/base/colours.h"
 #include "ui/base/dpi.h"
 #include "ui/base/own_window.h"
 #include "ui/main_window/child_windows.h"
@@ -29,6 +30,7 @@
 #include "ui/main_window/splitter.h"
 #include "ui/main_window/system_lists.h"
 #include "ui/main_window/tool_tips.h"
+#include "ui/pictures/icons.h"
 
 namespace corvane {
 namespace {
@@ -132,12 +134,25 @@ LRESULT OnNotify(HWND window, LPARAM lParam) {
 }
 
 // A status line in red says that the work stopped there.
+bool IsRed(HWND window, HWND control) {
+    return GetDlgCtrlID(control) == PAN_Help &&
+           StateOfMainWindow(window)->statusColour == StatusColour::kRed;
+}
+
 LRESULT OnColourStatic(HWND window, HDC dc, HWND control) {
-    const bool red = GetDlgCtrlID(control) == PAN_Help &&
-                     StateOfMainWindow(window)->statusColour == StatusColour::kRed;
+    const bool red = IsRed(window, control) && !NeedsSystemColours(COLOR_BTNFACE);
     SetTextColor(dc, red ? RGB(255, 0, 0) : GetSysColor(COLOR_BTNTEXT));
     SetBkColor(dc, GetSysColor(COLOR_BTNFACE));
     return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+}
+
+// Not everybody sees red. `area` becomes what is left beside the picture.
+void DrawWarning(HDC dc, RECT& area) {
+    const int side = static_cast<int>(area.bottom - area.top);
+    const HICON picture = LoadWarningPicture(side);
+    DrawIconEx(dc, area.left, area.top, picture, side, side, 0, nullptr, DI_NORMAL);
+    DestroyIcon(picture);
+    area.left += side + side / 3;
 }
 
 // The status line or a label of the selected model.
@@ -147,6 +162,7 @@ void OnDrawLabel(HWND window, const DRAWITEMSTRUCT& item) {
     FillRect(item.hDC, &area, GetSysColorBrush(COLOR_BTNFACE));
     const HGDIOBJ before = SelectObject(item.hDC, StateOfMainWindow(window)->layout.font);
     OnColourStatic(window, item.hDC, item.hwndItem);
+    if (IsRed(window, item.hwndItem) && !text.empty()) DrawWarning(item.hDC, area);
     // The legend ends where the picture ends, the count where the list ends.
     const bool isRight = item.CtlID == LB_Legend || item.CtlID == LB_Count;
     const UINT align = isRight ? DT_RIGHT : DT_LEFT;
@@ -392,7 +408,6 @@ void LoadMainWindow() {
     windowClass.cbSize = sizeof(windowClass);
     windowClass.lpfnWndProc = MainWindowProcedure;
     windowClass.hInstance = GetModuleHandleW(nullptr);
-    windowClass.hIcon = LoadIconW(windowClass.hInstance, MAKEINTRESOURCEW(1));
     windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
     windowClass.lpszClassName = kMainWindowClass;
