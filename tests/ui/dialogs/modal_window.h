@@ -10,14 +10,13 @@
 #include <vector>
 
 #include "tests/support/support.h"
+#include "tests/ui/dialogs/whole_window.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
 #include "ui/base/own_window.h"
 #include "ui/main_window/windows_view.h"
 
 namespace corvane::test {
-
-inline constexpr WORD kResolutions[] = {96, 120, 144, 192};
 
 inline RECT PlaceIn(HWND window, int id) {
     RECT place{};
@@ -38,22 +37,6 @@ inline SIZE TextSizeOf(HWND window, int id) {
     const HWND control = GetDlgItem(window, id);
     const auto font = reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0));
     return TextSize(window, font, WindowText(control));
-}
-
-// Each control that is shown is inside the window and is as large as its line of text.
-inline void ExpectNothingIsCut(HWND window, const std::vector<int>& ids) {
-    RECT client{};
-    GetClientRect(window, &client);
-    for (const int id : ids) {
-        const RECT place = PlaceIn(window, id);
-        const SIZE text = TextSizeOf(window, id);
-        EXPECT_GE(place.left, 0) << id;
-        EXPECT_GE(place.top, 0) << id;
-        EXPECT_LE(place.right, client.right) << id;
-        EXPECT_LE(place.bottom, client.bottom) << id;
-        EXPECT_GE(place.right - place.left, text.cx) << id;
-        EXPECT_GE(place.bottom - place.top, text.cy) << id;
-    }
 }
 
 inline void ScaleTo(HWND window, WORD dpi) {

@@ -4,15 +4,16 @@
 #include <string>
 #include <vector>
 
+#include "tests/ui/dialogs/whole_window.h"
 #include "tests/ui/main_window/open_window.h"
 #include "ui/main_window/main_window_layout.h"
 
 namespace corvane {
 namespace {
 
+using test::kResolutions;
 using test::OpenWindow;
 
-constexpr WORD kResolutions[] = {96, 120, 144, 192};
 // Sizes of the window at 96 dots per inch.
 constexpr SIZE kLeast{700, 460};
 constexpr SIZE kSmall{800, 600};
@@ -24,8 +25,19 @@ const std::vector<int> kControls = {
     PIC_Section, LB_X,        LB_Frame, BT_Open,   BT_Rule,     OP_Rule,     OP_Rule + 1,
     OP_Rule + 2, BT_Bsd,      PAN_Help, LB_Legend, LB_Filter,   TX_Filter,   LB_Count};
 
+// A window may be larger than the screen of the tests.
+LRESULT CALLBACK AnySize(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                         DWORD_PTR) {
+    const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+    if (message == WM_GETMINMAXINFO) {
+        reinterpret_cast<MINMAXINFO*>(lParam)->ptMaxTrackSize = {10000, 10000};
+    }
+    return result;
+}
+
 template <class Check>
 void AtEverySize(const OpenWindow& open, Check check) {
+    SetWindowSubclass(open.window, AnySize, 1, 0);
     for (const WORD dpi : kResolutions) {
         for (const SIZE size : {kLeast, kSmall, kLarge}) {
             open.ScaleTo(dpi, size);
@@ -35,25 +47,41 @@ void AtEverySize(const OpenWindow& open, Check check) {
     }
 }
 
+bool IsShown(HWND control) {
+    return (GetWindowLongPtrW(control, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
 int Width(const RECT& place) {
     return static_cast<int>(place.right - place.left);
 }
 
-TEST(MainWindowLayout, ControlsStayInsideAtEverySize) {
+TEST(MainWindowLayout, NothingIsCutAtEverySize) {
     const OpenWindow open;
+    AtEverySize(open, [&] { test::ExpectNothingIsCut(open.window); });
+}
+
+TEST(MainWindowLayout, NothingIsCutInTheStartPane) {
+    const OpenWindow open(false);
     AtEverySize(open, [&] {
-        RECT client{};
-        GetClientRect(open.window, &client);
-        for (const int id : kControls) {
-            const RECT place = open.Place(id);
-            EXPECT_GE(place.left, 0) << id;
-            EXPECT_GE(place.top, 0) << id;
-            EXPECT_LE(place.right, client.right) << id;
-            EXPECT_LE(place.bottom, client.bottom) << id;
-            EXPECT_GT(place.right, place.left) << id;
-            EXPECT_GT(place.bottom, place.top) << id;
-        }
+        test::ExpectNothingIsCut(open.window);
+        EXPECT_TRUE(IsShown(open.Control(BT_StartOpen)));
+        EXPECT_TRUE(IsShown(open.Control(BT_StartNew)));
     });
+}
+
+TEST(MainWindowLayout, PicturesOfTheButtonsLeaveTheirCaptionsRoom) {
+    const OpenWindow open;
+    constexpr int kPicture = 5 + 32 + 5;
+    for (const WORD dpi : kResolutions) {
+        open.ScaleTo(dpi, kSmall);
+        for (const ControlId id : {BT_Open, BT_Rule, BT_Bsd}) {
+            const HWND button = open.Control(id);
+            const auto font = reinterpret_cast<HFONT>(SendMessageW(button, WM_GETFONT, 0, 0));
+            const SIZE text = TextSize(button, font, WindowText(button));
+            EXPECT_GE(Width(open.Place(id)), text.cx + Scaled(kPicture, dpi)) << id;
+            EXPECT_GE(open.Place(id).bottom - open.Place(id).top, Scaled(32 + 4, dpi)) << id;
+        }
+    }
 }
 
 void ExpectNoneCovered(const OpenWindow& open) {
@@ -83,6 +111,12 @@ TEST(MainWindowLayout, WindowIsHeldToASizeWithRoomForAllControls) {
     ExpectNoneCovered(open);
 }
 
+TEST(MainWindowLayout, LeastSizeFitsASmallScreen) {
+    const OpenWindow open;
+    open.Resize(1, 1);
+    test::ExpectFitsSmallScreen(open.window, DpiOf(open.window));
+}
+
 TEST(MainWindowLayout, FrameOfTheRuleSetsHoldsTheOptionsAndNothingElse) {
     const OpenWindow open;
     AtEverySize(open, [&] {
@@ -94,25 +128,6 @@ TEST(MainWindowLayout, FrameOfTheRuleSetsHoldsTheOptionsAndNothingElse) {
             const bool isOption = id >= OP_Rule && id < OP_Rule + kRuleSetCount;
             EXPECT_EQ(touches, isOption) << id;
             EXPECT_TRUE(!isOption || EqualRect(&common, &place)) << id << " sticks out";
-        }
-    });
-}
-
-TEST(MainWindowLayout, CaptionsAreNotClipped) {
-    const OpenWindow open;
-    AtEverySize(open, [&] {
-        for (const int id :
-             {int{LB_DataBase}, int{Command1}, int{LB_Filter}, int{LB_Models}, int{OP_Preview},
-              int{BT_Open}, int{BT_Rule}, OP_Rule + 0, OP_Rule + 1, OP_Rule + 2, int{BT_Bsd}}) {
-            const HWND control = open.Control(id);
-            std::wstring caption = WindowText(control);
-            std::erase(caption, L'&');
-            const auto font = reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0));
-            ASSERT_NE(font, nullptr) << id;
-            const SIZE text = TextSize(control, font, caption);
-            const RECT place = open.Place(id);
-            EXPECT_LE(text.cx, Width(place)) << id;
-            EXPECT_LE(text.cy, place.bottom - place.top) << id;
         }
     });
 }
@@ -130,10 +145,6 @@ TEST(MainWindowLayout, TabKeyFollowsTheReadingOrder) {
 }
 
 // ---- The model buttons -------------------------------------------------------------------------
-
-bool IsShown(HWND control) {
-    return (GetWindowLongPtrW(control, GWL_STYLE) & WS_VISIBLE) != 0;
-}
 
 constexpr int kBulkheadRow = 9;
 constexpr int kTorsionRow = 12;
