@@ -22,7 +22,7 @@ enum ControlId : int {
     BT_Open,
     BT_Rule,
     BT_Bsd,
-    LB_Legend,  // above PIC_Section: what its colours are
+    LB_Legend,  // above PIC_Section: what its lines are
     GR_Rule,    // around OP_Rule
     OP_Rule,    // the first of kRuleSetCount options
     // The filter of the list.

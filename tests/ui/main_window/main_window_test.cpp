@@ -46,7 +46,7 @@ TEST(MainWindowWindow, SelectionOfARowSelectsItsModel) {
 
 TEST(MainWindowWindow, LegendIsThereWhileASectionIsShown) {
     const OpenWindow open;
-    const std::string legend = "Blue plating, green stiffeners, red plate ends";
+    const std::string legend = "Lines: plating, T: stiffeners, ticks: plate ends";
     EXPECT_EQ(open.Text(LB_Legend), legend);
     open.SetSelected(9, true);
     EXPECT_EQ(open.Text(LB_Legend), "") << "a bulkhead has no picture";
