@@ -1,10 +1,12 @@
 // What takes long: the box with the per cent, and the ways out of it.
 #include <gtest/gtest.h>
+#include <objbase.h>
 
 #include <string>
 
 #include "shell/commands/commands.h"
 #include "tests/support/support.h"
+#include "tests/ui/accessible.h"
 #include "tests/ui/driver.h"
 #include "ui/base/control_ids.h"
 
@@ -58,6 +60,9 @@ TEST_F(ProgressUiTest, EscWhileADatabaseIsOpenedOpensNothing) {
     const HWND box = program.Window(kProgressClass);
     ASSERT_NE(box, nullptr);
     EXPECT_EQ(program.FindNow(kSplashClass), nullptr) << "it would hide the box";
+    CoInitialize(nullptr);
+    ExpectNamedControls(box);
+    CoUninitialize();
     PressKey(GetDlgItem(box, IDCANCEL), VK_ESCAPE);
     EXPECT_TRUE(HasClosed(box));
     const HWND main = program.Main();

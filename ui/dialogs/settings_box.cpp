@@ -22,6 +22,10 @@ constexpr int kLabelGap = 2;
 constexpr int kFieldPadding = 8;
 constexpr int kNumberWidth = 110;
 
+// No two buttons have the same name for who hears them.
+constexpr const wchar_t* kChooseCaptions[kFolderFieldCount] = {
+    L"Programs folder...", L"Working folder...", L"Dialogs folder..."};
+
 SettingsChoice& ChoiceOf(void* contents) {
     return *static_cast<SettingsChoice*>(contents);
 }
@@ -43,7 +47,7 @@ void AddField(HWND window, int field, const SettingsChoice& choice) {
                             (isFixed ? DWORD{ES_READONLY} : DWORD{0}),
                         WS_EX_CLIENTEDGE});
     if (field >= kFolderFieldCount) return;
-    AddControl(window, {BT_ChooseFolder + field, WC_BUTTONW, L"Browse...",
+    AddControl(window, {BT_ChooseFolder + field, WC_BUTTONW, kChooseCaptions[field],
                         WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON |
                             (isFixed ? DWORD{WS_DISABLED} : DWORD{0})});
     if (field == kProgramsFolder) {
@@ -64,10 +68,20 @@ void AddControls(HWND window, void* contents) {
     AddControl(window, {IDCANCEL, WC_BUTTONW, L"Cancel", button | BS_PUSHBUTTON});
 }
 
+// As wide as the widest of them.
+SIZE ChooseButtonSize(HWND window, UINT dpi) {
+    SIZE size{};
+    for (int field = 0; field < kFolderFieldCount; ++field) {
+        const SIZE own = ButtonSize(window, BT_ChooseFolder + field, dpi);
+        size = {std::max(size.cx, own.cx), own.cy};
+    }
+    return size;
+}
+
 // Label, field and button of a folder below each other and side by side.
 void PlaceFolder(HWND window, int field, RECT& area, UINT dpi) {
     const LONG line = ControlTextSize(window, IDOK).cy;
-    const SIZE button = ButtonSize(window, BT_ChooseFolder, dpi);
+    const SIZE button = ChooseButtonSize(window, dpi);
     const int gap = Scaled(kGap, dpi);
     PlaceOnTop(window, LB_Setting + field, line, area);
     area.top += Scaled(kLabelGap, dpi);

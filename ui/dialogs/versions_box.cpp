@@ -68,12 +68,12 @@ void SelectFirstRow(HWND list) {
 void ShowSelected(HWND window, const VersionChoice& choice) {
     const TextVersion* version = SelectedVersion(window, choice);
     std::vector<std::wstring> models;
-    std::wstring label;
     if (version != nullptr) {
         for (const ExchangeItem& item : ListForExchange(version->file)) models.push_back(item.text);
-        label = FormatMessage(version->isChanged ? kMsgVersionIsChanged : kMsgModelsOfVersion,
-                              {static_cast<int32_t>(models.size())});
     }
+    const bool isChanged = version != nullptr && version->isChanged;
+    const std::wstring label = FormatMessage(isChanged ? kMsgVersionIsChanged : kMsgModelsOfVersion,
+                                             {static_cast<int32_t>(models.size())});
     SetDlgItemTextW(window, LB_Sections, label.c_str());
     FillList(GetDlgItem(window, LI_Sections), models);
     for (const int button : {int{BT_Restore}, int{BT_SaveCopy}}) {

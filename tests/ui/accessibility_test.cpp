@@ -1,0 +1,110 @@
+// What a screen reader finds in the windows of the real program: a name for every control that can
+// have the focus, and no name twice.
+#include <gtest/gtest.h>
+#include <oleacc.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "tests/ui/accessible.h"
+#include "tests/ui/main_window_fixture.h"
+
+namespace corvane::ui {
+namespace {
+
+using test::Narrow;
+
+constexpr wchar_t kMessageBoxClass[] = L"#32770";
+
+struct AccessibilityTest : MainWindowFixture {
+    AccessibilityTest() { CoInitialize(nullptr); }
+    ~AccessibilityTest() override { CoUninitialize(); }
+};
+
+Accessible Find(HWND window, int id) {
+    const std::vector<Accessible> controls = FocusableControls(window);
+    const auto found = std::ranges::find_if(
+        controls, [id](const Accessible& control) { return GetDlgCtrlID(control.window) == id; });
+    return found == controls.end() ? Accessible{} : *found;
+}
+
+bool Has(const Accessible& control, LONG state) {
+    return (control.state & state) != 0;
+}
+
+TEST_F(AccessibilityTest, EveryControlOfTheMainWindowHasItsOwnName) {
+    ExpectNamedControls(main);
+    EXPECT_EQ(FocusableControls(main).size(), 12U) << "those that can be seen";
+    Type({VK_END});
+    ASSERT_TRUE(WaitUntil([&] { return !IsShown(BT_Rule); }));
+    EXPECT_EQ(Find(main, BT_Rule).window, nullptr);
+    ExpectNamedControls(main);
+}
+
+// The system's proxies of Wine know the values of fields; whether a box is checked and what a list
+// has selected is asked of the controls, as the proxies of Windows do.
+TEST_F(AccessibilityTest, ControlsHaveTheirValuesAndStates) {
+    const Accessible path = Find(main, TX_DataBase);
+    EXPECT_EQ(path.role, ROLE_SYSTEM_TEXT);
+    EXPECT_EQ(path.value, installation.File(L"ship.ve2"));
+    EXPECT_TRUE(Has(path, STATE_SYSTEM_READONLY));
+    EXPECT_FALSE(Has(Find(main, TX_Filter), STATE_SYSTEM_READONLY));
+    EXPECT_TRUE(Has(Find(main, LI_Sections), STATE_SYSTEM_FOCUSED));
+    EXPECT_EQ(SelectedRow(Control(LI_Sections)), 0);
+    EXPECT_TRUE(IsOn(OP_Preview));
+    EXPECT_TRUE(IsOn(OP_Rule));
+    EXPECT_FALSE(IsOn(OP_Rule + 1));
+    TypeWithControl('F');
+    ASSERT_TRUE(FocusBecomes(main, TX_Filter));
+    TypeText(L"bhd");
+    EXPECT_TRUE(WaitUntil([&] { return Find(main, TX_Filter).value == L"bhd"; }));
+    EXPECT_TRUE(Has(Find(main, TX_Filter), STATE_SYSTEM_FOCUSED));
+    EXPECT_FALSE(Has(Find(main, LI_Sections), STATE_SYSTEM_FOCUSED));
+}
+
+TEST_F(AccessibilityTest, EveryControlOfEveryDialogHasItsOwnName) {
+    const struct {
+        int command;
+        const wchar_t* window;
+    } dialogs[] = {
+        {ME_FileSettings, kSettingsBoxClass}, {ME_SectionProperties, kPropertiesBoxClass},
+        {ME_SectionRename, kInputBoxClass},   {ME_SectionCopy, kInputBoxClass},
+        {ME_FileVersions, kVersionsBoxClass}, {ME_SectionImport, kImportBoxClass},
+        {ME_SectionExport, kExportBoxClass},  {ME_HelpAbout, kAboutClass},
+        {ME_SectionRemove, kMessageBoxClass}};
+    for (const auto& dialog : dialogs) {
+        Choose(main, dialog.command);
+        const HWND window = program.Window(dialog.window);
+        ASSERT_NE(window, nullptr) << Narrow(dialog.window);
+        ExpectNamedControls(window);
+        const int button = dialog.window == kMessageBoxClass ? IDNO : IDCANCEL;
+        PostMessageW(window, WM_COMMAND, static_cast<WPARAM>(button), 0);
+        ASSERT_TRUE(HasClosed(window)) << Narrow(dialog.window);
+    }
+}
+
+TEST_F(AccessibilityTest, DisabledButtonsHaveNamesAndSayThatTheyAreDisabled) {
+    Choose(main, ME_FileVersions);
+    const HWND box = program.Window(kVersionsBoxClass);
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(Find(box, BT_Restore).name, L"Restore");
+    EXPECT_TRUE(Has(Find(box, BT_Restore), STATE_SYSTEM_UNAVAILABLE)) << "there is no version yet";
+    EXPECT_FALSE(Has(Find(box, IDCANCEL), STATE_SYSTEM_UNAVAILABLE));
+}
+
+TEST(AccessibilityAtStart, EveryControlOfTheStartPaneHasItsOwnName) {
+    const Settings settings;
+    const Installation installation;
+    const Program program(installation);
+    const HWND main = program.Main();
+    ASSERT_NE(main, nullptr);
+    CoInitialize(nullptr);
+    ExpectNamedControls(main);
+    EXPECT_EQ(Find(main, BT_StartOpen).name, L"Open a database...");
+    EXPECT_TRUE(Has(Find(main, BT_Open), STATE_SYSTEM_UNAVAILABLE));
+    CoUninitialize();
+}
+
+}  // namespace
+}  // namespace corvane::ui
