@@ -1,5 +1,7 @@
 #include "ui/base/colours.h"
 
+#include <uxtheme.h>
+
 namespace corvane {
 namespace {
 
@@ -21,6 +23,10 @@ bool IsDark(int background) {
 
 bool NeedsSystemColours(int background) {
     return IsHighContrast() || IsDark(background);
+}
+
+bool NeedsSystemColoursOnButtons() {
+    return IsHighContrast() || (!IsThemeActive() && IsDark(COLOR_BTNFACE));
 }
 
 }  // namespace corvane

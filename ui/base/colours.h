@@ -11,5 +11,7 @@ bool IsDark(int background);
 // Whether texts and pictures on a background of the system have the system's colours only: the user
 // has asked for high contrast, or the background is dark.
 bool NeedsSystemColours(int background);
+// The same on buttons, whose ground is the theme's, where there is one.
+bool NeedsSystemColoursOnButtons();
 
 }  // namespace corvane

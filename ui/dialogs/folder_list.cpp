@@ -29,7 +29,7 @@ void MakeIcons(FolderList& folders, UINT dpi) {
     if (folders.icons != nullptr) ImageList_Destroy(folders.icons);
     folders.icons = ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, 2, 0);
     for (const PictureId id : {kFolderPicture, kOpenFolderPicture}) {
-        AddPicture(folders.icons, id, COLOR_WINDOW, COLOR_WINDOWTEXT);
+        AddListPicture(folders.icons, id);
     }
 }
 

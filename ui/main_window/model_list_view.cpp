@@ -41,7 +41,7 @@ HIMAGELIST CreateKindIcons(UINT dpi) {
         ImageList_Create(size + Scaled(kIconGap, dpi), size, ILC_COLOR32 | ILC_MASK,
                          static_cast<int>(Kinds().size()), 0);
     for (const KindFacts& facts : Kinds()) {
-        AddPicture(icons, KindPicture(facts.kind), COLOR_WINDOW, COLOR_WINDOWTEXT);
+        AddListPicture(icons, KindPicture(facts.kind));
     }
     return icons;
 }

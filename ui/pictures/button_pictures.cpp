@@ -1,5 +1,8 @@
 #include "ui/pictures/button_pictures.h"
 
+#include <optional>
+
+#include "ui/base/colours.h"
 #include "ui/base/dpi.h"
 
 namespace corvane {
@@ -15,12 +18,10 @@ HIMAGELIST CreateStates(PictureId id, int size) {
     constexpr int kStates = 6;
     constexpr int kDisabled = 3;
     const HIMAGELIST pictures = ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, kStates, 0);
+    std::optional<COLORREF> colour;
+    if (NeedsSystemColoursOnButtons()) colour = GetSysColor(COLOR_BTNTEXT);
     for (int i = 0; i < kStates; ++i) {
-        if (i == kDisabled) {
-            AddPicture(pictures, id, GetSysColor(COLOR_GRAYTEXT));
-        } else {
-            AddPicture(pictures, id, COLOR_BTNFACE, COLOR_BTNTEXT);
-        }
+        AddPicture(pictures, id, i == kDisabled ? GetSysColor(COLOR_GRAYTEXT) : colour);
     }
     return pictures;
 }

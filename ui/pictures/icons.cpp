@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <optional>
 #include <vector>
 
 #include "ui/base/colours.h"
@@ -78,20 +77,6 @@ HICON IconOf(const Pixels& pixels, int width) {
     return icon;
 }
 
-void Append(HIMAGELIST pictures, PictureId id, std::optional<COLORREF> colour) {
-    int width = 0;
-    int height = 0;
-    ImageList_GetIconSize(pictures, &width, &height);
-    const HICON loaded = LoadPicture(id, height);
-    if (loaded == nullptr) return;
-    Pixels pixels = PixelsOf(loaded, height);
-    DestroyIcon(loaded);
-    if (colour) Paint(pixels, *colour);
-    const HICON icon = IconOf(pixels, width);
-    ImageList_ReplaceIcon(pictures, -1, icon);
-    DestroyIcon(icon);
-}
-
 // Made smaller from the next larger one, where the system can.
 HICON LoadFrom(HINSTANCE module, PCWSTR name, int side) {
     using ScaleDown = HRESULT WINAPI(HINSTANCE, PCWSTR, int, int, HICON*);
@@ -141,13 +126,26 @@ void RemoveWindowIcons(HWND window) {
     SetIcon(window, ICON_BIG, nullptr);
 }
 
-void AddPicture(HIMAGELIST pictures, PictureId id, int background, int text) {
-    if (NeedsSystemColours(background)) return AddPicture(pictures, id, GetSysColor(text));
-    Append(pictures, id, std::nullopt);
+void AddPicture(HIMAGELIST pictures, PictureId id, std::optional<COLORREF> colour) {
+    int width = 0;
+    int height = 0;
+    ImageList_GetIconSize(pictures, &width, &height);
+    const HICON loaded = LoadPicture(id, height);
+    if (loaded == nullptr) return;
+    Pixels pixels = PixelsOf(loaded, height);
+    DestroyIcon(loaded);
+    if (colour) Paint(pixels, *colour);
+    const HICON icon = IconOf(pixels, width);
+    ImageList_ReplaceIcon(pictures, -1, icon);
+    DestroyIcon(icon);
 }
 
-void AddPicture(HIMAGELIST pictures, PictureId id, COLORREF colour) {
-    Append(pictures, id, colour);
+void AddListPicture(HIMAGELIST pictures, PictureId id) {
+    if (NeedsSystemColours(COLOR_WINDOW)) {
+        AddPicture(pictures, id, GetSysColor(COLOR_WINDOWTEXT));
+    } else {
+        AddPicture(pictures, id);
+    }
 }
 
 }  // namespace corvane

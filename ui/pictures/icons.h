@@ -2,6 +2,8 @@
 // 256 pixels that the resolutions of screens ask for. make_icons draws them from pictures.svg.
 #pragma once
 
+#include <optional>
+
 #include "database/model_kind.h"
 #include "shell/rule_set.h"
 #include "ui/base/controls.h"
@@ -33,11 +35,11 @@ void SetWindowIcons(HWND window, UINT dpi);
 // Frees the icons that SetWindowIcons gave the window; before the window goes.
 void RemoveWindowIcons(HWND window);
 
-// Appends a picture to a list of 32-bit icons of its height; in a wider list it is at the left. On
-// a background of the system (COLOR_...) it has the colour of the text there, where the user has
-// asked for high contrast or the background is dark.
-void AddPicture(HIMAGELIST pictures, PictureId id, int background, int text);
-// The same, all in one colour.
-void AddPicture(HIMAGELIST pictures, PictureId id, COLORREF colour);
+// Appends a picture to a list of 32-bit icons of its height, in its own colours or all in one; in a
+// wider list it is at the left.
+void AddPicture(HIMAGELIST pictures, PictureId id, std::optional<COLORREF> colour = {});
+// The same for a list of items: in the colour of their text where the user has asked for high
+// contrast or their ground is dark.
+void AddListPicture(HIMAGELIST pictures, PictureId id);
 
 }  // namespace corvane

@@ -55,13 +55,19 @@ PictureState* StateOf(HWND window) {
     return reinterpret_cast<PictureState*>(GetWindowLongPtrW(window, GWLP_USERDATA));
 }
 
-// A section has black lines and dark colours: where the system's ground is dark it has white paper.
+// A section has black lines and dark colours: where the system's ground is dark it has white paper,
+// and the greys of a light scheme.
 void FillBackground(HWND window, HDC dc, SIZE size) {
     const RECT all{0, 0, size.cx, size.cy};
     const bool isPaper = !StateOf(window)->isEmpty && IsDark(COLOR_WINDOW);
     FillRect(dc, &all,
              isPaper ? static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH))
                      : GetSysColorBrush(COLOR_WINDOW));
+}
+
+int32_t ColourOfSystem(int index) {
+    if (!IsDark(COLOR_WINDOW)) return static_cast<int32_t>(GetSysColor(index));
+    return index == COLOR_BTNFACE ? RGB(240, 240, 240) : RGB(160, 160, 160);
 }
 
 void ClearPicture(Picture& picture) {
@@ -110,7 +116,7 @@ void DrawOn(HWND window, const std::function<void(Picture&)>& draw) {
     picture.context = &device;
     picture.clear = ClearPicture;
     picture.setFont = SetPictureFont;
-    picture.systemColour = [](int index) { return static_cast<int32_t>(GetSysColor(index)); };
+    picture.systemColour = ColourOfSystem;
     draw(picture);
     picture.dc = nullptr;
     picture.context = nullptr;

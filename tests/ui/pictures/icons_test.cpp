@@ -132,14 +132,14 @@ TEST(Icons, PictureIsAtTheLeftOfAWiderList) {
 
 TEST(Icons, PicturesHaveTheColourOfTheTextOnADarkGround) {
     const PictureList light;
-    AddPicture(light.handle, EditPicture(ModelKind::kSection), COLOR_BTNFACE, COLOR_BTNTEXT);
+    AddListPicture(light.handle, EditPicture(ModelKind::kSection));
     const Inked before = InkOf(light.handle);
     EXPECT_GT(before.colours.size(), 2U) << "section, pencil, lead";
     const test::DarkColours dark;
     const PictureList list;
-    AddPicture(list.handle, EditPicture(ModelKind::kSection), COLOR_BTNFACE, COLOR_BTNTEXT);
+    AddListPicture(list.handle, EditPicture(ModelKind::kSection));
     const Inked after = InkOf(list.handle);
-    EXPECT_EQ(after.colours, std::set<uint32_t>{0xFFFFFF});
+    EXPECT_EQ(after.colours, std::set<uint32_t>{0xFFFF00});
     EXPECT_EQ(after.count, before.count) << "the shape is the same";
 }
 
