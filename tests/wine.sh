@@ -42,13 +42,15 @@ wine=/usr/lib/wine/wine64
 wineEnvironment=(env "WINEPREFIX=$prefix" "WINEDLLOVERRIDES=winedbg.exe=d;mscoree,mshtml="
     "WINELOADER=$wine" "WINEDEBUG=${WINEDEBUG:-fixme-all}" "LC_ALL=${CORVANE_LOCALE:-en_GB.UTF-8}")
 
-# Starts a virtual screen with a window manager; sets display, and screenPids for EndScreen.
+# Starts a virtual screen with a window manager, of the size CORVANE_SCREEN; sets display, and
+# screenPids for EndScreen.
 StartScreen() {
     local ready=$stage/display tries
     screenPids=()
     "${asUser[@]}" rm -f "$ready" "$stage/screen.log"
     "${asUser[@]}" touch "$ready" "$stage/screen.log"
-    "${asUser[@]}" Xvfb -displayfd 3 -screen 0 1920x1200x24 -nolisten tcp -noreset \
+    "${asUser[@]}" Xvfb -displayfd 3 -screen 0 "${CORVANE_SCREEN:-1920x1200}x24" -nolisten tcp \
+        -noreset \
         3>>"$ready" >>"$stage/screen.log" 2>&1 </dev/null &
     screenPids+=($!)
     for ((tries = 0; tries < 200; ++tries)); do
