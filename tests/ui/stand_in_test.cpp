@@ -1,5 +1,6 @@
 // The stand-ins for the suite's other programs, through their real windows.
 #include <gtest/gtest.h>
+#include <objbase.h>
 
 #include <string>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "database/scanning.h"
 #include "stand_ins/win32/form_control_ids.h"
 #include "tests/support/support.h"
+#include "tests/ui/accessible.h"
 #include "tests/ui/driver.h"
 
 namespace corvane::ui {
@@ -30,6 +32,8 @@ struct StandInUiTest : testing::Test {
     Installation installation;
     std::wstring database = installation.File(L"my ship.ve2");
 
+    StandInUiTest() { CoInitialize(nullptr); }
+    ~StandInUiTest() override { CoUninitialize(); }
     void SetUp() override {
         for (const wchar_t* name : kPrograms) installation.Add(name);
         const std::wstring sample = test::DataPath("../samples/aurora_bay.ve2");
@@ -108,6 +112,11 @@ TEST_F(StandInUiTest, EachShowsItsRequestAndCloseChangesNothing) {
         EXPECT_EQ(Fact(window, 1), "Switches: /d /mil");
         EXPECT_EQ(Fact(window, 2), "Database: " + Narrow(database));
         EXPECT_EQ(Fact(window, 3), start.model);
+        ExpectNamedControls(window);
+        RECT place{};
+        GetWindowRect(window, &place);
+        EXPECT_LE(place.right - place.left, 800) << "a small screen";
+        EXPECT_LE(place.bottom - place.top, 600 - 40) << "above its task bar";
         // On a screen of 800 by 600 with a taskbar of 40, without the caption and frame of 39.
         RECT client{};
         GetClientRect(window, &client);

@@ -20,9 +20,13 @@ HIMAGELIST CreateStates(PictureId id, int size) {
     const HIMAGELIST pictures = ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, kStates, 0);
     std::optional<COLORREF> colour;
     if (NeedsSystemColoursOnButtons()) colour = GetSysColor(COLOR_BTNTEXT);
+    const HICON enabled = CreatePicture(id, {size, size}, colour);
+    const HICON disabled = CreatePicture(id, {size, size}, GetSysColor(COLOR_GRAYTEXT));
     for (int i = 0; i < kStates; ++i) {
-        AddPicture(pictures, id, i == kDisabled ? GetSysColor(COLOR_GRAYTEXT) : colour);
+        ImageList_ReplaceIcon(pictures, -1, i == kDisabled ? disabled : enabled);
     }
+    DestroyIcon(enabled);
+    DestroyIcon(disabled);
     return pictures;
 }
 

@@ -126,26 +126,24 @@ void RemoveWindowIcons(HWND window) {
     SetIcon(window, ICON_BIG, nullptr);
 }
 
-void AddPicture(HIMAGELIST pictures, PictureId id, std::optional<COLORREF> colour) {
-    int width = 0;
-    int height = 0;
-    ImageList_GetIconSize(pictures, &width, &height);
-    const HICON loaded = LoadPicture(id, height);
-    if (loaded == nullptr) return;
-    Pixels pixels = PixelsOf(loaded, height);
+HICON CreatePicture(PictureId id, SIZE size, std::optional<COLORREF> colour) {
+    const HICON loaded = LoadPicture(id, size.cy);
+    if (loaded == nullptr) return nullptr;
+    Pixels pixels = PixelsOf(loaded, size.cy);
     DestroyIcon(loaded);
     if (colour) Paint(pixels, *colour);
-    const HICON icon = IconOf(pixels, width);
-    ImageList_ReplaceIcon(pictures, -1, icon);
-    DestroyIcon(icon);
+    return IconOf(pixels, size.cx);
 }
 
 void AddListPicture(HIMAGELIST pictures, PictureId id) {
-    if (NeedsSystemColours(COLOR_WINDOW)) {
-        AddPicture(pictures, id, GetSysColor(COLOR_WINDOWTEXT));
-    } else {
-        AddPicture(pictures, id);
-    }
+    int width = 0;
+    int height = 0;
+    ImageList_GetIconSize(pictures, &width, &height);
+    std::optional<COLORREF> colour;
+    if (NeedsSystemColours(COLOR_WINDOW)) colour = GetSysColor(COLOR_WINDOWTEXT);
+    const HICON icon = CreatePicture(id, {width, height}, colour);
+    ImageList_ReplaceIcon(pictures, -1, icon);
+    DestroyIcon(icon);
 }
 
 }  // namespace corvane

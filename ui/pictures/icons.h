@@ -35,11 +35,12 @@ void SetWindowIcons(HWND window, UINT dpi);
 // Frees the icons that SetWindowIcons gave the window; before the window goes.
 void RemoveWindowIcons(HWND window);
 
-// Appends a picture to a list of 32-bit icons of its height, in its own colours or all in one; in a
-// wider list it is at the left.
-void AddPicture(HIMAGELIST pictures, PictureId id, std::optional<COLORREF> colour = {});
-// The same for a list of items: in the colour of their text where the user has asked for high
-// contrast or their ground is dark.
+// A picture in its own colours or all in one; where there is more width than height, at the left.
+// The caller destroys it. Null when the program has no such picture.
+HICON CreatePicture(PictureId id, SIZE size, std::optional<COLORREF> colour);
+
+// Appends a picture to a list of 32-bit icons for items, in the list's size: in the colour of their
+// text where the user has asked for high contrast or their ground is dark.
 void AddListPicture(HIMAGELIST pictures, PictureId id);
 
 }  // namespace corvane

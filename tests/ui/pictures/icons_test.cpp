@@ -3,7 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <algorithm>
+#include <cstdint>
 #include <set>
 #include <vector>
 
@@ -115,11 +116,11 @@ TEST(Icons, PictureHasTheSizeThatWasAskedFor) {
     }
 }
 
-TEST(Icons, PictureIsAtTheLeftOfAWiderList) {
-    const PictureList list;
-    AddPicture(list.handle, KindPicture(ModelKind::kBulkhead), RGB(1, 2, 3));
+TEST(Icons, PictureInOneColourIsAtTheLeftOfAWiderPlace) {
     const std::vector<uint32_t> pixels =
-        PixelsOf(ImageList_GetIcon(list.handle, 0, ILD_TRANSPARENT), 40, 32);
+        PixelsOf(CreatePicture(KindPicture(ModelKind::kBulkhead), {40, 32}, RGB(1, 2, 3)), 40, 32);
+    EXPECT_EQ(std::ranges::count(pixels, 0xFF010203U),
+              std::ranges::count_if(pixels, [](uint32_t p) { return p >> 24 == 0xFF; }));
     int columns = 0;
     for (int x = 0; x < 40; ++x) {
         bool isInked = false;
