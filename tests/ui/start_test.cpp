@@ -155,7 +155,7 @@ TEST_F(StartTest, SecondInstanceGivesWayToTheFirst) {
     const Program second(installation, L"/mil");
     EXPECT_TRUE(second.HasEnded());
     EXPECT_EQ(second.ExitCode(), 0U);
-    EXPECT_FALSE(IsIconic(main)) << "the running window is restored";
+    EXPECT_TRUE(WaitUntil([&] { return !IsIconic(main); })) << "the running window is restored";
     EXPECT_EQ(Narrow(TextOf(main)), "Corvane - aurora_bay.ve2 - AURORA BAY");
 }
 
