@@ -95,6 +95,15 @@ std::wstring ExpandLineBreaks(std::wstring_view message) {
     return text;
 }
 
+std::wstring WithLineFeeds(std::wstring_view text) {
+    std::wstring lines;
+    for (const wchar_t character : text) {
+        if (character != L'\n') lines += character;
+        if (character == L'\r') lines += L'\n';
+    }
+    return lines;
+}
+
 std::wstring OemToAnsiText(std::string_view oem) {
     return Trim(CutAtNul(system::WideFromAnsi(system::AnsiFromOem(oem))));
 }

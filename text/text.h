@@ -35,6 +35,8 @@ std::wstring MenuCaptionText(std::wstring_view caption);
 
 // Every "²" becomes a carriage return, the line break of message texts.
 std::wstring ExpandLineBreaks(std::wstring_view message);
+// The lines of a text as fields and the clipboard have them: CR LF for each carriage return.
+std::wstring WithLineFeeds(std::wstring_view text);
 
 // Between the DOS (OEM) and the Windows (ANSI) character set, cut at the first NUL and trimmed.
 std::wstring OemToAnsiText(std::string_view oem);

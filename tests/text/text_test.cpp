@@ -185,6 +185,11 @@ TEST(MenuCaptionText, TwoPointsAndATrailingAmpersandAreNoEllipsisAndNoCharacter)
     EXPECT_EQ(MenuCaptionText(L"&"), L"");
 }
 
+TEST(WithLineFeeds, EveryLineEndBecomesCrLf) {
+    EXPECT_EQ(WithLineFeeds(L"one\rtwo\r\nthree m²\r\r"), L"one\r\ntwo\r\nthree m²\r\n\r\n");
+    EXPECT_EQ(WithLineFeeds(L""), L"");
+}
+
 TEST(ExpandLineBreaks, EverySuperscriptTwoBecomesACarriageReturn) {
     EXPECT_EQ(ExpandLineBreaks(L"one²two²²three"), L"one\rtwo\r\rthree");
     EXPECT_EQ(ExpandLineBreaks(L"²"), L"\r");

@@ -30,14 +30,8 @@ struct AboutBox {
 // What the suite says of the program, and the legal notice below, as the text of a field of several
 // lines.
 std::wstring NoticeText() {
-    std::wstring text = BsdLabel(kLabelAbout) + L"\r\r" + GetMessage(kMsgLegalNotice);
-    std::erase(text, L'\n');
-    std::wstring lines;
-    for (const wchar_t character : ExpandLineBreaks(text)) {
-        lines += character;
-        if (character == L'\r') lines += L'\n';
-    }
-    return lines;
+    return WithLineFeeds(
+        ExpandLineBreaks(BsdLabel(kLabelAbout) + L"\r\r" + GetMessage(kMsgLegalNotice)));
 }
 
 void AddControls(HWND window, void* contents) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "report/messages.h"
+#include "text/text.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
@@ -19,16 +20,6 @@ constexpr int kFieldPadding = 12;
 // Where the values begin, in quarters of an average character.
 constexpr UINT kValueColumn = 90;
 
-// The line ends of a field.
-std::wstring FieldText(const std::wstring& text) {
-    std::wstring lines;
-    for (const wchar_t character : text) {
-        lines += character;
-        if (character == L'\r') lines += L'\n';
-    }
-    return lines;
-}
-
 void AddControls(HWND window, void* contents) {
     AddControl(window, {LB_Properties, WC_STATICW, GetMessage(kMsgPropertiesLabel),
                         WS_VISIBLE | SS_LEFT | SS_NOPREFIX});
@@ -37,7 +28,7 @@ void AddControls(HWND window, void* contents) {
                  WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL,
                  WS_EX_CLIENTEDGE});
     SendMessageW(field, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&kValueColumn));
-    SetWindowTextW(field, FieldText(*static_cast<const std::wstring*>(contents)).c_str());
+    SetWindowTextW(field, WithLineFeeds(*static_cast<const std::wstring*>(contents)).c_str());
     const DWORD button = WS_VISIBLE | WS_TABSTOP;
     AddControl(window, {BT_CopyAll, WC_BUTTONW, L"C&opy all", button | BS_PUSHBUTTON});
     AddControl(window, {IDCANCEL, WC_BUTTONW, L"Close", button | BS_DEFPUSHBUTTON});
