@@ -205,6 +205,8 @@ std::wstring RawCommandLine();
 // process of the user's session holds it. The name is made from the program's path, so that a copy
 // elsewhere is another program.
 bool ClaimSingleInstance();
+// The system's name and version: "Windows 10.0.19045".
+std::wstring SystemVersion();
 // Whether a process runs that was started from this program file. Processes that this user may not
 // look at do not count.
 bool IsProgramRunning(const std::wstring& path);

@@ -1,6 +1,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/utsname.h>
 
 #include <cerrno>
 #include <cstdlib>
@@ -34,6 +35,12 @@ std::wstring RawCommandLine() {
 bool ClaimSingleInstance() {
     static const bool claimed = ClaimLockFile();
     return claimed;
+}
+
+std::wstring SystemVersion() {
+    utsname system;
+    if (uname(&system) != 0) return L"POSIX";
+    return WideFromUtf8(std::string(system.sysname) + ' ' + system.release);
 }
 
 // The host has no list of them for users.

@@ -63,6 +63,18 @@ bool ClaimSingleInstance() {
     return claimed;
 }
 
+std::wstring SystemVersion() {
+    // Unlike GetVersionEx it knows versions that the program's manifest does not name.
+    using GetVersionFunction = LONG WINAPI(OSVERSIONINFOW*);
+    OSVERSIONINFOW version{};
+    version.dwOSVersionInfoSize = sizeof version;
+    const HMODULE library = GetModuleHandleW(L"ntdll.dll");
+    const auto get = AsFunction<GetVersionFunction>(GetProcAddress(library, "RtlGetVersion"));
+    if (get == nullptr || get(&version) != 0) return L"Windows";
+    return L"Windows " + std::to_wstring(version.dwMajorVersion) + L'.' +
+           std::to_wstring(version.dwMinorVersion) + L'.' + std::to_wstring(version.dwBuildNumber);
+}
+
 bool IsProgramRunning(const std::wstring& path) {
     FileStamp wanted;
     if (GetFileStamp(path, wanted) != kErrorNone) return false;

@@ -26,6 +26,15 @@ TEST(Process, ProgramThatRunsIsFoundAndOthersAreNot) {
     EXPECT_FALSE(IsProgramRunning(L""));
 }
 
+TEST(Process, SystemHasANameAndAVersion) {
+    const std::string text = test::Narrow(SystemVersion());
+    const size_t blank = text.find(' ');
+    ASSERT_NE(blank, std::string::npos) << text;
+    EXPECT_GT(blank, 0U);
+    EXPECT_GE(std::atoi(text.c_str() + blank), 4) << text;
+    EXPECT_NE(text.find('.', blank), std::string::npos) << text;
+}
+
 TEST(Process, InstanceNameDistinguishesPrograms) {
     EXPECT_EQ(InstanceName(L"c:\\a\\corvane.exe"), InstanceName(L"c:\\a\\corvane.exe"));
     EXPECT_NE(InstanceName(L"c:\\a\\corvane.exe"), InstanceName(L"c:\\b\\corvane.exe"));
