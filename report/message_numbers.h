@@ -299,7 +299,16 @@
     X(kMsgProgramsBeside, 3818)         \
     X(kMsgLookForProgram, 3819)         \
     X(kMsgFolderOfProgram, 3820)        \
-    X(kMsgProgramNotThere, 3821)
+    X(kMsgProgramNotThere, 3821)        \
+    X(kMsgHelpPageMissing, 3830)        \
+    X(kMsgHelpPageNotOpened, 3831)      \
+    X(kMsgDetails, 3832)                \
+    X(kMsgScreenDetails, 3833)          \
+    X(kMsgLibraryDetails, 3834)         \
+    X(kMsgLibraryNotFound, 3835)        \
+    X(kMsgDatabaseDetails, 3836)        \
+    X(kMsgDetailsCopied, 3837)          \
+    X(kMsgDetailsNotCopied, 3838)
 
 namespace corvane {
 

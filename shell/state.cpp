@@ -4,10 +4,22 @@ namespace corvane {
 
 ShellState shell;
 
+namespace {
+
+// F1 in the box of a warning is about warnings.
+void ShowWarningBox(const std::wstring& text) {
+    const HelpAbout warning(kHelpWarning);
+    shell.lastWarning = text;
+    shell.view.report.showWarningBox(text);
+}
+
+}  // namespace
+
 void UseView(const View& view) {
     shell.view = view;
     shell.view.report.isDebugMode = [] { return shell.debugMode; };
     reportView = shell.view.report;
+    reportView.showWarningBox = ShowWarningBox;
 }
 
 void LockShell(bool locked) {

@@ -3,10 +3,12 @@
 // through.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "shell/edit_history.h"
+#include "shell/help_pages.h"
 #include "shell/open_database.h"
 #include "shell/preview_pane.h"
 #include "shell/settings.h"
@@ -33,6 +35,10 @@ struct ShellState {
     std::wstring startDirectory;
 
     std::vector<std::wstring> reportedLeftOvers;  // paths; see shell/left_overs.h
+
+    // What F1 in a box is about (shell/help_pages.h).
+    uint16_t helpAbout = kHelpContents;
+    std::wstring lastWarning;  // the text of the box that was shown last
 
     std::vector<std::wstring> recent;  // databases, the last one first; shell/recent_databases.h
 

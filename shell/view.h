@@ -11,12 +11,14 @@
 #include <vector>
 
 #include "database/model_kind.h"
+#include "platform/system.h"
 #include "report/reporters.h"
 
 namespace corvane {
 
 struct ExportChoice;  // shell/exchange_boxes.h
 struct ImportChoice;
+struct Screen;          // shell/report_details.h
 struct SettingsChoice;  // shell/settings_choice.h
 struct StatusParts;     // shell/status_parts.h
 struct VersionChoice;   // shell/edit_history.h
@@ -58,6 +60,12 @@ struct View {
     // A box with lines "label tab value", ended by carriage returns, that can be copied.
     void (*showProperties)(const std::wstring& caption, const std::wstring& text) =
         [](const std::wstring&, const std::wstring&) {};
+    // Opens a file in the program that the system has for it; the error of a system that cannot.
+    system::ErrorNumber (*openDocument)(const std::wstring& path) = [](const std::wstring&) {
+        return system::kErrorNone;
+    };
+    // Puts a text on the clipboard; false while another program uses it.
+    bool (*copyText)(const std::wstring& text) = [](const std::wstring&) { return false; };
     // The box FM_About; `heading` is its version line.
     void (*showAbout)(const std::wstring& heading) = [](const std::wstring&) {};
 
@@ -73,6 +81,8 @@ struct View {
     void (*setMainCaption)(const std::wstring& caption) = [](const std::wstring&) {};
     // The splash window FM_Load, shown on top of all windows.
     void (*showSplash)(const std::wstring& title) = [](const std::wstring&) {};
+    // The screen that the main window is on; without a window nothing is changed.
+    void (*noteScreen)(Screen& screen) = [](Screen&) {};
     // A database for the system's lists of recent files.
     void (*addToSystemsRecent)(const std::wstring& path) = [](const std::wstring&) {};
     // Brings the instance of this program file that runs already to the front, and hands it the

@@ -138,6 +138,11 @@ constexpr std::array kCommands = {
             ME_HelpAbout_Click},
     Command{ME_HelpSample, Menu::kHelp, "ME_HelpSample", L"Open the &sample ship...",
             EnabledWhen::kSampleThere, ME_HelpSample_Click},
+    Separator(Menu::kHelp),
+    Command{ME_HelpContents, Menu::kHelp, "ME_HelpContents", L"&Contents", EnabledWhen::kAlways,
+            ME_HelpContents_Click, Plain(kF1Key)},
+    Command{ME_HelpDetails, Menu::kHelp, "ME_HelpDetails", L"Copy &details", EnabledWhen::kAlways,
+            ME_HelpDetails_Click},
 
     Command{ME_NextPane, Menu::kNone, "ME_NextPane", L"Next pane", EnabledWhen::kAlways,
             [] { shell.view.focusPane(true); }, Plain(kF6Key)},
@@ -167,6 +172,7 @@ bool NeedsDatabase(const Command& command) {
 
 void RunRecent(uint16_t id) {
     if (shell.locked) return;
+    const HelpAbout running(ME_FileRecent);
     ShowNextStep();
     OpenRecent(id - ME_FileRecent);
 }
@@ -247,6 +253,7 @@ void RunCommand(uint16_t id) {
     if (id >= ME_FileRecent && id < ME_FileRecent + kRecentCount) return RunRecent(id);
     const Command* command = FindCommand(id);
     if (command == nullptr || shell.locked || !IsEnabled(*command)) return;
+    const HelpAbout running(id);
     if (NeedsDatabase(*command)) RefreshWhenChanged();
     // What it needs may have gone with another program's change, which the status line says.
     if (!IsEnabled(*command)) return;

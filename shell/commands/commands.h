@@ -62,6 +62,8 @@ enum CommandId : uint16_t {
     ME_SectionProperties,
     ME_HelpAbout = 180,
     ME_HelpSample,
+    ME_HelpContents,
+    ME_HelpDetails,
     ME_EditUndo = 200,
     ME_EditRedo,
     ME_EditFind,

@@ -6,7 +6,9 @@
 #include "shell/commands/commands.h"
 #include "shell/commands/file_commands.h"
 #include "shell/file_prompt.h"
+#include "shell/help_pages.h"
 #include "shell/new_file.h"
+#include "shell/report_details.h"
 #include "shell/state.h"
 #include "text/version.h"
 
@@ -14,6 +16,15 @@ namespace corvane {
 
 void ME_HelpAbout_Click() {
     shell.view.showAbout(shell.title + L" v" + VersionText(kProgramVersion, shell.debugMode));
+}
+
+void ME_HelpContents_Click() {
+    ShowHelp(kHelpContents);
+}
+
+void ME_HelpDetails_Click() {
+    if (!shell.view.copyText(DetailsForReport())) return ReportMessage(kMsgDetailsNotCopied);
+    ReportNote(kMsgDetailsCopied);
 }
 
 void ME_HelpSample_Click() {

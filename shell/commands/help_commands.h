@@ -8,6 +8,12 @@ namespace corvane {
 // The About box: the application's title with the program's version.
 void ME_HelpAbout_Click();
 
+// Opens the user guide at its first page.
+void ME_HelpContents_Click();
+
+// Puts on the clipboard what a report of a problem needs.
+void ME_HelpDetails_Click();
+
 // Asks where, copies the sample ship there, and opens the copy.
 void ME_HelpSample_Click();
 // The sample ship beside the program.

@@ -5,11 +5,14 @@
 
 #include "platform/system.h"
 #include "report/reporters.h"
+#include "shell/help_pages.h"
 #include "shell/library_checks.h"
+#include "shell/state.h"
 #include "stand_ins/win32/form_control_ids.h"
 #include "ui/base/colours.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
+#include "ui/base/system_services.h"
 #include "ui/dialogs/dialogs.h"
 
 namespace corvane::stand_ins {
@@ -62,7 +65,10 @@ void SetStatusColour(StatusColour colour) {
     if (formWindow.window != nullptr) InvalidateRect(StatusLabel(), nullptr, TRUE);
 }
 
-void FillInReportView() {
+// F1 is about the stand-ins.
+void FillInView() {
+    shell.helpAbout = kHelpStandIns;
+    shell.view.openDocument = OpenDocument;
     ReportView& view = reportView;
     view.statusCaption = [] { return WindowText(StatusLabel()); };
     view.setStatusCaption = SetStatus;
@@ -298,7 +304,7 @@ int RunStandIn(const StandIn& standIn) {
     INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&controls);
     formWindow.standIn = &standIn;
-    FillInReportView();
+    FillInView();
     try {
         // Without the libraries no file is what it is.
         if (!CheckLibraryVersions()) return 1;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "shell/report_details.h"
 #include "tests/support/support.h"
 
 namespace corvane::test {
@@ -41,6 +42,15 @@ void ShowWindows(View& view) {
     view.showProperties = [](const std::wstring& caption, const std::wstring& text) {
         kRecord("properties " + Narrow(caption) + ": " + Narrow(text));
     };
+    view.openDocument = [](const std::wstring& path) {
+        kRecord("open " + Narrow(path));
+        return system::kErrorNone;
+    };
+    view.copyText = [](const std::wstring& text) {
+        FakeView::copied = text;
+        return true;
+    };
+    view.noteScreen = [](Screen& screen) { screen = {1920, 1200, 144}; };
     view.showAbout = [](const std::wstring& text) { kRecord("about " + Narrow(text)); };
     view.loadMainWindow = [] { kRecord("main load"); };
     view.showMainWindow = [] { kRecord("main show"); };
@@ -121,6 +131,7 @@ int FakeView::selected;
 std::vector<int> FakeView::alsoSelected;
 int FakeView::rule;
 bool FakeView::locked;
+std::wstring FakeView::copied;
 std::wstring FakeView::database, FakeView::position, FakeView::frame, FakeView::menu,
     FakeView::whyNoPicture, FakeView::modelCount, FakeView::whyGone;
 
@@ -133,6 +144,7 @@ FakeView::FakeView() : before(std::exchange(shell, ShellState())) {
     askVersion = [](VersionChoice&) { return false; };
     askSettings = [](SettingsChoice&) { return false; };
     folder.clear();
+    copied.clear();
     rows.clear();
     parts = StatusParts();
     selected = -1;

@@ -45,6 +45,7 @@ struct FakeView {
     static std::vector<int> alsoSelected;  // the other lines that are
     static int rule;
     static bool locked;
+    static std::wstring copied;  // on the clipboard
     static std::wstring database, position, frame, menu, whyNoPicture, modelCount, whyGone;
 
 private:

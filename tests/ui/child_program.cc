@@ -1,7 +1,7 @@
 // A program for tests to start. It writes into "<its own path>.ran" the window style that it was
 // started with, or "none", and its command line; "<its own path>.ended" is its last deed. Into
 // "<its own path>.times" it writes the performance counter at its start, at its end, and when the
-// system made the process.
+// system made the process. To "<its own path>.starts" it adds a byte.
 //
 // Words of the command line, also of a file's name in it, are deeds, done in this order:
 //   sleep      lasts a while
@@ -100,6 +100,7 @@ int main() {
     const long long created = CounterAtCreation(start);
     std::wstring path(MAX_PATH, L'\0');
     path.resize(GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
+    std::ofstream((path + L".starts").c_str(), std::ios::binary | std::ios::app) << '.';
     Write(path + L".ran", WindowStyle() + '\n' + Bytes(GetCommandLineW()));
     DoDeeds(path);
     Write(path + L".ended", "ended");

@@ -140,6 +140,10 @@ void Installation::Add(const wchar_t* program) const {
     fs::copy_file(OwnFolder() / program, folder + program);
 }
 
+void Installation::AddGuide() const {
+    fs::copy(OwnFolder() / L"help", folder + L"help", fs::copy_options::recursive);
+}
+
 Installation::~Installation() {
     std::error_code ignored;
     for (const auto& entry : fs::directory_iterator(folder, ignored)) {
@@ -359,6 +363,17 @@ std::vector<std::wstring> ColumnTitles(const Program& program, HWND list) {
         titles.push_back(memory.Text());
     }
     return titles;
+}
+
+std::wstring ClipboardText() {
+    std::wstring text;
+    if (OpenClipboard(nullptr) == FALSE) return text;
+    const HANDLE data = GetClipboardData(CF_UNICODETEXT);
+    const auto* letters = data == nullptr ? nullptr : static_cast<wchar_t*>(GlobalLock(data));
+    if (letters != nullptr) text = letters;
+    if (letters != nullptr) GlobalUnlock(data);
+    CloseClipboard();
+    return text;
 }
 
 void Choose(HWND main, int command) {

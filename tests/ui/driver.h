@@ -32,6 +32,8 @@ struct Installation {
     std::wstring File(std::wstring_view name) const { return folder + std::wstring(name); }
     // Copies another program that was built into the folder.
     void Add(const wchar_t* program) const;
+    // Copies the pages of the user guide beside the program.
+    void AddGuide() const;
 };
 
 // The settings file of all copies, empty at the start of a test and at its end.
@@ -114,6 +116,9 @@ void SelectRow(const Program& program, HWND list, int row);
 int SelectedRow(HWND list);
 // Waits until the list has so many rows.
 bool RowCountBecomes(HWND list, int count);
+
+// The text on the clipboard; empty without one, and while another program uses it.
+std::wstring ClipboardText();
 
 // Chooses a menu item without waiting for what it does.
 void Choose(HWND main, int command);

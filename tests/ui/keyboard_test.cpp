@@ -72,6 +72,9 @@ constexpr KeyCommand kKeyCommands[] = {
     {ME_HelpAbout, 'H', 'A', Shows::kAbout, "About"},
     // The sample is not in the installation; see files_ui_test.cpp.
     {ME_HelpSample, 'H', 'S', Shows::kNothing, ""},
+    // Nor is the guide, and the details only go to the clipboard; see help_ui_test.cpp.
+    {ME_HelpContents, 'H', 'C', Shows::kBox, "help\\index.html' of the user guide is not there"},
+    {ME_HelpDetails, 'H', 'D', Shows::kNothing, ""},
 };
 
 struct KeyboardTest : MainWindowFixture {
@@ -125,16 +128,6 @@ struct KeyboardTest : MainWindowFixture {
         GetWindowRect(head, &headPlace);
         const LONG height = headPlace.bottom - headPlace.top;
         return {Place(LI_Sections).left + 80, headPlace.bottom + height + height / 3};
-    }
-    static std::wstring ClipboardText() {
-        std::wstring text;
-        if (OpenClipboard(nullptr) == FALSE) return text;
-        const HANDLE data = GetClipboardData(CF_UNICODETEXT);
-        const auto* letters = data == nullptr ? nullptr : static_cast<wchar_t*>(GlobalLock(data));
-        if (letters != nullptr) text = letters;
-        if (letters != nullptr) GlobalUnlock(data);
-        CloseClipboard();
-        return text;
     }
     void ExpectTheListReady() const {
         EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(main) != FALSE; }));

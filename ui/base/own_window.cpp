@@ -4,6 +4,7 @@
 #include <string>
 
 #include "report/reporters.h"
+#include "shell/help_pages.h"
 #include "shell/state.h"
 
 namespace corvane {
@@ -40,6 +41,12 @@ HWND OwnWindow(const wchar_t* className) {
 HWND DialogOwner() {
     const HWND main = MainHandle();
     return main != nullptr && IsWindowVisible(main) ? GetLastActivePopup(main) : nullptr;
+}
+
+void ShowHelpOnBox(LONG& keyTime) {
+    if (GetMessageTime() == keyTime) return;
+    keyTime = GetMessageTime();
+    ShowHelp(shell.helpAbout);
 }
 
 void ReportFault() noexcept {

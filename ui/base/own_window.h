@@ -16,6 +16,11 @@ HWND OwnWindow(const wchar_t* className);
 // it can be seen; else null, and the box belongs to nobody.
 HWND DialogOwner();
 
+// F1 in a box, which the box or its owner gets: opens the page of the guide about what the box is
+// about. `keyTime` is when the last such key was pressed: a message box may pass one key on twice,
+// itself and as every window does.
+void ShowHelpOnBox(LONG& keyTime);
+
 // Reports the exception that is being handled; called in every catch block of a window procedure
 // and of the program's entry.
 void ReportFault() noexcept;

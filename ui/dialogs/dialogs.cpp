@@ -23,6 +23,7 @@ struct OpenDialog {
     const std::wstring& caption;
     void* contents;
     HFONT font = nullptr;
+    LONG helpTime = 0;  // of the last key that asked for help
 };
 
 OpenDialog& StateOf(HWND window) {
@@ -132,6 +133,9 @@ INT_PTR HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_NOTIFY:
             OnNotify(window, *reinterpret_cast<const NMHDR*>(lParam));
             return FALSE;
+        case WM_HELP:
+            ShowHelpOnBox(StateOf(window).helpTime);
+            return TRUE;
         case WM_DRAWITEM:
             if (StateOf(window).kind.draw == nullptr) return FALSE;
             StateOf(window).kind.draw(StateOf(window).contents,

@@ -7,23 +7,10 @@
 
 #include "files/paths.h"
 #include "ui/base/own_window.h"
+#include "ui/base/system_services.h"
 
 namespace corvane {
 namespace {
-
-// While it lives the thread may use the shell's objects.
-class ComScope {
-public:
-    ComScope() : result_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
-    ~ComScope() {
-        if (SUCCEEDED(result_)) CoUninitialize();
-    }
-    ComScope(const ComScope&) = delete;
-    ComScope& operator=(const ComScope&) = delete;
-
-private:
-    HRESULT result_;
-};
 
 // One of the shell's objects; released with the record.
 template <class Object>

@@ -29,6 +29,8 @@ LRESULT CALLBACK ProgressProcedure(HWND window, UINT message, WPARAM wParam, LPA
         EnableWindow(GetDlgItem(window, IDCANCEL), FALSE);
         return 0;
     }
+    // F1: nothing is opened while an edit is at work.
+    if (message == WM_HELP) return TRUE;
     return DefWindowProcW(window, message, wParam, lParam);
 }
 

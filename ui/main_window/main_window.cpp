@@ -20,6 +20,7 @@
 #include "ui/main_window/context_menu.h"
 #include "ui/main_window/drop.h"
 #include "ui/main_window/filter_box.h"
+#include "ui/main_window/help.h"
 #include "ui/main_window/list_notifications.h"
 #include "ui/main_window/main_window_controls.h"
 #include "ui/main_window/menu_hints.h"
@@ -106,6 +107,9 @@ private:
 };
 
 void OnCommand(HWND window, uint16_t id, uint16_t notification) {
+    // By its key the guide opens at what has the focus, from the menu at its beginning.
+    constexpr uint16_t kByKey = 1;
+    if (id == ME_HelpContents && notification == kByKey) return ShowHelpOnFocus();
     if (id == IDOK) return LeaveFilterBox(window);
     if (id == IDCANCEL && ClearFilterBox(window)) return;
     if (id == TX_Filter) return OnFilterNotify(window, notification);
@@ -355,6 +359,9 @@ LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_DROPFILES:
             OnDropFiles(window, reinterpret_cast<HDROP>(wParam));
             return 0;
+        case WM_HELP:
+            OnHelp(window, *reinterpret_cast<const HELPINFO*>(lParam));
+            return TRUE;
         case WM_INITMENUPOPUP:
             ShowRecent(window, reinterpret_cast<HMENU>(wParam));
             break;

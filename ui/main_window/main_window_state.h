@@ -19,6 +19,7 @@ struct MainWindowState {
     std::wstring toolTipText;  // what the tool tip shows
     HWND focus = nullptr;      // the control that gets the focus with the window's activation
     ModelKind kind = ModelKind::kSection;  // that the buttons are shown for
+    LONG helpTime = 0;                     // of the last key that asked for help in a box
     bool filling = false;                  // the program, not the user, changes the list
     bool readByClick = false;              // the mouse button that is down selected the row
     bool busy = false;                     // the pointer is the hourglass

@@ -234,6 +234,9 @@ void FillInMainWindow(View& view) {
     view.noteWindowPlace = [](WindowPlace& place) {
         if (MainState() != nullptr) NotePlace(MainHandle(), place);
     };
+    view.noteScreen = [](Screen& screen) {
+        if (MainState() != nullptr) NoteScreen(MainHandle(), screen);
+    };
     view.setMainCaption = [](const std::wstring& text) { SetText(MainHandle(), text); };
     view.report.statusCaption = [] { return WindowText(MainControl(PAN_Help)); };
     view.report.setStatusCaption = [](const std::wstring& text) { SetLabel(PAN_Help, text); };

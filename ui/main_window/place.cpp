@@ -86,4 +86,10 @@ void NotePlace(HWND window, WindowPlace& place) {
     place.isPreviewOn = IsDlgButtonChecked(window, OP_Preview) == BST_CHECKED;
 }
 
+void NoteScreen(HWND window, Screen& screen) {
+    const RECT area = MonitorOf(window).rcMonitor;
+    screen = {static_cast<int>(area.right - area.left), static_cast<int>(area.bottom - area.top),
+              static_cast<int>(DpiOf(window))};
+}
+
 }  // namespace corvane

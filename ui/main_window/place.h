@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/win32/win32.h"
+#include "shell/report_details.h"
 #include "shell/window_place.h"
 
 namespace corvane {
@@ -11,5 +12,7 @@ void ApplyPlace(HWND window);
 
 // What of the window's record is remembered is filled in, too.
 void NotePlace(HWND window, WindowPlace& place);
+
+void NoteScreen(HWND window, Screen& screen);
 
 }  // namespace corvane

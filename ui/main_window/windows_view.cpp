@@ -4,6 +4,7 @@
 
 #include "shell/state.h"
 #include "ui/base/own_window.h"
+#include "ui/base/system_services.h"
 #include "ui/dialogs/about.h"
 #include "ui/dialogs/export_box.h"
 #include "ui/dialogs/folder_prompt.h"
@@ -74,6 +75,8 @@ View WindowsView() {
     view.askSettings = AskSettings;
     view.askFolder = AskFolder;
     view.showProperties = ShowProperties;
+    view.openDocument = OpenDocument;
+    view.copyText = [](const std::wstring& text) { return CopyText(MainHandle(), text); };
     view.showAbout = [](const std::wstring& heading) { ShowAbout(heading); };
     view.showSplash = [](const std::wstring& title) { ShowSplash(title); };
     view.handToRunningInstance = HandToRunningInstance;

@@ -61,7 +61,8 @@ TEST(Commands, MenusHaveTheirItemsInOrder) {
         Items(Menu::kSection),
         (Captions{L"&Edit...", L"&Rule...", L"-", L"&Copy...", L"&Delete...", L"-", L"&Import...",
                   L"E&xport to Velk Dos...", L"-", L"Re&name...", L"&Properties..."}));
-    EXPECT_EQ(Items(Menu::kHelp), (Captions{L"&About...", L"Open the &sample ship..."}));
+    EXPECT_EQ(Items(Menu::kHelp), (Captions{L"&About...", L"Open the &sample ship...", L"-",
+                                            L"&Contents", L"Copy &details"}));
 }
 
 TEST(Commands, TopMenusAreInOrder) {

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "report/reporters.h"
+#include "shell/commands/commands.h"
+#include "shell/help_pages.h"
+#include "shell/report_details.h"
 #include "shell/state.h"
 #include "tests/shell/fake_view.h"
 #include "tests/support/support.h"
@@ -11,18 +15,35 @@ namespace {
 
 using Events = std::vector<std::string>;
 
-TEST(HelpCommands, AboutBoxIsHeadedByTitleAndVersion) {
-    const test::FakeView screen;
-    ME_HelpAbout_Click();
-    EXPECT_EQ(test::RecordedReports::events, Events{"about Corvane v1.0"});
-}
-
-TEST(HelpCommands, HeadingFollowsTheRuleSetAndDebugMode) {
+TEST(HelpCommands, AboutBoxIsHeadedByTitleAndVersionAndInDebugModeByTheRevision) {
     const test::FakeView screen;
     shell.title = L"Corvane MIL";
+    ME_HelpAbout_Click();
     shell.debugMode = true;
     ME_HelpAbout_Click();
-    EXPECT_EQ(test::RecordedReports::events, Events{"about Corvane MIL v1.0 (r0)"});
+    EXPECT_EQ(test::RecordedReports::events,
+              (Events{"about Corvane MIL v1.0", "about Corvane MIL v1.0 (r0)"}));
+}
+
+TEST(HelpCommands, ContentsOpensTheFirstPageOfTheGuide) {
+    const test::FakeView screen;
+    RunCommand(ME_HelpContents);
+    EXPECT_EQ(test::RecordedReports::Of("open"), Events{test::Narrow(HelpPagePath(kHelpContents))});
+}
+
+TEST(HelpCommands, CopyDetailsPutsThemOnTheClipboardAndSaysSo) {
+    const test::FakeView screen;
+    ME_HelpDetails_Click();
+    EXPECT_EQ(test::FakeView::copied, DetailsForReport());
+    EXPECT_EQ(test::RecordedReports::caption, GetMessage(kMsgDetailsCopied));
+}
+
+TEST(HelpCommands, ClipboardThatIsInUseIsReported) {
+    const test::FakeView screen;
+    shell.view.copyText = [](const std::wstring&) { return false; };
+    ME_HelpDetails_Click();
+    EXPECT_EQ(shell.lastWarning, BoxText(kMsgDetailsNotCopied));
+    EXPECT_EQ(test::RecordedReports::caption, L"");
 }
 
 }  // namespace
