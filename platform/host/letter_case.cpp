@@ -21,8 +21,9 @@ std::wstring Mapped(std::wstring_view text, wint_t (*map)(wint_t, locale_t)) {
     }
     std::wstring result(text);
     for (wchar_t& letter : result) {
-        const auto code = static_cast<wint_t>(letter);
-        letter = code < ascii.size() ? ascii[code] : static_cast<wchar_t>(map(code, Unicode()));
+        const bool isAscii = letter >= 0 && letter < wchar_t{ascii.size()};
+        letter = isAscii ? ascii[static_cast<unsigned char>(letter)]
+                         : static_cast<wchar_t>(map(static_cast<wint_t>(letter), Unicode()));
     }
     return result;
 }
