@@ -63,6 +63,9 @@ inline int MakeDatabase(const std::wstring& path, int64_t bytes) {
     BasicShipData bsd;
     bsd.Titles(1).Assign(L"Sample ship");
     bsd.MainData(1) = 180.5f;
+    bsd.MainData(2) = 32.25f;
+    bsd.MainData(3) = 19.6f;
+    bsd.MainData(9) = 0.8f;
     const std::wstring headPath = path + L".head";
     if (!CreateDatabaseFile(headPath, bsd)) return -1;
     TextWriter writer;
