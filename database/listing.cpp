@@ -48,7 +48,7 @@ bool SkipToName(TextReader& reader, const Listing& listing) {
     return false;
 }
 
-// The position row is the block's next line. False, and `x` as it was, when there is none.
+// Reads the position row, the block's next line. False, and `x` unchanged, if the block lacks it.
 bool ReadPosition(TextReader& reader, Listing& listing, float& x) {
     std::string_view line;
     if (!ReadBlockLine(reader, listing.modelMarker, line) || IsHeaderLine(line)) return false;

@@ -37,7 +37,7 @@ NumberKey KeyOf(const ModelRow& row, int index, ListColumn column) {
     }
 }
 
-// Rows that are equal are told apart by their index, so that every order is one of all rows.
+// Equal rows keep the order of their indexes.
 bool IsBefore(const NumberKey& a, const NumberKey& b, bool isDescending) {
     if (a.isMissing != b.isMissing) return b.isMissing;
     if (a.isMissing || a.number == b.number) return a.index < b.index;

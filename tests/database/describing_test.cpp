@@ -95,7 +95,7 @@ TEST_F(DescribingTest, StampSaysWhoWroteTheModelWhenAndWithWhat) {
         "* Program : Corvane 1.2 R7 32bit\r\n* Format version :  2.002\r\n"
         "* Written by : Yard, Oslo 20/11/2026,  17:45:00\r\n* User : ann\r\n";
     text = test::Replaced(text, std::string("* written by a test\r\n"), stamp);
-    // A legend in the body that looks like a stamp is none.
+    // A legend in the body may look like a stamp, but is not one.
     ASSERT_TRUE(Describe(text + "* User : body\r\n", 1));
     EXPECT_EQ(description.stamp.program, L"Corvane 1.2 R7 32bit");
     EXPECT_EQ(description.stamp.formatVersion, L"2.002");

@@ -17,7 +17,7 @@ namespace {
 
 using test::Narrow;
 
-// The line that begins so; empty when there is none.
+// The first line that begins with this text, or an empty one.
 std::string Line(const std::string& begin) {
     const std::string text = "\n" + Narrow(DetailsForReport());
     const size_t at = text.find("\n" + begin);

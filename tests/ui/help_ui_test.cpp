@@ -76,8 +76,8 @@ public:
         installation.Add(L"page_program.exe");
     }
 
-    // The page that was opened since the last call, by its path below the folder of the guide;
-    // `page` stays when there is none.
+    // The page that was opened since the last call, by its path below the folder of the guide.
+    // Leaves `page` unchanged if no page was opened.
     void TakePage(const std::wstring& guide, std::string& page) const {
         const std::wstring ended = program_ + L".times";
         if (!std::filesystem::exists(ended)) return;

@@ -62,7 +62,7 @@ std::optional<int> SizedWidth(int column, UINT dpi) {
     return width ? std::optional(Scaled(*width, dpi)) : std::nullopt;
 }
 
-// The next line after one that has all of these properties; -1 when there is none.
+// The first line after `line` that has all of these properties, or -1.
 int NextLine(HWND list, int line, LPARAM properties) {
     return static_cast<int>(
         SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(line), properties));
