@@ -283,7 +283,7 @@ void SaveVersionAs(const std::wstring& path, const TextVersion& version) {
                                                         CleanFileName(version.time) + L".ve2",
                                             .directory = shell.settings.BrowseDirectory,
                                             .toSave = true});
-    const std::wstring edit = FormatMessage(kMsgReplacementBy, {FileNameOf(path)});
+    const std::wstring edit = ReplacementBy(path);
     if (target.empty() || !RequireOtherFile(target) || !PutFile(version.file, target, edit)) return;
     ReportNote(kMsgCopySaved, {target});
 }

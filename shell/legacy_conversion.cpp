@@ -82,8 +82,7 @@ bool Convert(Conversion& conversion) {
     ChangeToDirectory(shell.settings.WorkDirectory);
     const std::wstring path = system::AbsolutePath(baseName + L".ve2");
     if (!ConfirmWriting(path)) return false;
-    const std::wstring edit = FormatMessage(kMsgReplacementBy, {FileNameOf(legacyPath)});
-    const bool isWritten = MakeFile(path, edit, [&](std::wstring temporary) {
+    const bool isWritten = MakeFile(path, ReplacementBy(legacyPath), [&](std::wstring temporary) {
         return CreateDatabaseFile(temporary, bsd) && AppendSections(conversion, temporary);
     });
     if (isWritten) AdoptDatabase(LowerCase(path), bsd);

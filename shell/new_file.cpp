@@ -1,6 +1,7 @@
 #include "shell/new_file.h"
 
 #include "files/file_system.h"
+#include "files/paths.h"
 #include "files/rewrite.h"
 #include "platform/system.h"
 #include "report/reporters.h"
@@ -17,6 +18,10 @@ TargetKind KindOfTarget(const std::wstring& path) {
 }
 
 }  // namespace
+
+std::wstring ReplacementBy(const std::wstring& source) {
+    return FormatMessage(kMsgReplacementBy, {FileNameOf(source)});
+}
 
 bool PutFile(const std::wstring& source, const std::wstring& target, const std::wstring& edit) {
     if (IsSameFile(source, target)) return true;

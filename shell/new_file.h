@@ -7,6 +7,9 @@
 
 namespace corvane {
 
+// The name of the edit with which a copy of a file, or what is made of it, replaces another.
+std::wstring ReplacementBy(const std::wstring& source);
+
 // Puts a copy of `source` at `target`; a copy onto itself is there already. A failure is reported.
 // A target that was not there, and that somebody makes meanwhile, stays: that is a failure. The
 // history keeps the text of an old one under the name `edit`; empty: it is no database.

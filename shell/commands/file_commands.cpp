@@ -32,11 +32,6 @@ std::wstring BaseNameOf(const std::wstring& path) {
     return StripExtension(FileNameOf(path));
 }
 
-// The name of the edit that puts a copy of a database in the place of another one.
-std::wstring EditOf(const std::wstring& source) {
-    return FormatMessage(kMsgReplacementBy, {FileNameOf(source)});
-}
-
 // The prompt's types: the described patterns after the catalogue's word for databases, then
 // legacy databases.
 std::wstring TypesToOpen() {
@@ -57,7 +52,7 @@ bool OfferCopy(std::wstring& path, BasicShipData& bsd) {
                                           .proposed = baseName + L".ve2",
                                           .directory = shell.settings.WorkDirectory,
                                           .toSave = true});
-    if (copy.empty() || !RequireOtherFile(copy) || !PutFile(path, copy, EditOf(path))) {
+    if (copy.empty() || !RequireOtherFile(copy) || !PutFile(path, copy, ReplacementBy(path))) {
         return false;
     }
     if (LowerCase(baseName) == kOldDefaultName) {
@@ -129,7 +124,7 @@ void ME_FileSaveAs_Click() {
                                           .proposed = BaseNameOf(source) + L".ve2",
                                           .directory = shell.settings.BrowseDirectory,
                                           .toSave = true});
-    if (path.empty() || !PutFile(source, path, EditOf(source))) return;
+    if (path.empty() || !PutFile(source, path, ReplacementBy(source))) return;
     ContinueInCopy(path);
     RefreshMainWindow();
 }

@@ -34,8 +34,8 @@ void ME_HelpSample_Click() {
                                           .proposed = FileNameOf(sample),
                                           .directory = shell.settings.BrowseDirectory,
                                           .toSave = true});
-    const std::wstring edit = FormatMessage(kMsgReplacementBy, {FileNameOf(sample)});
-    if (path.empty() || !RequireOtherFile(path) || !PutFile(sample, path, edit)) return;
+    if (path.empty() || !RequireOtherFile(path)) return;
+    if (!PutFile(sample, path, ReplacementBy(sample))) return;
     OpenFile(path);
 }
 
