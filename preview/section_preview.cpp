@@ -185,6 +185,7 @@ void DrawSectionPreview(Section& section, const BasicShipData& bsd, Picture& pic
     FitPreviewScale(picture, section.drawingBreadth, section.drawingHeight, section.symmetryMode,
                     made.parameters);
     FitLargerSection(picture, section, made.parameters.margin);
+    ApplyView(picture);
     SyncGraphicsFrame(picture);
     TraceSection(picture.dc, &section, &made.parameters);
     section.previewMode = previewMode;

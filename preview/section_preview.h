@@ -6,6 +6,7 @@
 
 #include "bsd/basic_ship_data.h"
 #include "platform/grvelk.h"
+#include "preview/picture_view.h"
 
 namespace corvane {
 
@@ -17,17 +18,21 @@ struct Picture {
     // User coordinates: what the upper left corner shows, and the extents from there. The height
     // is below 0 where y grows upwards.
     float scaleLeft = 0, scaleTop = 0, scaleWidth = 0, scaleHeight = 0;
-    int16_t scaleMode = 1;  // 1: twips
+    int16_t scaleMode = 1;  // 1: twips, which the width and the height are in
+    PictureView view;
     void* context = nullptr;
     void (*clear)(Picture& picture) = nullptr;
     // The font for texts in a section of this breadth [m].
     void (*setFont)(Picture& picture, float breadth) = nullptr;
     int32_t (*systemColour)(int index) = nullptr;  // 0x00BBGGRR
+    // Draws a figure whose sheet covers the picture.
+    void (*drawFigure)(Picture& picture, const Figure& figure) = nullptr;
 };
 
 // Draws the section with the ship's breadth and depth, which are stored into it. A section that is
-// larger than the ship gets a larger frame: no plating is cut off. Does nothing, and leaves the
-// picture as it is, without a defined BSD or without geometry.
+// larger than the ship gets a larger frame: no plating is cut off. A picture whose view is not
+// fitted shows what the user zoomed to instead. Does nothing, and leaves the picture as it is,
+// without a defined BSD or without geometry.
 void DrawSectionPreview(Section& section, const BasicShipData& bsd, Picture& picture);
 
 // Sets the picture's user scale so that a section of this breadth and height [m] fits with its

@@ -308,7 +308,70 @@
     X(kMsgLibraryNotFound, 3835)        \
     X(kMsgDatabaseDetails, 3836)        \
     X(kMsgDetailsCopied, 3837)          \
-    X(kMsgDetailsNotCopied, 3838)
+    X(kMsgDetailsNotCopied, 3838)       \
+    X(kMsgNoPictureShown, 3850)         \
+    X(kMsgOneOf, 3851)                  \
+    X(kMsgPlaceLine, 3852)              \
+    X(kMsgPlateLine, 3853)              \
+    X(kMsgStiffenerLine, 3854)          \
+    X(kMsgCompartmentLine, 3855)        \
+    X(kMsgPlaceFacts, 3856)             \
+    X(kMsgPlateFacts, 3857)             \
+    X(kMsgStiffenerFacts, 3858)         \
+    X(kMsgCompartmentFacts, 3859)       \
+    X(kMsgDistanceFacts, 3860)          \
+    X(kMsgProfileFlat, 3861)            \
+    X(kMsgProfileBulb, 3862)            \
+    X(kMsgProfileAngle, 3863)           \
+    X(kMsgProfileTee, 3864)             \
+    X(kMsgLegendPlate, 3865)            \
+    X(kMsgLegendStiffener, 3866)        \
+    X(kMsgLegendPlateEnd, 3867)         \
+    X(kMsgLegendCompartment, 3868)      \
+    X(kMsgMarkedPlace, 3869)            \
+    X(kMsgNotCopied, 3870)              \
+    X(kMsgListCopied, 3871)             \
+    X(kMsgListFiles, 3872)              \
+    X(kMsgListWritten, 3873)            \
+    X(kMsgPictureCopied, 3874)          \
+    X(kMsgPictureFiles, 3875)           \
+    X(kMsgPictureWritten, 3876)         \
+    X(kMsgNoKindOfPicture, 3877)        \
+    X(kMsgNoBulkheads, 3900)            \
+    X(kMsgNoBulkheadOutline, 3901)      \
+    X(kMsgTorsionLayout, 3902)          \
+    X(kMsgUnnamedBulkhead, 3903)        \
+    X(kMsgOutlineOfNodes, 3904)         \
+    X(kMsgOutlineOfSection, 3905)       \
+    X(kMsgOutlineOfShip, 3906)          \
+    X(kMsgCorrugation, 3907)            \
+    X(kMsgMoreNotShown, 3908)           \
+    X(kMsgLegendOutline, 3909)          \
+    X(kMsgLegendPlateEdges, 3910)       \
+    X(kMsgLegendFolds, 3911)            \
+    X(kMsgLegendStiffeners, 3912)       \
+    X(kMsgLegendGirders, 3913)          \
+    X(kMsgLegendStools, 3914)           \
+    X(kMsgLegendHoppers, 3915)          \
+    X(kMsgPageShip, 3916)               \
+    X(kMsgPageDatabase, 3917)           \
+    X(kMsgPageModel, 3918)              \
+    X(kMsgPageX, 3919)                  \
+    X(kMsgPageFrame, 3920)              \
+    X(kMsgPageScale, 3921)              \
+    X(kMsgPageDate, 3922)               \
+    X(kMsgPageProgram, 3923)            \
+    X(kMsgPageScaleOf, 3924)            \
+    X(kMsgPageCutOff, 3925)             \
+    X(kMsgPrinting, 3926)               \
+    X(kMsgPrinted, 3927)                \
+    X(kMsgPrintingCancelled, 3928)      \
+    X(kMsgNotPrinted, 3929)             \
+    X(kMsgAllBulkheads, 3930)           \
+    X(kMsgOneBulkhead, 3931)            \
+    X(kMsgNoBulkheadsShown, 3932)       \
+    X(kMsgSectionNotRead, 3933)         \
+    X(kMsgNoSectionsToPrint, 3934)
 
 namespace corvane {
 

@@ -20,8 +20,10 @@ constexpr std::wstring_view kCopy = L"4-copy-it";
 constexpr std::wstring_view kRules = L"6-check-it-against-the-rules";
 constexpr std::wstring_view kEdit = L"7-edit-it";
 constexpr std::wstring_view kLists = L"long-lists";
+constexpr std::wstring_view kPictures = L"pictures-for-reports-and-drawings";
 constexpr std::wstring_view kFiles = L"files";
 constexpr std::wstring_view kExchange = L"exchange-models-with-other-databases";
+constexpr std::wstring_view kPicture = L"the-picture";
 constexpr std::wstring_view kUndo = L"undo-and-earlier-versions";
 constexpr std::wstring_view kHelp = L"help";
 
@@ -33,7 +35,7 @@ constexpr HelpPage kHelpPages[] = {
     {kHelpPath, kFiles},
     {kHelpList, kLists},
     {kHelpFilter, kLists},
-    {kHelpPreview, kWindow},
+    {kHelpPreview, kPicture},
     {kHelpRuleSet, kRules},
     {kHelpWarning, L"when-corvane-refuses-a-command"},
     {kHelpStandIns, L"stand-ins"},
@@ -43,6 +45,10 @@ constexpr HelpPage kHelpPages[] = {
     {ME_FileSaveLegacy, kExchange},
     {ME_FileQuit, kEdit},
     {ME_FileVersions, kUndo},
+    {ME_FileExportList, kLists},
+    {ME_FileExportPicture, kPictures},
+    {ME_FilePrint, kPictures},
+    {ME_FilePrintAll, kPictures},
     {ME_FileSettings, L"settings"},
     {ME_FileBSD, L"2-enter-the-basic-ship-data"},
     {ME_FileImportBSD, kFiles},
@@ -65,6 +71,8 @@ constexpr HelpPage kHelpPages[] = {
     {ME_EditRedo, kUndo},
     {ME_EditFind, kLists},
     {ME_EditSelectAll, kLists},
+    {ME_EditCopyList, kLists},
+    {ME_EditCopyPicture, kPictures},
     {ME_ViewSortName, kLists},
     {ME_ViewSortX, kLists},
     {ME_ViewSortNumber, kLists},
@@ -73,6 +81,17 @@ constexpr HelpPage kHelpPages[] = {
     {ME_ViewFileOrder, kLists},
     {ME_ViewDescending, kLists},
     {ME_ViewRefresh, kFiles},
+    {ME_ViewZoomIn, kPicture},
+    {ME_ViewZoomOut, kPicture},
+    {ME_ViewFit, kPicture},
+    {ME_ViewLarger, kPicture},
+    {ME_ViewScaleBar, kPicture},
+    {ME_ViewAxes, kPicture},
+    {ME_ViewLegend, kPicture},
+    {ME_ViewNames, kPicture},
+    {ME_ViewNumbers, kPicture},
+    {ME_ViewThickness, kPicture},
+    {ME_ViewNextBulkhead, kPicture},
     {ME_NextPane, kWindow},
     {ME_PreviousPane, kWindow},
     {ME_SortByNext, kLists},

@@ -51,4 +51,21 @@ bool MakeFile(const std::wstring& target, const std::wstring& edit,
     return isMade && result.Done();
 }
 
+bool ExportFile(const std::wstring& target,
+                const std::function<system::ErrorNumber(const std::wstring& temporary)>& write) {
+    return MakeFile(target, L"", [&](const std::wstring& temporary) {
+        const system::ErrorNumber error = write(temporary);
+        if (error != system::kErrorNone) ReportTextNotWritten(target, error);
+        return error == system::kErrorNone;
+    });
+}
+
+system::ErrorNumber WriteTextFile(const std::wstring& path,
+                                  const std::function<void(TextWriter& writer)>& write) {
+    TextWriter writer;
+    if (CreateText(writer, path)) write(writer);
+    CloseText(writer);
+    return writer.error;
+}
+
 }  // namespace corvane

@@ -5,6 +5,9 @@
 #include <functional>
 #include <string>
 
+#include "files/text_file.h"
+#include "platform/system.h"
+
 namespace corvane {
 
 // The name of the edit with which a copy of a file, or what is made of it, replaces another.
@@ -20,5 +23,14 @@ bool PutFile(const std::wstring& source, const std::wstring& target, const std::
 // which is reported here. The temporary file goes, unless it is all that is left (message 3507).
 bool MakeFile(const std::wstring& target, const std::wstring& edit,
               const std::function<bool(const std::wstring& temporary)>& make);
+
+// Has `write` fill a file of a temporary name, and puts it at `target`, as PutFile does, of a file
+// that is no database. False when `write` gives an error or the file cannot be put there, which is
+// reported; a file of that name is as it was then.
+bool ExportFile(const std::wstring& target,
+                const std::function<system::ErrorNumber(const std::wstring& temporary)>& write);
+// Has `write` fill a text file, for ExportFile.
+system::ErrorNumber WriteTextFile(const std::wstring& path,
+                                  const std::function<void(TextWriter& writer)>& write);
 
 }  // namespace corvane

@@ -15,6 +15,7 @@
 #include "shell/legacy_conversion.h"
 #include "shell/library_checks.h"
 #include "shell/list_settings.h"
+#include "shell/picture_facts.h"
 #include "shell/recent_databases.h"
 #include "shell/rule_set.h"
 #include "shell/state.h"
@@ -102,6 +103,7 @@ bool StartUp(const std::wstring& commandLine) {
     if (!CheckLibraryVersions() || !CheckRegionalSettings()) return false;
     ReadSettings(SettingsFile(), shell.settings);
     ReadListSettings(SettingsFile());
+    shell.preview.options = ReadPictureOptions(SettingsFile());
     shell.recent = ReadRecent(SettingsFile());
     shell.windowPlace = ReadWindowPlace(SettingsFile());
     UseHistory();
@@ -143,6 +145,7 @@ void ShutDown(bool sessionEnds) {
     shell.view.noteWindowPlace(shell.windowPlace);
     const bool isWritten = WriteSettings(SettingsFile(), shell.settings) &&
                            WriteListSettings(SettingsFile()) &&
+                           WritePictureOptions(SettingsFile(), shell.preview.options) &&
                            WriteRecent(SettingsFile(), shell.recent) &&
                            WriteWindowPlace(SettingsFile(), shell.windowPlace);
     if (!isWritten && !sessionEnds) {

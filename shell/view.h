@@ -17,7 +17,10 @@
 namespace corvane {
 
 struct ExportChoice;  // shell/exchange_boxes.h
+struct Figure;        // preview/figure.h
 struct ImportChoice;
+enum class PrintEnd;  // shell/printing.h
+struct PrintJob;
 struct Screen;          // shell/report_details.h
 struct SettingsChoice;  // shell/settings_choice.h
 struct StatusParts;     // shell/status_parts.h
@@ -64,8 +67,22 @@ struct View {
     system::ErrorNumber (*openDocument)(const std::wstring& path) = [](const std::wstring&) {
         return system::kErrorNone;
     };
-    // Puts a text on the clipboard; false while another program uses it.
-    bool (*copyText)(const std::wstring& text) = [](const std::wstring&) { return false; };
+    // Puts a text on the clipboard, and with it the same as HTML in the clipboard's form; empty:
+    // none. False while another program uses the clipboard.
+    bool (*copyText)(const std::wstring& text, const std::string& html) =
+        [](const std::wstring&, const std::string&) { return false; };
+    // Writes a figure in its true size as an enhanced metafile, or with 300 dots per inch as a PNG
+    // file, which may be there already; the system's error.
+    system::ErrorNumber (*writeMetafile)(const Figure& figure, const std::wstring& path) =
+        [](const Figure&, const std::wstring&) { return system::kErrorNone; };
+    system::ErrorNumber (*writePng)(const Figure& figure, const std::wstring& path) =
+        [](const Figure&, const std::wstring&) { return system::kErrorNone; };
+    // Puts a figure on the clipboard, as a metafile and as a bitmap; false while another program
+    // uses the clipboard.
+    bool (*copyPicture)(const Figure& figure) = [](const Figure&) { return false; };
+    // The system's print dialog, and then PrintDocument on the printer that the user chose; only
+    // with a document of one page or more.
+    PrintEnd (*printPages)(const PrintJob& job) = [](const PrintJob&) { return PrintEnd{}; };
     // The box FM_About; `heading` is its version line.
     void (*showAbout)(const std::wstring& heading) = [](const std::wstring&) {};
 
@@ -120,6 +137,13 @@ struct View {
     void (*redrawPreview)() = [] {};               // PIC_Section, through DrawPreview
     // Empties PIC_Section, and shows in it why; an empty text shows nothing.
     void (*clearPreview)(const std::wstring& why) = [](const std::wstring&) {};
+    // What part of the section PIC_Section shows: around its middle, or all of it.
+    void (*zoomPreview)(bool isLarger) = [](bool) {};
+    void (*fitPreview)() = [] {};
+    // Shows again what is switched on over the section in PIC_Section.
+    void (*annotatePreview)() = [] {};
+    // PIC_Section alone in the window, or beside the list.
+    void (*showLargerPreview)(bool isLarge) = [](bool) {};
     void (*setPositionText)(const std::wstring& text) = [](const std::wstring&) {};  // LB_X
     void (*setFrameText)(const std::wstring& text) = [](const std::wstring&) {};     // LB_Frame
     void (*setSectionMenuCaption)(const std::wstring& text) = [](const std::wstring&) {};

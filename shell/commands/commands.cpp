@@ -13,6 +13,7 @@
 #include "shell/commands/section_commands.h"
 #include "shell/commands/several_models.h"
 #include "shell/commands/view_commands.h"
+#include "shell/picture_printing.h"
 #include "shell/recent_databases.h"
 #include "shell/state.h"
 
@@ -25,6 +26,12 @@ constexpr Command Separator(Menu menu) {
 
 constexpr Key Control(char letter, KeyReach reach = KeyReach::kWindow) {
     return {.code = static_cast<uint16_t>(letter), .control = true, .reach = reach};
+}
+constexpr Key Control(KeyCode code) {
+    return {.code = code, .control = true};
+}
+constexpr Key ControlShift(char letter) {
+    return {.code = static_cast<uint16_t>(letter), .control = true, .shift = true};
 }
 constexpr Key Plain(KeyCode code) {
     return {.code = code};
@@ -50,6 +57,14 @@ constexpr Command SortBy(uint16_t id, const char* name, const wchar_t* caption) 
     return command;
 }
 
+template <bool PictureOptions::* option>
+constexpr Command Switch(uint16_t id, const char* name, const wchar_t* caption) {
+    Command command{id, Menu::kView, name, caption, EnabledWhen::kAlways, nullptr};
+    command.run = [] { TurnPictureOption(option); };
+    command.isChecked = [] { return shell.preview.options.*option; };
+    return command;
+}
+
 constexpr std::array kCommands = {
     Command{ME_FileNew, Menu::kFile, "ME_FileNew", L"&New database...", EnabledWhen::kAlways,
             ME_FileNew_Click, Control('N')},
@@ -61,6 +76,14 @@ constexpr std::array kCommands = {
             EnabledWhen::kDatabaseOpen, ME_FileSaveLegacy_Click},
     Command{ME_FileVersions, Menu::kFile, "ME_FileVersions", L"&Earlier versions...",
             EnabledWhen::kDatabaseOpen, ME_FileVersions_Click},
+    Command{ME_FileExportList, Menu::kFile, "ME_FileExportList", L"Export &list...",
+            EnabledWhen::kDatabaseOpen, ME_FileExportList_Click},
+    Command{ME_FileExportPicture, Menu::kFile, "ME_FileExportPicture", L"Export &picture...",
+            EnabledWhen::kPictureShown, ME_FileExportPicture_Click},
+    Command{ME_FilePrint, Menu::kFile, "ME_FilePrint", L"Pr&int...", EnabledWhen::kPictureShown,
+            PrintShownPicture, Control('P')},
+    Command{ME_FilePrintAll, Menu::kFile, "ME_FilePrintAll", L"Print &all sections...",
+            EnabledWhen::kDatabaseOpen, PrintAllSections},
     Command{ME_FileSettings, Menu::kFile, "ME_FileSettings", L"Se&ttings...", EnabledWhen::kAlways,
             ME_FileSettings_Click},
     Separator(Menu::kFile),
@@ -76,6 +99,10 @@ constexpr std::array kCommands = {
             ME_EditFind_Click, Control('F')},
     Command{ME_EditSelectAll, Menu::kEdit, "ME_EditSelectAll", L"Select &all",
             EnabledWhen::kDatabaseOpen, ME_EditSelectAll_Click, Control('A', KeyReach::kList)},
+    Command{ME_EditCopyList, Menu::kEdit, "ME_EditCopyList", L"Copy l&ist",
+            EnabledWhen::kDatabaseOpen, ME_EditCopyList_Click, ControlShift('C')},
+    Command{ME_EditCopyPicture, Menu::kEdit, "ME_EditCopyPicture", L"Copy &picture",
+            EnabledWhen::kPictureShown, ME_EditCopyPicture_Click, ControlShift('P')},
 
     SortBy<ListColumn::kName>(ME_ViewSortName, "ME_ViewSortName", L"Sort by &name"),
     SortBy<ListColumn::kX>(ME_ViewSortX, "ME_ViewSortX", L"Sort by &X"),
@@ -101,6 +128,27 @@ constexpr std::array kCommands = {
     Separator(Menu::kView),
     Command{ME_ViewRefresh, Menu::kView, "ME_ViewRefresh", L"&Refresh", EnabledWhen::kDatabaseOpen,
             ME_ViewRefresh_Click, Plain(kF5Key)},
+    Separator(Menu::kView),
+    Command{ME_ViewZoomIn, Menu::kView, "ME_ViewZoomIn", L"&Zoom in", EnabledWhen::kPictureShown,
+            [] { shell.view.zoomPreview(true); }, Control(kPlusKey)},
+    Command{ME_ViewZoomOut, Menu::kView, "ME_ViewZoomOut", L"Zoom ou&t", EnabledWhen::kPictureShown,
+            [] { shell.view.zoomPreview(false); }, Control(kMinusKey)},
+    Command{ME_ViewFit, Menu::kView, "ME_ViewFit", L"Fit to the &window",
+            EnabledWhen::kPictureShown, [] { shell.view.fitPreview(); }, Control('0')},
+    Command{ME_ViewLarger, Menu::kView, "ME_ViewLarger", L"&Larger preview",
+            EnabledWhen::kDatabaseOpen, ME_ViewLarger_Click, Plain(kF11Key), IsPreviewLarger},
+    Separator(Menu::kView),
+    Switch<&PictureOptions::hasScaleBar>(ME_ViewScaleBar, "ME_ViewScaleBar", L"Scale &bar"),
+    Switch<&PictureOptions::hasAxes>(ME_ViewAxes, "ME_ViewAxes", L"&Axes"),
+    Switch<&PictureOptions::hasLegend>(ME_ViewLegend, "ME_ViewLegend", L"Le&gend"),
+    Switch<&PictureOptions::hasPanelNames>(ME_ViewNames, "ME_ViewNames", L"Names of &panels"),
+    Switch<&PictureOptions::hasNumbers>(ME_ViewNumbers, "ME_ViewNumbers",
+                                        L"Numbers of nodes and &strakes"),
+    Switch<&PictureOptions::hasThickness>(ME_ViewThickness, "ME_ViewThickness",
+                                          L"Th&ickness by colour"),
+    Separator(Menu::kView),
+    Command{ME_ViewNextBulkhead, Menu::kView, "ME_ViewNextBulkhead", L"N&ext bulkhead",
+            EnabledWhen::kBulkheadsShown, ShowNextBulkhead, Control('B')},
 
     Command{ME_FileBSD, Menu::kBsd, "ME_FileBSD", L"&Open...", EnabledWhen::kDatabaseOpen,
             ME_FileBSD_Click},
@@ -213,6 +261,10 @@ bool IsEnabled(const Command& command) {
             return !shell.history.undoName.empty();
         case EnabledWhen::kRedoThere:
             return !shell.history.redoName.empty();
+        case EnabledWhen::kPictureShown:
+            return shell.preview.isShown || shell.preview.areBulkheadsShown;
+        case EnabledWhen::kBulkheadsShown:
+            return shell.preview.areBulkheadsShown;
         case EnabledWhen::kSampleThere:
             return FileExists(SamplePath());
     }
@@ -229,6 +281,10 @@ std::wstring WhyDisabled(const Command& command) {
     if (command.enabledWhen == EnabledWhen::kUndoThere) return GetMessage(kMsgNothingToUndo);
     if (command.enabledWhen == EnabledWhen::kRedoThere) return GetMessage(kMsgNothingToRedo);
     if (!IsDatabaseOpen()) return GetMessage(kMsgNoDatabaseOpen);
+    if (command.enabledWhen == EnabledWhen::kPictureShown) return GetMessage(kMsgNoPictureShown);
+    if (command.enabledWhen == EnabledWhen::kBulkheadsShown) {
+        return GetMessage(kMsgNoBulkheadsShown);
+    }
     return GetMessage(isForModels ? kMsgNoModelSelected : kMsgInputBsdFirst);
 }
 

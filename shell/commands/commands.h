@@ -14,13 +14,15 @@ namespace corvane {
 // What the enabling of a command asks of the program's state.
 enum class EnabledWhen {
     kAlways,
-    kDatabaseOpen,   // a database path is set
-    kBsdDefined,     // and its Basic Ship Data are valid
-    kModelSelected,  // at least one line of the list is selected
-    kOneSelected,    // and no other
-    kUndoThere,      // the history has an edit to undo
-    kRedoThere,      // and one that was undone
-    kSampleThere     // the sample ship is beside the program
+    kDatabaseOpen,    // a database path is set
+    kBsdDefined,      // and its Basic Ship Data are valid
+    kModelSelected,   // at least one line of the list is selected
+    kOneSelected,     // and no other
+    kUndoThere,       // the history has an edit to undo
+    kRedoThere,       // and one that was undone
+    kPictureShown,    // the preview shows a picture
+    kBulkheadsShown,  // of a bulkhead arrangement
+    kSampleThere      // the sample ship is beside the program
 };
 
 // The top menus, from left to right; a command of kNone is in no menu, only its key runs it.
@@ -46,6 +48,10 @@ enum CommandId : uint16_t {
     ME_FileSaveLegacy,
     ME_FileQuit,
     ME_FileVersions,
+    ME_FileExportList,
+    ME_FileExportPicture,
+    ME_FilePrint,
+    ME_FilePrintAll,
     ME_FileSettings = 118,
     ME_FileBSD = 120,
     ME_FileImportBSD,
@@ -68,6 +74,8 @@ enum CommandId : uint16_t {
     ME_EditRedo,
     ME_EditFind,
     ME_EditSelectAll,
+    ME_EditCopyList,
+    ME_EditCopyPicture,
     ME_ViewSortName = 220,
     ME_ViewSortX,
     ME_ViewSortNumber,
@@ -76,6 +84,17 @@ enum CommandId : uint16_t {
     ME_ViewFileOrder,
     ME_ViewDescending,
     ME_ViewRefresh,
+    ME_ViewZoomIn,
+    ME_ViewZoomOut,
+    ME_ViewFit,
+    ME_ViewLarger,
+    ME_ViewScaleBar,
+    ME_ViewAxes,
+    ME_ViewLegend,
+    ME_ViewNames,
+    ME_ViewNumbers,
+    ME_ViewThickness,
+    ME_ViewNextBulkhead,
     ME_NextPane = 240,
     ME_PreviousPane,
     ME_SortByNext,

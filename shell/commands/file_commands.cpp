@@ -13,7 +13,9 @@
 #include "shell/file_prompt.h"
 #include "shell/left_overs.h"
 #include "shell/legacy_conversion.h"
+#include "shell/list_text.h"
 #include "shell/new_file.h"
+#include "shell/picture_file.h"
 #include "shell/settings_choice.h"
 #include "shell/state.h"
 #include "text/text.h"
@@ -148,6 +150,36 @@ void ME_FileSaveLegacy_Click() {
 void ME_FileVersions_Click() {
     VersionChoice choice = ReadVersions();
     if (shell.view.askVersion(choice) && RequireEditable()) RestoreVersion(choice);
+}
+
+void ME_FileExportList_Click() {
+    const std::wstring path = AskForFile({.command = ME_FileExportList,
+                                          .types = GetMessage(kMsgListFiles),
+                                          .defaultExtension = L"csv",
+                                          .proposed = BaseNameOf(shell.database.path) + L".csv",
+                                          .directory = shell.settings.BrowseDirectory,
+                                          .toSave = true});
+    if (path.empty() || !RequireOtherFile(path)) return;
+    const bool isMade = ExportFile(path, [](const std::wstring& temporary) {
+        return WriteTextFile(temporary, WriteListAsCsv);
+    });
+    if (isMade) ReportNote(kMsgListWritten, {ListedCount(), path});
+}
+
+void ME_FileExportPicture_Click() {
+    std::wstring name = CleanFileName(ShownModelName());
+    if (name.empty()) name = BaseNameOf(shell.database.path);
+    const std::wstring path = AskForFile({.command = ME_FileExportPicture,
+                                          .types = GetMessage(kMsgPictureFiles),
+                                          .defaultExtension = L"emf",
+                                          .proposed = name + L".emf",
+                                          .directory = shell.settings.BrowseDirectory,
+                                          .toSave = true});
+    if (path.empty() || !RequireOtherFile(path)) return;
+    SetBusyPointer();
+    const bool isWritten = WritePicture(PictureShown(), path);
+    ResetMousePointer();
+    if (isWritten) ReportNote(kMsgPictureWritten, {path});
 }
 
 void ME_FileSettings_Click() {

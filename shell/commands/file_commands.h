@@ -1,7 +1,7 @@
 // The commands of the File menu: which database the shell works on.
 //
-// A command that the user cancels, or
-// that fails, which is reported, leaves the path, the Basic Ship Data and every file as they were.
+// A command that the user cancels, or that fails, which is reported, leaves the path, the Basic
+// Ship Data and every file as they were.
 #pragma once
 
 #include <string>
@@ -35,6 +35,12 @@ void ME_FileSaveLegacy_Click();
 // Shows the earlier versions of the open database; one of them may replace it, or be saved as
 // another file.
 void ME_FileVersions_Click();
+
+// Writes the list as it is shown to a file that is no database.
+void ME_FileExportList_Click();
+
+// Writes the picture of the section that the preview shows to a file of one of four kinds.
+void ME_FileExportPicture_Click();
 
 // Shows the settings; what the user makes of them is kept at once.
 void ME_FileSettings_Click();

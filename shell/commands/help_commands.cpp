@@ -23,7 +23,7 @@ void ME_HelpContents_Click() {
 }
 
 void ME_HelpDetails_Click() {
-    if (!shell.view.copyText(DetailsForReport())) return ReportMessage(kMsgDetailsNotCopied);
+    if (!shell.view.copyText(DetailsForReport(), {})) return ReportMessage(kMsgDetailsNotCopied);
     ReportNote(kMsgDetailsCopied);
 }
 

@@ -7,8 +7,8 @@ namespace {
 
 std::wstring NameOf(uint16_t code) {
     constexpr std::pair<uint16_t, const wchar_t*> kNames[] = {
-        {kEnterKey, L"Enter"}, {kLeftKey, L"Left"}, {kUpKey, L"Up"},
-        {kRightKey, L"Right"}, {kDownKey, L"Down"}, {kDeleteKey, L"Del"}};
+        {kEnterKey, L"Enter"}, {kLeftKey, L"Left"},  {kUpKey, L"Up"},  {kRightKey, L"Right"},
+        {kDownKey, L"Down"},   {kDeleteKey, L"Del"}, {kPlusKey, L"+"}, {kMinusKey, L"-"}};
     for (const auto& [named, name] : kNames) {
         if (named == code) return name;
     }

@@ -20,6 +20,9 @@ enum KeyCode : uint16_t {
     kF2Key = 0x71,
     kF5Key = 0x74,
     kF6Key = 0x75,
+    kF11Key = 0x7A,
+    kPlusKey = 0xBB,  // of the row of digits, whatever is on it
+    kMinusKey = 0xBD,
 };
 
 enum class KeyReach {

@@ -68,4 +68,25 @@ void ME_ViewRefresh_Click() {
     RefreshAtOnce();
 }
 
+void ShowLargerPreview(bool isLarge) {
+    if (shell.preview.isLarge == isLarge) return;
+    shell.preview.isLarge = isLarge;
+    shell.view.showLargerPreview(isLarge);
+    shell.view.updateEnabling();
+}
+
+void ME_ViewLarger_Click() {
+    ShowLargerPreview(!shell.preview.isLarge);
+}
+
+bool IsPreviewLarger() {
+    return shell.preview.isLarge;
+}
+
+void TurnPictureOption(bool PictureOptions::* option) {
+    shell.preview.options.*option = !(shell.preview.options.*option);
+    shell.view.annotatePreview();
+    shell.view.updateEnabling();
+}
+
 }  // namespace corvane

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "preview/annotations.h"
 #include "shell/list_order.h"
 
 namespace corvane {
@@ -35,5 +36,13 @@ void ME_ViewRefresh_Click();
 // Up instead of down, or down instead of up.
 void ME_ViewDescending_Click();
 bool IsDescending();
+
+// The preview in the whole window, without list and buttons, or beside the list again.
+void ShowLargerPreview(bool isLarge);
+void ME_ViewLarger_Click();
+bool IsPreviewLarger();
+
+// Switches something of the picture on or off.
+void TurnPictureOption(bool PictureOptions::* option);
 
 }  // namespace corvane

@@ -111,6 +111,26 @@ TEST_F(SectionPreviewTest, CallsComeInTheSettledOrder) {
     EXPECT_EQ(fontBreadth, 30);
 }
 
+TEST_F(SectionPreviewTest, ZoomedPictureChangesTheLastFrameAlone) {
+    Draw();
+    const std::vector<std::string> fittedCalls = calls;
+    const std::vector<Frame> fitted = frames;
+    const float width = picture.scaleWidth;
+    ZoomView(picture, 2, 0.5, 0.5);
+    calls.clear();
+    frames.clear();
+    Draw();
+    EXPECT_EQ(calls, fittedCalls);
+    ASSERT_EQ(frames.size(), fitted.size());
+    EXPECT_EQ(frames[1].xLeft, fitted[1].xLeft) << "the fit itself stays";
+    EXPECT_FLOAT_EQ(frames.back().xRight - frames.back().xLeft, width / 2);
+    FitView(picture.view);
+    frames.clear();
+    Draw();
+    EXPECT_EQ(frames.back().xLeft, fitted.back().xLeft);
+    EXPECT_EQ(frames.back().yTop, fitted.back().yTop);
+}
+
 TEST_F(SectionPreviewTest, BreadthAndLargestHeightGoIntoTheSection) {
     Draw();
     EXPECT_EQ(section.drawingBreadth, 30);

@@ -38,6 +38,14 @@ void AskQuestions(View& view) {
     };
 }
 
+// A picture that the system would draw: a file that names its kind.
+system::ErrorNumber WriteFake(const char* kind, const Figure& figure, const std::wstring& path) {
+    if (FakeView::pictureError == system::kErrorNone) {
+        WriteFileBytes(path, std::string(kind) + ' ' + std::to_string(figure.items.size()));
+    }
+    return FakeView::pictureError;
+}
+
 void ShowWindows(View& view) {
     view.showProperties = [](const std::wstring& caption, const std::wstring& text) {
         kRecord("properties " + Narrow(caption) + ": " + Narrow(text));
@@ -46,8 +54,19 @@ void ShowWindows(View& view) {
         kRecord("open " + Narrow(path));
         return system::kErrorNone;
     };
-    view.copyText = [](const std::wstring& text) {
+    view.copyText = [](const std::wstring& text, const std::string& html) {
         FakeView::copied = text;
+        FakeView::copiedHtml = html;
+        return true;
+    };
+    view.writeMetafile = [](const Figure& figure, const std::wstring& path) {
+        return WriteFake("metafile", figure, path);
+    };
+    view.writePng = [](const Figure& figure, const std::wstring& path) {
+        return WriteFake("png", figure, path);
+    };
+    view.copyPicture = [](const Figure& figure) {
+        FakeView::copiedPicture = figure;
         return true;
     };
     view.noteScreen = [](Screen& screen) { screen = {1920, 1200, 144}; };
@@ -132,6 +151,9 @@ std::vector<int> FakeView::alsoSelected;
 int FakeView::rule;
 bool FakeView::locked;
 std::wstring FakeView::copied;
+std::string FakeView::copiedHtml;
+Figure FakeView::copiedPicture;
+system::ErrorNumber FakeView::pictureError;
 std::wstring FakeView::database, FakeView::position, FakeView::frame, FakeView::menu,
     FakeView::whyNoPicture, FakeView::modelCount, FakeView::whyGone;
 
@@ -145,6 +167,9 @@ FakeView::FakeView() : before(std::exchange(shell, ShellState())) {
     askSettings = [](SettingsChoice&) { return false; };
     folder.clear();
     copied.clear();
+    copiedHtml.clear();
+    copiedPicture = {};
+    pictureError = system::kErrorNone;
     rows.clear();
     parts = StatusParts();
     selected = -1;

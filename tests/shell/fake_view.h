@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "preview/figure.h"
 #include "shell/exchange_boxes.h"
 #include "shell/model_list.h"
 #include "shell/settings_choice.h"
@@ -34,6 +35,7 @@ struct FakeView {
     static std::function<bool(SettingsChoice&)> askSettings;
     static std::wstring folder;  // given to askFolder; at first empty, which cancels
     static bool previewOn;
+    static system::ErrorNumber pictureError;  // of the system when it writes a picture
     // Whether the instance that runs already shows a window.
     static HandOver handOver;
 
@@ -46,6 +48,8 @@ struct FakeView {
     static int rule;
     static bool locked;
     static std::wstring copied;  // on the clipboard
+    static std::string copiedHtml;
+    static Figure copiedPicture;
     static std::wstring database, position, frame, menu, whyNoPicture, modelCount, whyGone;
 
 private:

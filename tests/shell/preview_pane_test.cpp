@@ -1,6 +1,7 @@
 // What the selection of a model does to the preview.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -126,8 +127,10 @@ TEST(PreviewPane, WithoutThePreviewOnlyThePositionIsRead) {
     EXPECT_EQ(FakeView::position, L"X = 20 m");
 }
 
-TEST(PreviewPane, BulkheadAndTorsionModelClearThePreviewWithoutABoxAndSayWhy) {
-    for (const char* keyword : {"BHA", "TORSION"}) {
+TEST(PreviewPane, BulkheadsWithoutARowAndTorsionModelsClearThePreviewWithoutABoxAndSayWhy) {
+    const std::pair<const char*, int32_t> kinds[] = {{"BHA", kMsgNoBulkheads},
+                                                     {"TORSION", kMsgTorsionLayout}};
+    for (const auto& [keyword, why] : kinds) {
         ShownDatabase window;
         window.Open("DATABASE\r\n" + Block(1, "SECTION", "Midship", " 100 ") +
                     Block(2, keyword, "Other", " 30 "));
@@ -137,14 +140,97 @@ TEST(PreviewPane, BulkheadAndTorsionModelClearThePreviewWithoutABoxAndSayWhy) {
         RecordedReports::events.clear();
         ShowInPreview(rows[1]);
         EXPECT_FALSE(shell.preview.isShown) << keyword;
+        EXPECT_FALSE(shell.preview.areBulkheadsShown) << keyword;
         EXPECT_TRUE(RecordedReports::Happened("clear preview"));
         EXPECT_TRUE(RecordedReports::Of("warning").empty());
-        EXPECT_EQ(FakeView::whyNoPicture,
-                  FormatMessage(kMsgNoPictureOfKind, {KindName(rows[1].kind)}));
+        EXPECT_EQ(FakeView::whyNoPicture, GetMessage(why));
         EXPECT_EQ(shell.preview.section.name, L"Midship") << "no section is read";
         const float x = ModelPosition(shell.database.path, 2);
         EXPECT_EQ(FakeView::position, FormatMessage(kMsgPosition, {x}));
     }
+}
+
+// A picture of 200 mm by 150 mm that keeps what is drawn in it.
+struct KeptPicture {
+    Picture picture;
+    Figure drawn{};
+    int clearedCount = 0;
+
+    KeptPicture() {
+        picture.width = 200 * 1440 / 25.4F;
+        picture.height = 150 * 1440 / 25.4F;
+        picture.context = this;
+        picture.clear = [](Picture& cleared) {
+            ++static_cast<KeptPicture*>(cleared.context)->clearedCount;
+        };
+        picture.drawFigure = [](Picture& on, const Figure& figure) {
+            static_cast<KeptPicture*>(on.context)->drawn = figure;
+        };
+    }
+    bool Says(const std::wstring& part) const {
+        return std::ranges::any_of(drawn.texts, [&part](const std::wstring& text) {
+            return text.find(part) != std::wstring::npos;
+        });
+    }
+};
+
+TEST(PreviewPane, BulkheadArrangementIsDrawn) {
+    const ShownSample sample;
+    const auto row = std::ranges::find(sample.rows, ModelKind::kBulkhead, &ModelRow::kind);
+    ASSERT_NE(row, sample.rows.end());
+    ShowInPreview(*row);
+    EXPECT_TRUE(shell.preview.areBulkheadsShown);
+    EXPECT_FALSE(shell.preview.isShown);
+    EXPECT_TRUE(RecordedReports::Happened("redraw preview"));
+    KeptPicture kept;
+    DrawPreview(kept.picture);
+    EXPECT_EQ(kept.clearedCount, 1);
+    EXPECT_GT(kept.drawn.items.size(), 20U);
+    EXPECT_TRUE(kept.Says(shell.preview.bulkheads.bulkheads[0].name));
+    const float fitted = kept.picture.scaleWidth;
+    ZoomView(kept.picture, 2, 0.5, 0.5);
+    DrawPreview(kept.picture);
+    EXPECT_FLOAT_EQ(kept.picture.scaleWidth, fitted / 2);
+    ShowInPreview(sample.rows[0]);
+    EXPECT_FALSE(shell.preview.areBulkheadsShown);
+    EXPECT_TRUE(shell.preview.isShown);
+}
+
+TEST(PreviewPane, NextBulkheadGoesThroughThemAndBackToAll) {
+    const ShownSample sample;
+    const auto row = std::ranges::find(sample.rows, ModelKind::kBulkhead, &ModelRow::kind);
+    ASSERT_NE(row, sample.rows.end());
+    ShowInPreview(*row);
+    const size_t count = shell.preview.bulkheads.bulkheads.size();
+    ASSERT_GE(count, 1U);
+    for (size_t i = 1; i <= count; ++i) {
+        RecordedReports::events.clear();
+        ShowNextBulkhead();
+        EXPECT_EQ(shell.preview.bulkhead, i);
+        EXPECT_TRUE(RecordedReports::Happened("redraw preview"));
+    }
+    ShowNextBulkhead();
+    EXPECT_EQ(shell.preview.bulkhead, 0U);
+    ShowInPreview(sample.rows[0]);
+    ShowNextBulkhead();
+    EXPECT_EQ(shell.preview.bulkhead, 0U) << "a section has none";
+}
+
+TEST(PreviewPane, LegendAndScaleBarAreOnBulkheads) {
+    const ShownSample sample;
+    const auto row = std::ranges::find(sample.rows, ModelKind::kBulkhead, &ModelRow::kind);
+    ASSERT_NE(row, sample.rows.end());
+    ShowInPreview(*row);
+    KeptPicture kept;
+    DrawPreview(kept.picture);
+    const size_t plain = kept.drawn.texts.size();
+    shell.preview.options.hasLegend = true;
+    DrawPreview(kept.picture);
+    EXPECT_GT(kept.drawn.texts.size(), plain + 2);
+    shell.preview.options = {};
+    shell.preview.options.hasScaleBar = true;
+    DrawPreview(kept.picture);
+    EXPECT_EQ(kept.drawn.texts.size(), plain + 1);
 }
 
 TEST(PreviewPane, SectionThatCannotBeReadClearsThePreview) {

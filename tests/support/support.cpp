@@ -14,6 +14,7 @@
 #include "platform/system.h"
 #include "report/reporters.h"
 #include "tests/support/damage.h"
+#include "text/utf8.h"
 
 namespace corvane::test {
 namespace {
@@ -211,7 +212,7 @@ FakeCatalogue::~FakeCatalogue() {
 }
 
 std::map<int32_t, std::string> CatalogueTexts() {
-    constexpr int32_t kLastNumber = 3849;
+    constexpr int32_t kLastNumber = 3999;
     std::map<int32_t, std::string> texts;
     std::array<char, 3000> buffer;
     for (int32_t number = 1; number <= kLastNumber; ++number) {
@@ -228,21 +229,7 @@ std::string WithLineFeeds(std::string_view text) {
 }
 
 std::string Narrow(std::wstring_view text) {
-    std::string utf8;
-    for (const wchar_t character : text) {
-        const auto code = static_cast<unsigned long>(character);
-        if (code < 0x80) {
-            utf8 += static_cast<char>(code);
-        } else if (code < 0x800) {
-            utf8 += static_cast<char>(0xC0 | (code >> 6));
-            utf8 += static_cast<char>(0x80 | (code & 0x3F));
-        } else {
-            utf8 += static_cast<char>(0xE0 | ((code >> 12) & 0x0F));
-            utf8 += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-            utf8 += static_cast<char>(0x80 | (code & 0x3F));
-        }
-    }
-    return utf8;
+    return Utf8Text(text);
 }
 
 }  // namespace corvane::test

@@ -37,10 +37,19 @@ TEST_F(AccessibilityTest, EveryControlOfTheMainWindowHasItsOwnName) {
     ExpectNamedControls(main);
     std::vector<std::string> names;
     for (const Accessible& control : FocusableControls(main)) names.push_back(Narrow(control.name));
-    const std::vector<std::string> expected = {
-        "Database:", "Open...",   "Find:", "Models:", "Divider between the models and the preview",
-        "Preview",   "Edit",      "Rule",  "QUOR",    "CSR for BC",
-        "QUOR MIL",  "Basic Data"};
+    const std::vector<std::string> expected = {"Database:",
+                                               "Open...",
+                                               "Find:",
+                                               "Models:",
+                                               "Divider between the models and the preview",
+                                               "Preview",
+                                               "Preview of the section",
+                                               "Edit",
+                                               "Rule",
+                                               "QUOR",
+                                               "CSR for BC",
+                                               "QUOR MIL",
+                                               "Basic Data"};
     EXPECT_EQ(names, expected) << "in the order of the tab key";
     Type({VK_END});
     ASSERT_TRUE(WaitUntil([&] { return !IsShown(BT_Rule); }));

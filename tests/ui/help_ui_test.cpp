@@ -126,7 +126,7 @@ TEST_F(HelpUi, F1OpensThePageAboutThePartThatHasTheFocus) {
         const char* page;
     } parts[] = {{TX_DataBase, "files.html"},
                  {TX_Filter, "long-lists.html"},
-                 {OP_Preview, "the-window.html"},
+                 {OP_Preview, "the-picture.html"},
                  {BT_Bsd, "2-enter-the-basic-ship-data.html"},
                  {OP_Rule, "6-check-it-against-the-rules.html"}};
     for (const auto& part : parts) {

@@ -49,6 +49,16 @@ void TypeWith(WORD modifier, WORD key) {
     SendAll(inputs);
 }
 
+void TypeWithShiftAnd(WORD modifier, WORD key) {
+    std::vector<INPUT> inputs;
+    Add(inputs, modifier, 0);
+    Add(inputs, VK_SHIFT, 0);
+    Press(inputs, key);
+    Add(inputs, VK_SHIFT, KEYEVENTF_KEYUP);
+    Add(inputs, modifier, KEYEVENTF_KEYUP);
+    SendAll(inputs);
+}
+
 // Whether a command of the main window has begun: a box keeps the user from the window, a program
 // of the suite runs, or the window has gone.
 bool IsAtWork(const Program& program) {
@@ -108,17 +118,15 @@ void TypeWithShift(WORD key) {
 }
 
 void TypeWithAltShift(WORD key) {
-    std::vector<INPUT> inputs;
-    Add(inputs, VK_MENU, 0);
-    Add(inputs, VK_SHIFT, 0);
-    Press(inputs, key);
-    Add(inputs, VK_SHIFT, KEYEVENTF_KEYUP);
-    Add(inputs, VK_MENU, KEYEVENTF_KEYUP);
-    SendAll(inputs);
+    TypeWithShiftAnd(VK_MENU, key);
 }
 
 void TypeWithControl(WORD key) {
     TypeWith(VK_CONTROL, key);
+}
+
+void TypeWithControlShift(WORD key) {
+    TypeWithShiftAnd(VK_CONTROL, key);
 }
 
 bool PressUntil(WORD key, const std::function<bool()>& condition) {
@@ -211,6 +219,15 @@ void ClickWithControl(POINT at) {
 void DoubleClick(POINT at) {
     Click(at);
     Click(at);
+}
+
+void TurnWheel(POINT at, int steps) {
+    MoveMouse(at);
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = MOUSEEVENTF_WHEEL;
+    input.mi.mouseData = static_cast<DWORD>(steps * WHEEL_DELTA);
+    SendInput(1, &input, sizeof input);
 }
 
 }  // namespace corvane::ui

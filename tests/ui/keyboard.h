@@ -20,6 +20,7 @@ void TypeWithAlt(WORD key);
 void TypeWithShift(WORD key);
 void TypeWithAltShift(WORD key);
 void TypeWithControl(WORD key);
+void TypeWithControlShift(WORD key);
 // Chooses a command of the main window with Alt and the letter of its menu, then its own letter;
 // false when no command begins. The display informs a window that comes to the front which keys are
 // down, and a key of which it knows nothing counts as released then: keys that had no effect are
@@ -46,5 +47,6 @@ void Click(POINT at);
 void RightClick(POINT at);
 void ClickWithControl(POINT at);
 void DoubleClick(POINT at);
+void TurnWheel(POINT at, int steps);
 
 }  // namespace corvane::ui

@@ -40,6 +40,11 @@ constexpr KeyCommand kKeyCommands[] = {
     {ME_FileSaveAs, 'F', 'S', Shows::kWindow, "Save database as"},
     {ME_FileSaveLegacy, 'F', 'V', Shows::kWindow, "Save as Velk Dos"},
     {ME_FileVersions, 'F', 'E', Shows::kVersionsBox, "Earlier versions"},
+    {ME_FileExportList, 'F', 'L', Shows::kWindow, "Export list"},
+    {ME_FileExportPicture, 'F', 'P', Shows::kWindow, "Export picture"},
+    // Without a printer.
+    {ME_FilePrint, 'F', 'I', Shows::kBox, "could not be printed"},
+    {ME_FilePrintAll, 'F', 'A', Shows::kBox, "could not be printed"},
     {ME_FileSettings, 'F', 'T', Shows::kSettingsBox, "Settings"},
     {ME_FileQuit, 'F', 'Q', Shows::kNothing, ""},
     // Without a history there is nothing to undo; see history_ui_test.cpp.
@@ -47,6 +52,9 @@ constexpr KeyCommand kKeyCommands[] = {
     {ME_EditRedo, 'I', 'R', Shows::kNothing, ""},
     {ME_EditFind, 'I', 'F', Shows::kNothing, ""},
     {ME_EditSelectAll, 'I', 'A', Shows::kNothing, ""},
+    // These only go to the clipboard; see list_ui_test.cpp and picture_ui_test.cpp.
+    {ME_EditCopyList, 'I', 'I', Shows::kNothing, ""},
+    {ME_EditCopyPicture, 'I', 'P', Shows::kNothing, ""},
     // These show nothing but the list in another order; see list_ui_test.cpp.
     {ME_ViewSortName, 'V', 'N', Shows::kNothing, ""},
     {ME_ViewSortX, 'V', 'X', Shows::kNothing, ""},
@@ -56,6 +64,18 @@ constexpr KeyCommand kKeyCommands[] = {
     {ME_ViewFileOrder, 'V', 'O', Shows::kNothing, ""},
     {ME_ViewDescending, 'V', 'D', Shows::kNothing, ""},
     {ME_ViewRefresh, 'V', 'R', Shows::kNothing, ""},
+    // See picture_navigation_test.cpp.
+    {ME_ViewZoomIn, 'V', 'Z', Shows::kNothing, ""},
+    {ME_ViewZoomOut, 'V', 'T', Shows::kNothing, ""},
+    {ME_ViewFit, 'V', 'W', Shows::kNothing, ""},
+    {ME_ViewLarger, 'V', 'L', Shows::kNothing, ""},
+    {ME_ViewScaleBar, 'V', 'B', Shows::kNothing, ""},
+    {ME_ViewAxes, 'V', 'A', Shows::kNothing, ""},
+    {ME_ViewLegend, 'V', 'G', Shows::kNothing, ""},
+    {ME_ViewNames, 'V', 'P', Shows::kNothing, ""},
+    {ME_ViewNumbers, 'V', 'S', Shows::kNothing, ""},
+    {ME_ViewThickness, 'V', 'I', Shows::kNothing, ""},
+    {ME_ViewNextBulkhead, 'V', 'E', Shows::kNothing, ""},
     {ME_FileBSD, 'B', 'O', Shows::kBox, "BsdEdit.exe"},
     {ME_FileImportBSD, 'B', 'I', Shows::kWindow, "Import"},
     {ME_SectionNew, 'C', 'S', Shows::kBox, "SectInput.exe"},

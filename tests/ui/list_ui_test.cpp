@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/ui/file_dialog.h"
 #include "tests/ui/main_window_fixture.h"
 
 namespace corvane::ui {
@@ -239,6 +240,58 @@ TEST_F(KeptListTest, ListIsAsTheUserLeftIt) {
     for (int i = 0; i < 5; ++i) {
         EXPECT_EQ(Width(list, i), widths[static_cast<size_t>(i)]) << i;
     }
+}
+
+// ---- To other programs -------------------------------------------------------------------------
+
+// The bytes on the clipboard in a format that a program has registered; empty without them.
+std::string ClipboardBytes(const wchar_t* name) {
+    std::string bytes;
+    if (OpenClipboard(nullptr) == 0) return bytes;
+    const HANDLE memory = GetClipboardData(RegisterClipboardFormatW(name));
+    if (memory != nullptr) {
+        bytes.assign(static_cast<const char*>(GlobalLock(memory)), GlobalSize(memory));
+        GlobalUnlock(memory);
+    }
+    CloseClipboard();
+    return bytes;
+}
+
+TEST_F(ListUiTest, ControlShiftAndCCopyTheListAsTextAndAsATable) {
+    TypeWithControlShift('C');
+    ASSERT_TRUE(WaitUntil([] { return ClipboardText().starts_with(L"Name\tX\tId\t"); }));
+    EXPECT_NE(ClipboardText().find(L"Engine room, frame 30\t20.700\t1\tSection\t30\r\n"),
+              std::wstring::npos);
+    const std::string html = ClipboardBytes(L"HTML Format");
+    EXPECT_NE(html.find("<td>Engine room, frame 30</td><td>20.700</td>"), std::string::npos);
+}
+
+TEST_F(ListUiTest, ListIsExportedFromTheKeyboard) {
+    ASSERT_TRUE(ChooseByKeys(program, 'F', 'L'));
+    const std::wstring path = installation.File(L"list.csv");
+    ASSERT_TRUE(AnswerFilePrompt(program, path));
+    EXPECT_TRUE(TextBecomes(Control(PAN_Help), L"14 lines of the list written to '" + path + L"'"));
+    const std::string bytes = test::ReadFileBytes(path);
+    EXPECT_TRUE(
+        bytes.starts_with("\xEF\xBB\xBFName,X,Id,Type,Frame\r\n"
+                          "\"Engine room, frame 30\",20.700,1,Section,30\r\n"))
+        << bytes;
+}
+
+TEST_F(ListUiTest, ListThatCannotBeWrittenLeavesTheOldFile) {
+    const std::wstring path = installation.File(L"list.csv");
+    test::WriteFileBytes(path, "old");
+    const HANDLE held = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+    ASSERT_TRUE(ChooseByKeys(program, 'F', 'L'));
+    const FileDialog dialog = WaitForFileDialog(program);
+    const Box question = AnswerWithBox(program, dialog, path);
+    ASSERT_TRUE(Press(question, IDYES)) << "it asks before it overwrites";
+    const Box box = WaitForPlainBox(program);
+    EXPECT_NE(Narrow(box.text).find("list.csv"), std::string::npos) << Narrow(box.text);
+    EXPECT_TRUE(Press(box, IDOK));
+    CloseHandle(held);
+    EXPECT_EQ(test::ReadFileBytes(path), "old");
 }
 
 }  // namespace

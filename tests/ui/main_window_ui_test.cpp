@@ -96,8 +96,9 @@ TEST_F(MainWindowTest, MouseDragsTheSplitter) {
 // ---- Keyboard ----------------------------------------------------------------------------------
 
 TEST_F(MainWindowTest, TabKeyVisitsTheControlsAsTheyAreRead) {
-    std::vector<int> expected = {TX_DataBase, Command1, TX_Filter, LI_Sections, SP_Sections,
-                                 OP_Preview,  BT_Open,  BT_Rule,   OP_Rule,     BT_Bsd};
+    std::vector<int> expected = {TX_DataBase, Command1,   TX_Filter,   LI_Sections,
+                                 SP_Sections, OP_Preview, PIC_Section, BT_Open,
+                                 BT_Rule,     OP_Rule,    BT_Bsd};
     std::erase_if(expected, [&](int id) { return !IsWindowEnabled(Control(id)); });
     const auto list = std::ranges::find(expected, int{LI_Sections});
     std::ranges::rotate(expected, list + 1);

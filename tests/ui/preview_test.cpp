@@ -70,7 +70,10 @@ TEST_F(PreviewTest, TorsionModelClearsThePictureAndSaysWhy) {
     PressKey(list, VK_END);
     EXPECT_TRUE(Becomes(picture, false));
     EXPECT_TRUE(WaitUntil([&] { return ShowsAText(picture); }));
-    EXPECT_EQ(CaptionOf(picture), L"There is no picture for a model of this kind (Torsion).");
+    EXPECT_EQ(
+        CaptionOf(picture),
+        L"The layout of a torsion model belongs to the torsion program: edit the model to see "
+        L"it there.");
     EXPECT_EQ(program.FindNow(L"#32770"), nullptr) << "a box is shown";
     PressKey(list, VK_HOME);
     EXPECT_TRUE(Becomes(picture, true));

@@ -30,6 +30,8 @@ enum ControlId : int {
     TX_Filter,
     LB_Count,    // how many models the list shows
     LB_WhyGone,  // above LI_Sections while its database cannot be reached
+    LB_Facts,    // names TX_Facts
+    TX_Facts,    // beside or below PIC_Section
     // In the place of LI_Sections while no database is open.
     LB_Start = 1060,
     BT_StartOpen,

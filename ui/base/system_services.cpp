@@ -20,16 +20,10 @@ bool OpenClipboardOf(HWND owner) {
     return false;
 }
 
-// The system owns the memory once it has taken it.
-bool SetClipboardText(const std::wstring& text) {
-    const size_t size = (text.size() + 1) * sizeof(wchar_t);
-    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
-    if (memory == nullptr) return false;
-    std::memcpy(GlobalLock(memory), text.c_str(), size);
-    GlobalUnlock(memory);
-    if (SetClipboardData(CF_UNICODETEXT, memory) != nullptr) return true;
-    GlobalFree(memory);
-    return false;
+// With the NUL at the end.
+template <class Text>
+std::span<const std::byte> BytesOf(const Text& text) {
+    return std::as_bytes(std::span(text.c_str(), text.size() + 1));
 }
 
 }  // namespace
@@ -53,11 +47,29 @@ system::ErrorNumber OpenDocument(const std::wstring& path) {
     return error == ERROR_SUCCESS ? system::kErrorFileNotFound : error;
 }
 
-bool CopyText(HWND owner, const std::wstring& text) {
-    if (!OpenClipboardOf(owner)) return false;
-    const bool isCopied = EmptyClipboard() != 0 && SetClipboardText(text);
-    CloseClipboard();
-    return isCopied;
+OwnClipboard::OwnClipboard(HWND owner) : isOpen_(OpenClipboardOf(owner)) {
+    if (isOpen_) EmptyClipboard();
+}
+
+OwnClipboard::~OwnClipboard() {
+    if (isOpen_) CloseClipboard();
+}
+
+// The system owns the memory once it has taken it.
+bool OwnClipboard::Put(UINT format, std::span<const std::byte> bytes) const {
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
+    if (memory == nullptr) return false;
+    std::memcpy(GlobalLock(memory), bytes.data(), bytes.size());
+    GlobalUnlock(memory);
+    if (SetClipboardData(format, memory) != nullptr) return true;
+    GlobalFree(memory);
+    return false;
+}
+
+bool CopyText(HWND owner, const std::wstring& text, const std::string& html) {
+    const OwnClipboard clipboard(owner);
+    if (!clipboard.IsOpen() || !clipboard.Put(CF_UNICODETEXT, BytesOf(text))) return false;
+    return html.empty() || clipboard.Put(RegisterClipboardFormatW(L"HTML Format"), BytesOf(html));
 }
 
 }  // namespace corvane

@@ -12,20 +12,6 @@
 namespace corvane {
 namespace {
 
-// One of the shell's objects; released with the record.
-template <class Object>
-struct Owned {
-    Object* pointer = nullptr;
-    Owned() = default;
-    ~Owned() {
-        if (pointer != nullptr) pointer->Release();
-    }
-    Owned(const Owned&) = delete;
-    Owned& operator=(const Owned&) = delete;
-    Object* operator->() const { return pointer; }
-    void** Place() { return reinterpret_cast<void**>(&pointer); }
-};
-
 void BeginIn(IFileDialog& dialog, const std::wstring& folder) {
     Owned<IShellItem> start;
     const HRESULT found = SHCreateItemFromParsingName(StripTrailingBackslash(folder).c_str(),

@@ -1,5 +1,7 @@
 #include "ui/dialogs/import_box.h"
 
+#include <utility>
+
 #include "shell/commands/commands.h"
 #include "shell/file_prompt.h"
 #include "shell/preview_pane.h"
@@ -89,10 +91,13 @@ void AddControls(HWND window, void* contents) {
     AddSectionsList(window, L"Model&s:", LBS_EXTENDEDSEL);
     AddControl(window, {OP_Preview, WC_BUTTONW, L"&Preview", button | BS_AUTOCHECKBOX});
     CheckDlgButton(window, OP_Preview, BST_CHECKED);
-    CreateSectionPicture(window, {[&box](Picture& picture) {
-                                      if (box.isShown) DrawSection(box.section, box.bsd, picture);
-                                  },
-                                  L"Arial"});
+    PictureContents picture;
+    picture.draw = [&box](Picture& drawn) {
+        if (box.isShown) DrawSection(box.section, box.bsd, drawn);
+    };
+    picture.section = [&box] { return box.isShown ? &box.section : nullptr; };
+    picture.typeface = L"Arial";
+    CreateSectionPicture(window, std::move(picture));
     AddControl(window,
                {LB_Service, WC_STATICW, L"", WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS});
     // In the row of OK and Cancel.

@@ -9,6 +9,7 @@
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
 #include "shell/commands/file_commands.h"
+#include "shell/commands/view_commands.h"
 #include "shell/recent_databases.h"
 #include "shell/rule_set.h"
 #include "shell/start_up.h"
@@ -111,6 +112,7 @@ void OnCommand(HWND window, uint16_t id, uint16_t notification) {
     constexpr uint16_t kByKey = 1;
     if (id == ME_HelpContents && notification == kByKey) return ShowHelpOnFocus();
     if (id == IDOK) return LeaveFilterBox(window);
+    if (id == IDCANCEL && shell.preview.isLarge) return ShowLargerPreview(false);
     if (id == IDCANCEL && ClearFilterBox(window)) return;
     if (id == TX_Filter) return OnFilterNotify(window, notification);
     if (id == OP_Preview) return ShowSelectedLineAgain();

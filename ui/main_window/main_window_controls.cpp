@@ -1,14 +1,18 @@
 #include "ui/main_window/main_window_controls.h"
 
+#include <utility>
+
 #include "shell/open_database.h"
 #include "shell/preview_pane.h"
 #include "shell/rule_set.h"
 #include "shell/state.h"
 #include "ui/base/dpi.h"
 #include "ui/main_window/filter_box.h"
+#include "ui/main_window/menu_hints.h"
 #include "ui/main_window/menus.h"
 #include "ui/main_window/model_list_view.h"
 #include "ui/main_window/path_field.h"
+#include "ui/main_window/picture_table.h"
 #include "ui/main_window/splitter.h"
 #include "ui/main_window/start_pane.h"
 #include "ui/main_window/status_bar.h"
@@ -54,6 +58,16 @@ void AddRuleSets(HWND window) {
     CheckRadioButton(window, OP_Rule, OP_Rule + kRuleSetCount - 1, chosen);
 }
 
+// What is under the pointer goes to the status line, what was clicked on to the table.
+void CreatePreviewPicture(HWND window) {
+    PictureContents contents;
+    contents.draw = DrawPreview;
+    contents.section = [] { return shell.preview.isShown ? &shell.preview.section : nullptr; };
+    contents.onPointedAt = [window](const std::wstring& text) { ShowHint(window, text); };
+    contents.onMarked = [window] { ShowPictureTable(window); };
+    CreateSectionPicture(window, std::move(contents));
+}
+
 bool CanHaveFocus(HWND control) {
     const auto style = GetWindowLongPtrW(control, GWL_STYLE);
     return IsWindow(control) && (style & WS_VISIBLE) != 0 && (style & WS_DISABLED) == 0;
@@ -84,7 +98,8 @@ void AddMainControls(HWND window, MainWindowState& state) {
     AddControl(window, OP_Preview, WC_BUTTONW, L"&Preview", WS_TABSTOP | BS_AUTOCHECKBOX);
     SendMessageW(GetDlgItem(window, OP_Preview), BM_SETCHECK,
                  shell.windowPlace.isPreviewOn ? BST_CHECKED : BST_UNCHECKED, 0);
-    CreateSectionPicture(window, {DrawPreview, L""});
+    CreatePreviewPicture(window);
+    CreatePictureTable(window);
     AddControl(window, LB_Legend, WC_STATICW, L"", label | SS_NOTIFY);
     AddControl(window, LB_X, WC_STATICW, L"", label);
     AddControl(window, LB_Frame, WC_STATICW, L"", label);
@@ -158,7 +173,7 @@ void RememberFocus(HWND window) {
 void GiveFocus(HWND window) {
     const HWND candidates[] = {StateOfMainWindow(window)->focus, GetDlgItem(window, LI_Sections),
                                GetDlgItem(window, BT_StartOpen), GetDlgItem(window, Command1),
-                               GetDlgItem(window, TX_DataBase)};
+                               GetDlgItem(window, TX_DataBase),  GetDlgItem(window, PIC_Section)};
     for (const HWND candidate : candidates) {
         if (!CanHaveFocus(candidate)) continue;
         SetFocus(candidate);

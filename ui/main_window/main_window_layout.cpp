@@ -6,6 +6,7 @@
 #include "ui/base/control_ids.h"
 #include "ui/base/dpi.h"
 #include "ui/main_window/model_list_view.h"
+#include "ui/main_window/picture_table.h"
 #include "ui/main_window/start_pane.h"
 #include "ui/main_window/status_bar.h"
 
@@ -28,6 +29,9 @@ constexpr int kBsdWidth = 130;
 constexpr int kOptionMark = 24;
 constexpr int kLeastListWidth = 200;
 constexpr int kLeastPreviewWidth = 140;
+// The table beside the picture, and how broad a picture is that has room for it.
+constexpr int kTableWidth = 250;
+constexpr int kBroadPicture = 560;
 
 // The window's client area as it is divided, from the top and from the bottom.
 struct Divider {
@@ -176,21 +180,46 @@ void PlaceListPane(Divider& divider, RECT area, const Layout& layout, int textHe
     if (IsStartPaneShown(divider.window)) PlaceStartPane(divider.window, area, layout);
 }
 
-// List and preview beside each other, each with its head above, and the splitter between them.
-void PlacePanes(Divider& divider, const RECT& area, const Layout& layout, int textHeight) {
-    const int split = PanesOf(divider.window, layout.dpi).SplitAt(layout.listShare);
-    const int previewLeft = split + divider.Length(kGap);
+// Beside the picture where it is broad enough, else below it; `picture` becomes what is left.
+void PlacePictureTable(Divider& divider, RECT& picture, int textHeight) {
+    RECT table = picture;
+    const LONG width = picture.right - picture.left;
+    if (width >= divider.Length(kBroadPicture)) {
+        table.left = picture.right - divider.Length(kTableWidth);
+        picture.right = table.left - divider.Length(kGap);
+    } else {
+        const LONG height = (picture.bottom - picture.top) * 2 / 5;
+        table.top = picture.bottom - height;
+        picture.bottom = table.top - divider.Length(kGap);
+    }
+    divider.Place(LB_Facts, {table.left, table.top, table.right, table.top + textHeight});
+    table.top += textHeight + divider.Length(kFieldPadding) / 2;
+    divider.Place(TX_Facts, table);
+}
+
+// The picture with its head above.
+void PlacePreviewPane(Divider& divider, const RECT& area, int textHeight) {
     const int headBottom = area.top + textHeight + divider.Length(kFieldPadding);
     const int top = headBottom + divider.Length(kFieldPadding) / 2;
     const int labelTop = area.top + divider.Length(kFieldPadding) / 2;
-    PlaceListPane(divider, {area.left, area.top, split, area.bottom}, layout, textHeight);
-    divider.Place(SP_Sections, {split, top, previewLeft, area.bottom});
-    divider.Place(OP_Preview, {previewLeft, area.top,
-                               previewLeft + divider.Length(kPreviewButtonWidth), headBottom});
-    const int legendLeft = previewLeft + divider.Length(kPreviewButtonWidth + kGap);
+    divider.Place(OP_Preview, {area.left, area.top, area.left + divider.Length(kPreviewButtonWidth),
+                               headBottom});
+    const int legendLeft = area.left + divider.Length(kPreviewButtonWidth + kGap);
     divider.Place(LB_Legend, {legendLeft, labelTop, std::max<LONG>(legendLeft, area.right),
                               labelTop + textHeight});
-    divider.Place(PIC_Section, {previewLeft, top, area.right, area.bottom});
+    RECT picture{area.left, top, area.right, area.bottom};
+    if (IsPictureTableShown(divider.window)) PlacePictureTable(divider, picture, textHeight);
+    divider.Place(PIC_Section, picture);
+}
+
+// List and preview beside each other, and the splitter between them.
+void PlacePanes(Divider& divider, const RECT& area, const Layout& layout, int textHeight) {
+    const int split = PanesOf(divider.window, layout.dpi).SplitAt(layout.listShare);
+    const int previewLeft = split + divider.Length(kGap);
+    PlaceListPane(divider, {area.left, area.top, split, area.bottom}, layout, textHeight);
+    const int top = area.top + textHeight + divider.Length(kFieldPadding) * 3 / 2;
+    divider.Place(SP_Sections, {split, top, previewLeft, area.bottom});
+    PlacePreviewPane(divider, {previewLeft, area.top, area.right, area.bottom}, textHeight);
 }
 
 }  // namespace
@@ -203,10 +232,15 @@ void LayOutMainWindow(HWND window, Layout& layout) {
     area.bottom -= PlaceStatusBar(window, textHeight, layout.dpi);
     const int margin = divider.Length(kMargin);
     InflateRect(&area, -margin, -margin);
-    PlaceDatabaseRow(divider, area);
-    PlaceButtonRow(divider, area, layout, textHeight);
-    PlaceModelLabels(divider, area, textHeight);
-    PlacePanes(divider, area, layout, textHeight);
+    if (layout.isPreviewLarge) {
+        PlaceModelLabels(divider, area, textHeight);
+        PlacePreviewPane(divider, area, textHeight);
+    } else {
+        PlaceDatabaseRow(divider, area);
+        PlaceButtonRow(divider, area, layout, textHeight);
+        PlaceModelLabels(divider, area, textHeight);
+        PlacePanes(divider, area, layout, textHeight);
+    }
     EndDeferWindowPos(divider.moves);
     FitNameColumn(GetDlgItem(window, LI_Sections));
     // The gaps between the controls, and what one of them covered at its old place.

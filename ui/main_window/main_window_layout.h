@@ -17,6 +17,7 @@ struct Layout {
     UINT dpi = USER_DEFAULT_SCREEN_DPI;
     double listShare = kFirstListShare;  // as the user left it
     bool hasRuleButton = true;
+    bool isPreviewLarge = false;  // ui/main_window/larger_preview.h
     // Left edges of BT_Open and BT_Rule beside each other [pixels], from the last call of
     // LayOutMainWindow.
     int openLeft = 0;

@@ -9,6 +9,7 @@
 #include "ui/base/dpi.h"
 #include "ui/base/own_window.h"
 #include "ui/main_window/filter_box.h"
+#include "ui/main_window/larger_preview.h"
 #include "ui/main_window/main_window.h"
 #include "ui/main_window/main_window_controls.h"
 #include "ui/main_window/main_window_state.h"
@@ -47,7 +48,8 @@ void ShowWhyGone(const std::wstring& why) {
     MainWindowState* state = MainState();
     if (state == nullptr || WindowText(MainControl(LB_WhyGone)) == why) return;
     SetLabel(LB_WhyGone, why);
-    ShowWindow(MainControl(LB_WhyGone), why.empty() ? SW_HIDE : SW_SHOWNA);
+    const bool isShown = !why.empty() && !state->layout.isPreviewLarge;
+    ShowWindow(MainControl(LB_WhyGone), isShown ? SW_SHOWNA : SW_HIDE);
     GreyModelRows(MainControl(LI_Sections), !why.empty());
     LayOutMainWindow(MainHandle(), state->layout);
 }
@@ -84,7 +86,8 @@ void ShowModelButtons(ModelKind kind) {
     if (state == nullptr || state->kind == kind) return;
     state->kind = kind;
     state->layout.hasRuleButton = kind != ModelKind::kTorsion;
-    ShowWindow(MainControl(BT_Rule), state->layout.hasRuleButton ? SW_SHOWNA : SW_HIDE);
+    const bool isShown = state->layout.hasRuleButton && !state->layout.isPreviewLarge;
+    ShowWindow(MainControl(BT_Rule), isShown ? SW_SHOWNA : SW_HIDE);
     PlaceOpenButton(MainHandle(), state->layout);
     ShowButtonPictures(MainHandle());
 }
@@ -202,11 +205,20 @@ void FillInContents(View& view) {
     view.isPreviewOn = [] { return IsDlgButtonChecked(MainHandle(), OP_Preview) == BST_CHECKED; };
     view.redrawPreview = [] {
         RedrawSectionPicture(MainControl(PIC_Section));
-        SetLabel(LB_Legend, GetMessage(kMsgPreviewLegend));
+        // A bulkhead arrangement has its legend in the picture.
+        SetLabel(LB_Legend, shell.preview.isShown ? GetMessage(kMsgPreviewLegend) : L"");
     };
     view.clearPreview = [](const std::wstring& why) {
         ClearSectionPicture(MainControl(PIC_Section), why);
         SetLabel(LB_Legend, L"");
+    };
+    view.zoomPreview = [](bool isLarger) {
+        ZoomSectionPicture(MainControl(PIC_Section), isLarger);
+    };
+    view.fitPreview = [] { FitSectionPicture(MainControl(PIC_Section)); };
+    view.annotatePreview = [] { AnnotateSectionPicture(MainControl(PIC_Section)); };
+    view.showLargerPreview = [](bool isLarge) {
+        if (MainState() != nullptr) ShowLargerPreviewIn(MainHandle(), isLarge);
     };
     view.setPositionText = [](const std::wstring& text) { SetLabel(LB_X, text); };
     view.setFrameText = [](const std::wstring& text) { SetLabel(LB_Frame, text); };

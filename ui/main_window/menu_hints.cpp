@@ -20,11 +20,17 @@ std::wstring HintFor(UINT item, UINT flags) {
 }  // namespace
 
 void OnMenuSelect(HWND window, UINT item, UINT flags) {
-    MainWindowState& state = *StateOfMainWindow(window);
     // All bits, without a menu: it has closed.
-    const std::wstring hint = flags == 0xFFFF ? std::wstring() : HintFor(item, flags);
+    ShowHint(window, flags == 0xFFFF ? std::wstring() : HintFor(item, flags));
+}
+
+void ShowHint(HWND window, const std::wstring& hint) {
+    MainWindowState& state = *StateOfMainWindow(window);
+    const std::wstring shown = WindowText(GetDlgItem(window, PAN_Help));
+    // Something else has been reported over the hint.
+    if (!state.hint.empty() && shown != state.hint) state.hint.clear();
     if (state.hint.empty() && !hint.empty()) {
-        state.statusBeforeHint = WindowText(GetDlgItem(window, PAN_Help));
+        state.statusBeforeHint = shown;
         state.colourBeforeHint = state.statusColour;
     }
     if (!hint.empty()) {

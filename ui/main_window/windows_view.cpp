@@ -10,6 +10,7 @@
 #include "ui/dialogs/folder_prompt.h"
 #include "ui/dialogs/import_box.h"
 #include "ui/dialogs/input_box.h"
+#include "ui/dialogs/print_dialog.h"
 #include "ui/dialogs/progress_box.h"
 #include "ui/dialogs/properties_box.h"
 #include "ui/dialogs/settings_box.h"
@@ -17,6 +18,7 @@
 #include "ui/dialogs/versions_box.h"
 #include "ui/main_window/main_window_view.h"
 #include "ui/main_window/running_instance.h"
+#include "ui/pictures/picture_output.h"
 
 namespace corvane {
 namespace {
@@ -74,9 +76,15 @@ View WindowsView() {
     view.askVersion = AskVersion;
     view.askSettings = AskSettings;
     view.askFolder = AskFolder;
+    view.printPages = PrintThroughSystem;
     view.showProperties = ShowProperties;
     view.openDocument = OpenDocument;
-    view.copyText = [](const std::wstring& text) { return CopyText(MainHandle(), text); };
+    view.copyText = [](const std::wstring& text, const std::string& html) {
+        return CopyText(MainHandle(), text, html);
+    };
+    view.writeMetafile = WriteMetafile;
+    view.writePng = WritePng;
+    view.copyPicture = [](const Figure& figure) { return CopyPicture(MainHandle(), figure); };
     view.showAbout = [](const std::wstring& heading) { ShowAbout(heading); };
     view.showSplash = [](const std::wstring& title) { ShowSplash(title); };
     view.handToRunningInstance = HandToRunningInstance;

@@ -5,10 +5,14 @@
 #include <memory>
 #include <utility>
 
+#include "shell/state.h"
 #include "ui/base/colours.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/dpi.h"
 #include "ui/base/own_window.h"
+#include "ui/pictures/figure_player.h"
+#include "ui/pictures/picture_input.h"
+#include "ui/pictures/picture_state.h"
 
 namespace corvane {
 namespace {
@@ -18,16 +22,6 @@ constexpr int kTextMargin = 8;
 
 // The window's text while it shows a section; readers of the screen say it.
 constexpr wchar_t kCaption[] = L"Preview of the section";
-
-// Belongs to the window from its creation on, and goes with it.
-struct PictureState {
-    PictureContents source;
-    bool isEmpty = true;
-    std::wstring why;            // what an empty picture says
-    HBITMAP contents = nullptr;  // what the window shows; all drawing goes here
-    SIZE size{};                 // [px]
-    Picture scale;               // the user scale, kept from one drawing to the next
-};
 
 // Drawing on a bitmap, for as long as this lives.
 struct BitmapDevice {
@@ -51,15 +45,11 @@ struct BitmapDevice {
     BitmapDevice& operator=(const BitmapDevice&) = delete;
 };
 
-PictureState* StateOf(HWND window) {
-    return reinterpret_cast<PictureState*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-}
-
 // A section has black lines and dark colours: where the system's ground is dark it has white paper,
 // and the greys of a light scheme.
 void FillBackground(HWND window, HDC dc, SIZE size) {
     const RECT all{0, 0, size.cx, size.cy};
-    const bool isPaper = !StateOf(window)->isEmpty && IsDark(COLOR_WINDOW);
+    const bool isPaper = !PictureStateOf(window)->isEmpty && IsDark(COLOR_WINDOW);
     FillRect(dc, &all,
              isPaper ? static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH))
                      : GetSysColorBrush(COLOR_WINDOW));
@@ -79,7 +69,7 @@ void ClearPicture(Picture& picture) {
 
 HFONT PictureFont(HWND window, int percent) {
     const HFONT font = CreateMessageFont(DpiOf(window), percent);
-    const std::wstring& typeface = StateOf(window)->source.typeface;
+    const std::wstring& typeface = PictureStateOf(window)->source.typeface;
     LOGFONTW description{};
     if (typeface.empty() || GetObjectW(font, sizeof description, &description) == 0) return font;
     DeleteObject(font);
@@ -103,10 +93,20 @@ float Twips(LONG pixels, UINT dpi) {
     return static_cast<float>(pixels) * kTwipsPerInch / static_cast<float>(dpi);
 }
 
+void DrawFigure(Picture& picture, const Figure& figure) {
+    constexpr double kMmPerInch = 25.4;
+    const UINT dpi = DpiOf(static_cast<HWND>(picture.window));
+    FigureDevice device{static_cast<HDC>(picture.dc), dpi / kMmPerInch};
+    LOGFONTW font{};
+    const HGDIOBJ letters = GetCurrentObject(device.dc, OBJ_FONT);
+    if (GetObjectW(letters, sizeof font, &font) != 0) device.typeface = font.lfFaceName;
+    PlayFigure(device, figure);
+}
+
 // Draws on the kept bitmap and shows it; nothing happens with a window that has gone.
 void DrawOn(HWND window, const std::function<void(Picture&)>& draw) {
-    if (StateOf(window) == nullptr || StateOf(window)->contents == nullptr) return;
-    PictureState& state = *StateOf(window);
+    if (PictureStateOf(window) == nullptr || PictureStateOf(window)->contents == nullptr) return;
+    PictureState& state = *PictureStateOf(window);
     BitmapDevice device(window, state.contents);
     Picture& picture = state.scale;
     picture.window = window;
@@ -117,6 +117,7 @@ void DrawOn(HWND window, const std::function<void(Picture&)>& draw) {
     picture.clear = ClearPicture;
     picture.setFont = SetPictureFont;
     picture.systemColour = ColourOfSystem;
+    picture.drawFigure = DrawFigure;
     draw(picture);
     picture.dc = nullptr;
     picture.context = nullptr;
@@ -127,7 +128,7 @@ void DrawOn(HWND window, const std::function<void(Picture&)>& draw) {
 void DrawWhy(Picture& picture) {
     const HWND window = static_cast<HWND>(picture.window);
     auto& device = *static_cast<BitmapDevice*>(picture.context);
-    const std::wstring& why = StateOf(window)->why;
+    const std::wstring& why = PictureStateOf(window)->why;
     RECT client{};
     GetClientRect(window, &client);
     const int margin = Scaled(kTextMargin, DpiOf(window));
@@ -144,17 +145,32 @@ void DrawWhy(Picture& picture) {
     DrawTextW(device.dc, why.c_str(), -1, &client, kFormat);
 }
 
+// What is switched on over the section, and the marks of the user.
+void Annotate(Picture& picture) {
+    PictureState& state = *PictureStateOf(static_cast<HWND>(picture.window));
+    SectionModel* section = ShownSection(state);
+    if (section == nullptr || !(picture.scaleWidth > 0)) return;
+    Figure figure = SheetOver(picture);
+    AnnotatePicture(*section, shell.preview.options, state.places, figure);
+    DrawFigure(picture, figure);
+}
+
 // Draws the section, or what the empty picture says.
 void DrawContents(HWND window) {
-    const PictureState& state = *StateOf(window);
-    if (state.why.empty()) return DrawOn(window, state.source.draw);
+    const PictureState& state = *PictureStateOf(window);
+    if (state.why.empty()) {
+        return DrawOn(window, [&state](Picture& picture) {
+            state.source.draw(picture);
+            Annotate(picture);
+        });
+    }
     DrawOn(window, SyncGraphicsFrame);
     DrawOn(window, DrawWhy);
 }
 
 // A bitmap of the window's size, with as much of the old contents as it holds.
 void TakeSize(HWND window, SIZE size) {
-    PictureState& state = *StateOf(window);
+    PictureState& state = *PictureStateOf(window);
     if (size.cx < 1 || size.cy < 1) return;
     const HDC screen = GetDC(window);
     const HBITMAP contents = CreateCompatibleBitmap(screen, size.cx, size.cy);
@@ -175,7 +191,7 @@ void TakeSize(HWND window, SIZE size) {
 }
 
 void ShowContents(HWND window, HDC dc) {
-    const PictureState& state = *StateOf(window);
+    const PictureState& state = *PictureStateOf(window);
     if (state.contents == nullptr) return;
     const BitmapDevice source(window, state.contents);
     BitBlt(dc, 0, 0, state.size.cx, state.size.cy, source.dc, 0, 0, SRCCOPY);
@@ -203,6 +219,11 @@ void OnPaint(HWND window) {
     PAINTSTRUCT paint{};
     const HDC dc = BeginPaint(window, &paint);
     ShowContents(window, dc);
+    if (GetFocus() == window) {
+        RECT client{};
+        GetClientRect(window, &client);
+        DrawFocusRect(dc, &client);
+    }
     EndPaint(window, &paint);
 }
 
@@ -213,12 +234,14 @@ void OnColoursChanged(HWND window) {
 }
 
 void OnNcDestroy(HWND window) {
-    const std::unique_ptr<PictureState> state(StateOf(window));
+    const std::unique_ptr<PictureState> state(PictureStateOf(window));
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     if (state->contents != nullptr) DeleteObject(state->contents);
 }
 
 LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    LRESULT answer = 0;
+    if (HandlePictureInput(window, message, wParam, lParam, answer)) return answer;
     switch (message) {
         case WM_SIZE:
             TakeSize(window, {LOWORD(lParam), HIWORD(lParam)});
@@ -254,7 +277,7 @@ LRESULT CALLBACK PictureProcedure(HWND window, UINT message, WPARAM wParam, LPAR
                           reinterpret_cast<LONG_PTR>(creation.lpCreateParams));
     }
     // Before the state is there, and after it has gone, the window needs nothing of ours.
-    if (StateOf(window) == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+    if (PictureStateOf(window) == nullptr) return DefWindowProcW(window, message, wParam, lParam);
     try {
         return HandleMessage(window, message, wParam, lParam);
     } catch (...) {
@@ -265,9 +288,35 @@ LRESULT CALLBACK PictureProcedure(HWND window, UINT message, WPARAM wParam, LPAR
 
 }  // namespace
 
+SectionModel* ShownSection(const PictureState& state) {
+    return state.isEmpty ? nullptr : state.source.section();
+}
+
+PictureState* PictureStateOf(HWND window) {
+    return reinterpret_cast<PictureState*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+}
+
+void DrawPictureAgain(HWND window) {
+    DrawContents(window);
+    UpdateWindow(window);
+}
+
+void AnnotateSectionPicture(HWND picture) {
+    if (PictureStateOf(picture) != nullptr && !PictureStateOf(picture)->isEmpty) {
+        DrawPictureAgain(picture);
+    }
+}
+
+std::wstring PictureFacts(HWND picture) {
+    const PictureState* state = PictureStateOf(picture);
+    SectionModel* section = state == nullptr ? nullptr : ShownSection(*state);
+    return section == nullptr ? std::wstring() : PlaceFacts(*section, state->places);
+}
+
 HWND CreateSectionPicture(HWND parent, PictureContents contents) {
     WNDCLASSEXW windowClass{};
     windowClass.cbSize = sizeof(windowClass);
+    windowClass.style = CS_DBLCLKS;
     windowClass.lpfnWndProc = PictureProcedure;
     windowClass.hInstance = GetModuleHandleW(nullptr);
     windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
@@ -275,23 +324,29 @@ HWND CreateSectionPicture(HWND parent, PictureContents contents) {
     RegisterClassExW(&windowClass);
     auto state = std::make_unique<PictureState>();
     state->source = std::move(contents);
-    return CreateWindowExW(WS_EX_CLIENTEDGE, kSectionPictureClass, kCaption, WS_CHILD | WS_VISIBLE,
-                           0, 0, 0, 0, parent, reinterpret_cast<HMENU>(INT_PTR{PIC_Section}),
-                           windowClass.hInstance, state.release());
+    const HWND picture = CreateWindowExW(WS_EX_CLIENTEDGE, kSectionPictureClass, kCaption,
+                                         WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 0, 0, parent,
+                                         reinterpret_cast<HMENU>(INT_PTR{PIC_Section}),
+                                         windowClass.hInstance, state.release());
+    AddPictureToolTip(picture);
+    return picture;
 }
 
 void RedrawSectionPicture(HWND picture) {
-    if (StateOf(picture) == nullptr) return;
-    StateOf(picture)->isEmpty = false;
-    StateOf(picture)->why.clear();
+    if (PictureStateOf(picture) == nullptr) return;
+    PictureStateOf(picture)->isEmpty = false;
+    PictureStateOf(picture)->why.clear();
+    ClearPlaces(picture);
+    FitView(PictureStateOf(picture)->scale.view);
     SetWindowTextW(picture, kCaption);
     DrawContents(picture);
 }
 
 void ClearSectionPicture(HWND picture, const std::wstring& why) {
-    if (StateOf(picture) == nullptr) return;
-    StateOf(picture)->isEmpty = true;
-    StateOf(picture)->why = why;
+    if (PictureStateOf(picture) == nullptr) return;
+    ClearPlaces(picture);
+    PictureStateOf(picture)->isEmpty = true;
+    PictureStateOf(picture)->why = why;
     SetWindowTextW(picture, why.empty() ? kCaption : why.c_str());
     DrawOn(picture, SyncGraphicsFrame);
     if (!why.empty()) DrawOn(picture, DrawWhy);

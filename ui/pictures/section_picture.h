@@ -4,24 +4,40 @@
 #include <functional>
 #include <string>
 
+#include "database/section.h"
 #include "platform/win32/win32.h"
 #include "preview/section_preview.h"
 
 namespace corvane {
 
-// What a picture shows.
+// What a picture shows, and what it tells others. All of them are called while the window lives.
 struct PictureContents {
     std::function<void(Picture&)> draw;  // draws a section, or nothing
-    std::wstring typeface;               // of the texts in it; empty for that of messages
+    // The section that is drawn; null without one.
+    std::function<SectionModel*()> section = [] { return nullptr; };
+    // What is under the pointer, on one line; empty when the pointer has left the picture.
+    std::function<void(const std::wstring&)> onPointedAt = [](const std::wstring&) {};
+    // The places that the user clicked on have changed; PictureFacts says what is there.
+    std::function<void()> onMarked = [] {};
+    std::wstring typeface;  // of the texts in it; empty for that of messages
 };
 
 // The picture as a child of `parent`, without a place yet.
 HWND CreateSectionPicture(HWND parent, PictureContents contents);
 
-// Draws the section. Where there is none, or the Basic Ship Data are not defined, the picture keeps
-// its contents.
+// Draws the section, all of it. Where there is none, or the Basic Ship Data are not defined, the
+// picture keeps its contents.
 void RedrawSectionPicture(HWND picture);
 // Empties the picture; a text, which is also the window's own then, says in its middle why.
 void ClearSectionPicture(HWND picture, const std::wstring& why = {});
+
+// Draws again what is switched on over the section.
+void AnnotateSectionPicture(HWND picture);
+// What is at the places that the user clicked on (shell/picture_facts.h); empty without one.
+std::wstring PictureFacts(HWND picture);
+
+// Shows more or less of the section, around the middle; all of it again.
+void ZoomSectionPicture(HWND picture, bool isLarger);
+void FitSectionPicture(HWND picture);
 
 }  // namespace corvane

@@ -48,12 +48,34 @@ using Captions = std::vector<std::wstring>;
 TEST(Commands, MenusHaveTheirItemsInOrder) {
     EXPECT_EQ(Items(Menu::kFile),
               (Captions{L"&New database...", L"&Open database...", L"&Save database as...",
-                        L"Save as &Velk Dos...", L"&Earlier versions...", L"Se&ttings...", L"-",
-                        L"&Quit"}));
-    EXPECT_EQ(Items(Menu::kEdit), (Captions{L"&Undo", L"&Redo", L"-", L"&Find", L"Select &all"}));
-    EXPECT_EQ(Items(Menu::kView),
-              (Captions{L"Sort by &name", L"Sort by &X", L"Sort by n&umber", L"Sort by &kind",
-                        L"Sort by &frame", L"File &order", L"&Descending", L"-", L"&Refresh"}));
+                        L"Save as &Velk Dos...", L"&Earlier versions...", L"Export &list...",
+                        L"Export &picture...", L"Pr&int...", L"Print &all sections...",
+                        L"Se&ttings...", L"-", L"&Quit"}));
+    EXPECT_EQ(Items(Menu::kEdit), (Captions{L"&Undo", L"&Redo", L"-", L"&Find", L"Select &all",
+                                            L"Copy l&ist", L"Copy &picture"}));
+    EXPECT_EQ(Items(Menu::kView), (Captions{L"Sort by &name",
+                                            L"Sort by &X",
+                                            L"Sort by n&umber",
+                                            L"Sort by &kind",
+                                            L"Sort by &frame",
+                                            L"File &order",
+                                            L"&Descending",
+                                            L"-",
+                                            L"&Refresh",
+                                            L"-",
+                                            L"&Zoom in",
+                                            L"Zoom ou&t",
+                                            L"Fit to the &window",
+                                            L"&Larger preview",
+                                            L"-",
+                                            L"Scale &bar",
+                                            L"&Axes",
+                                            L"Le&gend",
+                                            L"Names of &panels",
+                                            L"Numbers of nodes and &strakes",
+                                            L"Th&ickness by colour",
+                                            L"-",
+                                            L"N&ext bulkhead"}));
     EXPECT_EQ(Items(Menu::kBsd), (Captions{L"&Open...", L"&Import..."}));
     EXPECT_EQ(Items(Menu::kCreate),
               (Captions{L"&Section...", L"&Bulkhead Arrangement", L"&Model for Torsion"}));

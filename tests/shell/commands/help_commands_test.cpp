@@ -40,7 +40,7 @@ TEST(HelpCommands, CopyDetailsPutsThemOnTheClipboardAndSaysSo) {
 
 TEST(HelpCommands, ClipboardThatIsInUseIsReported) {
     const test::FakeView screen;
-    shell.view.copyText = [](const std::wstring&) { return false; };
+    shell.view.copyText = [](const std::wstring&, const std::string&) { return false; };
     ME_HelpDetails_Click();
     EXPECT_EQ(shell.lastWarning, BoxText(kMsgDetailsNotCopied));
     EXPECT_EQ(test::RecordedReports::caption, L"");

@@ -370,8 +370,8 @@ TEST_F(ImportBoxTest, BrowsedFileOfAnotherExtensionIsListedToo) {
 TEST_F(ImportBoxTest, TabOrderIsAsItIsRead) {
     Ask([](HWND window) {
         EXPECT_EQ(TabOrder(window, DRV_Db),
-                  (std::vector<int>{DRV_Db, DIR_Db, FIL_Db, LI_Sections, OP_Preview, BT_Browse,
-                                    BT_Ok, BT_Cancel}));
+                  (std::vector<int>{DRV_Db, DIR_Db, FIL_Db, LI_Sections, OP_Preview, PIC_Section,
+                                    BT_Browse, BT_Ok, BT_Cancel}));
         EXPECT_EQ(LabelBefore(window, LI_Sections), "Model&s:");
         EXPECT_EQ(LabelBefore(window, FIL_Db), "&Files:");
     });

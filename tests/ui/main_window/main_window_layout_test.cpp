@@ -136,7 +136,7 @@ TEST(MainWindowLayout, TabKeyFollowsTheReadingOrder) {
     const OpenWindow open;
     for (const int id : kControls) EnableWindow(open.Control(id), TRUE);
     const int order[] = {TX_DataBase, Command1, TX_Filter, LI_Sections, SP_Sections, OP_Preview,
-                         BT_Open,     BT_Rule,  OP_Rule,   BT_Bsd,      TX_DataBase};
+                         PIC_Section, BT_Open,  BT_Rule,   OP_Rule,     BT_Bsd,      TX_DataBase};
     HWND control = open.Control(TX_DataBase);
     for (const int id : order) {
         EXPECT_EQ(GetDlgCtrlID(control), id);

@@ -49,7 +49,7 @@ TEST(MainWindowWindow, LegendIsThereWhileASectionIsShown) {
     const std::string legend = "Lines: plating, T: stiffeners, ticks: plate ends";
     EXPECT_EQ(open.Text(LB_Legend), legend);
     open.SetSelected(9, true);
-    EXPECT_EQ(open.Text(LB_Legend), "") << "a bulkhead has no picture";
+    EXPECT_EQ(open.Text(LB_Legend), "") << "a bulkhead has its own in the picture";
     open.SetSelected(1, true);
     EXPECT_EQ(open.Text(LB_Legend), legend);
     SendMessageW(open.Control(OP_Preview), BM_CLICK, 0, 0);

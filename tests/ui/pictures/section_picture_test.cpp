@@ -31,11 +31,18 @@ struct SectionPicture : testing::Test {
     test::FakeView keptState;
     HWND parent = nullptr;
     HWND picture = nullptr;
+    std::vector<std::wstring> pointedAt;  // that the picture reported
+    int markedCount = 0;                  // how often
 
     SectionPicture() {
         parent = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 400, 300, nullptr, nullptr,
                                  nullptr, nullptr);
-        picture = CreateSectionPicture(parent, {DrawPreview, L""});
+        PictureContents contents;
+        contents.draw = DrawPreview;
+        contents.section = [] { return shell.preview.isShown ? &shell.preview.section : nullptr; };
+        contents.onPointedAt = [this](const std::wstring& text) { pointedAt.push_back(text); };
+        contents.onMarked = [this] { ++markedCount; };
+        picture = CreateSectionPicture(parent, std::move(contents));
         SetWindowPos(picture, nullptr, 0, 0, 304, 204, SWP_NOZORDER | SWP_NOACTIVATE);
         for (const int item : {1, 3, 9}) shell.database.bsd.MainData(item) = 10;
         shell.database.bsd.MainData(2) = 20;
@@ -163,6 +170,134 @@ TEST_F(SectionPicture, DrawsAgainAtANewSize) {
     const int after = PlatingPixels();
     EXPECT_GT(after, before / 3);
     EXPECT_LT(after, before * 2 / 3);
+}
+
+// Which columns and rows have plating: the deck's left end, its right end, its height.
+struct DeckPlace {
+    int left, right, top;
+    bool operator==(const DeckPlace&) const = default;
+};
+
+struct MovedPicture : SectionPicture {
+    MovedPicture() { ShowDeck(); }
+    ~MovedPicture() override = default;
+
+    DeckPlace Deck() const {
+        RECT client{};
+        GetClientRect(picture, &client);
+        const HDC screen = GetDC(picture);
+        const HDC dc = CreateCompatibleDC(screen);
+        const HBITMAP bitmap = CreateCompatibleBitmap(screen, client.right, client.bottom);
+        const HGDIOBJ before = SelectObject(dc, bitmap);
+        SendMessageW(picture, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
+        DeckPlace place{-1, -1, -1};
+        for (int x = 0; x < client.right; ++x) {
+            for (int y = 0; y < client.bottom; ++y) {
+                if (GetPixel(dc, x, y) != RGB(0, 0, 255)) continue;
+                if (place.left < 0) place = {x, x, y};
+                place.right = x;
+                break;
+            }
+        }
+        SelectObject(dc, before);
+        DeleteObject(bitmap);
+        DeleteDC(dc);
+        ReleaseDC(picture, screen);
+        return place;
+    }
+    void Turn(int steps, POINT at) const {
+        ClientToScreen(picture, &at);
+        SendMessageW(picture, WM_MOUSEWHEEL,
+                     static_cast<WPARAM>(static_cast<uint32_t>(steps * WHEEL_DELTA) << 16),
+                     MAKELPARAM(at.x, at.y));
+    }
+    void Drag(POINT from, POINT to) const {
+        SendMessageW(picture, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(from.x, from.y));
+        SendMessageW(picture, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(to.x, to.y));
+        SendMessageW(picture, WM_LBUTTONUP, 0, MAKELPARAM(to.x, to.y));
+    }
+    void Press(WPARAM key) const { SendMessageW(picture, WM_KEYDOWN, key, 0); }
+};
+
+TEST_F(MovedPicture, WheelZoomsAtThePointer) {
+    const DeckPlace before = Deck();
+    Turn(-3, {before.left, before.top});
+    const DeckPlace smaller = Deck();
+    EXPECT_NEAR(smaller.left, before.left, 1) << "what is under the pointer stays there";
+    EXPECT_NEAR(smaller.top, before.top, 1);
+    EXPECT_NEAR(smaller.right - smaller.left, (before.right - before.left) / (1.2 * 1.2 * 1.2), 2);
+    Turn(3, {before.left, before.top});
+    EXPECT_EQ(Deck(), before);
+}
+
+TEST_F(MovedPicture, DraggingMovesThePicture) {
+    const DeckPlace before = Deck();
+    Drag({100, 100}, {140, 70});
+    const DeckPlace after = Deck();
+    EXPECT_NEAR(after.left, before.left + 40, 1);
+    EXPECT_NEAR(after.top, before.top - 30, 1);
+}
+
+TEST_F(MovedPicture, ClickAloneMovesNothing) {
+    const DeckPlace before = Deck();
+    Drag({100, 100}, {101, 101});
+    EXPECT_EQ(Deck(), before);
+}
+
+TEST_F(MovedPicture, KeysMoveZoomAndFit) {
+    const DeckPlace before = Deck();
+    Press(VK_RIGHT);
+    EXPECT_NEAR(Deck().right, before.right - 30, 1);
+    Press(VK_LEFT);
+    Press(VK_UP);
+    EXPECT_NEAR(Deck().top, before.top + 20, 1);
+    Press(VK_DOWN);
+    Press(VK_SUBTRACT);
+    EXPECT_NEAR(Deck().right - Deck().left, (before.right - before.left) / 1.2, 2);
+    Press(VK_ADD);
+    EXPECT_EQ(Deck(), before);
+    Press(VK_OEM_MINUS);
+    Press(VK_LEFT);
+    Press(VK_HOME);
+    EXPECT_EQ(Deck(), before);
+}
+
+TEST_F(MovedPicture, DoubleClickAndAnotherSectionShowAll) {
+    const DeckPlace before = Deck();
+    Turn(4, {50, 50});
+    EXPECT_NE(Deck(), before);
+    SendMessageW(picture, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(50, 50));
+    EXPECT_EQ(Deck(), before);
+    Turn(4, {50, 50});
+    RedrawSectionPicture(picture);
+    EXPECT_EQ(Deck(), before);
+}
+
+TEST_F(MovedPicture, ZoomIsKeptAtANewSize) {
+    Turn(-2, {150, 100});
+    const DeckPlace before = Deck();
+    SetWindowPos(picture, nullptr, 0, 0, 404, 204, SWP_NOZORDER | SWP_NOACTIVATE);
+    EXPECT_NEAR(Deck().right - Deck().left, before.right - before.left, 1);
+    EXPECT_NEAR(Deck().left, before.left + 50, 1) << "the middle stays the middle";
+}
+
+TEST_F(MovedPicture, EmptyPictureTakesNoInput) {
+    ClearSectionPicture(picture, L"none");
+    const int text = InkedPixels();
+    Turn(5, {50, 50});
+    Drag({10, 10}, {50, 50});
+    Press(VK_ADD);
+    Press(VK_HOME);
+    EXPECT_EQ(InkedPixels(), text);
+}
+
+TEST_F(MovedPicture, ThousandZoomsAndMovesLeakNoObject) {
+    const test::GuiObjects before = test::CountGuiObjects();
+    for (int i = 0; i < 500; ++i) {
+        Turn(i % 2 == 0 ? 3 : -3, {100, 100});
+        Press(i % 2 == 0 ? VK_LEFT : VK_RIGHT);
+    }
+    EXPECT_EQ(test::CountGuiObjects(), before);
 }
 
 TEST_F(SectionPicture, PaintErasesNothingFirst) {

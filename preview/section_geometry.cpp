@@ -1,0 +1,208 @@
+#include "preview/section_geometry.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <numbers>
+
+namespace corvane {
+namespace {
+
+constexpr int kMostLinesOfArc = 1000;
+constexpr size_t kMostCorners = 20000;
+// An abscissa may be beyond the end of a strake by this much [m]: single precision.
+constexpr double kSlack_m = 0.001;
+
+template <class Item>
+std::span<Item> Counted(Item* items, int16_t count) {
+    if (items == nullptr || count <= 0) return {};
+    return {items, static_cast<size_t>(count)};
+}
+
+// The item of a list with this number, from 1; null when there is none.
+template <class Item>
+const Item* ItemAt(std::span<Item> items, int number) {
+    if (number < 1 || static_cast<size_t>(number) > items.size()) return nullptr;
+    return &items[static_cast<size_t>(number) - 1];
+}
+
+std::span<const Node> NodesOf(const Strake& strake) {
+    return Counted<const Node>(strake.nodes, strake.nodeCount);
+}
+
+bool IsComputed(const StrakeItem& item) {
+    return item.length > 0;
+}
+
+bool IsArc(const StrakeItem& item) {
+    return item.arcRadius > 0 && item.sweep != 0;
+}
+
+ShipPoint UnitVector(double angle) {
+    return {std::cos(angle), std::sin(angle)};
+}
+
+// On an arc of at most half a circle, from its ends, as its centre may be very far off. Chords are
+// to each other as the sines of half their sweeps, and leave the arc's chord by half of what is
+// left of the sweep.
+StrakeSpot SpotOnFlatArc(const StrakeItem& item, double part) {
+    const ShipPoint chord{double{item.y2} - item.y1, double{item.z2} - item.z1};
+    const double half = double{item.sweep} / 2;
+    const double first = std::atan2(chord.z, chord.y) - half;  // direction at the start
+    const double turned = half * part;
+    const double length = std::hypot(chord.y, chord.z) * std::sin(turned) / std::sin(half);
+    return {Moved({item.y1, item.z1}, UnitVector(first + turned), length),
+            UnitVector(first + 2 * turned)};
+}
+
+// On a longer arc, from its centre, as its ends may be next to each other.
+StrakeSpot SpotOnLongArc(const StrakeItem& item, double part) {
+    const ShipPoint out = UnitVector(item.startAngle + double{item.sweep} * part);
+    const double turn = item.sweep < 0 ? -1 : 1;
+    return {Moved({item.centreY, item.centreZ}, out, item.arcRadius),
+            {-out.z * turn, out.y * turn}};
+}
+
+StrakeSpot SpotOnLine(const StrakeItem& item, double part) {
+    const ShipPoint along{double{item.y2} - item.y1, double{item.z2} - item.z1};
+    const double length = std::hypot(along.y, along.z);
+    return {Moved({item.y1, item.z1}, along, part), {along.y / length, along.z / length}};
+}
+
+// A place on an item, at 0 to 1 of its length.
+StrakeSpot SpotOn(const StrakeItem& item, double part) {
+    if (!IsArc(item)) return SpotOnLine(item, part);
+    const bool isFlat = std::abs(item.sweep) <= std::numbers::pi;
+    return isFlat ? SpotOnFlatArc(item, part) : SpotOnLongArc(item, part);
+}
+
+// A line over an angle a of a circle leaves it by R (1 - cos(a / 2)) = 2 R sin(a / 4)^2.
+int LineCountOf(const StrakeItem& item, double off_m) {
+    if (!IsArc(item) || !(item.arcRadius > off_m)) return 1;
+    const double angle = 4 * std::asin(std::sqrt(off_m / (2 * double{item.arcRadius})));
+    const double count = std::ceil(std::abs(item.sweep) / angle);
+    return count < kMostLinesOfArc ? std::max(1, static_cast<int>(count)) : kMostLinesOfArc;
+}
+
+// The points of an item, or those of its way back, without the first one. Its ends are as they are,
+// so that what meets there meets in one point.
+void AppendItem(const StrakeItem& item, bool back, double off_m, std::vector<ShipPoint>& points) {
+    if (!IsComputed(item)) return;
+    const int count = LineCountOf(item, off_m);
+    for (int i = 1; i < count; ++i) {
+        points.push_back(SpotOn(item, double(back ? count - i : i) / count).at);
+    }
+    points.push_back(back ? ShipPoint{item.y1, item.z1} : ShipPoint{item.y2, item.z2});
+}
+
+// Continues from a node to another one of the same strake, along it.
+void AppendAlong(const Strake& strake, int from, int to, double off_m,
+                 std::vector<ShipPoint>& corners) {
+    const bool back = to < from;
+    const int step = back ? -1 : 1;
+    for (int node = from; node != to; node += step) {
+        const StrakeItem* item = ItemAt(StrakeItemsOf(strake), back ? node - 1 : node);
+        if (item != nullptr) AppendItem(*item, back, off_m, corners);
+    }
+}
+
+void AppendNode(const Strake& strake, int number, std::vector<ShipPoint>& corners) {
+    const Node* node = ItemAt(NodesOf(strake), number);
+    if (node != nullptr && node->computed != 0) corners.push_back({node->y, node->z});
+}
+
+}  // namespace
+
+ShipPoint Moved(ShipPoint point, ShipPoint direction, double length) {
+    return {point.y + direction.y * length, point.z + direction.z * length};
+}
+
+std::span<const Strake> StrakesOf(const Section& section) {
+    return Counted<const Strake>(section.strakes, section.strakeCount);
+}
+
+std::span<const StrakeItem> StrakeItemsOf(const Strake& strake) {
+    return Counted<const StrakeItem>(strake.items, strake.itemCount);
+}
+
+std::span<const Stiffener> StiffenersOf(const Strake& strake) {
+    return Counted<const Stiffener>(strake.stiffeners, strake.stiffenerCount);
+}
+
+std::span<const float> PlateEndsOf(const Strake& strake) {
+    return Counted(strake.plateEnds, strake.plateCount);
+}
+
+std::span<const CompartmentOutline> CompartmentsOf(const Section& section) {
+    return Counted(section.compartments, section.compartmentCount);
+}
+
+std::vector<std::vector<ShipPoint>> LinesOf(const Strake& strake, double off_m) {
+    std::vector<std::vector<ShipPoint>> lines;
+    bool isOpen = false;
+    for (const StrakeItem& item : StrakeItemsOf(strake)) {
+        if (!isOpen && IsComputed(item)) lines.push_back({{item.y1, item.z1}});
+        isOpen = IsComputed(item);
+        if (isOpen) AppendItem(item, false, off_m, lines.back());
+    }
+    return lines;
+}
+
+std::vector<std::vector<ShipPoint>> LinesBetween(const Strake& strake, double from, double to,
+                                                 double off_m) {
+    std::vector<std::vector<ShipPoint>> lines;
+    bool isOpen = false;
+    for (const StrakeItem& item : StrakeItemsOf(strake)) {
+        // Parts of the item's length, 0 to 1; those of an item that is not computed are no numbers.
+        const double first = std::max(0.0, (from - item.s) / item.length);
+        const double last = std::min(1.0, (to - item.s) / item.length);
+        if (!IsComputed(item) || !(first < last)) {
+            isOpen = false;
+            continue;
+        }
+        if (!isOpen) lines.push_back({SpotOn(item, first).at});
+        const int count = LineCountOf(item, off_m);
+        for (int i = 1; i <= count; ++i) {
+            lines.back().push_back(SpotOn(item, first + (last - first) * i / count).at);
+        }
+        isOpen = last == 1;
+    }
+    return lines;
+}
+
+std::vector<ShipPoint> CornersOf(const Section& section, const CompartmentOutline& outline,
+                                 double off_m) {
+    std::vector<ShipPoint> corners;
+    NodeReference before{};
+    for (const NodeReference& node : Counted(outline.nodes, outline.nodeCount)) {
+        const Strake* strake = ItemAt(StrakesOf(section), node.strake);
+        if (strake == nullptr) continue;
+        if (corners.size() > kMostCorners) break;
+        if (node.strake == before.strake) {
+            AppendAlong(*strake, before.node, node.node, off_m, corners);
+        } else {
+            AppendNode(*strake, node.node, corners);
+        }
+        before = node;
+    }
+    return corners;
+}
+
+bool FindSpot(const Strake& strake, double s, StrakeSpot& spot) {
+    const std::span<const StrakeItem> items = StrakeItemsOf(strake);
+    const auto beginsAfter = [](double abscissa, const StrakeItem& item) {
+        return abscissa < item.s;
+    };
+    auto item = std::upper_bound(items.begin(), items.end(), s, beginsAfter);
+    if (item == items.begin() && item != items.end()) ++item;  // just below 0
+    do {
+        if (item == items.begin()) return false;
+        --item;
+    } while (!IsComputed(*item));
+    const double along = s - item->s;
+    if (!(along >= -kSlack_m && along <= item->length + kSlack_m)) return false;
+    spot = SpotOn(*item, std::clamp(along / item->length, 0.0, 1.0));
+    return true;
+}
+
+}  // namespace corvane

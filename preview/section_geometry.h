@@ -1,0 +1,48 @@
+// The lines of a computed section as points: its strakes with their arcs, places along them, and
+// the way around a compartment. y is the distance from the centre line, z the height above the base
+// line [m].
+//
+// The section is one that the library has computed (QuickCompute). What only damaged data ask for
+// is limited: an arc has at most 1,000 lines, the outline of a compartment about 20,000 corners.
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "platform/grvelk.h"
+#include "preview/figure.h"
+#include "preview/outline.h"
+
+namespace corvane {
+
+// The place at a length from another one, in the direction of a unit vector.
+ShipPoint Moved(ShipPoint point, ShipPoint direction, double length);
+
+std::span<const Strake> StrakesOf(const Section& section);
+std::span<const StrakeItem> StrakeItemsOf(const Strake& strake);
+std::span<const Stiffener> StiffenersOf(const Strake& strake);
+std::span<const float> PlateEndsOf(const Strake& strake);
+std::span<const CompartmentOutline> CompartmentsOf(const Section& section);
+
+// The parts of a strake's line that follow one another without a gap. Arcs are cut into lines that
+// are nowhere farther from them than `off_m`.
+std::vector<std::vector<ShipPoint>> LinesOf(const Strake& strake, double off_m);
+
+// The part of a strake's line between two abscissas, as LinesOf has it.
+std::vector<std::vector<ShipPoint>> LinesBetween(const Strake& strake, double from, double to,
+                                                 double off_m);
+
+// The corners of a compartment, along the plating where two of its nodes that follow one another
+// are on one strake.
+std::vector<ShipPoint> CornersOf(const Section& section, const CompartmentOutline& outline,
+                                 double off_m);
+
+// A place on a strake, and the unit vector of the strake's direction there.
+struct StrakeSpot {
+    ShipPoint at, direction;
+};
+// False when the abscissa is on no computed line of the strake. At a knuckle it is the line that
+// begins there.
+bool FindSpot(const Strake& strake, double s, StrakeSpot& spot);
+
+}  // namespace corvane

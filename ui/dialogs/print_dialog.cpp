@@ -1,0 +1,197 @@
+#include "ui/dialogs/print_dialog.h"
+
+#include <commdlg.h>
+// windows.h and commdlg.h must come first.
+#include <cderr.h>
+#include <winspool.h>
+
+#include <algorithm>
+
+#include "report/reporters.h"
+#include "shell/state.h"
+#include "ui/base/own_window.h"
+#include "ui/pictures/figure_player.h"
+
+namespace corvane {
+namespace {
+
+constexpr double kMmPerInch = 25.4;
+constexpr double kLeastMargin_mm = 10;
+
+// ---- The system's dialog, bound late -----------------------------------------------------------
+
+struct SystemLibrary {
+    HMODULE module;
+
+    explicit SystemLibrary(const wchar_t* name)
+        : module(LoadLibraryExW(name, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32)) {}
+    ~SystemLibrary() {
+        if (module != nullptr) FreeLibrary(module);
+    }
+    SystemLibrary(const SystemLibrary&) = delete;
+    SystemLibrary& operator=(const SystemLibrary&) = delete;
+
+    template <class Signature>
+    Signature* Function(const char* name) const {
+        return module == nullptr ? nullptr : AsFunction<Signature>(GetProcAddress(module, name));
+    }
+};
+
+constexpr system::ErrorNumber kNoPrinters = 3012;
+
+// Without printers some systems show their dialog all the same.
+bool HasPrinter() {
+    const SystemLibrary spooler(L"winspool.drv");
+    const auto enumPrinters = spooler.Function<decltype(::EnumPrintersW)>("EnumPrintersW");
+    if (enumPrinters == nullptr) return true;
+    DWORD size = 0, count = 0;
+    enumPrinters(PRINTER_ENUM_LOCAL | PRINTER_ENUM_CONNECTIONS, nullptr, 4, nullptr, 0, &size,
+                 &count);
+    return size > 0;
+}
+
+// What the user chose; the device context and the memory are gone with the record.
+struct Choice {
+    PRINTDLGW dialog{};
+
+    Choice() = default;
+    ~Choice() {
+        if (dialog.hDC != nullptr) DeleteDC(dialog.hDC);
+        if (dialog.hDevMode != nullptr) GlobalFree(dialog.hDevMode);
+        if (dialog.hDevNames != nullptr) GlobalFree(dialog.hDevNames);
+    }
+    Choice(const Choice&) = delete;
+    Choice& operator=(const Choice&) = delete;
+};
+
+// The system's error of a dialog that did not come up.
+system::ErrorNumber ErrorOfDialog(DWORD extended) {
+    constexpr system::ErrorNumber kPrinterNotUsable = 1801;
+    const bool areNone = extended == PDERR_NODEFAULTPRN || extended == PDERR_NODEVICES;
+    return areNone ? kNoPrinters : kPrinterNotUsable;
+}
+
+// kErrorCancelled when the user closed the dialog.
+system::ErrorNumber AskPrinter(const PrintJob& job, Choice& choice) {
+    if (!HasPrinter()) return kNoPrinters;
+    const SystemLibrary dialogs(L"comdlg32.dll");
+    const auto printDialog = dialogs.Function<decltype(::PrintDlgW)>("PrintDlgW");
+    const auto extendedError =
+        dialogs.Function<decltype(::CommDlgExtendedError)>("CommDlgExtendedError");
+    if (printDialog == nullptr || extendedError == nullptr) return system::kErrorProcedureNotFound;
+    PRINTDLGW& dialog = choice.dialog;
+    dialog.lStructSize = sizeof(dialog);
+    dialog.hwndOwner = DialogOwner();
+    dialog.Flags = PD_RETURNDC | PD_USEDEVMODECOPIESANDCOLLATE | PD_NOSELECTION | PD_NOWARNING |
+                   PD_HIDEPRINTTOFILE;
+    if (job.pageCount < 2) dialog.Flags |= PD_NOPAGENUMS;
+    dialog.nMinPage = dialog.nFromPage = 1;
+    dialog.nMaxPage = dialog.nToPage = static_cast<WORD>(std::clamp(job.pageCount, 1, 0xFFFF));
+    dialog.nCopies = 1;
+    if (printDialog(&dialog) != FALSE && dialog.hDC != nullptr) return system::kErrorNone;
+    const DWORD extended = extendedError();
+    return extended == 0 ? system::kErrorCancelled : ErrorOfDialog(extended);
+}
+
+// ---- The printer -------------------------------------------------------------------------------
+
+// The error of a call that gives a positive number on success.
+system::ErrorNumber ErrorOf(int result) {
+    if (result > 0) return system::kErrorNone;
+    const DWORD error = GetLastError();
+    if (error == ERROR_PRINT_CANCELLED) return system::kErrorCancelled;
+    return error == ERROR_SUCCESS ? system::kErrorIoDevice : error;
+}
+
+// Called while the system prepares a page, which may take long: the program paints its windows.
+BOOL CALLBACK KeepAlive(HDC, int) {
+    reportView.processPendingMessages();
+    return TRUE;
+}
+
+system::ErrorNumber BeginDocument(HDC dc, const std::wstring& name) {
+    DOCINFOW document{};
+    document.cbSize = sizeof(document);
+    document.lpszDocName = name.c_str();
+    SetAbortProc(dc, KeepAlive);
+    return ErrorOf(StartDocW(dc, &document));
+}
+
+Printer PrinterOf(const PRINTDLGW& dialog, int pageCount) {
+    const HDC dc = dialog.hDC;
+    const PrintDevice device = DeviceOf(dc);
+    Printer printer;
+    printer.paper = PaperOf(device);
+    printer.lastPage = pageCount;
+    if ((dialog.Flags & PD_PAGENUMS) != 0) {
+        printer.firstPage = std::clamp<int>(dialog.nFromPage, 1, pageCount);
+        printer.lastPage = std::clamp<int>(dialog.nToPage, printer.firstPage, pageCount);
+    }
+    printer.beginDocument = [dc](const std::wstring& name) { return BeginDocument(dc, name); };
+    printer.beginPage = [dc] { return ErrorOf(StartPage(dc)); };
+    printer.drawPage = [device](const Figure& page) { DrawPage(device, page); };
+    printer.endPage = [dc] { return ErrorOf(EndPage(dc)); };
+    printer.endDocument = [dc] { return ErrorOf(EndDoc(dc)); };
+    printer.abortDocument = [dc] { AbortDoc(dc); };
+    return printer;
+}
+
+}  // namespace
+
+PrintDevice DeviceOf(HDC dc) {
+    PrintDevice device{dc, GetDeviceCaps(dc, LOGPIXELSX), GetDeviceCaps(dc, LOGPIXELSY)};
+    device.across = std::max(device.across, 1);
+    device.down = std::max(device.down, 1);
+    device.unprintable = {GetDeviceCaps(dc, PHYSICALOFFSETX), GetDeviceCaps(dc, PHYSICALOFFSETY)};
+    return device;
+}
+
+Paper PaperOf(const PrintDevice& device) {
+    const auto across = [&](int dots) { return dots * kMmPerInch / device.across; };
+    const auto down = [&](int dots) { return dots * kMmPerInch / device.down; };
+    const auto margin = [](double unprintable_mm) {
+        return std::max(kLeastMargin_mm, unprintable_mm);
+    };
+    const double right = across(GetDeviceCaps(device.dc, HORZRES));
+    const double bottom = down(GetDeviceCaps(device.dc, VERTRES));
+    Paper paper{across(GetDeviceCaps(device.dc, PHYSICALWIDTH)),
+                down(GetDeviceCaps(device.dc, PHYSICALHEIGHT)),
+                {}};
+    // Another device than a printer has no paper.
+    if (!(paper.width_mm > 0)) paper.width_mm = right;
+    if (!(paper.height_mm > 0)) paper.height_mm = bottom;
+    const double left = across(device.unprintable.x);
+    const double top = down(device.unprintable.y);
+    paper.margins = {margin(left), margin(top), margin(paper.width_mm - left - right),
+                     margin(paper.height_mm - top - bottom)};
+    return paper;
+}
+
+void DrawPage(const PrintDevice& device, const Figure& page) {
+    const int saved = SaveDC(device.dc);
+    FigureDevice drawn{device.dc, device.across / kMmPerInch};
+    drawn.corner = {-device.unprintable.x, -device.unprintable.y};
+    if (device.across != device.down) {
+        // As if there were as many dots downwards as across.
+        SetMapMode(device.dc, MM_ANISOTROPIC);
+        SetWindowExtEx(device.dc, device.across, device.across, nullptr);
+        SetViewportExtEx(device.dc, device.across, device.down, nullptr);
+        drawn.corner.y = MulDiv(drawn.corner.y, device.across, device.down);
+    }
+    PlayFigure(drawn, page);
+    RestoreDC(device.dc, saved);
+}
+
+PrintEnd PrintThroughSystem(const PrintJob& job) {
+    Choice choice;
+    const system::ErrorNumber error = AskPrinter(job, choice);
+    if (error == system::kErrorCancelled) return PrintEnd::kCancelled;
+    if (error != system::kErrorNone) {
+        ReportMessage(kMsgNotPrinted, {job.name, system::ErrorText(error)});
+        return PrintEnd::kFailed;
+    }
+    const ShellLock lock;
+    return PrintDocument(job, PrinterOf(choice.dialog, job.pageCount));
+}
+
+}  // namespace corvane

@@ -1,0 +1,27 @@
+// Printing through the system: its dialog, and the printer that the user chooses in it.
+#pragma once
+
+#include "platform/win32/win32.h"
+#include "shell/printing.h"
+
+namespace corvane {
+
+// Asks for the printer and the pages, and prints them, while the main window accepts no commands.
+// What hinders the dialog is reported.
+PrintEnd PrintThroughSystem(const PrintJob& job);
+
+// ---- The same, of a device ---------------------------------------------------------------------
+
+// A device context as the system describes it, or another one.
+struct PrintDevice {
+    HDC dc;
+    int across, down;     // dots per inch
+    POINT unprintable{};  // from the corner of the paper to that of what can be printed [dots]
+};
+PrintDevice DeviceOf(HDC dc);
+// What a device prints on: the paper of a printer, or all of another device.
+Paper PaperOf(const PrintDevice& device);
+// A figure as large as the paper, at its true size.
+void DrawPage(const PrintDevice& device, const Figure& page);
+
+}  // namespace corvane
