@@ -1,5 +1,5 @@
 // The tests; with "--edit EDIT FOLDER TEMPORARIES FAULT CALL", one edit with one fault; with
-// "--wait MILLISECONDS", nothing for that time.
+// "--hold", nothing until it is ended.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -9,9 +9,10 @@
 #include "tests/support/support.h"
 
 int main(int count, char** arguments) {
-    const std::string mode = count > 2 ? arguments[1] : "";
-    if (mode == "--wait") {
-        std::this_thread::sleep_for(std::chrono::milliseconds(std::stoi(arguments[2])));
+    const std::string mode = count > 1 ? arguments[1] : "";
+    // Whoever started it ends it; if that one cannot, it ends after a while.
+    if (mode == "--hold") {
+        std::this_thread::sleep_for(std::chrono::minutes(10));
         return 0;
     }
     corvane::faults::InstallHooks();

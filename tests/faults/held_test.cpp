@@ -1,5 +1,6 @@
-// Another process holds the file in every sharing mode: for 50 and 500 ms, which the user does not
-// notice, and for 5 s, which is reported, unless the file can be replaced all the same.
+// Another process holds the file in every sharing mode until the edit has paused for 50 and 500 ms,
+// which the user does not notice, and for 5 s, which is reported, unless the file can be replaced
+// all the same.
 #include "tests/faults/holder.h"
 #include "tests/faults/scene.h"
 #include "tests/faults/still_clock.h"
@@ -10,27 +11,26 @@ namespace {
 
 constexpr int kLong_ms = 5000;
 
-class Held : public testing::TestWithParam<const char*> {
-protected:
-    void SetUp() override { WaitsForReal() = true; }
-    void TearDown() override { WaitsForReal() = false; }
-};
+class Held : public testing::TestWithParam<const char*> {};
 
 std::string FaultWhileHeld(const Scene& scene, int sharing, int milliseconds) {
     Prepare(scene);
+    const int64_t start_ms = Paused_ms();
     Outcome outcome;
-    int64_t taken_ms = 0;
     {
-        const Holder holder(scene.path, sharing, milliseconds);
-        const int64_t start_ms = system::Milliseconds();
+        Holder holder(scene.path, sharing);
+        AtPause() = [&] {
+            if (Paused_ms() - start_ms >= milliseconds) holder.End();
+        };
         outcome = RunEdit(scene, {});
-        taken_ms = system::Milliseconds() - start_ms;
+        AtPause() = nullptr;
     }
     const bool canBeReplaced = scene.edit.replacesHeld && CanBeReplaced(sharing);
     const bool succeeds = milliseconds < kLong_ms || canBeReplaced;
-    if (outcome.done != succeeds) return succeeds ? "it failed" : "it succeeded";
-    if (succeeds && !outcome.messages.empty()) return "message: " + outcome.messages.front();
-    if (taken_ms > kLong_ms - 500) return "it took too long";
+    const std::string message = outcome.messages.empty() ? "" : outcome.messages.front();
+    if (outcome.done != succeeds) return (succeeds ? "it failed: " : "it succeeded: ") + message;
+    if (succeeds && !message.empty()) return "message: " + message;
+    if (Paused_ms() - start_ms > kLong_ms - 500) return "it took too long";
     return FaultAfterEnd(scene, outcome);
 }
 

@@ -14,14 +14,17 @@ inline constexpr int kShareDelete = 4;
 extern const int kSharingModes;
 
 struct Holder {
-    // Starts the process and waits until it has the file open for reading; it ends by itself after
-    // that time, or with this record.
-    Holder(const std::wstring& path, int sharing, int milliseconds);
-    ~Holder();
+    // Starts the process and waits until it has the file open for reading; it ends with this
+    // record.
+    Holder(const std::wstring& path, int sharing);
+    ~Holder() { End(); }
     Holder(const Holder&) = delete;
     Holder& operator=(const Holder&) = delete;
 
-    intptr_t process = 0;
+    // Ends the process, if it has not ended yet, and waits until it has.
+    void End();
+
+    intptr_t process = 0;  // 0 after its end
 };
 
 // Writes the text into the file itself, as another program does, unless somebody keeps it from

@@ -1,17 +1,24 @@
-// A clock that does not run, instead of the program's own: an edit made twice gives the same
-// text. Nobody waits, but where a test says so.
+// The time of day does not run: an edit made twice gives the same text.
 #include "tests/faults/still_clock.h"
 
 #include <chrono>
-#include <thread>
 
 #include "platform/system.h"
 
 namespace corvane::faults {
+namespace {
 
-bool& WaitsForReal() {
-    static bool waits = false;
-    return waits;
+int64_t pausedSoFar_ms = 0;
+
+}  // namespace
+
+int64_t Paused_ms() {
+    return pausedSoFar_ms;
+}
+
+std::function<void()>& AtPause() {
+    static std::function<void()> atPause;
+    return atPause;
 }
 
 }  // namespace corvane::faults
@@ -36,12 +43,13 @@ std::wstring LongTimeText(const LocalTime&) {
 
 int64_t Milliseconds() {
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
+    return std::chrono::duration_cast<std::chrono::milliseconds>(now).count() +
+           faults::Paused_ms();
 }
 
 void SleepFor(int milliseconds) {
-    if (!faults::WaitsForReal()) return;
-    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+    faults::pausedSoFar_ms += milliseconds;
+    if (faults::AtPause()) faults::AtPause()();
 }
 
 }  // namespace corvane::system

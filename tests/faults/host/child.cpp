@@ -28,7 +28,7 @@ bool IsKilled(const Scene& scene, const Plan& plan) {
 const int kSharingModes = 1;
 
 // The holder locks the file, as one that writes it.
-Holder::Holder(const std::wstring& path, int, int milliseconds) {
+Holder::Holder(const std::wstring& path, int) {
     std::string native;
     EXPECT_EQ(system::NativePath(path, native), system::kErrorNone);
     int ready[2];
@@ -40,7 +40,7 @@ Holder::Holder(const std::wstring& path, int, int milliseconds) {
         flock(file, LOCK_EX);
         close(ready[0]);
         close(ready[1]);
-        usleep(static_cast<useconds_t>(milliseconds) * 1000);
+        sleep(600);
         _exit(0);
     }
     close(ready[1]);
@@ -49,9 +49,11 @@ Holder::Holder(const std::wstring& path, int, int milliseconds) {
     close(ready[0]);
 }
 
-Holder::~Holder() {
+void Holder::End() {
+    if (process == 0) return;
     kill(static_cast<pid_t>(process), SIGKILL);
     waitpid(static_cast<pid_t>(process), nullptr, 0);
+    process = 0;
 }
 
 bool WriteInPlace(const std::wstring& path, const std::string& text) {

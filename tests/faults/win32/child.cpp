@@ -48,21 +48,22 @@ bool IsKilled(const Scene& scene, const Plan& plan) {
 const int kSharingModes = 8;
 
 // The child inherits the file and what it lets others do; closed here, the child alone has it.
-Holder::Holder(const std::wstring& path, int sharing, int milliseconds) {
+Holder::Holder(const std::wstring& path, int sharing) {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
     const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, static_cast<DWORD>(sharing),
                                     &inherited, OPEN_EXISTING, 0, nullptr);
     EXPECT_NE(file, INVALID_HANDLE_VALUE);
-    process =
-        reinterpret_cast<intptr_t>(StartThisProgram(L"--wait " + std::to_wstring(milliseconds)));
+    process = reinterpret_cast<intptr_t>(StartThisProgram(L"--hold"));
     CloseHandle(file);
 }
 
-Holder::~Holder() {
+void Holder::End() {
+    if (process == 0) return;
     const auto handle = reinterpret_cast<HANDLE>(process);
     TerminateProcess(handle, 0);
     WaitForSingleObject(handle, INFINITE);
     CloseHandle(handle);
+    process = 0;
 }
 
 bool WriteInPlace(const std::wstring& path, const std::string& text) {
