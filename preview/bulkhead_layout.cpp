@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "database/section_view.h"
+#include "preview/section_geometry.h"
 
 namespace corvane {
 namespace {

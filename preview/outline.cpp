@@ -3,34 +3,19 @@
 #include <algorithm>
 #include <cmath>
 
+#include "preview/section_geometry.h"
+
 namespace corvane {
 namespace {
 
 constexpr double kFarthest_m = 10000;
 // Less than this is no area, and no distance between two corners.
 constexpr double kNothing_m = 0.001;
-// Of a line; only damaged data ask for more.
-constexpr size_t kMostCorners = 20000;
 
 void AddCorner(Outline& outline, double y, double z) {
     if (!IsOfShip(y) || !IsOfShip(z)) return;
     if (!outline.empty() && outline.back().y == y && outline.back().z == z) return;
     outline.push_back({y, z});
-}
-
-// The places of an arc between its ends.
-void AddArc(Outline& outline, const StrakeItem& item) {
-    constexpr double kOffCircle_m = 0.0005;
-    constexpr double kMostLines = 1000;
-    const double radius = item.arcRadius;
-    if (!(item.length > 0) || !(radius > 0) || !std::isfinite(item.sweep)) return;
-    const double step = 2 * std::acos(1 - std::min(0.5, kOffCircle_m / radius));
-    const double count = std::min(std::ceil(std::abs(item.sweep) / step), kMostLines);
-    for (int i = 1; i < count; ++i) {
-        const double angle = item.startAngle + double{item.sweep} * i / count;
-        AddCorner(outline, item.centreY + radius * std::cos(angle),
-                  item.centreZ + radius * std::sin(angle));
-    }
 }
 
 // ---- The ship seen from the side ---------------------------------------------------------------
@@ -41,10 +26,10 @@ struct Level {
     double below = -1, at = -1, above = -1;
 };
 
-std::vector<Outline> LinesOf(const Section& section) {
+std::vector<Outline> HalfLinesOf(const Section& section) {
     std::vector<Outline> lines;
-    for (int16_t i = 0; i < section.strakeCount; ++i) {
-        lines.push_back(LineOf(section.strakes[i]));
+    for (const Strake& strake : StrakesOf(section)) {
+        lines.push_back(LineOf(strake));
         for (ShipPoint& point : lines.back()) point.y = std::abs(point.y);
     }
     return lines;
@@ -149,25 +134,17 @@ bool IsOfShip(double coordinate_m) {
     return std::abs(coordinate_m) <= kFarthest_m;
 }
 
-void ComputeSection(Section& section) {
-    const int32_t colours[kColourCount]{};
-    DrawingParameters parameters{};
-    parameters.colours = colours;
-    QuickCompute(&section, &parameters);
-}
-
 Outline LineOf(const Strake& strake) {
-    Outline line;
-    for (int16_t i = 0; i < strake.nodeCount && line.size() < kMostCorners; ++i) {
-        const Node& node = strake.nodes[i];
-        if (node.computed != 0) AddCorner(line, node.y, node.z);
-        if (i < strake.itemCount) AddArc(line, strake.items[i]);
+    constexpr double kOffArc_m = 0.0005;
+    Outline corners;
+    for (const Outline& line : LinesOf(strake, kOffArc_m)) {
+        for (const ShipPoint& point : line) AddCorner(corners, point.y, point.z);
     }
-    return line;
+    return corners;
 }
 
 Outline HalfOutline(const Section& section) {
-    const std::vector<Outline> lines = LinesOf(section);
+    const std::vector<Outline> lines = HalfLinesOf(section);
     std::vector<Level> levels = LevelsOf(lines);
     for (const Outline& line : lines) {
         for (size_t i = 1; i < line.size(); ++i) Include(levels, line[i - 1], line[i]);

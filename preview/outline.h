@@ -32,11 +32,8 @@ struct Extent {
 // Whether a coordinate is a number, and not farther off than any ship is large.
 bool IsOfShip(double coordinate_m);
 
-// Has the library compute a section.
-void ComputeSection(Section& section);
-
-// The line of a strake that the library has computed, its arcs as lines at most 0.5 mm off. Nodes
-// that were not computed, and places that are not of a ship, are left out.
+// The line of a computed strake, across gaps; its arcs as lines at most 0.5 mm off. Places that are
+// not of a ship are left out.
 Outline LineOf(const Strake& strake);
 
 // One half of the ship, on the positive side of the centre line: what is seen from the side of a

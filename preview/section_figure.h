@@ -8,6 +8,7 @@
 
 #include "platform/grvelk.h"
 #include "preview/figure.h"
+#include "preview/outline.h"
 #include "preview/section_geometry.h"
 
 namespace corvane {

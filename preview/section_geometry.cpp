@@ -113,6 +113,13 @@ void AppendNode(const Strake& strake, int number, std::vector<ShipPoint>& corner
 
 }  // namespace
 
+void ComputeSection(Section& section) {
+    const int32_t colours[kColourCount]{};
+    DrawingParameters parameters{};
+    parameters.colours = colours;
+    QuickCompute(&section, &parameters);
+}
+
 ShipPoint Moved(ShipPoint point, ShipPoint direction, double length) {
     return {point.y + direction.y * length, point.z + direction.z * length};
 }

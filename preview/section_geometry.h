@@ -2,7 +2,7 @@
 // the way around a compartment. y is the distance from the centre line, z the height above the base
 // line [m].
 //
-// The section is one that the library has computed (QuickCompute). What only damaged data ask for
+// The section is one that the library has computed (ComputeSection). What only damaged data ask for
 // is limited: an arc has at most 1,000 lines, the outline of a compartment about 20,000 corners.
 #pragma once
 
@@ -11,9 +11,11 @@
 
 #include "platform/grvelk.h"
 #include "preview/figure.h"
-#include "preview/outline.h"
 
 namespace corvane {
+
+// Has the library compute a section.
+void ComputeSection(Section& section);
 
 // The place at a length from another one, in the direction of a unit vector.
 ShipPoint Moved(ShipPoint point, ShipPoint direction, double length);

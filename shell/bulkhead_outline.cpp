@@ -6,6 +6,7 @@
 
 #include "database/section_block.h"
 #include "database/section_view.h"
+#include "preview/section_geometry.h"
 #include "shell/model_list.h"
 
 namespace corvane {

@@ -7,7 +7,7 @@
 
 #include "database/section_view.h"
 #include "platform/system.h"
-#include "preview/outline.h"
+#include "preview/section_geometry.h"
 #include "report/messages.h"
 #include "shell/settings.h"
 #include "text/numbers.h"

@@ -5,11 +5,11 @@
 // sorted by name and by position, filtered. Each is the median of five.
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdio>
 #include <string>
 #include <vector>
 
+#include "benchmarks/win32/times.h"
 #include "bsd/basic_ship_data.h"
 #include "database/listing.h"
 #include "platform/system.h"
@@ -23,37 +23,12 @@
 namespace corvane {
 namespace {
 
-// In milliseconds.
-struct Times {
-    double clock;
-    double processor;  // of this process; Wine's server and the screen are others
-};
-
-double ProcessorMilliseconds() {
-    FILETIME created{}, ended{}, kernel{}, user{};
-    GetProcessTimes(GetCurrentProcess(), &created, &ended, &kernel, &user);
-    const auto milliseconds = [](const FILETIME& time) {
-        return (static_cast<double>(time.dwHighDateTime) * 4294967296.0 + time.dwLowDateTime) / 1e4;
-    };
-    return milliseconds(kernel) + milliseconds(user);
-}
-
 Times Median(std::array<Times, 5> times) {
     const auto medianOf = [&](double Times::* time) {
         std::ranges::sort(times, {}, time);
         return times[times.size() / 2].*time;
     };
     return {medianOf(&Times::clock), medianOf(&Times::processor)};
-}
-
-template <class Action>
-Times MeasureOnce(Action action) {
-    const double before = ProcessorMilliseconds();
-    const auto begin = std::chrono::steady_clock::now();
-    action();
-    const std::chrono::duration<double, std::milli> clock =
-        std::chrono::steady_clock::now() - begin;
-    return {clock.count(), ProcessorMilliseconds() - before};
 }
 
 template <class Action>

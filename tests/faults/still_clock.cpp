@@ -43,8 +43,7 @@ std::wstring LongTimeText(const LocalTime&) {
 
 int64_t Milliseconds() {
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return std::chrono::duration_cast<std::chrono::milliseconds>(now).count() +
-           faults::Paused_ms();
+    return std::chrono::duration_cast<std::chrono::milliseconds>(now).count() + faults::Paused_ms();
 }
 
 void SleepFor(int milliseconds) {

@@ -85,8 +85,8 @@ TEST_F(HistoryUi, VersionIsSavedAsAnotherFileWhileTheBoxStays) {
     PostMessageW(GetDlgItem(box, BT_SaveCopy), BM_CLICK, 0, 0);
     ASSERT_TRUE(AnswerFilePrompt(program, copy));
     EXPECT_TRUE(WaitUntil([&] { return std::filesystem::exists(copy); }));
-    EXPECT_EQ(test::ReadFileBytes(copy), before);
     EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(box) != FALSE; }));
+    EXPECT_EQ(test::ReadFileBytes(copy), before);
     ASSERT_TRUE(PressButton(box, IDCANCEL));
     EXPECT_EQ(Send(Control(LI_Sections), LVM_GETITEMCOUNT, 0, 0), kModels - 1);
 }

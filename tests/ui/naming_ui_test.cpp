@@ -35,7 +35,9 @@ TEST_F(NamingUi, F2RenamesTheModelAndItStaysSelected) {
     expected.replace(place + 2, name.size(), "Hold 3 & 4");
     EXPECT_EQ(TextOfFile(), expected);
     TypeWithControl('Z');
-    EXPECT_TRUE(WaitUntil([&] { return TextOfFile() == before; }));
+    EXPECT_TRUE(WaitUntil(
+        [&] { return Narrow(Rows(program, Control(LI_Sections)).at(1).cells.at(0)) == name; }));
+    EXPECT_EQ(TextOfFile(), before);
 }
 
 TEST_F(NamingUi, AltEnterShowsWhatTheModelIs) {

@@ -76,6 +76,9 @@ TEST_F(ProgressUiTest, EscWhileADatabaseIsOpenedOpensNothing) {
 TEST_F(ProgressUiTest, CancelOfADeletionLeavesFileAndListAsTheyWere) {
     const std::string before = Look();
     const Program program(installation, L"\"" + path + L"\"");
+    ASSERT_NE(program.Window(kProgressClass), nullptr);
+    // A slow machine reads as long as it needs.
+    while (program.FindNow(kProgressClass) != nullptr) Sleep(50);
     const HWND main = program.Main();
     ASSERT_NE(main, nullptr);
     const HWND list = GetDlgItem(main, LI_Sections);

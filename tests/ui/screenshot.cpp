@@ -60,6 +60,11 @@ bool ShowsASection(HWND preview) {
 }
 
 void KeepScreenshot() {
+    // A test's first program shows the failure; what it started later may be gone.
+    static const testing::TestInfo* kept = nullptr;
+    const testing::TestInfo* const test = testing::UnitTest::GetInstance()->current_test_info();
+    if (test == kept) return;
+    kept = test;
     KeepPicture(CopyScreen({0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}),
                 "");
 }

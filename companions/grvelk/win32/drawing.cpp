@@ -21,13 +21,38 @@ HDC Device(void* context) {
     return static_cast<HDC>(context);
 }
 
+// In short pieces: the system may first make one area of all that a call draws with a broad pen,
+// which takes the longer the more lines there are already. The pen's ends are as round as its
+// corners, so that the pieces meet as corners do.
+void DrawBroadLine(HDC dc, const POINT* points, uint32_t count) {
+    constexpr uint32_t kMostPoints = 64;
+    while (count > kMostPoints) {
+        Polyline(dc, points, kMostPoints);
+        points += kMostPoints - 1;
+        count -= kMostPoints - 1;
+    }
+    Polyline(dc, points, static_cast<int>(count));
+}
+
+void DrawBroadLines(HDC dc, const PixelLines& lines) {
+    const POINT* points = Points(lines.points);
+    for (size_t i = 0; i < lines.lineCount; ++i) {
+        DrawBroadLine(dc, points, lines.counts[i]);
+        points += lines.counts[i];
+    }
+}
+
 void DrawLines(void* context, const PixelLines& lines, Pen pen) {
     const HDC dc = Device(context);
     const HPEN made = CreatePen(PS_SOLID, pen.width, static_cast<COLORREF>(pen.colour));
     if (made == nullptr) return;
     const HGDIOBJ before = SelectObject(dc, made);
-    PolyPolyline(dc, Points(lines.points), reinterpret_cast<const DWORD*>(lines.counts),
-                 static_cast<DWORD>(lines.lineCount));
+    if (pen.width > 1) {
+        DrawBroadLines(dc, lines);
+    } else {
+        PolyPolyline(dc, Points(lines.points), reinterpret_cast<const DWORD*>(lines.counts),
+                     static_cast<DWORD>(lines.lineCount));
+    }
     SelectObject(dc, before);
     DeleteObject(made);
 }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <utility>
@@ -211,15 +212,77 @@ struct LinesOfPen {
     std::vector<DWORD> counts;
 };
 
+void Append(LinesOfPen& lines, const POINTS* points, DWORD count) {
+    for (DWORD i = 0; i < count; ++i) lines.points.push_back({points[i].x, points[i].y});
+}
+
+// The lines of a broad pen have a record each and come first, those of a thin one have one record.
 int CALLBACK CollectLines(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM context) {
-    if (record->iType != EMR_POLYPOLYLINE16) return 1;
-    const auto& lines = *reinterpret_cast<const EMRPOLYPOLYLINE16*>(record);
-    LinesOfPen collected;
-    collected.counts.assign(lines.aPolyCounts, lines.aPolyCounts + lines.nPolys);
-    const auto* points = reinterpret_cast<const POINTS*>(lines.aPolyCounts + lines.nPolys);
-    for (DWORD i = 0; i < lines.cpts; ++i) collected.points.push_back({points[i].x, points[i].y});
-    reinterpret_cast<std::vector<LinesOfPen>*>(context)->push_back(std::move(collected));
+    auto& pens = *reinterpret_cast<std::vector<LinesOfPen>*>(context);
+    if (record->iType == EMR_POLYLINE16) {
+        const auto& line = *reinterpret_cast<const EMRPOLYLINE16*>(record);
+        if (pens.empty()) pens.emplace_back();
+        pens.back().counts.push_back(line.cpts);
+        Append(pens.back(), line.apts, line.cpts);
+    }
+    if (record->iType == EMR_POLYPOLYLINE16) {
+        const auto& lines = *reinterpret_cast<const EMRPOLYPOLYLINE16*>(record);
+        LinesOfPen& pen = pens.emplace_back();
+        pen.counts.assign(lines.aPolyCounts, lines.aPolyCounts + lines.nPolys);
+        Append(pen, reinterpret_cast<const POINTS*>(lines.aPolyCounts + lines.nPolys), lines.cpts);
+    }
     return 1;
+}
+
+// The lines of a section as TraceSection draws them in the frame of Draw, for each pen.
+std::vector<LinesOfPen> RecordedLines(Section& section, DrawingParameters& parameters) {
+    const HWND window = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 300, 160, nullptr,
+                                        nullptr, nullptr, nullptr);
+    const HDC recorder = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
+    ScaleWindow(window, recorder, -15, -2, 15, 14, 200);
+    TraceSection(recorder, &section, &parameters);
+    const HENHMETAFILE file = CloseEnhMetaFile(recorder);
+    std::vector<LinesOfPen> lines;
+    EnumEnhMetaFile(nullptr, file, CollectLines, &lines, nullptr);
+    DeleteEnhMetaFile(file);
+    DestroyWindow(window);
+    return lines;
+}
+
+TEST_F(GdiSectionDrawing, LongLineOfABroadPenIsDrawnWithoutAGap) {
+    constexpr int kNodes = 300;
+    test::TestSection wave;
+    std::vector<Node> nodes;
+    for (int i = 0; i < kNodes; ++i) {
+        const auto part = static_cast<float>(i) / kNodes;
+        nodes.push_back(test::GivenNode(14 * part, 7 + 4 * std::sin(30 * part)));
+    }
+    wave.Add(nodes);
+    wave.Compute();
+    wave.section.symmetryMode = 2;
+    wave.section.geometryPresent = 1;
+    const std::vector<LinesOfPen> recorded = RecordedLines(wave.section, sample.parameters);
+    ASSERT_FALSE(recorded.empty());
+    ASSERT_GT(recorded.front().counts.size(), 1U) << "pieces";
+    // Each piece but the first one begins where the one before it ends.
+    std::vector<POINT> line = recorded.front().points;
+    const auto isSame = [](POINT a, POINT b) { return a.x == b.x && a.y == b.y; };
+    line.erase(std::ranges::unique(line, isSame).begin(), line.end());
+    EXPECT_EQ(line.size(), recorded.front().points.size() - recorded.front().counts.size() + 1);
+    const Canvas inOneCall(300, 160);
+    const HPEN pen = CreatePen(PS_SOLID, 2, kPlating);
+    const HGDIOBJ before = SelectObject(inOneCall.dc, pen);
+    Polyline(inOneCall.dc, line.data(), static_cast<int>(line.size()));
+    SelectObject(inOneCall.dc, before);
+    DeleteObject(pen);
+    ScaleWindow(nullptr, canvas.dc, -15, -2, 15, 14, 200);
+    TraceSection(canvas.dc, &wave.section, &sample.parameters);
+    EXPECT_GT(canvas.Count(kPlating), 300);
+    for (int y = 0; y < canvas.height; ++y) {
+        for (int x = 0; x < canvas.width; ++x) {
+            EXPECT_EQ(canvas.At(x, y) == kPlating, inOneCall.At(x, y) == kPlating) << x << ' ' << y;
+        }
+    }
 }
 
 // 30 strakes with 4 nodes or more each, and 200 stiffeners.
@@ -252,16 +315,7 @@ double QuickestOf(int runs, Draw draw) {
 TEST_F(GdiSectionDrawing, CostsLittleMoreThanItsLines) {
     FillBigSection(sample);
     sample.parameters.drawCompartments = 0;
-    const HWND window = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 300, 160, nullptr,
-                                        nullptr, nullptr, nullptr);
-    const HDC recorder = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
-    ScaleWindow(window, recorder, -15, -2, 15, 14, 200);
-    TraceSection(recorder, &sample.section, &sample.parameters);
-    const HENHMETAFILE file = CloseEnhMetaFile(recorder);
-    std::vector<LinesOfPen> lines;
-    EnumEnhMetaFile(nullptr, file, CollectLines, &lines, nullptr);
-    DeleteEnhMetaFile(file);
-    DestroyWindow(window);
+    const std::vector<LinesOfPen> lines = RecordedLines(sample.section, sample.parameters);
     ASSERT_EQ(lines.size(), 4U) << "plating, limits, stiffeners, centre line";
     // The plating's pen is 2 px broad, the others 1 px.
     const HPEN pens[] = {CreatePen(PS_SOLID, 2, kPlating), CreatePen(PS_SOLID, 1, kLimits)};
