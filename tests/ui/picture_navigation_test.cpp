@@ -205,22 +205,24 @@ TEST_F(PictureNavigation, SwitchesShowAndHideTheirParts) {
 }
 
 TEST_F(PictureNavigation, SwitchesAreAsTheyWereAtTheNextStart) {
-    const auto colourCount = [&] {
-        const std::vector<uint32_t> pixels = Pixels();
+    const auto colourCount = [](const std::vector<uint32_t>& pixels) {
         return std::set<uint32_t>(pixels.begin(), pixels.end()).size();
     };
-    const size_t plain = colourCount();
+    const size_t plain = colourCount(Pixels());
     Choose(main, ME_ViewThickness);
-    ASSERT_TRUE(WaitUntil([&] { return colourCount() >= plain + 5; }));
+    ASSERT_TRUE(WaitUntil([&] { return colourCount(Pixels()) >= plain + 5; }));
+    const RECT before = PictureArea();
     PostMessageW(main, WM_CLOSE, 0, 0);
     ASSERT_TRUE(program.HasEnded());
+    ASSERT_TRUE(WaitUntil([&] { return colourCount(CopyScreen(before).pixels) == 1; }))
+        << "the window may be on the screen for a moment yet";
     const Program next(installation, L"\"" + installation.File(L"ship.ve2") + L"\"");
     const HWND window = next.Main();
     ASSERT_NE(window, nullptr);
     ASSERT_TRUE(TakesKeys(window));
     picture = GetDlgItem(window, PIC_Section);
-    EXPECT_TRUE(WaitUntil([&] { return colourCount() >= plain + 5; }))
-        << plain << " colours without thicknesses, now " << colourCount();
+    EXPECT_TRUE(WaitUntil([&] { return colourCount(Pixels()) >= plain + 5; }))
+        << plain << " colours without thicknesses, now " << colourCount(Pixels());
 }
 
 }  // namespace
