@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "preview/figure_text.h"
 #include "preview/section_geometry.h"
 #include "text/numbers.h"
 
@@ -24,15 +25,7 @@ constexpr double kSmallLetters_mm = 2.1;
 constexpr double kLine_mm = 3.6;  // from one line of text to the next
 constexpr double kEdge_mm = 3;    // free along the edges of the window
 constexpr double kRuler_mm = 5;   // breadth of a ruler
-// A letter's width, as a part of its height: about that of the system's fonts.
-constexpr double kLetterWidth = 0.58;
-
-constexpr size_t kMostTexts = 2000;
 constexpr size_t kMostColours = 12;
-
-double WidthOf(const std::wstring& text, double letters_mm) {
-    return kLetterWidth * letters_mm * static_cast<double>(text.size());
-}
 
 void AddBox(Figure& figure, const SheetArea& area, int32_t colour) {
     const std::array corners{SheetPoint{area.left, area.top}, SheetPoint{area.right, area.top},
@@ -130,50 +123,116 @@ void AddRulers(Figure& figure) {
 
 // ---- Names and numbers -------------------------------------------------------------------------
 
-// At a place of the section, moved on the sheet; not outside of the window, nor when there are too
-// many.
-void AddLabel(Figure& figure, const FigureLetters& letters, ShipPoint at, SheetPoint moved_mm,
-              const std::wstring& text) {
-    const SheetPoint place = OnSheet(figure, at);
-    if (!IsInWindow(figure, place) || figure.texts.size() >= kMostTexts) return;
-    AddText(figure, letters, {place.x + moved_mm.x, place.y + moved_mm.y}, text);
+// Where names and numbers are already, in squares of the window.
+struct TakenPlaces {
+    SheetArea window;
+    size_t columns, rows;
+    std::vector<bool> squares;
+
+    static constexpr double kSquare_mm = 0.7;
+    static constexpr double kMostSquares = 5000;  // along one side
+
+    explicit TakenPlaces(const SheetArea& of)
+        : window(of),
+          columns(CountOf(of.right - of.left)),
+          rows(CountOf(of.bottom - of.top)),
+          squares(columns * rows) {}
+
+    static size_t CountOf(double length_mm) {
+        return static_cast<size_t>(std::clamp(length_mm / kSquare_mm, 0.0, kMostSquares)) + 1;
+    }
+    static size_t SquareAt(double length_mm, size_t count) {
+        return std::min(CountOf(length_mm) - 1, count - 1);
+    }
+    // False when a part of the area is taken already.
+    bool Take(const SheetArea& area) {
+        const size_t left = SquareAt(area.left - window.left, columns);
+        const size_t right = SquareAt(area.right - window.left, columns);
+        const size_t top = SquareAt(area.top - window.top, rows);
+        const size_t bottom = SquareAt(area.bottom - window.top, rows);
+        for (size_t row = top; row <= bottom; ++row) {
+            for (size_t i = left; i <= right; ++i) {
+                if (squares[row * columns + i]) return false;
+            }
+        }
+        for (size_t row = top; row <= bottom; ++row) {
+            std::fill_n(squares.begin() + static_cast<std::ptrdiff_t>(row * columns + left),
+                        right - left + 1, true);
+        }
+        return true;
+    }
+};
+
+// A place for a text: how far from its point on the sheet, and at which side of there.
+struct LabelSpot {
+    SheetPoint moved_mm;
+    TextSide side;
+};
+
+SheetArea AreaOfText(SheetPoint at, const LabelSpot& spot, double letters_mm, double width_mm) {
+    const double x = at.x + spot.moved_mm.x;
+    const double y = at.y + spot.moved_mm.y;
+    const double left = spot.side == TextSide::kRight    ? x
+                        : spot.side == TextSide::kMiddle ? x - width_mm / 2
+                                                         : x - width_mm;
+    return {left, y - letters_mm / 2, left + width_mm, y + letters_mm / 2};
 }
 
-void AddNodeNumbers(Figure& figure, const Strake& strake) {
-    const FigureLetters letters{kNodeColour, kSmallLetters_mm};
-    for (int i = 0; i < strake.nodeCount; ++i) {
-        const Node& node = strake.nodes[i];
-        if (node.computed == 0) continue;
-        AddLabel(figure, letters, {node.y, node.z}, {0.8, -1.5}, std::to_wstring(i + 1));
+// At a point of the section, at the first of the spots that is free; left out where it would cover
+// another text, until the picture is zoomed, and outside of the window.
+void AddLabel(Figure& figure, TakenPlaces& taken, const FigureLetters& letters, ShipPoint point,
+              std::span<const LabelSpot> spots, const std::wstring& text) {
+    const SheetPoint at = OnSheet(figure, point);
+    if (!IsInWindow(figure, at)) return;
+    const double width_mm = TextWidth(text, letters.height_mm);
+    for (const LabelSpot& spot : spots) {
+        if (!taken.Take(AreaOfText(at, spot, letters.height_mm, width_mm))) continue;
+        return AddText(figure, {letters.colour, letters.height_mm, spot.side},
+                       {at.x + spot.moved_mm.x, at.y + spot.moved_mm.y}, text);
     }
 }
 
-// Beside the middle of the strake's line: above a flat one, at the right of a steep one.
-void AddStrakeLabel(Figure& figure, const Strake& strake, int32_t colour,
+void AddNodeNumbers(Figure& figure, TakenPlaces& taken, const Strake& strake) {
+    constexpr LabelSpot kSpots[] = {{{0.8, -1.5}, TextSide::kRight},
+                                    {{0.8, 1.5}, TextSide::kRight},
+                                    {{-0.8, -1.5}, TextSide::kLeft},
+                                    {{-0.8, 1.5}, TextSide::kLeft}};
+    for (int i = 0; i < strake.nodeCount; ++i) {
+        const Node& node = strake.nodes[i];
+        if (node.computed == 0) continue;
+        AddLabel(figure, taken, {kNodeColour, kSmallLetters_mm}, {node.y, node.z}, kSpots,
+                 std::to_wstring(i + 1));
+    }
+}
+
+// Beside the middle of the strake's line: above or below a flat one, at one side of a steep one.
+void AddStrakeLabel(Figure& figure, TakenPlaces& taken, const Strake& strake, int32_t colour,
                     const std::wstring& text) {
+    constexpr LabelSpot kFlat[] = {{{0, -2}, TextSide::kMiddle}, {{0, 2}, TextSide::kMiddle}};
+    constexpr LabelSpot kSteep[] = {{{1.2, 0}, TextSide::kRight}, {{-1.2, 0}, TextSide::kLeft}};
     StrakeSpot middle{};
     if (text.empty() || !FindSpot(strake, double{strake.length} / 2, middle)) return;
     const bool isSteep = std::abs(middle.direction.z) > std::abs(middle.direction.y) / 2;
-    const FigureLetters letters{colour, kLetters_mm,
-                                isSteep ? TextSide::kRight : TextSide::kMiddle};
-    AddLabel(figure, letters, middle.at, isSteep ? SheetPoint{1.2, 0} : SheetPoint{0, -2}, text);
+    AddLabel(figure, taken, {colour, kLetters_mm}, middle.at, isSteep ? kSteep : kFlat, text);
 }
 
-// The strake's number, its name, or both.
+// The strake's number, its name, or both; then the numbers of the nodes, where there is room yet.
 void AddNames(Figure& figure, const Section& section, const AnnotationTexts& texts,
               const PictureOptions& options) {
+    TakenPlaces taken(figure.window);
     size_t index = 0;
     for (const Strake& strake : StrakesOf(section)) {
         const size_t at = index++;
-        if (options.hasNumbers) AddNodeNumbers(figure, strake);
         const bool hasName = options.hasPanelNames && at < texts.panelNames.size();
         const std::wstring name = hasName ? texts.panelNames[at] : L"";
         const std::wstring number = options.hasNumbers ? std::to_wstring(strake.number) : L"";
         std::wstring text = number;
         if (!name.empty() && !number.empty()) text += L' ';
         text += name;
-        AddStrakeLabel(figure, strake, name.empty() ? kNumberColour : kNameColour, text);
+        AddStrakeLabel(figure, taken, strake, name.empty() ? kNumberColour : kNameColour, text);
     }
+    if (!options.hasNumbers) return;
+    for (const Strake& strake : StrakesOf(section)) AddNodeNumbers(figure, taken, strake);
 }
 
 // ---- Thickness ---------------------------------------------------------------------------------
@@ -259,7 +318,7 @@ struct KeyBox {
 
 KeyBox OpenKeyBox(Figure& figure, const std::vector<std::wstring>& lines, bool isBelow) {
     double width = 0;
-    for (const std::wstring& line : lines) width = std::max(width, WidthOf(line, kLetters_mm));
+    for (const std::wstring& line : lines) width = std::max(width, TextWidth(line, kLetters_mm));
     width += KeyBox::kSample_mm + 3;
     const double height = kLine_mm * static_cast<double>(lines.size());
     const SheetArea& window = figure.window;

@@ -36,7 +36,7 @@ struct AnnotationTexts {
 };
 
 // Of a computed section; in symmetry mode 1 thicknesses are shown on both sides, names and numbers
-// on the side that is described. At most 2,000 names and numbers are shown.
+// on the side that is described. Names and numbers that would cover others are left out.
 void AddAnnotations(Figure& figure, const Section& section, const AnnotationTexts& texts,
                     const PictureOptions& options);
 

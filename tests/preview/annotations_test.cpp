@@ -9,6 +9,7 @@
 #include <limits>
 #include <set>
 
+#include "preview/figure_text.h"
 #include "preview/section_geometry.h"
 #include "tests/companions/section_builder.h"
 
@@ -192,14 +193,51 @@ TEST_F(AnnotationsTest, LegendNamesFourThings) {
     ExpectOnSheet(figure);
 }
 
-TEST_F(AnnotationsTest, NamesAreAtMostTwoThousand) {
+// The areas of the texts, as wide as the letters that they are measured with.
+std::vector<SheetArea> AreasOfTexts(const Figure& figure) {
+    std::vector<SheetArea> areas;
+    for (const FigureItem& item : figure.items) {
+        if (item.shape != FigureShape::kText) continue;
+        const SheetPoint at = PointsOf(figure, item).front();
+        const double width = TextWidth(figure.texts[item.text], item.size_mm);
+        double left = at.x;
+        if (item.side == TextSide::kMiddle) left -= width / 2;
+        if (item.side == TextSide::kLeft) left -= width;
+        areas.push_back({left, at.y - item.size_mm / 2, left + width, at.y + item.size_mm / 2});
+    }
+    return areas;
+}
+
+TEST_F(AnnotationsTest, NoNumberCoversAnotherOne) {
     options.hasNumbers = true;
     std::vector<Node> nodes;
     for (int i = 0; i < 5000; ++i) nodes.push_back(GivenNode(static_cast<float>(i) * 0.004F, 5));
     made.Add(nodes);
     made.Compute();
     made.Link();
-    EXPECT_EQ(Made().texts.size(), 2000U);
+    const std::vector<SheetArea> areas = AreasOfTexts(Made());
+    EXPECT_GT(areas.size(), 40U);
+    EXPECT_LT(areas.size(), 300U);
+    for (size_t i = 0; i < areas.size(); ++i) {
+        for (size_t j = 0; j < i; ++j) {
+            const bool isApart = areas[i].left > areas[j].right || areas[j].left > areas[i].right ||
+                                 areas[i].top > areas[j].bottom || areas[j].top > areas[i].bottom;
+            EXPECT_TRUE(isApart) << i << ' ' << j;
+        }
+    }
+    EXPECT_GT(AreasOfTexts(Made(1000, {10, 5})).size(), 40U) << "zoomed, those there have room";
+}
+
+TEST_F(AnnotationsTest, NamesGoToTheOtherSideOfTheirStrakesBeforeTheyAreLeftOut) {
+    options.hasPanelNames = true;
+    made.Add({GivenNode(0, 9.9F), GivenNode(20, 9.9F)});
+    made.Add({GivenNode(0, 9.95F), GivenNode(20, 9.95F)});
+    made.Compute();
+    made.Link();
+    texts.panelNames = {L"Deck", L"Side", L"Beam", L"Web"};
+    const Figure figure = Made();
+    EXPECT_EQ(TextsOf(figure), (std::multiset<std::wstring>{L"Beam", L"Deck", L"Side"}));
+    EXPECT_GT(PlaceOf(figure, L"Beam").y, OnSheet(figure, {10, 9.9}).y) << "below";
 }
 
 TEST_F(AnnotationsTest, DamagedSectionsAddNothingOutside) {
