@@ -203,7 +203,10 @@ void AdoptDatabase(const std::wstring& path, const BasicShipData& bsd) {
     AdoptRows({});
     shell.database.isListed = false;
     shell.database.whyGone.clear();
-    shell.preview = PreviewPane();
+    PreviewPane empty;
+    empty.isLarge = shell.preview.isLarge;
+    empty.options = shell.preview.options;
+    shell.preview = std::move(empty);
 }
 
 void ShowDatabase(const std::wstring& path, const BasicShipData& bsd) {
