@@ -21,8 +21,8 @@ constexpr int kMargin = 11;
 constexpr int kGap = 8;
 constexpr int kLabelGap = 3;
 constexpr int kFilesWidth = 250;
-constexpr SIZE kSectionsSize{375, 415};
-constexpr int kTableWidth = 165;
+constexpr SIZE kSectionsSize{390, 415};
+constexpr int kTableWidth = 205;
 
 HWND ListOf(HWND window) {
     return GetDlgItem(window, LI_Sections);
@@ -46,9 +46,10 @@ std::vector<ExchangeItem> SelectedItems(HWND window, const ExchangeBox& box) {
 // ---- Preview -----------------------------------------------------------------------------------
 
 // The table of the places that the user clicked on is beside the picture while there are any.
-void PlacePicture(HWND window, RECT area) {
+void PlacePicture(HWND window, const ExchangeBox& box) {
+    RECT area = box.picture;
     if (IsPictureTableShown(window)) {
-        const UINT dpi = DpiOf(window);
+        const UINT dpi = box.dpi;
         RECT table = area;
         table.left = area.right - Scaled(kTableWidth, dpi);
         area.right = table.left - Scaled(kGap, dpi);
@@ -63,13 +64,8 @@ void CreatePreviewPicture(HWND window, ExchangeBox& box) {
     PictureContents contents;
     contents.draw = [&box](Picture& drawn) { DrawExchangePreview(box.preview, drawn); };
     contents.pane = &box.preview.pane;
-    // As the main window's status line does.
-    contents.onPointedAt = [window, &box](const std::wstring& text) {
-        const std::wstring& shown = text.empty() ? box.preview.label : text;
-        SetDlgItemTextW(window, LB_Service, shown.c_str());
-    };
     contents.onMarked = [window, &box] {
-        if (ShowPictureTable(window)) PlacePicture(window, box.picture);
+        if (ShowPictureTable(window)) PlacePicture(window, box);
     };
     contents.typeface = L"Arial";
     CreateSectionPicture(window, std::move(contents));
@@ -131,7 +127,8 @@ void PlacePreview(HWND window, ExchangeBox& box, UINT dpi, RECT area) {
     PlaceControl(window, LB_Service, {area.left, area.bottom - line, area.right, area.bottom});
     area.bottom -= line + labelGap;
     box.picture = area;
-    PlacePicture(window, area);
+    box.dpi = dpi;
+    PlacePicture(window, box);
 }
 
 bool IsPreviewOn(HWND window) {

@@ -21,6 +21,7 @@ struct ExchangeBox {
     std::vector<ExchangeItem> items;  // of LI_Sections
     ExchangePreview preview;          // of OP_Preview, PIC_Section and LB_Service
     RECT picture{};                   // where PIC_Section is, with the table beside it
+    UINT dpi = USER_DEFAULT_SCREEN_DPI;
 };
 
 // The controls, in the order of the Tab key; each box adds its own between them.

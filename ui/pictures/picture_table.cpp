@@ -12,7 +12,7 @@ namespace corvane {
 namespace {
 
 // Where the values begin, in quarters of an average character.
-constexpr UINT kValueColumn = 80;
+constexpr UINT kValueColumn = 70;
 
 }  // namespace
 
