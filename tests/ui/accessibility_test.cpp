@@ -111,8 +111,9 @@ TEST_F(AccessibilityTest, ExchangeBoxesNameTheirPictureAndItsTable) {
         EXPECT_EQ(Find(box, PIC_Section).name, L"Preview of the section");
         EXPECT_EQ(Find(box, TX_Facts).window, nullptr) << "nothing is marked";
         ASSERT_TRUE(FocusBecomes(box, FIL_Db));
-        Type({VK_END});  // ship.vel
-        ASSERT_TRUE(WaitUntil([&] { return !TextOf(GetDlgItem(box, LB_Service)).empty(); }));
+        // To ship.vel.
+        const HWND label = GetDlgItem(box, LB_Service);
+        ASSERT_TRUE(PressUntil(VK_DOWN, [&] { return !TextOf(label).empty(); }));
         PostMessageW(box, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(box, PIC_Section)),
                      TRUE);
         ASSERT_TRUE(FocusBecomes(box, PIC_Section));

@@ -175,13 +175,20 @@ struct ExchangeBoxTest : testing::Test {
         EXPECT_EQ(LabelBefore(window, TX_Facts), Narrow(GetMessage(kMsgMarkedPlace)));
         EXPECT_TRUE(TextOf(window, TX_Facts).starts_with("y\t")) << TextOf(window, TX_Facts);
     }
-    // At 96 dots per inch, on a screen of 800 by 600 with a task bar.
+    // At 96 dots per inch, on a screen of 800 by 600 with a task bar; at 144, on one of 1024 by
+    // 768.
     static void ExpectFitsASmallScreen(HWND window) {
-        ScaleTo(window, 96);
-        RECT whole{};
-        GetWindowRect(window, &whole);
-        EXPECT_LE(whole.right - whole.left, 800);
-        EXPECT_LE(whole.bottom - whole.top, 560);
+        const struct {
+            WORD dpi;
+            LONG width, height;
+        } screens[] = {{144, 1024, 768}, {96, 800, 560}};
+        for (const auto& screen : screens) {
+            ScaleTo(window, screen.dpi);
+            RECT whole{};
+            GetWindowRect(window, &whole);
+            EXPECT_LE(whole.right - whole.left, screen.width) << screen.dpi;
+            EXPECT_LE(whole.bottom - whole.top, screen.height) << screen.dpi;
+        }
     }
     // The label before a control names it for screen readers.
     static std::string LabelBefore(HWND window, int id) {
