@@ -168,7 +168,6 @@
     X(kMsgMoreSections, 3598)           \
     X(kMsgNoPlating, 3599)              \
     X(kMsgNoShipData, 3600)             \
-    X(kMsgNoPictureOfKind, 3601)        \
     X(kMsgNoDatabaseOpen, 3605)         \
     X(kMsgDatabaseOutOfReach, 3606)     \
     X(kMsgProgramAdvice, 3607)          \
@@ -337,6 +336,9 @@
     X(kMsgPictureFiles, 3875)           \
     X(kMsgPictureWritten, 3876)         \
     X(kMsgNoKindOfPicture, 3877)        \
+    X(kMsgToBeExported, 3878)           \
+    X(kMsgFirstToBeExported, 3879)      \
+    X(kMsgToBeReplaced, 3880)           \
     X(kMsgNoBulkheads, 3900)            \
     X(kMsgNoBulkheadOutline, 3901)      \
     X(kMsgTorsionLayout, 3902)          \

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 #include "database/section_block.h"
 #include "database/section_view.h"
@@ -15,23 +14,18 @@ namespace {
 // Sections without plating are not searched for ever.
 constexpr size_t kMostSections = 8;
 
-// The sections from the nearest one to the farthest one.
-std::vector<const ModelRow*> NearestSections(std::span<const ModelRow> rows, float x_m) {
-    std::vector<const ModelRow*> sections;
-    for (const ModelRow& row : rows) {
-        const bool isSection = row.kind == ModelKind::kSection && row.hasOwnNumber;
-        if (isSection && IsOfShip(row.x_m)) sections.push_back(&row);
-    }
-    std::ranges::stable_sort(sections, {}, [x_m](const ModelRow* row) {
-        return std::abs(static_cast<double>(row->x_m) - x_m);
+// Brings the sections that are on the ship into order, the nearest one first.
+void SortByDistance(std::vector<SectionPlace>& sections, float x_m) {
+    std::erase_if(sections, [](const SectionPlace& section) { return !IsOfShip(section.x_m); });
+    std::ranges::stable_sort(sections, {}, [x_m](const SectionPlace& section) {
+        return std::abs(static_cast<double>(section.x_m) - x_m);
     });
-    return sections;
 }
 
 // False when the section cannot be read.
-bool ReadOutline(const std::wstring& path, const ModelRow& row, ShipOutline& outline) {
+bool ReadOutline(const std::wstring& path, const BlockPlace& place, ShipOutline& outline) {
     SectionModel section;
-    if (!ReadSectionBlock(path, PlaceOf(row), false, section)) return false;
+    if (!ReadSectionBlock(path, place, false, section)) return false;
     LibraryView view;
     MakeLibraryView(section, view);
     ComputeSection(view.section);
@@ -42,13 +36,22 @@ bool ReadOutline(const std::wstring& path, const ModelRow& row, ShipOutline& out
 
 }  // namespace
 
-ShipOutline OutlineAt(const std::wstring& path, std::span<const ModelRow> rows,
+std::vector<SectionPlace> SectionPlaces(std::span<const ModelRow> rows) {
+    std::vector<SectionPlace> sections;
+    for (const ModelRow& row : rows) {
+        const bool isSection = row.kind == ModelKind::kSection && row.hasOwnNumber;
+        if (isSection) sections.push_back({PlaceOf(row), row.x_m});
+    }
+    return sections;
+}
+
+ShipOutline OutlineAt(const std::wstring& path, std::vector<SectionPlace> sections,
                       const BasicShipData& bsd, float x_m) {
     ShipOutline outline;
     if (!std::isfinite(x_m)) x_m = 0;
-    const std::vector<const ModelRow*> sections = NearestSections(rows, x_m);
+    SortByDistance(sections, x_m);
     for (size_t i = 0; i < std::min(sections.size(), kMostSections); ++i) {
-        if (!ReadOutline(path, *sections[i], outline)) break;
+        if (!ReadOutline(path, sections[i].place, outline)) break;
         if (outline.source != OutlineSource::kNone) return outline;
     }
     outline.half = HalfOutline(bsd.MainData(2), bsd.MainData(3));

@@ -5,11 +5,11 @@
 #include "bsd/labels.h"
 #include "database/listing.h"
 #include "database/scanning.h"
-#include "database/section_block.h"
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "legacy/exchange.h"
 #include "report/reporters.h"
+#include "shell/preview_pane.h"
 #include "shell/state.h"
 
 namespace corvane {
@@ -24,7 +24,9 @@ std::vector<ModelEntry> ListLegacy(const std::wstring& path) {
 
 // False when the user cancelled.
 bool ListFile(const std::wstring& path, std::vector<ModelEntry>& models) {
-    if (!IsLegacyDatabase(path)) return !RequireDatabaseFile(path) || ListModels(path, models);
+    if (!IsLegacyDatabase(path)) {
+        return !RequireDatabaseFile(path) || ListModelsWithPositions(path, models);
+    }
     models = ListLegacy(path);
     return true;
 }
@@ -36,16 +38,16 @@ bool ReadFromLegacy(const std::wstring& path, int32_t slot, SectionModel& sectio
            RequireLegacyRead(path, LoadBsdFromLegacy(path, bsd));
 }
 
-// A section without ship's data, which is reported, can be drawn.
-bool ReadFromDatabase(const std::wstring& path, const BlockPlace& place, SectionModel& section,
+// A model without ship's data, which is reported, can be drawn.
+bool ReadFromDatabase(const std::wstring& path, const ExchangeItem& item, PreviewPane& pane,
                       BasicShipData& bsd) {
     ModelEntry model;
     std::vector<ModelEntry> models;
-    if (!ReadModelAt(path, place, model) &&
-        !(ListModels(path, models) && RequireModel(models, place.number, path, model))) {
+    if (!ReadModelAt(path, item.place, model) &&
+        !(ListModels(path, models) && RequireModel(models, item.place.number, path, model))) {
         return false;
     }
-    if (!ReadSectionBlock(path, PlaceOf(model), false, section)) return false;
+    if (!ReadIntoPane(pane, path, PlaceOf(model), item.kind)) return false;
     LoadBsdFromDatabase(path, bsd);
     return true;
 }
@@ -80,8 +82,8 @@ bool ListForExchange(const std::wstring& path, std::vector<ExchangeItem>& items)
     if (!ListFile(path, models)) return false;
     for (const ModelEntry& model : models) {
         const int32_t number = isLegacy ? static_cast<int32_t>(items.size() + 1) : model.number;
-        items.push_back(
-            {model.name + FactsOf(model.kind).exchangeSuffix, number, model.kind, PlaceOf(model)});
+        items.push_back({model.name + FactsOf(model.kind).exchangeSuffix, number, model.kind,
+                         PlaceOf(model), model.hasOwnNumber ? model.x : -1});
     }
     return true;
 }
@@ -117,13 +119,13 @@ std::wstring BrowseTypes(const std::wstring& pattern) {
     return all + GetMessage(kMsgOldDatabaseFiles) + GetMessage(kMsgDatabaseFiles);
 }
 
-bool ReadForExchange(const std::wstring& path, const ExchangeItem& item, SectionModel& section,
+bool ReadForExchange(const std::wstring& path, const ExchangeItem& item, PreviewPane& pane,
                      BasicShipData& bsd) {
-    if (item.kind != ModelKind::kSection) return false;
-    section = SectionModel();
+    if (!WhyNoPicture(item.kind).empty()) return false;
+    pane.section = SectionModel();
     bsd = BasicShipData();
-    return IsLegacyDatabase(path) ? ReadFromLegacy(path, item.number, section, bsd)
-                                  : ReadFromDatabase(path, item.place, section, bsd);
+    return IsLegacyDatabase(path) ? ReadFromLegacy(path, item.number, pane.section, bsd)
+                                  : ReadFromDatabase(path, item, pane, bsd);
 }
 
 std::wstring ServiceText(const BasicShipData& bsd) {

@@ -13,6 +13,8 @@
 
 namespace corvane {
 
+struct PreviewPane;  // shell/preview_pane.h
+
 // What FM_Export returns.
 struct ExportChoice {
     std::wstring path;      // of an existing legacy database, absolute
@@ -23,6 +25,8 @@ struct ExportChoice {
     // How many sections are exported. With more than one they become new ones, with their own
     // names.
     int sections = 1;
+    // The section that is exported, of several the first one, for the preview.
+    SectionModel section = {};
 };
 
 // An item of LI_Sections in either box.
@@ -32,6 +36,9 @@ struct ExchangeItem {
         0;  // slot of a legacy database, from 1; of a model database the model's number
     ModelKind kind = ModelKind::kSection;
     BlockPlace place = number;  // of a model database
+    // Position [m]; -1 of a torsion model, of a legacy section, and where the number does not lead
+    // to the model.
+    float x_m = -1;
     // The same model, wherever its block is now.
     bool operator==(const ExchangeItem& other) const {
         return text == other.text && number == other.number && kind == other.kind;
@@ -70,10 +77,10 @@ bool RequireChosenFile(const std::wstring& path);
 // File types of the import box's Browse prompt, for the pattern of its list of files.
 std::wstring BrowseTypes(const std::wstring& pattern);
 
-// The section of an item with the ship's data of its file, for the preview; the data are fresh when
-// a model database has none. False when it could not be read, which is reported, and for a model of
-// another kind.
-bool ReadForExchange(const std::wstring& path, const ExchangeItem& item, SectionModel& section,
+// Reads the section or the bulkhead arrangement of an item into a pane (shell/preview_pane.h), and
+// the ship's data of its file, which are fresh when a model database has none. False when it could
+// not be read, which is reported, and for a torsion model.
+bool ReadForExchange(const std::wstring& path, const ExchangeItem& item, PreviewPane& pane,
                      BasicShipData& bsd);
 
 // LB_Service: the ship's display name and, in brackets, the name of its type.

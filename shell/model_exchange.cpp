@@ -135,6 +135,11 @@ void ImportModels(const ImportChoice& choice) {
     ReportLosses(import.source, import.losses);
 }
 
+bool ReadForPreview(const BlockPlace& place, ExportChoice& choice) {
+    const QuietStatus quiet;
+    return ReadSectionBlock(shell.database.path, place, false, choice.section);
+}
+
 bool ExportSectionAt(const BlockPlace& place, const ExportChoice& choice) {
     SectionModel section;
     LegacySlot slot;

@@ -16,6 +16,10 @@ struct ImportChoice;
 // the database as it was before the first one. The last model becomes the current one.
 void ImportModels(const ImportChoice& choice);
 
+// Reads a section of the open database that is exported, for the preview of the box. False when it
+// could not be read, which is reported; the status line stays otherwise.
+bool ReadForPreview(const BlockPlace& place, ExportChoice& choice);
+
 // Writes a model of the open database, a section, into the slot of a legacy database that the user
 // chose. False, and reported, when it could not be written.
 bool ExportSectionAt(const BlockPlace& place, const ExportChoice& choice);

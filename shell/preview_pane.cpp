@@ -31,25 +31,19 @@ std::wstring FormattedNumber(double value, std::wstring_view format) {
     return DecimalText(value, least, least + optional);
 }
 
-void ClearPicture(const std::wstring& why) {
-    shell.preview.isShown = false;
-    shell.preview.areBulkheadsShown = false;
-    shell.view.clearPreview(why);
-}
-
-void ShowSection() {
-    const std::wstring why = WhyNoPicture(shell.preview.section, shell.database.bsd);
-    if (!why.empty()) return ClearPicture(why);
-    shell.preview.isShown = true;
-    shell.preview.areBulkheadsShown = false;
-    shell.view.redrawPreview();
-}
-
 // ---- Bulkheads ---------------------------------------------------------------------------------
 
-std::wstring WhyNoBulkheads() {
+BulkheadLayout LayOut(PreviewPane& pane, const PaneShip& ship, double width_mm, double height_mm) {
+    const auto outline = [&pane, &ship] {
+        if (!pane.outline) pane.outline = ship.outline(pane.bulkheads.x_m);
+        return *pane.outline;
+    };
+    return LayOutBulkheads({pane.bulkheads, outline, width_mm, height_mm, pane.bulkhead});
+}
+
+std::wstring WhyNoBulkheads(PreviewPane& pane, const PaneShip& ship) {
     constexpr double kAnySize_mm = 100;
-    switch (LayOutShownBulkheads(kAnySize_mm, kAnySize_mm).why) {
+    switch (LayOut(pane, ship, kAnySize_mm, kAnySize_mm).why) {
         case WhyNoBulkhead::kNoBulkheads:
             return GetMessage(kMsgNoBulkheads);
         case WhyNoBulkhead::kNoOutline:
@@ -60,19 +54,8 @@ std::wstring WhyNoBulkheads() {
     return {};
 }
 
-void ShowBulkheads() {
-    PreviewPane& pane = shell.preview;
-    pane.outline.reset();
-    pane.bulkhead = 0;
-    const std::wstring why = WhyNoBulkheads();
-    if (!why.empty()) return ClearPicture(why);
-    pane.isShown = false;
-    pane.areBulkheadsShown = true;
-    shell.view.redrawPreview();
-}
-
-void DrawBulkheadPane(Picture& picture) {
-    const BulkheadLayout layout = LayOutShownBulkheads(WidthOf_mm(picture), HeightOf_mm(picture));
+void DrawBulkheadPane(PreviewPane& pane, const PaneShip& ship, Picture& picture) {
+    const BulkheadLayout layout = LayOut(pane, ship, WidthOf_mm(picture), HeightOf_mm(picture));
     const ShipBox& extent = layout.extent;
     FitPicture(picture, {(extent.left + extent.right) / 2, (extent.bottom + extent.top) / 2},
                layout.mmPerMetre);
@@ -80,27 +63,47 @@ void DrawBulkheadPane(Picture& picture) {
     if (!(picture.scaleWidth > 0)) return;
     Figure figure = SheetOver(picture);
     DrawBulkheads(figure, layout, {});
-    if (shell.preview.options.hasLegend) AddLegend(figure, LegendOf(layout, {}));
-    if (shell.preview.options.hasScaleBar) AddScaleBar(figure);
+    if (pane.options.hasLegend) AddLegend(figure, LegendOf(layout, {}));
+    if (pane.options.hasScaleBar) AddScaleBar(figure);
     picture.drawFigure(picture, figure);
 }
 
+// ---- Sections ----------------------------------------------------------------------------------
+
+void DrawSection(SectionModel& section, const BasicShipData& bsd, Picture& picture) {
+    LibraryView view;
+    MakeLibraryView(section, view);
+    DrawSectionPreview(view.section, bsd, picture);
+}
+
+// ---- The main window ---------------------------------------------------------------------------
+
+PaneShip OpenShip() {
+    return {shell.database.bsd, [](float x_m) {
+                const OpenDatabase& open = shell.database;
+                return OutlineAt(open.path, SectionPlaces(open.rows), open.bsd, x_m);
+            }};
+}
+
+void ClearPicture(const std::wstring& why) {
+    EmptyPane(shell.preview);
+    shell.view.clearPreview(why);
+}
+
 bool IsPreviewed(const ModelRow& row) {
-    const bool hasPicture = row.kind == ModelKind::kSection || row.kind == ModelKind::kBulkhead;
-    return row.hasOwnNumber && hasPicture && shell.view.isPreviewOn();
+    return row.hasOwnNumber && WhyNoPicture(row.kind).empty() && shell.view.isPreviewOn();
 }
 
 // False when the model could not be read.
 bool ReadAndShow(const ModelRow& row, float& x_m) {
     PreviewPane& pane = shell.preview;
-    if (row.kind == ModelKind::kBulkhead) {
-        if (!ReadBulkheadBlock(shell.database.path, PlaceOf(row), pane.bulkheads)) return false;
-        ShowBulkheads();
-        x_m = pane.bulkheads.x_m;
+    if (!ReadIntoPane(pane, shell.database.path, PlaceOf(row), row.kind)) return false;
+    x_m = row.kind == ModelKind::kBulkhead ? pane.bulkheads.x_m : pane.section.x_m;
+    const std::wstring why = ShowInPane(pane, OpenShip(), row.kind);
+    if (why.empty()) {
+        shell.view.redrawPreview();
     } else {
-        if (!ReadSectionBlock(shell.database.path, PlaceOf(row), false, pane.section)) return false;
-        ShowSection();
-        x_m = pane.section.x_m;
+        shell.view.clearPreview(why);
     }
     ResetMousePointer();
     return true;
@@ -116,12 +119,74 @@ bool ReadPosition(const ModelRow& row, float& x_m) {
 // Shows the model in the picture, as far as it can be shown there. False when it could not be read.
 bool ShowInPicture(const ModelRow& row, float& x_m) {
     if (IsPreviewed(row)) return ReadAndShow(row, x_m);
-    const bool hasPicture = row.kind == ModelKind::kSection || row.kind == ModelKind::kBulkhead;
-    ClearPicture(shell.view.isPreviewOn() && !hasPicture ? GetMessage(kMsgTorsionLayout) : L"");
+    ClearPicture(shell.view.isPreviewOn() ? WhyNoPicture(row.kind) : L"");
     return ReadPosition(row, x_m);
 }
 
 }  // namespace
+
+// ---- Any pane ----------------------------------------------------------------------------------
+
+void EmptyPane(PreviewPane& pane) {
+    pane.isShown = false;
+    pane.areBulkheadsShown = false;
+}
+
+bool ReadIntoPane(PreviewPane& pane, const std::wstring& path, const BlockPlace& place,
+                  ModelKind kind) {
+    if (kind == ModelKind::kBulkhead) return ReadBulkheadBlock(path, place, pane.bulkheads);
+    return ReadSectionBlock(path, place, false, pane.section);
+}
+
+std::wstring ShowInPane(PreviewPane& pane, const PaneShip& ship, ModelKind kind) {
+    EmptyPane(pane);
+    const bool areBulkheads = kind == ModelKind::kBulkhead;
+    if (areBulkheads) {
+        pane.outline.reset();
+        pane.bulkhead = 0;
+    }
+    std::wstring why =
+        areBulkheads ? WhyNoBulkheads(pane, ship) : WhyNoPicture(pane.section, ship.bsd);
+    pane.isShown = why.empty() && !areBulkheads;
+    pane.areBulkheadsShown = why.empty() && areBulkheads;
+    return why;
+}
+
+bool HasPicture(const PreviewPane& pane) {
+    return pane.isShown || pane.areBulkheadsShown;
+}
+
+void DrawPane(PreviewPane& pane, const PaneShip& ship, Picture& picture) {
+    if (pane.isShown) DrawSection(pane.section, ship.bsd, picture);
+    if (pane.areBulkheadsShown) DrawBulkheadPane(pane, ship, picture);
+}
+
+bool TurnToNextBulkhead(PreviewPane& pane) {
+    const size_t count = pane.bulkheads.bulkheads.size();
+    if (!pane.areBulkheadsShown || count == 0) return false;
+    pane.bulkhead = (pane.bulkhead + 1) % (count + 1);
+    return true;
+}
+
+std::wstring BulkheadText(const PreviewPane& pane) {
+    const auto count = static_cast<int32_t>(pane.bulkheads.bulkheads.size());
+    if (pane.bulkhead == 0) return FormatMessage(kMsgAllBulkheads, {count});
+    return FormatMessage(kMsgOneBulkhead, {static_cast<int32_t>(pane.bulkhead), count,
+                                           pane.bulkheads.bulkheads[pane.bulkhead - 1].name});
+}
+
+std::wstring WhyNoPicture(SectionModel& section, const BasicShipData& bsd) {
+    LibraryView view;
+    MakeLibraryView(section, view);
+    if (view.section.geometryPresent == 0) return GetMessage(kMsgNoPlating);
+    return IsBsdDefined(bsd) ? std::wstring() : GetMessage(kMsgNoShipData);
+}
+
+std::wstring WhyNoPicture(ModelKind kind) {
+    return kind == ModelKind::kTorsion ? GetMessage(kMsgTorsionLayout) : std::wstring();
+}
+
+// ---- The main window ---------------------------------------------------------------------------
 
 void ShowInPreview(const ModelRow& row) {
     if (!shell.database.whyGone.empty()) return ClearPreviewPane(shell.database.whyGone);
@@ -137,26 +202,8 @@ void ClearPreviewPane(const std::wstring& why) {
     shell.view.setFrameText(L"");
 }
 
-std::wstring WhyNoPicture(SectionModel& section, const BasicShipData& bsd) {
-    LibraryView view;
-    MakeLibraryView(section, view);
-    if (view.section.geometryPresent == 0) return GetMessage(kMsgNoPlating);
-    return IsBsdDefined(bsd) ? std::wstring() : GetMessage(kMsgNoShipData);
-}
-
-std::wstring WhyNoPicture(ModelKind kind) {
-    return FormatMessage(kMsgNoPictureOfKind, {KindName(kind)});
-}
-
-void DrawSection(SectionModel& section, const BasicShipData& bsd, Picture& picture) {
-    LibraryView view;
-    MakeLibraryView(section, view);
-    DrawSectionPreview(view.section, bsd, picture);
-}
-
 void DrawPreview(Picture& picture) {
-    if (shell.preview.isShown) DrawSection(shell.preview.section, shell.database.bsd, picture);
-    if (shell.preview.areBulkheadsShown) DrawBulkheadPane(picture);
+    DrawPane(shell.preview, OpenShip(), picture);
 }
 
 std::wstring ShownModelName() {
@@ -166,26 +213,13 @@ std::wstring ShownModelName() {
 }
 
 BulkheadLayout LayOutShownBulkheads(double width_mm, double height_mm) {
-    PreviewPane& pane = shell.preview;
-    const auto outline = [&pane] {
-        if (!pane.outline) {
-            pane.outline = OutlineAt(shell.database.path, shell.database.rows, shell.database.bsd,
-                                     pane.bulkheads.x_m);
-        }
-        return *pane.outline;
-    };
-    return LayOutBulkheads({pane.bulkheads, outline, width_mm, height_mm, pane.bulkhead});
+    return LayOut(shell.preview, OpenShip(), width_mm, height_mm);
 }
 
 void ShowNextBulkhead() {
-    PreviewPane& pane = shell.preview;
-    const size_t count = pane.bulkheads.bulkheads.size();
-    if (!pane.areBulkheadsShown || count == 0) return;
-    pane.bulkhead = (pane.bulkhead + 1) % (count + 1);
+    if (!TurnToNextBulkhead(shell.preview)) return;
     shell.view.redrawPreview();
-    if (pane.bulkhead == 0) return ReportNote(kMsgAllBulkheads, {static_cast<int32_t>(count)});
-    ReportNote(kMsgOneBulkhead, {static_cast<int32_t>(pane.bulkhead), static_cast<int32_t>(count),
-                                 pane.bulkheads.bulkheads[pane.bulkhead - 1].name});
+    ShowNote(BulkheadText(shell.preview));
 }
 
 std::wstring FrameText(float x_m) {

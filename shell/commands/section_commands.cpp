@@ -163,6 +163,7 @@ void ME_SectionExport_Click() {
         return ReportMessage(kMsgOnlySections, {KindName(model.kind), model.name});
     }
     ExportChoice choice;
+    if (!ReadForPreview(PlaceOf(model), choice)) return;
     choice.name = model.name;
     if (!shell.view.askExport(choice)) return;
     shell.settings.BrowseDirectory = DirectoryOf(choice.path);

@@ -176,6 +176,7 @@ void ExportSelectedModels() {
     if (!RequireSelectedModels(models) || !RequireSections(models)) return;
     ExportChoice choice;
     choice.sections = static_cast<int>(models.size());
+    if (!ReadForPreview(PlaceOf(models.front()), choice)) return;
     if (!shell.view.askExport(choice)) return;
     shell.settings.BrowseDirectory = DirectoryOf(choice.path);
     if (!RequireOtherFile(choice.path) || !RequireSelectedModels(models)) return;

@@ -28,7 +28,7 @@ struct BulkheadOutline : testing::Test {
         EXPECT_TRUE(LoadBsdFromDatabase(path, bsd));
         rows = FillModelList(path);
     }
-    ShipOutline At(float x_m) { return OutlineAt(path, rows, bsd, x_m); }
+    ShipOutline At(float x_m) { return OutlineAt(path, SectionPlaces(rows), bsd, x_m); }
     // Takes the plating away from a section.
     void Strip(int32_t number) {
         SectionModel bare;

@@ -9,10 +9,12 @@
 #include "platform/system.h"
 #include "report/messages.h"
 #include "shell/open_database.h"
+#include "shell/preview_pane.h"
 #include "tests/database/sample_database.h"
 #include "tests/legacy/legacy_support.h"
 #include "tests/shell/command_support.h"
 #include "tests/shell/fake_view.h"
+#include "tests/shell/sample_models.h"
 
 namespace corvane {
 namespace {
@@ -91,6 +93,21 @@ TEST_F(ExchangeBoxes, ModelsHaveTheNumbersOfTheirBlocks) {
     EXPECT_EQ(items[1].number, 3);
 }
 
+TEST_F(ExchangeBoxes, ItemsHaveThePositionsOfTheirModels) {
+    const std::vector<ExchangeItem> items = ListForExchange(DataPath("../samples/aurora_bay.ve2"));
+    ASSERT_EQ(items.size(), std::size(kSampleModels));
+    for (size_t i = 0; i < items.size(); ++i) {
+        EXPECT_EQ(items[i].x_m, kSampleModels[i].x_m) << i;
+    }
+    std::vector<SampleBlock> blocks(3);
+    blocks[1].number = " 3 ";
+    blocks[2].number = " 3 ";
+    WriteFileBytes(database, DatabaseText(blocks));
+    const std::vector<ExchangeItem> doubled = ListForExchange(database);
+    EXPECT_GE(doubled.at(0).x_m, 0);
+    EXPECT_EQ(doubled.at(1).x_m, -1) << "its number leads to another model, too";
+}
+
 TEST_F(ExchangeBoxes, OpenDatabaseIsNotListedAndSaysSo) {
     WriteFileBytes(database, DatabaseText(FiveBlocks()));
     shell.database.path = database;
@@ -165,11 +182,11 @@ TEST_F(ExchangeBoxes, DatabaseCutAnywhereIsListedAsFarAsItGoes) {
 
 TEST_F(ExchangeBoxes, LegacySectionIsReadWithItsShipData) {
     WriteLegacyDatabase(legacy, {L"Frame 10", L"Frame 20"});
-    SectionModel section;
+    PreviewPane pane;
     BasicShipData bsd;
-    ASSERT_TRUE(ReadForExchange(legacy, {L"Frame 20", 2}, section, bsd));
-    EXPECT_EQ(section.name, L"Frame 20");
-    EXPECT_EQ(section.panels.size(), 1u);
+    ASSERT_TRUE(ReadForExchange(legacy, {L"Frame 20", 2}, pane, bsd));
+    EXPECT_EQ(pane.section.name, L"Frame 20");
+    EXPECT_EQ(pane.section.panels.size(), 1u);
     EXPECT_EQ(bsd.Titles(1).Trimmed(), L"\u00C9toile");
     EXPECT_TRUE(RecordedReports::caption.empty());
     ExpectStateUntouched();
@@ -178,9 +195,9 @@ TEST_F(ExchangeBoxes, LegacySectionIsReadWithItsShipData) {
 TEST_F(ExchangeBoxes, LegacyPreviewFollowsTheDescribedConversation) {
     const FakeLegacyLibrary library;
     WriteFileBytes(legacy, "any");
-    SectionModel section;
+    PreviewPane pane;
     BasicShipData bsd;
-    EXPECT_TRUE(ReadForExchange(legacy, {L"Frame 30", 3}, section, bsd));
+    EXPECT_TRUE(ReadForExchange(legacy, {L"Frame 30", 3}, pane, bsd));
     EXPECT_EQ(FakeLegacyLibrary::calls,
               (Events{"importvelkmainsec ship.vel 3", "importsectiongeometry ship.vel 3",
                       "importvelkcompload ship.vel 3", "importvelknavi ship.vel"}));
@@ -190,30 +207,41 @@ TEST_F(ExchangeBoxes, LegacyShipDataThatCannotBeReadAreReported) {
     const FakeLegacyLibrary library;
     FakeLegacyLibrary::naviStatus = 3;
     WriteFileBytes(legacy, "any");
-    SectionModel section;
+    PreviewPane pane;
     BasicShipData bsd;
-    EXPECT_FALSE(ReadForExchange(legacy, {L"Frame 10", 1}, section, bsd));
+    EXPECT_FALSE(ReadForExchange(legacy, {L"Frame 10", 1}, pane, bsd));
     EXPECT_EQ(Warnings(), Events{UnreadText(legacy, 3)});
 }
 
 TEST_F(ExchangeBoxes, SectionOfADatabaseIsReadWithItsShipData) {
     const std::wstring path = DataPath("../samples/aurora_bay.ve2");
-    SectionModel section;
+    PreviewPane pane;
     BasicShipData bsd;
-    ASSERT_TRUE(ReadForExchange(path, ListForExchange(path).at(1), section, bsd));
-    EXPECT_FALSE(section.panels.empty());
+    ASSERT_TRUE(ReadForExchange(path, ListForExchange(path).at(1), pane, bsd));
+    EXPECT_FALSE(pane.section.panels.empty());
     EXPECT_TRUE(IsBsdDefined(bsd));
     EXPECT_TRUE(Warnings().empty());
     ExpectStateUntouched();
 }
 
-TEST_F(ExchangeBoxes, OtherKindsHaveNoPreview) {
-    WriteFileBytes(database, DatabaseText(FiveBlocks()));
-    SectionModel section;
+TEST_F(ExchangeBoxes, BulkheadsOfADatabaseAreReadWithTheirShipData) {
+    const std::wstring path = DataPath("../samples/aurora_bay.ve2");
+    const std::vector<ExchangeItem> items = ListForExchange(path);
+    PreviewPane pane;
     BasicShipData bsd;
-    const std::vector<ExchangeItem> items = ListForExchange(database);
-    EXPECT_FALSE(ReadForExchange(database, items.at(1), section, bsd));
-    EXPECT_FALSE(ReadForExchange(database, items.at(3), section, bsd));
+    ASSERT_TRUE(ReadForExchange(path, items.at(kSectionCount), pane, bsd));
+    EXPECT_EQ(pane.bulkheads.name, kSampleModels[kSectionCount].name);
+    EXPECT_FALSE(pane.bulkheads.bulkheads.empty());
+    EXPECT_TRUE(IsBsdDefined(bsd));
+    EXPECT_TRUE(Warnings().empty());
+    ExpectStateUntouched();
+}
+
+TEST_F(ExchangeBoxes, TorsionModelsHaveNoPreview) {
+    WriteFileBytes(database, DatabaseText(FiveBlocks()));
+    PreviewPane pane;
+    BasicShipData bsd;
+    EXPECT_FALSE(ReadForExchange(database, ListForExchange(database).at(3), pane, bsd));
     EXPECT_TRUE(Warnings().empty());
 }
 
@@ -221,9 +249,9 @@ TEST_F(ExchangeBoxes, SectionWithoutShipDataIsDrawnWithNone) {
     SampleBlock block;
     const StructuralLines lines = FetchStructuralLines();
     WriteFileBytes(database, lines.signature + "\r\n" + BlockText(block));
-    SectionModel section;
+    PreviewPane pane;
     BasicShipData bsd = NewBasicShipData(L"OTHER");
-    EXPECT_TRUE(ReadForExchange(database, {L"Frame 10", 1}, section, bsd));
+    EXPECT_TRUE(ReadForExchange(database, {L"Frame 10", 1}, pane, bsd));
     EXPECT_EQ(Warnings().size(), 1u);
     EXPECT_FALSE(IsBsdDefined(bsd));
     EXPECT_EQ(bsd.Titles(5).Trimmed(), L"") << "no other ship's data";
@@ -232,13 +260,13 @@ TEST_F(ExchangeBoxes, SectionWithoutShipDataIsDrawnWithNone) {
 TEST_F(ExchangeBoxes, SectionThatIsGoneIsReported) {
     WriteLegacyDatabase(legacy, {L"Frame 10"});
     WriteFileBytes(database, DatabaseText(FiveBlocks()));
-    SectionModel section;
+    PreviewPane pane;
     BasicShipData bsd;
-    EXPECT_FALSE(ReadForExchange(database, {L"Frame 60", 6}, section, bsd));
+    EXPECT_FALSE(ReadForExchange(database, {L"Frame 60", 6}, pane, bsd));
     EXPECT_EQ(Warnings(), Events{WarningText(1011, {6, database})});
     RecordedReports::events.clear();
     system::RemoveFile(legacy);
-    EXPECT_FALSE(ReadForExchange(legacy, {L"Frame 10", 1}, section, bsd));
+    EXPECT_FALSE(ReadForExchange(legacy, {L"Frame 10", 1}, pane, bsd));
     EXPECT_EQ(Warnings(), Events{WarningText(1020, {legacy})});
 }
 
@@ -247,9 +275,9 @@ TEST_F(ExchangeBoxes, SectionThatSharesItsNumberIsReported) {
     blocks[1].number = " 3 ";
     blocks[2].number = " 3 ";
     WriteFileBytes(database, DatabaseText(blocks));
-    SectionModel section;
+    PreviewPane pane;
     BasicShipData bsd;
-    EXPECT_FALSE(ReadForExchange(database, {L"Frame 10", 3}, section, bsd));
+    EXPECT_FALSE(ReadForExchange(database, {L"Frame 10", 3}, pane, bsd));
     EXPECT_EQ(Warnings(), Events{WarningText(3522, {3, database, GetMessage(kMsgModelMarker)})});
 }
 

@@ -233,6 +233,18 @@ TEST(PreviewPane, LegendAndScaleBarAreOnBulkheads) {
     EXPECT_EQ(kept.drawn.texts.size(), plain + 1);
 }
 
+TEST(PreviewPane, SwitchesAndSizeStayWhenAnotherDatabaseIsOpened) {
+    const ShownSample sample;
+    ShowInPreview(sample.rows[0]);
+    shell.preview.options.hasAxes = true;
+    shell.preview.isLarge = true;
+    LoadDatabase(shell.database.path);
+    EXPECT_FALSE(HasPicture(shell.preview));
+    EXPECT_TRUE(shell.preview.section.name.empty());
+    EXPECT_TRUE(shell.preview.options.hasAxes);
+    EXPECT_TRUE(shell.preview.isLarge);
+}
+
 TEST(PreviewPane, SectionThatCannotBeReadClearsThePreview) {
     ShownDatabase window;
     window.Open(Database(1));

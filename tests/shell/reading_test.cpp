@@ -126,13 +126,13 @@ TEST_F(ReadingTest, WhatACommandRequiresOfTheCurrentModelIsReadFromItsBlockAlone
 TEST_F(ReadingTest, AModelOfAnImportBoxIsReadFromItsBlockAlone) {
     const std::vector<ExchangeItem> items = ListForExchange(path);
     for (size_t row = 0; row < items.size(); row += 30) {
-        SectionModel section;
+        PreviewPane pane;
         BasicShipData bsd;
         const CountedReads reads;
-        ASSERT_TRUE(ReadForExchange(path, items[row], section, bsd));
+        ASSERT_TRUE(ReadForExchange(path, items[row], pane, bsd));
         // Its head, the block, and the ship's data at the file's beginning.
         EXPECT_LE(reads.Bytes(), 2 * Most(row) + static_cast<int64_t>(kTextBufferSize)) << row;
-        EXPECT_EQ(section.name, items[row].text);
+        EXPECT_EQ(pane.section.name, items[row].text);
     }
 }
 

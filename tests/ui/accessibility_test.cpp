@@ -99,6 +99,34 @@ TEST_F(AccessibilityTest, EveryControlOfEveryDialogHasItsOwnName) {
     }
 }
 
+TEST_F(AccessibilityTest, ExchangeBoxesNameTheirPictureAndItsTable) {
+    for (const int command : {int{ME_SectionExport}, int{ME_SectionImport}}) {
+        CopyFileW(test::DataPath("../samples/aurora_bay.vel").c_str(),
+                  installation.File(L"ship.vel").c_str(), FALSE);
+        Choose(main, command);
+        const bool isExport = command == ME_SectionExport;
+        const HWND box = program.Window(isExport ? kExportBoxClass : kImportBoxClass);
+        ASSERT_NE(box, nullptr);
+        EXPECT_EQ(Find(box, OP_Preview).name, L"Preview");
+        EXPECT_EQ(Find(box, PIC_Section).name, L"Preview of the section");
+        EXPECT_EQ(Find(box, TX_Facts).window, nullptr) << "nothing is marked";
+        ASSERT_TRUE(FocusBecomes(box, FIL_Db));
+        // To ship.vel.
+        const HWND label = GetDlgItem(box, LB_Service);
+        ASSERT_TRUE(PressUntil(VK_DOWN, [&] { return !TextOf(label).empty(); }));
+        PostMessageW(box, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(box, PIC_Section)),
+                     TRUE);
+        ASSERT_TRUE(FocusBecomes(box, PIC_Section));
+        Type({VK_SPACE});
+        ASSERT_TRUE(WaitUntil([&] { return Find(box, TX_Facts).window != nullptr; }));
+        EXPECT_EQ(Find(box, TX_Facts).name, L"Marked in the picture:");
+        EXPECT_TRUE(Has(Find(box, TX_Facts), STATE_SYSTEM_READONLY));
+        ExpectNamedControls(box);
+        PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
+        ASSERT_TRUE(HasClosed(box));
+    }
+}
+
 TEST_F(AccessibilityTest, DisabledButtonsHaveNamesAndSayThatTheyAreDisabled) {
     Choose(main, ME_FileVersions);
     const HWND box = program.Window(kVersionsBoxClass);

@@ -2,6 +2,7 @@
 // the real program: by the mouse and by the keyboard alone.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -40,6 +41,14 @@ Texts Items(HWND list) {
 
 bool IsItemSelected(HWND list, int index) {
     return Send(list, LB_GETSEL, static_cast<WPARAM>(index), 0) > 0;
+}
+
+// What the screen shows inside of a control.
+std::vector<uint32_t> Pixels(HWND control) {
+    RECT area{};
+    GetWindowRect(control, &area);
+    InflateRect(&area, -4, -4);  // without its edge and the frame of the focus
+    return CopyScreen(area).pixels;
 }
 
 // Clicks on an item with the mouse; `held` is MK_CONTROL or MK_SHIFT.
@@ -214,7 +223,53 @@ TEST_F(ExchangeTest, DrivesAreChosenByTheKeyboard) {
     EXPECT_TRUE(PressButton(box, IDCANCEL));
 }
 
+TEST_F(ExchangeTest, ExportBoxDrawsWhatIsExportedAndWhatIsReplaced) {
+    const HWND box = OpenBoxByKeys('X');
+    SetWindowPos(box, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE);
+    const HWND picture = In(box, PIC_Section);
+    EXPECT_TRUE(WaitUntil([&] { return ShowsASection(picture); }));
+    EXPECT_TRUE(TextBecomes(In(box, LB_Service), L"To be exported: Engine room, frame 30"));
+    const std::vector<uint32_t> exported = Pixels(picture);
+    ClickFile(box, L"ship.vel");
+    EXPECT_TRUE(SectionCountBecomes(box, 9));
+    PostMessageW(In(box, kReplace), BM_CLICK, 0, 0);
+    EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(In(box, LI_Sections)) != FALSE; }));
+    Click(In(box, LI_Sections), 4);
+    EXPECT_TRUE(TextBecomes(In(box, LB_Service), L"To be replaced: Midship section, hold 4"));
+    EXPECT_TRUE(WaitUntil([&] { return Pixels(picture) != exported; }));
+    EXPECT_TRUE(ShowsASection(picture));
+    TypeWithAlt('P');
+    EXPECT_TRUE(TextBecomes(In(box, LB_Service), L""));
+    EXPECT_TRUE(WaitUntil([&] { return !ShowsASection(picture); }));
+    EXPECT_TRUE(PressButton(box, IDCANCEL));
+}
+
 // ---- Import ------------------------------------------------------------------------------------
+
+TEST_F(ExchangeTest, BulkheadsOfAnotherDatabaseAreDrawnAndTurned) {
+    Copy("aurora_bay.ve2", L"other.ve2");
+    const HWND box = OpenBoxByKeys('I');
+    SetWindowPos(box, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE);
+    const HWND picture = In(box, PIC_Section);
+    ClickFile(box, L"other.ve2");
+    EXPECT_TRUE(SectionCountBecomes(box, 14));
+    Click(In(box, LI_Sections), 10);
+    EXPECT_TRUE(TextBecomes(In(box, LB_Service), L"Aurora Bay (Bulk carrier)"));
+    // The plating's outline, the stiffeners and the stools of the corrugated bulkhead.
+    const auto has = [picture](uint32_t colour, int least) {
+        return std::ranges::count(Pixels(picture), colour) > least;
+    };
+    EXPECT_TRUE(WaitUntil([&] { return has(0x0000FF, 100) && has(0xE4E4E4, 100); }));
+    const std::vector<uint32_t> all = Pixels(picture);
+    TypeWithControl('B');
+    EXPECT_TRUE(
+        WaitUntil([&] { return TextOf(In(box, LB_Service)).starts_with(L"Bulkhead 1 of"); }));
+    EXPECT_TRUE(WaitUntil([&] { return Pixels(picture) != all; }));
+    EXPECT_TRUE(has(0x0000FF, 100));
+    Click(In(box, LI_Sections), 13);
+    EXPECT_TRUE(WaitUntil([&] { return !has(0x0000FF, 0); })) << "not the bulkhead before";
+    EXPECT_TRUE(PressButton(box, IDCANCEL));
+}
 
 TEST_F(ExchangeTest, SeveralSectionsOfALegacyDatabaseAreImported) {
     const HWND box = OpenBox(ME_SectionImport);

@@ -1,6 +1,7 @@
 #include "ui/dialogs/dialogs.h"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 #include "report/reporters.h"
@@ -172,6 +173,39 @@ INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     }
 }
 
+// ---- Keys --------------------------------------------------------------------------------------
+
+bool HandleKey(const MSG& message) {
+    const HWND window = GetAncestor(message.hwnd, GA_ROOT);
+    const auto procedure = GetWindowLongPtrW(window, DWLP_DLGPROC);
+    // A box of the system may be over the dialog.
+    if (procedure != reinterpret_cast<LONG_PTR>(DialogProcedure)) return false;
+    const OpenDialog& dialog = StateOf(window);
+    return dialog.kind.key != nullptr && dialog.kind.key(window, dialog.contents, message);
+}
+
+// Sees the messages of the thread's dialogs before they do; TRUE: they do not get this one.
+LRESULT CALLBACK FilterMessage(int code, WPARAM wParam, LPARAM lParam) {
+    const auto& message = *reinterpret_cast<const MSG*>(lParam);
+    try {
+        const bool isKey = code == MSGF_DIALOGBOX && message.message == WM_KEYDOWN;
+        if (isKey && HandleKey(message)) return TRUE;
+    } catch (...) {
+        ReportFault();
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+// Keys go to the dialogs' own procedures as long as this lives.
+struct KeyFilter {
+    HHOOK hook = SetWindowsHookExW(WH_MSGFILTER, FilterMessage, nullptr, GetCurrentThreadId());
+
+    KeyFilter() = default;
+    ~KeyFilter() { UnhookWindowsHookEx(hook); }
+    KeyFilter(const KeyFilter&) = delete;
+    KeyFilter& operator=(const KeyFilter&) = delete;
+};
+
 void RegisterDialogClass(const wchar_t* className) {
     WNDCLASSEXW windowClass{};
     windowClass.cbSize = sizeof(windowClass);
@@ -204,6 +238,8 @@ bool RunDialog(const DialogKind& kind, const std::wstring& caption, void* conten
     const std::vector<WORD> words =
         EmptyTemplate(kind.className, kind.isProgram ? WS_MINIMIZEBOX : DS_MODALFRAME);
     OpenDialog dialog{kind, caption, contents};
+    std::optional<KeyFilter> filter;
+    if (kind.key != nullptr) filter.emplace();
     const INT_PTR answer = DialogBoxIndirectParamW(
         GetModuleHandleW(nullptr), reinterpret_cast<const DLGTEMPLATE*>(words.data()),
         DialogOwner(), DialogProcedure, reinterpret_cast<LPARAM>(&dialog));

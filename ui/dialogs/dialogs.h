@@ -31,6 +31,9 @@ struct DialogKind {
     HBRUSH (*colour)(HWND label, HDC dc) = nullptr;
     // The user did something with a control other than OK and Cancel (WM_COMMAND, WM_NOTIFY).
     void (*notify)(HWND window, void* contents, const Notification& notification) = nullptr;
+    // A key was pressed (WM_KEYDOWN); true: it has been dealt with, and the control that has the
+    // focus does not get it.
+    bool (*key)(HWND window, void* contents, const MSG& message) = nullptr;
     // Draws an item of a control that leaves this to its owner.
     void (*draw)(void* contents, const DRAWITEMSTRUCT& item) = nullptr;
     // The only window of a program: it has the program's icon and can be minimised.

@@ -3,18 +3,26 @@
 #include <utility>
 
 #include "report/reporters.h"
+#include "shell/commands/commands.h"
 #include "shell/open_database.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
+#include "ui/base/keys.h"
 #include "ui/dialogs/list_controls.h"
+#include "ui/pictures/picture_table.h"
+#include "ui/pictures/section_picture.h"
 
 namespace corvane {
 namespace {
 
 // Lengths in pixels at 96 dots per inch.
 constexpr int kMargin = 11;
+constexpr int kGap = 8;
+constexpr int kLabelGap = 3;
 constexpr int kFilesWidth = 250;
+constexpr SIZE kSectionsSize{390, 415};
+constexpr int kTableWidth = 205;
 
 HWND ListOf(HWND window) {
     return GetDlgItem(window, LI_Sections);
@@ -35,6 +43,34 @@ std::vector<ExchangeItem> SelectedItems(HWND window, const ExchangeBox& box) {
     return selected;
 }
 
+// ---- Preview -----------------------------------------------------------------------------------
+
+// The table of the places that the user clicked on is beside the picture while there are any.
+void PlacePicture(HWND window, const ExchangeBox& box) {
+    RECT area = box.picture;
+    if (IsPictureTableShown(window)) {
+        const UINT dpi = box.dpi;
+        RECT table = area;
+        table.left = area.right - Scaled(kTableWidth, dpi);
+        area.right = table.left - Scaled(kGap, dpi);
+        PlaceOnTop(window, LB_Facts, ControlTextSize(window, LB_Facts).cy, table);
+        table.top += Scaled(kLabelGap, dpi);
+        PlaceControl(window, TX_Facts, table);
+    }
+    PlaceControl(window, PIC_Section, area);
+}
+
+void CreatePreviewPicture(HWND window, ExchangeBox& box) {
+    PictureContents contents;
+    contents.draw = [&box](Picture& drawn) { DrawExchangePreview(box.preview, drawn); };
+    contents.pane = &box.preview.pane;
+    contents.onMarked = [window, &box] {
+        if (ShowPictureTable(window)) PlacePicture(window, box);
+    };
+    contents.typeface = L"Arial";
+    CreateSectionPicture(window, std::move(contents));
+}
+
 }  // namespace
 
 void AddSectionsList(HWND window, const wchar_t* label, DWORD style) {
@@ -45,23 +81,87 @@ void AddSectionsList(HWND window, const wchar_t* label, DWORD style) {
                         WS_EX_CLIENTEDGE});
 }
 
+void AddPreview(HWND window, ExchangeBox& box) {
+    box.preview = NewExchangePreview();
+    AddControl(window, {OP_Preview, WC_BUTTONW, L"&Preview",
+                        WS_VISIBLE | WS_TABSTOP | WS_GROUP | BS_AUTOCHECKBOX});
+    CheckDlgButton(window, OP_Preview, BST_CHECKED);
+    CreatePreviewPicture(window, box);
+    CreatePictureTable(window);
+    AddControl(window,
+               {LB_Service, WC_STATICW, L"", WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS});
+}
+
 void AddOkAndCancel(HWND window) {
     const DWORD button = WS_VISIBLE | WS_TABSTOP;
     AddControl(window, {BT_Ok, WC_BUTTONW, L"OK", button | BS_DEFPUSHBUTTON | WS_GROUP});
     AddControl(window, {BT_Cancel, WC_BUTTONW, L"&Cancel", button | BS_PUSHBUTTON});
 }
 
-SIZE PlaceExchangeBox(HWND window, ExchangeBox& box, SIZE sectionsSize, UINT dpi, RECT& sections) {
+SIZE PlaceExchangeBox(HWND window, ExchangeBox& box, UINT dpi, RECT& sections) {
     const int margin = Scaled(kMargin, dpi);
     const RECT files{margin, margin, margin + Scaled(kFilesWidth, dpi),
-                     margin + Scaled(sectionsSize.cy, dpi)};
+                     margin + Scaled(kSectionsSize.cy, dpi)};
     PlaceFileLists(window, box.lists, files, dpi);
     const LONG left = files.right + margin;
-    sections = {left, files.top, left + Scaled(sectionsSize.cx, dpi), files.bottom};
+    sections = {left, files.top, left + Scaled(kSectionsSize.cx, dpi), files.bottom};
     RECT withButtons = sections;
     withButtons.bottom += margin + ButtonSize(window, BT_Ok, dpi).cy;
     PlaceButtons(window, {BT_Ok, BT_Cancel}, withButtons, dpi);
     return {withButtons.right + margin, withButtons.bottom + margin};
+}
+
+void PlaceSectionsList(HWND window, int rows, UINT dpi, RECT& area) {
+    PlaceOnTop(window, LB_Sections, ControlTextSize(window, LB_Sections).cy, area);
+    area.top += Scaled(kLabelGap, dpi);
+    const auto rowHeight = static_cast<LONG>(SendMessageW(ListOf(window), LB_GETITEMHEIGHT, 0, 0));
+    PlaceOnTop(window, LI_Sections, rows * rowHeight + 2 * SystemMetric(SM_CYEDGE, dpi), area);
+    FitScrolling(ListOf(window));
+}
+
+void PlacePreview(HWND window, ExchangeBox& box, UINT dpi, RECT area) {
+    const LONG line = ControlTextSize(window, LB_Sections).cy;
+    const int labelGap = Scaled(kLabelGap, dpi);
+    PlaceOnTop(window, OP_Preview, line + labelGap, area);
+    area.top += labelGap;
+    PlaceControl(window, LB_Service, {area.left, area.bottom - line, area.right, area.bottom});
+    area.bottom -= line + labelGap;
+    box.picture = area;
+    box.dpi = dpi;
+    PlacePicture(window, box);
+}
+
+bool IsPreviewOn(HWND window) {
+    return IsDlgButtonChecked(window, OP_Preview) == BST_CHECKED;
+}
+
+void ShowPreview(HWND window, const ExchangeBox& box) {
+    const HWND picture = GetDlgItem(window, PIC_Section);
+    // A model that cannot be drawn must not leave the one before it in the picture.
+    ClearSectionPicture(picture, box.preview.why);
+    if (HasPicture(box.preview.pane)) RedrawSectionPicture(picture);
+    SetDlgItemTextW(window, LB_Service, box.preview.label.c_str());
+}
+
+bool OnPictureKey(HWND window, ExchangeBox& box, const MSG& message) {
+    const HWND picture = GetDlgItem(window, PIC_Section);
+    const Command* command = FindCommand(KeyOf(message));
+    switch (command == nullptr ? 0 : command->id) {
+        case ME_ViewZoomIn:
+            ZoomSectionPicture(picture, true);
+            return true;
+        case ME_ViewZoomOut:
+            ZoomSectionPicture(picture, false);
+            return true;
+        case ME_ViewFit:
+            FitSectionPicture(picture);
+            return true;
+        case ME_ViewNextBulkhead:
+            if (PreviewNextBulkhead(box.preview)) ShowPreview(window, box);
+            return true;
+        default:
+            return false;
+    }
 }
 
 void ListChosenFile(HWND window, ExchangeBox& box) {

@@ -1,5 +1,5 @@
 // What the boxes FM_Export and FM_Inport share: the lists of files at the left, LI_Sections with
-// what the chosen file holds at the right, OK and Cancel below.
+// what the chosen file holds and the preview at the right, OK and Cancel below.
 #pragma once
 
 #include <functional>
@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "shell/exchange_boxes.h"
+#include "shell/exchange_preview.h"
 #include "ui/dialogs/dialogs.h"
 #include "ui/dialogs/file_lists.h"
 
@@ -18,15 +19,33 @@ struct ExchangeBox {
     std::function<void()> onItems;
     std::wstring path;                // of the file whose items are listed; empty without one
     std::vector<ExchangeItem> items;  // of LI_Sections
+    ExchangePreview preview;          // of OP_Preview, PIC_Section and LB_Service
+    RECT picture{};                   // where PIC_Section is, with the table beside it
+    UINT dpi = USER_DEFAULT_SCREEN_DPI;
 };
 
 // The controls, in the order of the Tab key; each box adds its own between them.
 void AddSectionsList(HWND window, const wchar_t* label, DWORD style = 0);
+
+// OP_Preview, PIC_Section, the table of the places that the user clicked on, and LB_Service.
+void AddPreview(HWND window, ExchangeBox& box);
 void AddOkAndCancel(HWND window);
 
-// Places what both boxes have at the left and below. `sections` becomes the area at the right, of
-// the given size in pixels at 96 dots per inch, and the result the size of the client area.
-SIZE PlaceExchangeBox(HWND window, ExchangeBox& box, SIZE sectionsSize, UINT dpi, RECT& sections);
+// Places what both boxes have at the left and below. `sections` becomes the area at the right, and
+// the result is the size of the client area.
+SIZE PlaceExchangeBox(HWND window, ExchangeBox& box, UINT dpi, RECT& sections);
+// Places LI_Sections with its label and so many rows at the top of the area, which becomes what is
+// left below them.
+void PlaceSectionsList(HWND window, int rows, UINT dpi, RECT& area);
+// Places the preview in all of the area.
+void PlacePreview(HWND window, ExchangeBox& box, UINT dpi, RECT area);
+
+bool IsPreviewOn(HWND window);
+// Shows what the preview says now.
+void ShowPreview(HWND window, const ExchangeBox& box);
+// Runs the commands of the View menu for the picture by their keys, wherever the focus is; false
+// for any other key.
+bool OnPictureKey(HWND window, ExchangeBox& box, const MSG& message);
 
 // Lists what the chosen file holds. Where there is nothing, a line says so and the list is
 // disabled.

@@ -1,11 +1,12 @@
 #include "ui/dialogs/export_box.h"
 
+#include <utility>
+
 #include "report/reporters.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
 #include "ui/dialogs/exchange_box.h"
-#include "ui/dialogs/list_controls.h"
 
 namespace corvane {
 namespace {
@@ -14,8 +15,9 @@ namespace {
 constexpr int kGap = 8;
 constexpr int kLabelGap = 3;
 constexpr int kFieldPadding = 8;
-constexpr SIZE kSectionsSize{270, 370};
 constexpr int kIndent = 18;  // what belongs to an option, below it
+
+constexpr int kListRows = 6;
 
 constexpr int kReplace = OP_CreateNew;
 constexpr int kCreateNew = OP_CreateNew + 1;
@@ -50,6 +52,26 @@ void FollowOptions(HWND window, const ExportBox& box) {
     }
 }
 
+// What would be replaced, or else what is exported.
+void FollowSelection(HWND window, ExportBox& box) {
+    ExchangeBox& files = box.files;
+    const LRESULT selected = SendDlgItemMessageW(window, LI_Sections, LB_GETCURSEL, 0, 0);
+    const auto item = static_cast<size_t>(selected);
+    if (!IsPreviewOn(window)) {
+        EmptyPreview(files.preview);
+    } else if (!IsCreateNew(window) && selected >= 0 && item < files.items.size()) {
+        PreviewReplaced(files.preview, {files.path, files.items}, item);
+    } else {
+        PreviewExported(files.preview, box.choice);
+    }
+    ShowPreview(window, files);
+}
+
+void Follow(HWND window, ExportBox& box) {
+    FollowOptions(window, box);
+    FollowSelection(window, box);
+}
+
 void AddOptions(HWND window) {
     const DWORD option = WS_VISIBLE | BS_AUTORADIOBUTTON;
     AddControl(window, {kCreateNew, WC_BUTTONW, L"Create a new section in database",
@@ -60,7 +82,7 @@ void AddOptions(HWND window) {
 
 void AddControls(HWND window, void* contents) {
     ExportBox& box = BoxOf(contents);
-    box.files.onItems = [window, &box] { FollowOptions(window, box); };
+    box.files.onItems = [window, &box] { Follow(window, box); };
     AddFileLists(window, box.files.lists);
     AddOptions(window);
     AddControl(window, {LB_Name, WC_STATICW, L"&Name:", WS_VISIBLE | SS_LEFT | WS_GROUP});
@@ -72,43 +94,58 @@ void AddControls(HWND window, void* contents) {
                             WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | ES_LEFT, WS_EX_CLIENTEDGE});
     SendMessageW(name, EM_SETLIMITTEXT, kLongestName, 0);
     AddSectionsList(window, L"&Sections:");
+    AddPreview(window, box.files);
     AddOkAndCancel(window);
-    FollowOptions(window, box);
+    Follow(window, box);
 }
 
-// The options, each with its control below it, over the whole height of the area.
-void PlaceSections(HWND window, RECT area, UINT dpi) {
-    const LONG line = ControlTextSize(window, LB_Name).cy;
-    const LONG optionHeight = line + Scaled(kLabelGap, dpi);
+// The label beside its field; `area` becomes what is left below them.
+void PlaceName(HWND window, UINT dpi, RECT& area) {
+    const SIZE label = ControlTextSize(window, LB_Name);
+    const int padding = Scaled(kFieldPadding, dpi);
+    const LONG labelTop = area.top + padding / 2;
+    const LONG labelRight = area.left + label.cx;
+    PlaceControl(window, LB_Name, {area.left, labelTop, labelRight, labelTop + label.cy});
+    RECT field{labelRight + Scaled(kGap, dpi), area.top, area.right, area.bottom};
+    PlaceOnTop(window, TX_Name, label.cy + padding, field);
+    area.top = field.top;
+}
+
+// The options, each with its control below it, and the preview.
+void PlaceSections(HWND window, ExchangeBox& files, UINT dpi, RECT area) {
+    const LONG optionHeight = ControlTextSize(window, LB_Name).cy + Scaled(kLabelGap, dpi);
     const int indent = Scaled(kIndent, dpi);
+    const int gap = Scaled(kGap, dpi);
     PlaceOnTop(window, kCreateNew, optionHeight, area);
     area.left += indent;
     area.top += Scaled(kLabelGap, dpi);
-    PlaceOnTop(window, LB_Name, line, area);
-    area.top += Scaled(kLabelGap, dpi);
-    PlaceOnTop(window, TX_Name, line + Scaled(kFieldPadding, dpi), area);
+    PlaceName(window, dpi, area);
     area.left -= indent;
-    area.top += 2 * Scaled(kGap, dpi);
+    area.top += gap;
     PlaceOnTop(window, kReplace, optionHeight, area);
     area.left += indent;
     area.top += Scaled(kLabelGap, dpi);
-    PlaceOnTop(window, LB_Sections, line, area);
-    area.top += Scaled(kLabelGap, dpi);
-    PlaceControl(window, LI_Sections, area);
-    FitScrolling(GetDlgItem(window, LI_Sections));
+    PlaceSectionsList(window, kListRows, dpi, area);
+    area.left -= indent;
+    area.top += gap;
+    PlacePreview(window, files, dpi, area);
 }
 
 SIZE Place(HWND window, void* contents, UINT dpi) {
     RECT area;
-    const SIZE size = PlaceExchangeBox(window, BoxOf(contents).files, kSectionsSize, dpi, area);
-    PlaceSections(window, area, dpi);
+    ExchangeBox& files = BoxOf(contents).files;
+    const SIZE size = PlaceExchangeBox(window, files, dpi, area);
+    PlaceSections(window, files, dpi, area);
     return size;
 }
 
 void Notify(HWND window, void* contents, const Notification& notification) {
-    const int control = notification.control;
-    if (control == kReplace || control == kCreateNew) return FollowOptions(window, BoxOf(contents));
-    OnExchangeFiles(window, BoxOf(contents).files, notification);
+    ExportBox& box = BoxOf(contents);
+    const auto [control, code] = notification;
+    if (control == kReplace || control == kCreateNew) return Follow(window, box);
+    if (control == OP_Preview && code == BN_CLICKED) return FollowSelection(window, box);
+    if (control == LI_Sections && code == LBN_SELCHANGE) return FollowSelection(window, box);
+    OnExchangeFiles(window, box.files, notification);
 }
 
 bool Accept(HWND window, void* contents) {
@@ -116,10 +153,17 @@ bool Accept(HWND window, void* contents) {
     const bool createNew = IsCreateNew(window);
     const auto [path, selected] = AcceptExchange(window, box.files, !createNew);
     if (path.empty()) return false;
-    box.choice = {path, createNew,
+    box.choice = {path,
+                  createNew,
                   createNew ? int16_t{0} : static_cast<int16_t>(selected[0].number),
-                  WindowText(GetDlgItem(window, TX_Name)), box.choice.sections};
+                  WindowText(GetDlgItem(window, TX_Name)),
+                  box.choice.sections,
+                  std::move(box.choice.section)};
     return true;
+}
+
+bool OnKey(HWND window, void* contents, const MSG& message) {
+    return OnPictureKey(window, BoxOf(contents).files, message);
 }
 
 void Draw(void* contents, const DRAWITEMSTRUCT& item) {
@@ -136,6 +180,7 @@ bool AskExport(ExportChoice& choice) {
                                            .accept = Accept,
                                            .colour = nullptr,
                                            .notify = Notify,
+                                           .key = OnKey,
                                            .draw = Draw};
     ExportBox box{choice, {}};
     box.files.lists.pattern = L"*.vel";

@@ -4,22 +4,18 @@
 
 #include "shell/commands/commands.h"
 #include "shell/file_prompt.h"
-#include "shell/preview_pane.h"
 #include "shell/state.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
 #include "ui/dialogs/exchange_box.h"
-#include "ui/dialogs/list_controls.h"
-#include "ui/pictures/section_picture.h"
 
 namespace corvane {
 namespace {
 
 // Lengths in pixels at 96 dots per inch.
 constexpr int kGap = 8;
-constexpr int kLabelGap = 3;
-constexpr SIZE kSectionsSize{340, 430};
+
 constexpr int kListRows = 10;
 
 // The box while it is open.
@@ -27,40 +23,24 @@ struct ImportBox {
     ImportChoice& choice;
     const std::wstring& sectionsTag;
     ExchangeBox files;
-    // The preview.
-    bool isShown = false;
-    SectionModel section;
-    BasicShipData bsd;
 };
 
 ImportBox& BoxOf(void* contents) {
     return *static_cast<ImportBox*>(contents);
 }
 
-// The item that was clicked last; null without one.
-const ExchangeItem* CurrentItem(HWND window, const ImportBox& box) {
-    const LRESULT index = SendDlgItemMessageW(window, LI_Sections, LB_GETCARETINDEX, 0, 0);
-    const auto place = static_cast<size_t>(index);
-    return index >= 0 && place < box.files.items.size() ? &box.files.items[place] : nullptr;
-}
-
+// Shows the item that was clicked last.
 void OnListClick(HWND window, ImportBox& box) {
     if (shell.suppressListEvents) return;
-    const HWND picture = GetDlgItem(window, PIC_Section);
-    const ExchangeItem* current = CurrentItem(window, box);
-    const bool isOn = IsDlgButtonChecked(window, OP_Preview) == BST_CHECKED;
-    box.isShown = isOn && current != nullptr &&
-                  ReadForExchange(box.files.path, *current, box.section, box.bsd);
-    std::wstring why;
-    if (box.isShown) {
-        why = WhyNoPicture(box.section, box.bsd);
-    } else if (isOn && current != nullptr && current->kind != ModelKind::kSection) {
-        why = WhyNoPicture(current->kind);
+    const LRESULT caret = SendDlgItemMessageW(window, LI_Sections, LB_GETCARETINDEX, 0, 0);
+    const auto item = static_cast<size_t>(caret);
+    ExchangeBox& files = box.files;
+    if (IsPreviewOn(window) && caret >= 0 && item < files.items.size()) {
+        PreviewItem(files.preview, {files.path, files.items}, item);
+    } else {
+        EmptyPreview(files.preview);
     }
-    // A section that cannot be drawn must not leave the one before it in the picture.
-    ClearSectionPicture(picture, why);
-    if (box.isShown && why.empty()) RedrawSectionPicture(picture);
-    SetDlgItemTextW(window, LB_Service, box.isShown ? ServiceText(box.bsd).c_str() : L"");
+    ShowPreview(window, files);
 }
 
 // The first item is selected.
@@ -87,48 +67,23 @@ void AddControls(HWND window, void* contents) {
     ImportBox& box = BoxOf(contents);
     box.files.onItems = [window, &box] { OnItems(window, box); };
     AddFileLists(window, box.files.lists);
-    const DWORD button = WS_VISIBLE | WS_TABSTOP;
     AddSectionsList(window, L"Model&s:", LBS_EXTENDEDSEL);
-    AddControl(window, {OP_Preview, WC_BUTTONW, L"&Preview", button | BS_AUTOCHECKBOX});
-    CheckDlgButton(window, OP_Preview, BST_CHECKED);
-    PictureContents picture;
-    picture.draw = [&box](Picture& drawn) {
-        if (box.isShown) DrawSection(box.section, box.bsd, drawn);
-    };
-    picture.section = [&box] { return box.isShown ? &box.section : nullptr; };
-    picture.typeface = L"Arial";
-    CreateSectionPicture(window, std::move(picture));
-    AddControl(window,
-               {LB_Service, WC_STATICW, L"", WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS});
+    AddPreview(window, box.files);
     // In the row of OK and Cancel.
-    AddControl(window, {BT_Browse, WC_BUTTONW, L"&Browse...", button | BS_PUSHBUTTON | WS_GROUP});
+    AddControl(window, {BT_Browse, WC_BUTTONW, L"&Browse...",
+                        WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON | WS_GROUP});
     AddOkAndCancel(window);
-}
-
-void PlaceSections(HWND window, RECT area, UINT dpi) {
-    const LONG line = ControlTextSize(window, LB_Sections).cy;
-    const int labelGap = Scaled(kLabelGap, dpi);
-    const int gap = Scaled(kGap, dpi);
-    PlaceOnTop(window, LB_Sections, line, area);
-    area.top += labelGap;
-    const HWND list = GetDlgItem(window, LI_Sections);
-    const auto rowHeight = static_cast<LONG>(SendMessageW(list, LB_GETITEMHEIGHT, 0, 0));
-    PlaceOnTop(window, LI_Sections, kListRows * rowHeight + 2 * SystemMetric(SM_CYEDGE, dpi), area);
-    FitScrolling(list);
-    area.top += gap;
-    PlaceOnTop(window, OP_Preview, line + labelGap, area);
-    area.top += labelGap;
-    PlaceControl(window, LB_Service, {area.left, area.bottom - line, area.right, area.bottom});
-    area.bottom -= line + labelGap;
-    PlaceControl(window, PIC_Section, area);
 }
 
 SIZE Place(HWND window, void* contents, UINT dpi) {
     RECT area;
-    const SIZE size = PlaceExchangeBox(window, BoxOf(contents).files, kSectionsSize, dpi, area);
-    PlaceSections(window, area, dpi);
-    const SIZE browse = ButtonSize(window, BT_Browse, dpi);
+    ExchangeBox& files = BoxOf(contents).files;
+    const SIZE size = PlaceExchangeBox(window, files, dpi, area);
     const LONG margin = size.cx - area.right;
+    PlaceSectionsList(window, kListRows, dpi, area);
+    area.top += Scaled(kGap, dpi);
+    PlacePreview(window, files, dpi, area);
+    const SIZE browse = ButtonSize(window, BT_Browse, dpi);
     const LONG bottom = size.cy - margin;
     PlaceControl(window, BT_Browse, {margin, bottom - browse.cy, margin + browse.cx, bottom});
     return size;
@@ -158,6 +113,10 @@ bool Accept(HWND window, void* contents) {
     return true;
 }
 
+bool OnKey(HWND window, void* contents, const MSG& message) {
+    return OnPictureKey(window, BoxOf(contents).files, message);
+}
+
 void Draw(void* contents, const DRAWITEMSTRUCT& item) {
     DrawFolderItem(BoxOf(contents).files.lists.folders, item);
 }
@@ -172,8 +131,9 @@ bool AskImport(ImportChoice& choice, const std::wstring& sectionsTag) {
                                            .accept = Accept,
                                            .colour = nullptr,
                                            .notify = Notify,
+                                           .key = OnKey,
                                            .draw = Draw};
-    ImportBox box{choice, sectionsTag, {}, false, {}, {}};
+    ImportBox box{choice, sectionsTag, {}};
     box.files.lists.pattern = L"*.vel;*.vew;*.ve2";
     return RunDialog(kImportBox, L"DOS Velk Sections", &box);
 }

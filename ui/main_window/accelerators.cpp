@@ -5,23 +5,10 @@
 
 #include "shell/commands/commands.h"
 #include "ui/base/control_ids.h"
+#include "ui/base/keys.h"
 
 namespace corvane {
 namespace {
-
-static_assert(kLeftKey == VK_LEFT && kDownKey == VK_DOWN && kEnterKey == VK_RETURN &&
-              kDeleteKey == VK_DELETE && kF1Key == VK_F1 && kF6Key == VK_F6);
-
-bool IsHeld(int key) {
-    return GetKeyState(key) < 0;
-}
-
-Key KeyOf(const MSG& message) {
-    return {.code = static_cast<uint16_t>(message.wParam),
-            .control = IsHeld(VK_CONTROL),
-            .shift = IsHeld(VK_SHIFT),
-            .alt = IsHeld(VK_MENU)};
-}
 
 // A field that only shows a text does not type.
 bool IsTextField(HWND control) {

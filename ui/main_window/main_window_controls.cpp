@@ -12,12 +12,12 @@
 #include "ui/main_window/menus.h"
 #include "ui/main_window/model_list_view.h"
 #include "ui/main_window/path_field.h"
-#include "ui/main_window/picture_table.h"
 #include "ui/main_window/splitter.h"
 #include "ui/main_window/start_pane.h"
 #include "ui/main_window/status_bar.h"
 #include "ui/main_window/tool_tips.h"
 #include "ui/pictures/button_pictures.h"
+#include "ui/pictures/picture_table.h"
 #include "ui/pictures/section_picture.h"
 
 namespace corvane {
@@ -62,9 +62,13 @@ void AddRuleSets(HWND window) {
 void CreatePreviewPicture(HWND window) {
     PictureContents contents;
     contents.draw = DrawPreview;
-    contents.section = [] { return shell.preview.isShown ? &shell.preview.section : nullptr; };
+    contents.pane = &shell.preview;
     contents.onPointedAt = [window](const std::wstring& text) { ShowHint(window, text); };
-    contents.onMarked = [window] { ShowPictureTable(window); };
+    contents.onMarked = [window] {
+        if (ShowPictureTable(window)) {
+            LayOutMainWindow(window, StateOfMainWindow(window)->layout);
+        }
+    };
     CreateSectionPicture(window, std::move(contents));
 }
 

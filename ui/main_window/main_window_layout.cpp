@@ -6,9 +6,9 @@
 #include "ui/base/control_ids.h"
 #include "ui/base/dpi.h"
 #include "ui/main_window/model_list_view.h"
-#include "ui/main_window/picture_table.h"
 #include "ui/main_window/start_pane.h"
 #include "ui/main_window/status_bar.h"
+#include "ui/pictures/picture_table.h"
 
 namespace corvane {
 namespace {

@@ -5,7 +5,6 @@
 #include <memory>
 #include <utility>
 
-#include "shell/state.h"
 #include "ui/base/colours.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/dpi.h"
@@ -151,7 +150,7 @@ void Annotate(Picture& picture) {
     SectionModel* section = ShownSection(state);
     if (section == nullptr || !(picture.scaleWidth > 0)) return;
     Figure figure = SheetOver(picture);
-    AnnotatePicture(*section, shell.preview.options, state.places, figure);
+    AnnotatePicture(*section, state.source.pane->options, state.places, figure);
     DrawFigure(picture, figure);
 }
 
@@ -289,7 +288,8 @@ LRESULT CALLBACK PictureProcedure(HWND window, UINT message, WPARAM wParam, LPAR
 }  // namespace
 
 SectionModel* ShownSection(const PictureState& state) {
-    return state.isEmpty ? nullptr : state.source.section();
+    PreviewPane* pane = state.source.pane;
+    return state.isEmpty || pane == nullptr || !pane->isShown ? nullptr : &pane->section;
 }
 
 PictureState* PictureStateOf(HWND window) {

@@ -4,17 +4,18 @@
 #include <functional>
 #include <string>
 
-#include "database/section.h"
 #include "platform/win32/win32.h"
 #include "preview/section_preview.h"
+#include "shell/preview_pane.h"
 
 namespace corvane {
 
-// What a picture shows, and what it tells others. All of them are called while the window lives.
+// What a picture shows, and what it reports to others. All of them are called while the window
+// lives.
 struct PictureContents {
-    std::function<void(Picture&)> draw;  // draws a section, or nothing
-    // The section that is drawn; null without one.
-    std::function<SectionModel*()> section = [] { return nullptr; };
+    std::function<void(Picture&)> draw;  // draws what the pane shows, or nothing
+    // What is drawn; it stays where it is as long as the window lives.
+    PreviewPane* pane = nullptr;
     // What is under the pointer, on one line; empty when the pointer has left the picture.
     std::function<void(const std::wstring&)> onPointedAt = [](const std::wstring&) {};
     // The places that the user clicked on have changed; PictureFacts says what is there.

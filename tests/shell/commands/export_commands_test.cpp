@@ -196,8 +196,16 @@ TEST_F(ExportSectionCommand, SuccessIsNamedInTheStatusLine) {
 
 TEST_F(ExportSectionCommand, CancelChangesNothing) {
     ME_SectionExport_Click();
-    EXPECT_TRUE(RecordedReports::events.empty());
+    EXPECT_TRUE(Warnings().empty());
+    EXPECT_TRUE(RecordedReports::Of("caption").empty()) << "the status line stays";
     EXPECT_EQ(shell.settings.BrowseDirectory, browse);
+}
+
+TEST_F(ExportSectionCommand, BoxHasTheSectionForItsPreview) {
+    WriteLegacyDatabase(legacy, {});
+    Export(New(L"Frame 10"));
+    EXPECT_EQ(proposed.section.name, L"Frame 10");
+    EXPECT_EQ(proposed.section.panels.size(), 1u);
 }
 
 TEST_F(ExportSectionCommand, OtherKindsAreRefusedBeforeTheBox) {

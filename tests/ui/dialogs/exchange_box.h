@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
+#include "report/messages.h"
 #include "shell/state.h"
 #include "tests/shell/fake_view.h"
 #include "tests/support/recorded_reports.h"
@@ -87,6 +89,17 @@ struct ExchangeBoxTest : testing::Test {
             if (!IsDialogMessageW(window, &message)) DispatchMessageW(&message);
         }
     }
+    // The same with the Ctrl key held.
+    static void PressControlKeyIn(HWND window, int id, WPARAM key) {
+        BYTE before[256];
+        BYTE held[256];
+        GetKeyboardState(before);
+        std::ranges::copy(before, held);
+        held[VK_CONTROL] = 0x80;
+        SetKeyboardState(held);
+        PressKeyIn(window, id, key);
+        SetKeyboardState(before);
+    }
     // Controls that the Tab key goes to, from the first one on.
     static std::vector<int> TabOrder(HWND window, int first) {
         std::vector<int> order{first};
@@ -97,13 +110,85 @@ struct ExchangeBoxTest : testing::Test {
             order.push_back(GetDlgCtrlID(control));
         }
     }
-    // At 96 dots per inch, on a screen of 800 by 600 with a task bar.
+    // What the picture shows, row by row.
+    static std::vector<COLORREF> Pixels(HWND window) {
+        const HWND picture = GetDlgItem(window, PIC_Section);
+        RECT client{};
+        GetClientRect(picture, &client);
+        const HDC screenDc = GetDC(picture);
+        const HDC dc = CreateCompatibleDC(screenDc);
+        const HBITMAP bitmap = CreateCompatibleBitmap(screenDc, client.right, client.bottom);
+        const HGDIOBJ before = SelectObject(dc, bitmap);
+        SendMessageW(picture, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
+        std::vector<COLORREF> pixels;
+        for (int y = 0; y < client.bottom; ++y) {
+            for (int x = 0; x < client.right; ++x) pixels.push_back(GetPixel(dc, x, y));
+        }
+        SelectObject(dc, before);
+        DeleteObject(bitmap);
+        DeleteDC(dc);
+        ReleaseDC(picture, screenDc);
+        return pixels;
+    }
+    // Number of pixels of the picture that are not of its background.
+    static int DrawnPixels(HWND window) {
+        const COLORREF background = GetSysColor(COLOR_WINDOW);
+        return static_cast<int>(std::ranges::count_if(
+            Pixels(window), [background](COLORREF pixel) { return pixel != background; }));
+    }
+    // Plating, stiffeners and ends of plates are in it.
+    static bool ShowsLines(HWND window) {
+        const std::vector<COLORREF> pixels = Pixels(window);
+        return std::ranges::count(pixels, RGB(0, 0, 255)) > 30 &&
+               std::ranges::count(pixels, RGB(0, 128, 0)) > 10;
+    }
+    static bool ShowsPreview(HWND window) {
+        return DrawnPixels(window) > 100 && !TextOf(window, LB_Service).empty();
+    }
+    static bool ShowsNoPreview(HWND window) {
+        return DrawnPixels(window) == 0 && TextOf(window, LB_Service).empty();
+    }
+    // Clicks into the picture, at parts of its width and height.
+    static void ClickPicture(HWND window, double across, double down) {
+        const HWND picture = GetDlgItem(window, PIC_Section);
+        RECT client{};
+        GetClientRect(picture, &client);
+        const LPARAM at = MAKELPARAM(static_cast<int>(across * client.right),
+                                     static_cast<int>(down * client.bottom));
+        SendMessageW(picture, WM_LBUTTONDOWN, MK_LBUTTON, at);
+        SendMessageW(picture, WM_LBUTTONUP, 0, at);
+    }
+    // A picture with a mark has the table of what is there beside it, at every resolution.
+    static void ExpectTableBesidePicture(HWND window) {
+        EXPECT_FALSE(IsShown(window, TX_Facts));
+        ClickPicture(window, 0.5, 0.5);
+        for (const WORD dpi : kResolutions) {
+            ExpectWholeAt(window, dpi);
+            ASSERT_TRUE(IsShown(window, TX_Facts));
+            const RECT picture = PlaceIn(window, PIC_Section);
+            const RECT table = PlaceIn(window, TX_Facts);
+            EXPECT_GT(table.left, picture.right);
+            EXPECT_EQ(table.bottom, picture.bottom);
+            EXPECT_GT(picture.right - picture.left, 150 * dpi / 96);
+            EXPECT_LE(picture.bottom, PlaceIn(window, LB_Service).top);
+        }
+        EXPECT_EQ(LabelBefore(window, TX_Facts), Narrow(GetMessage(kMsgMarkedPlace)));
+        EXPECT_TRUE(TextOf(window, TX_Facts).starts_with("y\t")) << TextOf(window, TX_Facts);
+    }
+    // At 96 dots per inch, on a screen of 800 by 600 with a task bar; at 144, on one of 1024 by
+    // 768.
     static void ExpectFitsASmallScreen(HWND window) {
-        ScaleTo(window, 96);
-        RECT whole{};
-        GetWindowRect(window, &whole);
-        EXPECT_LE(whole.right - whole.left, 800);
-        EXPECT_LE(whole.bottom - whole.top, 560);
+        const struct {
+            WORD dpi;
+            LONG width, height;
+        } screens[] = {{144, 1024, 768}, {96, 800, 560}};
+        for (const auto& screen : screens) {
+            ScaleTo(window, screen.dpi);
+            RECT whole{};
+            GetWindowRect(window, &whole);
+            EXPECT_LE(whole.right - whole.left, screen.width) << screen.dpi;
+            EXPECT_LE(whole.bottom - whole.top, screen.height) << screen.dpi;
+        }
     }
     // The label before a control names it for screen readers.
     static std::string LabelBefore(HWND window, int id) {

@@ -5,8 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "bsd/bsd_file.h"
+#include "database/section_block.h"
 #include "files/paths.h"
 #include "report/messages.h"
+#include "tests/shell/sample_models.h"
 #include "tests/ui/dialogs/exchange_box.h"
 
 namespace corvane {
@@ -20,6 +23,14 @@ constexpr int kCreateNew = OP_CreateNew + 1;
 
 struct ExportBoxTest : test::ExchangeBoxTest {
     ExportChoice choice;
+
+    // The sample ship's midship section is exported.
+    ExportBoxTest() {
+        const std::wstring path = test::SamplePath();
+        EXPECT_TRUE(LoadBsdFromDatabase(path, shell.database.bsd));
+        EXPECT_TRUE(ReadSectionBlock(path, 5, false, choice.section));
+        test::RecordedReports::events.clear();
+    }
 
     // Shows the box to `look`, which may press OK; otherwise the box is cancelled.
     bool Ask(const std::function<void(HWND)>& look) {
@@ -201,6 +212,114 @@ TEST_F(ExportBoxTest, NameHoldsFortyCharacters) {
     EXPECT_EQ(choice.name, std::wstring(40, L'y'));
 }
 
+// ---- Preview -----------------------------------------------------------------------------------
+
+constexpr char kExported[] = "To be exported: Midship section, hold 4";
+
+TEST_F(ExportBoxTest, PreviewShowsTheSectionToBeExportedAtOnce) {
+    Ask([](HWND window) {
+        EXPECT_EQ(test::TextOf(window, OP_Preview), "&Preview");
+        EXPECT_EQ(IsDlgButtonChecked(window, OP_Preview), BST_CHECKED);
+        EXPECT_TRUE(ShowsLines(window));
+        EXPECT_EQ(test::TextOf(window, LB_Service), kExported);
+    });
+    choice.sections = 3;
+    Ask([](HWND window) {
+        EXPECT_EQ(test::TextOf(window, LB_Service),
+                  "The first of 3 to be exported: Midship section, hold 4");
+    });
+}
+
+TEST_F(ExportBoxTest, PreviewShowsTheSectionToBeReplacedOnceThereIsOne) {
+    Legacy(L"ship.vel");
+    Ask([](HWND window) {
+        const std::vector<COLORREF> exported = Pixels(window);
+        Choose(window, L"ship.vel");
+        EXPECT_EQ(test::TextOf(window, LB_Service), kExported) << "it becomes a new one";
+        SetOption(window, kReplace);
+        EXPECT_EQ(test::TextOf(window, LB_Service), kExported) << "none is selected";
+        Select(window, LI_Sections, 8);
+        EXPECT_EQ(test::TextOf(window, LB_Service), "To be replaced: Fore peak, frame 270");
+        EXPECT_TRUE(ShowsLines(window));
+        EXPECT_NE(Pixels(window), exported);
+        SetOption(window, kCreateNew);
+        EXPECT_EQ(test::TextOf(window, LB_Service), kExported);
+        EXPECT_EQ(Pixels(window), exported);
+        SetOption(window, kReplace);
+        EXPECT_EQ(test::TextOf(window, LB_Service), "To be replaced: Fore peak, frame 270");
+        Choose(window, L"ship.vel");
+        EXPECT_EQ(test::TextOf(window, LB_Service), kExported) << "nothing is selected now";
+        EXPECT_EQ(Pixels(window), exported);
+    });
+}
+
+TEST_F(ExportBoxTest, PreviewIsTurnedOffAndOn) {
+    Legacy(L"ship.vel");
+    Ask([](HWND window) {
+        SetOption(window, OP_Preview);
+        EXPECT_TRUE(ShowsNoPreview(window));
+        Choose(window, L"ship.vel");
+        SetOption(window, kReplace);
+        Select(window, LI_Sections, 2);
+        EXPECT_TRUE(ShowsNoPreview(window));
+        SetOption(window, OP_Preview);
+        EXPECT_TRUE(ShowsLines(window));
+        EXPECT_EQ(test::TextOf(window, LB_Service), "To be replaced: Hold 6, frame 91");
+    });
+}
+
+TEST_F(ExportBoxTest, PreviewOfTheMainWindowIsNotTouched) {
+    Legacy(L"ship.vel");
+    shell.preview.section.x_m = 77;
+    Ask([](HWND window) {
+        Choose(window, L"ship.vel");
+        SetOption(window, kReplace);
+        Select(window, LI_Sections, 2);
+    });
+    EXPECT_EQ(shell.preview.section.x_m, 77);
+    EXPECT_FALSE(HasPicture(shell.preview));
+}
+
+TEST_F(ExportBoxTest, FileDamagedAfterItWasListedClearsThePreviewAndIsReported) {
+    const std::wstring path = Legacy(L"ship.vel");
+    Ask([&](HWND window) {
+        Choose(window, L"ship.vel");
+        SetOption(window, kReplace);
+        Select(window, LI_Sections, 2);
+        EXPECT_TRUE(ShowsPreview(window));
+        test::WriteFileBytes(path, "damaged");
+        test::RecordedReports::events.clear();
+        Select(window, LI_Sections, 3);
+        EXPECT_TRUE(ShowsNoPreview(window));
+        EXPECT_EQ(test::RecordedReports::Of("warning").size(), 1U);
+    });
+}
+
+TEST_F(ExportBoxTest, SectionWithoutShipDataSaysWhyItIsNotDrawn) {
+    shell.database.bsd.MainData(9) = 0;
+    Ask([](HWND window) {
+        EXPECT_EQ(test::TextOf(window, PIC_Section), Narrow(GetMessage(kMsgNoShipData)));
+        EXPECT_FALSE(ShowsLines(window));
+        EXPECT_EQ(test::TextOf(window, LB_Service), kExported);
+    });
+}
+
+TEST_F(ExportBoxTest, KeysZoomAndMarkWithoutTakingLettersFromTheName) {
+    Ask([](HWND window) {
+        const std::vector<COLORREF> fitted = Pixels(window);
+        PressControlKeyIn(window, TX_Name, VK_OEM_PLUS);
+        EXPECT_NE(Pixels(window), fitted);
+        PressControlKeyIn(window, TX_Name, '0');
+        EXPECT_EQ(Pixels(window), fitted);
+        SetWindowTextW(GetDlgItem(window, TX_Name), L"");
+        PressKeyIn(window, TX_Name, 'B');
+        EXPECT_EQ(test::TextOf(window, TX_Name), "b");
+        PressKeyIn(window, PIC_Section, VK_SPACE);
+        EXPECT_TRUE(test::IsShown(window, TX_Facts));
+        EXPECT_TRUE(test::TextOf(window, TX_Facts).starts_with("y\t"));
+    });
+}
+
 // ---- Drives, folders and files -----------------------------------------------------------------
 
 TEST_F(ExportBoxTest, FolderListShowsTheWayDownAndTheSubfolders) {
@@ -380,11 +499,14 @@ TEST_F(ExportBoxTest, FiveThousandFilesAreListedQuickly) {
 
 TEST_F(ExportBoxTest, TabOrderIsAsItIsRead) {
     Ask([](HWND window) {
-        EXPECT_EQ(TabOrder(window, DRV_Db), (std::vector<int>{DRV_Db, DIR_Db, FIL_Db, kCreateNew,
-                                                              TX_Name, BT_Ok, BT_Cancel}));
+        EXPECT_EQ(TabOrder(window, DRV_Db),
+                  (std::vector<int>{DRV_Db, DIR_Db, FIL_Db, kCreateNew, TX_Name, OP_Preview,
+                                    PIC_Section, BT_Ok, BT_Cancel}));
         SetOption(window, kReplace);
-        EXPECT_EQ(TabOrder(window, DRV_Db), (std::vector<int>{DRV_Db, DIR_Db, FIL_Db, kReplace,
-                                                              LI_Sections, BT_Ok, BT_Cancel}));
+        ClickPicture(window, 0.5, 0.5);
+        EXPECT_EQ(TabOrder(window, DRV_Db),
+                  (std::vector<int>{DRV_Db, DIR_Db, FIL_Db, kReplace, LI_Sections, OP_Preview,
+                                    PIC_Section, TX_Facts, BT_Ok, BT_Cancel}));
     });
 }
 
@@ -411,8 +533,13 @@ TEST_F(ExportBoxTest, EveryResolutionScalesItWhole) {
             EXPECT_LT(test::PlaceIn(window, DIR_Db).bottom,
                       test::PlaceIn(window, LB_Files).top + 1);
             EXPECT_GT(files.bottom - files.top, 6 * test::TextSizeOf(window, LB_Files).cy);
-            EXPECT_LT(test::PlaceIn(window, LI_Sections).bottom, test::PlaceIn(window, BT_Ok).top);
+            const RECT picture = test::PlaceIn(window, PIC_Section);
+            EXPECT_LT(test::PlaceIn(window, LI_Sections).bottom, picture.top);
+            EXPECT_GT(picture.bottom - picture.top, 150 * dpi / 96);
+            EXPECT_LE(test::PlaceIn(window, LB_Service).bottom, test::PlaceIn(window, BT_Ok).top);
+            EXPECT_TRUE(ShowsPreview(window));
         }
+        ExpectTableBesidePicture(window);
         ExpectFitsASmallScreen(window);
     });
 }

@@ -5,9 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "database/editing.h"
 #include "database/listing.h"
 #include "platform/ztutil32.h"
 #include "report/messages.h"
+#include "tests/companions/section_builder.h"
 #include "tests/shell/fake_view.h"
 #include "tests/ui/dialogs/exchange_box.h"
 
@@ -52,34 +54,6 @@ struct ImportBoxTest : test::ExchangeBoxTest {
     }
     static LRESULT SelectedCount(HWND window) {
         return SendDlgItemMessageW(window, LI_Sections, LB_GETSELCOUNT, 0, 0);
-    }
-    // Number of pixels of the picture that are not of its background.
-    static int DrawnPixels(HWND window) {
-        const HWND picture = GetDlgItem(window, PIC_Section);
-        RECT client{};
-        GetClientRect(picture, &client);
-        const HDC screenDc = GetDC(picture);
-        const HDC dc = CreateCompatibleDC(screenDc);
-        const HBITMAP bitmap = CreateCompatibleBitmap(screenDc, client.right, client.bottom);
-        const HGDIOBJ before = SelectObject(dc, bitmap);
-        SendMessageW(picture, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
-        int count = 0;
-        for (int y = 0; y < client.bottom; ++y) {
-            for (int x = 0; x < client.right; ++x) {
-                count += GetPixel(dc, x, y) != GetSysColor(COLOR_WINDOW) ? 1 : 0;
-            }
-        }
-        SelectObject(dc, before);
-        DeleteObject(bitmap);
-        DeleteDC(dc);
-        ReleaseDC(picture, screenDc);
-        return count;
-    }
-    static bool ShowsPreview(HWND window) {
-        return DrawnPixels(window) > 100 && !test::TextOf(window, LB_Service).empty();
-    }
-    static bool ShowsNoPreview(HWND window) {
-        return DrawnPixels(window) == 0 && test::TextOf(window, LB_Service).empty();
     }
 };
 
@@ -147,10 +121,137 @@ TEST_F(ImportBoxTest, PreviewFollowsTheClickedItem) {
         EXPECT_NE(DrawnPixels(window), first);
         const int last = static_cast<int>(Count(window, LI_Sections)) - 1;
         SelectItems(window, {last});
-        EXPECT_EQ(test::TextOf(window, PIC_Section),
-                  "There is no picture for a model of this kind (Torsion).");
+        EXPECT_EQ(test::TextOf(window, PIC_Section), Narrow(GetMessage(kMsgTorsionLayout)));
         EXPECT_TRUE(test::TextOf(window, LB_Service).empty());
     });
+}
+
+// Rows of the sample ship's list.
+constexpr int kCorrugated = 10;
+
+TEST_F(ImportBoxTest, BulkheadsAreDrawnAsInTheMainWindow) {
+    Model(L"ship.ve2");
+    Model(L"older.vew");
+    Ask([](HWND window) {
+        for (const wchar_t* name : {L"ship.ve2", L"older.vew"}) {
+            Choose(window, name);
+            SelectItems(window, {kCorrugated});
+            EXPECT_TRUE(ShowsLines(window));
+            EXPECT_EQ(test::TextOf(window, LB_Service), "Aurora Bay (Bulk carrier)");
+        }
+    });
+}
+
+TEST_F(ImportBoxTest, ControlAndBShowsTheNextBulkheadWhereverTheFocusIs) {
+    Model(L"ship.ve2");
+    Ask([](HWND window) {
+        Choose(window, L"ship.ve2");
+        SelectItems(window, {kCorrugated});
+        const std::vector<COLORREF> all = Pixels(window);
+        PressControlKeyIn(window, LI_Sections, 'B');
+        EXPECT_NE(Pixels(window), all);
+        EXPECT_TRUE(test::TextOf(window, LB_Service).starts_with("Bulkhead 1 of "))
+            << test::TextOf(window, LB_Service);
+        for (const int id : {FIL_Db, PIC_Section, OP_Preview, DRV_Db, BT_Ok, DIR_Db, BT_Browse}) {
+            if (test::TextOf(window, LB_Service).starts_with("All bulkheads: ")) break;
+            PressControlKeyIn(window, id, 'B');
+        }
+        EXPECT_TRUE(test::TextOf(window, LB_Service).starts_with("All bulkheads: "));
+        EXPECT_EQ(Pixels(window), all);
+        PressKeyIn(window, LI_Sections, 'B');
+        EXPECT_EQ(Pixels(window), all) << "B alone is a letter for the list";
+    });
+}
+
+TEST_F(ImportBoxTest, ControlKeysZoomAndFit) {
+    Legacy(L"ship.vel");
+    Ask([](HWND window) {
+        Choose(window, L"ship.vel");
+        const std::vector<COLORREF> fitted = Pixels(window);
+        PressControlKeyIn(window, FIL_Db, VK_OEM_PLUS);
+        const std::vector<COLORREF> larger = Pixels(window);
+        EXPECT_NE(larger, fitted);
+        PressControlKeyIn(window, FIL_Db, VK_OEM_PLUS);
+        PressControlKeyIn(window, FIL_Db, VK_OEM_MINUS);
+        EXPECT_EQ(Pixels(window), larger);
+        PressControlKeyIn(window, FIL_Db, '0');
+        EXPECT_EQ(Pixels(window), fitted);
+        PressControlKeyIn(window, FIL_Db, 'B');
+        EXPECT_EQ(Pixels(window), fitted) << "a section has no bulkheads";
+    });
+}
+
+TEST_F(ImportBoxTest, MarkedPlaceIsListedInATableThatCanBeCopied) {
+    Model(L"ship.ve2");
+    Ask([](HWND window) {
+        Choose(window, L"ship.ve2");
+        const RECT before = test::PlaceIn(window, PIC_Section);
+        EXPECT_FALSE(test::IsShown(window, TX_Facts));
+        ClickPicture(window, 0.5, 0.5);
+        ASSERT_TRUE(test::IsShown(window, TX_Facts));
+        EXPECT_TRUE(test::IsShown(window, LB_Facts));
+        const HWND table = GetDlgItem(window, TX_Facts);
+        EXPECT_NE(GetWindowLongPtrW(table, GWL_STYLE) & ES_READONLY, 0);
+        EXPECT_TRUE(test::TextOf(window, TX_Facts).starts_with("y\t"))
+            << test::TextOf(window, TX_Facts);
+        const size_t one = test::TextOf(window, TX_Facts).size();
+        ClickPicture(window, 0.3, 0.4);
+        EXPECT_GT(test::TextOf(window, TX_Facts).size(), one) << "the distance comes on top";
+        SendMessageW(table, EM_SETSEL, 0, 1);
+        SendMessageW(table, WM_COPY, 0, 0);
+        ASSERT_NE(OpenClipboard(window), 0);
+        const HANDLE text = GetClipboardData(CF_UNICODETEXT);
+        const std::wstring copied = static_cast<const wchar_t*>(GlobalLock(text));
+        GlobalUnlock(text);
+        CloseClipboard();
+        EXPECT_EQ(Narrow(copied), "y");
+        PressKeyIn(window, PIC_Section, VK_ESCAPE);
+        EXPECT_TRUE(IsOpen(window)) << "Esc only forgets the places";
+        EXPECT_FALSE(test::IsShown(window, TX_Facts));
+        const RECT after = test::PlaceIn(window, PIC_Section);
+        EXPECT_TRUE(EqualRect(&after, &before));
+    });
+}
+
+TEST_F(ImportBoxTest, AnotherModelForgetsTheMarkedPlaces) {
+    Model(L"ship.ve2");
+    Ask([](HWND window) {
+        for (const int row : {3, kCorrugated, 13}) {
+            Choose(window, L"ship.ve2");
+            ClickPicture(window, 0.5, 0.5);
+            ASSERT_TRUE(test::IsShown(window, TX_Facts)) << row;
+            SelectItems(window, {row});
+            EXPECT_FALSE(test::IsShown(window, TX_Facts)) << row;
+        }
+        SelectItems(window, {kCorrugated});
+        ClickPicture(window, 0.5, 0.5);
+        EXPECT_FALSE(test::IsShown(window, TX_Facts)) << "nothing describes a bulkhead";
+    });
+}
+
+TEST_F(ImportBoxTest, LabelStaysWhileThePointerIsInThePicture) {
+    Legacy(L"ship.vel");
+    Ask([](HWND window) {
+        Choose(window, L"ship.vel");
+        SendMessageW(GetDlgItem(window, PIC_Section), WM_MOUSEMOVE, 0, MAKELPARAM(60, 60));
+        EXPECT_EQ(test::TextOf(window, LB_Service), "Aurora Bay (Bulk carrier)");
+    });
+}
+
+TEST_F(ImportBoxTest, SwitchesOfTheViewMenuAreThoseOfTheMainWindow) {
+    Model(L"ship.ve2");
+    std::vector<COLORREF> plain[2], switched[2];
+    for (const bool areOn : {false, true}) {
+        shell.preview.options.hasLegend = shell.preview.options.hasScaleBar = areOn;
+        Ask([&](HWND window) {
+            Choose(window, L"ship.ve2");
+            (areOn ? switched : plain)[0] = Pixels(window);
+            SelectItems(window, {kCorrugated});
+            (areOn ? switched : plain)[1] = Pixels(window);
+        });
+    }
+    EXPECT_NE(switched[0], plain[0]) << "section";
+    EXPECT_NE(switched[1], plain[1]) << "bulkheads";
 }
 
 TEST_F(ImportBoxTest, PreviewIsTurnedOffAndOn) {
@@ -273,6 +374,54 @@ TEST_F(ImportBoxTest, DamagedFileClearsThePreviewOfTheOneBefore) {
     });
 }
 
+TEST_F(ImportBoxTest, FileDamagedAfterItWasListedClearsThePreviewAndIsReported) {
+    const std::wstring path = Model(L"ship.ve2");
+    Ask([&](HWND window) {
+        for (const int row : {2, kCorrugated}) {
+            Choose(window, L"ship.ve2");
+            EXPECT_TRUE(ShowsPreview(window));
+            test::WriteFileBytes(path, "damaged");
+            test::RecordedReports::events.clear();
+            SelectItems(window, {row});
+            EXPECT_TRUE(ShowsNoPreview(window)) << row;
+            const Texts warnings = test::RecordedReports::Of("warning");
+            ASSERT_EQ(warnings.size(), 1U) << row;
+            EXPECT_NE(warnings[0].find("ship.ve2"), std::string::npos) << warnings[0];
+            Model(L"ship.ve2");
+        }
+    });
+}
+
+// One without plating, and one whose nodes are all at one place.
+TEST_F(ImportBoxTest, SectionThatCannotBeDrawnLeavesNothingOfTheOneBefore) {
+    std::wstring path = Model(L"ship.ve2");
+    SectionModel bare;
+    bare.name = L"Bare";
+    bare.panels.resize(2);
+    ASSERT_TRUE(ReplaceSection(path, bare, 2));
+    Panel point;
+    point.nodes = {test::GivenNode(3, 4), test::GivenNode(3, 4)};
+    SectionModel onePoint;
+    onePoint.name = L"One point";
+    onePoint.panels.assign(2, point);
+    ASSERT_TRUE(ReplaceSection(path, onePoint, 3));
+    Ask([](HWND window) {
+        Choose(window, L"ship.ve2");
+        SelectItems(window, {1});
+        EXPECT_EQ(test::TextOf(window, PIC_Section), Narrow(GetMessage(kMsgNoPlating)));
+        EXPECT_FALSE(ShowsLines(window));
+        SelectItems(window, {0});
+        EXPECT_TRUE(ShowsLines(window));
+        SelectItems(window, {2});
+        EXPECT_FALSE(ShowsLines(window));
+        ClickPicture(window, 0.5, 0.5);
+        PressControlKeyIn(window, PIC_Section, VK_OEM_PLUS);
+        SelectItems(window, {0});
+        EXPECT_TRUE(ShowsLines(window));
+        EXPECT_TRUE(test::RecordedReports::Of("warning").empty());
+    });
+}
+
 TEST_F(ImportBoxTest, OtherFolderClearsListAndPreview) {
     Subfolder(L"inner");
     Legacy(L"ship.vel");
@@ -368,10 +517,16 @@ TEST_F(ImportBoxTest, BrowsedFileOfAnotherExtensionIsListedToo) {
 // ---- Layout and keys ---------------------------------------------------------------------------
 
 TEST_F(ImportBoxTest, TabOrderIsAsItIsRead) {
+    Legacy(L"ship.vel");
     Ask([](HWND window) {
         EXPECT_EQ(TabOrder(window, DRV_Db),
                   (std::vector<int>{DRV_Db, DIR_Db, FIL_Db, LI_Sections, OP_Preview, PIC_Section,
                                     BT_Browse, BT_Ok, BT_Cancel}));
+        Choose(window, L"ship.vel");
+        ClickPicture(window, 0.5, 0.5);
+        EXPECT_EQ(TabOrder(window, DRV_Db),
+                  (std::vector<int>{DRV_Db, DIR_Db, FIL_Db, LI_Sections, OP_Preview, PIC_Section,
+                                    TX_Facts, BT_Browse, BT_Ok, BT_Cancel}));
         EXPECT_EQ(LabelBefore(window, LI_Sections), "Model&s:");
         EXPECT_EQ(LabelBefore(window, FIL_Db), "&Files:");
     });
@@ -402,6 +557,7 @@ TEST_F(ImportBoxTest, EveryResolutionScalesItWhole) {
             EXPECT_LE(picture.bottom, test::PlaceIn(window, LB_Service).top);
             EXPECT_LE(test::PlaceIn(window, LB_Service).bottom, test::PlaceIn(window, BT_Ok).top);
         }
+        ExpectTableBesidePicture(window);
         ExpectFitsASmallScreen(window);
     });
 }

@@ -39,7 +39,7 @@ struct SectionPicture : testing::Test {
                                  nullptr, nullptr);
         PictureContents contents;
         contents.draw = DrawPreview;
-        contents.section = [] { return shell.preview.isShown ? &shell.preview.section : nullptr; };
+        contents.pane = &shell.preview;
         contents.onPointedAt = [this](const std::wstring& text) { pointedAt.push_back(text); };
         contents.onMarked = [this] { ++markedCount; };
         picture = CreateSectionPicture(parent, std::move(contents));

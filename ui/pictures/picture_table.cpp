@@ -1,4 +1,4 @@
-#include "ui/main_window/picture_table.h"
+#include "ui/pictures/picture_table.h"
 
 #include <string>
 
@@ -6,14 +6,13 @@
 #include "text/text.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
-#include "ui/main_window/main_window_state.h"
 #include "ui/pictures/section_picture.h"
 
 namespace corvane {
 namespace {
 
 // Where the values begin, in quarters of an average character.
-constexpr UINT kValueColumn = 80;
+constexpr UINT kValueColumn = 70;
 
 }  // namespace
 
@@ -28,15 +27,15 @@ void CreatePictureTable(HWND window) {
     SendMessageW(field, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&kValueColumn));
 }
 
-void ShowPictureTable(HWND window) {
+bool ShowPictureTable(HWND window) {
     const std::wstring facts = PictureFacts(GetDlgItem(window, PIC_Section));
     SetDlgItemTextW(window, TX_Facts, WithLineFeeds(facts).c_str());
     const bool isShown = !facts.empty();
-    if (isShown == IsPictureTableShown(window)) return;
+    if (isShown == IsPictureTableShown(window)) return false;
     for (const int id : {LB_Facts, TX_Facts}) {
         ShowWindow(GetDlgItem(window, id), isShown ? SW_SHOWNA : SW_HIDE);
     }
-    LayOutMainWindow(window, StateOfMainWindow(window)->layout);
+    return true;
 }
 
 bool IsPictureTableShown(HWND window) {
