@@ -93,7 +93,7 @@ int MeasurePictures(const std::wstring& path) {
                                         1000, 700, nullptr, nullptr, nullptr, nullptr);
     PictureContents contents;
     contents.draw = DrawPreview;
-    contents.section = [] { return &shell.preview.section; };
+    contents.pane = &shell.preview;
     const HWND picture = CreateSectionPicture(window, contents);
     SetWindowPos(picture, nullptr, 0, 0, 1000, 700, SWP_NOZORDER | SWP_NOACTIVATE);
     std::printf("%-32s %8s %8s\n", "frame, ms", "median", "slow");
