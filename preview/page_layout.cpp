@@ -29,7 +29,8 @@ constexpr double kTableRow_mm = 4.2;
 constexpr double kTableText_mm = 2.4;
 constexpr double kLabelShare = 0.55;  // of the table's breadth
 
-constexpr double kRemark_mm = 2.4;  // letters of a remark below the model
+constexpr double kAroundModel_mm = 4;  // free at each side of it
+constexpr double kRemark_mm = 2.4;     // letters of a remark below the model
 constexpr double kRemarkRow_mm = 4;
 
 double WidthOf(const SheetArea& area) {
@@ -148,8 +149,8 @@ bool IsLarger(const ShipBox& extent, const SheetArea& window, double mmPerMetre)
 
 // Draws the model into its part of the page, with the remark below it where it is cut off.
 void AddModel(Page& page, SheetArea area, const PageContents& contents) {
-    area = {area.left + kPadding_mm, area.top + kPadding_mm, area.right - kPadding_mm,
-            area.bottom - kPadding_mm};
+    area = {area.left + kAroundModel_mm, area.top + kAroundModel_mm, area.right - kAroundModel_mm,
+            area.bottom - kAroundModel_mm};
     if (!CanBeDrawn(contents.extent) || !(WidthOf(area) > 0) || !(HeightOf(area) > kRemarkRow_mm)) {
         return;
     }

@@ -7,6 +7,15 @@
 #include "shell/state.h"
 
 namespace corvane {
+namespace {
+
+void LayOutPage(PagePreview& preview) {
+    SetBusyPointer();
+    preview.shown = preview.job.makePage(preview.page, preview.paper);
+    ResetMousePointer();
+}
+
+}  // namespace
 
 Paper UsualPaper(bool isPortrait) {
     constexpr double kShort_mm = 210;
@@ -14,11 +23,9 @@ Paper UsualPaper(bool isPortrait) {
     return isPortrait ? Paper{kShort_mm, kLong_mm, {}} : Paper{kLong_mm, kShort_mm, {}};
 }
 
-void LayOutPage(PagePreview& preview) {
-    SetBusyPointer();
+void TakePaper(PagePreview& preview) {
     preview.paper = preview.paperFor(shell.pages.isPortrait);
-    preview.shown = preview.job.makePage(preview.page, preview.paper);
-    ResetMousePointer();
+    LayOutPage(preview);
 }
 
 void ShowPage(PagePreview& preview, int page) {
@@ -36,7 +43,7 @@ void ChooseScale(PagePreview& preview, size_t choice) {
 
 void ChoosePortrait(PagePreview& preview, bool isPortrait) {
     shell.pages.isPortrait = isPortrait;
-    LayOutPage(preview);
+    TakePaper(preview);
 }
 
 void SwitchTable(PagePreview& preview, bool isOn) {

@@ -22,8 +22,8 @@ struct PagePreview {
     Page shown{};  // that page on that paper, as shell.pages says
 };
 
-// Lays the page out again.
-void LayOutPage(PagePreview& preview);
+// Asks for the paper, at the beginning and when it may be another one, and lays the page out on it.
+void TakePaper(PagePreview& preview);
 
 // What the user does; the page is laid out again where it changes.
 void ShowPage(PagePreview& preview, int page);  // the nearest one that there is

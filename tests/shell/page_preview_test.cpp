@@ -42,7 +42,7 @@ struct PagePreviewTest : testing::Test {
             shown.isCutOff = shell.pages.scale == 10;
             return shown;
         };
-        LayOutPage(preview);
+        TakePaper(preview);
     }
 };
 

@@ -38,7 +38,7 @@ struct PreviewBox {
     explicit PreviewBox(const PrintJob& job) : preview{.job = job} {
         TakeDefaultPrinter(printer);
         preview.paperFor = [this](bool isPortrait) { return TurnPaper(printer, isPortrait); };
-        LayOutPage(preview);
+        TakePaper(preview);
     }
     bool HasSeveralPages() const { return preview.job.pageCount > 1; }
 };
@@ -228,7 +228,7 @@ bool Accept(HWND window, void* contents) {
     PreviewBox& box = BoxOf(contents);
     if (PrintThroughSystem(box.preview.job, box.printer) == PrintEnd::kPrinted) return true;
     // The user may have chosen another printer.
-    LayOutPage(box.preview);
+    TakePaper(box.preview);
     ShowPreview(window, box);
     return false;
 }
