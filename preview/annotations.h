@@ -17,6 +17,8 @@ struct PictureOptions {
     bool hasPanelNames = false;
     bool hasNumbers = false;    // of the nodes and the strakes
     bool hasThickness = false;  // plates in colours, with a key
+    // What is at the marked places, as a table in pictures that leave the program.
+    bool hasTable = false;
     bool operator==(const PictureOptions&) const = default;
 };
 

@@ -24,13 +24,13 @@ constexpr double kValue_mm = 3;
 constexpr double kPadding_mm = 1;
 
 // The table, with a third of the page at most.
-constexpr double kTable_mm = 70;
 constexpr double kMostTable = 0.35;
 constexpr double kTableRow_mm = 4.2;
 constexpr double kTableText_mm = 2.4;
 constexpr double kLabelShare = 0.55;  // of the table's breadth
 
-constexpr double kRemark_mm = 2.4;  // letters of a remark below the model
+constexpr double kAroundModel_mm = 4;  // free at each side of it
+constexpr double kRemark_mm = 2.4;     // letters of a remark below the model
 constexpr double kRemarkRow_mm = 4;
 
 double WidthOf(const SheetArea& area) {
@@ -116,24 +116,6 @@ void AddTableLine(Figure& figure, const SheetArea& row, const PageTableLine& lin
     AddRule(figure, {row.left, row.bottom}, {row.right, row.bottom});
 }
 
-// The lines that have room; the last of these says how many have not. Returns how many have not.
-size_t AddTable(Figure& figure, const SheetArea& area, const std::vector<PageTableLine>& table) {
-    const auto room = static_cast<size_t>(std::max(0.0, HeightOf(area) / kTableRow_mm));
-    const size_t shown = table.size() <= room ? table.size() : std::max<size_t>(room, 1) - 1;
-    const auto row = [&](size_t i) {
-        const double top = area.top + kTableRow_mm * static_cast<double>(i);
-        return SheetArea{area.left, top, area.right, top + kTableRow_mm};
-    };
-    for (size_t i = 0; i < shown; ++i) AddTableLine(figure, row(i), table[i]);
-    const size_t hidden = table.size() - shown;
-    if (hidden > 0 && room > 0) {
-        AddTableLine(figure, row(shown),
-                     {FormatMessage(kMsgMoreNotShown, {static_cast<int32_t>(hidden)}), L""});
-    }
-    AddRectangle(figure, area, kFrame_mm);
-    return hidden;
-}
-
 // ---- The model ---------------------------------------------------------------------------------
 
 bool CanBeDrawn(const ShipBox& extent) {
@@ -167,8 +149,8 @@ bool IsLarger(const ShipBox& extent, const SheetArea& window, double mmPerMetre)
 
 // Draws the model into its part of the page, with the remark below it where it is cut off.
 void AddModel(Page& page, SheetArea area, const PageContents& contents) {
-    area = {area.left + kPadding_mm, area.top + kPadding_mm, area.right - kPadding_mm,
-            area.bottom - kPadding_mm};
+    area = {area.left + kAroundModel_mm, area.top + kAroundModel_mm, area.right - kAroundModel_mm,
+            area.bottom - kAroundModel_mm};
     if (!CanBeDrawn(contents.extent) || !(WidthOf(area) > 0) || !(HeightOf(area) > kRemarkRow_mm)) {
         return;
     }
@@ -186,6 +168,23 @@ void AddModel(Page& page, SheetArea area, const PageContents& contents) {
 
 }  // namespace
 
+size_t AddTable(Figure& figure, const SheetArea& area, const std::vector<PageTableLine>& table) {
+    const auto room = static_cast<size_t>(std::max(0.0, HeightOf(area) / kTableRow_mm));
+    const size_t shown = table.size() <= room ? table.size() : std::max<size_t>(room, 1) - 1;
+    const auto row = [&](size_t i) {
+        const double top = area.top + kTableRow_mm * static_cast<double>(i);
+        return SheetArea{area.left, top, area.right, top + kTableRow_mm};
+    };
+    for (size_t i = 0; i < shown; ++i) AddTableLine(figure, row(i), table[i]);
+    const size_t hidden = table.size() - shown;
+    if (hidden > 0 && room > 0) {
+        AddTableLine(figure, row(shown),
+                     {FormatMessage(kMsgMoreNotShown, {static_cast<int32_t>(hidden)}), L""});
+    }
+    AddRectangle(figure, area, kFrame_mm);
+    return hidden;
+}
+
 Page MakePage(const PageContents& contents) {
     Page page;
     page.figure = MakeFigure(contents.width_mm, contents.height_mm, 1, {0, 0});
@@ -198,7 +197,7 @@ Page MakePage(const PageContents& contents) {
     SheetArea model = sheet;
     model.bottom = title.top;
     if (!contents.table.empty()) {
-        model.right -= std::min(kTable_mm, WidthOf(sheet) * kMostTable);
+        model.right -= std::min(kPageTable_mm, WidthOf(sheet) * kMostTable);
         page.hiddenLines =
             AddTable(page.figure, {model.right, sheet.top, sheet.right, title.top}, contents.table);
     }

@@ -46,4 +46,10 @@ struct Page {
 
 Page MakePage(const PageContents& contents);
 
+// The usual breadth of a table.
+inline constexpr double kPageTable_mm = 70;
+// Adds the lines of a table that have room in an area of the sheet; the last of these says how many
+// have not. Returns how many have not.
+size_t AddTable(Figure& figure, const SheetArea& area, const std::vector<PageTableLine>& table);
+
 }  // namespace corvane

@@ -373,7 +373,24 @@
     X(kMsgOneBulkhead, 3931)            \
     X(kMsgNoBulkheadsShown, 3932)       \
     X(kMsgSectionNotRead, 3933)         \
-    X(kMsgNoSectionsToPrint, 3934)
+    X(kMsgNoSectionsToPrint, 3934)      \
+    X(kMsgPageOf, 3935)                 \
+    X(kMsgPageScaleNow, 3936)           \
+    X(kMsgPageIsEmpty, 3937)            \
+    X(kMsgPageCutOffAdvice, 3938)       \
+    X(kMsgPageFits, 3939)               \
+    X(kMsgPagePreview, 3940)            \
+    X(kMsgNoSectionsToExport, 3941)     \
+    X(kMsgNoPictureFolder, 3942)        \
+    X(kMsgReplacePictures, 3943)        \
+    X(kMsgWritingPicture, 3944)         \
+    X(kMsgPicturesWritten, 3945)        \
+    X(kMsgPicturesLeftOut, 3946)        \
+    X(kMsgPictureLeftOut, 3947)         \
+    X(kMsgRestCancelled, 3948)          \
+    X(kMsgRestNotWritten, 3949)         \
+    X(kMsgPictureCameMeanwhile, 3950)   \
+    X(kMsgPicturesAsked, 3951)
 
 namespace corvane {
 

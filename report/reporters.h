@@ -89,6 +89,19 @@ struct QuietStatus {
     QuietStatus& operator=(const QuietStatus&) = delete;
 };
 
+// No warning boxes while it lives: the caller says itself what could not be done.
+struct NoWarningBoxes {
+    NoWarningBoxes() : shown(reportView.showWarningBox) {
+        reportView.showWarningBox = [](const std::wstring&) {};
+    }
+    ~NoWarningBoxes() { reportView.showWarningBox = shown; }
+    NoWarningBoxes(const NoWarningBoxes&) = delete;
+    NoWarningBoxes& operator=(const NoWarningBoxes&) = delete;
+
+private:
+    void (*shown)(const std::wstring& text);
+};
+
 // What the utilities report of a run-time error: a plain box "context number description", only in
 // debug mode.
 void ReportDebugError(std::wstring_view context, uint32_t errorNumber);

@@ -97,6 +97,10 @@ std::wstring AskForFile(const FileQuestion& question) {
     return path;
 }
 
+bool RequireUsableTarget(const std::wstring& path) {
+    return IsUsable(path, true);
+}
+
 std::wstring AskForWritableDatabase(const std::wstring& proposed) {
     FilePrompt prompt;
     prompt.defaultExtension = L"ve2";

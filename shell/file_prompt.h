@@ -25,6 +25,9 @@ struct FileQuestion {
 // folder that exists and is no read-only file; any other names a file that can be read.
 std::wstring AskForFile(const FileQuestion& question);
 
+// What AskForFile requires of a path to save under; a fault is reported.
+bool RequireUsableTarget(const std::wstring& path);
+
 // The question of the edits (database/editing.h) about a read-only database: the prompt "Save DB
 // as...". Empty when the user cancels, and when the name cannot be used, which is reported; a
 // read-only file can. BrowseDirectory stays.

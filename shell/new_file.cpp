@@ -17,6 +17,29 @@ TargetKind KindOfTarget(const std::wstring& path) {
     return status.exists ? TargetKind::kAny : TargetKind::kNew;
 }
 
+FileEnd Make(const std::wstring& target, const std::wstring& edit,
+             const std::function<bool(const std::wstring& temporary)>& make) {
+    const TargetKind kind = KindOfTarget(target);
+    std::wstring temporary;
+    const system::ErrorNumber error = NewTemporaryFile(temporary);
+    if (error != system::kErrorNone) {
+        ReportMessage(kMsgFileNotMade, {target, system::ErrorText(error)});
+        if (!temporary.empty()) ReportMessage(kMsgFileNotRemoved, {temporary});
+        return FileEnd::kFailed;
+    }
+    ReplaceResult result;
+    const bool isMade = make(temporary);
+    if (isMade) {
+        const EditName name(edit);
+        result = ReplaceByCopy(temporary, target, kind);
+    }
+    if (result.oldText.empty() && RemoveOwnFile(temporary) != system::kErrorNone) {
+        ReportMessage(kMsgFileNotRemoved, {temporary});
+    }
+    if (result.error == system::kErrorCancelled) return FileEnd::kCancelled;
+    return isMade && result.Done() ? FileEnd::kMade : FileEnd::kFailed;
+}
+
 }  // namespace
 
 std::wstring ReplacementBy(const std::wstring& source) {
@@ -31,29 +54,12 @@ bool PutFile(const std::wstring& source, const std::wstring& target, const std::
 
 bool MakeFile(const std::wstring& target, const std::wstring& edit,
               const std::function<bool(const std::wstring& temporary)>& make) {
-    const TargetKind kind = KindOfTarget(target);
-    std::wstring temporary;
-    const system::ErrorNumber error = NewTemporaryFile(temporary);
-    if (error != system::kErrorNone) {
-        ReportMessage(kMsgFileNotMade, {target, system::ErrorText(error)});
-        if (!temporary.empty()) ReportMessage(kMsgFileNotRemoved, {temporary});
-        return false;
-    }
-    ReplaceResult result;
-    const bool isMade = make(temporary);
-    if (isMade) {
-        const EditName name(edit);
-        result = ReplaceByCopy(temporary, target, kind);
-    }
-    if (result.oldText.empty() && RemoveOwnFile(temporary) != system::kErrorNone) {
-        ReportMessage(kMsgFileNotRemoved, {temporary});
-    }
-    return isMade && result.Done();
+    return Make(target, edit, make) == FileEnd::kMade;
 }
 
-bool ExportFile(const std::wstring& target,
-                const std::function<system::ErrorNumber(const std::wstring& temporary)>& write) {
-    return MakeFile(target, L"", [&](const std::wstring& temporary) {
+FileEnd ExportFile(const std::wstring& target,
+                   const std::function<system::ErrorNumber(const std::wstring& temporary)>& write) {
+    return Make(target, L"", [&](const std::wstring& temporary) {
         const system::ErrorNumber error = write(temporary);
         if (error != system::kErrorNone) ReportTextNotWritten(target, error);
         return error == system::kErrorNone;

@@ -24,11 +24,15 @@ bool PutFile(const std::wstring& source, const std::wstring& target, const std::
 bool MakeFile(const std::wstring& target, const std::wstring& edit,
               const std::function<bool(const std::wstring& temporary)>& make);
 
+// How the making of a file ended. What ended otherwise than well has been reported: a failure in a
+// box, that the user cancelled in the status line.
+enum class FileEnd { kMade, kCancelled, kFailed };
+
 // Has `write` fill a file of a temporary name, and puts it at `target`, as PutFile does, of a file
-// that is no database. False when `write` gives an error or the file cannot be put there, which is
-// reported; a file of that name is as it was then.
-bool ExportFile(const std::wstring& target,
-                const std::function<system::ErrorNumber(const std::wstring& temporary)>& write);
+// that is no database. When `write` gives an error or the file cannot be put there, a file of that
+// name is as it was.
+FileEnd ExportFile(const std::wstring& target,
+                   const std::function<system::ErrorNumber(const std::wstring& temporary)>& write);
 // Has `write` fill a text file, for ExportFile.
 system::ErrorNumber WriteTextFile(const std::wstring& path,
                                   const std::function<void(TextWriter& writer)>& write);

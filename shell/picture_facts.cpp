@@ -218,6 +218,7 @@ constexpr std::pair<const char*, bool PictureOptions::*> kOptionKeys[] = {
     {"PictureNames", &PictureOptions::hasPanelNames},
     {"PictureNumbers", &PictureOptions::hasNumbers},
     {"PictureThickness", &PictureOptions::hasThickness},
+    {"PictureTable", &PictureOptions::hasTable},
 };
 
 }  // namespace

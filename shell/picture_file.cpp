@@ -3,15 +3,11 @@
 #include <algorithm>
 #include <string_view>
 
-#include "database/section_view.h"
 #include "files/paths.h"
-#include "preview/bulkhead_figure.h"
 #include "preview/dxf_writer.h"
-#include "preview/outline.h"
 #include "preview/section_figure.h"
 #include "preview/svg_writer.h"
 #include "report/reporters.h"
-#include "shell/new_file.h"
 #include "shell/state.h"
 
 namespace corvane {
@@ -24,11 +20,11 @@ system::ErrorNumber WriteAsText(const Figure& figure, const std::wstring& path) 
     return WriteTextFile(path, [&figure](TextWriter& writer) { write(figure, writer); });
 }
 
-struct PictureKind {
+struct PictureWriter {
     std::wstring_view extension;
     system::ErrorNumber (*write)(const Figure& figure, const std::wstring& path);
 };
-constexpr PictureKind kKinds[] = {
+constexpr PictureWriter kWriters[] = {
     {L"emf", [](const Figure& figure,
                 const std::wstring& path) { return shell.view.writeMetafile(figure, path); }},
     {L"svg", WriteAsText<WriteSvg>},
@@ -37,29 +33,56 @@ constexpr PictureKind kKinds[] = {
     {L"dxf", WriteAsText<WriteDxf>},
 };
 
+// The drawing as large as the sheet lets it, beside the table.
+Figure MakeSheet(const ModelDrawing& drawing, const std::vector<PageTableLine>& table) {
+    SheetSize room = kSheet;
+    if (!table.empty()) room.width_mm -= kPageTable_mm + kSheet.margin_mm;
+    const ShipBox nothing{0, 0, 0, 0};
+    Figure figure = MakeFittedFigure(room, IsEmpty(drawing.extent) ? nothing : drawing.extent);
+    drawing.draw(figure);
+    if (table.empty()) return figure;
+    figure.width_mm = kSheet.width_mm;
+    AddTable(figure,
+             {room.width_mm, kSheet.margin_mm, kSheet.width_mm - kSheet.margin_mm,
+              kSheet.height_mm - kSheet.margin_mm},
+             table);
+    return figure;
+}
+
 }  // namespace
 
 Figure PictureShown() {
-    if (shell.preview.areBulkheadsShown) {
-        const BulkheadLayout layout = LayOutShownBulkheads(kSheet.width_mm, kSheet.height_mm);
-        return MakeBulkheadFigure(layout, kSheet.width_mm, kSheet.height_mm, {});
-    }
-    LibraryView view;
-    if (shell.preview.isShown) {
-        MakeLibraryView(shell.preview.section, view);
-        ComputeSection(view.section);
-    }
-    return MakeSectionFigure(view.section, kSheet);
+    return MakeSheet(DrawingOfShown(kSheet.width_mm - 2 * kSheet.margin_mm,
+                                    kSheet.height_mm - 2 * kSheet.margin_mm),
+                     TableOfMarked());
 }
 
-bool WritePicture(const Figure& figure, const std::wstring& path) {
-    const auto* kind = std::ranges::find(kKinds, FileExtension(path), &PictureKind::extension);
-    if (kind == std::end(kKinds)) {
+Figure PictureOf(SectionModel& section) {
+    return MakeSheet(DrawingOf(section), {});
+}
+
+std::vector<PictureKind> PictureKinds() {
+    std::vector<PictureKind> kinds;
+    const std::wstring types = GetMessage(kMsgPictureFiles);
+    for (size_t begin = 0; begin < types.size();) {
+        const size_t bar = std::min(types.find(L'|', begin), types.size());
+        const size_t end = std::min(types.find(L'|', bar + 1), types.size());
+        kinds.push_back(
+            {types.substr(begin, bar - begin), FileExtension(types.substr(begin, end - begin))});
+        begin = end + 1;
+    }
+    return kinds;
+}
+
+FileEnd WritePicture(const Figure& figure, const std::wstring& path) {
+    const auto* writer =
+        std::ranges::find(kWriters, FileExtension(path), &PictureWriter::extension);
+    if (writer == std::end(kWriters)) {
         ReportMessage(kMsgNoKindOfPicture, {path});
-        return false;
+        return FileEnd::kFailed;
     }
     return ExportFile(
-        path, [&](const std::wstring& temporary) { return kind->write(figure, temporary); });
+        path, [&](const std::wstring& temporary) { return writer->write(figure, temporary); });
 }
 
 }  // namespace corvane

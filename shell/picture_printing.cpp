@@ -4,14 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "database/section_block.h"
-#include "database/section_view.h"
 #include "files/paths.h"
 #include "platform/system.h"
-#include "preview/bulkhead_figure.h"
-#include "preview/page_layout.h"
-#include "preview/section_figure.h"
 #include "report/reporters.h"
+#include "shell/model_drawing.h"
 #include "shell/preview_pane.h"
 #include "shell/printing.h"
 #include "shell/state.h"
@@ -47,70 +43,51 @@ PageContents PageOf(const Paper& paper, const std::wstring& model, float x_m) {
     return page;
 }
 
-// ---- Sections ----------------------------------------------------------------------------------
+Page PageWith(PageContents contents, const ModelDrawing& drawing) {
+    contents.extent = drawing.extent;
+    contents.draw = drawing.draw;
+    contents.scale = shell.pages.scale;
+    return MakePage(contents);
+}
 
-Figure SectionPage(SectionModel& model, const Paper& paper) {
-    LibraryView view;
-    MakeLibraryView(model, view);
-    ComputeSection(view.section);
-    PageContents page = PageOf(paper, model.name, model.x_m);
-    ShipBox extent;
-    if (ExtentOf(view.section, extent)) page.extent = extent;
-    page.draw = [&view](Figure& figure) { AddSection(figure, view.section); };
-    return MakePage(page).figure;
+Page PageOfShown(const Paper& paper) {
+    const PreviewPane& pane = shell.preview;
+    PageContents contents =
+        PageOf(paper, ShownModelName(), pane.isShown ? pane.section.x_m : pane.bulkheads.x_m);
+    contents.table = TableOfMarked();
+    return PageWith(contents, DrawingOfShown(paper.width_mm, paper.height_mm));
 }
 
 // A page with the title block alone, and why.
-Figure EmptyPage(const ModelRow& row, const Paper& paper, const std::wstring& why) {
-    Figure figure = MakePage(PageOf(paper, row.name, row.x_m)).figure;
+Page EmptyPage(const ModelRow& row, const Paper& paper, const std::wstring& why) {
+    Page page = MakePage(PageOf(paper, row.name, row.x_m));
     constexpr double kLetters_mm = 4;
-    AddText(figure, {0, kLetters_mm, TextSide::kMiddle}, {paper.width_mm / 2, paper.height_mm / 2},
-            why);
-    return figure;
+    AddText(page.figure, {0, kLetters_mm, TextSide::kMiddle},
+            {paper.width_mm / 2, paper.height_mm / 2}, why);
+    return page;
 }
 
-Figure PageOfRow(const ModelRow& row, const Paper& paper) {
-    SectionModel model;
-    if (!ReadSectionBlock(shell.database.path, PlaceOf(row), false, model)) {
-        return EmptyPage(row, paper, GetMessage(kMsgSectionNotRead));
-    }
-    const std::wstring why = WhyNoPicture(model, shell.database.bsd);
-    return why.empty() ? SectionPage(model, paper) : EmptyPage(row, paper, why);
-}
-
-// ---- Bulkheads ---------------------------------------------------------------------------------
-
-Figure BulkheadPage(const Paper& paper) {
-    const BulkheadLayout layout = LayOutShownBulkheads(paper.width_mm, paper.height_mm);
-    PageContents page = PageOf(paper, shell.preview.bulkheads.name, shell.preview.bulkheads.x_m);
-    page.extent = layout.extent;
-    page.draw = [&layout](Figure& figure) { DrawBulkheads(figure, layout, {}); };
-    return MakePage(page).figure;
+Page PageOfRow(const ModelRow& row, const Paper& paper) {
+    SectionModel section;
+    const std::wstring why = ReadToDraw(row, section);
+    if (!why.empty()) return EmptyPage(row, paper, why);
+    return PageWith(PageOf(paper, section.name, section.x_m), DrawingOf(section));
 }
 
 }  // namespace
 
 void PrintShownPicture() {
+    if (!shell.preview.isShown && !shell.preview.areBulkheadsShown) return;
     PrintJob job;
     job.pageCount = 1;
     job.name = ShownModelName();
-    if (shell.preview.isShown) {
-        job.makePage = [](int, const Paper& paper) {
-            return SectionPage(shell.preview.section, paper);
-        };
-    } else if (shell.preview.areBulkheadsShown) {
-        job.makePage = [](int, const Paper& paper) { return BulkheadPage(paper); };
-    } else {
-        return;
-    }
-    shell.view.printPages(job);
+    job.hasMarks = IsAnythingMarked();
+    job.makePage = [](int, const Paper& paper) { return PageOfShown(paper); };
+    shell.view.previewPages(job);
 }
 
 void PrintAllSections() {
-    std::vector<ModelRow> sections;
-    for (const ModelRow& row : shell.database.rows) {
-        if (row.kind == ModelKind::kSection && row.hasOwnNumber) sections.push_back(row);
-    }
+    const std::vector<ModelRow> sections = SectionsToDraw();
     if (sections.empty()) return ReportNote(kMsgNoSectionsToPrint);
     PrintJob job;
     job.name = FileNameOf(shell.database.path);
@@ -118,7 +95,7 @@ void PrintAllSections() {
     job.makePage = [&sections](int page, const Paper& paper) {
         return PageOfRow(sections[static_cast<size_t>(page) - 1], paper);
     };
-    shell.view.printPages(job);
+    shell.view.previewPages(job);
 }
 
 }  // namespace corvane

@@ -1,4 +1,4 @@
-// Pictures on paper: a model to a page, as large as the page lets it, with a title block.
+// Pictures on paper: a model to a page, with a title block, shown in the page preview first.
 #pragma once
 
 namespace corvane {

@@ -1,10 +1,18 @@
 #include "shell/printing.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "files/progress.h"
 #include "report/reporters.h"
+#include "shell/settings.h"
 
 namespace corvane {
 namespace {
+
+constexpr char kSettingsSection[] = "Corvane window";
+constexpr char kScaleKey[] = "PageScale";
+constexpr char kPortraitKey[] = "PagePortrait";
 
 // How far it came: the page that was at work, from 1; the error that ended it.
 struct Course {
@@ -21,9 +29,9 @@ bool Follow(Course& course, system::ErrorNumber error) {
 }
 
 bool PrintPage(const PrintJob& job, const Printer& printer, Course& course) {
-    const Figure page = job.makePage(course.page, printer.paper);
+    const Page page = job.makePage(course.page, printer.paper);
     if (!Follow(course, printer.beginPage())) return false;
-    printer.drawPage(page);
+    printer.drawPage(page.figure);
     return Follow(course, printer.endPage());
 }
 
@@ -38,6 +46,20 @@ bool PrintAllPages(const PrintJob& job, const Printer& printer, Course& course) 
 }
 
 }  // namespace
+
+PageChoice ReadPageChoice(const std::wstring& file) {
+    const int scale = system::ReadProfileInteger(kSettingsSection, kScaleKey, 0, file);
+    const bool isKnown = std::ranges::find(kPageScales, scale) != std::end(kPageScales);
+    return {isKnown ? scale : 0,
+            system::ReadProfileInteger(kSettingsSection, kPortraitKey, 0, file) == 1};
+}
+
+bool WritePageChoice(const std::wstring& file, const PageChoice& choice) {
+    return WriteIniText(kSettingsSection, kScaleKey, std::to_string(choice.scale), file) ==
+               system::kErrorNone &&
+           WriteIniText(kSettingsSection, kPortraitKey, choice.isPortrait ? "1" : "0", file) ==
+               system::kErrorNone;
+}
 
 PrintEnd PrintDocument(const PrintJob& job, const Printer& printer) {
     ReportStatus(kMsgPrinting, {job.name});

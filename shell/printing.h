@@ -6,7 +6,7 @@
 #include <string>
 
 #include "platform/system.h"
-#include "preview/figure.h"
+#include "preview/page_layout.h"
 
 namespace corvane {
 
@@ -16,12 +16,24 @@ struct Paper {
     SheetArea margins;  // their breadths at the four sides, where the printer cannot print [mm]
 };
 
+// What the user chose for all pages.
+struct PageChoice {
+    int scale = 0;  // 1:N, one of kPageScales; 0: as large as the page lets it
+    bool isPortrait = false;
+    bool operator==(const PageChoice&) const = default;
+};
+// As keys of the section "Corvane window" of the settings file.
+PageChoice ReadPageChoice(const std::wstring& file);
+// False when the file took not all of it.
+bool WritePageChoice(const std::wstring& file, const PageChoice& choice);
+
 // A document to be printed.
 struct PrintJob {
     std::wstring name;  // for the user, and in the system's list of documents
     int pageCount = 0;
-    // A page, from 1, on this paper.
-    std::function<Figure(int page, const Paper& paper)> makePage;
+    bool hasMarks = false;  // a table of what is marked can go with it
+    // A page, from 1, on this paper, as the user wants pages now (PageChoice).
+    std::function<Page(int page, const Paper& paper)> makePage;
 };
 
 // A printer that the user has chosen. A procedure gives the system's error: kErrorCancelled when

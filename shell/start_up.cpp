@@ -104,6 +104,7 @@ bool StartUp(const std::wstring& commandLine) {
     ReadSettings(SettingsFile(), shell.settings);
     ReadListSettings(SettingsFile());
     shell.preview.options = ReadPictureOptions(SettingsFile());
+    shell.pages = ReadPageChoice(SettingsFile());
     shell.recent = ReadRecent(SettingsFile());
     shell.windowPlace = ReadWindowPlace(SettingsFile());
     UseHistory();
@@ -143,11 +144,11 @@ void ShutDown(bool sessionEnds) {
     // Without an open database the remembered one stays: it may be out of reach only today.
     if (IsDatabaseOpen()) shell.settings.DatabasePath = shell.database.path;
     shell.view.noteWindowPlace(shell.windowPlace);
-    const bool isWritten = WriteSettings(SettingsFile(), shell.settings) &&
-                           WriteListSettings(SettingsFile()) &&
-                           WritePictureOptions(SettingsFile(), shell.preview.options) &&
-                           WriteRecent(SettingsFile(), shell.recent) &&
-                           WriteWindowPlace(SettingsFile(), shell.windowPlace);
+    const bool isWritten =
+        WriteSettings(SettingsFile(), shell.settings) && WriteListSettings(SettingsFile()) &&
+        WritePictureOptions(SettingsFile(), shell.preview.options) &&
+        WritePageChoice(SettingsFile(), shell.pages) && WriteRecent(SettingsFile(), shell.recent) &&
+        WriteWindowPlace(SettingsFile(), shell.windowPlace);
     if (!isWritten && !sessionEnds) {
         ReportMessage(kMsgSettingsNotSaved, {SettingsFilePath()});
     }

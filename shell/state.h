@@ -11,6 +11,7 @@
 #include "shell/help_pages.h"
 #include "shell/open_database.h"
 #include "shell/preview_pane.h"
+#include "shell/printing.h"
 #include "shell/settings.h"
 #include "shell/shown_list.h"
 #include "shell/view.h"
@@ -48,6 +49,7 @@ struct ShellState {
     OpenDatabase database;  // changed by shell/open_database.h alone
     ShownList list;         // changed by shell/shown_list.h alone
     PreviewPane preview;    // changed by shell/preview_pane.h alone
+    PageChoice pages;       // changed by shell/page_preview.h alone
     EditHistory history;    // changed by shell/edit_history.h alone
 
     View view;

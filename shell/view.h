@@ -19,8 +19,9 @@ namespace corvane {
 struct ExportChoice;  // shell/exchange_boxes.h
 struct Figure;        // preview/figure.h
 struct ImportChoice;
-enum class PrintEnd;  // shell/printing.h
-struct PrintJob;
+struct PicturePlace;    // shell/picture_facts.h
+struct PicturesChoice;  // shell/all_pictures.h
+struct PrintJob;        // shell/printing.h
 struct Screen;          // shell/report_details.h
 struct SettingsChoice;  // shell/settings_choice.h
 struct StatusParts;     // shell/status_parts.h
@@ -80,9 +81,11 @@ struct View {
     // Puts a figure on the clipboard, as a metafile and as a bitmap; false while another program
     // uses the clipboard.
     bool (*copyPicture)(const Figure& figure) = [](const Figure&) { return false; };
-    // The system's print dialog, and then PrintDocument on the printer that the user chose; only
-    // with a document of one page or more.
-    PrintEnd (*printPages)(const PrintJob& job) = [](const PrintJob&) { return PrintEnd{}; };
+    // The page preview, and from there the system's print dialog and PrintDocument on the printer
+    // that the user chose; only with a document of one page or more.
+    void (*previewPages)(const PrintJob& job) = [](const PrintJob&) {};
+    // The box of File > Export all pictures: false when the user cancelled.
+    bool (*askPictures)(PicturesChoice& choice) = [](PicturesChoice&) { return false; };
     // The box FM_About; `heading` is its version line.
     void (*showAbout)(const std::wstring& heading) = [](const std::wstring&) {};
 
@@ -142,6 +145,8 @@ struct View {
     void (*fitPreview)() = [] {};
     // Shows again what is switched on over the section in PIC_Section.
     void (*annotatePreview)() = [] {};
+    // The places that the user has marked in PIC_Section, at most two.
+    void (*noteMarkedPlaces)(std::vector<PicturePlace>& places) = [](std::vector<PicturePlace>&) {};
     // PIC_Section alone in the window, or beside the list.
     void (*showLargerPreview)(bool isLarge) = [](bool) {};
     void (*setPositionText)(const std::wstring& text) = [](const std::wstring&) {};  // LB_X

@@ -5,6 +5,7 @@
 
 #include "files/file_system.h"
 #include "report/reporters.h"
+#include "shell/all_pictures.h"
 #include "shell/commands/bsd_commands.h"
 #include "shell/commands/create_commands.h"
 #include "shell/commands/edit_commands.h"
@@ -80,6 +81,8 @@ constexpr std::array kCommands = {
             EnabledWhen::kDatabaseOpen, ME_FileExportList_Click},
     Command{ME_FileExportPicture, Menu::kFile, "ME_FileExportPicture", L"Export &picture...",
             EnabledWhen::kPictureShown, ME_FileExportPicture_Click},
+    Command{ME_FileExportAllPictures, Menu::kFile, "ME_FileExportAllPictures",
+            L"E&xport all pictures...", EnabledWhen::kDatabaseOpen, ExportAllPictures},
     Command{ME_FilePrint, Menu::kFile, "ME_FilePrint", L"Pr&int...", EnabledWhen::kPictureShown,
             PrintShownPicture, Control('P')},
     Command{ME_FilePrintAll, Menu::kFile, "ME_FilePrintAll", L"Print &all sections...",
@@ -146,6 +149,7 @@ constexpr std::array kCommands = {
                                         L"Numbers of nodes and &strakes"),
     Switch<&PictureOptions::hasThickness>(ME_ViewThickness, "ME_ViewThickness",
                                           L"Th&ickness by colour"),
+    Switch<&PictureOptions::hasTable>(ME_ViewTable, "ME_ViewTable", L"Table with pi&ctures"),
     Separator(Menu::kView),
     Command{ME_ViewNextBulkhead, Menu::kView, "ME_ViewNextBulkhead", L"N&ext bulkhead",
             EnabledWhen::kBulkheadsShown, ShowNextBulkhead, Control('B')},

@@ -160,10 +160,10 @@ void ME_FileExportList_Click() {
                                           .directory = shell.settings.BrowseDirectory,
                                           .toSave = true});
     if (path.empty() || !RequireOtherFile(path)) return;
-    const bool isMade = ExportFile(path, [](const std::wstring& temporary) {
+    const FileEnd end = ExportFile(path, [](const std::wstring& temporary) {
         return WriteTextFile(temporary, WriteListAsCsv);
     });
-    if (isMade) ReportNote(kMsgListWritten, {ListedCount(), path});
+    if (end == FileEnd::kMade) ReportNote(kMsgListWritten, {ListedCount(), path});
 }
 
 void ME_FileExportPicture_Click() {
@@ -177,9 +177,9 @@ void ME_FileExportPicture_Click() {
                                           .toSave = true});
     if (path.empty() || !RequireOtherFile(path)) return;
     SetBusyPointer();
-    const bool isWritten = WritePicture(PictureShown(), path);
+    const FileEnd end = WritePicture(PictureShown(), path);
     ResetMousePointer();
-    if (isWritten) ReportNote(kMsgPictureWritten, {path});
+    if (end == FileEnd::kMade) ReportNote(kMsgPictureWritten, {path});
 }
 
 void ME_FileSettings_Click() {

@@ -31,6 +31,7 @@ void AskQuestions(View& view) {
     view.askImport = [](ImportChoice& choice) { return FakeView::askImport(choice); };
     view.askVersion = [](VersionChoice& choice) { return FakeView::askVersion(choice); };
     view.askSettings = [](SettingsChoice& choice) { return FakeView::askSettings(choice); };
+    view.askPictures = [](PicturesChoice& choice) { return FakeView::askPictures(choice); };
     view.askFolder = [](const std::wstring& title, std::wstring& chosen) {
         kRecord("ask folder " + Narrow(title) + " [" + Narrow(chosen) + "]");
         if (!FakeView::folder.empty()) chosen = FakeView::folder;
@@ -116,6 +117,7 @@ void ShowContents(View& view) {
         kRecord("clear preview");
         FakeView::whyNoPicture = why;
     };
+    view.noteMarkedPlaces = [](std::vector<PicturePlace>& places) { places = FakeView::marked; };
     view.setPositionText = [](const std::wstring& text) { FakeView::position = text; };
     view.setFrameText = [](const std::wstring& text) { FakeView::frame = text; };
     view.setSectionMenuCaption = [](const std::wstring& text) { FakeView::menu = text; };
@@ -141,6 +143,8 @@ std::function<bool(ExportChoice&)> FakeView::askExport;
 std::function<bool(ImportChoice&)> FakeView::askImport;
 std::function<bool(VersionChoice&)> FakeView::askVersion;
 std::function<bool(SettingsChoice&)> FakeView::askSettings;
+std::function<bool(PicturesChoice&)> FakeView::askPictures;
+std::vector<PicturePlace> FakeView::marked;
 std::wstring FakeView::folder;
 StatusParts FakeView::parts;
 bool FakeView::previewOn;
@@ -165,6 +169,8 @@ FakeView::FakeView() : before(std::exchange(shell, ShellState())) {
     askImport = [](ImportChoice&) { return false; };
     askVersion = [](VersionChoice&) { return false; };
     askSettings = [](SettingsChoice&) { return false; };
+    askPictures = [](PicturesChoice&) { return false; };
+    marked.clear();
     folder.clear();
     copied.clear();
     copiedHtml.clear();

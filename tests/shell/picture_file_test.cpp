@@ -53,6 +53,39 @@ TEST_F(PictureCommands, PictureIsTheSectionOnASheet) {
     EXPECT_TRUE(has(FigureLayer::kCompartment));
 }
 
+TEST_F(PictureCommands, TableIsBesideTheSectionWhenItIsSwitchedOnAndSomethingIsMarked) {
+    const Figure plain = PictureShown();
+    RunCommand(ME_ViewTable);
+    EXPECT_TRUE(FindCommand(ME_ViewTable)->isChecked());
+    EXPECT_EQ(PictureShown().points, plain.points) << "nothing is marked";
+    const Panel& panel = shell.preview.section.panels.at(0);
+    FakeView::marked = {{{panel.nodes.at(0).y, panel.nodes.at(0).z}, 0.5}};
+    const Figure figure = PictureShown();
+    EXPECT_EQ(figure.width_mm, 297);
+    EXPECT_LT(figure.mmPerMetre, plain.mmPerMetre + 1e-9);
+    EXPECT_GT(figure.items.size(), plain.items.size() + 5);
+    EXPECT_NE(std::ranges::find(figure.texts, L"Panel"), figure.texts.end());
+    for (const SheetPoint& point : figure.points) EXPECT_LE(point.x, 287);
+    RunCommand(ME_EditCopyPicture);
+    EXPECT_EQ(FakeView::copiedPicture.points, figure.points);
+    const std::string svg = ReadFileBytes(Export(L"table.svg"));
+    EXPECT_NE(svg.find(">Panel<"), std::string::npos);
+    RunCommand(ME_ViewTable);
+    EXPECT_EQ(PictureShown().points, plain.points);
+}
+
+TEST_F(PictureCommands, BulkheadsAreOnASheetWithItsMargins) {
+    const auto row = std::ranges::find(shell.database.rows, ModelKind::kBulkhead, &ModelRow::kind);
+    ASSERT_NE(row, shell.database.rows.end());
+    ShowInPreview(*row);
+    const Figure figure = PictureShown();
+    EXPECT_EQ(figure.width_mm, 297);
+    EXPECT_GT(figure.items.size(), 50U);
+    for (const SheetPoint& point : figure.points) {
+        EXPECT_TRUE(point.x >= 9.9 && point.x <= 287.1) << point.x;
+    }
+}
+
 TEST_F(PictureCommands, ExportAsksForANameAndSaysWhatItHasWritten) {
     const std::wstring path = Export(L"a.svg");
     const FakePrompt::Question& asked = FakePrompt::questions.at(0);

@@ -26,17 +26,18 @@ constexpr Paper kA4{297, 210, {5, 5, 5, 5}};
 // The pages that were given to the printer.
 struct PrintedPages {
     static inline std::wstring name;
+    static inline bool hasMarks;
     static inline std::vector<Figure> pages;
 
     PrintedPages() {
         name.clear();
         pages.clear();
-        shell.view.printPages = [](const PrintJob& job) {
+        shell.view.previewPages = [](const PrintJob& job) {
             name = job.name;
+            hasMarks = job.hasMarks;
             for (int page = 1; page <= job.pageCount; ++page) {
-                pages.push_back(job.makePage(page, kA4));
+                pages.push_back(job.makePage(page, kA4).figure);
             }
-            return PrintEnd::kPrinted;
         };
     }
 };
@@ -87,6 +88,38 @@ TEST_F(PicturePrintingTest, SectionHasAPageWithItsTitleBlock) {
     }
 }
 
+TEST_F(PicturePrintingTest, ChosenScaleIsThatOfThePage) {
+    ShowInPreview(FirstOf(ModelKind::kSection));
+    shell.pages.scale = 200;
+    PrintShownPicture();
+    EXPECT_TRUE(Says(printed.pages.at(0), L"1:200"));
+    EXPECT_EQ(printed.pages[0].mmPerMetre, 5);
+    shell.pages.scale = 10;
+    PrintAllSections();
+    EXPECT_TRUE(Says(printed.pages.at(1), L"1:10"));
+    EXPECT_TRUE(Says(printed.pages[1], L"Cut off at the page's edge"));
+}
+
+TEST_F(PicturePrintingTest, TableGoesWithThePictureWhenItIsSwitchedOnAndSomethingIsMarked) {
+    ShowInPreview(FirstOf(ModelKind::kSection));
+    shell.preview.options.hasTable = true;
+    PrintShownPicture();
+    EXPECT_FALSE(PrintedPages::hasMarks);
+    EXPECT_FALSE(Says(printed.pages.at(0), L"Panel"));
+
+    const Panel& panel = shell.preview.section.panels.at(0);
+    test::FakeView::marked = {{{panel.nodes.at(0).y, panel.nodes.at(0).z}, 0.5}};
+    PrintShownPicture();
+    EXPECT_TRUE(PrintedPages::hasMarks);
+    EXPECT_TRUE(Says(printed.pages.at(1), L"Panel"));
+    EXPECT_TRUE(Says(printed.pages[1], panel.name));
+    shell.preview.options.hasTable = false;
+    PrintShownPicture();
+    EXPECT_TRUE(PrintedPages::hasMarks) << "the preview can switch it on";
+    EXPECT_FALSE(Says(printed.pages.at(2), L"Panel"));
+    EXPECT_LT(printed.pages[2].items.size(), printed.pages[1].items.size());
+}
+
 TEST_F(PicturePrintingTest, BulkheadsHaveAPage) {
     ShowInPreview(FirstOf(ModelKind::kBulkhead));
     PrintShownPicture();
@@ -117,6 +150,14 @@ TEST_F(PicturePrintingTest, AllSectionsHaveAPageEachAndSayWhatCannotBeDrawn) {
     EXPECT_TRUE(Says(printed.pages[1], L"Bare"));
     EXPECT_TRUE(Says(printed.pages[1], L"This section has no plating to draw."));
     EXPECT_FALSE(Says(printed.pages[2], L"no plating"));
+}
+
+TEST_F(PicturePrintingTest, SectionThatCannotBeReadHasAPageThatSaysSoAndNoBox) {
+    shell.database.rows[0].offset = 1;
+    shell.database.rows[0].tag = 77;
+    PrintAllSections();
+    EXPECT_TRUE(Says(printed.pages.at(0), L"This section could not be read."));
+    EXPECT_TRUE(test::RecordedReports::Of("warning").empty());
 }
 
 TEST_F(PicturePrintingTest, DatabaseWithoutSectionsSaysSo) {

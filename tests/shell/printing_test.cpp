@@ -45,7 +45,7 @@ struct PrintingTest : testing::Test {
         job.pageCount = 3;
         // A page is told by its breadth.
         job.makePage = [](int page, const Paper& paper) {
-            return MakeFigure(paper.width_mm + page, paper.height_mm, 1, {0, 0});
+            return Page{.figure = MakeFigure(paper.width_mm + page, paper.height_mm, 1, {0, 0})};
         };
     }
     system::ErrorNumber Call(const std::string& call) {

@@ -82,12 +82,18 @@ TEST_F(AccessibilityTest, EveryControlOfEveryDialogHasItsOwnName) {
     const struct {
         int command;
         const wchar_t* window;
-    } dialogs[] = {
-        {ME_FileSettings, kSettingsBoxClass}, {ME_SectionProperties, kPropertiesBoxClass},
-        {ME_SectionRename, kInputBoxClass},   {ME_SectionCopy, kInputBoxClass},
-        {ME_FileVersions, kVersionsBoxClass}, {ME_SectionImport, kImportBoxClass},
-        {ME_SectionExport, kExportBoxClass},  {ME_HelpAbout, kAboutClass},
-        {ME_SectionRemove, kMessageBoxClass}};
+    } dialogs[] = {{ME_FileSettings, kSettingsBoxClass},
+                   {ME_SectionProperties, kPropertiesBoxClass},
+                   {ME_FilePrint, kPagePreviewClass},
+                   {ME_FilePrintAll, kPagePreviewClass},
+                   {ME_FileExportAllPictures, kPicturesBoxClass},
+                   {ME_SectionRename, kInputBoxClass},
+                   {ME_SectionCopy, kInputBoxClass},
+                   {ME_FileVersions, kVersionsBoxClass},
+                   {ME_SectionImport, kImportBoxClass},
+                   {ME_SectionExport, kExportBoxClass},
+                   {ME_HelpAbout, kAboutClass},
+                   {ME_SectionRemove, kMessageBoxClass}};
     for (const auto& dialog : dialogs) {
         Choose(main, dialog.command);
         const HWND window = program.Window(dialog.window);

@@ -159,13 +159,16 @@ TEST_F(HelpUi, F1InABoxIsAboutItsCommand) {
         uint16_t command;
         const wchar_t* window;
         const char* page;
-    } boxes[] = {{ME_FileSettings, L"FM_Settings", "settings.html"},
-                 {ME_FileVersions, L"FM_Versions", "undo-and-earlier-versions.html"},
-                 {ME_SectionCopy, L"InputBox", "4-copy-it.html"},
-                 {ME_SectionProperties, L"FM_Properties", "4-copy-it.html"},
-                 {ME_SectionImport, L"FM_Inport", "exchange-models-with-other-databases.html"},
-                 {ME_SectionExport, L"FM_Export", "exchange-models-with-other-databases.html"},
-                 {ME_HelpAbout, L"FM_About", "help.html"}};
+    } boxes[] = {
+        {ME_FileSettings, L"FM_Settings", "settings.html"},
+        {ME_FilePrint, L"FM_Page", "pictures-for-reports-and-drawings.html"},
+        {ME_FileExportAllPictures, L"FM_Pictures", "pictures-for-reports-and-drawings.html"},
+        {ME_FileVersions, L"FM_Versions", "undo-and-earlier-versions.html"},
+        {ME_SectionCopy, L"InputBox", "4-copy-it.html"},
+        {ME_SectionProperties, L"FM_Properties", "4-copy-it.html"},
+        {ME_SectionImport, L"FM_Inport", "exchange-models-with-other-databases.html"},
+        {ME_SectionExport, L"FM_Export", "exchange-models-with-other-databases.html"},
+        {ME_HelpAbout, L"FM_About", "help.html"}};
     for (const auto& box : boxes) {
         SCOPED_TRACE(Narrow(box.window));
         Choose(main, box.command);

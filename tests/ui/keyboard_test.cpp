@@ -22,6 +22,8 @@ enum class Shows {
     kVersionsBox,
     kPropertiesBox,
     kSettingsBox,
+    kPagePreview,
+    kPicturesBox,
     kNothing  // the program ends, or the command cannot be chosen
 };
 
@@ -42,9 +44,9 @@ constexpr KeyCommand kKeyCommands[] = {
     {ME_FileVersions, 'F', 'E', Shows::kVersionsBox, "Earlier versions"},
     {ME_FileExportList, 'F', 'L', Shows::kWindow, "Export list"},
     {ME_FileExportPicture, 'F', 'P', Shows::kWindow, "Export picture"},
-    // Without a printer.
-    {ME_FilePrint, 'F', 'I', Shows::kBox, "could not be printed"},
-    {ME_FilePrintAll, 'F', 'A', Shows::kBox, "could not be printed"},
+    {ME_FileExportAllPictures, 'F', 'X', Shows::kPicturesBox, "Export all pictures"},
+    {ME_FilePrint, 'F', 'I', Shows::kPagePreview, "Page preview of 'Engine room, frame 30'"},
+    {ME_FilePrintAll, 'F', 'A', Shows::kPagePreview, "Page preview of 'ship.ve2'"},
     {ME_FileSettings, 'F', 'T', Shows::kSettingsBox, "Settings"},
     {ME_FileQuit, 'F', 'Q', Shows::kNothing, ""},
     // Without a history there is nothing to undo; see history_ui_test.cpp.
@@ -75,6 +77,8 @@ constexpr KeyCommand kKeyCommands[] = {
     {ME_ViewNames, 'V', 'P', Shows::kNothing, ""},
     {ME_ViewNumbers, 'V', 'S', Shows::kNothing, ""},
     {ME_ViewThickness, 'V', 'I', Shows::kNothing, ""},
+    // See picture_pages_ui_test.cpp.
+    {ME_ViewTable, 'V', 'C', Shows::kNothing, ""},
     {ME_ViewNextBulkhead, 'V', 'E', Shows::kNothing, ""},
     {ME_FileBSD, 'B', 'O', Shows::kBox, "BsdEdit.exe"},
     {ME_FileImportBSD, 'B', 'I', Shows::kWindow, "Import"},
@@ -114,6 +118,10 @@ struct KeyboardTest : MainWindowFixture {
                 return L"FM_Properties";
             case Shows::kSettingsBox:
                 return L"FM_Settings";
+            case Shows::kPagePreview:
+                return L"FM_Page";
+            case Shows::kPicturesBox:
+                return L"FM_Pictures";
             default:
                 return L"#32770";
         }

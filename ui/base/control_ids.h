@@ -86,6 +86,25 @@ enum ControlId : int {
     LB_Programs = 1490,
     LB_SettingsFile,  // names TX_SettingsFile
     TX_SettingsFile,
+    // The page preview.
+    LB_PageScale = 1500,  // names CB_PageScale
+    CB_PageScale,
+    LB_ScaleNow,
+    GR_Paper,  // around OP_Paper
+    OP_Paper,  // the first of two options: landscape, portrait
+    OP_PageTable = OP_Paper + 2,
+    LB_PageRemark,
+    IM_Page,
+    BT_PreviousPage,
+    LB_PageNumber,
+    BT_NextPage,
+    // Export all pictures.
+    LB_Pictures = 1520,
+    LB_PictureFolder,  // names TX_PictureFolder
+    TX_PictureFolder,
+    BT_PictureFolder,
+    LB_PictureKind,  // names CB_PictureKind
+    CB_PictureKind,
 };
 
 inline constexpr int kRuleSetCount = 3;
@@ -103,5 +122,7 @@ inline constexpr wchar_t kProgressClass[] = L"Progress";
 inline constexpr wchar_t kVersionsBoxClass[] = L"FM_Versions";
 inline constexpr wchar_t kPropertiesBoxClass[] = L"FM_Properties";
 inline constexpr wchar_t kSettingsBoxClass[] = L"FM_Settings";
+inline constexpr wchar_t kPagePreviewClass[] = L"FM_Page";
+inline constexpr wchar_t kPicturesBoxClass[] = L"FM_Pictures";
 
 }  // namespace corvane

@@ -4,6 +4,8 @@
 
 #include "shell/state.h"
 #include "ui/base/controls.h"
+#include "ui/base/dpi.h"
+#include "ui/dialogs/dialogs.h"
 
 namespace corvane {
 
@@ -61,6 +63,27 @@ std::wstring ListItemText(HWND list, LRESULT index) {
     SendMessageW(list, LB_GETTEXT, static_cast<WPARAM>(index),
                  reinterpret_cast<LPARAM>(text.data()));
     return text;
+}
+
+void FillDropDown(HWND list, const std::vector<std::wstring>& items, size_t chosen) {
+    for (const std::wstring& item : items) {
+        SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
+    }
+    SendMessageW(list, CB_SETCURSEL, chosen, 0);
+}
+
+size_t ChoiceOfDropDown(HWND list) {
+    return static_cast<size_t>(SendMessageW(list, CB_GETCURSEL, 0, 0));
+}
+
+void PlaceDropDown(HWND window, int id, RECT& area, UINT dpi) {
+    // It is given the height that it has when it is open.
+    constexpr int kOpenHeight = 240;
+    PlaceControl(window, id,
+                 {area.left, area.top, area.right, area.top + Scaled(kOpenHeight, dpi)});
+    RECT closed{};
+    GetWindowRect(GetDlgItem(window, id), &closed);
+    area.top += closed.bottom - closed.top;
 }
 
 void AddListColumn(HWND list, int index, const wchar_t* title, bool alignsRight) {

@@ -1,4 +1,4 @@
-// List boxes of the dialogs, and columns of list views.
+// List boxes and drop-down lists of the dialogs, and columns of list views.
 #pragma once
 
 #include <cstdint>
@@ -23,6 +23,13 @@ void FillList(HWND list, const std::vector<std::wstring>& items);
 void FitScrolling(HWND list);
 // Text of an item; empty for an index that no item has.
 std::wstring ListItemText(HWND list, LRESULT index);
+
+// A drop-down list: its style, its items with the one that is chosen, which of them that is now.
+inline constexpr DWORD kDropDownStyle = WS_VSCROLL | CBS_DROPDOWNLIST;
+void FillDropDown(HWND list, const std::vector<std::wstring>& items, size_t chosen);
+size_t ChoiceOfDropDown(HWND list);
+// Places it over the whole breadth at the top of the area, which becomes what is left below it.
+void PlaceDropDown(HWND window, int id, RECT& area, UINT dpi);
 
 // Adds a column to a list view after the others; `index` is its place, from 0.
 void AddListColumn(HWND list, int index, const wchar_t* title, bool alignsRight);

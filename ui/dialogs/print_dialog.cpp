@@ -1,13 +1,13 @@
 #include "ui/dialogs/print_dialog.h"
 
-#include <commdlg.h>
-// windows.h and commdlg.h must come first.
+// windows.h must come first.
 #include <cderr.h>
 #include <winspool.h>
 
 #include <algorithm>
 
 #include "report/reporters.h"
+#include "shell/page_preview.h"
 #include "shell/state.h"
 #include "ui/base/own_window.h"
 #include "ui/pictures/figure_player.h"
@@ -38,6 +38,7 @@ struct SystemLibrary {
 };
 
 constexpr system::ErrorNumber kNoPrinters = 3012;
+constexpr system::ErrorNumber kPrinterNotUsable = 1801;
 
 // Without printers some systems show their dialog all the same.
 bool HasPrinter() {
@@ -50,47 +51,68 @@ bool HasPrinter() {
     return size > 0;
 }
 
-// What the user chose; the device context and the memory are gone with the record.
-struct Choice {
-    PRINTDLGW dialog{};
-
-    Choice() = default;
-    ~Choice() {
-        if (dialog.hDC != nullptr) DeleteDC(dialog.hDC);
-        if (dialog.hDevMode != nullptr) GlobalFree(dialog.hDevMode);
-        if (dialog.hDevNames != nullptr) GlobalFree(dialog.hDevNames);
-    }
-    Choice(const Choice&) = delete;
-    Choice& operator=(const Choice&) = delete;
-};
-
 // The system's error of a dialog that did not come up.
 system::ErrorNumber ErrorOfDialog(DWORD extended) {
-    constexpr system::ErrorNumber kPrinterNotUsable = 1801;
     const bool areNone = extended == PDERR_NODEFAULTPRN || extended == PDERR_NODEVICES;
     return areNone ? kNoPrinters : kPrinterNotUsable;
 }
 
-// kErrorCancelled when the user closed the dialog.
-system::ErrorNumber AskPrinter(const PrintJob& job, Choice& choice) {
+// Shows the dialog with what the record has; kErrorCancelled when the user closed it.
+system::ErrorNumber RunPrintDialog(PRINTDLGW& dialog) {
     if (!HasPrinter()) return kNoPrinters;
     const SystemLibrary dialogs(L"comdlg32.dll");
     const auto printDialog = dialogs.Function<decltype(::PrintDlgW)>("PrintDlgW");
     const auto extendedError =
         dialogs.Function<decltype(::CommDlgExtendedError)>("CommDlgExtendedError");
     if (printDialog == nullptr || extendedError == nullptr) return system::kErrorProcedureNotFound;
-    PRINTDLGW& dialog = choice.dialog;
     dialog.lStructSize = sizeof(dialog);
     dialog.hwndOwner = DialogOwner();
+    if (printDialog(&dialog) != FALSE) return system::kErrorNone;
+    const DWORD extended = extendedError();
+    return extended == 0 ? system::kErrorCancelled : ErrorOfDialog(extended);
+}
+
+void DropDevice(PRINTDLGW& dialog) {
+    if (dialog.hDC != nullptr) DeleteDC(dialog.hDC);
+    dialog.hDC = nullptr;
+}
+
+system::ErrorNumber AskPrinter(const PrintJob& job, PRINTDLGW& dialog) {
+    DropDevice(dialog);
     dialog.Flags = PD_RETURNDC | PD_USEDEVMODECOPIESANDCOLLATE | PD_NOSELECTION | PD_NOWARNING |
                    PD_HIDEPRINTTOFILE;
     if (job.pageCount < 2) dialog.Flags |= PD_NOPAGENUMS;
     dialog.nMinPage = dialog.nFromPage = 1;
     dialog.nMaxPage = dialog.nToPage = static_cast<WORD>(std::clamp(job.pageCount, 1, 0xFFFF));
     dialog.nCopies = 1;
-    if (printDialog(&dialog) != FALSE && dialog.hDC != nullptr) return system::kErrorNone;
-    const DWORD extended = extendedError();
-    return extended == 0 ? system::kErrorCancelled : ErrorOfDialog(extended);
+    const system::ErrorNumber error = RunPrintDialog(dialog);
+    if (error == system::kErrorNone && dialog.hDC == nullptr) return kPrinterNotUsable;
+    return error;
+}
+
+// ---- Its paper ---------------------------------------------------------------------------------
+
+// The memory of the system's, for as long as this lives; null for none.
+template <class Record>
+struct Locked {
+    HGLOBAL memory;
+    Record* record;
+
+    explicit Locked(HGLOBAL itsMemory)
+        : memory(itsMemory),
+          record(itsMemory == nullptr ? nullptr : static_cast<Record*>(GlobalLock(itsMemory))) {}
+    ~Locked() {
+        if (record != nullptr) GlobalUnlock(memory);
+    }
+    Locked(const Locked&) = delete;
+    Locked& operator=(const Locked&) = delete;
+};
+
+// A device context that knows the printer's paper and prints nothing; null without a printer.
+HDC OpenForFacts(const DEVNAMES* names, const DEVMODEW* mode) {
+    if (names == nullptr) return nullptr;
+    const auto* text = reinterpret_cast<const wchar_t*>(names);
+    return CreateICW(text + names->wDriverOffset, text + names->wDeviceOffset, nullptr, mode);
 }
 
 // ---- The printer -------------------------------------------------------------------------------
@@ -138,6 +160,31 @@ Printer PrinterOf(const PRINTDLGW& dialog, int pageCount) {
 
 }  // namespace
 
+PrinterChoice::~PrinterChoice() {
+    DropDevice(dialog);
+    if (dialog.hDevMode != nullptr) GlobalFree(dialog.hDevMode);
+    if (dialog.hDevNames != nullptr) GlobalFree(dialog.hDevNames);
+}
+
+void TakeDefaultPrinter(PrinterChoice& choice) {
+    choice.dialog.Flags = PD_RETURNDEFAULT | PD_NOWARNING;
+    RunPrintDialog(choice.dialog);
+}
+
+Paper TurnPaper(PrinterChoice& choice, bool isPortrait) {
+    const Locked<DEVMODEW> mode(choice.dialog.hDevMode);
+    const Locked<DEVNAMES> names(choice.dialog.hDevNames);
+    if (mode.record != nullptr) {
+        mode.record->dmFields |= DM_ORIENTATION;
+        mode.record->dmOrientation = isPortrait ? DMORIENT_PORTRAIT : DMORIENT_LANDSCAPE;
+    }
+    const HDC dc = OpenForFacts(names.record, mode.record);
+    if (dc == nullptr) return UsualPaper(isPortrait);
+    const Paper paper = PaperOf(DeviceOf(dc));
+    DeleteDC(dc);
+    return paper;
+}
+
 PrintDevice DeviceOf(HDC dc) {
     PrintDevice device{dc, GetDeviceCaps(dc, LOGPIXELSX), GetDeviceCaps(dc, LOGPIXELSY)};
     device.across = std::max(device.across, 1);
@@ -182,9 +229,8 @@ void DrawPage(const PrintDevice& device, const Figure& page) {
     RestoreDC(device.dc, saved);
 }
 
-PrintEnd PrintThroughSystem(const PrintJob& job) {
-    Choice choice;
-    const system::ErrorNumber error = AskPrinter(job, choice);
+PrintEnd PrintThroughSystem(const PrintJob& job, PrinterChoice& choice) {
+    const system::ErrorNumber error = AskPrinter(job, choice.dialog);
     if (error == system::kErrorCancelled) return PrintEnd::kCancelled;
     if (error != system::kErrorNone) {
         ReportMessage(kMsgNotPrinted, {job.name, system::ErrorText(error)});

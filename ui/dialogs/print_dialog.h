@@ -2,13 +2,32 @@
 #pragma once
 
 #include "platform/win32/win32.h"
+// windows.h must come first.
+#include <commdlg.h>
+
 #include "shell/printing.h"
 
 namespace corvane {
 
+// The printer, as the system's dialog keeps it: at first the default one, then the one that the
+// user chose. The device context and the memory are gone with the record.
+struct PrinterChoice {
+    PRINTDLGW dialog{};
+
+    PrinterChoice() = default;
+    ~PrinterChoice();
+    PrinterChoice(const PrinterChoice&) = delete;
+    PrinterChoice& operator=(const PrinterChoice&) = delete;
+};
+
+// Takes the default printer, if there is one, without a dialog.
+void TakeDefaultPrinter(PrinterChoice& choice);
+// Turns the printer's paper, and returns it; without a printer it is UsualPaper.
+Paper TurnPaper(PrinterChoice& choice, bool isPortrait);
+
 // Asks for the printer and the pages, and prints them, while the main window accepts no commands.
 // What hinders the dialog is reported.
-PrintEnd PrintThroughSystem(const PrintJob& job);
+PrintEnd PrintThroughSystem(const PrintJob& job, PrinterChoice& choice);
 
 // ---- The same, of a device ---------------------------------------------------------------------
 

@@ -10,7 +10,8 @@
 #include "ui/dialogs/folder_prompt.h"
 #include "ui/dialogs/import_box.h"
 #include "ui/dialogs/input_box.h"
-#include "ui/dialogs/print_dialog.h"
+#include "ui/dialogs/page_preview.h"
+#include "ui/dialogs/pictures_box.h"
 #include "ui/dialogs/progress_box.h"
 #include "ui/dialogs/properties_box.h"
 #include "ui/dialogs/settings_box.h"
@@ -76,7 +77,8 @@ View WindowsView() {
     view.askVersion = AskVersion;
     view.askSettings = AskSettings;
     view.askFolder = AskFolder;
-    view.printPages = PrintThroughSystem;
+    view.previewPages = PreviewPages;
+    view.askPictures = AskPictures;
     view.showProperties = ShowProperties;
     view.openDocument = OpenDocument;
     view.copyText = [](const std::wstring& text, const std::string& html) {

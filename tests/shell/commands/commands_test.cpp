@@ -49,8 +49,8 @@ TEST(Commands, MenusHaveTheirItemsInOrder) {
     EXPECT_EQ(Items(Menu::kFile),
               (Captions{L"&New database...", L"&Open database...", L"&Save database as...",
                         L"Save as &Velk Dos...", L"&Earlier versions...", L"Export &list...",
-                        L"Export &picture...", L"Pr&int...", L"Print &all sections...",
-                        L"Se&ttings...", L"-", L"&Quit"}));
+                        L"Export &picture...", L"E&xport all pictures...", L"Pr&int...",
+                        L"Print &all sections...", L"Se&ttings...", L"-", L"&Quit"}));
     EXPECT_EQ(Items(Menu::kEdit), (Captions{L"&Undo", L"&Redo", L"-", L"&Find", L"Select &all",
                                             L"Copy l&ist", L"Copy &picture"}));
     EXPECT_EQ(Items(Menu::kView), (Captions{L"Sort by &name",
@@ -74,6 +74,7 @@ TEST(Commands, MenusHaveTheirItemsInOrder) {
                                             L"Names of &panels",
                                             L"Numbers of nodes and &strakes",
                                             L"Th&ickness by colour",
+                                            L"Table with pi&ctures",
                                             L"-",
                                             L"N&ext bulkhead"}));
     EXPECT_EQ(Items(Menu::kBsd), (Captions{L"&Open...", L"&Import..."}));

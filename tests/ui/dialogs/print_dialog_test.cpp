@@ -149,7 +149,9 @@ TEST(PrintDialog, WithoutAPrinterItSaysSo) {
     PrintJob job;
     job.name = L"Midship";
     job.pageCount = 1;
-    EXPECT_EQ(PrintThroughSystem(job), PrintEnd::kFailed);
+    PrinterChoice printer;
+    TakeDefaultPrinter(printer);
+    EXPECT_EQ(PrintThroughSystem(job, printer), PrintEnd::kFailed);
     const std::vector<std::string> warnings = RecordedReports::Of("warning");
     constexpr system::ErrorNumber kNoPrinters = 3012;
     ASSERT_EQ(warnings.size(), 1U);
