@@ -502,17 +502,6 @@ void DrawBulkheads(Figure& figure, const BulkheadLayout& layout, const BulkheadC
     DrawLeftOut(figure, layout, colours);
 }
 
-Figure MakeBulkheadFigure(const BulkheadLayout& layout, double width_mm, double height_mm,
-                          const BulkheadColours& colours) {
-    const ShipBox& extent = layout.extent;
-    const bool isEmpty = layout.bulkheads.empty();
-    Figure figure =
-        MakeFigure(width_mm, height_mm, isEmpty ? 1 : layout.mmPerMetre,
-                   {(extent.left + extent.right) / 2, (extent.bottom + extent.top) / 2});
-    DrawBulkheads(figure, layout, colours);
-    return figure;
-}
-
 std::vector<LegendLine> LegendOf(const BulkheadLayout& layout, const BulkheadColours& colours) {
     std::vector<LegendLine> lines;
     const auto add = [&](bool isThere, int32_t text, FigurePen pen,

@@ -29,11 +29,6 @@ struct BulkheadColours {
 // most.
 void DrawBulkheads(Figure& figure, const BulkheadLayout& layout, const BulkheadColours& colours);
 
-// All of them, on a sheet of the size for which they were laid out; without items where there are
-// no bulkheads.
-Figure MakeBulkheadFigure(const BulkheadLayout& layout, double width_mm, double height_mm,
-                          const BulkheadColours& colours);
-
 // Of what these bulkheads have.
 std::vector<LegendLine> LegendOf(const BulkheadLayout& layout, const BulkheadColours& colours);
 

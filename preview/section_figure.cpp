@@ -160,14 +160,4 @@ Figure MakeFittedFigure(const SheetSize& sheet, const ShipBox& area) {
                       {(area.left + area.right) / 2, (area.bottom + area.top) / 2});
 }
 
-Figure MakeSectionFigure(const Section& section, const SheetSize& sheet,
-                         const SectionColours& colours) {
-    ShipBox extent{};
-    ExtentOf(section, extent);
-    if (extent.left > extent.right) extent = {0, 0, 0, 0};
-    Figure figure = MakeFittedFigure(sheet, extent);
-    AddSection(figure, section, colours);
-    return figure;
-}
-
 }  // namespace corvane

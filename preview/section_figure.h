@@ -38,8 +38,4 @@ struct SheetSize {
 };
 Figure MakeFittedFigure(const SheetSize& sheet, const ShipBox& area);
 
-// A sheet with the section as large as the margins let it; without plating it is empty.
-Figure MakeSectionFigure(const Section& section, const SheetSize& sheet,
-                         const SectionColours& colours = {});
-
 }  // namespace corvane

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
+#include <utility>
 
 #include "database/section_block.h"
 #include "database/section_view.h"
-#include "preview/bulkhead_figure.h"
 #include "preview/section_figure.h"
 #include "report/reporters.h"
 #include "shell/picture_facts.h"
@@ -23,12 +23,17 @@ std::vector<PicturePlace> MarkedPlaces() {
     return places;
 }
 
-ModelDrawing DrawingOfShownSection() {
-    ModelDrawing drawing = DrawingOf(shell.preview.section);
-    if (!shell.preview.options.hasTable) return drawing;
-    drawing.draw = [drawSection = drawing.draw, places = MarkedPlaces()](Figure& figure) {
-        drawSection(figure);
-        AnnotatePicture(shell.preview.section, {}, places, figure);
+// With what is switched on over it, and marks.
+ModelDrawing DrawingWith(std::vector<PicturePlace> places, SectionModel& section) {
+    const auto view = std::make_shared<LibraryView>();
+    MakeLibraryView(section, *view);
+    ComputeSection(view->section);
+    ModelDrawing drawing;
+    ShipBox extent;
+    if (ExtentOf(view->section, extent)) drawing.extent = extent;
+    drawing.draw = [view, &section, marked = std::move(places)](Figure& figure) {
+        AddSection(figure, view->section);
+        AnnotatePicture(section, shell.preview.options, marked, figure);
     };
     return drawing;
 }
@@ -36,7 +41,9 @@ ModelDrawing DrawingOfShownSection() {
 ModelDrawing DrawingOfBulkheads(double width_mm, double height_mm) {
     const auto layout =
         std::make_shared<const BulkheadLayout>(LayOutShownBulkheads(width_mm, height_mm));
-    return {layout->extent, [layout](Figure& figure) { DrawBulkheads(figure, *layout, {}); }};
+    return {layout->extent, [layout](Figure& figure) {
+                DrawBulkheadsWith(shell.preview.options, *layout, figure);
+            }};
 }
 
 // A line "label tab value".
@@ -49,18 +56,15 @@ PageTableLine LineOfTable(const std::wstring& text) {
 }  // namespace
 
 ModelDrawing DrawingOf(SectionModel& section) {
-    const auto view = std::make_shared<LibraryView>();
-    MakeLibraryView(section, *view);
-    ComputeSection(view->section);
-    ModelDrawing drawing;
-    ShipBox extent;
-    if (ExtentOf(view->section, extent)) drawing.extent = extent;
-    drawing.draw = [view](Figure& figure) { AddSection(figure, view->section); };
-    return drawing;
+    return DrawingWith({}, section);
 }
 
 ModelDrawing DrawingOfShown(double width_mm, double height_mm) {
-    if (shell.preview.isShown) return DrawingOfShownSection();
+    if (shell.preview.isShown) {
+        return DrawingWith(
+            shell.preview.options.hasTable ? MarkedPlaces() : std::vector<PicturePlace>(),
+            shell.preview.section);
+    }
     if (shell.preview.areBulkheadsShown) return DrawingOfBulkheads(width_mm, height_mm);
     return {};
 }

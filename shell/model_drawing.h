@@ -18,7 +18,7 @@ struct ModelDrawing {
     std::function<void(Figure& figure)> draw = [](Figure&) {};
 };
 
-// A section, computed once. The drawing refers to it.
+// A section, with what is switched on over the preview's. The drawing refers to it.
 ModelDrawing DrawingOf(SectionModel& section);
 // The model that the preview shows, bulkheads laid out for a sheet of this size; with the marks of
 // the user where the table goes with it. The drawing refers to what the preview shows.

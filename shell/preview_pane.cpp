@@ -62,9 +62,7 @@ void DrawBulkheadPane(PreviewPane& pane, const PaneShip& ship, Picture& picture)
     picture.clear(picture);
     if (!(picture.scaleWidth > 0)) return;
     Figure figure = SheetOver(picture);
-    DrawBulkheads(figure, layout, {});
-    if (pane.options.hasLegend) AddLegend(figure, LegendOf(layout, {}));
-    if (pane.options.hasScaleBar) AddScaleBar(figure);
+    DrawBulkheadsWith(pane.options, layout, figure);
     picture.drawFigure(picture, figure);
 }
 
@@ -159,6 +157,13 @@ bool HasPicture(const PreviewPane& pane) {
 void DrawPane(PreviewPane& pane, const PaneShip& ship, Picture& picture) {
     if (pane.isShown) DrawSection(pane.section, ship.bsd, picture);
     if (pane.areBulkheadsShown) DrawBulkheadPane(pane, ship, picture);
+}
+
+void DrawBulkheadsWith(const PictureOptions& options, const BulkheadLayout& layout,
+                       Figure& figure) {
+    DrawBulkheads(figure, layout, {});
+    if (options.hasLegend) AddLegend(figure, LegendOf(layout, {}));
+    if (options.hasScaleBar) AddScaleBar(figure);
 }
 
 bool TurnToNextBulkhead(PreviewPane& pane) {

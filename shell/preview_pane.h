@@ -54,6 +54,8 @@ std::wstring ShowInPane(PreviewPane& pane, const PaneShip& ship, ModelKind kind)
 bool HasPicture(const PreviewPane& pane);
 // Draws what the pane shows into a picture; nothing leaves the picture as it is.
 void DrawPane(PreviewPane& pane, const PaneShip& ship, Picture& picture);
+// Draws bulkheads, with the legend and the scale bar where they are switched on.
+void DrawBulkheadsWith(const PictureOptions& options, const BulkheadLayout& layout, Figure& figure);
 
 // Of a bulkhead arrangement that is shown: its first bulkhead, the next one, after the last one all
 // of them again. False, and nothing changes, when none is shown.

@@ -12,6 +12,7 @@
 #include "preview/dxf_writer.h"
 #include "preview/section_figure.h"
 #include "preview/svg_writer.h"
+#include "tests/preview/section_sheet.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -78,7 +79,7 @@ Figure FigureOfSample(int32_t number) {
     LibraryView view;
     MakeLibraryView(model, view);
     QuickCompute(&view.section, nullptr);
-    return MakeSectionFigure(view.section, {297, 210, 10});
+    return test::MakeSectionFigure(view.section, {297, 210, 10});
 }
 
 // What no section has: texts on all sides, with every kind of letter, and colours.

@@ -32,8 +32,8 @@ struct Drawing {
 
 Drawing Draw(const BulkheadArrangement& arrangement) {
     Drawing drawing{LayOut(arrangement), {}};
-    drawing.figure =
-        MakeBulkheadFigure(drawing.layout, test::kSheetWidth_mm, test::kSheetHeight_mm, kColours);
+    drawing.figure = test::MakeBulkheadFigure(drawing.layout, test::kSheetWidth_mm,
+                                              test::kSheetHeight_mm, kColours);
     return drawing;
 }
 
@@ -265,7 +265,7 @@ TEST(BulkheadFigure, ThicknessWithoutRoomIsLeftOut) {
     bulkhead.bands[1] = {{12, 10, 15, 1}};
     const BulkheadArrangement arrangement = ArrangementOf({bulkhead});
     const BulkheadLayout layout = LayOutBulkheads({arrangement, {}, 2, 2, 0});
-    const Figure tiny = MakeBulkheadFigure(layout, 2, 2, kColours);
+    const Figure tiny = test::MakeBulkheadFigure(layout, 2, 2, kColours);
     EXPECT_TRUE(tiny.texts.empty());
     bulkhead.bands[1] = {{12, 10, 0, 1}};
     const BulkheadArrangement unknown = ArrangementOf({bulkhead});
@@ -376,7 +376,7 @@ TEST(BulkheadFigure, NameAndOriginOfTheOutlineAreBelow) {
     const BulkheadArrangement withoutNodes = ArrangementOf({bare});
     const auto textsWith = [&](const ShipOutline& ship) {
         const BulkheadLayout layout = LayOut(withoutNodes, 0, [&] { return ship; });
-        return MakeBulkheadFigure(layout, 277, 180, kColours).texts;
+        return test::MakeBulkheadFigure(layout, 277, 180, kColours).texts;
     };
     const Outline half = HalfOutline(20, 15);
     EXPECT_EQ(textsWith({OutlineSource::kSection, half, L"Midship", 104.5F}).back(),
@@ -473,8 +473,8 @@ TEST(BulkheadFigure, EveryScaleShowsAPart) {
 
 TEST(BulkheadFigure, WithoutBulkheadsTheFigureIsEmpty) {
     const BulkheadArrangement arrangement = ArrangementOf({});
-    EXPECT_TRUE(MakeBulkheadFigure(LayOut(arrangement), 277, 180, kColours).items.empty());
-    EXPECT_TRUE(MakeBulkheadFigure({}, 277, 180, kColours).items.empty());
+    EXPECT_TRUE(test::MakeBulkheadFigure(LayOut(arrangement), 277, 180, kColours).items.empty());
+    EXPECT_TRUE(test::MakeBulkheadFigure({}, 277, 180, kColours).items.empty());
 }
 
 TEST(BulkheadFigure, RandomArrangementsAreDrawnAsFarAsTheyCanBe) {
@@ -484,7 +484,7 @@ TEST(BulkheadFigure, RandomArrangementsAreDrawnAsFarAsTheyCanBe) {
         const BulkheadLayout layout = LayOut(arrangement, 0, [] {
             return ShipOutline{OutlineSource::kBreadthAndDepth, HalfOutline(30, 20), L"", 0};
         });
-        const Figure figure = MakeBulkheadFigure(layout, 277, 180, kColours);
+        const Figure figure = test::MakeBulkheadFigure(layout, 277, 180, kColours);
         ExpectSound(figure);
         itemCount += figure.items.size();
     }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "database/bulkhead_block.h"
+#include "preview/bulkhead_figure.h"
 #include "preview/bulkhead_layout.h"
 #include "tests/companions/section_builder.h"
 #include "tests/support/support.h"
@@ -54,6 +55,19 @@ inline BulkheadLayout LayOut(const BulkheadArrangement& arrangement, size_t bulk
                              std::function<ShipOutline()> ship = {}) {
     return LayOutBulkheads(
         {arrangement, std::move(ship), kSheetWidth_mm, kSheetHeight_mm, bulkhead});
+}
+
+// All of them, on a sheet of the size for which they were laid out; without items where there are
+// no bulkheads.
+inline Figure MakeBulkheadFigure(const BulkheadLayout& layout, double width_mm, double height_mm,
+                                 const BulkheadColours& colours) {
+    const ShipBox& extent = layout.extent;
+    const bool isEmpty = layout.bulkheads.empty();
+    Figure figure =
+        MakeFigure(width_mm, height_mm, isEmpty ? 1 : layout.mmPerMetre,
+                   {(extent.left + extent.right) / 2, (extent.bottom + extent.top) / 2});
+    DrawBulkheads(figure, layout, colours);
+    return figure;
 }
 
 }  // namespace corvane::test

@@ -12,6 +12,7 @@
 
 #include "tests/companions/section_builder.h"
 #include "tests/preview/sample_section.h"
+#include "tests/preview/section_sheet.h"
 
 namespace corvane {
 namespace {
@@ -249,7 +250,7 @@ TEST(SectionFigureTest, CentreLineOfAVeryHighSheetHasNoMoreDashes) {
     section.Add({GivenNode(0, 0), GivenNode(0, 1000)});
     section.Link();
     section.Compute();
-    const Figure figure = MakeSectionFigure(section.section, {1e7, 1e7, 10});
+    const Figure figure = test::MakeSectionFigure(section.section, {1e7, 1e7, 10});
     EXPECT_LT(ItemsOf(figure, kColours.centreLine).size(), 2000U);
 }
 
@@ -316,7 +317,7 @@ TEST(SectionFigureTest, SheetShowsAllOfTheSectionInsideItsMargins) {
     section.Link();
     section.Compute();
     // 280 mm for 20 m.
-    const Figure figure = MakeSectionFigure(section.section, {300, 200, 10});
+    const Figure figure = test::MakeSectionFigure(section.section, {300, 200, 10});
     EXPECT_DOUBLE_EQ(figure.mmPerMetre, 14);
     EXPECT_NEAR(OnSheet(figure, {0, 0}).x, 10, 1e-9);
     EXPECT_NEAR(OnSheet(figure, {20, 2.5}).x, 290, 1e-9);
@@ -328,15 +329,15 @@ TEST(SectionFigureTest, EmptyAndDegenerateSectionsGiveASheet) {
     empty.Link();
     ShipBox extent{};
     EXPECT_FALSE(ExtentOf(empty.section, extent));
-    EXPECT_TRUE(MakeSectionFigure(empty.section, {300, 200, 10}).items.empty());
+    EXPECT_TRUE(test::MakeSectionFigure(empty.section, {300, 200, 10}).items.empty());
 
     TestSection flat;
     flat.Add({GivenNode(0, 3), GivenNode(10, 3)});
     flat.Link();
     flat.Compute();
-    EXPECT_DOUBLE_EQ(MakeSectionFigure(flat.section, {300, 200, 10}).mmPerMetre, 28);
+    EXPECT_DOUBLE_EQ(test::MakeSectionFigure(flat.section, {300, 200, 10}).mmPerMetre, 28);
     // Margins that leave no room.
-    EXPECT_DOUBLE_EQ(MakeSectionFigure(flat.section, {300, 200, 400}).mmPerMetre, 10);
+    EXPECT_DOUBLE_EQ(test::MakeSectionFigure(flat.section, {300, 200, 400}).mmPerMetre, 10);
 }
 
 TEST(SectionFigureTest, FarPlacesAndThoseThatAreNoneAreLeftOut) {
@@ -355,7 +356,7 @@ TEST(SectionFigureTest, FarPlacesAndThoseThatAreNoneAreLeftOut) {
     ExpectLine(plating[0], {{0, 1}, {10, 1}, {30, 1}});
     for (const SheetPoint& point : figure.points) EXPECT_TRUE(IsInWindow(figure, point));
     // The sheet that shows all of it has a scale.
-    figure = MakeSectionFigure(section.section, {300, 200, 10});
+    figure = test::MakeSectionFigure(section.section, {300, 200, 10});
     EXPECT_GT(figure.mmPerMetre, 0);
     EXPECT_FALSE(figure.items.empty());
 }
@@ -375,7 +376,7 @@ TEST(SectionFigureTest, SampleHasEveryPartOfItsSections) {
     for (int32_t number = 1; number <= 9; ++number) {
         test::SampleSection sample(number);
         const Section& section = sample.view.section;
-        const Figure figure = MakeSectionFigure(section, {297, 210, 10});
+        const Figure figure = test::MakeSectionFigure(section, {297, 210, 10});
         size_t plates = 0;
         size_t stiffeners = 0;
         for (const Panel& panel : sample.model.panels) {
@@ -397,10 +398,10 @@ TEST(SectionFigureTest, SampleHasEveryPartOfItsSections) {
 TEST(SectionFigureTest, SampleTanksHaveTheirAreasAlongTheBilge) {
     // The areas are those of docs/sample-ship.md.
     const test::SampleSection engineRoom(1);
-    const Figure first = MakeSectionFigure(engineRoom.view.section, {297, 210, 10});
+    const Figure first = test::MakeSectionFigure(engineRoom.view.section, {297, 210, 10});
     EXPECT_TRUE(HasAreaOf(ItemsOf(first, kColours.compartment), 2.77));
     const test::SampleSection hold7(2);
-    const Figure second = MakeSectionFigure(hold7.view.section, {297, 210, 10});
+    const Figure second = test::MakeSectionFigure(hold7.view.section, {297, 210, 10});
     EXPECT_TRUE(HasAreaOf(ItemsOf(second, kColours.compartment), 43.97));
 }
 

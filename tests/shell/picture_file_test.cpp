@@ -74,6 +74,24 @@ TEST_F(PictureCommands, TableIsBesideTheSectionWhenItIsSwitchedOnAndSomethingIsM
     EXPECT_EQ(PictureShown().points, plain.points);
 }
 
+TEST_F(PictureCommands, WhatIsSwitchedOnGoesWithThePicture) {
+    const Figure plain = PictureShown();
+    for (const uint16_t command : {ME_ViewScaleBar, ME_ViewAxes, ME_ViewLegend, ME_ViewNames,
+                                   ME_ViewNumbers, ME_ViewThickness}) {
+        RunCommand(command);
+        EXPECT_GT(PictureShown().items.size(), plain.items.size()) << command;
+        RunCommand(command);
+        EXPECT_EQ(PictureShown().points, plain.points) << command;
+    }
+    RunCommand(ME_ViewLegend);
+    RunCommand(ME_ViewScaleBar);
+    ShowInPreview(*std::ranges::find(shell.database.rows, ModelKind::kBulkhead, &ModelRow::kind));
+    const std::vector<std::wstring> texts = PictureShown().texts;
+    EXPECT_NE(std::ranges::find(texts, L"Outline of the plating"), texts.end());
+    EXPECT_NE(std::ranges::find_if(texts, [](const auto& text) { return text.ends_with(L" m"); }),
+              texts.end());
+}
+
 TEST_F(PictureCommands, BulkheadsAreOnASheetWithItsMargins) {
     const auto row = std::ranges::find(shell.database.rows, ModelKind::kBulkhead, &ModelRow::kind);
     ASSERT_NE(row, shell.database.rows.end());
