@@ -371,7 +371,11 @@
     X(kMsgOneBulkhead, 3931)            \
     X(kMsgNoBulkheadsShown, 3932)       \
     X(kMsgSectionNotRead, 3933)         \
-    X(kMsgNoSectionsToPrint, 3934)
+    X(kMsgNoSectionsToPrint, 3934)      \
+    X(kMsgChecking, 3960)               \
+    X(kMsgChangedInCheck, 3961)         \
+    X(kMsgRepairing, 3962)              \
+    X(kMsgChangedSinceCheck, 3963)
 
 namespace corvane {
 
