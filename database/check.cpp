@@ -105,13 +105,15 @@ void CheckShipRecord(FileCheck& check) {
         AddOfFile(check, CheckRule::kShipItem, before + item.line, {ShownText(item.text)});
     }
     check.lines.number = before + faults.lines;
-    if (numbers == faults.numbers) {
-        CheckDimensions(check, bsd, header);
-        CheckFrames(check, bsd, header);
-    } else {
+    // A word that is no number is reported already.
+    const auto found = numbers + static_cast<int>(faults.items.size());
+    if (found < faults.numbers) {
         AddOfFile(check, CheckRule::kShipNumbers, header,
                   {std::to_wstring(numbers), std::to_wstring(faults.numbers)});
     }
+    if (numbers < faults.numbers) return;
+    CheckDimensions(check, bsd, header);
+    CheckFrames(check, bsd, header);
 }
 
 // What is between the ship record and the first model.
@@ -138,29 +140,39 @@ void CheckSignature(FileCheck& check) {
     if (line == check.structure.headLabel || line == kBsdHeaderLine) StepBack(check.lines);
 }
 
-void CheckFileHead(FileCheck& check) {
-    CheckSignature(check);
-    bool hasLabel = false;
+// From the signature to the header line of the ship record, which has then been read; false where
+// it is missing.
+bool FindShipRecord(FileCheck& check, bool& hasLabel) {
+    UnknownLines unknown;
     bool hasShip = false;
     for (std::string_view line; !hasShip && ReadHeadLine(check, line);) {
         hasShip = line == kBsdHeaderLine;
-        if (line == check.structure.headLabel) {
-            hasLabel = true;
-        } else if (!hasShip) {
-            AddOfFile(check, CheckRule::kHeadLineUnknown, check.lines.number, {ShownText(line)});
-        }
+        const bool isLabel = line == check.structure.headLabel;
+        hasLabel = hasLabel || isLabel;
+        if (!hasShip && !isLabel) NoteUnknown(unknown, check.lines, line);
     }
+    if (unknown.count > 0) {
+        AddOfFile(check, CheckRule::kHeadLineUnknown, unknown.first,
+                  {std::to_wstring(unknown.count), unknown.text});
+    }
+    return hasShip;
+}
+
+void CheckFileHead(FileCheck& check) {
+    CheckSignature(check);
+    bool hasLabel = false;
+    const bool hasShip = FindShipRecord(check, hasLabel);
     const int64_t last = check.lines.number;
     if (!hasLabel) {
         AddOfFile(check, CheckRule::kNoHeadLabel, last,
                   {system::WideFromAnsi(check.structure.headLabel)});
     }
-    if (!hasShip) {
+    if (hasShip) {
+        CheckShipRecord(check);
+        CheckLinesAfterShip(check);
+    } else {
         AddOfFile(check, CheckRule::kNoShipRecord, last, {system::WideFromAnsi(kBsdHeaderLine)});
-        return;
     }
-    CheckShipRecord(check);
-    CheckLinesAfterShip(check);
 }
 
 // ---- Models ------------------------------------------------------------------------------------

@@ -123,7 +123,7 @@ Severity SeverityOf(const Finding& finding);
 // What is wrong, with the values.
 std::wstring TextOf(const Finding& finding);
 // A line of a report: where, how severe, which model, what is wrong. Without a line end.
-//     Line 97, fault, model 2 'Frame 20' (Section): The row of NODES has 12 values; 13 are ...
+//     Line 97, fault, model 2 'Frame 20' (Section): The line of NODES has too few ...
 std::wstring ReportLineOf(const Finding& finding);
 
 // ---- What can be repaired without loss ---------------------------------------------------------

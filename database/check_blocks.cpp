@@ -120,19 +120,14 @@ void CheckVersion(HeadCheck& head) {
     const KindFacts& facts = FactsOf(head.found.model.kind);
     if (!BeginsWithNumber(head.line)) {
         Note(head, CheckRule::kVersionUnreadable, {shown});
+    } else if (!head.hasKind) {
+        return;
     } else if (ClampToSingle(LeadingNumber(head.line)) > facts.formatVersion) {
         Note(head, CheckRule::kVersionNewer, {shown, GeneralText(facts.formatVersion)});
     } else if (facts.kind == ModelKind::kSection && LeadingNumber(head.line) < kOldestLayout) {
         Note(head, CheckRule::kVersionOlder, {shown});
     }
 }
-
-// Lines of the head that are not known are one finding.
-struct UnknownLines {
-    int64_t first = 0;
-    int64_t count = 0;
-    std::wstring text;  // of the first one
-};
 
 // The line after the version label, unless the version is missing.
 bool CheckVersionLine(HeadCheck& head) {
@@ -155,9 +150,8 @@ bool SkipToNameLabel(HeadCheck& head, UnknownLines& unknown) {
         } else if (IsHeaderLine(head.line)) {
             StepBack(head.lines);
             return false;
-        } else if (++unknown.count == 1) {
-            unknown.first = head.lines.number;
-            unknown.text = ShownText(head.line);
+        } else {
+            NoteUnknown(unknown, head.lines, head.line);
         }
     } while (NextLine(head));
     return false;
@@ -190,7 +184,7 @@ void CheckName(RowCheck& row, int64_t firstLine) {
     row.watchesHeads = true;
     const int64_t before = row.textLine;
     HeadTextLine(row, name);
-    row.found.model.name = system::WideFromAnsi(name);
+    row.found.model.name = ShownText(name);
     if (row.textLine == before) {
         Add(row.found, CheckRule::kNoName, firstLine, {});
     } else if (name.empty()) {

@@ -1,7 +1,7 @@
 #include "database/check_rows.h"
 
 #include <algorithm>
-#include <charconv>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -17,53 +17,80 @@ namespace {
 constexpr size_t kLongestShown = 40;
 
 // ---- Words -------------------------------------------------------------------------------------
-// As the utility library reads a row of numbers: companions/ztutil32/number_row.cpp.
+// As the utility library reads a row of numbers: companions/ztutil32/number_row.cpp. Nearly all the
+// time of a check is spent here, so that a word is looked at once.
+
+// By character: whether it parts words.
+constexpr std::array<bool, 256> kSeparators = [] {
+    std::array<bool, 256> separators{};
+    for (const char c : {' ', '\t', ',', ';', '\r', '\n'})
+        separators[static_cast<size_t>(c)] = true;
+    return separators;
+}();
 
 bool IsSeparator(char c) {
-    return c == ' ' || c == '\t' || c == ',' || c == ';' || c == '\r' || c == '\n';
+    return kSeparators[static_cast<unsigned char>(c)];
 }
 
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-// Takes the next word off a line; empty when there is none.
-std::string_view TakeWord(std::string_view& line) {
-    const char* at = line.data();
-    const char* const end = at + line.size();
-    while (at != end && IsSeparator(*at)) ++at;
-    const char* const begin = at;
-    while (at != end && !IsSeparator(*at)) ++at;
-    line = {at, static_cast<size_t>(end - at)};
-    return {begin, static_cast<size_t>(at - begin)};
+unsigned DigitOf(char c) {
+    return static_cast<unsigned>(static_cast<unsigned char>(c)) - '0';
 }
 
 enum class Form { kNoNumber, kInteger, kReal, kPower };
 
+struct Word {
+    std::string_view text;  // empty: the line has no more words
+    Form form = Form::kNoNumber;
+    int64_t value = 0;  // of an integer of at most kSurelyFits characters
+};
+constexpr size_t kSurelyFits = 18;
+
 const char* SkipDigits(const char* at, const char* end) {
-    while (at != end && IsDigit(*at)) ++at;
+    while (at != end && DigitOf(*at) <= 9) ++at;
     return at;
 }
 
-Form FormOf(std::string_view word) {
-    const char* at = word.data();
-    const char* const end = at + word.size();
-    if (at != end && (*at == '-' || *at == '+')) ++at;
-    const char* const first = at;
-    at = SkipDigits(at, end);
-    auto digits = at - first;
-    if (at == end) return digits > 0 ? Form::kInteger : Form::kNoNumber;
+// What is no integer, from its first character that is no digit. `at` becomes the place up to which
+// it is a number.
+[[gnu::noinline]] Form FormOfRest(const char*& at, const char* end, bool hasDigits) {
     if (*at == '.') {
         const char* const fraction = ++at;
         at = SkipDigits(at, end);
-        digits += at - fraction;
+        hasDigits = hasDigits || at != fraction;
     }
-    if (digits == 0) return Form::kNoNumber;
-    if (at == end) return Form::kReal;
-    if (*at != 'E' && *at != 'e' && *at != 'D' && *at != 'd') return Form::kNoNumber;
+    if (!hasDigits) return Form::kNoNumber;
+    if (at == end || (*at != 'E' && *at != 'e' && *at != 'D' && *at != 'd')) return Form::kReal;
     ++at;
     if (at != end && (*at == '-' || *at == '+')) ++at;
-    return at != end && SkipDigits(at, end) == end ? Form::kPower : Form::kNoNumber;
+    const char* const exponent = at;
+    at = SkipDigits(at, end);
+    return at != exponent ? Form::kPower : Form::kNoNumber;
+}
+
+// Takes the next word off a line.
+[[gnu::always_inline]] inline Word TakeWord(std::string_view& line) {
+    const char* at = line.data();
+    const char* const end = at + line.size();
+    while (at != end && IsSeparator(*at)) ++at;
+    const char* const begin = at;
+    const bool isNegative = at != end && *at == '-';
+    if (isNegative || (at != end && *at == '+')) ++at;
+    Word word;
+    const char* const digits = at;
+    uint64_t value = 0;
+    for (; at != end && DigitOf(*at) <= 9; ++at) value = value * 10 + DigitOf(*at);
+    if (at == end || IsSeparator(*at)) {
+        if (at != digits) word.form = Form::kInteger;
+    } else {
+        word.form = FormOfRest(at, end, at != digits);
+        if (at != end && !IsSeparator(*at)) word.form = Form::kNoNumber;
+        while (at != end && !IsSeparator(*at)) ++at;
+    }
+    const auto whole = static_cast<int64_t>(value);
+    word.value = isNegative ? -whole : whole;
+    word.text = {begin, static_cast<size_t>(at - begin)};
+    line = {at, static_cast<size_t>(end - at)};
+    return word;
 }
 
 // ---- Numbers -----------------------------------------------------------------------------------
@@ -73,64 +100,70 @@ void AddForLine(RowCheck& row, CheckRule rule, std::vector<std::wstring> values)
     Add(row.found, rule, LineOf(row), std::move(values));
 }
 
-// The next word of the line that is a number; the words before it are reported.
-bool NextNumber(RowCheck& row, std::string_view& word, Form& form) {
+// The next number where the first word that is left is none: words before it are reported.
+bool SearchNumber(RowCheck& row, Word& word) {
     for (;;) {
-        while (AtRow(row) && !(word = TakeWord(row.line)).empty()) {
-            form = FormOf(word);
-            if (form != Form::kNoNumber) {
+        for (; !word.text.empty(); word = TakeWord(row.line)) {
+            if (word.form != Form::kNoNumber) {
                 ++row.read;
                 return true;
             }
-            AddForLine(row, CheckRule::kNotNumber, {ShownText(word)});
+            AddForLine(row, CheckRule::kNotNumber, {ShownText(word.text)});
         }
         if (!row.passesLineEnds || !AtRow(row)) break;
         const int read = row.read;
         LoadLine(row);
         row.read = read;
+        word = TakeWord(row.line);
     }
     ++row.missing;
     return false;
 }
 
+// The next word of the line that is a number.
+[[gnu::always_inline]] inline bool NextNumber(RowCheck& row, Word& word) {
+    word = {};
+    if (AtRow(row)) word = TakeWord(row.line);
+    if (word.form == Form::kNoNumber) return SearchNumber(row, word);
+    ++row.read;
+    return true;
+}
+
 // The whole number nearest to what the word says, within the limits.
-int64_t WholeNumber(RowCheck& row, std::string_view word, Form form, int64_t largest) {
-    constexpr size_t kSurelyFits = 18;
-    int64_t value = 0;
-    if (form == Form::kInteger && word.size() <= kSurelyFits) {
-        std::from_chars(word.data() + (word.front() == '+' ? 1 : 0), word.data() + word.size(),
-                        value);
-    } else {
-        const double real = LeadingNumber(word);
+int64_t RoundedNumber(RowCheck& row, const Word& word, int64_t largest) {
+    int64_t value = word.value;
+    if (word.form != Form::kInteger || word.text.size() > kSurelyFits) {
+        const double real = LeadingNumber(word.text);
         const double limit = static_cast<double>(largest) + 2;
         const double whole = std::nearbyint(std::clamp(real, -limit, limit));
         value = static_cast<int64_t>(whole);
         if (std::fabs(real) < limit && whole != real) {
-            AddForLine(row, CheckRule::kNotWhole, {ShownText(word)});
+            AddForLine(row, CheckRule::kNotWhole, {ShownText(word.text)});
         }
     }
     const int64_t held = std::clamp(value, -largest - 1, largest);
-    if (held != value) AddForLine(row, CheckRule::kNumberTooLarge, {ShownText(word)});
+    if (held != value) AddForLine(row, CheckRule::kNumberTooLarge, {ShownText(word.text)});
     return held;
 }
 
 template <class Integer>
-void ReadInteger(RowCheck& row, Integer& value) {
-    std::string_view word;
-    Form form = Form::kNoNumber;
-    if (!NextNumber(row, word, form)) return;
-    value = static_cast<Integer>(WholeNumber(row, word, form, std::numeric_limits<Integer>::max()));
+inline void ReadInteger(RowCheck& row, Integer& value) {
+    constexpr int64_t kLargest = std::numeric_limits<Integer>::max();
+    Word word;
+    if (!NextNumber(row, word)) return;
+    const bool isUsual = word.form == Form::kInteger && word.text.size() <= kSurelyFits &&
+                         word.value <= kLargest && word.value >= -kLargest - 1;
+    value = static_cast<Integer>(isUsual ? word.value : RoundedNumber(row, word, kLargest));
 }
 
 // Only what has an exponent, or very many digits, can be too large for a single.
-void ReadReal(RowCheck& row) {
-    constexpr size_t kSurelyFits = 38;
-    std::string_view word;
-    Form form = Form::kNoNumber;
-    if (!NextNumber(row, word, form)) return;
-    if (form != Form::kPower && word.size() <= kSurelyFits) return;
-    if (std::fabs(LeadingNumber(word)) <= std::numeric_limits<float>::max()) return;
-    AddForLine(row, CheckRule::kNumberTooLarge, {ShownText(word)});
+inline void ReadReal(RowCheck& row) {
+    constexpr size_t kMostDigits = 38;
+    Word word;
+    if (!NextNumber(row, word)) return;
+    if (word.form != Form::kPower && word.text.size() <= kMostDigits) return;
+    if (std::fabs(LeadingNumber(word.text)) <= std::numeric_limits<float>::max()) return;
+    AddForLine(row, CheckRule::kNumberTooLarge, {ShownText(word.text)});
 }
 
 // ---- Lines -------------------------------------------------------------------------------------
@@ -172,10 +205,13 @@ bool NextBlockLine(RowCheck& row) {
             StepBack(row.lines);
             return false;
         }
-        if (row.line.size() >= kLongestLine) {
+        if (row.isForeign || IsCommentLine(row.line)) continue;
+        constexpr int64_t kLineEnd = 2;
+        const auto size = static_cast<int64_t>(row.line.size()) + kLineEnd;
+        if (LinePosition(row.lines.reader) - row.lines.begin > size) {
             Add(row.found, CheckRule::kLineTooLong, LineOf(row), {std::to_wstring(kLongestLine)});
         }
-        if (!row.isForeign && !IsCommentLine(row.line)) return true;
+        return true;
     }
 }
 
@@ -199,6 +235,12 @@ bool ReadLine(CountedLines& lines, std::string_view& line) {
 void StepBack(CountedLines& lines) {
     SeekLine(lines.reader, lines.begin);
     --lines.number;
+}
+
+void NoteUnknown(UnknownLines& unknown, const CountedLines& lines, std::string_view line) {
+    if (++unknown.count > 1) return;
+    unknown.first = lines.number;
+    unknown.text = ShownText(line);
 }
 
 void Add(BlockFindings& found, CheckRule rule, int64_t line, std::vector<std::wstring> values) {
@@ -260,8 +302,8 @@ int NumbersLeft(const RowCheck& row) {
     if (!AtRow(row)) return 0;
     int count = 0;
     std::string_view line = row.line;
-    for (std::string_view word; !(word = TakeWord(line)).empty();) {
-        if (FormOf(word) != Form::kNoNumber) ++count;
+    for (Word word; !(word = TakeWord(line)).text.empty();) {
+        if (word.form != Form::kNoNumber) ++count;
     }
     return count;
 }
@@ -317,16 +359,17 @@ void Value(RowCheck& row, PaddedName) {
 
 void EndLine(RowCheck& row) {
     if (!AtRow(row)) {
-        if (row.missing > 0 && !row.isCut) AddForLine(row, CheckRule::kItemCut, {});
+        if (row.missing > 0 && !row.isCut && !row.isForeign) {
+            AddForLine(row, CheckRule::kItemCut, {});
+        }
         row.isCut = true;
         row.read = row.missing = 0;
         return;
     }
     const int wanted = row.read + row.missing;
     const bool passesLineEnds = std::exchange(row.passesLineEnds, false);
-    std::string_view word;
-    Form form = Form::kNoNumber;
-    while (NextNumber(row, word, form)) continue;
+    Word word;
+    while (NextNumber(row, word)) continue;
     row.passesLineEnds = passesLineEnds;
     const int missing = row.missing - 1;  // the last call found none
     if (missing > 0 || row.read > wanted) {

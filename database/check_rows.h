@@ -24,6 +24,14 @@ bool ReadLine(CountedLines& lines, std::string_view& line);
 // The line that was read last is the next one again.
 void StepBack(CountedLines& lines);
 
+// Lines of a head that are not known are one finding.
+struct UnknownLines {
+    int64_t first = 0;
+    int64_t count = 0;
+    std::wstring text;  // of the first one
+};
+void NoteUnknown(UnknownLines& unknown, const CountedLines& lines, std::string_view line);
+
 // The findings of one block, until its end.
 struct BlockFindings {
     Finding model;  // with the fields that say which model it is

@@ -40,13 +40,15 @@ struct OwnerRun {
     size_t table = 0;
 };
 
-// A stiffener and a span are of the panel `strake`; 0 where it is a node.
+// To something of the panel or bulkhead `owner`.
 struct Reference {
+    enum class To { kOwner, kNode, kStiffener, kSpan };
+
     int64_t line = 0;
-    int32_t strake = 0;
-    int32_t node = 0;
-    int32_t stiffener = 0;
-    int32_t span = 0;
+    To to = To::kOwner;
+    int32_t owner = 0;
+    int32_t number = 0;  // of the node, or of the stiffener
+    int32_t span = 0;    // of the stiffener
 };
 
 struct BodyCheck;
@@ -86,7 +88,7 @@ int32_t ReadOwner(BodyCheck& body, Counted counted = kCounted) {
 // (0, 0) refers to nothing, unless a node is `wanted`.
 void KeepReference(BodyCheck& body, int64_t line, NodeReference node, bool isWanted = false) {
     if (!isWanted && node.strake == 0 && node.node == 0) return;
-    body.references.push_back({line, node.strake, node.node});
+    body.references.push_back({line, Reference::To::kNode, node.strake, node.node});
 }
 
 // ---- Codes -------------------------------------------------------------------------------------
@@ -108,14 +110,16 @@ void CheckNode(BodyCheck& body, int64_t line, const Node& node, bool hasExtensio
         case kNodeGiven:
             break;
         case kNodeOnStrake:
-            body.references.push_back({line, node.onStrake, -1});
+            body.references.push_back({line, Reference::To::kOwner, node.onStrake});
             break;
         case kNodeOffset:
         case kNodeCoincident:
             KeepReference(body, line, {node.onStrake, node.onNode}, true);
             break;
         case kNodeIntersection:
-            if (hasExtension) body.references.push_back({line, node.extensionStrake, -1});
+            if (hasExtension) {
+                body.references.push_back({line, Reference::To::kOwner, node.extensionStrake});
+            }
             break;
         default:
             CheckCode(body, line, CheckRule::kNodeKind, node.kind);
@@ -224,12 +228,12 @@ void CheckPillar(BodyCheck& body, int64_t line, const Pillar& pillar) {
 void CheckFatigue(BodyCheck& body) {
     body.row.passesLineEnds = true;
     while (AtRow(body.row)) {
-        Reference reference{LineOf(body.row)};
-        reference.strake = ReadOwner(body);
-        Values(body.row, reference.stiffener, reference.span);
+        Reference reference{LineOf(body.row), Reference::To::kSpan};
+        reference.owner = ReadOwner(body);
+        Values(body.row, reference.number, reference.span);
+        if (body.row.missing == 0) body.references.push_back(reference);
         FatigueTable fatigue;
         ItemLines(body.row, fatigue);
-        body.references.push_back(reference);
     }
     body.row.passesLineEnds = false;
 }
@@ -250,10 +254,10 @@ void CheckSecondary(BodyCheck& body, int64_t line, const SecondaryStiffener& sti
 
 // Bulkhead and stiffener, with which the row begins.
 void ReadStiffener(BodyCheck& body) {
-    Reference reference{LineOf(body.row)};
-    reference.strake = ReadOwner(body);
-    Value(body.row, reference.stiffener);
-    body.references.push_back(reference);
+    Reference reference{LineOf(body.row), Reference::To::kStiffener};
+    reference.owner = ReadOwner(body);
+    Value(body.row, reference.number);
+    if (body.row.missing == 0) body.references.push_back(reference);
 }
 
 void CheckEndBrackets(BodyCheck& body) {
@@ -332,25 +336,25 @@ void JudgeRuns(BodyCheck& body) {
     }
 }
 
-// What a reference leads to, in words; empty where it is there.
+// What a reference leads to, in words; empty where it is there. A row without an owner is another
+// rule's matter.
 std::wstring MissingText(BodyCheck& body, const Reference& reference) {
     const auto isIn = [](int64_t number, int64_t count) { return number >= 1 && number <= count; };
-    const Owner* const at = OwnerOf(body, reference.strake);
-    const std::wstring owner = OwnerText(body, reference.strake);
-    if (reference.stiffener != 0 || reference.span != 0) {
-        if (at == nullptr) return {};  // its row has no owner, which is another rule's
-        if (!isIn(reference.stiffener, at->rows[kStiffeners])) {
-            return L"stiffener " + std::to_wstring(reference.stiffener) + L" of " + owner;
-        }
-        const auto stiffener = static_cast<size_t>(reference.stiffener) - 1;
-        if (reference.span == 0 || isIn(reference.span, at->spans[stiffener])) return {};
-        return L"span " + std::to_wstring(reference.span) + L" of stiffener " +
-               std::to_wstring(reference.stiffener) + L" of " + owner;
+    const Owner* const owner = OwnerOf(body, reference.owner);
+    const std::wstring ofOwner = L" of " + OwnerText(body, reference.owner);
+    const std::wstring number = std::to_wstring(reference.number);
+    if (reference.to == Reference::To::kOwner) {
+        return owner == nullptr ? OwnerText(body, reference.owner) : std::wstring();
     }
-    if (reference.node < 0 && at != nullptr) return {};
-    if (reference.node < 0) return owner;
-    if (at != nullptr && isIn(reference.node, at->rows[kNodes])) return {};
-    return L"node " + std::to_wstring(reference.node) + L" of " + owner;
+    if (reference.to == Reference::To::kNode) {
+        if (owner != nullptr && isIn(reference.number, owner->rows[kNodes])) return {};
+        return L"node " + number + ofOwner;
+    }
+    if (owner == nullptr) return {};
+    if (!isIn(reference.number, owner->rows[kStiffeners])) return L"stiffener " + number + ofOwner;
+    if (reference.to == Reference::To::kStiffener) return {};
+    if (isIn(reference.span, owner->spans[static_cast<size_t>(reference.number) - 1])) return {};
+    return L"span " + std::to_wstring(reference.span) + L" of stiffener " + number + ofOwner;
 }
 
 void JudgeReferences(BodyCheck& body) {
