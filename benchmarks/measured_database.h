@@ -99,7 +99,7 @@ inline int MakeSoundDatabase(const std::wstring& path, int64_t bytes) {
     if (!BeginDatabase(writer, path)) return -1;
     SectionModel section = MeasuredSection();
     int32_t number = 0;
-    constexpr int64_t kBytesOfAModel = 33'000;
+    constexpr int64_t kBytesOfAModel = 55'000;
     for (int64_t written = 0; written < bytes; written += kBytesOfAModel) {
         section.identifier = "ID" + std::to_string(++number);
         WriteSectionBlock(writer, section, number);

@@ -378,17 +378,12 @@ bool FindLossesOfCopy(const std::wstring& path, const BlockPlace& place,
         if (!ReportReadFault(reader, path)) ReportMessage(kMsgModelMissing, {place.number, path});
         return false;
     }
-    const StructuralLines structure = FetchStructuralLines();
-    FindLine(reader, structure.modelMarker);
-    const int64_t marker = LinePosition(reader);
-    CountedLines lines{reader};
-    std::string_view line;
-    ReadLine(lines, line);
     BlockFindings found;
     CheckedBlock block;
-    CheckBlock(lines, structure, found, block);
+    int64_t marker = 0;
+    CheckBlockAt(reader, found, block, marker);
     if (ReportReadFault(reader, path)) return false;
-    if (KindOfKeyword(keyword) == ModelKind::kTorsion) return true;
+    if (KindOfKeyword(keyword) == ModelKind::kTorsion || IsCarriedOver(found, block)) return true;
     for (Finding& finding : SortedFindings(found)) {
         if (FactsOf(finding.rule).isLostByCopy) losses.push_back(std::move(finding));
     }

@@ -163,10 +163,12 @@ using OnFinding = std::function<void(const Finding&)>;
 inline constexpr int kMostOfARule = 10;
 bool CheckDatabase(const std::wstring& path, const OnFinding& onFinding, CheckResult& result);
 
-// What a copy of one model leaves out that is read and written again, as those of sections and
-// bulkhead arrangements are: tables that this program does not know, rows and values that belong to
-// nothing, columns of a newer layout. Empty of a torsion model, which is copied byte by byte. False
-// when the model cannot be read, which is reported like a failure of reading it (3580, 3509, 1011).
+// What a copy of one model leaves out, in the same database or another one. Sections and bulkhead
+// arrangements are read and written again; one that would lose something by that is carried over
+// byte by byte (database/carrying.h), unless its head is damaged: of such a model these are the
+// tables that this program does not know, the rows and values that belong to nothing, and a newer
+// layout. Empty of a torsion model. False when the model cannot be read, which is reported like a
+// failure of reading it (3580, 3509, 1011).
 bool FindLossesOfCopy(const std::wstring& path, const BlockPlace& place,
                       std::vector<Finding>& losses);
 

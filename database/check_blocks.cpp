@@ -177,7 +177,7 @@ bool CheckHead(HeadCheck& head) {
 // ---- Body --------------------------------------------------------------------------------------
 
 // The name's line; a name may be what it likes, but not a table's label.
-void CheckName(RowCheck& row, int64_t firstLine) {
+void CheckName(RowCheck& row, CheckedBlock& block) {
     std::string name;
     row.watchesHeads = false;
     LoadLine(row);
@@ -186,10 +186,13 @@ void CheckName(RowCheck& row, int64_t firstLine) {
     HeadTextLine(row, name);
     row.found.model.name = ShownText(name);
     if (row.textLine == before) {
-        Add(row.found, CheckRule::kNoName, firstLine, {});
-    } else if (name.empty()) {
-        Add(row.found, CheckRule::kNoName, row.textLine, {});
+        Add(row.found, CheckRule::kNoName, block.firstLine, {});
+        return;
     }
+    if (name.empty()) Add(row.found, CheckRule::kNoName, row.textLine, {});
+    block.nameLine.line = row.textLine;
+    block.nameLine.begin = row.textBegin;
+    block.nameLine.end = row.textEnd;
 }
 
 template <class Model>
@@ -213,7 +216,7 @@ void CheckHeadLines(RowCheck& row, CheckedBlock& block) {
 // `hasNameLabel`: its line has been read; otherwise the next line is that of a table.
 void CheckBody(RowCheck& row, CheckedBlock& block, bool hasNameLabel) {
     if (hasNameLabel) {
-        CheckName(row, block.firstLine);
+        CheckName(row, block);
     } else {
         LoadLine(row);
     }
@@ -233,8 +236,8 @@ void CheckBody(RowCheck& row, CheckedBlock& block, bool hasNameLabel) {
 }
 
 // What the rows are nobody can say.
-void SkipBody(RowCheck& row, const CheckedBlock& block, bool hasNameLabel) {
-    if (hasNameLabel) CheckName(row, block.firstLine);
+void SkipBody(RowCheck& row, CheckedBlock& block, bool hasNameLabel) {
+    if (hasNameLabel) CheckName(row, block);
     do {
         LoadLine(row);
     } while (row.place != RowCheck::Place::kEnd);
@@ -255,6 +258,22 @@ void CheckBlock(CountedLines& lines, const StructuralLines& structure, BlockFind
         SkipBody(row, block, hasNameLabel);
     }
     block.hidesBlock = row.isForeign;
+}
+
+void CheckBlockAt(TextReader& reader, BlockFindings& found, CheckedBlock& block, int64_t& begin) {
+    const StructuralLines structure = FetchStructuralLines();
+    FindLine(reader, structure.modelMarker);
+    CountedLines lines{reader};
+    std::string_view marker;
+    ReadLine(lines, marker);
+    begin = lines.begin;
+    CheckBlock(lines, structure, found, block);
+}
+
+bool IsCarriedOver(const BlockFindings& found, const CheckedBlock& block) {
+    const auto isLost = [](const Finding& finding) { return FactsOf(finding.rule).isLostByCopy; };
+    return block.number > 0 && block.hasNumberPlace && block.nameLine.line != 0 &&
+           block.hasIdentifierLine && !block.hidesBlock && std::ranges::any_of(found.list, isLost);
 }
 
 }  // namespace corvane

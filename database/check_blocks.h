@@ -15,6 +15,8 @@ struct CheckedBlock {
     // Where its number is, or has to be put in; false: nobody can say.
     bool hasNumberPlace = false;
     Repair numberLine;
+    // The lines of the name and of the identifier, as `was`, `begin` and `end` say; line 0: none.
+    Repair nameLine;
     std::string identifier;
     // The line of the identifier is known: nothing is wrong with the lines before it.
     bool hasIdentifierLine = false;
@@ -26,6 +28,14 @@ struct CheckedBlock {
 // end. `found` has its findings, in the order in which they were found.
 void CheckBlock(CountedLines& lines, const StructuralLines& structure, BlockFindings& found,
                 CheckedBlock& block);
+
+// The same of the block before whose marker the reader is, as FindModel leaves it; its marker is
+// line 1. `begin` is the marker's place; the reader is at the block's end afterwards.
+void CheckBlockAt(TextReader& reader, BlockFindings& found, CheckedBlock& block, int64_t& begin);
+
+// Whether a copy of the block is made byte by byte (database/carrying.h): read and written again it
+// would lose something, and nothing is wrong with the lines of its head.
+bool IsCarriedOver(const BlockFindings& found, const CheckedBlock& block);
 
 // The tables of a section or a bulkhead arrangement: the row is after the head. Checks them to the
 // end of the block.
