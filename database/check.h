@@ -99,8 +99,8 @@ enum class CheckRule {
 // A row of the table of rules. A "¤" of `text` is the place of the next value of a finding.
 struct RuleFacts {
     CheckRule rule;
-    const wchar_t* title;  // a few words, the same for every finding
     Severity severity;
+    const wchar_t* title;    // a few words, the same for every finding
     const wchar_t* text;     // what is wrong
     const wchar_t* meaning;  // what it means for the user
     const wchar_t* remedy;   // what can be done

@@ -23,8 +23,7 @@ constexpr size_t kLongestShown = 40;
 // By character: whether it parts words.
 constexpr std::array<bool, 256> kSeparators = [] {
     std::array<bool, 256> separators{};
-    for (const char c : {' ', '\t', ',', ';', '\r', '\n'})
-        separators[static_cast<size_t>(c)] = true;
+    for (const unsigned char c : {' ', '\t', ',', ';', '\r', '\n'}) separators[c] = true;
     return separators;
 }();
 
