@@ -120,8 +120,8 @@ void CheckVersion(HeadCheck& head) {
     const KindFacts& facts = FactsOf(head.found.model.kind);
     if (!BeginsWithNumber(head.line)) {
         Note(head, CheckRule::kVersionUnreadable, {shown});
-    } else if (!head.hasKind) {
-        return;
+    } else if (!head.hasKind || facts.kind == ModelKind::kTorsion) {
+        return;  // the layout of a torsion model is its program's
     } else if (ClampToSingle(LeadingNumber(head.line)) > facts.formatVersion) {
         Note(head, CheckRule::kVersionNewer, {shown, GeneralText(facts.formatVersion)});
     } else if (facts.kind == ModelKind::kSection && LeadingNumber(head.line) < kOldestLayout) {
@@ -201,16 +201,18 @@ void CheckHeadLines(RowCheck& row, CheckedBlock& block) {
     Model model;
     const int64_t nameLine = row.textLine;
     HeadLines(row, model);
-    if (row.textLine == nameLine) return;
+    // Where its line was lost, it can be put in before the first table.
+    const bool isLost = row.textLine == nameLine;
+    if (isLost && row.place != RowCheck::Place::kHeader) return;
     block.identifier = model.identifier;
     block.hasIdentifierLine = CountOf(row.found) == findings;
     Repair& line = block.identifierLine;
     line.kind = RepairKind::kIdentifier;
-    line.line = row.textLine;
+    line.line = isLost ? LineOf(row) : row.textLine;
     line.block = row.found.model.block;
     line.was = system::WideFromAnsi(model.identifier);
-    line.begin = row.textBegin;
-    line.end = row.textEnd;
+    line.begin = isLost ? row.lines.begin : row.textBegin;
+    line.end = isLost ? line.begin : row.textEnd;
 }
 
 // `hasNameLabel`: its line has been read; otherwise the next line is that of a table.

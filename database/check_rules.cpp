@@ -210,7 +210,7 @@ constexpr RuleFacts kRules[] = {
      L"The line may have been cut off, or has more nodes than are read.", kInputAgain, kNotRepaired,
      kLost},
     {CheckRule::kCountDiffers, Severity::kWarning, L"Count differs",
-     L"The number of ¤ is given as ¤; the file has ¤.",
+     L"The number of ¤ should be ¤; the file has ¤.",
      L"Rows were lost or are there twice, or belong to another one. The rows are read.",
      kInputAgain, kNotRepaired, kKept},
 

@@ -13,10 +13,20 @@ namespace {
 
 // ---- What rows belong to, and refer to ---------------------------------------------------------
 
-// What the file counts of a panel's rows, in the order of the counts in its own row; and the spans.
-enum Counted { kNodes, kPlates, kStiffeners, kBrackets, kSpans, kCounted };
-constexpr std::array<const wchar_t*, kCounted> kCountedNames = {L"nodes", L"plates", L"stiffeners",
-                                                                L"brackets", L"spans"};
+// Rows of a panel whose number is known: in the order of the counts in its own row, and the spans;
+// of a bulkhead, two brackets for each stiffener, and one row of corrugations.
+enum Counted {
+    kNodes,
+    kPlates,
+    kStiffeners,
+    kBrackets,
+    kSpans,
+    kEndBrackets,
+    kCorrugations,
+    kCounted
+};
+constexpr std::array<const wchar_t*, kCounted> kCountedNames = {
+    L"nodes", L"plates", L"stiffeners", L"brackets", L"spans", L"end brackets", L"corrugations"};
 
 // A panel or a bulkhead.
 struct Owner {
@@ -253,9 +263,9 @@ void CheckSecondary(BodyCheck& body, int64_t line, const SecondaryStiffener& sti
 }
 
 // Bulkhead and stiffener, with which the row begins.
-void ReadStiffener(BodyCheck& body) {
+void ReadStiffener(BodyCheck& body, Counted counted = kCounted) {
     Reference reference{LineOf(body.row), Reference::To::kStiffener};
-    reference.owner = ReadOwner(body);
+    reference.owner = ReadOwner(body, counted);
     Value(body.row, reference.number);
     if (body.row.missing == 0) body.references.push_back(reference);
 }
@@ -263,7 +273,7 @@ void ReadStiffener(BodyCheck& body) {
 void CheckEndBrackets(BodyCheck& body) {
     while (AtRow(body.row)) {
         const int64_t line = LineOf(body.row);
-        ReadStiffener(body);
+        ReadStiffener(body, kEndBrackets);
         int32_t number = 0;
         Value(body.row, number);
         if (AtRow(body.row) && number != 1 && number != 2) {
@@ -290,7 +300,7 @@ void CheckSpans(BodyCheck& body) {
 
 void CheckCorrugations(BodyCheck& body) {
     while (AtRow(body.row)) {
-        ReadOwner(body);
+        ReadOwner(body, kCorrugations);
         Corrugation corrugation;
         CorrugationLine(body.row, corrugation);
     }
@@ -365,7 +375,6 @@ void JudgeReferences(BodyCheck& body) {
     }
 }
 
-// Only a section gives the numbers of its panels' rows.
 void JudgeCounts(BodyCheck& body) {
     int64_t number = 0;
     for (const Owner& owner : body.owners) {
@@ -376,10 +385,26 @@ void JudgeCounts(BodyCheck& body) {
                 {kCountedNames[i] + (L" of " + OwnerText(body, number)),
                  std::to_wstring(owner.given[i]), std::to_wstring(owner.rows[i])});
         }
-        if (owner.rows[kNodes] < 2) {
-            Add(body.row.found, CheckRule::kFewNodes, owner.line,
-                {OwnerText(body, number), std::to_wstring(owner.rows[kNodes])});
-        }
+    }
+}
+
+void JudgePanels(BodyCheck& body) {
+    int64_t number = 0;
+    for (const Owner& owner : body.owners) {
+        ++number;
+        if (owner.rows[kNodes] >= 2) continue;
+        Add(body.row.found, CheckRule::kFewNodes, owner.line,
+            {OwnerText(body, number), std::to_wstring(owner.rows[kNodes])});
+    }
+}
+
+// What the tables of a bulkhead arrangement have to have.
+void GiveCounts(BodyCheck& body) {
+    constexpr int64_t kBracketsOfAStiffener = 2;
+    for (Owner& owner : body.owners) {
+        owner.given = owner.rows;
+        owner.given[kEndBrackets] = kBracketsOfAStiffener * owner.rows[kStiffeners];
+        owner.given[kCorrugations] = 1;
     }
 }
 
@@ -463,6 +488,7 @@ void CheckSectionTables(RowCheck& row, int64_t firstLine) {
     JudgeRuns(body);
     JudgeReferences(body);
     JudgeCounts(body);
+    JudgePanels(body);
     JudgeTables(body, firstLine);
 }
 
@@ -488,6 +514,8 @@ void CheckBulkheadTables(RowCheck& row, int64_t firstLine) {
     CheckTables(body);
     JudgeRuns(body);
     JudgeReferences(body);
+    GiveCounts(body);
+    JudgeCounts(body);
     JudgeTables(body, firstLine);
 }
 

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "database/listing.h"
 #include "tests/database/check_damage.h"
 #include "tests/database/editing_fixture.h"
 #include "tests/support/wrapped_system.h"
@@ -101,6 +102,13 @@ TEST_F(RepairTest, EmptyIdentifierGetsANewOne) {
     const CheckedFile after = Repaired(Replaced(sound, "\r\nID-0003\r\n", "\r\n\r\n"));
     EXPECT_EQ(test::ReportOf(after), Lines{});
     EXPECT_EQ(done, (RepairCounts{0, 1, 0, 0}));
+}
+
+TEST_F(RepairTest, LostLineOfAnIdentifierIsPutIn) {
+    const CheckedFile after = Repaired(Replaced(sound, "\r\nID-0003\r\n", "\r\n"));
+    EXPECT_EQ(test::ReportOf(after), Lines{});
+    EXPECT_EQ(done, (RepairCounts{0, 1, 0, 0}));
+    EXPECT_EQ(ListModelsWithPositions(path)[1].identifier.empty(), false);
 }
 
 TEST_F(RepairTest, IdentifierOfADamagedHeadIsLeftAlone) {
