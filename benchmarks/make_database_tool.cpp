@@ -1,4 +1,5 @@
-// make_database_tool PATH MEGABYTES: writes a big database and prints how many models it has.
+// make_database_tool PATH MEGABYTES [--sections]: writes a big database and prints how many models
+// it has; with --sections these are whole sections.
 #include <cstdio>
 #include <cstdlib>
 
@@ -6,12 +7,14 @@
 
 int main(int count, char** arguments) {
     using namespace corvane;
-    if (count != 3) {
-        std::fputs("make_database_tool PATH MEGABYTES\n", stderr);
+    if (count < 3) {
+        std::fputs("make_database_tool PATH MEGABYTES [--sections]\n", stderr);
         return 2;
     }
     const std::wstring path = system::WideFromAnsi(arguments[1]);
-    const int models = benchmarks::MakeDatabase(path, std::atoll(arguments[2]) * 1'000'000);
+    const int64_t bytes = std::atoll(arguments[2]) * 1'000'000;
+    const int models = count > 3 ? benchmarks::MakeSoundDatabase(path, bytes)
+                                 : benchmarks::MakeDatabase(path, bytes);
     if (models < 0) {
         std::fprintf(stderr, "%s can't be written\n", arguments[1]);
         return 1;

@@ -6,8 +6,10 @@
 #include <cstdint>
 #include <string>
 
+#include "benchmarks/measured_section.h"
 #include "database/copying.h"
 #include "database/creating.h"
+#include "database/section_block.h"
 #include "files/file_system.h"
 #include "files/text_file.h"
 #include "text/numbers.h"
@@ -58,30 +60,49 @@ inline void WriteModel(TextWriter& writer, int32_t number, const Stamp& stamp, u
     WriteBody(writer, state);
 }
 
-// Writes a database of about `bytes`; the number of its models, -1 when it cannot be written.
-inline int MakeDatabase(const std::wstring& path, int64_t bytes) {
+// Opens a new database and writes its head.
+inline bool BeginDatabase(TextWriter& writer, const std::wstring& path) {
     BasicShipData bsd;
     bsd.Titles(1).Assign(L"Sample ship");
+    bsd.TypeCodes(1) = 1;
     bsd.MainData(1) = 180.5f;
     bsd.MainData(2) = 32.25f;
     bsd.MainData(3) = 19.6f;
     bsd.MainData(9) = 0.8f;
     const std::wstring headPath = path + L".head";
-    if (!CreateDatabaseFile(headPath, bsd)) return -1;
-    TextWriter writer;
+    if (!CreateDatabaseFile(headPath, bsd)) return false;
     TextReader head;
-    if (!OpenText(head, headPath) || !CreateText(writer, path)) return -1;
+    if (!OpenText(head, headPath) || !CreateText(writer, path)) return false;
     CopyFileHead(head, writer);
-    int64_t written = LinePosition(head);
     system::CloseFile(head.file);
     KillFile(headPath);
+    return true;
+}
 
+// Writes a database of about `bytes`; the number of its models, -1 when it cannot be written.
+inline int MakeDatabase(const std::wstring& path, int64_t bytes) {
+    TextWriter writer;
+    if (!BeginDatabase(writer, path)) return -1;
     const Stamp stamp = CurrentStamp();
     uint32_t state = 2026;
     int32_t number = 0;
     constexpr int64_t kBytesOfAModel = 33'000;
-    for (; written < bytes; written += kBytesOfAModel) {
+    for (int64_t written = 0; written < bytes; written += kBytesOfAModel) {
         WriteModel(writer, ++number, stamp, state);
+    }
+    return CloseText(writer) ? number : -1;
+}
+
+// The same, of whole sections, in which the check finds nothing.
+inline int MakeSoundDatabase(const std::wstring& path, int64_t bytes) {
+    TextWriter writer;
+    if (!BeginDatabase(writer, path)) return -1;
+    SectionModel section = MeasuredSection();
+    int32_t number = 0;
+    constexpr int64_t kBytesOfAModel = 55'000;
+    for (int64_t written = 0; written < bytes; written += kBytesOfAModel) {
+        section.identifier = "ID" + std::to_string(++number);
+        WriteSectionBlock(writer, section, number);
     }
     return CloseText(writer) ? number : -1;
 }

@@ -18,6 +18,7 @@ struct ItemReader {
     bool inLine = false;         // the current line's end is unread
     bool ended = false;          // there are no more items
     int numberCount = 0;         // of the items that were numbers
+    BsdFaults faults = {};
 };
 
 // What the next line is read as.
@@ -39,6 +40,7 @@ bool NextLine(ItemReader& items, LineKind kind) {
         items.ended = true;
     }
     if (items.ended) return false;
+    ++items.faults.lines;
     items.rest = line;
     items.inLine = true;
     return true;
@@ -90,7 +92,15 @@ bool TakeItem(ItemReader& items, std::string_view& item) {
 
 // The next item when it is a number; any other item is skipped.
 bool ReadNumber(ItemReader& items, std::string_view& number) {
-    if (!TakeItem(items, number) || !ReadsAsNumber(system::WideFromAnsi(number))) return false;
+    BsdFaults& faults = items.faults;
+    ++faults.numbers;
+    if (!TakeItem(items, number)) return false;
+    if (!ReadsAsNumber(system::WideFromAnsi(number))) {
+        if (faults.items.size() < BsdFaults::kMostItems) {
+            faults.items.push_back({faults.lines, std::string(number)});
+        }
+        return false;
+    }
     ++items.numberCount;
     return true;
 }
@@ -145,7 +155,7 @@ void AdaptOldLayout(BasicShipData& bsd, double version) {
 
 }  // namespace
 
-int ReadBasicShipData(TextReader& reader, BasicShipData& bsd) {
+int ReadBasicShipData(TextReader& reader, BasicShipData& bsd, BsdFaults* faults) {
     ItemReader items{reader};
     const auto read = [&items](auto& field, std::string_view) { ReadField(items, field); };
     ReadVersionAndTitles(items, bsd);
@@ -162,6 +172,7 @@ int ReadBasicShipData(TextReader& reader, BasicShipData& bsd) {
             if (code == 0) code = 1;
         }
     }
+    if (faults != nullptr) *faults = items.faults;
     return items.numberCount;
 }
 

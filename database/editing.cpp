@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "database/bulkhead_block.h"
+#include "database/carrying.h"
 #include "database/copying.h"
 #include "database/model_kind.h"
 #include "database/rows.h"
@@ -450,6 +451,8 @@ AppendResult AppendModel(std::wstring& path, const ModelSource& source, ModelKin
 
 bool WriteCopyOfSection(TextWriter& writer, const ModelSource& source, const std::wstring* newName,
                         int32_t newNumber) {
+    const Carried carried = CarryBlock(writer, source, newName, newNumber);
+    if (carried != Carried::kNotNeeded) return carried == Carried::kDone;
     SectionModel section;
     if (!ReadSectionBlock(source.path, source.place, false, section)) return false;
     if (newName != nullptr) section.name = *newName;
@@ -460,6 +463,8 @@ bool WriteCopyOfSection(TextWriter& writer, const ModelSource& source, const std
 
 bool WriteCopyOfBulkhead(TextWriter& writer, const ModelSource& source, const std::wstring* newName,
                          int32_t newNumber) {
+    const Carried carried = CarryBlock(writer, source, newName, newNumber);
+    if (carried != Carried::kNotNeeded) return carried == Carried::kDone;
     BulkheadArrangement arrangement;
     if (!ReadBulkheadBlock(source.path, source.place, arrangement)) return false;
     if (newName != nullptr) arrangement.name = *newName;

@@ -23,6 +23,14 @@ std::vector<PicturePlace> MarkedPlaces() {
     return places;
 }
 
+// Room for the rulers at the left and below, which would cover the model.
+ShipBox WithRulers(const ShipBox& extent) {
+    constexpr double kRulers = 0.06;  // of the breadth and the height
+    if (!shell.preview.options.hasAxes || IsEmpty(extent)) return extent;
+    return {extent.left - (extent.right - extent.left) * kRulers,
+            extent.bottom - (extent.top - extent.bottom) * kRulers, extent.right, extent.top};
+}
+
 // With what is switched on over it, and marks.
 ModelDrawing DrawingWith(std::vector<PicturePlace> places, SectionModel& section) {
     const auto view = std::make_shared<LibraryView>();
@@ -30,7 +38,7 @@ ModelDrawing DrawingWith(std::vector<PicturePlace> places, SectionModel& section
     ComputeSection(view->section);
     ModelDrawing drawing;
     ShipBox extent;
-    if (ExtentOf(view->section, extent)) drawing.extent = extent;
+    if (ExtentOf(view->section, extent)) drawing.extent = WithRulers(extent);
     drawing.draw = [view, &section, marked = std::move(places)](Figure& figure) {
         AddSection(figure, view->section);
         AnnotatePicture(section, shell.preview.options, marked, figure);
