@@ -17,5 +17,7 @@ ProgramRun RunProgram(const std::vector<std::wstring>& arguments);
 
 // The same on the host, while standard output is a full disk.
 ProgramRun RunProgramOnFullDisk(const std::vector<std::wstring>& arguments);
+// A copy of it in a folder without the companion libraries, on the host.
+ProgramRun RunProgramAlone(const std::vector<std::wstring>& arguments);
 
 }  // namespace corvane::test

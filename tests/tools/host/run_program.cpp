@@ -4,6 +4,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <filesystem>
+
 #include "files/paths.h"
 #include "platform/host/native.h"
 #include "tests/support/support.h"
@@ -29,11 +31,16 @@ std::string NativeName(const std::wstring& path) {
     _exit(127);
 }
 
-ProgramRun Run(const std::vector<std::wstring>& arguments, const char* where) {
+std::string Program() {
+    return NativeName(DirectoryOf(system::ProgramPath()) + L"corvane");
+}
+
+ProgramRun Run(const std::string& program, const std::vector<std::wstring>& arguments,
+               const char* where) {
     const TemporaryFolder folder;
     const std::string out = where == nullptr ? NativeName(folder.File(L"out")) : where;
     const std::string err = NativeName(folder.File(L"err"));
-    std::vector<std::string> texts{NativeName(DirectoryOf(system::ProgramPath()) + L"corvane")};
+    std::vector<std::string> texts{program};
     for (const std::wstring& argument : arguments) {
         texts.push_back(system::Utf8FromWide(argument));
     }
@@ -51,11 +58,18 @@ ProgramRun Run(const std::vector<std::wstring>& arguments, const char* where) {
 }  // namespace
 
 ProgramRun RunProgram(const std::vector<std::wstring>& arguments) {
-    return Run(arguments, nullptr);
+    return Run(Program(), arguments, nullptr);
+}
+
+ProgramRun RunProgramAlone(const std::vector<std::wstring>& arguments) {
+    const TemporaryFolder folder;
+    const std::string copy = NativeName(folder.File(L"corvane"));
+    std::filesystem::copy_file(Program(), copy);
+    return Run(copy, arguments, nullptr);
 }
 
 ProgramRun RunProgramOnFullDisk(const std::vector<std::wstring>& arguments) {
-    return Run(arguments, "/dev/full");
+    return Run(Program(), arguments, "/dev/full");
 }
 
 }  // namespace corvane::test

@@ -16,6 +16,15 @@ TEST_F(HostProgram, OutputThatCannotBeWrittenIsAFailure) {
     EXPECT_EQ(run.err, "corvane: the output cannot be written\n");
 }
 
+TEST_F(HostProgram, AMissingLibraryIsNamed) {
+    const ProgramRun run = test::RunProgramAlone({L"list", L"ship.ve2"});
+    EXPECT_EQ(run.status, 3);
+    EXPECT_EQ(run.err,
+              "corvane: the library 'GrVelk.dll' is missing, or is not that of Corvane.\n"
+              "  It belongs beside this program.\n");
+    EXPECT_EQ(test::RunProgramAlone({L"--version"}).status, 0);
+}
+
 TEST_F(HostProgram, PathsOfTheHostAreUnderstood) {
     std::string native = Narrow(folder.path).substr(2);
     std::ranges::replace(native, '\\', '/');
