@@ -13,7 +13,7 @@ bool IsControl(wchar_t character) {
 
 std::wstring Escaped(wchar_t character) {
     constexpr wchar_t kDigits[] = L"0123456789abcdef";
-    const auto code = static_cast<unsigned>(character);
+    const auto code = static_cast<char32_t>(character);
     return {L'\\', L'u', L'0', L'0', kDigits[code >> 4 & 15], kDigits[code & 15]};
 }
 

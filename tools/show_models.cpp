@@ -40,6 +40,7 @@ ListedModel ListedModelOf(const ModelEntry& model, const FrameTable& frames) {
 std::vector<ListedModel> ListedModels() {
     const FrameTable frames = FramesOf(shell.database.bsd);
     std::vector<ListedModel> listed;
+    listed.reserve(toolState.models.size());
     for (const ModelEntry& model : toolState.models) {
         listed.push_back(ListedModelOf(model, frames));
     }
