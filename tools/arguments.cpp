@@ -85,7 +85,7 @@ std::wstring WhyNoValue(const OptionFacts& option, const std::wstring& value) {
     }
     std::wstring words(option.choices.substr(0, option.choices.size() - 1));
     std::ranges::replace(words, L' ', L'|');
-    return L"'" + name + L" " + value + L"' is none of " + words;
+    return L"'" + name + L" " + value + L"': it must be " + words;
 }
 
 // Reads the option at `index`, which becomes that of its last argument. Why not; else empty.

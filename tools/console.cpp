@@ -92,6 +92,9 @@ void Complain(const std::wstring& text) {
 ExitCode ComplainOfUsage(const Request& request, const std::wstring& fault) {
     Complain(fault);
     toolState.output.complain(UsageLine(request.command));
+    const std::wstring name =
+        request.command == nullptr ? L"" : L' ' + std::wstring(request.command->name);
+    toolState.output.complain(L"'corvane" + name + L" --help' explains it.\n");
     return kExitUsage;
 }
 

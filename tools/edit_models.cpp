@@ -79,10 +79,11 @@ bool WriteExtract(const std::wstring& target, const Models& chosen) {
 
 // ---- append ------------------------------------------------------------------------------------
 
-// A file of its own, removed at the end.
+// A temporary file, removed at the end.
 struct TemporaryDatabase {
     std::wstring path;
-    TemporaryDatabase() { NewTemporaryFile(path); }
+    system::ErrorNumber error = NewTemporaryFile(path);  // why there is no such file
+    TemporaryDatabase() = default;
     ~TemporaryDatabase() {
         if (!path.empty()) RemoveOwnFile(path);
     }
@@ -94,6 +95,10 @@ struct TemporaryDatabase {
 bool ConvertSections(const std::wstring& source, const Models& chosen, TemporaryDatabase& made,
                      ExchangeLosses& losses) {
     BasicShipData bsd;
+    if (made.error != system::kErrorNone) {
+        ReportTextNotWritten(shell.database.path, made.error);
+        return false;
+    }
     if (!CreateDatabaseFile(made.path, bsd)) return false;
     const bool areConverted = std::ranges::all_of(chosen, [&](const ModelEntry& entry) {
         SectionModel section;

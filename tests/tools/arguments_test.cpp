@@ -78,12 +78,13 @@ TEST(Arguments, WhatIsWrongIsNamed) {
         {{L"list", L"a", L"-"}, "too many arguments: '-'"},
         {{L"list", L"a", L"--format"}, "'--format' needs a value"},
         {{L"list", L"a", L"--format="}, "'--format' needs a value"},
-        {{L"list", L"a", L"--format", L"xml"}, "'--format xml' is none of text|csv|json"},
-        {{L"list", L"a", L"--format", L"text csv"}, "'--format text csv' is none of text|csv|json"},
-        {{L"show", L"a", L"1", L"--format=csv"}, "'--format csv' is none of text|json"},
+        {{L"list", L"a", L"--format", L"xml"}, "'--format xml': it must be text|csv|json"},
+        {{L"list", L"a", L"--format", L"text csv"},
+         "'--format text csv': it must be text|csv|json"},
+        {{L"show", L"a", L"1", L"--format=csv"}, "'--format csv': it must be text|json"},
         {{L"list", L"a", L"--format=csv", L"--format=csv"}, "'--format' is given twice"},
         {{L"delete", L"a", L"1", L"--force=yes"}, "'--force' has no value"},
-        {{L"draw", L"a", L"f", L"--kind", L"png"}, "'--kind png' is none of svg|dxf"},
+        {{L"draw", L"a", L"f", L"--kind", L"png"}, "'--kind png': it must be svg|dxf"},
     };
     for (const auto& [arguments, fault] : cases) EXPECT_EQ(FaultOf(arguments), fault);
 }

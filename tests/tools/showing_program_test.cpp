@@ -267,7 +267,10 @@ TEST_F(ShowingProgram, WrongArgumentsEndWithStatusTwoAndTheUsageLine) {
         EXPECT_EQ(err.substr(0, err.find('\n')), "corvane: " + fault);
         EXPECT_NE(err.find("\nusage: corvane "), std::string::npos);
     }
-    EXPECT_EQ(Err(2, {}), "corvane: a command is missing\nusage: corvane COMMAND [ARGUMENTS]\n");
+    EXPECT_EQ(Err(2, {}),
+              "corvane: a command is missing\n"
+              "usage: corvane COMMAND [ARGUMENTS]\n"
+              "'corvane --help' explains it.\n");
     EXPECT_EQ(test::FilesIn(folder.path), (std::vector<std::wstring>{L"old.vel", L"ship.ve2"}));
     EXPECT_EQ(Bytes(L"ship.ve2"), Sample());
 }
