@@ -449,6 +449,24 @@ AppendResult AppendModel(std::wstring& path, const ModelSource& source, ModelKin
     return isDone ? AppendResult::kAppended : AppendResult::kNotWritten;
 }
 
+int32_t AppendModels(std::wstring& path, const std::wstring& source,
+                     const std::vector<ModelEntry>& models, const EditOptions& options) {
+    int32_t last = 0;
+    const auto write = [&](Rewrite& rewrite, const BlockNumbers& blocks) {
+        const int32_t first = NextNumberOrReport(blocks, path, models.size());
+        if (first == 0) return false;
+        BeginRewrite(rewrite, path);
+        CopyToBlock(rewrite.reader, rewrite.writer, {.known = &blocks});
+        last = first - 1;
+        return std::ranges::all_of(models, [&](const ModelEntry& model) {
+            const ModelSource from{source, PlaceOf(model)};
+            return FactsOf(model.kind).writeCopy(rewrite.writer, from, nullptr, ++last);
+        });
+    };
+    if (models.empty()) return 0;
+    return EditDatabase(path, options, kMsgWritingDatabase, write) ? last : 0;
+}
+
 bool WriteCopyOfSection(TextWriter& writer, const ModelSource& source, const std::wstring* newName,
                         int32_t newNumber) {
     const Carried carried = CarryBlock(writer, source, newName, newNumber);

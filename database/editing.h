@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "database/bulkhead.h"
+#include "database/listing.h"
 #include "database/model_kind.h"
 #include "database/scanning.h"
 #include "database/section.h"
@@ -99,6 +100,12 @@ enum class AppendResult {
 // torsion model line by line. What fails is reported, and the database is as it was.
 AppendResult AppendModel(std::wstring& path, const ModelSource& source, ModelKind kind,
                          const EditOptions& options);
+
+// Appends models that ListModels found in another database, in one rewrite: all of them or none.
+// They get numbers that follow one another. Returns the last one's number, 0 on failure, which is
+// reported.
+int32_t AppendModels(std::wstring& path, const std::wstring& source,
+                     const std::vector<ModelEntry>& models, const EditOptions& options);
 
 // Appends the record as a new model, with the number that NextModelNumber gives.
 bool AppendSection(std::wstring& path, SectionModel& section, const EditOptions& options);

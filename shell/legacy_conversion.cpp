@@ -72,21 +72,31 @@ bool AppendSections(Conversion& conversion, std::wstring& path) {
     return RequireAllRead(legacyPath);
 }
 
-// The new database, without its losses reported. False when there is none, which has been reported.
-bool Convert(Conversion& conversion) {
-    const std::wstring& legacyPath = conversion.source;
-    BasicShipData bsd;
+// Reads the ship's data, with the ship's name as the new database has it.
+bool ReadShip(const std::wstring& legacyPath, BasicShipData& bsd) {
     if (!RequireLegacyRead(legacyPath, LoadBsdFromLegacy(legacyPath, bsd))) return false;
-    const std::wstring baseName = NewBaseName(legacyPath);
-    bsd.Titles(5).Assign(UpperCase(baseName));
+    bsd.Titles(5).Assign(UpperCase(NewBaseName(legacyPath)));
+    return true;
+}
+
+// Makes the new database, without its losses reported. False, and reported, when it is not there.
+bool MakeDatabase(Conversion& conversion, BasicShipData& bsd, const std::wstring& path) {
+    return ConfirmWriting(path) &&
+           MakeFile(path, ReplacementBy(conversion.source), [&](std::wstring temporary) {
+               return CreateDatabaseFile(temporary, bsd) && AppendSections(conversion, temporary);
+           });
+}
+
+// The new database in WorkDirectory becomes the open one.
+bool Convert(Conversion& conversion) {
+    BasicShipData bsd;
+    if (!ReadShip(conversion.source, bsd)) return false;
+    const std::wstring baseName = NewBaseName(conversion.source);
     ChangeToDirectory(shell.settings.WorkDirectory);
     const std::wstring path = system::AbsolutePath(baseName + L".ve2");
-    if (!ConfirmWriting(path)) return false;
-    const bool isWritten = MakeFile(path, ReplacementBy(legacyPath), [&](std::wstring temporary) {
-        return CreateDatabaseFile(temporary, bsd) && AppendSections(conversion, temporary);
-    });
-    if (isWritten) AdoptDatabase(LowerCase(path), bsd);
-    return isWritten;
+    if (!MakeDatabase(conversion, bsd, path)) return false;
+    AdoptDatabase(LowerCase(path), bsd);
+    return true;
 }
 
 std::wstring AskForLegacyFile() {
@@ -113,6 +123,14 @@ void OpenLegacyDatabase(std::wstring path) {
     RefreshMainWindow();
     if (isConverted) ReportLosses(path, conversion.losses);
     if (conversion.progress.isCancelled) ReportNote(kMsgReadingCancelled, {path});
+}
+
+bool ConvertLegacyDatabase(const std::wstring& source, const std::wstring& target) {
+    BasicShipData bsd;
+    Conversion conversion{.source = source};
+    if (!ReadShip(source, bsd) || !MakeDatabase(conversion, bsd, target)) return false;
+    ReportLosses(source, conversion.losses);
+    return true;
 }
 
 bool SaveAsLegacyDatabase(const std::wstring& path) {

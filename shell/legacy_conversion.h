@@ -16,6 +16,11 @@ namespace corvane {
 // directory is the same afterwards; BrowseDirectory becomes the legacy file's folder.
 void OpenLegacyDatabase(std::wstring path = {});
 
+// The same for files that are named, without a question for the name: the new database is put at
+// `target`, and does not become the open one. The ship's name is made of the legacy file's name.
+// True when the database is there.
+bool ConvertLegacyDatabase(const std::wstring& source, const std::wstring& target);
+
 // Writes the sections of the open database into a new legacy database: when the library or the disk
 // fails, which is reported, the file of that name is as it was. A section that cannot be read is
 // reported and left out. True when the file is there.

@@ -32,13 +32,6 @@ std::wstring AskForSource() {
     return path.empty() || RequireOtherFile(path) ? path : std::wstring();
 }
 
-bool ReadFrom(const std::wstring& path, BasicShipData& bsd) {
-    const std::wstring extension = FileExtension(path);
-    if (extension == L"bsd") return ImportBsdFile(path, bsd);
-    if (extension == L"vel") return RequireLegacyRead(path, LoadBsdFromLegacy(path, bsd));
-    return LoadBsdFromDatabase(path, bsd);
-}
-
 }  // namespace
 
 void ME_FileBSD_Click() {
@@ -55,12 +48,19 @@ void ME_FileImportBSD_Click() {
     if (!RequireDatabase() || !RequireWritableDatabase() || !ConfirmEdit()) return;
     const std::wstring source = AskForSource();
     BasicShipData bsd;
-    if (source.empty() || !ReadFrom(source, bsd) || !ConfirmErasing(source)) return;
+    if (source.empty() || !ReadShipDataOf(source, bsd) || !ConfirmErasing(source)) return;
     const EditName edit(GetMessage(kMsgImportOfShipData));
     if (!SaveBsdToDatabase(shell.database.path, bsd)) return;
     AdoptShipRecord(bsd);
     RefreshMainWindow();
     if (IsBsdDefined(bsd)) ReportNote(kMsgDataImported, {source});
+}
+
+bool ReadShipDataOf(const std::wstring& path, BasicShipData& bsd) {
+    const std::wstring extension = FileExtension(path);
+    if (extension == L"bsd") return ImportBsdFile(path, bsd);
+    if (extension == L"vel") return RequireLegacyRead(path, LoadBsdFromLegacy(path, bsd));
+    return LoadBsdFromDatabase(path, bsd);
 }
 
 }  // namespace corvane

@@ -1,7 +1,11 @@
 // The commands of the BSD menu, on the Basic Ship Data of the open database.
 #pragma once
 
+#include <string>
+
 namespace corvane {
+
+struct BasicShipData;  // bsd/basic_ship_data.h
 
 // Edits the data in the suite's BSD program, and reads them again when the file has changed.
 void ME_FileBSD_Click();
@@ -11,5 +15,8 @@ void ME_FileBSD_Click();
 // the source cannot be read, or the database cannot be written, which is reported, the data are as
 // they were.
 void ME_FileImportBSD_Click();
+
+// Reads the data that a file of one of these kinds has. False, and reported, when it cannot.
+bool ReadShipDataOf(const std::wstring& path, BasicShipData& bsd);
 
 }  // namespace corvane

@@ -34,7 +34,7 @@ def contracts(root):
 
 
 def programs(root):
-    """The shell, and the stand-ins for the suite's other programs."""
+    """The shell, the command line program, and the stand-ins for the suite's other programs."""
     names = ["Corvane.exe"] if os.path.isdir(os.path.join(root, "ui")) else []
     if os.path.isdir(os.path.join(root, "stand_ins")):
         build_file = read_bytes(root, "stand_ins/CMakeLists.txt").decode("utf-8")
@@ -43,6 +43,8 @@ def programs(root):
             print(f"stand_ins/CMakeLists.txt: {len(stand_ins)} stand-ins, not 7")
             sys.exit(1)
         names += [f"{name}.exe" for name in stand_ins]
+    if os.path.isdir(os.path.join(root, "tools")):
+        names.append("corvane.com")
     return names
 
 

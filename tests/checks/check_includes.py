@@ -16,6 +16,7 @@ BELOW = {name: LAYERS[:i] for i, name in enumerate(LAYERS)} | {
     "legacy": LAYERS,
     "shell": BELOW_SHELL,
     "drafting": LAYERS,
+    "tools": ["shell"] + BELOW_SHELL,
     "stand_ins": ["drafting", "ui/dialogs", "ui/pictures", "ui/base", "shell"] + BELOW_SHELL,
 } | {name: ROOMS[:i] + ["shell"] + BELOW_SHELL for i, name in enumerate(ROOMS)}
 # Tests and tools look at everything.
@@ -23,7 +24,7 @@ FREE = ("tests", "fuzz", "benchmarks", "samples")
 
 WINDOWS_PLACES = re.compile(r"^(ui|tests/ui|(.*/)?win32)/")
 SYSTEM_CONDITIONS = re.compile(r"^(platform/|ui/|companions/|tests/support/support\.cpp$)")
-HOST_PLACES = re.compile(r"^(platform/host|companions/[^/]+/host|tests|fuzz|benchmarks)/")
+HOST_PLACES = re.compile(r"^((platform|tools)/host|companions/[^/]+/host|tests|fuzz|benchmarks)/")
 WINDOWS_HEADER = "platform/win32/win32.h"
 
 WINDOWS_SYSTEM = re.compile(r"^(win\w*|comm\w+|shell\w*|shl\w+|obj\w+|ole\w*|rpc\w*|uxtheme"
