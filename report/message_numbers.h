@@ -390,7 +390,7 @@
     X(kMsgRestCancelled, 3948)          \
     X(kMsgRestNotWritten, 3949)         \
     X(kMsgPictureCameMeanwhile, 3950)   \
-    X(kMsgPicturesAsked, 3951)
+    X(kMsgPicturesAsked, 3951)          \
     X(kMsgChecking, 3960)               \
     X(kMsgChangedInCheck, 3961)         \
     X(kMsgRepairing, 3962)              \

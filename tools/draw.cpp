@@ -92,7 +92,7 @@ ModelPage BulkheadPage(const ModelEntry& model) {
     made.isRead = true;
     const auto outline = [&] {
         const std::vector<ModelRow> rows = FillModelList(path);
-        return OutlineAt(path, rows, shell.database.bsd, arrangement.x_m);
+        return OutlineAt(path, SectionPlaces(rows), shell.database.bsd, arrangement.x_m);
     };
     const BulkheadLayout layout = LayOutBulkheads({arrangement, outline, kWidth_mm, kHeight_mm});
     if (layout.why != WhyNoBulkhead::kNone) {
@@ -114,7 +114,7 @@ bool IsDrawn(ModelKind kind) {
 ModelPage PageOfModel(const ModelEntry& model) {
     if (model.kind == ModelKind::kSection) return SectionPage(model);
     if (model.kind == ModelKind::kBulkhead) return BulkheadPage(model);
-    return {true, FormatMessage(kMsgNoPictureOfKind, {KindName(model.kind)}), {}};
+    return {true, WhyNoPicture(model.kind), {}};
 }
 
 // Draws a model into a file. What is in the way is reported: false.
