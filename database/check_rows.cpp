@@ -99,7 +99,7 @@ void AddForLine(RowCheck& row, CheckRule rule, std::vector<std::wstring> values)
     Add(row.found, rule, LineOf(row), std::move(values));
 }
 
-// The next number where the first word that is left is none: words before it are reported.
+// The next number from this word on; the words before it, which are no numbers, are reported.
 bool SearchNumber(RowCheck& row, Word& word) {
     for (;;) {
         for (; !word.text.empty(); word = TakeWord(row.line)) {

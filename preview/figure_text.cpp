@@ -18,7 +18,7 @@ std::wstring FittingText(const std::wstring& text, double height_mm, double room
     while (!beginning.empty() && TextWidth(beginning + kShortened, height_mm) > room_mm) {
         beginning.pop_back();
     }
-    // Half of a character that has two units in UTF-16 is none.
+    // Not half of a character that has two units in UTF-16.
     if (!beginning.empty() && (beginning.back() & 0xFC00) == 0xD800) beginning.pop_back();
     return beginning.empty() ? std::wstring() : beginning + kShortened;
 }

@@ -19,7 +19,7 @@ std::span<Item> Counted(Item* items, int16_t count) {
     return {items, static_cast<size_t>(count)};
 }
 
-// The item of a list with this number, from 1; null when there is none.
+// The item of a list with this number, from 1; null beyond its ends.
 template <class Item>
 const Item* ItemAt(std::span<Item> items, int number) {
     if (number < 1 || static_cast<size_t>(number) > items.size()) return nullptr;

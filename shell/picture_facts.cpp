@@ -53,7 +53,7 @@ std::wstring PanelText(const SectionModel& section, const SectionHit& hit) {
 
 // ---- Plates ------------------------------------------------------------------------------------
 
-// The plate at an abscissa, from 0; the number of plates where there is none.
+// The plate at an abscissa, from 0; beyond the last plate, how many there are.
 size_t PlateAt(const Panel& panel, double s) {
     const auto found = std::ranges::find_if(
         panel.plates, [s](const Plate& plate) { return s <= double{plate.end_m} + 1e-4; });

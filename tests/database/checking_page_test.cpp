@@ -33,7 +33,7 @@ TEST(CheckingPage, HasTheTableOfRules) {
     if (page.ends_with("\n\n" + expected)) return;
     const std::wstring path = system::TemporaryDirectory() + L"checking_table.md";
     test::WriteFileBytes(path, expected);
-    FAIL() << "the table of docs/checking.md is out of date; as it should be it is "
+    FAIL() << "the table of docs/checking.md is out of date; the right one is in "
            << test::Narrow(path);
 }
 

@@ -43,7 +43,7 @@ struct PrintingTest : testing::Test {
         printer.abortDocument = [this] { Call("abort"); };
         job.name = L"Midship";
         job.pageCount = 3;
-        // A page is told by its breadth.
+        // The breadth of a page says which one it is.
         job.makePage = [](int page, const Paper& paper) {
             return Page{.figure = MakeFigure(paper.width_mm + page, paper.height_mm, 1, {0, 0})};
         };

@@ -7,7 +7,7 @@
 namespace corvane {
 namespace {
 
-// What is selected into the device context, made anew only where an item asks for another one.
+// What is selected into the device context, changed only where an item asks for another one.
 class Tools {
 public:
     explicit Tools(const FigureDevice& device) : device_(device), saved_(SaveDC(device.dc)) {

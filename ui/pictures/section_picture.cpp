@@ -19,8 +19,9 @@ namespace {
 // Around a text in the picture, at 96 dots an inch.
 constexpr int kTextMargin = 8;
 
-// The window's text while it shows a section; readers of the screen say it.
+// The window's text, which readers of the screen say, unless it says why it is empty.
 constexpr wchar_t kCaption[] = L"Preview of the section";
+constexpr wchar_t kBulkheadCaption[] = L"Preview of the bulkheads";
 
 // Drawing on a bitmap, for as long as this lives.
 struct BitmapDevice {
@@ -338,7 +339,9 @@ void RedrawSectionPicture(HWND picture) {
     PictureStateOf(picture)->why.clear();
     ClearPlaces(picture);
     FitView(PictureStateOf(picture)->scale.view);
-    SetWindowTextW(picture, kCaption);
+    const PreviewPane* pane = PictureStateOf(picture)->source.pane;
+    const bool areBulkheads = pane != nullptr && pane->areBulkheadsShown;
+    SetWindowTextW(picture, areBulkheads ? kBulkheadCaption : kCaption);
     DrawContents(picture);
 }
 

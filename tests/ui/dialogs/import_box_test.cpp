@@ -137,6 +137,7 @@ TEST_F(ImportBoxTest, BulkheadsAreDrawnAsInTheMainWindow) {
             Choose(window, name);
             SelectItems(window, {kCorrugated});
             EXPECT_TRUE(ShowsLines(window));
+            EXPECT_EQ(test::TextOf(window, PIC_Section), "Preview of the bulkheads");
             EXPECT_EQ(test::TextOf(window, LB_Service), "Aurora Bay (Bulk carrier)");
         }
     });
