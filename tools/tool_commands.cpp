@@ -22,6 +22,11 @@ constexpr ToolCommand kCommands[] = {
      kListOptions, 1, 1, RunList},
     {L"show", L"shows what a model is", L"DATABASE MODEL [--format text|json]",
      L"Who wrote it and when, how large it is, and what is in it.", kShowOptions, 2, 2, RunShow},
+    {L"check", L"checks a database from its first line to its last",
+     L"DATABASE [--format text|json]",
+     L"What is wrong, with the lines, what it means and what can be done. Nothing is changed.\n"
+     L"The exit status is 1 when anything was found.",
+     kShowOptions, 1, 1, RunCheck},
     {L"extract", L"writes models into a new database",
      L"DATABASE MODEL... --to FILE [--force] [--no-history]",
      L"The new database has the ship's data and the models, byte for byte, in the order of the\n"

@@ -183,6 +183,60 @@ TEST_F(ShowingProgram, WhatCannotBeReadFails) {
     }
 }
 
+// Without the line "SHIP", the eighth one.
+TEST_F(ShowingProgram, CheckNamesWhatIsWrong) {
+    std::string text = test::ReadFileBytes(test::DataPath("golden/checked.ve2"));
+    Write(L"sound.ve2", text);
+    EXPECT_EQ(Out(0, {L"check", L"sound.ve2"}),
+              "faults: 0, warnings: 0, notes: 0; models: 4, lines: 417\n");
+    EXPECT_EQ(Out(0, {L"check", L"sound.ve2", L"--format", L"json"}),
+              "{\n  \"models\": 4,\n  \"lines\": 417,\n  \"findings\": []\n}\n");
+    text.erase(text.find("SHIP\r\n"), 6);
+    Write(L"head.ve2", text);
+    EXPECT_EQ(Out(1, {L"check", L"head.ve2"}),
+              "Line 9, note: The file's head has no line 'SHIP'.\n"
+              "\n"
+              "Head label missing: A line of the head was lost. Corvane does not need it. Nothing "
+              "has to be done.\n"
+              "\n"
+              "faults: 0, warnings: 0, notes: 1; models: 4, lines: 416\n");
+    EXPECT_EQ(
+        Out(1, {L"check", L"head.ve2", L"--format=json"}),
+        "{\n  \"models\": 4,\n  \"lines\": 416,\n  \"findings\": [\n"
+        "    {\"line\": 9, \"severity\": \"note\", \"model\": null, \"rule\": \"Head label "
+        "missing\", \"text\": \"The file's head has no line 'SHIP'.\", \"meaning\": \"A line of "
+        "the head was lost. Corvane does not need it.\", \"remedy\": \"Nothing has to be "
+        "done.\"}\n  ]\n}\n");
+    EXPECT_EQ(Bytes(L"head.ve2"), text) << "nothing is changed";
+}
+
+// A name with a quote and an escape, of a model whose number is too large.
+TEST_F(ShowingProgram, CheckSaysInWhichModel) {
+    const std::vector<std::string> parts = PartsOf(Sample());
+    std::string section = parts[1];
+    const std::string name = "Engine room, frame 30";
+    section.replace(section.find(name), name.size(), "A \"B\" \x1B[2J");
+    Write(L"gap.ve2", parts[0] + Numbered(section, 3));
+    EXPECT_NE(Out(1, {L"check", L"gap.ve2"})
+                  .find("warning, model 3 'A \"B\"  [2J' (Section): The "
+                        "model's number is 3"),
+              std::string::npos);
+    EXPECT_NE(Out(1, {L"check", L"gap.ve2", L"--format", L"json"})
+                  .find("\"severity\": \"warning\", \"model\": {\"number\": 3, \"name\": \"A "
+                        "\\\"B\\\"  [2J\", \"kind\": \"Section\"}"),
+              std::string::npos);
+}
+
+TEST_F(ShowingProgram, CheckOfWhatIsNoDatabaseFindsThatAndOneThatIsNotThereFails) {
+    Write(L"text.ve2", "no database\r\n");
+    EXPECT_NE(
+        Out(1, {L"check", L"text.ve2"}).find("Line 1, fault: The first line is 'no database'"),
+        std::string::npos);
+    EXPECT_NE(Err(3, {L"check", L"none.ve2"}).find("none.ve2"), std::string::npos);
+    EXPECT_NE(Err(2, {L"check", L"old.vel"}).find("a DOS database is not checked"),
+              std::string::npos);
+}
+
 TEST_F(ShowingProgram, HelpAndVersionArePrinted) {
     EXPECT_EQ(Out(0, {L"--version"}), "corvane 1.0\n");
     EXPECT_EQ(
@@ -192,6 +246,7 @@ TEST_F(ShowingProgram, HelpAndVersionArePrinted) {
         "Commands:\n"
         "  list        lists the models of a database\n"
         "  show        shows what a model is\n"
+        "  check       checks a database from its first line to its last\n"
         "  extract     writes models into a new database\n"
         "  append      adds models of another database\n"
         "  delete      deletes models\n"
@@ -223,9 +278,9 @@ TEST_F(ShowingProgram, HelpAndVersionArePrinted) {
 
 // Every command, with each kind of misuse. Nothing is made or changed.
 TEST_F(ShowingProgram, WrongArgumentsEndWithStatusTwoAndTheUsageLine) {
-    const Words commands[] = {{L"list"},    {L"show"},     {L"extract"},      {L"append"},
-                              {L"delete"},  {L"renumber"}, {L"bsd", L"show"}, {L"bsd", L"import"},
-                              {L"convert"}, {L"draw"}};
+    const Words commands[] = {{L"list"},           {L"show"},    {L"check"},    {L"extract"},
+                              {L"append"},         {L"delete"},  {L"renumber"}, {L"bsd", L"show"},
+                              {L"bsd", L"import"}, {L"convert"}, {L"draw"}};
     for (const Words& command : commands) {
         std::string name;
         for (const std::wstring& word : command)
