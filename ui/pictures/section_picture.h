@@ -26,8 +26,8 @@ struct PictureContents {
 // The picture as a child of `parent`, without a place yet.
 HWND CreateSectionPicture(HWND parent, PictureContents contents);
 
-// Draws the section, all of it. Where there is none, or the Basic Ship Data are not defined, the
-// picture keeps its contents.
+// Draws what the pane shows, all of it. A pane that shows nothing, and a ship whose data are not
+// defined, leave the picture as it is.
 void RedrawSectionPicture(HWND picture);
 // Empties the picture; a text, which is also the window's own then, says in its middle why.
 void ClearSectionPicture(HWND picture, const std::wstring& why = {});
