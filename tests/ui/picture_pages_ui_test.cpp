@@ -25,6 +25,16 @@ struct PicturePagesUi : MainWindowFixture {
         GetWindowRect(GetDlgItem(preview, IM_Page), &area);
         return CopyScreen(area).pixels;
     }
+    // The page once it does not change any more: what is being painted may be there in part.
+    static std::vector<uint32_t> SettledPixelsOf(HWND preview) {
+        std::vector<uint32_t> pixels;
+        EXPECT_TRUE(WaitUntil([&] {
+            pixels = PixelsOf(preview);
+            Sleep(100);
+            return PixelsOf(preview) == pixels;
+        }));
+        return pixels;
+    }
     // White paper with something blue, the plating, on it.
     static bool ShowsAPage(HWND preview) {
         const std::vector<uint32_t> pixels = PixelsOf(preview);
@@ -47,7 +57,7 @@ TEST_F(PicturePagesUi, ControlAndPShowThePageAndEscGoesBackToTheList) {
     ASSERT_TRUE(TakesKeys(preview));
     EXPECT_EQ(Narrow(TextOf(preview)), "Page preview of 'Engine room, frame 30'");
     EXPECT_TRUE(WaitUntil([&] { return ShowsAPage(preview); }));
-    const std::vector<uint32_t> fitted = PixelsOf(preview);
+    const std::vector<uint32_t> fitted = SettledPixelsOf(preview);
     // The scale with its letter, then the list's keys.
     TypeWithAlt('S');
     ASSERT_TRUE(FocusBecomes(preview, CB_PageScale));
@@ -77,7 +87,7 @@ TEST_F(PicturePagesUi, PagesOfAllSectionsAreTurnedByKeys) {
     ASSERT_TRUE(TakesKeys(preview));
     EXPECT_EQ(Narrow(TextOf(preview)), "Page preview of 'ship.ve2'");
     ASSERT_TRUE(WaitUntil([&] { return ShowsAPage(preview); }));
-    const std::vector<uint32_t> first = PixelsOf(preview);
+    const std::vector<uint32_t> first = SettledPixelsOf(preview);
     const HWND number = GetDlgItem(preview, LB_PageNumber);
     EXPECT_EQ(Narrow(TextOf(number)), "Page 1 of 9");
     ASSERT_TRUE(PressUntil(VK_NEXT, [&] { return TextOf(number) == L"Page 2 of 9"; }));
