@@ -175,6 +175,8 @@ std::wstring Settings::Read(const wchar_t* key) {
 
 Program::Program(const Installation& installation, const std::wstring& arguments,
                  const wchar_t* name) {
+    // Where an earlier test left the pointer, the picture would describe what is under it.
+    SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);
     job = CreateJobObjectW(nullptr, nullptr);
     JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
     limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
