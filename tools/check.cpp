@@ -1,7 +1,7 @@
 // The command that checks a database.
 #include "database/check.h"
 
-#include <algorithm>
+#include <set>
 #include <vector>
 
 #include "shell/exchange_boxes.h"
@@ -19,12 +19,9 @@ std::wstring SeverityKey(Severity severity) {
 }
 
 // The rules that were broken, each once, in the order of the table.
-std::vector<CheckRule> RulesOf(const std::vector<Finding>& findings) {
-    std::vector<CheckRule> rules;
-    for (const Finding& finding : findings) rules.push_back(finding.rule);
-    std::ranges::sort(rules);
-    const auto repeated = std::ranges::unique(rules);
-    rules.erase(repeated.begin(), repeated.end());
+std::set<CheckRule> RulesOf(const std::vector<Finding>& findings) {
+    std::set<CheckRule> rules;
+    for (const Finding& finding : findings) rules.insert(finding.rule);
     return rules;
 }
 
