@@ -131,6 +131,7 @@ TEST_F(PictureNavigation, PointerOverThePictureIsDescribedInTheStatusLine) {
     ASSERT_TRUE(WaitUntil([&] { return !TextOf(status).starts_with(L"y "); }));
     const std::wstring before = TextOf(status);
     MoveMouse(Middle());
+    MoveMouse({Middle().x + 3, Middle().y});
     EXPECT_TRUE(WaitUntil([&] { return TextOf(status).starts_with(L"y "); }));
     const std::wstring first = TextOf(status);
     EXPECT_NE(first.find(L" m, z "), std::wstring::npos);
@@ -138,6 +139,24 @@ TEST_F(PictureNavigation, PointerOverThePictureIsDescribedInTheStatusLine) {
     EXPECT_TRUE(WaitUntil([&] { return TextOf(status) != first; }));
     MoveMouse(Away());
     EXPECT_TRUE(TextBecomes(status, before)) << "what it said before is back";
+}
+
+TEST_F(PictureNavigation, BoxThatClosesOverARestingPointerLeavesTheStatusLine) {
+    const HWND status = Control(PAN_Help);
+    const std::wstring before = TextOf(status);
+    Choose(main, ME_SectionProperties);
+    const HWND box = program.Window(L"FM_Properties");
+    ASSERT_NE(box, nullptr);
+    RECT common{};
+    GetWindowRect(box, &common);
+    const RECT area = PictureArea();
+    ASSERT_TRUE(IntersectRect(&common, &common, &area)) << "the box lies over the picture";
+    MoveMouse({common.left + 5, (common.top + common.bottom) / 2});
+    ASSERT_TRUE(PressButton(box, IDCANCEL));
+    for (int i = 0; i < 10; ++i) {
+        Sleep(50);
+        ASSERT_EQ(TextOf(status), before);
+    }
 }
 
 TEST_F(PictureNavigation, ToolTipSaysWhatIsUnderTheRestingPointer) {

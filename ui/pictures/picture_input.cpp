@@ -82,8 +82,6 @@ void PointAt(HWND window, POINT at) {
     const PictureState& state = *PictureStateOf(window);
     if (!HasPlaces(state)) return ShowPointedAt(window, L"");
     ShowPointedAt(window, PlaceLine(*ShownSection(state), PlaceAt(window, at)));
-    TRACKMOUSEEVENT leaving{sizeof leaving, TME_LEAVE, window, 0};
-    TrackMouseEvent(&leaving);
 }
 
 void FillToolTip(HWND window, NMTTDISPINFOW& request) {
@@ -124,11 +122,28 @@ void Drag(HWND window, POINT at) {
     Move(window, right, down);
 }
 
+// Windows sends a movement also when a box over the picture closes and the pointer lies there, or
+// the picture appears under it. Only a pointer that the user moves asks for a description, which
+// takes the place of the line in the status bar that says what a command has done.
+bool IsMoved(HWND window, POINT at) {
+    std::optional<POINT>& pointer = PictureStateOf(window)->pointer;
+    const bool isMoved = pointer && (pointer->x != at.x || pointer->y != at.y);
+    pointer = at;
+    TRACKMOUSEEVENT leaving{sizeof leaving, TME_LEAVE, window, 0};
+    TrackMouseEvent(&leaving);
+    return isMoved;
+}
+
 void OnMouseMove(HWND window, POINT at) {
     const PictureState& state = *PictureStateOf(window);
     if (state.isEmpty) return;
     if (state.drag.isHeld) return Drag(window, at);
-    PointAt(window, at);
+    if (IsMoved(window, at)) PointAt(window, at);
+}
+
+void OnMouseLeave(HWND window) {
+    PictureStateOf(window)->pointer.reset();
+    ShowPointedAt(window, L"");
 }
 
 void EndDrag(HWND window) {
@@ -263,7 +278,7 @@ bool HandlePictureInput(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
             OnDoubleClick(window);
             return true;
         case WM_MOUSELEAVE:
-            ShowPointedAt(window, L"");
+            OnMouseLeave(window);
             return true;
         case WM_NOTIFY:
             return OnNotify(window, lParam);

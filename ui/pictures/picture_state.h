@@ -1,6 +1,7 @@
 // The picture's own record, for the files that are the picture.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,7 +28,8 @@ struct PictureState {
     PictureDrag drag;
     std::vector<PicturePlace> places;  // that the user clicked on: none, one, or two to measure
     HWND toolTip = nullptr;
-    std::wstring pointedAt;  // what is under the pointer, in the tool tip
+    std::optional<POINT> pointer;  // where it was last; nothing while it is elsewhere
+    std::wstring pointedAt;        // what is under the pointer, in the tool tip
 };
 
 PictureState* PictureStateOf(HWND window);

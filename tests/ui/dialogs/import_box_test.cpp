@@ -234,7 +234,9 @@ TEST_F(ImportBoxTest, LabelStaysWhileThePointerIsInThePicture) {
     Legacy(L"ship.vel");
     Ask([](HWND window) {
         Choose(window, L"ship.vel");
-        SendMessageW(GetDlgItem(window, PIC_Section), WM_MOUSEMOVE, 0, MAKELPARAM(60, 60));
+        for (const int x : {60, 61}) {
+            SendMessageW(GetDlgItem(window, PIC_Section), WM_MOUSEMOVE, 0, MAKELPARAM(x, 60));
+        }
         EXPECT_EQ(test::TextOf(window, LB_Service), "Aurora Bay (Bulk carrier)");
     });
 }

@@ -216,6 +216,7 @@ struct MovedPicture : SectionPicture {
         SendMessageW(picture, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(to.x, to.y));
         SendMessageW(picture, WM_LBUTTONUP, 0, MAKELPARAM(to.x, to.y));
     }
+    void Point(POINT at) const { SendMessageW(picture, WM_MOUSEMOVE, 0, MAKELPARAM(at.x, at.y)); }
     void Press(WPARAM key) const { SendMessageW(picture, WM_KEYDOWN, key, 0); }
 };
 
@@ -298,6 +299,22 @@ TEST_F(MovedPicture, ThousandZoomsAndMovesLeakNoObject) {
         Press(i % 2 == 0 ? VK_LEFT : VK_RIGHT);
     }
     EXPECT_EQ(test::CountGuiObjects(), before);
+}
+
+TEST_F(MovedPicture, OnlyAPointerThatMovesWithinThePictureDescribes) {
+    Point({60, 60});
+    Point({60, 60});
+    EXPECT_TRUE(pointedAt.empty()) << "it lies there";
+    Point({61, 60});
+    ASSERT_EQ(pointedAt.size(), 1U);
+    EXPECT_TRUE(pointedAt[0].starts_with(L"y ")) << pointedAt[0];
+    SendMessageW(picture, WM_MOUSELEAVE, 0, 0);
+    EXPECT_EQ(pointedAt.back(), L"");
+    pointedAt.clear();
+    Point({90, 90});
+    EXPECT_TRUE(pointedAt.empty()) << "it has come from elsewhere";
+    Point({90, 91});
+    EXPECT_EQ(pointedAt.size(), 1U);
 }
 
 TEST_F(SectionPicture, PaintErasesNothingFirst) {
