@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "database/section_view.h"
 #include "preview/section_geometry.h"
 
 namespace corvane {
@@ -33,8 +32,7 @@ std::vector<Outline> NodeOutlines(const BulkheadArrangement& arrangement) {
         model.panels.emplace_back().nodes = bulkhead.nodes;
     }
     LibraryView view;
-    MakeLibraryView(model, view);
-    ComputeSection(view.section);
+    ComputeSection(model, view);
     std::vector<Outline> outlines(arrangement.bulkheads.size());
     for (size_t i = 0; i < view.strakes.size(); ++i) {
         outlines[i] = LineOf(view.strakes[i]);

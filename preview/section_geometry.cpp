@@ -120,6 +120,11 @@ void ComputeSection(Section& section) {
     QuickCompute(&section, &parameters);
 }
 
+void ComputeSection(SectionModel& model, LibraryView& view) {
+    MakeLibraryView(model, view);
+    ComputeSection(view.section);
+}
+
 ShipPoint Moved(ShipPoint point, ShipPoint direction, double length) {
     return {point.y + direction.y * length, point.z + direction.z * length};
 }

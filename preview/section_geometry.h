@@ -9,6 +9,7 @@
 #include <span>
 #include <vector>
 
+#include "database/section_view.h"
 #include "platform/grvelk.h"
 #include "preview/figure.h"
 
@@ -16,6 +17,8 @@ namespace corvane {
 
 // Has the library compute a section.
 void ComputeSection(Section& section);
+// Makes the view of a model (database/section_view.h) and has the library compute it.
+void ComputeSection(SectionModel& model, LibraryView& view);
 
 // The place at a length from another one, in the direction of a unit vector.
 ShipPoint Moved(ShipPoint point, ShipPoint direction, double length);

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "database/section_block.h"
-#include "database/section_view.h"
 #include "preview/section_geometry.h"
 #include "shell/model_list.h"
 
@@ -27,8 +26,7 @@ bool ReadOutline(const std::wstring& path, const BlockPlace& place, ShipOutline&
     SectionModel section;
     if (!ReadSectionBlock(path, place, false, section)) return false;
     LibraryView view;
-    MakeLibraryView(section, view);
-    ComputeSection(view.section);
+    ComputeSection(section, view);
     const Outline half = HalfOutline(view.section);
     if (HasArea(half)) outline = {OutlineSource::kSection, half, section.name, section.x_m};
     return true;

@@ -8,6 +8,7 @@
 #include "database/section_block.h"
 #include "database/section_view.h"
 #include "preview/section_figure.h"
+#include "preview/section_geometry.h"
 #include "report/reporters.h"
 #include "shell/picture_facts.h"
 #include "shell/preview_pane.h"
@@ -18,9 +19,7 @@ namespace {
 
 // Only a section has places that can be marked.
 std::vector<PicturePlace> MarkedPlaces() {
-    std::vector<PicturePlace> places;
-    if (shell.preview.isShown) shell.view.noteMarkedPlaces(places);
-    return places;
+    return shell.preview.isShown ? shell.preview.places : std::vector<PicturePlace>();
 }
 
 // Room for the rulers at the left and below, which would cover the model.
@@ -34,14 +33,13 @@ ShipBox WithRulers(const ShipBox& extent) {
 // With what is switched on over it, and marks.
 ModelDrawing DrawingWith(std::vector<PicturePlace> places, SectionModel& section) {
     const auto view = std::make_shared<LibraryView>();
-    MakeLibraryView(section, *view);
-    ComputeSection(view->section);
+    ComputeSection(section, *view);
     ModelDrawing drawing;
     ShipBox extent;
     if (ExtentOf(view->section, extent)) drawing.extent = WithRulers(extent);
     drawing.draw = [view, &section, marked = std::move(places)](Figure& figure) {
         AddSection(figure, view->section);
-        AnnotatePicture(section, shell.preview.options, marked, figure);
+        AnnotatePicture({section, view->section}, shell.preview.options, marked, figure);
     };
     return drawing;
 }

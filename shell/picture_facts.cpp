@@ -20,16 +20,6 @@ constexpr double kMark_mm = 2;  // half the length of a mark's lines
 constexpr double kMarkLine_mm = 0.4;
 constexpr double kMarkLetters_mm = 2.8;
 
-// The section as the library computes it, for as long as this lives.
-struct Computed {
-    LibraryView view;
-
-    explicit Computed(SectionModel& section) {
-        MakeLibraryView(section, view);
-        ComputeSection(view.section);
-    }
-};
-
 // On one line, or as lines "label tab value".
 enum class TextForm { kLine, kFacts };
 
@@ -224,8 +214,9 @@ constexpr std::pair<const char*, bool PictureOptions::*> kOptionKeys[] = {
 }  // namespace
 
 std::wstring PlaceLine(SectionModel& section, const PicturePlace& place) {
-    const Computed computed(section);
-    const SectionHit hit = FindHit(computed.view.section, place.at, place.reach_m);
+    LibraryView view;
+    ComputeSection(section, view);
+    const SectionHit hit = FindHit(view.section, place.at, place.reach_m);
     const std::wstring where =
         FormatMessage(kMsgPlaceLine, {Metres(place.at.y), Metres(place.at.z)});
     const std::wstring what = HitText(TextForm::kLine, section, hit);
@@ -234,26 +225,25 @@ std::wstring PlaceLine(SectionModel& section, const PicturePlace& place) {
 
 std::wstring PlaceFacts(SectionModel& section, const std::vector<PicturePlace>& places) {
     if (places.empty()) return {};
-    const Computed computed(section);
+    LibraryView view;
+    ComputeSection(section, view);
     const PicturePlace& last = places.back();
-    const SectionHit hit = FindHit(computed.view.section, last.at, last.reach_m);
-    const ShipPoint at = PlaceMeant(computed.view.section, last);
+    const SectionHit hit = FindHit(view.section, last.at, last.reach_m);
+    const ShipPoint at = PlaceMeant(view.section, last);
     std::wstring facts = FormatMessage(kMsgPlaceFacts, {Metres(at.y), Metres(at.z)});
     if (places.size() > 1) {
-        const ShipPoint from = PlaceMeant(computed.view.section, places.front());
+        const ShipPoint from = PlaceMeant(view.section, places.front());
         facts += DistanceText(from, at);
     }
     return facts + HitText(TextForm::kFacts, section, hit);
 }
 
-void AnnotatePicture(SectionModel& section, const PictureOptions& options,
+void AnnotatePicture(const ComputedSection& computed, const PictureOptions& options,
                      const std::vector<PicturePlace>& places, Figure& figure) {
-    if (options == PictureOptions() && places.empty()) return;
-    const Computed computed(section);
     if (options != PictureOptions()) {
-        AddAnnotations(figure, computed.view.section, TextsOf(section), options);
+        AddAnnotations(figure, computed.section, TextsOf(computed.model), options);
     }
-    AddMarks(computed.view.section, places, figure);
+    AddMarks(computed.section, places, figure);
 }
 
 PictureOptions ReadPictureOptions(const std::wstring& file) {

@@ -23,8 +23,13 @@ std::wstring PlaceLine(SectionModel& section, const PicturePlace& place);
 // the second one, and the distance from the first to it.
 std::wstring PlaceFacts(SectionModel& section, const std::vector<PicturePlace>& places);
 
+// A section, and its view that the library has computed.
+struct ComputedSection {
+    const SectionModel& model;
+    const Section& section;
+};
 // Adds to a picture of the section what is switched on, and the marks of the places.
-void AnnotatePicture(SectionModel& section, const PictureOptions& options,
+void AnnotatePicture(const ComputedSection& computed, const PictureOptions& options,
                      const std::vector<PicturePlace>& places, Figure& figure);
 
 // Which of them are on, as keys of the section "Corvane window" of the settings file.

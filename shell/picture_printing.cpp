@@ -24,7 +24,40 @@ std::wstring ProgramText() {
     return L"Corvane " + VersionText(kProgramVersion, false);
 }
 
-PageContents PageOf(const Paper& paper, const std::wstring& model, float x_m) {
+Page PageWith(PageContents contents, const ModelDrawing& drawing) {
+    contents.extent = drawing.extent;
+    contents.draw = drawing.draw;
+    contents.scale = shell.pages.scale;
+    return MakePage(contents);
+}
+
+Page PageOfShown(const Paper& paper) {
+    const PreviewPane& pane = shell.preview;
+    PageContents contents =
+        PageFor(paper, ShownModelName(), pane.isShown ? pane.section.x_m : pane.bulkheads.x_m);
+    contents.table = TableOfMarked();
+    return PageWith(contents, DrawingOfShown(paper.width_mm, paper.height_mm));
+}
+
+// A page with the title block alone, and why.
+Page EmptyPage(const ModelRow& row, const Paper& paper, const std::wstring& why) {
+    Page page = MakePage(PageFor(paper, row.name, row.x_m));
+    constexpr double kLetters_mm = 4;
+    AddText(page.figure, {0, kLetters_mm, TextSide::kMiddle},
+            {paper.width_mm / 2, paper.height_mm / 2}, why);
+    return page;
+}
+
+Page PageOfRow(const ModelRow& row, const Paper& paper) {
+    SectionModel section;
+    const std::wstring why = ReadToDraw(row, section);
+    if (!why.empty()) return EmptyPage(row, paper, why);
+    return PageWith(PageFor(paper, section.name, section.x_m), DrawingOf(section));
+}
+
+}  // namespace
+
+PageContents PageFor(const Paper& paper, const std::wstring& model, float x_m) {
     PageContents page{};
     page.width_mm = paper.width_mm;
     page.height_mm = paper.height_mm;
@@ -42,39 +75,6 @@ PageContents PageOf(const Paper& paper, const std::wstring& model, float x_m) {
     page.title.program = ProgramText();
     return page;
 }
-
-Page PageWith(PageContents contents, const ModelDrawing& drawing) {
-    contents.extent = drawing.extent;
-    contents.draw = drawing.draw;
-    contents.scale = shell.pages.scale;
-    return MakePage(contents);
-}
-
-Page PageOfShown(const Paper& paper) {
-    const PreviewPane& pane = shell.preview;
-    PageContents contents =
-        PageOf(paper, ShownModelName(), pane.isShown ? pane.section.x_m : pane.bulkheads.x_m);
-    contents.table = TableOfMarked();
-    return PageWith(contents, DrawingOfShown(paper.width_mm, paper.height_mm));
-}
-
-// A page with the title block alone, and why.
-Page EmptyPage(const ModelRow& row, const Paper& paper, const std::wstring& why) {
-    Page page = MakePage(PageOf(paper, row.name, row.x_m));
-    constexpr double kLetters_mm = 4;
-    AddText(page.figure, {0, kLetters_mm, TextSide::kMiddle},
-            {paper.width_mm / 2, paper.height_mm / 2}, why);
-    return page;
-}
-
-Page PageOfRow(const ModelRow& row, const Paper& paper) {
-    SectionModel section;
-    const std::wstring why = ReadToDraw(row, section);
-    if (!why.empty()) return EmptyPage(row, paper, why);
-    return PageWith(PageOf(paper, section.name, section.x_m), DrawingOf(section));
-}
-
-}  // namespace
 
 void PrintShownPicture() {
     if (!shell.preview.isShown && !shell.preview.areBulkheadsShown) return;

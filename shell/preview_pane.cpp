@@ -68,10 +68,15 @@ void DrawBulkheadPane(PreviewPane& pane, const PaneShip& ship, Picture& picture)
 
 // ---- Sections ----------------------------------------------------------------------------------
 
-void DrawSection(SectionModel& section, const BasicShipData& bsd, Picture& picture) {
+// With what is switched on over the section, and the marks of the user.
+void DrawSection(PreviewPane& pane, const BasicShipData& bsd, Picture& picture) {
     LibraryView view;
-    MakeLibraryView(section, view);
+    MakeLibraryView(pane.section, view);
     DrawSectionPreview(view.section, bsd, picture);
+    if (!(picture.scaleWidth > 0)) return;
+    Figure figure = SheetOver(picture);
+    AnnotatePicture({pane.section, view.section}, pane.options, pane.places, figure);
+    if (!figure.items.empty()) picture.drawFigure(picture, figure);
 }
 
 // ---- The main window ---------------------------------------------------------------------------
@@ -155,7 +160,7 @@ bool HasPicture(const PreviewPane& pane) {
 }
 
 void DrawPane(PreviewPane& pane, const PaneShip& ship, Picture& picture) {
-    if (pane.isShown) DrawSection(pane.section, ship.bsd, picture);
+    if (pane.isShown) DrawSection(pane, ship.bsd, picture);
     if (pane.areBulkheadsShown) DrawBulkheadPane(pane, ship, picture);
 }
 

@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "database/bulkhead.h"
 #include "database/model_kind.h"
@@ -14,6 +15,7 @@
 #include "preview/annotations.h"
 #include "preview/bulkhead_layout.h"
 #include "preview/section_preview.h"
+#include "shell/picture_facts.h"
 
 namespace corvane {
 
@@ -31,6 +33,8 @@ struct PreviewPane {
     size_t bulkhead = 0;   // which of them is shown, from 1; 0: all
     bool isLarge = false;  // it has the whole window
     PictureOptions options;
+    // That the user clicked on in the section's picture: none, one, or two to measure.
+    std::vector<PicturePlace> places;
 };
 
 // The ship of the model in a pane.

@@ -19,7 +19,6 @@ namespace corvane {
 struct ExportChoice;  // shell/exchange_boxes.h
 struct Figure;        // preview/figure.h
 struct ImportChoice;
-struct PicturePlace;    // shell/picture_facts.h
 struct PicturesChoice;  // shell/all_pictures.h
 struct PrintJob;        // shell/printing.h
 struct Screen;          // shell/report_details.h
@@ -145,8 +144,6 @@ struct View {
     void (*fitPreview)() = [] {};
     // Shows again what is switched on over the section in PIC_Section.
     void (*annotatePreview)() = [] {};
-    // The places that the user has marked in PIC_Section, at most two.
-    void (*noteMarkedPlaces)(std::vector<PicturePlace>& places) = [](std::vector<PicturePlace>&) {};
     // PIC_Section alone in the window, or beside the list.
     void (*showLargerPreview)(bool isLarge) = [](bool) {};
     void (*setPositionText)(const std::wstring& text) = [](const std::wstring&) {};  // LB_X

@@ -4,7 +4,6 @@
 
 #include "database/bulkhead_block.h"
 #include "database/section_block.h"
-#include "database/section_view.h"
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "files/rewrite.h"
@@ -12,15 +11,16 @@
 #include "preview/bulkhead_figure.h"
 #include "preview/dxf_writer.h"
 #include "preview/page_layout.h"
-#include "preview/section_figure.h"
 #include "preview/svg_writer.h"
 #include "report/reporters.h"
 #include "shell/bulkhead_outline.h"
+#include "shell/model_drawing.h"
 #include "shell/model_list.h"
 #include "shell/new_file.h"
+#include "shell/picture_printing.h"
+#include "shell/printing.h"
 #include "shell/state.h"
 #include "text/numbers.h"
-#include "text/version.h"
 #include "tools/console.h"
 #include "tools/model_choice.h"
 #include "tools/tool_commands.h"
@@ -31,7 +31,6 @@ namespace {
 // A4, across.
 constexpr double kWidth_mm = 297;
 constexpr double kHeight_mm = 210;
-constexpr double kMargin_mm = 10;
 
 using FigureWriter = void (*)(const Figure&, TextWriter&);
 
@@ -44,18 +43,7 @@ FigureWriter WriterOf(const std::wstring& kind) {
 // ---- Pages -------------------------------------------------------------------------------------
 
 PageContents PageOf(const ModelEntry& model) {
-    PageContents page{};
-    page.width_mm = kWidth_mm;
-    page.height_mm = kHeight_mm;
-    page.margins = {kMargin_mm, kMargin_mm, kMargin_mm, kMargin_mm};
-    page.title.ship = shell.database.bsd.Titles(5).Trimmed();
-    page.title.database = FileNameOf(shell.database.path);
-    page.title.model = model.name;
-    page.title.x = DecimalText(double{model.x} + 0.0, 3, 3) + L" m";
-    page.title.frame = FrameText(model.x);
-    page.title.date = DateText(system::Now(), true);
-    page.title.program = L"Corvane " + VersionText(kProgramVersion, false);
-    return page;
+    return PageFor({kWidth_mm, kHeight_mm, {}}, model.name, model.x);
 }
 
 // A page of a model, or why there is nothing to draw. One that cannot be read is reported, and is
@@ -71,15 +59,14 @@ ModelPage SectionPage(const ModelEntry& model) {
     SectionModel section;
     if (!ReadSectionBlock(shell.database.path, PlaceOf(model), false, section)) return made;
     made.isRead = true;
-    LibraryView view;
-    MakeLibraryView(section, view);
-    ComputeSection(view.section);
-    PageContents page = PageOf(model);
-    if (!ExtentOf(view.section, page.extent)) {
+    const ModelDrawing drawing = DrawingOf(section);
+    if (IsEmpty(drawing.extent)) {
         made.why = GetMessage(kMsgNoPlating);
         return made;
     }
-    page.draw = [&view](Figure& figure) { AddSection(figure, view.section); };
+    PageContents page = PageOf(model);
+    page.extent = drawing.extent;
+    page.draw = drawing.draw;
     made.figure = MakePage(page).figure;
     return made;
 }

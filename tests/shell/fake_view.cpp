@@ -117,7 +117,6 @@ void ShowContents(View& view) {
         kRecord("clear preview");
         FakeView::whyNoPicture = why;
     };
-    view.noteMarkedPlaces = [](std::vector<PicturePlace>& places) { places = FakeView::marked; };
     view.setPositionText = [](const std::wstring& text) { FakeView::position = text; };
     view.setFrameText = [](const std::wstring& text) { FakeView::frame = text; };
     view.setSectionMenuCaption = [](const std::wstring& text) { FakeView::menu = text; };
@@ -144,7 +143,6 @@ std::function<bool(ImportChoice&)> FakeView::askImport;
 std::function<bool(VersionChoice&)> FakeView::askVersion;
 std::function<bool(SettingsChoice&)> FakeView::askSettings;
 std::function<bool(PicturesChoice&)> FakeView::askPictures;
-std::vector<PicturePlace> FakeView::marked;
 std::wstring FakeView::folder;
 StatusParts FakeView::parts;
 bool FakeView::previewOn;
@@ -170,7 +168,6 @@ FakeView::FakeView() : before(std::exchange(shell, ShellState())) {
     askVersion = [](VersionChoice&) { return false; };
     askSettings = [](SettingsChoice&) { return false; };
     askPictures = [](PicturesChoice&) { return false; };
-    marked.clear();
     folder.clear();
     copied.clear();
     copiedHtml.clear();

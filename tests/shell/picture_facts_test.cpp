@@ -9,6 +9,7 @@
 
 #include "database/section_block.h"
 #include "files/file_system.h"
+#include "preview/section_geometry.h"
 #include "preview/section_hit.h"
 #include "report/messages.h"
 #include "tests/shell/fake_view.h"
@@ -36,6 +37,12 @@ struct PictureFactsTest : testing::Test {
         std::vector<PicturePlace> places;
         for (const ShipPoint point : points) places.push_back({point, kReach_m});
         return PlaceFacts(section, places);
+    }
+    void Annotate(const PictureOptions& options, const std::vector<PicturePlace>& places,
+                  Figure& figure) {
+        LibraryView computed;
+        ComputeSection(section, computed);
+        AnnotatePicture({section, computed.section}, options, places, figure);
     }
     // Where the first stiffener row of a panel begins, a little above its foot.
     ShipPoint OnStiffener(size_t panel) {
@@ -142,13 +149,13 @@ TEST_F(PictureFactsTest, SectionWithoutSpansOrPlatesIsDescribedAllTheSame) {
 
 TEST_F(PictureFactsTest, MarksAndTheirDistanceAreOnThePicture) {
     Figure figure = MakeFigure(300, 300, 10, {10, 10});
-    AnnotatePicture(section, {}, {}, figure);
+    Annotate({}, {}, figure);
     EXPECT_TRUE(figure.items.empty());
-    AnnotatePicture(section, {}, {{{1, 10}, kReach_m}}, figure);
+    Annotate({}, {{{1, 10}, kReach_m}}, figure);
     EXPECT_EQ(figure.items.size(), 2U) << "a cross";
     EXPECT_TRUE(figure.texts.empty());
     figure = MakeFigure(300, 300, 10, {10, 10});
-    AnnotatePicture(section, {}, {{{1, 10}, kReach_m}, {{4, 14}, kReach_m}}, figure);
+    Annotate({}, {{{1, 10}, kReach_m}, {{4, 14}, kReach_m}}, figure);
     EXPECT_EQ(figure.items.size(), 6U) << "two crosses, the line between them, its length";
     EXPECT_EQ(figure.texts, std::vector<std::wstring>{L"5.000 m"});
 }
@@ -158,7 +165,7 @@ TEST_F(PictureFactsTest, SwitchesPutTheirPartsOnThePicture) {
     options.hasPanelNames = true;
     options.hasThickness = true;
     Figure figure = MakeFigure(400, 400, 10, {10, 10});
-    AnnotatePicture(section, options, {}, figure);
+    Annotate(options, {}, figure);
     EXPECT_TRUE(std::ranges::count(figure.texts, L"Inner bottom") == 1);
     EXPECT_TRUE(std::ranges::count(figure.texts, L"28 mm") == 1) << "the thickest plate";
 }

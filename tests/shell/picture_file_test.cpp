@@ -59,7 +59,7 @@ TEST_F(PictureCommands, TableIsBesideTheSectionWhenItIsSwitchedOnAndSomethingIsM
     EXPECT_TRUE(FindCommand(ME_ViewTable)->isChecked());
     EXPECT_EQ(PictureShown().points, plain.points) << "nothing is marked";
     const Panel& panel = shell.preview.section.panels.at(0);
-    FakeView::marked = {{{panel.nodes.at(0).y, panel.nodes.at(0).z}, 0.5}};
+    shell.preview.places = {{{panel.nodes.at(0).y, panel.nodes.at(0).z}, 0.5}};
     const Figure figure = PictureShown();
     EXPECT_EQ(figure.width_mm, 297);
     EXPECT_LT(figure.mmPerMetre, plain.mmPerMetre + 1e-9);

@@ -108,7 +108,7 @@ TEST_F(PicturePrintingTest, TableGoesWithThePictureWhenItIsSwitchedOnAndSomethin
     EXPECT_FALSE(Says(printed.pages.at(0), L"Panel"));
 
     const Panel& panel = shell.preview.section.panels.at(0);
-    test::FakeView::marked = {{{panel.nodes.at(0).y, panel.nodes.at(0).z}, 0.5}};
+    shell.preview.places = {{{panel.nodes.at(0).y, panel.nodes.at(0).z}, 0.5}};
     PrintShownPicture();
     EXPECT_TRUE(PrintedPages::hasMarks);
     EXPECT_TRUE(Says(printed.pages.at(1), L"Panel"));

@@ -287,7 +287,10 @@ TEST(SiblingProgramSpeed, OfADatabaseOfThreeMegabytes) {
         StartAlone(program, alone);
         const long long click = Counter();
         Choose(session.main, ME_SectionInput);
-        ASSERT_TRUE(session.RowCountBecomes(14 + i));
+        ASSERT_TRUE(session.RowCountBecomes(14 + i))
+            << "run " << i << ": " << (Exists(program + L".times") ? "has run, " : "has not run, ")
+            << ReadFileBytes(session.database).size() - bytes.size()
+            << " bytes added; status: " << Narrow(TextOf(session.Control(PAN_Help)));
         ASSERT_TRUE(WaitUntil([&] {
             return SelectedRow(session.Control(LI_Sections)) == 0 &&
                    GetUpdateRect(session.Control(PIC_Section), nullptr, FALSE) == 0;

@@ -19,7 +19,6 @@
 #include "ui/main_window/place.h"
 #include "ui/main_window/status_bar.h"
 #include "ui/pictures/button_pictures.h"
-#include "ui/pictures/picture_state.h"
 #include "ui/pictures/section_picture.h"
 
 namespace corvane {
@@ -218,10 +217,6 @@ void FillInContents(View& view) {
     };
     view.fitPreview = [] { FitSectionPicture(MainControl(PIC_Section)); };
     view.annotatePreview = [] { AnnotateSectionPicture(MainControl(PIC_Section)); };
-    view.noteMarkedPlaces = [](std::vector<PicturePlace>& places) {
-        const PictureState* state = PictureStateOf(MainControl(PIC_Section));
-        if (state != nullptr) places = state->places;
-    };
     view.showLargerPreview = [](bool isLarge) {
         if (MainState() != nullptr) ShowLargerPreviewIn(MainHandle(), isLarge);
     };

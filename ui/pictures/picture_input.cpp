@@ -64,6 +64,10 @@ PicturePlace PlaceAt(HWND window, POINT at) {
         Scaled(kReach, DpiOf(window)) * metresPerPixel};
 }
 
+std::vector<PicturePlace>& PlacesOf(HWND window) {
+    return PictureStateOf(window)->source.pane->places;
+}
+
 bool HasPlaces(const PictureState& state) {
     return ShownSection(state) != nullptr && state.scale.scaleWidth > 0 && state.size.cx > 0 &&
            state.size.cy > 0;
@@ -96,10 +100,10 @@ void PlacesChanged(HWND window) {
 }
 
 void Mark(HWND window, POINT at) {
-    PictureState& state = *PictureStateOf(window);
-    if (!HasPlaces(state)) return;
-    if (state.places.size() == 2) state.places.clear();
-    state.places.push_back(PlaceAt(window, at));
+    if (!HasPlaces(*PictureStateOf(window))) return;
+    std::vector<PicturePlace>& places = PlacesOf(window);
+    if (places.size() == 2) places.clear();
+    places.push_back(PlaceAt(window, at));
     PlacesChanged(window);
 }
 
@@ -153,10 +157,9 @@ void EndDrag(HWND window) {
 
 // The second press of a double click shows all again; its first one was no mark.
 void OnDoubleClick(HWND window) {
-    PictureState& state = *PictureStateOf(window);
-    if (!state.places.empty()) state.places.pop_back();
+    if (!PlacesOf(window).empty()) PlacesOf(window).pop_back();
     FitSectionPicture(window);
-    state.source.onMarked();
+    PictureStateOf(window)->source.onMarked();
 }
 
 void OnRelease(HWND window, POINT at) {
@@ -214,7 +217,7 @@ bool OnNotify(HWND window, LPARAM lParam) {
 bool WantsKey(HWND window, LPARAM lParam) {
     const auto* message = reinterpret_cast<const MSG*>(lParam);
     return message != nullptr && message->message == WM_KEYDOWN && message->wParam == VK_ESCAPE &&
-           !PictureStateOf(window)->places.empty();
+           !PlacesOf(window).empty();
 }
 
 }  // namespace
@@ -235,11 +238,10 @@ void AddPictureToolTip(HWND picture) {
 }
 
 void ClearPlaces(HWND picture) {
-    PictureState& state = *PictureStateOf(picture);
     ShowPointedAt(picture, L"");
-    if (state.places.empty()) return;
-    state.places.clear();
-    state.source.onMarked();
+    if (PlacesOf(picture).empty()) return;
+    PlacesOf(picture).clear();
+    PictureStateOf(picture)->source.onMarked();
 }
 
 void ZoomSectionPicture(HWND picture, bool isLarger) {

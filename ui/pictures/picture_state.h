@@ -3,9 +3,7 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
-#include "shell/picture_facts.h"
 #include "ui/pictures/section_picture.h"
 
 namespace corvane {
@@ -26,7 +24,6 @@ struct PictureState {
     SIZE size{};                 // [px]
     Picture scale;               // user scale and view, kept from one drawing to the next
     PictureDrag drag;
-    std::vector<PicturePlace> places;  // that the user clicked on: none, one, or two to measure
     HWND toolTip = nullptr;
     std::optional<POINT> pointer;  // where it was last; nothing while it is elsewhere
     std::wstring pointedAt;        // what is under the pointer, in the tool tip

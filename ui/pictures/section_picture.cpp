@@ -145,25 +145,10 @@ void DrawWhy(Picture& picture) {
     DrawTextW(device.dc, why.c_str(), -1, &client, kFormat);
 }
 
-// What is switched on over the section, and the marks of the user.
-void Annotate(Picture& picture) {
-    PictureState& state = *PictureStateOf(static_cast<HWND>(picture.window));
-    SectionModel* section = ShownSection(state);
-    if (section == nullptr || !(picture.scaleWidth > 0)) return;
-    Figure figure = SheetOver(picture);
-    AnnotatePicture(*section, state.source.pane->options, state.places, figure);
-    DrawFigure(picture, figure);
-}
-
 // Draws the section, or what the empty picture says.
 void DrawContents(HWND window) {
     const PictureState& state = *PictureStateOf(window);
-    if (state.why.empty()) {
-        return DrawOn(window, [&state](Picture& picture) {
-            state.source.draw(picture);
-            Annotate(picture);
-        });
-    }
+    if (state.why.empty()) return DrawOn(window, state.source.draw);
     DrawOn(window, SyncGraphicsFrame);
     DrawOn(window, DrawWhy);
 }
@@ -311,7 +296,7 @@ void AnnotateSectionPicture(HWND picture) {
 std::wstring PictureFacts(HWND picture) {
     const PictureState* state = PictureStateOf(picture);
     SectionModel* section = state == nullptr ? nullptr : ShownSection(*state);
-    return section == nullptr ? std::wstring() : PlaceFacts(*section, state->places);
+    return section == nullptr ? std::wstring() : PlaceFacts(*section, state->source.pane->places);
 }
 
 HWND CreateSectionPicture(HWND parent, PictureContents contents) {
