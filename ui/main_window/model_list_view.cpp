@@ -76,6 +76,15 @@ void SetItemState(HWND list, int index, UINT state) {
                  reinterpret_cast<LPARAM>(&item));
 }
 
+void DeselectAll(HWND list) {
+    // With -1 the system goes through all lines, however few are selected.
+    if (SelectedLineCount(list) > 1) SetItemState(list, -1, 0);
+    for (const LPARAM property : {LVNI_SELECTED, LVNI_FOCUSED}) {
+        const int line = NextLine(list, -1, property);
+        if (line >= 0) SetItemState(list, line, 0);
+    }
+}
+
 // The arrow in the head of the column that the list is sorted by.
 void ShowOrder(HWND list, const ListOrder& order) {
     const auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
@@ -123,7 +132,7 @@ void ScaleModelList(HWND list, UINT dpi) {
 }
 
 void SetLineCount(HWND list, int count, const ListOrder& order) {
-    SetItemState(list, -1, 0);
+    DeselectAll(list);
     SendMessageW(list, LVM_SETITEMCOUNT, static_cast<WPARAM>(count), 0);
     InvalidateRect(list, nullptr, TRUE);
     ShowOrder(list, order);
@@ -148,8 +157,8 @@ void FillInLine(LVITEMW& item) {
 }
 
 void SelectListLine(HWND list, int line) {
-    SetItemState(list, line, line < 0 ? 0 : LVIS_SELECTED | LVIS_FOCUSED);
-    if (line < 0) return;
+    if (line < 0) return DeselectAll(list);
+    SetItemState(list, line, LVIS_SELECTED | LVIS_FOCUSED);
     SendMessageW(list, LVM_SETSELECTIONMARK, 0, line);
     SendMessageW(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(line), FALSE);
 }
