@@ -27,7 +27,7 @@ Report ReportOfFindings(const std::vector<Finding>& findings) {
     Report report;
     report.columns = {{L"Severity", L"Warning"},
                       {L"Line", L"1000000", true},
-                      {L"Model", L"12 Frame 100 to 120"},
+                      {L"Model", L"12 Midship section, hold 4"},
                       {L"What is wrong", L"The model's identifier is also that of the model in"}};
     for (const Finding& finding : findings) {
         const Severity severity = SeverityOf(finding);

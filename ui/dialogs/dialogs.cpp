@@ -279,7 +279,7 @@ void RegisterDialogClass(const wchar_t* className) {
 }
 
 DWORD FrameOf(const DialogKind& kind) {
-    if (kind.fit != nullptr) return WS_THICKFRAME | WS_MAXIMIZEBOX;
+    if (kind.fit != nullptr) return DS_MODALFRAME | WS_THICKFRAME | WS_MAXIMIZEBOX;
     return kind.isProgram ? WS_MINIMIZEBOX : DWORD{DS_MODALFRAME};
 }
 

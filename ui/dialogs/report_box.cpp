@@ -25,6 +25,7 @@ constexpr int kMargin = 11;
 constexpr int kGap = 8;
 constexpr int kLabelGap = 3;
 constexpr int kCellPadding = 14;
+constexpr int kIconGap = 3;
 constexpr int kDetailLines = 5;
 constexpr int kFieldPadding = 8;
 
@@ -74,6 +75,12 @@ int ShownRow(HWND list) {
     return isSelected ? row : NextRow(list, -1, LVNI_SELECTED);
 }
 
+// Only where there are more lines than the field shows.
+void ShowScrolling(HWND field) {
+    const LRESULT lines = SendMessageW(field, EM_GETLINECOUNT, 0, 0);
+    ShowScrollBar(field, SB_VERT, lines > kDetailLines ? TRUE : FALSE);
+}
+
 // Of that row, below the list.
 void ShowDetails(HWND window, Report& report) {
     const int row = ShownRow(ListOf(window));
@@ -82,7 +89,9 @@ void ShowDetails(HWND window, Report& report) {
     if (isRow) report.selected = index;
     const std::wstring text = isRow ? WithLineFeeds(report.rows[index].details) : std::wstring();
     const HWND field = GetDlgItem(window, TX_ReportDetails);
-    if (WindowText(field) != text) SetWindowTextW(field, text.c_str());
+    if (WindowText(field) == text) return;
+    SetWindowTextW(field, text.c_str());
+    ShowScrolling(field);
 }
 
 void ShowSelected(HWND list, const Report& report) {
@@ -173,11 +182,10 @@ void AddControls(HWND window, void* contents) {
 
 HIMAGELIST CreateSeverityIcons(UINT dpi) {
     const int side = SystemMetric(SM_CXSMICON, dpi);
-    const HIMAGELIST icons = ImageList_Create(side, side, ILC_COLOR32 | ILC_MASK, kSeverities, 0);
+    const HIMAGELIST icons = ImageList_Create(side + Scaled(kIconGap, dpi), side,
+                                              ILC_COLOR32 | ILC_MASK, kSeverities, 0);
     for (const PCWSTR name : {IDI_ERROR, IDI_WARNING, IDI_INFORMATION}) {
-        const HICON icon = LoadSystemPicture(name, side);
-        ImageList_ReplaceIcon(icons, -1, icon);
-        DestroyIcon(icon);
+        AddSystemListPicture(icons, name);
     }
     return icons;
 }
@@ -202,7 +210,8 @@ int WidthOf(HWND list, const ReportColumn& column, UINT dpi) {
 SIZE Place(HWND window, void* contents, UINT dpi) {
     const Report& report = ReportOf(contents);
     const HWND list = ListOf(window);
-    const int picture = HasSeverities(report) ? SystemMetric(SM_CXSMICON, dpi) : 0;
+    const int picture =
+        HasSeverities(report) ? SystemMetric(SM_CXSMICON, dpi) + Scaled(kIconGap, dpi) : 0;
     if (picture != 0) SetSeverityIcons(list, dpi);
     for (size_t i = 0; i < report.columns.size(); ++i) {
         const int width = WidthOf(list, report.columns[i], dpi) + (i == 0 ? picture : 0);
@@ -245,6 +254,7 @@ void Fit(HWND window, void* contents, SIZE client, UINT dpi) {
     area.bottom -= ButtonSize(window, IDCANCEL, dpi).cy + gap;
     const LONG field = area.bottom - kDetailLines * line - Scaled(kFieldPadding, dpi);
     PlaceControl(window, TX_ReportDetails, {area.left, field, area.right, area.bottom});
+    ShowScrolling(GetDlgItem(window, TX_ReportDetails));
     area.bottom = field - Scaled(kLabelGap, dpi);
     PlaceControl(window, LB_ReportDetails,
                  {area.left, area.bottom - line, area.right, area.bottom});

@@ -146,4 +146,16 @@ void AddListPicture(HIMAGELIST pictures, PictureId id) {
     DestroyIcon(icon);
 }
 
+void AddSystemListPicture(HIMAGELIST pictures, PCWSTR name) {
+    int width = 0;
+    int height = 0;
+    ImageList_GetIconSize(pictures, &width, &height);
+    const HICON loaded = LoadSystemPicture(name, height);
+    if (loaded == nullptr) return;
+    const HICON icon = IconOf(PixelsOf(loaded, height), width);
+    DestroyIcon(loaded);
+    ImageList_ReplaceIcon(pictures, -1, icon);
+    DestroyIcon(icon);
+}
+
 }  // namespace corvane

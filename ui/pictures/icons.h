@@ -42,5 +42,7 @@ HICON CreatePicture(PictureId id, SIZE size, std::optional<COLORREF> colour);
 // Appends a picture to a list of 32-bit icons for items, in the list's size: in the colour of their
 // text where the user has asked for high contrast or their ground is dark.
 void AddListPicture(HIMAGELIST pictures, PictureId id);
+// The same of a picture of the system, in its own colours.
+void AddSystemListPicture(HIMAGELIST pictures, PCWSTR name);
 
 }  // namespace corvane
