@@ -31,6 +31,7 @@ bool HasDetails(const Report& report) {
 
 std::wstring Titles(const Report& report, bool hasDetails) {
     std::vector<std::wstring> titles;
+    titles.reserve(report.columns.size() + 1);
     for (const ReportColumn& column : report.columns) titles.push_back(column.title);
     if (hasDetails) titles.push_back(GetMessage(kMsgReportDetails));
     return TextLine(titles);

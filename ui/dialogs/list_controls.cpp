@@ -1,5 +1,7 @@
 #include "ui/dialogs/list_controls.h"
 
+#include <uxtheme.h>
+
 #include <algorithm>
 
 #include "shell/state.h"
@@ -94,6 +96,10 @@ void AddListColumn(HWND list, int index, const wchar_t* title, bool alignsRight)
     column.iSubItem = index;
     SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index),
                  reinterpret_cast<LPARAM>(&column));
+}
+
+void LightUpRows(HWND list) {
+    SetWindowTheme(list, L"Explorer", nullptr);
 }
 
 void PutItemText(LVITEMW& item, const std::wstring& text) {

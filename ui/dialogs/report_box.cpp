@@ -1,7 +1,5 @@
 #include "ui/dialogs/report_box.h"
 
-#include <uxtheme.h>
-
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -147,7 +145,7 @@ void AddList(HWND window, const Report& report) {
                                           WS_EX_CLIENTEDGE});
     const DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
     SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, extended, extended);
-    SetWindowTheme(list, L"Explorer", nullptr);
+    LightUpRows(list);
     int index = 0;
     for (const ReportColumn& column : report.columns) {
         AddListColumn(list, index++, column.title.c_str(), column.alignsRight);

@@ -1,7 +1,5 @@
 #include "ui/main_window/model_list_view.h"
 
-#include <uxtheme.h>
-
 #include <algorithm>
 #include <optional>
 
@@ -104,8 +102,7 @@ HWND CreateModelList(HWND parent) {
     const DWORD extended =
         LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP | LVS_EX_INFOTIP;
     SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, extended, extended);
-    // Rows light up as in the system's own lists, where the theme knows that.
-    SetWindowTheme(list, L"Explorer", nullptr);
+    LightUpRows(list);
     AddColumns(list);
     return list;
 }
