@@ -103,9 +103,11 @@ TEST_F(CopyLossesTest, ImportThatLeavesOutATableNamesIt) {
 TEST_F(CopyLossesTest, CopyThatFailsShowsNoReport) {
     Open(WithDamagedHead());
     const std::string before = Text();
+    const test::FakePrompt prompt;  // for another file; cancelled
     system::SetReadOnly(shell.database.path, true);
     RunCommand(ME_SectionCopy);
     system::SetReadOnly(shell.database.path, false);
+    EXPECT_EQ(test::FakePrompt::questions.size(), 1U);
     EXPECT_TRUE(shown.empty());
     EXPECT_EQ(Text(), before);
 }
