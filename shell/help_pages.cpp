@@ -45,6 +45,7 @@ constexpr HelpPage kHelpPages[] = {
     {ME_FileSaveLegacy, kExchange},
     {ME_FileQuit, kEdit},
     {ME_FileVersions, kUndo},
+    {ME_FileCheck, L"check-a-database"},
     {ME_FileExportList, kLists},
     {ME_FileExportPicture, kPictures},
     {ME_FileExportAllPictures, kPictures},

@@ -16,6 +16,8 @@
 #include "legacy/exchange.h"
 #include "platform/ztvelk32.h"
 #include "report/reporters.h"
+#include "shell/commands/commands.h"
+#include "shell/copy_losses.h"
 #include "shell/exchange_boxes.h"
 #include "shell/file_prompt.h"
 #include "shell/state.h"
@@ -34,6 +36,7 @@ struct Import {
     std::wstring path;               // of the database that the models are added to
     int appended = 0;
     ExchangeLosses losses;
+    CopyLosses copyLosses = {};  // of models of a model database
 };
 
 // The backup is made with the first model, so that it holds what was there before.
@@ -58,7 +61,12 @@ AppendResult AppendItem(Import& import, const ExchangeItem& item) {
     if (!RequireModel(import.models, item.number, import.source, model)) {
         return AppendResult::kNoSource;
     }
-    return AppendModel(import.path, {import.source, PlaceOf(model)}, item.kind, OptionsOf(import));
+    CopyLosses losses = import.copyLosses;  // and those of this model, if it is appended
+    if (!FindCopyLosses(losses, PlaceOf(model))) return AppendResult::kNoSource;
+    const AppendResult result =
+        AppendModel(import.path, {import.source, PlaceOf(model)}, item.kind, OptionsOf(import));
+    if (result == AppendResult::kAppended) import.copyLosses = std::move(losses);
+    return result;
 }
 
 // Whether the file still has what the user chose; reported when not.
@@ -108,7 +116,7 @@ bool RequireSlot(const ExportChoice& choice, LegacySlot& slot) {
 void ImportModels(const ImportChoice& choice) {
     if (choice.items.empty() || !RequireStillThere(choice)) return;
     Import import;
-    import.source = choice.path;
+    import.source = import.copyLosses.source = choice.path;
     if (!IsLegacyDatabase(choice.path) && !ListModels(choice.path, import.models)) return;
     import.path = shell.database.path;
     Progress progress(static_cast<int64_t>(choice.items.size()));
@@ -133,6 +141,7 @@ void ImportModels(const ImportChoice& choice) {
     SelectLastModelNext();
     RefreshMainWindow();
     ReportLosses(import.source, import.losses);
+    ShowCopyLosses(import.copyLosses, ME_SectionImport);
 }
 
 bool ReadForPreview(const BlockPlace& place, ExportChoice& choice) {

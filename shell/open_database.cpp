@@ -164,15 +164,20 @@ void FollowModel(const ModelRow& before) {
     database.currentOffset = isThere ? now.offset : -1;
 }
 
+// How the model that was selected is found again: as the same one, or in its place of the file.
+enum class Follow { kModel, kPlace };
+
 // Reads the file again, and says in the status line what has become of it.
-void ReadFileAgain(MessageNumber note) {
+void ReadFileAgain(MessageNumber note, Follow follow = Follow::kModel) {
     OpenDatabase& database = shell.database;
     const std::wstring name = FileNameOf(database.path);
     const auto current = CurrentRow(database);
     const bool wasRow = current != database.rows.end();
-    const ModelRow before = wasRow ? *current : ModelRow();
+    const auto place = static_cast<size_t>(current - database.rows.begin());
+    ModelRow before = wasRow ? *current : ModelRow();
     if (!ListModelsAgain()) return shell.view.showWhyGone(database.whyGone);
     ReadShipRecordAgain(NoBlock::kIsNoFault);
+    if (follow == Follow::kPlace && place < database.rows.size()) before = database.rows[place];
     if (wasRow) FollowModel(before);
     ShowWholeWindow(Focus::kStays);
     if (!database.whyGone.empty()) return;
@@ -303,6 +308,10 @@ void RefreshOnActivation() {
 
 void RefreshAtOnce() {
     if (IsDatabaseOpen()) ReadFileAgain(kMsgReadAgain);
+}
+
+void RefreshAfterRepair() {
+    if (IsDatabaseOpen()) ReadFileAgain(kMsgReadAgain, Follow::kPlace);
 }
 
 void ShowNextStep() {

@@ -85,6 +85,9 @@ void RefreshWhenChanged();
 void RefreshOnActivation();
 // The same, read again even if nothing has changed, as the user wants it.
 void RefreshAtOnce();
+// The same after an edit that leaves all models in their places, but may have given them other
+// numbers and identifiers.
+void RefreshAfterRepair();
 
 // The status line between two commands: what is to be done next while there is no database or no
 // valid ship record, otherwise empty. A red line, and one that reported a success, is cleared.

@@ -14,6 +14,7 @@
 #include "shell/commands/section_commands.h"
 #include "shell/commands/several_models.h"
 #include "shell/commands/view_commands.h"
+#include "shell/database_check.h"
 #include "shell/picture_printing.h"
 #include "shell/recent_databases.h"
 #include "shell/state.h"
@@ -77,6 +78,8 @@ constexpr std::array kCommands = {
             EnabledWhen::kDatabaseOpen, ME_FileSaveLegacy_Click},
     Command{ME_FileVersions, Menu::kFile, "ME_FileVersions", L"&Earlier versions...",
             EnabledWhen::kDatabaseOpen, ME_FileVersions_Click},
+    Command{ME_FileCheck, Menu::kFile, "ME_FileCheck", L"&Check database...",
+            EnabledWhen::kDatabaseOpen, CheckOpenDatabase},
     Command{ME_FileExportList, Menu::kFile, "ME_FileExportList", L"Export &list...",
             EnabledWhen::kDatabaseOpen, ME_FileExportList_Click},
     Command{ME_FileExportPicture, Menu::kFile, "ME_FileExportPicture", L"Export &picture...",

@@ -53,6 +53,7 @@ enum CommandId : uint16_t {
     ME_FilePrint,
     ME_FilePrintAll,
     ME_FileExportAllPictures,
+    ME_FileCheck,
     ME_FileSettings = 118,
     ME_FileBSD = 120,
     ME_FileImportBSD,

@@ -9,6 +9,7 @@
 #include "shell/all_pictures.h"
 #include "shell/exchange_boxes.h"
 #include "shell/model_list.h"
+#include "shell/report.h"
 #include "shell/settings_choice.h"
 #include "shell/state.h"
 #include "shell/status_parts.h"
@@ -35,6 +36,7 @@ struct FakeView {
     static std::function<bool(VersionChoice&)> askVersion;
     static std::function<bool(SettingsChoice&)> askSettings;
     static std::function<bool(PicturesChoice&)> askPictures;
+    static std::function<bool(Report&)> showReport;
     static std::wstring folder;  // given to askFolder; at first empty, which cancels
     static bool previewOn;
     static system::ErrorNumber pictureError;  // of the system when it writes a picture

@@ -90,6 +90,7 @@ TEST_F(AccessibilityTest, EveryControlOfEveryDialogHasItsOwnName) {
                    {ME_SectionRename, kInputBoxClass},
                    {ME_SectionCopy, kInputBoxClass},
                    {ME_FileVersions, kVersionsBoxClass},
+                   {ME_FileCheck, kReportBoxClass},
                    {ME_SectionImport, kImportBoxClass},
                    {ME_SectionExport, kExportBoxClass},
                    {ME_HelpAbout, kAboutClass},

@@ -164,6 +164,7 @@ TEST_F(HelpUi, F1InABoxIsAboutItsCommand) {
         {ME_FilePrint, L"FM_Page", "pictures-for-reports-and-drawings.html"},
         {ME_FileExportAllPictures, L"FM_Pictures", "pictures-for-reports-and-drawings.html"},
         {ME_FileVersions, L"FM_Versions", "undo-and-earlier-versions.html"},
+        {ME_FileCheck, L"FM_Report", "check-a-database.html"},
         {ME_SectionCopy, L"InputBox", "4-copy-it.html"},
         {ME_SectionProperties, L"FM_Properties", "4-copy-it.html"},
         {ME_SectionImport, L"FM_Inport", "exchange-models-with-other-databases.html"},

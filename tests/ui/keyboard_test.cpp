@@ -24,6 +24,7 @@ enum class Shows {
     kSettingsBox,
     kPagePreview,
     kPicturesBox,
+    kReportBox,
     kNothing  // the program ends, or the command cannot be chosen
 };
 
@@ -42,6 +43,7 @@ constexpr KeyCommand kKeyCommands[] = {
     {ME_FileSaveAs, 'F', 'S', Shows::kWindow, "Save database as"},
     {ME_FileSaveLegacy, 'F', 'V', Shows::kWindow, "Save as Velk Dos"},
     {ME_FileVersions, 'F', 'E', Shows::kVersionsBox, "Earlier versions"},
+    {ME_FileCheck, 'F', 'C', Shows::kReportBox, "Check of ship.ve2"},
     {ME_FileExportList, 'F', 'L', Shows::kWindow, "Export list"},
     {ME_FileExportPicture, 'F', 'P', Shows::kWindow, "Export picture"},
     {ME_FileExportAllPictures, 'F', 'X', Shows::kPicturesBox, "Export all pictures"},
@@ -122,6 +124,8 @@ struct KeyboardTest : MainWindowFixture {
                 return L"FM_Page";
             case Shows::kPicturesBox:
                 return L"FM_Pictures";
+            case Shows::kReportBox:
+                return L"FM_Report";
             default:
                 return L"#32770";
         }

@@ -1,7 +1,5 @@
 #include "ui/main_window/model_list_view.h"
 
-#include <uxtheme.h>
-
 #include <algorithm>
 #include <optional>
 
@@ -113,8 +111,7 @@ HWND CreateModelList(HWND parent) {
     const DWORD extended =
         LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP | LVS_EX_INFOTIP;
     SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, extended, extended);
-    // Rows light up as in the system's own lists, where the theme knows that.
-    SetWindowTheme(list, L"Explorer", nullptr);
+    LightUpRows(list);
     AddColumns(list);
     return list;
 }
@@ -149,11 +146,8 @@ void FillInLine(LVITEMW& item) {
     if (item.iItem < 0 || item.iItem >= LineCount()) return;
     const ModelRow& row = RowOfLine(item.iItem);
     if ((item.mask & LVIF_IMAGE) != 0) item.iImage = row.icon - 1;
-    if ((item.mask & LVIF_TEXT) == 0 || item.cchTextMax <= 0) return;
-    std::wstring text = ModelColumns()[static_cast<size_t>(item.iSubItem)].text(row);
-    text.resize(std::min(text.size(), static_cast<size_t>(item.cchTextMax) - 1));
-    std::ranges::copy(text, item.pszText);
-    item.pszText[text.size()] = L'\0';
+    if ((item.mask & LVIF_TEXT) == 0) return;
+    PutItemText(item, ModelColumns()[static_cast<size_t>(item.iSubItem)].text(row));
 }
 
 void SelectListLine(HWND list, int line) {

@@ -112,8 +112,8 @@ HICON LoadPicture(int id, int side) {
     return LoadFrom(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), side);
 }
 
-HICON LoadWarningPicture(int side) {
-    return LoadFrom(nullptr, IDI_WARNING, side);
+HICON LoadSystemPicture(PCWSTR name, int side) {
+    return LoadFrom(nullptr, name, side);
 }
 
 void SetWindowIcons(HWND window, UINT dpi) {
@@ -142,6 +142,18 @@ void AddListPicture(HIMAGELIST pictures, PictureId id) {
     std::optional<COLORREF> colour;
     if (NeedsSystemColours(COLOR_WINDOW)) colour = GetSysColor(COLOR_WINDOWTEXT);
     const HICON icon = CreatePicture(id, {width, height}, colour);
+    ImageList_ReplaceIcon(pictures, -1, icon);
+    DestroyIcon(icon);
+}
+
+void AddSystemListPicture(HIMAGELIST pictures, PCWSTR name) {
+    int width = 0;
+    int height = 0;
+    ImageList_GetIconSize(pictures, &width, &height);
+    const HICON loaded = LoadSystemPicture(name, height);
+    if (loaded == nullptr) return;
+    const HICON icon = IconOf(PixelsOf(loaded, height), width);
+    DestroyIcon(loaded);
     ImageList_ReplaceIcon(pictures, -1, icon);
     DestroyIcon(icon);
 }

@@ -27,8 +27,8 @@ PictureId RulePicture(ModelKind kind, RuleSet ruleSet);
 // the program has no such picture.
 HICON LoadPicture(int id, int side);
 
-// The system's picture of a warning.
-HICON LoadWarningPicture(int side);
+// A picture of the system (IDI_WARNING), as LoadPicture.
+HICON LoadSystemPicture(PCWSTR name, int side);
 
 // The program's own icons of a window, in the caption and for the task list, at a resolution.
 void SetWindowIcons(HWND window, UINT dpi);
@@ -42,5 +42,7 @@ HICON CreatePicture(PictureId id, SIZE size, std::optional<COLORREF> colour);
 // Appends a picture to a list of 32-bit icons for items, in the list's size: in the colour of their
 // text where the user has asked for high contrast or their ground is dark.
 void AddListPicture(HIMAGELIST pictures, PictureId id);
+// The same of a picture of the system, in its own colours.
+void AddSystemListPicture(HIMAGELIST pictures, PCWSTR name);
 
 }  // namespace corvane
