@@ -93,7 +93,7 @@ struct TemporaryDatabase {
 
 // The chosen sections of a legacy database as models of a database made for them.
 bool ConvertSections(const std::wstring& source, const Models& chosen, TemporaryDatabase& made,
-                     ExchangeLosses& losses) {
+                     ExchangeReport& report) {
     BasicShipData bsd;
     if (made.error != system::kErrorNone) {
         ReportTextNotWritten(shell.database.path, made.error);
@@ -102,8 +102,13 @@ bool ConvertSections(const std::wstring& source, const Models& chosen, Temporary
     if (!CreateDatabaseFile(made.path, bsd)) return false;
     const bool areConverted = std::ranges::all_of(chosen, [&](const ModelEntry& entry) {
         SectionModel section;
-        return ImportSection(source, static_cast<int16_t>(entry.number), section, losses) &&
-               AppendSection(made.path, section, {});
+        Losses losses;
+        if (!ImportSection(source, static_cast<int16_t>(entry.number), section, losses) ||
+            !AppendSection(made.path, section, {})) {
+            return false;
+        }
+        AddSection(report, section.name, std::move(losses));
+        return true;
     });
     return areConverted && RequireAllRead(source);
 }
@@ -142,13 +147,13 @@ bool AppendChosen(const std::wstring& source, const Models& chosen) {
 
 bool AppendLegacy(const std::wstring& source, const Models& chosen) {
     TemporaryDatabase made;
-    ExchangeLosses losses;
+    ExchangeReport report;
     Models models;
-    if (!ConvertSections(source, chosen, made, losses) || !ListModels(made.path, models) ||
+    if (!ConvertSections(source, chosen, made, report) || !ListModels(made.path, models) ||
         !AppendChosen(made.path, models)) {
         return false;
     }
-    ReportLosses(source, losses);
+    ReportLosses(source, report);
     return true;
 }
 

@@ -143,7 +143,7 @@ void ME_FileSaveLegacy_Click() {
                                           .toSave = true});
     if (path.empty() || !RequireOtherFile(path)) return;
     SetBusyPointer();
-    if (SaveAsLegacyDatabase(path)) ReportNote(kMsgSavedAsLegacy, {path});
+    SaveAsLegacyDatabase(path);
     ResetMousePointer();
 }
 

@@ -142,7 +142,7 @@ struct ExchangeTest : MainWindowFixture {
     }
     static float LegacyPosition(const std::wstring& path, int16_t slot) {
         SectionModel section;
-        ExchangeLosses losses;
+        Losses losses;
         EXPECT_TRUE(ImportSection(path, slot, section, losses));
         return section.x_m;
     }

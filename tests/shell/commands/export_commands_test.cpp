@@ -76,7 +76,7 @@ struct ExportCommands : CommandTest {
     }
     static std::wstring NameInSlot(const std::wstring& file, int16_t slot) {
         SectionModel section;
-        ExchangeLosses losses;
+        Losses losses;
         EXPECT_TRUE(ImportSection(file, slot, section, losses));
         return section.name;
     }

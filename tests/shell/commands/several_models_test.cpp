@@ -190,7 +190,8 @@ TEST_F(SeveralModelsTest, ExportOfAModelThatIsNotASectionIsRefusedBeforeTheBox) 
 TEST_F(SeveralModelsTest, ExportAddsASlotForEachSectionWithItsOwnName) {
     static std::wstring legacy;
     legacy = File(L"old.vel");
-    ASSERT_TRUE(ExportDatabase(Make(L"empty.ve2"), legacy));
+    ExchangeReport report;
+    ASSERT_TRUE(ExportDatabase({Make(L"empty.ve2"), legacy}, report));
     int16_t status = 0;
     ASSERT_EQ(ListLegacySections(legacy, status).size(), 0U);
     Select(4, {0, 2});

@@ -1,0 +1,78 @@
+#include "shell/section_conversion.h"
+
+#include <utility>
+
+#include "database/copying.h"
+#include "database/creating.h"
+#include "database/section_block.h"
+#include "files/file_system.h"
+#include "files/rewrite.h"
+#include "files/text_file.h"
+#include "legacy/exchange.h"
+#include "report/reporters.h"
+
+namespace corvane {
+namespace {
+
+// The next section goes behind the others. False when it could not be read.
+bool WriteNext(TextWriter& writer, int32_t number, const ModelEntry& entry,
+               SectionConversion& conversion) {
+    SectionModel section;
+    Losses losses;
+    const std::wstring& source = conversion.source;
+    if (!ImportSection(source, static_cast<int16_t>(entry.number), section, losses)) return false;
+    if (conversion.leavesOut && !RequireAllRead(source)) return false;
+    WriteSectionBlock(writer, section, number);
+    AddSection(conversion.report, section.name, std::move(losses));
+    return true;
+}
+
+bool WriteSections(TextWriter& writer, SectionConversion& conversion) {
+    conversion.progress.total = static_cast<int64_t>(conversion.sections.size());
+    int32_t written = 0;
+    for (const ModelEntry& entry : conversion.sections) {
+        if (!Advance(conversion.progress, 1)) return false;
+        if (WriteNext(writer, written + 1, entry, conversion)) {
+            ++written;
+        } else if (conversion.leavesOut) {
+            AddLeftOut(conversion.report, ModelKind::kSection, entry.name, kMsgCouldNotBeRead);
+        } else {
+            return false;
+        }
+    }
+    return conversion.leavesOut || RequireAllRead(conversion.source);
+}
+
+// The head of a database that is there, and the sections.
+bool WriteAll(const std::wstring& head, const std::wstring& path, SectionConversion& conversion) {
+    TextReader reader;
+    TextWriter writer;
+    if (!OpenText(reader, head)) {
+        ReportTextNotWritten(path, reader.error);
+        return false;
+    }
+    bool isDone = CreateText(writer, path);
+    if (isDone) CopyFileHead(reader, writer);
+    isDone = isDone && WriteSections(writer, conversion);
+    CloseText(writer);
+    const system::ErrorNumber error = isDone ? reader.error : system::kErrorNone;
+    if (writer.error != system::kErrorNone || error != system::kErrorNone) {
+        ReportTextNotWritten(path, writer.error != system::kErrorNone ? writer.error : error);
+        return false;
+    }
+    return isDone;
+}
+
+}  // namespace
+
+bool WriteConverted(const std::wstring& path, BasicShipData& bsd, SectionConversion& conversion) {
+    std::wstring head;
+    const system::ErrorNumber error = NewTemporaryFile(head);
+    if (error != system::kErrorNone) ReportTextNotWritten(path, error);
+    const bool isDone = error == system::kErrorNone && CreateDatabaseFile(head, bsd) &&
+                        WriteAll(head, path, conversion);
+    if (!head.empty()) RemoveOwnFile(head);
+    return isDone;
+}
+
+}  // namespace corvane
