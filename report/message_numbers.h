@@ -337,6 +337,13 @@
     X(kMsgToBeExported, 3878)           \
     X(kMsgFirstToBeExported, 3879)      \
     X(kMsgToBeReplaced, 3880)           \
+    X(kMsgReportFiles, 3881)            \
+    X(kMsgReportWritten, 3882)          \
+    X(kMsgReportCopied, 3883)           \
+    X(kMsgReportDetails, 3884)          \
+    X(kMsgLeftOutOfCopies, 3885)        \
+    X(kMsgCopiesLack, 3886)             \
+    X(kMsgLossAdvice, 3887)             \
     X(kMsgASection, 3890)               \
     X(kMsgSections, 3891)               \
     X(kMsgAnArrangement, 3892)          \
@@ -411,6 +418,18 @@
     X(kMsgChangedInCheck, 3961)         \
     X(kMsgRepairing, 3962)              \
     X(kMsgChangedSinceCheck, 3963)      \
+    X(kMsgCheckOf, 3964)                \
+    X(kMsgNothingWrong, 3965)           \
+    X(kMsgFound, 3966)                  \
+    X(kMsgRepairable, 3967)             \
+    X(kMsgCheckedFine, 3968)            \
+    X(kMsgChecked, 3969)                \
+    X(kMsgRepairOf, 3970)               \
+    X(kMsgRepairAsked, 3971)            \
+    X(kMsgFilesGoForGood, 3972)         \
+    X(kMsgRepairEdit, 3973)             \
+    X(kMsgRepaired, 3974)               \
+    X(kMsgNotCheckedAgain, 3975)        \
     X(kMsgSectionHasSoMany, 3976)       \
     X(kMsgCouldNotBeRead, 3977)         \
     X(kMsgLegacyHasSectionsOnly, 3978)  \

@@ -39,12 +39,6 @@ void ForEachRow(const std::function<void(const Cells& cells, bool areTitles)>& u
     }
 }
 
-// A cell in a line of text: nothing in it ends the cell or the line.
-std::wstring OnOneLine(std::wstring cell) {
-    std::ranges::replace_if(cell, [](wchar_t letter) { return letter < L' '; }, L' ');
-    return cell;
-}
-
 std::string CsvCell(const std::wstring& cell) {
     std::string bytes = Utf8Text(cell);
     if (bytes.find_first_of(",\"\r\n") == bytes.npos) return bytes;

@@ -22,6 +22,7 @@ struct ImportChoice;
 struct PicturePlace;    // shell/picture_facts.h
 struct PicturesChoice;  // shell/all_pictures.h
 struct PrintJob;        // shell/printing.h
+struct Report;          // shell/report.h
 struct Screen;          // shell/report_details.h
 struct SettingsChoice;  // shell/settings_choice.h
 struct StatusParts;     // shell/status_parts.h
@@ -64,6 +65,8 @@ struct View {
     // A box with lines "label tab value", ended by carriage returns, that can be copied.
     void (*showProperties)(const std::wstring& caption, const std::wstring& text) =
         [](const std::wstring&, const std::wstring&) {};
+    // The box of a report; true when its own button closed it.
+    bool (*showReport)(Report& report) = [](Report&) { return false; };
     // Opens a file in the program that the system has for it; the error of a system that cannot.
     system::ErrorNumber (*openDocument)(const std::wstring& path) = [](const std::wstring&) {
         return system::kErrorNone;

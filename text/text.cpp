@@ -104,6 +104,11 @@ std::wstring WithLineFeeds(std::wstring_view text) {
     return lines;
 }
 
+std::wstring OnOneLine(std::wstring text) {
+    std::ranges::replace_if(text, [](wchar_t letter) { return letter < L' '; }, L' ');
+    return text;
+}
+
 std::wstring OemToAnsiText(std::string_view oem) {
     return Trim(CutAtNul(system::WideFromAnsi(system::AnsiFromOem(oem))));
 }

@@ -38,6 +38,10 @@ std::wstring ExpandLineBreaks(std::wstring_view message);
 // The lines of a text as fields and the clipboard have them: CR LF for each carriage return.
 std::wstring WithLineFeeds(std::wstring_view text);
 
+// The text as a cell in a line of text: a blank instead of each tab, line end and other control
+// character.
+std::wstring OnOneLine(std::wstring text);
+
 // Between the DOS (OEM) and the Windows (ANSI) character set, cut at the first NUL and trimmed.
 std::wstring OemToAnsiText(std::string_view oem);
 std::string AnsiToOemText(std::wstring_view text);

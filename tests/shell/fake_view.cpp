@@ -32,6 +32,7 @@ void AskQuestions(View& view) {
     view.askVersion = [](VersionChoice& choice) { return FakeView::askVersion(choice); };
     view.askSettings = [](SettingsChoice& choice) { return FakeView::askSettings(choice); };
     view.askPictures = [](PicturesChoice& choice) { return FakeView::askPictures(choice); };
+    view.showReport = [](Report& report) { return FakeView::showReport(report); };
     view.askFolder = [](const std::wstring& title, std::wstring& chosen) {
         kRecord("ask folder " + Narrow(title) + " [" + Narrow(chosen) + "]");
         if (!FakeView::folder.empty()) chosen = FakeView::folder;
@@ -144,6 +145,7 @@ std::function<bool(ImportChoice&)> FakeView::askImport;
 std::function<bool(VersionChoice&)> FakeView::askVersion;
 std::function<bool(SettingsChoice&)> FakeView::askSettings;
 std::function<bool(PicturesChoice&)> FakeView::askPictures;
+std::function<bool(Report&)> FakeView::showReport;
 std::vector<PicturePlace> FakeView::marked;
 std::wstring FakeView::folder;
 StatusParts FakeView::parts;
@@ -170,6 +172,7 @@ FakeView::FakeView() : before(std::exchange(shell, ShellState())) {
     askVersion = [](VersionChoice&) { return false; };
     askSettings = [](SettingsChoice&) { return false; };
     askPictures = [](PicturesChoice&) { return false; };
+    showReport = [](Report&) { return false; };
     marked.clear();
     folder.clear();
     copied.clear();

@@ -10,6 +10,7 @@
 #include "shell/exchange_boxes.h"
 #include "shell/model_list.h"
 #include "shell/picture_facts.h"
+#include "shell/report.h"
 #include "shell/settings_choice.h"
 #include "shell/state.h"
 #include "shell/status_parts.h"
@@ -36,6 +37,7 @@ struct FakeView {
     static std::function<bool(VersionChoice&)> askVersion;
     static std::function<bool(SettingsChoice&)> askSettings;
     static std::function<bool(PicturesChoice&)> askPictures;
+    static std::function<bool(Report&)> showReport;
     static std::vector<PicturePlace> marked;  // in the picture
     static std::wstring folder;               // given to askFolder; at first empty, which cancels
     static bool previewOn;

@@ -231,5 +231,10 @@ TEST(CharacterSets, TextIsCutAtTheFirstNulAndTrimmed) {
     EXPECT_EQ(OemToAnsiText(""), L"");
 }
 
+TEST(OnOneLine, ControlCharactersBecomeBlanks) {
+    EXPECT_EQ(OnOneLine(L"a\tb\r\nc\x1B[0m \u00E9"), L"a b  c [0m \u00E9");
+    EXPECT_EQ(OnOneLine(L""), L"");
+}
+
 }  // namespace
 }  // namespace corvane

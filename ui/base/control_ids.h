@@ -107,6 +107,15 @@ enum ControlId : int {
     BT_PictureFolder,
     LB_PictureKind,  // names CB_PictureKind
     CB_PictureKind,
+    // A report.
+    LB_Report = 1540,  // names LI_Report
+    LI_Report,
+    LB_ReportDetails,  // names TX_ReportDetails
+    TX_ReportDetails,
+    BT_CopyReport,
+    BT_SaveReport,
+    BT_ReportAction,
+    SB_Grip,  // of a dialog that the user can size
 };
 
 inline constexpr int kRuleSetCount = 3;
@@ -126,5 +135,6 @@ inline constexpr wchar_t kPropertiesBoxClass[] = L"FM_Properties";
 inline constexpr wchar_t kSettingsBoxClass[] = L"FM_Settings";
 inline constexpr wchar_t kPagePreviewClass[] = L"FM_Page";
 inline constexpr wchar_t kPicturesBoxClass[] = L"FM_Pictures";
+inline constexpr wchar_t kReportBoxClass[] = L"FM_Report";
 
 }  // namespace corvane

@@ -24,6 +24,7 @@ struct OpenDialog {
     const std::wstring& caption;
     void* contents;
     HFONT font = nullptr;
+    UINT dpi = 0;       // that it has been placed for; 0: not yet
     LONG helpTime = 0;  // of the last key that asked for help
 };
 
@@ -36,25 +37,74 @@ BOOL CALLBACK SetFont(HWND control, LPARAM font) {
     return TRUE;
 }
 
-void ApplyResolution(HWND window, UINT dpi) {
-    OpenDialog& dialog = StateOf(window);
-    const HFONT old = dialog.font;
-    dialog.font = CreateMessageFont(dpi);
-    EnumChildWindows(window, SetFont, reinterpret_cast<LPARAM>(dialog.font));
-    const SIZE client = dialog.kind.place(window, dialog.contents, dpi);
-    const SIZE size = WindowSize(window, client, false, dpi);
-    SetWindowPos(window, nullptr, 0, 0, size.cx, size.cy,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    if (dialog.kind.isProgram) SetWindowIcons(window, dpi);
-    if (old != nullptr) DeleteObject(old);
-}
-
 // Of the screen that the window is on, what no task bar covers.
 RECT WorkArea(HWND window) {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof(monitor);
     GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
     return monitor.rcWork;
+}
+
+// ---- A size that the user may change -----------------------------------------------------------
+
+void AddGrip(HWND window) {
+    AddControl(window, {SB_Grip, WC_SCROLLBARW, L"",
+                        WS_VISIBLE | SBS_SIZEGRIP | SBS_SIZEBOXBOTTOMRIGHTALIGN});
+}
+
+void Fit(HWND window) {
+    const OpenDialog& dialog = StateOf(window);
+    if (dialog.kind.fit == nullptr || dialog.dpi == 0 || IsIconic(window)) return;
+    RECT client{};
+    GetClientRect(window, &client);
+    const int width = SystemMetric(SM_CXVSCROLL, dialog.dpi);
+    PlaceControl(window, SB_Grip,
+                 {client.right - width, client.bottom - GripHeight(dialog.dpi), client.right,
+                  client.bottom});
+    ShowWindow(GetDlgItem(window, SB_Grip), IsZoomed(window) ? SW_HIDE : SW_SHOWNA);
+    dialog.kind.fit(window, dialog.contents, {client.right, client.bottom}, dialog.dpi);
+    InvalidateRect(window, nullptr, TRUE);
+}
+
+void SetLeastSize(HWND window, MINMAXINFO& info) {
+    const OpenDialog& dialog = StateOf(window);
+    if (dialog.kind.fit == nullptr || dialog.dpi == 0) return;
+    const SIZE least{Scaled(dialog.kind.least.cx, dialog.dpi),
+                     Scaled(dialog.kind.least.cy, dialog.dpi)};
+    const SIZE size = WindowSize(window, least, false, dialog.dpi);
+    info.ptMinTrackSize = {size.cx, size.cy};
+}
+
+// As large as `client` at a resolution; of a dialog that can be sized no larger than the screen,
+// and as large as the user has made it.
+SIZE SizeFor(HWND window, SIZE client, UINT dpi) {
+    const OpenDialog& dialog = StateOf(window);
+    if (dialog.kind.fit == nullptr) return WindowSize(window, client, false, dpi);
+    if (dialog.dpi != 0) {
+        RECT now{};
+        GetClientRect(window, &now);
+        client.cx = MulDiv(now.right, static_cast<int>(dpi), static_cast<int>(dialog.dpi));
+        client.cy = MulDiv(now.bottom, static_cast<int>(dpi), static_cast<int>(dialog.dpi));
+    }
+    const SIZE size = WindowSize(window, client, false, dpi);
+    const RECT screen = WorkArea(window);
+    return {std::min(size.cx, screen.right - screen.left),
+            std::min(size.cy, screen.bottom - screen.top)};
+}
+
+void ApplyResolution(HWND window, UINT dpi) {
+    OpenDialog& dialog = StateOf(window);
+    const HFONT old = dialog.font;
+    dialog.font = CreateMessageFont(dpi);
+    EnumChildWindows(window, SetFont, reinterpret_cast<LPARAM>(dialog.font));
+    const SIZE client = dialog.kind.place(window, dialog.contents, dpi);
+    const SIZE size = SizeFor(window, client, dpi);
+    dialog.dpi = dpi;
+    SetWindowPos(window, nullptr, 0, 0, size.cx, size.cy,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    Fit(window);
+    if (dialog.kind.isProgram) SetWindowIcons(window, dpi);
+    if (old != nullptr) DeleteObject(old);
 }
 
 // In the middle of the owner, as far as the screen has room there.
@@ -84,6 +134,7 @@ void OnInitialise(HWND window) {
     ScaleDialogOurselves(window);
     SetWindowTextW(window, dialog.caption.c_str());
     dialog.kind.addControls(window, dialog.contents);
+    if (dialog.kind.fit != nullptr) AddGrip(window);
     SendMessageW(window, DM_SETDEFID, GetDlgItem(window, IDOK) != nullptr ? IDOK : IDCANCEL, 0);
     ApplyResolution(window, DpiOf(window));
     Centre(window, GetWindow(window, GW_OWNER));
@@ -114,8 +165,11 @@ void OnCommand(HWND window, const Notification& notification) {
     }
 }
 
-void OnNotify(HWND window, const NMHDR& header) {
+void OnNotify(HWND window, NMHDR& header) {
     const OpenDialog& dialog = StateOf(window);
+    if (header.code == LVN_GETDISPINFOW && dialog.kind.fillIn != nullptr) {
+        return dialog.kind.fillIn(dialog.contents, reinterpret_cast<NMLVDISPINFOW&>(header).item);
+    }
     if (dialog.kind.notify == nullptr) return;
     dialog.kind.notify(window, dialog.contents,
                        {static_cast<int>(header.idFrom), static_cast<int>(header.code)});
@@ -132,8 +186,14 @@ INT_PTR HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
             OnCommand(window, {LOWORD(wParam), HIWORD(wParam)});
             return TRUE;
         case WM_NOTIFY:
-            OnNotify(window, *reinterpret_cast<const NMHDR*>(lParam));
+            OnNotify(window, *reinterpret_cast<NMHDR*>(lParam));
             return FALSE;
+        case WM_SIZE:
+            Fit(window);
+            return FALSE;
+        case WM_GETMINMAXINFO:
+            SetLeastSize(window, *reinterpret_cast<MINMAXINFO*>(lParam));
+            return TRUE;
         case WM_HELP:
             ShowHelpOnBox(StateOf(window).helpTime);
             return TRUE;
@@ -218,6 +278,11 @@ void RegisterDialogClass(const wchar_t* className) {
     RegisterClassExW(&windowClass);
 }
 
+DWORD FrameOf(const DialogKind& kind) {
+    if (kind.fit != nullptr) return WS_THICKFRAME | WS_MAXIMIZEBOX;
+    return kind.isProgram ? WS_MINIMIZEBOX : DWORD{DS_MODALFRAME};
+}
+
 // A dialog template without controls: style, number of controls, places, menu, class and caption.
 std::vector<WORD> EmptyTemplate(const std::wstring& className, DWORD style) {
     DLGTEMPLATE head{};
@@ -235,8 +300,7 @@ std::vector<WORD> EmptyTemplate(const std::wstring& className, DWORD style) {
 bool RunDialog(const DialogKind& kind, const std::wstring& caption, void* contents) {
     reportView.unloadSplash();
     RegisterDialogClass(kind.className);
-    const std::vector<WORD> words =
-        EmptyTemplate(kind.className, kind.isProgram ? WS_MINIMIZEBOX : DS_MODALFRAME);
+    const std::vector<WORD> words = EmptyTemplate(kind.className, FrameOf(kind));
     OpenDialog dialog{kind, caption, contents};
     std::optional<KeyFilter> filter;
     if (kind.key != nullptr) filter.emplace();
@@ -298,6 +362,10 @@ void PlaceButtons(HWND window, std::initializer_list<int> ids, const RECT& area,
         PlaceControl(window, *id, {right - size.cx, area.bottom - size.cy, right, area.bottom});
         right -= size.cx + Scaled(kButtonGap, dpi);
     }
+}
+
+int GripHeight(UINT dpi) {
+    return SystemMetric(SM_CYHSCROLL, dpi);
 }
 
 }  // namespace corvane

@@ -5,7 +5,7 @@
 #include <initializer_list>
 #include <string>
 
-#include "platform/win32/win32.h"
+#include "ui/base/controls.h"
 
 namespace corvane {
 
@@ -36,6 +36,13 @@ struct DialogKind {
     bool (*key)(HWND window, void* contents, const MSG& message) = nullptr;
     // Draws an item of a control that leaves this to its owner.
     void (*draw)(void* contents, const DRAWITEMSTRUCT& item) = nullptr;
+    // Fills in what a list view asks its owner for (LVN_GETDISPINFO).
+    void (*fillIn)(void* contents, LVITEMW& item) = nullptr;
+    // Of a dialog that the user can size: places the controls in a client area of this size.
+    // `place` then says which size it has at first, and may measure; it does not become smaller
+    // than `least` [pixels at 96 dots per inch].
+    void (*fit)(HWND window, void* contents, SIZE client, UINT dpi) = nullptr;
+    SIZE least{};
     // The only window of a program: it has the program's icon and can be minimised.
     bool isProgram = false;
 };
@@ -66,5 +73,8 @@ int HeightForText(HWND window, int id, int width);
 // right.
 void PlaceButtons(HWND window, std::initializer_list<int> ids, const RECT& area, UINT dpi);
 SIZE ButtonSize(HWND window, int id, UINT dpi);
+
+// What the grip of a dialog that can be sized needs below the buttons.
+int GripHeight(UINT dpi);
 
 }  // namespace corvane

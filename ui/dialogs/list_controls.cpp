@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "shell/state.h"
-#include "ui/base/controls.h"
 #include "ui/base/dpi.h"
 #include "ui/dialogs/dialogs.h"
 
@@ -95,6 +94,13 @@ void AddListColumn(HWND list, int index, const wchar_t* title, bool alignsRight)
     column.iSubItem = index;
     SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index),
                  reinterpret_cast<LPARAM>(&column));
+}
+
+void PutItemText(LVITEMW& item, const std::wstring& text) {
+    if ((item.mask & LVIF_TEXT) == 0 || item.cchTextMax <= 0) return;
+    const size_t length = std::min(text.size(), static_cast<size_t>(item.cchTextMax) - 1);
+    std::copy_n(text.begin(), length, item.pszText);
+    item.pszText[length] = L'\0';
 }
 
 }  // namespace corvane

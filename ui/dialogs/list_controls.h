@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/win32/win32.h"
+#include "ui/base/controls.h"
 
 namespace corvane {
 
@@ -33,5 +33,7 @@ void PlaceDropDown(HWND window, int id, RECT& area, UINT dpi);
 
 // Adds a column to a list view after the others; `index` is its place, from 0.
 void AddListColumn(HWND list, int index, const wchar_t* title, bool alignsRight);
+// Puts a text where a list view asks for one (LVN_GETDISPINFO), cut to the room that is there.
+void PutItemText(LVITEMW& item, const std::wstring& text);
 
 }  // namespace corvane

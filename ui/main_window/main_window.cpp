@@ -155,7 +155,7 @@ LRESULT OnColourStatic(HWND window, HDC dc, HWND control) {
 // Not everybody sees red. `area` becomes what is left beside the picture.
 void DrawWarning(HDC dc, RECT& area) {
     const int side = static_cast<int>(area.bottom - area.top);
-    const HICON picture = LoadWarningPicture(side);
+    const HICON picture = LoadSystemPicture(IDI_WARNING, side);
     DrawIconEx(dc, area.left, area.top, picture, side, side, 0, nullptr, DI_NORMAL);
     DestroyIcon(picture);
     area.left += side + side / 3;

@@ -140,11 +140,8 @@ void FillInLine(LVITEMW& item) {
     if (item.iItem < 0 || item.iItem >= LineCount()) return;
     const ModelRow& row = RowOfLine(item.iItem);
     if ((item.mask & LVIF_IMAGE) != 0) item.iImage = row.icon - 1;
-    if ((item.mask & LVIF_TEXT) == 0 || item.cchTextMax <= 0) return;
-    std::wstring text = ModelColumns()[static_cast<size_t>(item.iSubItem)].text(row);
-    text.resize(std::min(text.size(), static_cast<size_t>(item.cchTextMax) - 1));
-    std::ranges::copy(text, item.pszText);
-    item.pszText[text.size()] = L'\0';
+    if ((item.mask & LVIF_TEXT) == 0) return;
+    PutItemText(item, ModelColumns()[static_cast<size_t>(item.iSubItem)].text(row));
 }
 
 void SelectListLine(HWND list, int line) {

@@ -14,6 +14,7 @@
 #include "ui/dialogs/pictures_box.h"
 #include "ui/dialogs/progress_box.h"
 #include "ui/dialogs/properties_box.h"
+#include "ui/dialogs/report_box.h"
 #include "ui/dialogs/settings_box.h"
 #include "ui/dialogs/splash.h"
 #include "ui/dialogs/versions_box.h"
@@ -80,6 +81,7 @@ View WindowsView() {
     view.previewPages = PreviewPages;
     view.askPictures = AskPictures;
     view.showProperties = ShowProperties;
+    view.showReport = ShowReport;
     view.openDocument = OpenDocument;
     view.copyText = [](const std::wstring& text, const std::string& html) {
         return CopyText(MainHandle(), text, html);

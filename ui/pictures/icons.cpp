@@ -112,8 +112,8 @@ HICON LoadPicture(int id, int side) {
     return LoadFrom(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), side);
 }
 
-HICON LoadWarningPicture(int side) {
-    return LoadFrom(nullptr, IDI_WARNING, side);
+HICON LoadSystemPicture(PCWSTR name, int side) {
+    return LoadFrom(nullptr, name, side);
 }
 
 void SetWindowIcons(HWND window, UINT dpi) {

@@ -27,8 +27,8 @@ PictureId RulePicture(ModelKind kind, RuleSet ruleSet);
 // the program has no such picture.
 HICON LoadPicture(int id, int side);
 
-// The system's picture of a warning.
-HICON LoadWarningPicture(int side);
+// A picture of the system (IDI_WARNING), as LoadPicture.
+HICON LoadSystemPicture(PCWSTR name, int side);
 
 // The program's own icons of a window, in the caption and for the task list, at a resolution.
 void SetWindowIcons(HWND window, UINT dpi);
