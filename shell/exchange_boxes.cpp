@@ -26,8 +26,6 @@ std::vector<ModelEntry> ListLegacy(const std::wstring& path) {
         if (section.number <= kLegacyListedSections) continue;
         section.name = FormatMessage(kMsgSectionOfNumber, {section.number, section.name});
     }
-    const auto listed = static_cast<int32_t>(all.sections.size());
-    if (all.hasMore) ReportMessage(kMsgMoreSections, {path, listed});
     return all.sections;
 }
 
@@ -61,6 +59,12 @@ bool ReadFromDatabase(const std::wstring& path, const ExchangeItem& item, Previe
     return true;
 }
 
+// Whether there may be sections that are not listed is said once.
+void ReportSectionsNotListed(const std::wstring& path, size_t listed) {
+    if (CountLegacySections(path, listed) != kSlotsUnknown) return;
+    ReportMessage(kMsgMoreSections, {path, static_cast<int32_t>(listed)});
+}
+
 }  // namespace
 
 bool IsLegacyDatabase(const std::wstring& path) {
@@ -91,9 +95,9 @@ bool ListForExchange(const std::wstring& path, std::vector<ExchangeItem>& items)
 }
 
 ExchangeList ListOfFile(const std::wstring& path) {
-    if (!FileExists(path)) return {{}, L"No DB Corvane"};
+    if (!FileExists(path)) return {{}, L"No DB Corvane", {}};
     if (IsDatabaseOpen() && IsSameFile(path, shell.database.path)) {
-        return {{}, GetMessage(kMsgOpenDatabaseChosen)};
+        return {{}, GetMessage(kMsgOpenDatabaseChosen), {}};
     }
     ExchangeList list;
     if (!ListForExchange(path, list.items)) {
@@ -101,6 +105,7 @@ ExchangeList ListOfFile(const std::wstring& path) {
         return list;
     }
     if (list.items.empty()) list.hint = L"No Section neither bulkead";
+    if (IsLegacyDatabase(path)) ReportSectionsNotListed(path, list.items.size());
     list.ship = ShipNoteOfFile(path);
     return list;
 }

@@ -13,9 +13,10 @@ struct ExchangeEnding {
     uint16_t command = 0;  // the menu item that it was
     std::wstring path;     // of the other database
     std::wstring line;     // what ended well, for the status bar
+    bool isQuiet = false;  // the status bar says what to do next, and stays
 };
-void ShowExchange(const ExchangeReport& report, const ExchangeEnding& ending);
-// The same of an import: the line counts the models.
-void ShowImported(const ExchangeReport& report, uint16_t command, const std::wstring& path);
+void ShowExchange(const ExchangeReport& exchange, const ExchangeEnding& ending);
+// The same of an import into the open database: the line counts the models.
+void ShowImported(const ExchangeReport& exchange, uint16_t command, const std::wstring& path);
 
 }  // namespace corvane

@@ -114,7 +114,7 @@ void OpenLegacyDatabase(std::wstring path) {
     ChangeToDirectory(remembered);
     ResetMousePointer();
     RefreshMainWindow();
-    if (isConverted) ShowImported(conversion.report, ME_FileOpen, path);
+    if (isConverted) ShowImported(conversion.report, ME_SectionImport, path);
     if (conversion.isCancelled) ReportNote(kMsgReadingCancelled, {path});
 }
 

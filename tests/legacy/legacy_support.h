@@ -69,7 +69,7 @@ struct FakeLegacyLibrary {
     static int16_t extendFailsAt;  // the call, from 1; 0: none
     static int16_t listCount;      // extendvelkdb adds one
     static LegacySectionEntry entries[kLegacyListedSections];
-    static LegacyBsd bsd;  // given by importvelknavi, set by exportvelkbsd
+    static LegacyBsd bsd;               // given by importvelknavi, set by exportvelkbsd
     static LegacySectionRecord record;  // what was written last
     // What was written into each slot; what the others have is `record`.
     static std::map<int16_t, LegacySectionRecord> slots;

@@ -22,9 +22,9 @@ constexpr int kMargin = 11;
 constexpr int kGap = 8;
 constexpr int kLabelGap = 3;
 constexpr int kFilesWidth = 250;
-constexpr SIZE kSectionsSize{390, 415};
+constexpr SIZE kSectionsSize{390, 440};
 constexpr int kTableWidth = 205;
-constexpr int kNoteLines = 4;  // of LB_Notes
+constexpr int kNoteLines = 3;  // of LB_Notes
 
 HWND ListOf(HWND window) {
     return GetDlgItem(window, LI_Sections);
