@@ -101,7 +101,7 @@ void WriteLegacyDatabase(benchmark::State& state) {
     const std::wstring legacy = NewFile();
     for (auto _ : state) {
         ExchangeReport report;
-    if (!ExportDatabase({models, legacy}, report)) state.SkipWithError("not written");
+        if (!ExportDatabase({models, legacy}, report)) state.SkipWithError("not written");
     }
     for (const std::wstring& path : {models, legacy}) KillFile(path);
 }
