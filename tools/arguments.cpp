@@ -20,6 +20,7 @@ constexpr OptionFacts kOptions[] = {
      L"answers yes where the program would ask: replaces, deletes"},
     {Option::kNoHistory, L"--no-history", L"", L"", L"",
      L"keeps no earlier version for Undo; the backup is kept"},
+    {Option::kDryRun, L"--dry-run", L"", L"", L"", L"shows the changes, and makes none"},
 };
 static_assert(std::size(kOptions) == kOptionCount);
 

@@ -13,8 +13,8 @@
 
 namespace corvane {
 
-enum class Option { kFormat, kTableFormat, kTo, kAll, kKind, kForce, kNoHistory };
-inline constexpr int kOptionCount = 7;
+enum class Option { kFormat, kTableFormat, kTo, kAll, kKind, kForce, kNoHistory, kDryRun };
+inline constexpr int kOptionCount = 8;
 
 struct OptionFacts {
     Option option;

@@ -12,6 +12,7 @@
 #include "files/rewrite.h"
 #include "legacy/exchange.h"
 #include "report/reporters.h"
+#include "shell/copy_losses.h"
 #include "shell/exchange_boxes.h"
 #include "shell/new_file.h"
 #include "shell/state.h"
@@ -133,11 +134,25 @@ bool RequireSourceModels(const Request& request, const std::wstring& source, Mod
     return RequireAllModels(source, models);
 }
 
+// On standard error, a line for each thing that the copies are without.
+void ComplainOfLosses(const CopyLosses& losses) {
+    if (losses.findings.empty()) return;
+    std::wstring text = FormatMessage(kMsgCopiesLack, {losses.models, losses.source});
+    for (const Finding& finding : losses.findings) text += L'\n' + ReportLineOf(finding);
+    Complain(text);
+}
+
 bool AppendChosen(const std::wstring& source, const Models& chosen) {
     std::wstring path = shell.database.path;
     if (chosen.empty()) return true;
-    const int32_t last = AppendModels(path, source, chosen, {.keepBackup = true});
+    CopyLosses losses{source};
+    const bool areRead = std::ranges::all_of(chosen, [&losses](const ModelEntry& model) {
+        return FindCopyLosses(losses, PlaceOf(model));
+    });
+    const int32_t last =
+        areRead ? AppendModels(path, source, chosen, {.keepBackup = true}) : int32_t{0};
     if (last == 0) return false;
+    ComplainOfLosses(losses);
     int32_t number = last - static_cast<int32_t>(chosen.size());
     for (const ModelEntry& model : chosen) {
         Print(GeneralText(++number) + L"  " + Printable(model.name) + L'\n');

@@ -12,6 +12,7 @@ constexpr Option kShowOptions[] = {Option::kFormat};
 constexpr Option kExtractOptions[] = {Option::kTo, Option::kForce, Option::kNoHistory};
 constexpr Option kAppendOptions[] = {Option::kAll, Option::kForce, Option::kNoHistory};
 constexpr Option kEditOptions[] = {Option::kForce, Option::kNoHistory};
+constexpr Option kRepairOptions[] = {Option::kDryRun, Option::kForce, Option::kNoHistory};
 constexpr Option kDrawOptions[] = {Option::kAll, Option::kKind, Option::kForce};
 
 constexpr ToolCommand kCommands[] = {
@@ -27,6 +28,14 @@ constexpr ToolCommand kCommands[] = {
      L"What is wrong, with the lines, what it means and what can be done. Nothing is changed.\n"
      L"The exit status is 1 when anything was found.",
      kShowOptions, 1, 1, RunCheck},
+    {L"repair", L"repairs what can be repaired without loss",
+     L"DATABASE [--dry-run] [--force] [--no-history]",
+     L"Numbers and identifiers of models, the end of the last line, and files that were left by\n"
+     L"an edit. Prints each change. The old database is kept as its backup (.bak). The exit "
+     L"status\n"
+     L"is 1 when something is left that 'check' names, with --dry-run when there is something to\n"
+     L"change.",
+     kRepairOptions, 1, 1, RunRepair},
     {L"extract", L"writes models into a new database",
      L"DATABASE MODEL... --to FILE [--force] [--no-history]",
      L"The new database has the ship's data and the models, byte for byte, in the order of the\n"

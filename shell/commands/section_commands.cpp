@@ -8,6 +8,7 @@
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
 #include "shell/commands/several_models.h"
+#include "shell/copy_losses.h"
 #include "shell/edit_history.h"
 #include "shell/exchange_boxes.h"
 #include "shell/file_prompt.h"
@@ -31,16 +32,19 @@ void CopyCurrentModel(const ModelEntry& model, const std::wstring& name) {
     SetBusyPointer();
     const EditName edit(FormatMessage(kMsgCopyOf, {model.name}));
     std::wstring path = shell.database.path;
+    CopyLosses losses{path};
     const BlockNumbers listed = ListedBlocks();
-    const int32_t copy = CopyModel(
-        path,
-        {shell.database.currentModel, model.kind, name, {true, AskForWritableDatabase, &listed}});
+    const ModelCopy toCopy{
+        shell.database.currentModel, model.kind, name, {true, AskForWritableDatabase, &listed}};
+    const int32_t copy =
+        FindCopyLosses(losses, PlaceOf(model)) ? CopyModel(path, toCopy) : int32_t{0};
     if (copy != 0) {
         if (path != shell.database.path) ContinueInWritableFile(path);
         SetCurrentModel(copy);
         RefreshMainWindow();
     }
     ResetMousePointer();
+    if (copy != 0) ShowCopyLosses(losses, ME_SectionCopy);
 }
 
 void RenameCurrentModel(const ModelEntry& model, const std::wstring& name) {

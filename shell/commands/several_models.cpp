@@ -8,7 +8,9 @@
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "report/reporters.h"
+#include "shell/commands/commands.h"
 #include "shell/commands/section_commands.h"
+#include "shell/copy_losses.h"
 #include "shell/edit_history.h"
 #include "shell/exchange_boxes.h"
 #include "shell/file_prompt.h"
@@ -111,15 +113,24 @@ void DeleteModelsOfFile(const Models& models) {
     RefreshMainWindow();
 }
 
-void CopyModelsOfFile(const Models& models) {
+bool FindLossesOfAll(const Models& models, CopyLosses& losses) {
+    return std::ranges::all_of(models, [&losses](const ModelEntry& model) {
+        return FindCopyLosses(losses, PlaceOf(model));
+    });
+}
+
+// True when the copies are there.
+bool CopyModelsOfFile(const Models& models, CopyLosses& losses) {
     const EditName edit(FormatMessage(kMsgCopyOfModels, {CountOf(models)}));
     std::wstring path = shell.database.path;
     const BlockNumbers listed = ListedBlocks();
+    if (!FindLossesOfAll(models, losses)) return false;
     const int32_t last = CopyAllModels(path, CopiesOf(models, listed));
-    if (last == 0) return;
+    if (last == 0) return false;
     if (path != shell.database.path) ContinueInWritableFile(path);
     SetCurrentModel(last);
     RefreshMainWindow();
+    return true;
 }
 
 bool RequireSections(const Models& models) {
@@ -142,8 +153,10 @@ void CopySelectedModels() {
     if (!shell.view.askYesNo(BoxText(kMsgCopyQuestion, {CountOf(models), NamesOf(models)}))) return;
     if (!RequireSelectedModels(models)) return;
     SetBusyPointer();
-    CopyModelsOfFile(models);
+    CopyLosses losses{shell.database.path};
+    const bool areCopied = CopyModelsOfFile(models, losses);
     ResetMousePointer();
+    if (areCopied) ShowCopyLosses(losses, ME_SectionCopy);
 }
 
 void DeleteSelectedModels() {

@@ -116,6 +116,93 @@ TEST_F(EditingProgram, AppendThatFailsLeavesTheDatabase) {
     }
 }
 
+// A model whose head is damaged, with a table that is not known: the copy is made without it.
+TEST_F(EditingProgram, AppendNamesWhatItLeavesOut) {
+    std::string text = test::ReadFileBytes(test::DataPath("golden/checked.ve2"));
+    const auto replace = [&text](const std::string& from, const std::string& to) {
+        text.replace(text.find(from), from.size(), to);
+    };
+    replace("------------------ OPENINGS",
+            "------------------ COATINGS ------------------\r\n 1 \t 2 \r\n"
+            "------------------ OPENINGS");
+    replace("\r\n .001 \t 6.75 \t 0 \r\n", "\r\n .001 \t 6.75 \r\n");
+    Write(L"damaged.ve2", text);
+    const ProgramRun run = RunProgram({L"append", L"ship.ve2", L"damaged.ve2", L"1"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out, "15  Frame 100\n");
+    EXPECT_NE(run.err.find("Line 194, warning, model 1 'Frame 100' (Section): The table COATINGS "
+                           "is not known (lines: 1)."),
+              std::string::npos)
+        << run.err;
+}
+
+// ---- repair ------------------------------------------------------------------------------------
+
+TEST_F(EditingProgram, RepairPrintsEachChangeAndKeepsTheOldText) {
+    const std::string damaged = SampleNumbered({1, 2, 2, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 15});
+    Write(L"twice.ve2", damaged);
+    const std::string out = Out(0, {L"repair", L"twice.ve2"});
+    EXPECT_NE(out.find("Line 615, model in place 3: number '2' becomes '3'\n"), std::string::npos)
+        << out;
+    EXPECT_NE(out.find(", model in place 14: number '15' becomes '14'\n"
+                       "changes: 2; left: faults: 0, warnings: 0, notes: 0\n"),
+              std::string::npos)
+        << out;
+    EXPECT_EQ(Bytes(L"twice.ve2"), Sample());
+    EXPECT_EQ(Bytes(L"twice.bak"), damaged);
+    EXPECT_EQ(Edits(L"twice.ve2"), std::vector<std::string>{"Repair of the database"});
+}
+
+TEST_F(EditingProgram, RepairOfASoundDatabaseChangesNothing) {
+    EXPECT_EQ(Out(0, {L"repair", L"ship.ve2"}),
+              "changes: 0; left: faults: 0, warnings: 0, notes: 0\n");
+    EXPECT_EQ(Bytes(L"ship.ve2"), Sample());
+    EXPECT_FALSE(IsThere(L"ship.bak"));
+    EXPECT_TRUE(Edits(L"ship.ve2").empty());
+}
+
+TEST_F(EditingProgram, RepairSaysWhatIsLeft) {
+    std::string text = test::ReadFileBytes(test::DataPath("golden/checked.ve2"));
+    text.erase(text.find("SHIP\r\n"), 6);
+    text.resize(text.size() - 2);
+    Write(L"head.ve2", text);
+    EXPECT_EQ(Out(1, {L"repair", L"head.ve2", L"--no-history"}),
+              "Line 416: gets its line end\n"
+              "changes: 1; left: faults: 0, warnings: 0, notes: 1\n");
+    EXPECT_EQ(Bytes(L"head.ve2"), text + "\r\n");
+    EXPECT_TRUE(Edits(L"head.ve2").empty());
+}
+
+TEST_F(EditingProgram, DryRunOfRepairShowsTheChangesAndMakesNone) {
+    const std::string damaged = SampleNumbered({1, 2, 2, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14});
+    Write(L"twice.ve2", damaged);
+    EXPECT_EQ(Out(1, {L"repair", L"twice.ve2", L"--dry-run"}),
+              "Line 615, model in place 3: number '2' becomes '3'\n"
+              "changes: 1, not made\n");
+    EXPECT_EQ(Bytes(L"twice.ve2"), damaged);
+    EXPECT_FALSE(IsThere(L"twice.bak"));
+    EXPECT_EQ(Out(0, {L"repair", L"ship.ve2", L"--dry-run"}), "changes: 0, not made\n");
+}
+
+TEST_F(EditingProgram, RepairOfWhatCannotBeRepairedFails) {
+    Write(L"text.ve2", "no database");
+    EXPECT_NE(Err(3, {L"repair", L"text.ve2"}).find("text.ve2"), std::string::npos);
+    EXPECT_EQ(Bytes(L"text.ve2"), "no database");
+    EXPECT_NE(Err(3, {L"repair", L"none.ve2"}).find("none.ve2"), std::string::npos);
+    EXPECT_NE(Err(2, {L"repair", L"old.vel"}).find("a DOS database is not repaired"),
+              std::string::npos);
+}
+
+TEST_F(EditingProgram, RepairOfAReadOnlyDatabaseIsRefused) {
+    const std::string damaged = SampleNumbered({1, 2, 2, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14});
+    Write(L"twice.ve2", damaged);
+    system::SetReadOnly(folder.File(L"twice.ve2"), true);
+    EXPECT_NE(Err(3, {L"repair", L"twice.ve2"}).find("twice.ve2"), std::string::npos);
+    EXPECT_EQ(RunProgram({L"repair", L"twice.ve2", L"--dry-run"}).status, 1);
+    system::SetReadOnly(folder.File(L"twice.ve2"), false);
+    EXPECT_EQ(Bytes(L"twice.ve2"), damaged);
+}
+
 // ---- delete ------------------------------------------------------------------------------------
 
 TEST_F(EditingProgram, DeleteAsksForForce) {

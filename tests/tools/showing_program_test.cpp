@@ -247,6 +247,7 @@ TEST_F(ShowingProgram, HelpAndVersionArePrinted) {
         "  list        lists the models of a database\n"
         "  show        shows what a model is\n"
         "  check       checks a database from its first line to its last\n"
+        "  repair      repairs what can be repaired without loss\n"
         "  extract     writes models into a new database\n"
         "  append      adds models of another database\n"
         "  delete      deletes models\n"
@@ -278,9 +279,9 @@ TEST_F(ShowingProgram, HelpAndVersionArePrinted) {
 
 // Every command, with each kind of misuse. Nothing is made or changed.
 TEST_F(ShowingProgram, WrongArgumentsEndWithStatusTwoAndTheUsageLine) {
-    const Words commands[] = {{L"list"},           {L"show"},    {L"check"},    {L"extract"},
-                              {L"append"},         {L"delete"},  {L"renumber"}, {L"bsd", L"show"},
-                              {L"bsd", L"import"}, {L"convert"}, {L"draw"}};
+    const Words commands[] = {{L"list"},         {L"show"},           {L"check"},   {L"repair"},
+                              {L"extract"},      {L"append"},         {L"delete"},  {L"renumber"},
+                              {L"bsd", L"show"}, {L"bsd", L"import"}, {L"convert"}, {L"draw"}};
     for (const Words& command : commands) {
         std::string name;
         for (const std::wstring& word : command)

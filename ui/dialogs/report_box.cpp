@@ -85,6 +85,10 @@ void ShowDetails(HWND window, Report& report) {
     if (WindowText(field) != text) SetWindowTextW(field, text.c_str());
 }
 
+void ShowSelected(HWND list, const Report& report) {
+    SendMessageW(list, LVM_ENSUREVISIBLE, report.selected, FALSE);
+}
+
 // An action that the report no longer has cannot be pressed.
 void EnableAction(HWND window, bool isEnabled) {
     const HWND button = GetDlgItem(window, BT_ReportAction);
@@ -108,7 +112,7 @@ void ShowRows(HWND window, Report& report) {
         const int row = static_cast<int>(report.selected);
         SetState(list, row, LVIS_SELECTED | LVIS_FOCUSED);
         SendMessageW(list, LVM_SETSELECTIONMARK, 0, row);
-        SendMessageW(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+        ShowSelected(list, report);
     }
     ShowDetails(window, report);
 }
@@ -245,8 +249,13 @@ void Fit(HWND window, void* contents, SIZE client, UINT dpi) {
     PlaceControl(window, LB_ReportDetails,
                  {area.left, area.bottom - line, area.right, area.bottom});
     area.bottom -= line + gap;
+    const HWND list = ListOf(window);
+    RECT before{};
+    GetClientRect(list, &before);
     PlaceControl(window, LI_Report, area);
-    FitLastColumn(ListOf(window), report, dpi);
+    FitLastColumn(list, report, dpi);
+    // Without a size no row was in view.
+    if (before.bottom == 0) ShowSelected(list, report);
 }
 
 // ---- What the user does ------------------------------------------------------------------------

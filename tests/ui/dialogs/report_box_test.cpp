@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "tests/shell/command_support.h"
+#include "tests/shell/fake_view.h"
 #include "tests/ui/dialogs/modal_window.h"
 #include "ui/base/control_ids.h"
 
@@ -126,7 +126,9 @@ TEST_F(ReportBox, SelectedRowOfTheReportIsSelectedAndInView) {
     report.selected = 321;
     Show([](HWND window) {
         EXPECT_EQ(TextOf(window, TX_ReportDetails), "Meaning of 321.\r\nRemedy.");
-        EXPECT_NE(SendMessageW(ListOf(window), LVM_ISITEMVISIBLE, 321, 0), FALSE);
+        const LRESULT top = SendMessageW(ListOf(window), LVM_GETTOPINDEX, 0, 0);
+        EXPECT_LE(top, 321);
+        EXPECT_GT(top + SendMessageW(ListOf(window), LVM_GETCOUNTPERPAGE, 0, 0), 321);
         Press(window, IDCANCEL);
     });
 }
@@ -179,18 +181,6 @@ TEST_F(ReportBox, CopyAllCopiesAllRows) {
         EXPECT_EQ(FakeView::copied, ReportAsText(report));
         Press(window, IDCANCEL);
     });
-}
-
-TEST_F(ReportBox, SaveAsTextWritesTheFile) {
-    const test::TemporaryFolder folder;
-    report.command = 105;
-    const test::FakePrompt prompt{folder.File(L"report.txt")};
-    Show([](HWND window) {
-        SendDlgItemMessageW(window, BT_SaveReport, BM_CLICK, 0, 0);
-        Press(window, IDCANCEL);
-    });
-    EXPECT_NE(test::ReadFileBytes(folder.File(L"report.txt")).find("5\tnote\tText of 4\tMeaning"),
-              std::string::npos);
 }
 
 TEST_F(ReportBox, ActionThatIsDoneClosesTheBox) {
