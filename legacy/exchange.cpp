@@ -340,8 +340,13 @@ bool RequireAllWritten(DatabaseExport& work) {
         return false;
     }
     if (!RequireShip(work)) return false;
+    Progress progress(count);
     for (int16_t number = 1; number <= count; ++number) {
         const auto i = static_cast<size_t>(number - 1);
+        if (!Advance(progress, 1)) {
+            ReportNote(kMsgCancelled, {target.shown});
+            return false;
+        }
         if (!RequireInSlot(target, number, *work.records[i])) return false;
         NoteListedName(list, number, work.report.models[work.models[i]]);
     }

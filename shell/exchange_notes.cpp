@@ -5,7 +5,7 @@
 #include "bsd/bsd_file.h"
 #include "bsd/frames.h"
 #include "database/section_block.h"
-#include "files/paths.h"
+#include "files/progress.h"
 #include "legacy/exchange.h"
 #include "legacy/legacy_room.h"
 #include "report/reporters.h"
@@ -81,7 +81,9 @@ std::wstring RoomNote(const std::wstring& path, const std::vector<ModelEntry>& s
     std::wstring first;
     std::wstring what;
     int32_t exceeding = 0;
+    Progress progress(static_cast<int64_t>(sections.size()));
     for (const ModelEntry& entry : sections) {
+        if (!Advance(progress, 1)) return {};
         SectionModel section;
         if (!ReadSectionBlock(path, PlaceOf(entry), false, section)) continue;
         const std::vector<LegacyNeed> needs = NeedsOf(section);

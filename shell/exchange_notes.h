@@ -15,7 +15,8 @@ namespace corvane {
 
 // Whether a DOS database has room for a section, with the counts that decide it.
 std::wstring RoomNote(const SectionModel& section);
-// The same of several sections of a database. Those that cannot be read are not counted.
+// The same of several sections of a database. Those that cannot be read are not counted. Empty when
+// the user has cancelled.
 std::wstring RoomNote(const std::wstring& path, const std::vector<ModelEntry>& sections);
 
 // What distinguishes the ship of a file from another one: its names, dimensions and frames. Empty
