@@ -126,15 +126,10 @@ bool ConvertLegacyDatabase(const std::wstring& source, const std::wstring& targe
     return true;
 }
 
-bool SaveAsLegacyDatabase(const std::wstring& path) {
-    ExchangeReport report;
-    const bool isMade = MakeFile(path, L"", [&](const std::wstring& temporary) {
+bool SaveAsLegacyDatabase(const std::wstring& path, ExchangeReport& report) {
+    return MakeFile(path, L"", [&](const std::wstring& temporary) {
         return ExportDatabase({shell.database.path, temporary, path}, report);
     });
-    if (isMade) {
-        ShowExchange(report, {ME_FileSaveLegacy, path, FormatMessage(kMsgSavedAsLegacy, {path})});
-    }
-    return isMade;
 }
 
 }  // namespace corvane

@@ -57,14 +57,15 @@ bool AppendConverted(Import& import) {
         entry.number = item.number;
         entry.name = item.text;
     }
-    std::wstring made;
-    const system::ErrorNumber error = NewTemporaryFile(made);
-    if (error != system::kErrorNone) ReportTextNotWritten(import.path, error);
+    const TemporaryDatabase made;
+    if (made.error != system::kErrorNone) {
+        ReportTextNotWritten(import.path, made.error);
+        return false;
+    }
     std::vector<ModelEntry> models;
     BasicShipData bsd;
-    const bool isDone = error == system::kErrorNone && WriteConverted(made, bsd, conversion) &&
-                        ListModels(made, models) && Append(import, made, models);
-    if (!made.empty()) RemoveOwnFile(made);
+    const bool isDone = WriteConverted(made.path, bsd, conversion) &&
+                        ListModels(made.path, models) && Append(import, made.path, models);
     import.isCancelled = conversion.progress.isCancelled;
     return isDone;
 }

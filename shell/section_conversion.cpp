@@ -65,14 +65,19 @@ bool WriteAll(const std::wstring& head, const std::wstring& path, SectionConvers
 
 }  // namespace
 
+TemporaryDatabase::~TemporaryDatabase() {
+    if (!path.empty() && RemoveOwnFile(path) != system::kErrorNone) {
+        ReportMessage(kMsgFileNotRemoved, {path});
+    }
+}
+
 bool WriteConverted(const std::wstring& path, BasicShipData& bsd, SectionConversion& conversion) {
-    std::wstring head;
-    const system::ErrorNumber error = NewTemporaryFile(head);
-    if (error != system::kErrorNone) ReportTextNotWritten(path, error);
-    const bool isDone = error == system::kErrorNone && CreateDatabaseFile(head, bsd) &&
-                        WriteAll(head, path, conversion);
-    if (!head.empty()) RemoveOwnFile(head);
-    return isDone;
+    const TemporaryDatabase head;
+    if (head.error != system::kErrorNone) {
+        ReportTextNotWritten(path, head.error);
+        return false;
+    }
+    return CreateDatabaseFile(head.path, bsd) && WriteAll(head.path, path, conversion);
 }
 
 }  // namespace corvane

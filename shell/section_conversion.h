@@ -6,10 +6,21 @@
 
 #include "bsd/basic_ship_data.h"
 #include "database/listing.h"
+#include "files/file_system.h"
 #include "files/progress.h"
 #include "legacy/exchange_report.h"
 
 namespace corvane {
+
+// A file in the temporary folder, removed at the end; one that cannot be removed is reported.
+struct TemporaryDatabase {
+    std::wstring path;
+    system::ErrorNumber error = NewTemporaryFile(path);  // why there is no such file
+    TemporaryDatabase() = default;
+    ~TemporaryDatabase();
+    TemporaryDatabase(const TemporaryDatabase&) = delete;
+    TemporaryDatabase& operator=(const TemporaryDatabase&) = delete;
+};
 
 struct SectionConversion {
     const std::wstring& source;

@@ -12,6 +12,7 @@
 #include "shell/edit_history.h"
 #include "shell/file_prompt.h"
 #include "shell/left_overs.h"
+#include "shell/exchange_ending.h"
 #include "shell/legacy_conversion.h"
 #include "shell/list_text.h"
 #include "shell/new_file.h"
@@ -143,7 +144,10 @@ void ME_FileSaveLegacy_Click() {
                                           .toSave = true});
     if (path.empty() || !RequireOtherFile(path)) return;
     SetBusyPointer();
-    SaveAsLegacyDatabase(path);
+    ExchangeReport report;
+    if (SaveAsLegacyDatabase(path, report)) {
+        ShowExchange(report, {ME_FileSaveLegacy, path, FormatMessage(kMsgSavedAsLegacy, {path})});
+    }
     ResetMousePointer();
 }
 

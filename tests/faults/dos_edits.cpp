@@ -50,7 +50,8 @@ bool Export(const std::wstring& path) {
 
 bool SaveAsDos(const std::wstring& path) {
     shell.database.path = SourceOf(path);
-    return SaveAsLegacyDatabase(path);
+    ExchangeReport report;
+    return SaveAsLegacyDatabase(path, report);
 }
 
 // The name of the new database follows from that of the DOS database.

@@ -126,7 +126,8 @@ TEST_F(LongOperations, AnExportOfAllSectionsThatIsCancelledMakesNoFile) {
     const SlowSystem system;
     for (int time = 1;; ++time) {
         CancelAt(time);
-        const bool isDone = SaveAsLegacyDatabase(target);
+        ExchangeReport report;
+        const bool isDone = SaveAsLegacyDatabase(target, report);
         if (isDone) {
             EXPECT_GT(time, 3);
             break;
