@@ -15,7 +15,7 @@ namespace {
 // Lengths in pixels at 96 dots per inch.
 constexpr int kGap = 8;
 
-constexpr int kListRows = 10;
+constexpr int kListRows = 9;
 
 // The box while it is open.
 struct ImportBox {
