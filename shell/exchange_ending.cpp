@@ -12,7 +12,8 @@ namespace corvane {
 namespace {
 
 // The longest texts that are usual, in the order of the columns; the last one takes what is left.
-constexpr const wchar_t* kSamples[] = {L"Engine room bulkhead, frame 46", L"Bulkhead", L"Went over", L""};
+constexpr const wchar_t* kSamples[] = {L"Engine room bulkhead, frame 46", L"Bulkhead", L"Went over",
+                                       L""};
 
 std::optional<Severity> SeverityOf(Outcome outcome) {
     switch (outcome) {
