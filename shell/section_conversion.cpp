@@ -14,6 +14,13 @@
 namespace corvane {
 namespace {
 
+// What the library could not read is empty. Whether it read all is asked of the list, which reads
+// the whole file: for such a section at once, so that it alone is left out, for the others at the
+// end.
+bool IsEmpty(const SectionModel& section) {
+    return section.name.empty() && section.panels.empty();
+}
+
 // The next section goes behind the others. False when it could not be read.
 bool WriteNext(TextWriter& writer, int32_t number, const ModelEntry& entry,
                SectionConversion& conversion) {
@@ -21,7 +28,7 @@ bool WriteNext(TextWriter& writer, int32_t number, const ModelEntry& entry,
     Losses losses;
     const std::wstring& source = conversion.source;
     if (!ImportSection(source, static_cast<int16_t>(entry.number), section, losses)) return false;
-    if (conversion.leavesOut && !RequireAllRead(source)) return false;
+    if (conversion.leavesOut && IsEmpty(section) && !RequireAllRead(source)) return false;
     WriteSectionBlock(writer, section, number);
     AddSection(conversion.report, section.name, std::move(losses));
     return true;
@@ -40,7 +47,7 @@ bool WriteSections(TextWriter& writer, SectionConversion& conversion) {
             return false;
         }
     }
-    return conversion.leavesOut || RequireAllRead(conversion.source);
+    return RequireAllRead(conversion.source);
 }
 
 // The head of a database that is there, and the sections.
