@@ -76,7 +76,8 @@ std::wstring MakeModels(int16_t count) {
 void ConvertLegacyDatabase(benchmark::State& state) {
     const std::wstring models = MakeModels(kSections);
     const std::wstring legacy = NewFile();
-    if (!ExportDatabase(models, legacy)) state.SkipWithError("no legacy database");
+    ExchangeReport report;
+    if (!ExportDatabase({models, legacy}, report)) state.SkipWithError("no legacy database");
     std::wstring target = NewFile();
     for (auto _ : state) {
         BasicShipData bsd;
@@ -85,7 +86,7 @@ void ConvertLegacyDatabase(benchmark::State& state) {
         const std::vector<ModelEntry> list = ListLegacySections(legacy, status);
         for (int16_t number = 1; static_cast<size_t>(number) <= list.size(); ++number) {
             SectionModel section;
-            ExchangeLosses losses;
+            Losses losses;
             ImportSection(legacy, number, section, losses);
             ReplaceSection(target, section, number);
         }
@@ -99,7 +100,8 @@ void WriteLegacyDatabase(benchmark::State& state) {
     const std::wstring models = MakeModels(kWrittenSections);
     const std::wstring legacy = NewFile();
     for (auto _ : state) {
-        if (!ExportDatabase(models, legacy)) state.SkipWithError("not written");
+        ExchangeReport report;
+        if (!ExportDatabase({models, legacy}, report)) state.SkipWithError("not written");
     }
     for (const std::wstring& path : {models, legacy}) KillFile(path);
 }

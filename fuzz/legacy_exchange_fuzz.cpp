@@ -37,7 +37,7 @@ std::unique_ptr<LegacySectionRecord> RecordInSlot(const std::wstring& path, int1
 
 SectionModel Imported(const std::wstring& path) {
     SectionModel section;
-    ExchangeLosses losses;
+    Losses losses;
     Require(ImportSection(path, 1, section, losses));
     Require(section.panels.size() <= kLegacyStrakes);
     Require(section.compartments.size() <= kLegacyCompartments);
@@ -46,14 +46,15 @@ SectionModel Imported(const std::wstring& path) {
 
 void Exchange(SectionModel& section) {
     const std::wstring path = NewDatabase();
+    ExchangeReport report;
     BasicShipData ship;
     for (const int item : {1, 2, 3, 6, 9}) ship.MainData(item) = 20;
-    Require(ExportSection({path, 1}, section, ship));
+    Require(ExportSection({path, 1}, section, ship, report));
     SectionModel back = Imported(path);
-    Require(ExportSection({path, 1, false}, back, ship));
+    Require(ExportSection({path, 1, false}, back, ship, report));
     const auto once = RecordInSlot(path, 1);
     back = Imported(path);
-    Require(ExportSection({path, 1, false}, back, ship));
+    Require(ExportSection({path, 1, false}, back, ship, report));
     Require(std::memcmp(RecordInSlot(path, 1).get(), once.get(), sizeof(*once)) == 0);
     int16_t status = -1;
     Require(ListLegacySections(path, status).size() == 1 && status == kLegacyDone);

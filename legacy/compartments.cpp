@@ -176,7 +176,7 @@ void FillCompLoad(const LegacyExport& work) {
     LegacyCompLoad& legacy = work.record.compLoad;
     const size_t count = std::min<size_t>(compartments.size(), kLegacyCompartments);
     if (compartments.size() > count) {
-        NoteLoss(work.losses, kMsgTooManyCompartments, {int32_t{kLegacyCompartments}});
+        NoteLimit(work.limits, kMsgTooManyCompartments, kLegacyCompartments);
     }
     legacy.count = static_cast<int16_t>(count);
     for (size_t i = 0; i < count; ++i) {
@@ -185,13 +185,13 @@ void FillCompLoad(const LegacyExport& work) {
     }
     const auto end = compartments.begin() + static_cast<ptrdiff_t>(count);
     if (std::any_of(compartments.begin(), end, HasTooManyNodes)) {
-        NoteLoss(work.losses, kMsgTooManyOutlineNodes, {int32_t{kLegacyOutlineNodes}});
+        NoteLimit(work.limits, kMsgTooManyOutlineNodes, kLegacyOutlineNodes);
     }
 }
 
 void FillCompartments(const LegacyExport& work, const CompartmentList& list) {
     LegacyGeometry& legacy = work.record.geometry;
-    Filling levels{legacy.levels, legacy.counts.levels, kMsgTooManyLevels, work.losses};
+    Filling levels{legacy.levels, legacy.counts.levels, kMsgTooManyLevels, work.limits};
     const size_t count = std::min<size_t>(list.compartments.size(), kLegacyCompartments);
     legacy.counts.compartments = static_cast<int16_t>(count);
     const int nodes = CountNodes(legacy);

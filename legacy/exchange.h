@@ -1,7 +1,8 @@
 // The exchange with a legacy database: whole conversations with the legacy library. The library
 // does all work on the file; a status other than 0 is reported, and ends the conversation. What it
 // had written by then stays in the file. An export ends with the list of sections, whose status
-// says whether all of it has been written: the calls for the blocks of a section have none.
+// says whether all of it has been written: the calls for the blocks of a section have none. Then it
+// is read again, so that a library that fails without a word is found out.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +12,7 @@
 #include "bsd/basic_ship_data.h"
 #include "database/listing.h"
 #include "database/section.h"
-#include "legacy/losses.h"
+#include "legacy/exchange_report.h"
 
 namespace corvane {
 
@@ -29,30 +30,42 @@ void SetSectionDefaults(SectionModel& section, const BasicShipData& bsd,
 
 struct LegacySlot {
     std::wstring path;
-    int16_t number = 0;  // from 1; with `isNew` the number of the slot that is added
-    bool isNew = true;   // false: the slot is overwritten, its name in the list stays
+    int16_t number = 0;       // from 1; with `isNew` the number of the slot that is added
+    bool isNew = true;        // false: the slot is overwritten, its name in the list stays
+    std::wstring shown = {};  // the file's name in messages; empty: its path
 };
 
 // Writes the section into a slot of an existing legacy database. The section gets the defaults that
 // it lacks (with message 1074 when breadth or draught is one of them) and its geometry computed.
-// What did not fit is reported at the end. False when the library reports a failure.
-bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShipData& bsd);
+// Then it is read again. False, and reported, when the library reports a failure, and when it gives
+// back something else than it got (3984); otherwise what became of the section is added to
+// `report`.
+bool ExportSection(const LegacySlot& slot, SectionModel& section, const BasicShipData& bsd,
+                   ExchangeReport& report);
 
+// Makes a new legacy database at `path`, instead of any file there, of the ship's data alone.
+// `shown` is its name in messages. False, and reported, when the library reports a failure.
+bool CreateLegacyDatabase(const std::wstring& path, const std::wstring& shown,
+                          const BasicShipData& bsd);
+
+// A whole database on its way.
+struct DatabasePaths {
+    std::wstring source, target;
+    std::wstring shown = {};  // the target's name in messages; empty: its path
+};
 // Makes a new legacy database at `target`, instead of any file there, of all sections of the
-// model database `source`, in file order; one that cannot be read is reported and left out. Nothing
-// happens when `source` is not a model database, which is reported. False then, and when the
-// library reports a failure. What did not fit is reported at the end. `shown` is the name that
-// messages have for the target, where that is to be put elsewhere.
-bool ExportDatabase(const std::wstring& source, const std::wstring& target,
-                    const std::wstring& shown = {});
+// model database `source`, in file order, and of its ship's data; one that cannot be read is
+// reported and left out. At the end all of it is read again. False, and reported, when `source` is
+// not a model database, and in the cases of ExportSection. What became of each model is added to
+// `report`.
+bool ExportDatabase(const DatabasePaths& paths, ExchangeReport& report);
 
 // ---- Import ------------------------------------------------------------------------------------
 
 // Reads section `number`, from 1. A missing file is reported (1020): false then. A section that
 // the library fails to read is empty: RequireAllRead says so. What could not be placed is added to
 // `losses`, to be reported at the end of the import.
-bool ImportSection(const std::wstring& path, int16_t number, SectionModel& section,
-                   ExchangeLosses& losses);
+bool ImportSection(const std::wstring& path, int16_t number, SectionModel& section, Losses& losses);
 // Whether the library has read what ImportSection asked it for: the calls for the blocks of a
 // section have no status, but the list of sections has. Reported when not (3556).
 bool RequireAllRead(const std::wstring& path);
@@ -61,9 +74,18 @@ bool RequireAllRead(const std::wstring& path);
 // is empty unless it is 0.
 std::vector<ModelEntry> ListLegacySections(const std::wstring& path, int16_t& status);
 
-// The number of the database's sections, when its list has `listed`: beyond 20 too; 32,767 when the
-// library gives a section for any number.
+// The number of the database's sections, when its list has `listed`: beyond 20 too; 32,767
+// (kSlotsUnknown) when the library gives a section for any number.
+inline constexpr int16_t kSlotsUnknown = INT16_MAX;
 int16_t CountLegacySections(const std::wstring& path, size_t listed);
+
+// The names of all sections, those beyond the library's list as their slots have them. Where the
+// library gives a section for any number, `hasMore` says that there may be more than are listed.
+struct LegacySections {
+    std::vector<ModelEntry> sections;
+    bool hasMore = false;
+};
+LegacySections ListAllLegacySections(const std::wstring& path, int16_t& status);
 
 // The ship's data; the library's status. Unless it is 0 the record keeps its contents.
 int16_t LoadBsdFromLegacy(const std::wstring& path, BasicShipData& bsd);

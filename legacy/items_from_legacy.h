@@ -4,7 +4,7 @@
 #pragma once
 
 #include "database/section.h"
-#include "legacy/losses.h"
+#include "legacy/exchange_report.h"
 #include "platform/ztvelk32.h"
 
 namespace corvane {

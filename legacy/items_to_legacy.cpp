@@ -20,7 +20,7 @@ struct Profiles {
     const LegacyExport& work;
     LegacyGeometry& legacy = work.record.geometry;
     Filling<LegacyProfile, kLegacyProfiles> filling{legacy.profiles, legacy.counts.profiles,
-                                                    kMsgTooManyProfiles, work.losses};
+                                                    kMsgTooManyProfiles, work.limits};
 
     // The profile's number; 0 for scantlings that are all 0, and where there is no room.
     int16_t NumberOf(Scantlings& scantlings) {
@@ -70,11 +70,11 @@ struct SpanFill {
     LegacyGeometry& legacy = work.record.geometry;
     Profiles profiles{work};
     Filling<LegacySpan, kLegacySpans> spans{legacy.spans, legacy.counts.spans, kMsgTooManySpans,
-                                            work.losses};
+                                            work.limits};
     Filling<LegacySpanBracket, kLegacySpanBrackets> brackets{
-        legacy.spanBrackets, legacy.counts.spanBrackets, kMsgTooManySpanBrackets, work.losses};
+        legacy.spanBrackets, legacy.counts.spanBrackets, kMsgTooManySpanBrackets, work.limits};
     Filling<LegacyFatigueTable, kLegacyFatigueTables> fatigue{
-        legacy.fatigueTables, legacy.counts.fatigueTables, kMsgTooManyFatigueTables, work.losses};
+        legacy.fatigueTables, legacy.counts.fatigueTables, kMsgTooManyFatigueTables, work.limits};
     int16_t stiffener = 0;  // its number in the legacy table
 };
 
@@ -112,7 +112,7 @@ void FillSpansOf(SpanFill& fill, const Stiffener& stiffener, StiffenerDetail& de
 void FillStiffeners(const LegacyExport& work) {
     LegacyGeometry& legacy = work.record.geometry;
     Filling filling{legacy.stiffeners, legacy.counts.stiffeners, kMsgTooManyStiffeners,
-                    work.losses};
+                    work.limits};
     ForEachPanel(work, [&](Panel& panel, int16_t strake) {
         for (size_t i = 0; i < panel.stiffeners.size(); ++i) {
             LegacyStiffener* entry = filling.Next();
@@ -140,7 +140,7 @@ void FillSpans(const LegacyExport& work) {
 void FillBrackets(const LegacyExport& work) {
     LegacyGeometry& legacy = work.record.geometry;
     Profiles profiles{work};
-    Filling filling{legacy.brackets, legacy.counts.brackets, kMsgTooManyBrackets, work.losses};
+    Filling filling{legacy.brackets, legacy.counts.brackets, kMsgTooManyBrackets, work.limits};
     ForEachPanel(work, [&](Panel& panel, int16_t strake) {
         for (PrimaryBracket& bracket : panel.brackets) {
             LegacyBracket* entry = filling.Next();
@@ -156,7 +156,7 @@ void FillBrackets(const LegacyExport& work) {
 
 void FillOpenings(const LegacyExport& work) {
     LegacyGeometry& legacy = work.record.geometry;
-    Filling filling{legacy.openings, legacy.counts.openings, kMsgTooManyOpenings, work.losses};
+    Filling filling{legacy.openings, legacy.counts.openings, kMsgTooManyOpenings, work.limits};
     ForEachPanel(work, [&](Panel& panel, int16_t strake) {
         for (Opening& opening : panel.openings) {
             LegacyOpening* entry = filling.Next();
@@ -170,7 +170,7 @@ void FillOpenings(const LegacyExport& work) {
 
 void FillPillars(const LegacyExport& work) {
     LegacyGeometry& legacy = work.record.geometry;
-    Filling filling{legacy.pillars, legacy.counts.pillars, kMsgTooManyPillars, work.losses};
+    Filling filling{legacy.pillars, legacy.counts.pillars, kMsgTooManyPillars, work.limits};
     ForEachPanel(work, [&](Panel& panel, int16_t strake) {
         for (Pillar& pillar : panel.pillars) {
             LegacyPillar* entry = filling.Next();
@@ -183,7 +183,7 @@ void FillPillars(const LegacyExport& work) {
 
 void FillPlates(const LegacyExport& work) {
     LegacyGeometry& legacy = work.record.geometry;
-    Filling filling{legacy.plates, legacy.counts.plates, kMsgTooManyPlates, work.losses};
+    Filling filling{legacy.plates, legacy.counts.plates, kMsgTooManyPlates, work.limits};
     ForEachPanel(work, [&](Panel& panel, int16_t strake) {
         for (Plate& plate : panel.plates) {
             LegacyPlate* entry = filling.Next();

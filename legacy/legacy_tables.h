@@ -9,7 +9,8 @@
 #include <span>
 #include <string>
 
-#include "legacy/losses.h"
+#include "legacy/exchange_report.h"
+#include "legacy/legacy_room.h"
 
 namespace corvane {
 
@@ -21,19 +22,19 @@ struct Filling {
     Entry (&table)[size];
     int16_t& count;   // of used entries; goes up with each
     int32_t message;  // what has no room is noted once, with the table's size
-    Losses& losses;
+    const LimitLosses& limits;
     bool full = false;
 
     // The next entry, zeroed like the whole record; null when the table is full.
     Entry* Next() {
         if (count < size) return &table[count++];
-        if (!full) NoteLoss(losses, message, {int32_t{size}});
+        if (!full) NoteLimit(limits, message, size);
         full = true;
         return nullptr;
     }
 };
 template <class Entry, int size>
-Filling(Entry (&)[size], int16_t&, int32_t, Losses&) -> Filling<Entry, size>;
+Filling(Entry (&)[size], int16_t&, int32_t, const LimitLosses&) -> Filling<Entry, size>;
 
 struct TextField {
     char* bytes;

@@ -15,12 +15,7 @@ namespace {
 
 constexpr int16_t kTrue = -1;
 
-// What every imported section has, whatever the record holds.
 constexpr float kTolerance_m = 0.001F;
-constexpr float kBottomSlope_deg = 30;
-constexpr float kSideSlope_deg = 45;
-constexpr int32_t kStressRule = 1;
-constexpr int32_t kBucklingRule = 2;
 
 void ReadMain(LegacyMainSection legacy, SectionModel& section) {
     section.name = TextOf(legacy.name, sizeof(legacy.name));
@@ -32,10 +27,10 @@ void ReadMain(LegacyMainSection legacy, SectionModel& section) {
     section.bottomModulus_m3 = legacy.bottomModulus_m3;
     const bool absent = legacy.deckModulus_m3 == 0 || legacy.bottomModulus_m3 == 0;
     section.moduliAbsent = absent ? kTrue : int16_t{0};
-    section.bottomSlope_deg = kBottomSlope_deg;
-    section.sideSlope_deg = kSideSlope_deg;
-    section.stressRule = kStressRule;
-    section.bucklingRule = kBucklingRule;
+    section.bottomSlope_deg = kImportedBottomSlope_deg;
+    section.sideSlope_deg = kImportedSideSlope_deg;
+    section.stressRule = kImportedStressRule;
+    section.bucklingRule = kImportedBucklingRule;
 }
 
 void ReadItems(const LegacyImport& work) {

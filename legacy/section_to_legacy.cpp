@@ -49,7 +49,8 @@ Losses ToLegacyRecord(SectionModel& section, LegacySectionRecord& record) {
         ComputeCompartment(view.section, compartment);
     }
     CutNumbers cut;
-    const LegacyExport work{section, view.section, record, losses, cut};
+    const std::vector<LegacyNeed> needs = NeedsOf(section);
+    const LegacyExport work{section, view.section, record, losses, cut, {losses, needs}};
     const CompartmentList list = ListCompartments(work);
     FillMain(work);
     FillGeometry(work);

@@ -17,15 +17,15 @@ struct StrakeFill {
     int nodes = 0;
     int points = 0;
     Filling<LegacyCurve, kLegacyCurves> curves{legacy.curves, legacy.counts.curves,
-                                               kMsgTooManyCurves, work.losses};
+                                               kMsgTooManyCurves, work.limits};
     Filling<LegacyExtension, kLegacyExtensions> extensions{
-        legacy.extensions, legacy.counts.extensions, kMsgTooManyIntersections, work.losses};
+        legacy.extensions, legacy.counts.extensions, kMsgTooManyIntersections, work.limits};
 };
 
 // Whether the legacy form holds that many; noted when not.
 bool HasRoom(const StrakeFill& fill, int count, int limit) {
     if (count <= limit) return true;
-    NoteLoss(fill.work.losses, kMsgLegacyGeometryFull, {int32_t{limit}});
+    NoteLimit(fill.work.limits, kMsgLegacyGeometryFull, limit);
     return false;
 }
 

@@ -3,8 +3,9 @@
 #pragma once
 
 #include "database/section.h"
+#include "legacy/exchange_report.h"
 #include "legacy/fields.h"
-#include "legacy/losses.h"
+#include "legacy/legacy_room.h"
 #include "platform/ztvelk32.h"
 
 namespace corvane {
@@ -16,6 +17,7 @@ struct LegacyExport {
     LegacySectionRecord& record;
     Losses& losses;  // what was left out, cut or changed is added
     CutNumbers& cut;
+    LimitLosses limits;  // adds to them what has no room
 };
 
 // Fills the strakes' and the nodes' tables, up to the first strake, node or point that has no room,

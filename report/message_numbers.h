@@ -164,7 +164,6 @@
     X(kMsgMoreLosses, 3594)             \
     X(kMsgNameChanged, 3595)            \
     X(kMsgMoreSectionsQuestion, 3596)   \
-    X(kMsgSectionsNotConverted, 3597)   \
     X(kMsgMoreSections, 3598)           \
     X(kMsgNoPlating, 3599)              \
     X(kMsgNoShipData, 3600)             \
@@ -209,7 +208,6 @@
     X(kMsgLegacyOtherStatus, 3646)      \
     X(kMsgLegacyNoAnswer, 3647)         \
     X(kMsgModelLeftOut, 3648)           \
-    X(kMsgNotAllImported, 3649)         \
     X(kMsgSectionsWithLosses, 3650)     \
     X(kMsgAftOfFrame, 3651)             \
     X(kMsgForwardOfFrame, 3652)         \
@@ -346,6 +344,16 @@
     X(kMsgLeftOutOfCopies, 3885)        \
     X(kMsgCopiesLack, 3886)             \
     X(kMsgLossAdvice, 3887)             \
+    X(kMsgASection, 3890)               \
+    X(kMsgSections, 3891)               \
+    X(kMsgAnArrangement, 3892)          \
+    X(kMsgArrangements, 3893)           \
+    X(kMsgATorsionModel, 3894)          \
+    X(kMsgTorsionModels, 3895)          \
+    X(kMsgThisAndThat, 3896)            \
+    X(kMsgOneWasChanged, 3897)          \
+    X(kMsgSomeWereChanged, 3898)        \
+    X(kMsgOneWasLeftOut, 3899)          \
     X(kMsgNoBulkheads, 3900)            \
     X(kMsgNoBulkheadOutline, 3901)      \
     X(kMsgTorsionLayout, 3902)          \
@@ -398,6 +406,14 @@
     X(kMsgRestNotWritten, 3949)         \
     X(kMsgPictureCameMeanwhile, 3950)   \
     X(kMsgPicturesAsked, 3951)          \
+    X(kMsgSomeWereLeftOut, 3952)        \
+    X(kMsgOneWasImported, 3953)         \
+    X(kMsgSomeWereImported, 3954)       \
+    X(kMsgWentOver, 3955)               \
+    X(kMsgChangedOnTheWay, 3956)        \
+    X(kMsgLeftOut, 3957)                \
+    X(kMsgLegacyTables, 3958)           \
+    X(kMsgCountOfRoom, 3959)            \
     X(kMsgChecking, 3960)               \
     X(kMsgChangedInCheck, 3961)         \
     X(kMsgRepairing, 3962)              \
@@ -413,7 +429,31 @@
     X(kMsgFilesGoForGood, 3972)         \
     X(kMsgRepairEdit, 3973)             \
     X(kMsgRepaired, 3974)               \
-    X(kMsgNotCheckedAgain, 3975)
+    X(kMsgNotCheckedAgain, 3975)        \
+    X(kMsgSectionHasSoMany, 3976)       \
+    X(kMsgCouldNotBeRead, 3977)         \
+    X(kMsgLegacyHasSectionsOnly, 3978)  \
+    X(kMsgLegacyMade, 3979)             \
+    X(kMsgDefaulted, 3980)              \
+    X(kMsgSectionFields, 3981)          \
+    X(kMsgNotInLegacyForm, 3982)        \
+    X(kMsgUnheldFields, 3983)           \
+    X(kMsgReadBackDiffers, 3984)        \
+    X(kMsgListedAs, 3985)               \
+    X(kMsgFromNumberOn, 3986)           \
+    X(kMsgSectionOfNumber, 3987)        \
+    X(kMsgFitsLegacy, 3988)             \
+    X(kMsgExceedsLegacy, 3989)          \
+    X(kMsgAllFitLegacy, 3990)           \
+    X(kMsgSomeExceedLegacy, 3991)       \
+    X(kMsgAnotherShip, 3992)            \
+    X(kMsgShipFields, 3993)             \
+    X(kMsgInsteadOf, 3994)              \
+    X(kMsgKindAndX, 3995)               \
+    X(kMsgExchangeColumns, 3996)        \
+    X(kMsgExportTo, 3997)               \
+    X(kMsgAllDone, 3998)                \
+    X(kMsgShipValueSet, 3999)
 
 namespace corvane {
 

@@ -29,6 +29,17 @@ MessageArgument::MessageArgument(uint32_t number) : text(std::to_wstring(number)
 MessageArgument::MessageArgument(float number) : text(GeneralText(number)) {}
 MessageArgument::MessageArgument(double number) : text(GeneralText(number)) {}
 
+std::wstring GetMessagePart(int32_t number, size_t index) {
+    const std::wstring text = GetMessage(number);
+    std::wstring_view rest = text;
+    for (; index > 0; --index) {
+        const size_t bar = rest.find(L'|');
+        if (bar == std::wstring_view::npos) return {};
+        rest.remove_prefix(bar + 1);
+    }
+    return std::wstring(rest.substr(0, rest.find(L'|')));
+}
+
 std::string GetMessageBytes(int32_t number) {
     std::array<char, kCatalogueBufferSize> buffer;
     const int32_t length = ZTGrVel32_LoadVelkinString(number, buffer.data(), kCatalogueBufferSize);

@@ -33,6 +33,10 @@ std::wstring GetMessage(int32_t number);
 // The same as ANSI bytes, for lines of files that are compared byte by byte.
 std::string GetMessageBytes(int32_t number);
 
+// One part of a text that has a "|" between its parts, counted from 0; empty where it has no such
+// part.
+std::wstring GetMessagePart(int32_t number, size_t index);
+
 // The text with its arguments in their places; those that have no place are appended, a blank
 // before each.
 std::wstring SubstituteArguments(std::wstring_view text, MessageArguments arguments);

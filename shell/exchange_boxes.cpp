@@ -8,18 +8,25 @@
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "legacy/exchange.h"
+#include "platform/ztvelk32.h"
 #include "report/reporters.h"
+#include "shell/exchange_notes.h"
 #include "shell/preview_pane.h"
 #include "shell/state.h"
 
 namespace corvane {
 namespace {
 
+// Sections beyond the library's list have their slot's number in front.
 std::vector<ModelEntry> ListLegacy(const std::wstring& path) {
     int16_t status = 0;
-    std::vector<ModelEntry> sections = ListLegacySections(path, status);
+    LegacySections all = ListAllLegacySections(path, status);
     RequireLegacyRead(path, status);
-    return sections;
+    for (ModelEntry& section : all.sections) {
+        if (section.number <= kLegacyListedSections) continue;
+        section.name = FormatMessage(kMsgSectionOfNumber, {section.number, section.name});
+    }
+    return all.sections;
 }
 
 // False when the user cancelled.
@@ -33,7 +40,7 @@ bool ListFile(const std::wstring& path, std::vector<ModelEntry>& models) {
 
 bool ReadFromLegacy(const std::wstring& path, int32_t slot, SectionModel& section,
                     BasicShipData& bsd) {
-    ExchangeLosses losses;  // the picture shows what is there; the import reports the rest
+    Losses losses;  // the picture shows what is there; the import reports the rest
     return ImportSection(path, static_cast<int16_t>(slot), section, losses) &&
            RequireLegacyRead(path, LoadBsdFromLegacy(path, bsd));
 }
@@ -52,11 +59,10 @@ bool ReadFromDatabase(const std::wstring& path, const ExchangeItem& item, Previe
     return true;
 }
 
-// The library lists 20 sections at most.
+// Whether there may be sections that are not listed is said once.
 void ReportSectionsNotListed(const std::wstring& path, size_t listed) {
-    const int32_t count = CountLegacySections(path, listed);
-    const auto shown = static_cast<int32_t>(listed);
-    if (count > shown) ReportMessage(kMsgMoreSections, {path, count, shown});
+    if (CountLegacySections(path, listed) != kSlotsUnknown) return;
+    ReportMessage(kMsgMoreSections, {path, static_cast<int32_t>(listed)});
 }
 
 }  // namespace
@@ -89,9 +95,9 @@ bool ListForExchange(const std::wstring& path, std::vector<ExchangeItem>& items)
 }
 
 ExchangeList ListOfFile(const std::wstring& path) {
-    if (!FileExists(path)) return {{}, L"No DB Corvane"};
+    if (!FileExists(path)) return {{}, L"No DB Corvane", {}};
     if (IsDatabaseOpen() && IsSameFile(path, shell.database.path)) {
-        return {{}, GetMessage(kMsgOpenDatabaseChosen)};
+        return {{}, GetMessage(kMsgOpenDatabaseChosen), {}};
     }
     ExchangeList list;
     if (!ListForExchange(path, list.items)) {
@@ -100,6 +106,7 @@ ExchangeList ListOfFile(const std::wstring& path) {
     }
     if (list.items.empty()) list.hint = L"No Section neither bulkead";
     if (IsLegacyDatabase(path)) ReportSectionsNotListed(path, list.items.size());
+    list.ship = ShipNoteOfFile(path);
     return list;
 }
 

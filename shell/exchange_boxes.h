@@ -27,6 +27,7 @@ struct ExportChoice {
     int sections = 1;
     // The section that is exported, of several the first one, for the preview.
     SectionModel section = {};
+    std::wstring room = {};  // whether a DOS database has room for all of it
 };
 
 // An item of LI_Sections in either box.
@@ -55,7 +56,8 @@ struct ImportChoice {
 // Whether a path names a legacy database: by its extension, "vel".
 bool IsLegacyDatabase(const std::wstring& path);
 
-// The sections of a legacy database, at most 20, or the models of a model database, with
+// The sections of a legacy database, those beyond the 20 that the library lists with their numbers
+// in front, as far as it can be asked for them; or the models of a model database, with
 // " (bulkhead)" and " (torsion)" after the names of those that are not sections. What cannot be
 // read is reported; the list is empty then.
 std::vector<ExchangeItem> ListForExchange(const std::wstring& path);
@@ -66,6 +68,7 @@ bool ListForExchange(const std::wstring& path, std::vector<ExchangeItem>& items)
 struct ExchangeList {
     std::vector<ExchangeItem> items;
     std::wstring hint;  // empty while there are items
+    std::wstring ship;  // what distinguishes the file's ship from that of the open database
 };
 // The open database itself is refused: a hint says so.
 ExchangeList ListOfFile(const std::wstring& path);

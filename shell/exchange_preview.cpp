@@ -1,6 +1,7 @@
 #include "shell/exchange_preview.h"
 
 #include "report/messages.h"
+#include "shell/exchange_notes.h"
 #include "shell/state.h"
 #include "text/text.h"
 
@@ -44,10 +45,15 @@ void EmptyPreview(ExchangePreview& preview) {
     EmptyPane(preview.pane);
     preview.why.clear();
     preview.label.clear();
+    preview.note.clear();
 }
 
 void PreviewItem(ExchangePreview& preview, const ListedFile& file, size_t item) {
-    if (ShowItem(preview, file, file.items.at(item))) preview.label = ServiceText(preview.bsd);
+    const ExchangeItem& shown = file.items.at(item);
+    const bool isRead = ShowItem(preview, file, shown);
+    if (isRead) preview.label = ServiceText(preview.bsd);
+    const bool isSection = isRead && shown.kind == ModelKind::kSection;
+    preview.note = ModelNote(shown.kind, isSection ? preview.pane.section.x_m : shown.x_m);
 }
 
 void PreviewReplaced(ExchangePreview& preview, const ListedFile& file, size_t item) {

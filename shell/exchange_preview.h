@@ -17,6 +17,7 @@ struct ExchangePreview {
     PreviewPane pane;
     std::wstring why;    // of a pane without a picture: the text in it; empty: none
     std::wstring label;  // LB_Service, what the pane shows; empty: nothing was read
+    std::wstring note;   // LB_Notes: of an item its kind and position; of an export the room for it
 
     // The model's file, its ship and its sections, for the outline around bulkheads.
     std::wstring path;

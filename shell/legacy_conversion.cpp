@@ -1,16 +1,15 @@
 #include "shell/legacy_conversion.h"
 
-#include "database/creating.h"
-#include "database/editing.h"
 #include "files/file_system.h"
 #include "files/paths.h"
-#include "files/progress.h"
 #include "legacy/exchange.h"
 #include "platform/system.h"
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
+#include "shell/exchange_ending.h"
 #include "shell/file_prompt.h"
 #include "shell/new_file.h"
+#include "shell/section_conversion.h"
 #include "shell/state.h"
 #include "text/text.h"
 
@@ -35,41 +34,35 @@ bool ConfirmWriting(const std::wstring& path) {
     return shell.view.askIrreversible(BoxText(kMsgReplaceOpenQuestion, {path, count}));
 }
 
-// The library lists 20 sections at most. When there are more, the user says whether those are to be
-// converted; how many are left out is noted.
-bool ConfirmListed(const std::wstring& legacyPath, size_t listed, ExchangeLosses& losses) {
-    const int32_t count = CountLegacySections(legacyPath, listed);
-    const auto shown = static_cast<int32_t>(listed);
-    if (count <= shown) return true;
-    NoteLoss(losses.whole, kMsgSectionsNotConverted, {count - shown, count});
-    return shell.view.askYesNo(
-        ExpandLineBreaks(FormatMessage(kMsgMoreSectionsQuestion, {legacyPath, count, shown})));
-}
-
 // A conversion on its way.
 struct Conversion {
     const std::wstring& source;
-    ExchangeLosses losses = {};
-    Progress progress{};
+    ExchangeReport report = {};
+    bool isCancelled = false;
 };
 
-// Appends the sections to a database that has no model.
-bool AppendSections(Conversion& conversion, std::wstring& path) {
+// Where the library gives a section for any number, it cannot be said which ones beyond its list
+// are there: the user says whether those of the list are to be converted.
+bool ConfirmListed(const std::wstring& legacyPath, size_t listed, ExchangeReport& report) {
+    const auto count = static_cast<int32_t>(listed);
+    NoteLoss(report.whole, kMsgFromNumberOn, {count + 1, count});
+    return shell.view.askYesNo(
+        ExpandLineBreaks(FormatMessage(kMsgMoreSectionsQuestion, {legacyPath, count})));
+}
+
+bool WriteSections(Conversion& conversion, BasicShipData& bsd, const std::wstring& path) {
     const std::wstring& legacyPath = conversion.source;
     int16_t status = 0;
-    const std::vector<ModelEntry> list = ListLegacySections(legacyPath, status);
+    LegacySections all = ListAllLegacySections(legacyPath, status);
     if (!RequireLegacyRead(legacyPath, status)) return false;
-    if (!ConfirmListed(legacyPath, list.size(), conversion.losses)) return false;
-    conversion.progress.total = static_cast<int64_t>(list.size());
-    for (int16_t number = 1; static_cast<size_t>(number) <= list.size(); ++number) {
-        SectionModel section;
-        if (!Advance(conversion.progress, 1) ||
-            !ImportSection(legacyPath, number, section, conversion.losses)) {
-            return false;
-        }
-        if (!ReplaceSection(path, section, number)) return false;
+    if (all.hasMore && !ConfirmListed(legacyPath, all.sections.size(), conversion.report)) {
+        return false;
     }
-    return RequireAllRead(legacyPath);
+    SectionConversion sections{
+        .source = legacyPath, .sections = std::move(all.sections), .report = conversion.report};
+    const bool isDone = WriteConverted(path, bsd, sections);
+    conversion.isCancelled = sections.progress.isCancelled;
+    return isDone;
 }
 
 // Reads the ship's data, with the ship's name as the new database has it.
@@ -82,8 +75,8 @@ bool ReadShip(const std::wstring& legacyPath, BasicShipData& bsd) {
 // Makes the new database, without its losses reported. False, and reported, when it is not there.
 bool MakeDatabase(Conversion& conversion, BasicShipData& bsd, const std::wstring& path) {
     return ConfirmWriting(path) &&
-           MakeFile(path, ReplacementBy(conversion.source), [&](std::wstring temporary) {
-               return CreateDatabaseFile(temporary, bsd) && AppendSections(conversion, temporary);
+           MakeFile(path, ReplacementBy(conversion.source), [&](const std::wstring& temporary) {
+               return WriteSections(conversion, bsd, temporary);
            });
 }
 
@@ -121,21 +114,21 @@ void OpenLegacyDatabase(std::wstring path) {
     ChangeToDirectory(remembered);
     ResetMousePointer();
     RefreshMainWindow();
-    if (isConverted) ReportLosses(path, conversion.losses);
-    if (conversion.progress.isCancelled) ReportNote(kMsgReadingCancelled, {path});
+    if (isConverted) ShowImported(conversion.report, ME_SectionImport, path);
+    if (conversion.isCancelled) ReportNote(kMsgReadingCancelled, {path});
 }
 
 bool ConvertLegacyDatabase(const std::wstring& source, const std::wstring& target) {
     BasicShipData bsd;
     Conversion conversion{.source = source};
     if (!ReadShip(source, bsd) || !MakeDatabase(conversion, bsd, target)) return false;
-    ReportLosses(source, conversion.losses);
+    ReportLosses(source, conversion.report);
     return true;
 }
 
-bool SaveAsLegacyDatabase(const std::wstring& path) {
+bool SaveAsLegacyDatabase(const std::wstring& path, ExchangeReport& report) {
     return MakeFile(path, L"", [&](const std::wstring& temporary) {
-        return ExportDatabase(shell.database.path, temporary, path);
+        return ExportDatabase({shell.database.path, temporary, path}, report);
     });
 }
 

@@ -29,7 +29,10 @@ ExitCode ConvertToLegacy(const Request& request) {
         !RequireFree(target, shell.database.path)) {
         return kExitFailed;
     }
-    return SaveAsLegacyDatabase(target) ? kExitDone : kExitFailed;
+    ExchangeReport report;
+    if (!SaveAsLegacyDatabase(target, report)) return kExitFailed;
+    ReportLosses(target, report);
+    return kExitDone;
 }
 
 }  // namespace

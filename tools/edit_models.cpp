@@ -3,7 +3,6 @@
 
 #include "bsd/basic_ship_data.h"
 #include "database/copying.h"
-#include "database/creating.h"
 #include "database/editing.h"
 #include "database/renumbering.h"
 #include "files/file_system.h"
@@ -15,6 +14,7 @@
 #include "shell/copy_losses.h"
 #include "shell/exchange_boxes.h"
 #include "shell/new_file.h"
+#include "shell/section_conversion.h"
 #include "shell/state.h"
 #include "text/numbers.h"
 #include "tools/console.h"
@@ -80,35 +80,6 @@ bool WriteExtract(const std::wstring& target, const Models& chosen) {
 
 // ---- append ------------------------------------------------------------------------------------
 
-// A temporary file, removed at the end.
-struct TemporaryDatabase {
-    std::wstring path;
-    system::ErrorNumber error = NewTemporaryFile(path);  // why there is no such file
-    TemporaryDatabase() = default;
-    ~TemporaryDatabase() {
-        if (!path.empty()) RemoveOwnFile(path);
-    }
-    TemporaryDatabase(const TemporaryDatabase&) = delete;
-    TemporaryDatabase& operator=(const TemporaryDatabase&) = delete;
-};
-
-// The chosen sections of a legacy database as models of a database made for them.
-bool ConvertSections(const std::wstring& source, const Models& chosen, TemporaryDatabase& made,
-                     ExchangeLosses& losses) {
-    BasicShipData bsd;
-    if (made.error != system::kErrorNone) {
-        ReportTextNotWritten(shell.database.path, made.error);
-        return false;
-    }
-    if (!CreateDatabaseFile(made.path, bsd)) return false;
-    const bool areConverted = std::ranges::all_of(chosen, [&](const ModelEntry& entry) {
-        SectionModel section;
-        return ImportSection(source, static_cast<int16_t>(entry.number), section, losses) &&
-               AppendSection(made.path, section, {});
-    });
-    return areConverted && RequireAllRead(source);
-}
-
 // The models of the source that the request names.
 bool RequireSourceModels(const Request& request, const std::wstring& source, Models& chosen) {
     Models models;
@@ -155,15 +126,22 @@ bool AppendChosen(const std::wstring& source, const Models& chosen) {
     return true;
 }
 
+// The chosen sections become models of a database made for them first.
 bool AppendLegacy(const std::wstring& source, const Models& chosen) {
-    TemporaryDatabase made;
-    ExchangeLosses losses;
+    const TemporaryDatabase made;
+    if (made.error != system::kErrorNone) {
+        ReportTextNotWritten(shell.database.path, made.error);
+        return false;
+    }
+    ExchangeReport report;
+    SectionConversion conversion{.source = source, .sections = chosen, .report = report};
     Models models;
-    if (!ConvertSections(source, chosen, made, losses) || !ListModels(made.path, models) ||
+    BasicShipData bsd;
+    if (!WriteConverted(made.path, bsd, conversion) || !ListModels(made.path, models) ||
         !AppendChosen(made.path, models)) {
         return false;
     }
-    ReportLosses(source, losses);
+    ReportLosses(source, report);
     return true;
 }
 

@@ -8,6 +8,8 @@
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
 #include "shell/edit_history.h"
+#include "shell/exchange_ending.h"
+#include "shell/exchange_notes.h"
 #include "shell/file_prompt.h"
 #include "shell/running_mark.h"
 #include "shell/state.h"
@@ -32,6 +34,15 @@ std::wstring AskForSource() {
     return path.empty() || RequireOtherFile(path) ? path : std::wstring();
 }
 
+// The data are read again, as the database has them now.
+void ShowShipImported(const BasicShipData& read, const std::wstring& source) {
+    ExchangeReport report;
+    report.hasShip = true;
+    BasicShipData saved;
+    if (LoadBsdFromDatabase(shell.database.path, saved)) NoteSavedShip(read, saved, report.ship);
+    ShowExchange(report, {ME_FileImportBSD, source, FormatMessage(kMsgDataImported, {source})});
+}
+
 }  // namespace
 
 void ME_FileBSD_Click() {
@@ -50,10 +61,11 @@ void ME_FileImportBSD_Click() {
     BasicShipData bsd;
     if (source.empty() || !ReadShipDataOf(source, bsd) || !ConfirmErasing(source)) return;
     const EditName edit(GetMessage(kMsgImportOfShipData));
+    const BasicShipData read = bsd;
     if (!SaveBsdToDatabase(shell.database.path, bsd)) return;
     AdoptShipRecord(bsd);
     RefreshMainWindow();
-    if (IsBsdDefined(bsd)) ReportNote(kMsgDataImported, {source});
+    if (IsBsdDefined(bsd)) ShowShipImported(read, source);
 }
 
 bool ReadShipDataOf(const std::wstring& path, BasicShipData& bsd) {

@@ -10,6 +10,7 @@
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
 #include "shell/edit_history.h"
+#include "shell/exchange_ending.h"
 #include "shell/file_prompt.h"
 #include "shell/left_overs.h"
 #include "shell/legacy_conversion.h"
@@ -143,7 +144,10 @@ void ME_FileSaveLegacy_Click() {
                                           .toSave = true});
     if (path.empty() || !RequireOtherFile(path)) return;
     SetBusyPointer();
-    if (SaveAsLegacyDatabase(path)) ReportNote(kMsgSavedAsLegacy, {path});
+    ExchangeReport report;
+    if (SaveAsLegacyDatabase(path, report)) {
+        ShowExchange(report, {ME_FileSaveLegacy, path, FormatMessage(kMsgSavedAsLegacy, {path})});
+    }
     ResetMousePointer();
 }
 

@@ -167,14 +167,14 @@ void ME_SectionExport_Click() {
         return ReportMessage(kMsgOnlySections, {KindName(model.kind), model.name});
     }
     ExportChoice choice;
-    if (!ReadForPreview(PlaceOf(model), choice)) return;
+    if (!ReadForPreview({model}, choice)) return;
     choice.name = model.name;
     if (!shell.view.askExport(choice)) return;
     shell.settings.BrowseDirectory = DirectoryOf(choice.path);
     if (!RequireOtherFile(choice.path)) return;
     if (!RequireUnchanged(model)) return RefreshMainWindow();
     SetBusyPointer();
-    ExportSectionAt(PlaceOf(model), choice);
+    ExportModels({model}, choice);
     ResetMousePointer();
 }
 

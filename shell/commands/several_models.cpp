@@ -141,18 +141,6 @@ bool RequireSections(const Models& models) {
     return false;
 }
 
-void ExportSections(const Models& models, ExportChoice choice) {
-    int32_t exported = 0;
-    choice.createNew = true;
-    for (const ModelEntry& model : models) {
-        choice.name = model.name;
-        if (!ExportSectionAt(PlaceOf(model), choice)) break;
-        ++exported;
-    }
-    if (exported == 0) return;
-    ReportNote(kMsgSectionsExported, {exported, CountOf(models), choice.path});
-}
-
 }  // namespace
 
 bool AreSeveralSelected() {
@@ -188,13 +176,13 @@ void ExportSelectedModels() {
     Models models;
     if (!RequireSelectedModels(models) || !RequireSections(models)) return;
     ExportChoice choice;
-    choice.sections = static_cast<int>(models.size());
-    if (!ReadForPreview(PlaceOf(models.front()), choice)) return;
+    if (!ReadForPreview(models, choice)) return;
     if (!shell.view.askExport(choice)) return;
     shell.settings.BrowseDirectory = DirectoryOf(choice.path);
     if (!RequireOtherFile(choice.path) || !RequireSelectedModels(models)) return;
     SetBusyPointer();
-    ExportSections(models, choice);
+    choice.createNew = true;
+    ExportModels(models, choice);
     ResetMousePointer();
 }
 

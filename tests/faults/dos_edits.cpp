@@ -27,7 +27,8 @@ std::string MakeOldDosDatabase() {
     const std::wstring source = folder.File(L"ship.ve2");
     const std::wstring path = folder.File(L"ship.vel");
     test::WriteFileBytes(source, models);
-    ExportDatabase(source, path);
+    ExchangeReport report;
+    ExportDatabase({source, path}, report);
     return test::ReadFileBytes(path);
 }
 
@@ -43,12 +44,14 @@ bool Export(const std::wstring& path) {
     section.name = L"Frame 12";
     section.breadth_m = section.draught_m = 10;
     section.compartments.resize(1);
-    return ExportSection({path, kSlot, kIsNew}, section, BasicShipData());
+    ExchangeReport report;
+    return ExportSection({path, kSlot, kIsNew}, section, BasicShipData(), report);
 }
 
 bool SaveAsDos(const std::wstring& path) {
     shell.database.path = SourceOf(path);
-    return SaveAsLegacyDatabase(path);
+    ExchangeReport report;
+    return SaveAsLegacyDatabase(path, report);
 }
 
 // The name of the new database follows from that of the DOS database.

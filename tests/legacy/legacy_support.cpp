@@ -366,13 +366,14 @@ void WriteLegacyDatabase(const std::wstring& path, const std::vector<std::wstrin
     bsd.TypeCodes(1) = 1;
     WriteShip(file, bsd);
     int16_t number = 0;
+    ExchangeReport report;
     for (const std::wstring& name : names) {
         SectionModel section;
         section.name = name;
         section.x_m = ++number;
         section.breadth_m = section.draught_m = 10;
         section.panels.push_back(PanelOfNodes(2, 0, 1));
-        ASSERT_TRUE(ExportSection({path, number}, section, bsd));
+        ASSERT_TRUE(ExportSection({path, number}, section, bsd, report));
     }
     ListLegacySections(path, status);  // all is written
     RecordedReports::events.clear();
@@ -418,14 +419,28 @@ std::string Number(float value) {
 }
 
 template <class Block>
+constexpr size_t OffsetOf() {
+    return std::is_same_v<Block, LegacyMainSection> ? 0
+           : std::is_same_v<Block, LegacyGeometry>  ? offsetof(LegacySectionRecord, geometry)
+                                                    : offsetof(LegacySectionRecord, compLoad);
+}
+
+template <class Block>
 int16_t RecordExport(const char* function, const char* path, int16_t section, Block* block) {
     Record(function, path, Number(section));
-    std::memcpy(
-        reinterpret_cast<char*>(&Library::record) +
-            (std::is_same_v<Block, LegacyMainSection> ? 0
-             : std::is_same_v<Block, LegacyGeometry>  ? offsetof(LegacySectionRecord, geometry)
-                                                      : offsetof(LegacySectionRecord, compLoad)),
-        block, sizeof(Block));
+    for (LegacySectionRecord* record : {&Library::record, &Library::slots[section]}) {
+        std::memcpy(reinterpret_cast<char*>(record) + OffsetOf<Block>(), block, sizeof(Block));
+    }
+    return 0;
+}
+
+template <class Block>
+int16_t RecordImport(const char* function, const char* path, int16_t section, Block* block) {
+    Record(function, path, Number(section));
+    const auto slot = Library::slots.find(section);
+    const LegacySectionRecord& record =
+        slot == Library::slots.end() ? Library::record : slot->second;
+    std::memcpy(block, reinterpret_cast<const char*>(&record) + OffsetOf<Block>(), sizeof(Block));
     return 0;
 }
 
@@ -438,11 +453,14 @@ int16_t FakeLegacyLibrary::createStatus, FakeLegacyLibrary::extendStatus,
 LegacySectionEntry FakeLegacyLibrary::entries[kLegacyListedSections];
 LegacyBsd FakeLegacyLibrary::bsd;
 LegacySectionRecord FakeLegacyLibrary::record;
+std::map<int16_t, LegacySectionRecord> FakeLegacyLibrary::slots;
 
 struct FakeLegacyLibrary::Fakes {
     FakeFunction<decltype(createvelkdb)> create{createvelkdb,
                                                 [](const char* path, int16_t* status) {
                                                     Record("createvelkdb", path);
+                                                    listCount = 0;
+                                                    slots.clear();
                                                     *status = createStatus;
                                                 }};
     FakeFunction<decltype(extendvelkdb)> extend{extendvelkdb,
@@ -451,11 +469,14 @@ struct FakeLegacyLibrary::Fakes {
                                                     *status = extendStatus;
                                                     if (extendFailsAt != 0 && --extendFailsAt == 0)
                                                         *status = 5;
+                                                    if (*status == 0) ++listCount;
                                                 }};
     FakeFunction<decltype(addsectvelkdb)> name{
         addsectvelkdb, [](const char* path, const char* text, float position, int16_t* status) {
             Record("addsectvelkdb", path, " '" + std::string(text) + "'" + Number(position));
             *status = nameStatus;
+            if (nameStatus != 0 || listCount < 1 || listCount > kLegacyListedSections) return;
+            std::strncpy(entries[listCount - 1].name, text, sizeof(entries[0].name));
         }};
     FakeFunction<decltype(getvelksections)> list{
         getvelksections,
@@ -481,23 +502,17 @@ struct FakeLegacyLibrary::Fakes {
         }};
     FakeFunction<decltype(importvelkmainsec)> importMain{
         importvelkmainsec, [](const char* path, int16_t section, LegacyMainSection* block) {
-            Record("importvelkmainsec", path, Number(section));
-            *block = record.main;
-            return int16_t{0};
+            return RecordImport("importvelkmainsec", path, section, block);
         }};
     FakeFunction<decltype(importsectiongeometry)> importGeometry{
         importsectiongeometry, [](const char* path, int16_t section, LegacyGeometry* block) {
-            Record("importsectiongeometry", path, Number(section));
-            *block = record.geometry;
-            return int16_t{0};
+            return RecordImport("importsectiongeometry", path, section, block);
         }};
     FakeFunction<decltype(importvelkcompload)> importLoads{
         importvelkcompload,
         [](const char* path, int16_t section, void* member, LegacyCompLoad* block) {
             EXPECT_NE(member, nullptr);
-            Record("importvelkcompload", path, Number(section));
-            *block = record.compLoad;
-            return int16_t{0};
+            return RecordImport("importvelkcompload", path, section, block);
         }};
     FakeFunction<decltype(exportvelkbsd)> exportBsd{
         exportvelkbsd, [](const char* path, const LegacyBsd* given, int16_t* status) {
@@ -520,6 +535,7 @@ FakeLegacyLibrary::FakeLegacyLibrary() : fakes(std::make_unique<Fakes>()) {
     for (LegacySectionEntry& entry : entries) entry = {};
     bsd = {};
     std::memset(&record, 0, sizeof(record));
+    slots.clear();
 }
 
 FakeLegacyLibrary::~FakeLegacyLibrary() = default;

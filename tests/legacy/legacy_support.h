@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -66,10 +67,12 @@ struct FakeLegacyLibrary {
     // What each function answers.
     static int16_t createStatus, extendStatus, nameStatus, listStatus, bsdStatus, naviStatus;
     static int16_t extendFailsAt;  // the call, from 1; 0: none
-    static int16_t listCount;
+    static int16_t listCount;      // extendvelkdb adds one
     static LegacySectionEntry entries[kLegacyListedSections];
-    static LegacyBsd bsd;  // given by importvelknavi, set by exportvelkbsd
-    static LegacySectionRecord record;
+    static LegacyBsd bsd;               // given by importvelknavi, set by exportvelkbsd
+    static LegacySectionRecord record;  // what was written last
+    // What was written into each slot; what the others have is `record`.
+    static std::map<int16_t, LegacySectionRecord> slots;
 
 private:
     struct Fakes;

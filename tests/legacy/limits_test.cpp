@@ -20,8 +20,9 @@ std::vector<std::string> Lost() {
     return lost;
 }
 
-std::vector<std::string> Limit(int32_t number, int32_t limit) {
-    return {LossText(number, {limit})};
+// The loss of a section that has so many.
+std::vector<std::string> Limit(int32_t number, int32_t limit, int32_t count) {
+    return {LossText(number, {limit}) + ' ' + LossText(kMsgSectionHasSoMany, {count})};
 }
 
 // Panels of four nodes, two of which define points.
@@ -59,7 +60,7 @@ TEST(LegacyLimits, HundredAndFirstNodeIsReported) {
     section.panels[0].stiffenerDetails.resize(1);
     section.compartments.resize(1);
     const auto record = RecordOf(section);
-    EXPECT_EQ(Lost(), Limit(1025, 100));
+    EXPECT_EQ(Lost(), Limit(1025, 100, 102));
     EXPECT_EQ(record->geometry.strakeCount, 26);
     EXPECT_EQ(record->geometry.strakeFirstNode[25], 101);
     EXPECT_EQ(record->geometry.counts.stiffeners, 1) << "the later tables are filled";
@@ -85,7 +86,7 @@ TEST(LegacyLimits, SixtiethPointIsReported) {
     section.panels.push_back(PanelOfNodes(1, 1, 2));
     section.panels[0].plates.resize(1);
     const auto record = RecordOf(section);
-    EXPECT_EQ(Lost(), Limit(1025, 60));
+    EXPECT_EQ(Lost(), Limit(1025, 60, 61));
     EXPECT_EQ(record->geometry.pointUsed[59], 0);
     EXPECT_EQ(record->geometry.strakePresent[1], 0) << "the filling of strakes has stopped";
     EXPECT_EQ(record->geometry.counts.plates, 1) << "the later tables are filled";
@@ -103,7 +104,7 @@ TEST(LegacyLimits, WhatIsBeyondALimitIsLeftOut) {
     section.compartments.resize(1);
     section.compartments[0].outline = {{1, 1}, {1, 59}, {1, 60}, {2, 1}, {1, 2}};
     const auto record = RecordOf(section);
-    EXPECT_EQ(Lost(), Limit(1025, 60));
+    EXPECT_EQ(Lost(), Limit(1025, 60, 71));
     EXPECT_EQ(record->geometry.strakeCount, 1);
     EXPECT_EQ(record->geometry.strakeNodeCount[0], 59);
     EXPECT_EQ(record->geometry.counts.curves, 0) << "the curve of a node that has no room";
@@ -125,7 +126,7 @@ TEST(LegacyLimits, ThirtyOneStrakesAreReported) {
     section.panels.push_back(PanelOfNodes(1, 1, 31));
     section.panels[30].plates.resize(1);
     record = RecordOf(section);
-    EXPECT_EQ(Lost(), Limit(1025, 30));
+    EXPECT_EQ(Lost(), Limit(1025, 30, 31));
     EXPECT_EQ(record->geometry.strakeCount, 30);
     EXPECT_EQ(record->geometry.counts.plates, 0) << "plates of strakes that have no room";
     EXPECT_EQ(SectionOf(*record).panels.size(), 30u);
@@ -265,7 +266,8 @@ TEST(LegacyLimits, OneMoreIsReportedOnceAndLeftOut) {
     for (const Capacity& capacity : kCapacities) {
         SectionModel section = SectionWith(capacity, capacity.limit + 1);
         const auto record = RecordOf(section);
-        EXPECT_EQ(Lost(), Limit(capacity.message, capacity.limit)) << capacity.name;
+        EXPECT_EQ(Lost(), Limit(capacity.message, capacity.limit, capacity.limit + 1))
+            << capacity.name;
         EXPECT_EQ(capacity.count(*record), capacity.limit) << capacity.name;
         const SectionModel back = SectionOf(*record);
         EXPECT_EQ(Lost(), std::vector<std::string>{}) << capacity.name;
@@ -279,7 +281,8 @@ TEST(LegacyLimits, ManyMoreAreReportedOnce) {
         if (capacity.message == kMsgTooManyCurves) continue;    // so would nodes
         SectionModel section = SectionWith(capacity, 3 * capacity.limit);
         RecordOf(section);
-        EXPECT_EQ(Lost(), Limit(capacity.message, capacity.limit)) << capacity.name;
+        EXPECT_EQ(Lost(), Limit(capacity.message, capacity.limit, 3 * capacity.limit))
+            << capacity.name;
     }
 }
 
@@ -305,7 +308,7 @@ TEST(LegacyLimits, SpansOfStiffenersWithoutRoomAreLeftOut) {
     for (int i = 0; i < 61; ++i) AddStiffener(section.panels[0]);
     section.panels[0].stiffenerDetails[60].spans.resize(1);
     const auto record = RecordOf(section);
-    EXPECT_EQ(Lost(), Limit(2021, 60));
+    EXPECT_EQ(Lost(), Limit(2021, 60, 61));
     EXPECT_EQ(record->geometry.counts.spans, 0);
 }
 
@@ -321,7 +324,7 @@ TEST(LegacyLimits, IntersectionsWithoutRoomAreGivenByTheirCoordinates) {
     }
     section.panels[0].nodes[1].givenZ = 6;
     const auto record = RecordOf(section);
-    EXPECT_EQ(Lost(), Limit(2007, 10));
+    EXPECT_EQ(Lost(), Limit(2007, 10, 11));
     EXPECT_EQ(record->geometry.counts.extensions, 10);
     const SectionModel back = SectionOf(*record);
     EXPECT_EQ(back.panels[1].nodes[9].kind, kNodeIntersection);

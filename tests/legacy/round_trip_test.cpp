@@ -39,8 +39,15 @@ TEST(LegacyRoundTrip, SampleShipComesBackFromItsFile) {
     const TemporaryFolder folder;
     const std::wstring source = DataPath("../samples/aurora_bay.ve2");
     const std::wstring target = folder.File(L"aurora.vel");
-    ASSERT_TRUE(ExportDatabase(source, target));
-    EXPECT_EQ(RecordedReports::Of("warning"), std::vector<std::string>{}) << "nothing is lost";
+    ExchangeReport report;
+    ASSERT_TRUE(ExportDatabase({source, target}, report));
+    EXPECT_EQ(RecordedReports::Of("warning"), std::vector<std::string>{});
+    EXPECT_EQ(CountArrived(report), 9);
+    for (const ExchangedModel& model : report.models) {
+        if (model.outcome == Outcome::kLeftOut) continue;
+        EXPECT_EQ(model.what, Losses{FormatMessage(kMsgNotInLegacyForm, {L"side slope 60"})})
+            << "all else of the sections is kept";
+    }
     int16_t status = -1;
     const std::vector<ModelEntry> list = ListLegacySections(target, status);
     ASSERT_EQ(list.size(), 9u);
@@ -48,9 +55,9 @@ TEST(LegacyRoundTrip, SampleShipComesBackFromItsFile) {
         SectionModel section;
         SectionModel imported;
         ASSERT_TRUE(ReadSectionBlock(source, number, false, section));
-        ExchangeLosses losses;
+        Losses losses;
         ASSERT_TRUE(ImportSection(target, number, imported, losses));
-        EXPECT_TRUE(losses.sections.empty());
+        EXPECT_TRUE(losses.empty());
         EXPECT_EQ(list[static_cast<size_t>(number - 1)].name, section.name);
         SetImportedHead(section);
         EXPECT_EQ(ExactText(imported), ExactText(section)) << number;

@@ -97,7 +97,13 @@ TEST_F(CopyLossesTest, ImportThatLeavesOutATableNamesIt) {
     };
     RunCommand(ME_SectionImport);
     EXPECT_EQ(shell.database.rows.size(), 8U);
-    ExpectTableIsNamed(L"other.ve2");
+    ASSERT_EQ(shown.size(), 1U) << "the report of the import has it";
+    EXPECT_EQ(shown[0].title, L"Import from 'other.ve2'");
+    ASSERT_EQ(shown[0].rows.size(), 4U) << "every model is there";
+    EXPECT_EQ(shown[0].rows[0].cells,
+              (std::vector<std::wstring>{L"Frame 100", L"Section", L"Changed",
+                                         L"The table COATINGS is not known (lines: 1)."}));
+    EXPECT_EQ(shown[0].rows[1].cells.at(2), L"Went over");
 }
 
 TEST_F(CopyLossesTest, CopyThatFailsShowsNoReport) {

@@ -7,6 +7,7 @@
 
 #include "bsd/labels.h"
 #include "platform/system.h"
+#include "platform/ztvelk32.h"
 #include "report/messages.h"
 #include "shell/open_database.h"
 #include "shell/preview_pane.h"
@@ -128,15 +129,28 @@ TEST_F(ExchangeBoxes, DatabasesWithoutModelsGiveAnEmptyListInSilence) {
     EXPECT_TRUE(Warnings().empty());
 }
 
-TEST_F(ExchangeBoxes, OfTwentyOneSectionsTwentyAreListed) {
+TEST_F(ExchangeBoxes, SectionsBeyondTheTwentiethAreListedWithTheirNumbers) {
     Texts names;
     for (int i = 1; i <= 21; ++i) names.push_back(L"Frame " + std::to_wstring(i));
     WriteLegacyDatabase(legacy, names);
-    names.pop_back();
+    names[20] = L"No. 21: Frame 21";
     EXPECT_EQ(TextsOf(ListForExchange(legacy)), names);
+    EXPECT_EQ(ListOfFile(legacy).items.at(20).number, 21);
     EXPECT_TRUE(Warnings().empty());
-    EXPECT_EQ(TextsOf(ListOfFile(legacy).items), names);
-    EXPECT_EQ(Warnings(), std::vector<std::string>{WarningText(3598, {legacy, 21, 20})});
+    PreviewPane pane;
+    BasicShipData bsd;
+    ASSERT_TRUE(ReadForExchange(legacy, ListForExchange(legacy).at(20), pane, bsd));
+    EXPECT_EQ(pane.section.name, L"Frame 21");
+}
+
+TEST_F(ExchangeBoxes, LibraryThatGivesAnySectionListsTwentyAndSaysSo) {
+    WriteLegacyDatabase(legacy, Texts(20, L"Frame"));
+    const FakeFunction any(importvelkmainsec, [](const char*, int16_t, LegacyMainSection* record) {
+        record->x_m = 1;
+        return int16_t{0};
+    });
+    EXPECT_EQ(ListOfFile(legacy).items.size(), 20u);
+    EXPECT_EQ(Warnings(), std::vector<std::string>{WarningText(3598, {legacy, 20})});
 }
 
 TEST_F(ExchangeBoxes, WhatCannotBeListedIsReported) {

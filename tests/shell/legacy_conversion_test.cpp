@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 #include "bsd/basic_ship_data.h"
 #include "bsd/bsd_file.h"
 #include "database/listing.h"
@@ -11,7 +13,9 @@
 #include "files/file_system.h"
 #include "legacy/exchange.h"
 #include "platform/system.h"
+#include "platform/ztvelk32.h"
 #include "report/messages.h"
+#include "shell/report.h"
 #include "tests/legacy/legacy_support.h"
 #include "tests/shell/command_support.h"
 #include "tests/shell/fake_view.h"
@@ -203,19 +207,47 @@ struct TwentyFour : LegacyCommand {
     }
 };
 
-TEST_F(TwentyFour, SectionsAreConvertedUpToTheTwentiethAsSaidBeforeAndAfter) {
+TEST_F(TwentyFour, SectionsAreAllConvertedThoseThatAreNotListedByTheirNumbers) {
+    OpenLegacyDatabase(legacy);
+    EXPECT_TRUE(RecordedReports::Of("ask").empty());
+    const std::vector<ModelEntry> models = ListModels(work + L"Aurora.ve2");
+    ASSERT_EQ(models.size(), 24U);
+    EXPECT_EQ(models[20].name, L"Frame 21");
+    EXPECT_EQ(models[23].name, L"Frame 24");
+    EXPECT_TRUE(Warnings().empty());
+}
+
+// A library that gives a section for any number.
+struct AnyNumber : TwentyFour {
+    FakeFunction<decltype(importvelkmainsec)> fake{
+        importvelkmainsec, [](const char*, int16_t number, LegacyMainSection* record) {
+            std::memset(record->name, 'A' + number % 20, 8);
+            record->breadth_m = 10;
+            return int16_t{0};
+        }};
+    static inline std::string reported;
+    AnyNumber() {
+        reported.clear();
+        FakeView::showReport = [](Report& report) {
+            reported = Narrow(ReportAsText(report));
+            return false;
+        };
+    }
+};
+
+TEST_F(AnyNumber, SectionsAreConvertedUpToTheTwentiethAsSaidBeforeAndAfter) {
     FakeView::answerYes = true;
     OpenLegacyDatabase(legacy);
     EXPECT_EQ(CountModels(work + L"Aurora.ve2"), 20);
     const std::vector<std::string> asked = RecordedReports::Of("ask");
     ASSERT_EQ(asked.size(), 1u);
-    EXPECT_NE(asked[0].find("has 24 sections. Only the first 20 can"), std::string::npos);
-    const std::vector<std::string> warnings = Warnings();
-    ASSERT_EQ(warnings.size(), 1u);
-    EXPECT_NE(warnings[0].find("4 of its 24 sections were left out"), std::string::npos);
+    EXPECT_NE(asked[0].find("may have more sections than the 20"), std::string::npos);
+    EXPECT_NE(reported.find("Left out\tSections from number 21 on were left out"),
+              std::string::npos)
+        << reported;
 }
 
-TEST_F(TwentyFour, SectionsAreNotConvertedWhenTheUserSaysNo) {
+TEST_F(AnyNumber, SectionsAreNotConvertedWhenTheUserSaysNo) {
     FakeView::answerYes = false;
     OpenLegacyDatabase(legacy);
     EXPECT_TRUE(FilesIn(work).empty());

@@ -5,11 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "database/listing.h"
 #include "files/file_system.h"
 #include "shell/commands/file_commands.h"
 #include "shell/commands/section_commands.h"
 #include "shell/exchange_boxes.h"
 #include "shell/legacy_conversion.h"
+#include "shell/model_exchange.h"
 #include "shell/open_database.h"
 #include "tests/database/sample_database.h"
 #include "tests/legacy/legacy_support.h"
@@ -124,7 +126,8 @@ TEST_F(LongOperations, AnExportOfAllSectionsThatIsCancelledMakesNoFile) {
     const SlowSystem system;
     for (int time = 1;; ++time) {
         CancelAt(time);
-        const bool isDone = SaveAsLegacyDatabase(target);
+        ExchangeReport report;
+        const bool isDone = SaveAsLegacyDatabase(target, report);
         if (isDone) {
             EXPECT_GT(time, 3);
             break;
@@ -134,6 +137,31 @@ TEST_F(LongOperations, AnExportOfAllSectionsThatIsCancelledMakesNoFile) {
         EXPECT_FALSE(FileExists(target)) << time;
         ExpectUntouched();
     }
+}
+
+TEST_F(LongOperations, AnExportOfSeveralSectionsThatIsCancelledLeavesTheFileAsItWas) {
+    const std::wstring target = File(L"some.vel");
+    ASSERT_TRUE(MakeLegacyDatabase(target));
+    const std::string old = ReadFileBytes(target);
+    std::vector<ModelEntry> sections = ListModels(path);
+    std::erase_if(sections,
+                  [](const ModelEntry& model) { return model.kind != ModelKind::kSection; });
+    ASSERT_GT(sections.size(), 1U);
+    ExportChoice choice;
+    choice.path = target;
+    const SlowSystem system;
+    for (int time = 1;; ++time) {
+        CancelAt(time);
+        if (ExportModels(sections, choice)) {
+            EXPECT_GT(time, 2);
+            break;
+        }
+        ASSERT_EQ(RecordedReports::timesShown, time);
+        EXPECT_EQ(ReadFileBytes(target), old) << time;
+        EXPECT_EQ(ReadFileBytes(path), before) << time;
+        EXPECT_EQ(RecordedReports::caption, FormatMessage(kMsgCancelled, {target})) << time;
+    }
+    EXPECT_NE(ReadFileBytes(target), old);
 }
 
 TEST_F(LongOperations, AConversionThatIsCancelledMakesNoFile) {

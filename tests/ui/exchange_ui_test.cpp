@@ -113,13 +113,32 @@ struct ExchangeTest : MainWindowFixture {
         ASSERT_TRUE(Press(report, IDOK));
         EXPECT_TRUE(WaitUntil([&] { return IsWindowVisible(box) && IsWindowEnabled(box); }));
     }
-    void ExpectMainReady(const wchar_t* status = L"") const {
+    void ExpectMainReady(const wchar_t* status) const {
         EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(main) != FALSE; }));
         EXPECT_TRUE(TextBecomes(Control(PAN_Help), status)) << Narrow(TextOf(Control(PAN_Help)));
         EXPECT_EQ(program.FindNow(L"#32770"), nullptr);
     }
+    // The report has a row of these cells; then it is closed.
+    void ExpectReported(const std::wstring& model, const std::wstring& what) const {
+        const HWND report = program.Window(kReportBoxClass);
+        ASSERT_NE(report, nullptr);
+        const std::vector<Row> rows = Rows(program, In(report, LI_Report));
+        const auto isRow = [&](const Row& row) {
+            return row.cells.at(0) == model && row.cells.back().starts_with(what);
+        };
+        EXPECT_TRUE(std::ranges::any_of(rows, isRow)) << Narrow(model);
+        PostMessageW(report, WM_COMMAND, IDCANCEL, 0);
+        EXPECT_TRUE(HasClosed(report));
+    }
+    // The sample's sections have a slope that a DOS database does not hold.
     void ExpectExported(const std::wstring& name) const {
-        ExpectMainReady((L"The section '" + name + L"' was written to '" + legacy + L"'").c_str());
+        ExpectReported(name, L"A DOS database has no room for these values: side slope 60.");
+        ExpectMainReady(
+            (L"The section '" + name + L"' was written to '" + legacy + L"'; 1 section was changed")
+                .c_str());
+    }
+    void ExpectImported(const wchar_t* models, const std::wstring& path) const {
+        ExpectMainReady((models + (L" imported from '" + path + L"'")).c_str());
     }
     // The names in the legacy database.
     static Texts LegacyNames(const std::wstring& path) {
@@ -142,7 +161,7 @@ struct ExchangeTest : MainWindowFixture {
     }
     static float LegacyPosition(const std::wstring& path, int16_t slot) {
         SectionModel section;
-        ExchangeLosses losses;
+        Losses losses;
         EXPECT_TRUE(ImportSection(path, slot, section, losses));
         return section.x_m;
     }
@@ -287,7 +306,7 @@ TEST_F(ExchangeTest, SeveralSectionsOfALegacyDatabaseAreImported) {
     EXPECT_TRUE(SelectedCountBecomes(box, 3));
     ASSERT_TRUE(PressButton(box, IDOK));
     ASSERT_TRUE(RowCountBecomes(Control(LI_Sections), 17));
-    ExpectMainReady();
+    ExpectImported(L"3 sections were", legacy);
     const Texts names = RowNames();
     EXPECT_EQ(Texts(names.begin() + 14, names.end()),
               (Texts{"Hold 7, frame 61", "Hold 5, frame 121", "Fore peak, frame 270"}));
@@ -310,7 +329,7 @@ TEST_F(ExchangeTest, ImportByTheKeyboardAlone) {
     Type({VK_RETURN});
     ASSERT_TRUE(HasClosed(box));
     ASSERT_TRUE(RowCountBecomes(Control(LI_Sections), 16));
-    ExpectMainReady();
+    ExpectImported(L"2 sections were", installation.File(L"a.vel"));
 }
 
 TEST_F(ExchangeTest, DoubleClickImportsASectionOrTheFirstOneOfAFile) {
@@ -321,7 +340,7 @@ TEST_F(ExchangeTest, DoubleClickImportsASectionOrTheFirstOneOfAFile) {
     DoubleClickItem(In(box, LI_Sections), 4);
     ASSERT_TRUE(HasClosed(box));
     ASSERT_TRUE(RowCountBecomes(Control(LI_Sections), 15));
-    ExpectMainReady();
+    ExpectImported(L"1 section was", legacy);
     EXPECT_EQ(RowNames().back(), "Midship section, hold 4");
     box = OpenBox(ME_SectionImport);
     ASSERT_NE(box, nullptr);

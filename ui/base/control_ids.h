@@ -67,6 +67,8 @@ enum ControlId : int {
     TX_Name,
     BT_Browse,
     LB_Service,
+    LB_Notes,
+    BT_NewLegacy,
     // The box of a long operation.
     LB_Progress = 1400,
     PB_Progress,

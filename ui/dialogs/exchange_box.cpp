@@ -4,6 +4,7 @@
 
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
+#include "shell/file_prompt.h"
 #include "shell/open_database.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
@@ -21,8 +22,9 @@ constexpr int kMargin = 11;
 constexpr int kGap = 8;
 constexpr int kLabelGap = 3;
 constexpr int kFilesWidth = 250;
-constexpr SIZE kSectionsSize{390, 415};
+constexpr SIZE kSectionsSize{390, 430};
 constexpr int kTableWidth = 205;
+constexpr int kNoteLines = 3;  // of LB_Notes
 
 HWND ListOf(HWND window) {
     return GetDlgItem(window, LI_Sections);
@@ -31,6 +33,7 @@ HWND ListOf(HWND window) {
 void ListNothing(HWND window, ExchangeBox& box) {
     box.path.clear();
     box.items.clear();
+    box.ship.clear();
     FillList(ListOf(window), {});
     box.onItems();
 }
@@ -90,6 +93,12 @@ void AddPreview(HWND window, ExchangeBox& box) {
     CreatePictureTable(window);
     AddControl(window,
                {LB_Service, WC_STATICW, L"", WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS});
+    AddControl(window, {LB_Notes, WC_STATICW, L"", WS_VISIBLE | SS_LEFT | SS_NOPREFIX});
+}
+
+void AddBrowse(HWND window) {
+    AddControl(window, {BT_Browse, WC_BUTTONW, L"&Browse...",
+                        WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON | WS_GROUP});
 }
 
 void AddOkAndCancel(HWND window) {
@@ -108,6 +117,9 @@ SIZE PlaceExchangeBox(HWND window, ExchangeBox& box, UINT dpi, RECT& sections) {
     RECT withButtons = sections;
     withButtons.bottom += margin + ButtonSize(window, BT_Ok, dpi).cy;
     PlaceButtons(window, {BT_Ok, BT_Cancel}, withButtons, dpi);
+    const SIZE browse = ButtonSize(window, BT_Browse, dpi);
+    const LONG bottom = withButtons.bottom;
+    PlaceControl(window, BT_Browse, {margin, bottom - browse.cy, margin + browse.cx, bottom});
     return {withButtons.right + margin, withButtons.bottom + margin};
 }
 
@@ -124,6 +136,9 @@ void PlacePreview(HWND window, ExchangeBox& box, UINT dpi, RECT area) {
     const int labelGap = Scaled(kLabelGap, dpi);
     PlaceOnTop(window, OP_Preview, line + labelGap, area);
     area.top += labelGap;
+    const LONG notes = kNoteLines * line;
+    PlaceControl(window, LB_Notes, {area.left, area.bottom - notes, area.right, area.bottom});
+    area.bottom -= notes + labelGap;
     PlaceControl(window, LB_Service, {area.left, area.bottom - line, area.right, area.bottom});
     area.bottom -= line + labelGap;
     box.picture = area;
@@ -141,6 +156,9 @@ void ShowPreview(HWND window, const ExchangeBox& box) {
     ClearSectionPicture(picture, box.preview.why);
     if (HasPicture(box.preview.pane)) RedrawSectionPicture(picture);
     SetDlgItemTextW(window, LB_Service, box.preview.label.c_str());
+    const bool hasBoth = !box.preview.note.empty() && !box.ship.empty();
+    const std::wstring notes = box.preview.note + (hasBoth ? L"\r\n" : L"") + box.ship;
+    SetDlgItemTextW(window, LB_Notes, notes.c_str());
 }
 
 bool OnPictureKey(HWND window, ExchangeBox& box, const MSG& message) {
@@ -164,6 +182,19 @@ bool OnPictureKey(HWND window, ExchangeBox& box, const MSG& message) {
     }
 }
 
+void ChooseFile(HWND window, ExchangeBox& box, const std::wstring& path) {
+    ShowFile(window, box.lists, path);
+    ListChosenFile(window, box);
+}
+
+void BrowseForFile(HWND window, ExchangeBox& box, uint16_t command) {
+    const std::wstring path = AskForFile({.command = command,
+                                          .types = BrowseTypes(box.lists.pattern),
+                                          .proposed = L"",
+                                          .directory = box.lists.folder});
+    if (!path.empty()) ChooseFile(window, box, path);
+}
+
 void ListChosenFile(HWND window, ExchangeBox& box) {
     SetBusyPointer();
     const HWND list = ListOf(window);
@@ -171,6 +202,7 @@ void ListChosenFile(HWND window, ExchangeBox& box) {
     box.path = ChosenFile(window, box.lists);
     ExchangeList contents = ListOfFile(box.path);
     box.items = std::move(contents.items);
+    box.ship = std::move(contents.ship);
     std::vector<std::wstring> texts;
     texts.reserve(box.items.size());
     for (const ExchangeItem& item : box.items) texts.push_back(item.text);
@@ -187,6 +219,10 @@ bool OnExchangeFiles(HWND window, ExchangeBox& box, const Notification& notifica
     if (event == FileListsEvent::kFileClick) ListChosenFile(window, box);
     if (event == FileListsEvent::kOtherFolder) ListNothing(window, box);
     return event == FileListsEvent::kFileDoubleClick;
+}
+
+void PostOk(HWND window) {
+    PostMessageW(window, WM_COMMAND, BT_Ok, 0);
 }
 
 Accepted AcceptExchange(HWND window, ExchangeBox& box, bool needsSelection) {

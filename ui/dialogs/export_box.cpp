@@ -2,7 +2,12 @@
 
 #include <utility>
 
+#include "files/paths.h"
 #include "report/reporters.h"
+#include "shell/commands/commands.h"
+#include "shell/file_prompt.h"
+#include "shell/model_exchange.h"
+#include "shell/open_database.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
@@ -64,6 +69,7 @@ void FollowSelection(HWND window, ExportBox& box) {
     } else {
         PreviewExported(files.preview, box.choice);
     }
+    files.preview.note = box.choice.room;
     ShowPreview(window, files);
 }
 
@@ -95,6 +101,9 @@ void AddControls(HWND window, void* contents) {
     SendMessageW(name, EM_SETLIMITTEXT, kLongestName, 0);
     AddSectionsList(window, L"&Sections:");
     AddPreview(window, box.files);
+    AddBrowse(window);
+    AddControl(window, {BT_NewLegacy, WC_BUTTONW, L"New &DOS database...",
+                        WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON});
     AddOkAndCancel(window);
     Follow(window, box);
 }
@@ -135,8 +144,28 @@ SIZE Place(HWND window, void* contents, UINT dpi) {
     RECT area;
     ExchangeBox& files = BoxOf(contents).files;
     const SIZE size = PlaceExchangeBox(window, files, dpi, area);
+    const LONG margin = size.cx - area.right;
     PlaceSections(window, files, dpi, area);
+    // In the row of the other buttons, after Browse.
+    const SIZE button = ButtonSize(window, BT_NewLegacy, dpi);
+    const LONG left = margin + ButtonSize(window, BT_Browse, dpi).cx + Scaled(kGap, dpi);
+    const LONG bottom = size.cy - margin;
+    PlaceControl(window, BT_NewLegacy, {left, bottom - button.cy, left + button.cx, bottom});
     return size;
+}
+
+// Makes an empty database, which is then the chosen one.
+void OnNewDatabase(HWND window, ExchangeBox& files) {
+    const std::wstring path = AskForFile({.command = ME_SectionExport,
+                                          .types = GetMessage(kMsgLegacyFiles),
+                                          .defaultExtension = L"vel",
+                                          .proposed = L"",
+                                          .directory = files.lists.folder,
+                                          .toSave = true});
+    if (path.empty() || !RequireOtherFile(path) || !MakeLegacyDatabase(path)) return;
+    // The folder's files are listed again, with the new one.
+    ShowFolder(window, files.lists, DirectoryOf(path));
+    ChooseFile(window, files, path);
 }
 
 void Notify(HWND window, void* contents, const Notification& notification) {
@@ -145,7 +174,12 @@ void Notify(HWND window, void* contents, const Notification& notification) {
     if (control == kReplace || control == kCreateNew) return Follow(window, box);
     if (control == OP_Preview && code == BN_CLICKED) return FollowSelection(window, box);
     if (control == LI_Sections && code == LBN_SELCHANGE) return FollowSelection(window, box);
-    OnExchangeFiles(window, box.files, notification);
+    if (control == BT_Browse && code == BN_CLICKED) {
+        return BrowseForFile(window, box.files, ME_SectionExport);
+    }
+    if (control == BT_NewLegacy && code == BN_CLICKED) return OnNewDatabase(window, box.files);
+    if (control == LI_Sections && code == LBN_DBLCLK) return PostOk(window);
+    if (OnExchangeFiles(window, box.files, notification)) PostOk(window);
 }
 
 bool Accept(HWND window, void* contents) {
@@ -158,7 +192,8 @@ bool Accept(HWND window, void* contents) {
                   createNew ? int16_t{0} : static_cast<int16_t>(selected[0].number),
                   WindowText(GetDlgItem(window, TX_Name)),
                   box.choice.sections,
-                  std::move(box.choice.section)};
+                  std::move(box.choice.section),
+                  std::move(box.choice.room)};
     return true;
 }
 

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "shell/commands/commands.h"
-#include "shell/file_prompt.h"
 #include "shell/state.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
@@ -16,7 +15,7 @@ namespace {
 // Lengths in pixels at 96 dots per inch.
 constexpr int kGap = 8;
 
-constexpr int kListRows = 10;
+constexpr int kListRows = 9;
 
 // The box while it is open.
 struct ImportBox {
@@ -53,25 +52,13 @@ void OnItems(HWND window, ImportBox& box) {
     OnListClick(window, box);
 }
 
-void OnBrowse(HWND window, ExchangeBox& files) {
-    const std::wstring path = AskForFile({.command = ME_SectionImport,
-                                          .types = BrowseTypes(files.lists.pattern),
-                                          .proposed = L"",
-                                          .directory = files.lists.folder});
-    if (path.empty()) return;
-    ShowFile(window, files.lists, path);
-    ListChosenFile(window, files);
-}
-
 void AddControls(HWND window, void* contents) {
     ImportBox& box = BoxOf(contents);
     box.files.onItems = [window, &box] { OnItems(window, box); };
     AddFileLists(window, box.files.lists);
     AddSectionsList(window, L"Model&s:", LBS_EXTENDEDSEL);
     AddPreview(window, box.files);
-    // In the row of OK and Cancel.
-    AddControl(window, {BT_Browse, WC_BUTTONW, L"&Browse...",
-                        WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON | WS_GROUP});
+    AddBrowse(window);
     AddOkAndCancel(window);
 }
 
@@ -79,25 +66,18 @@ SIZE Place(HWND window, void* contents, UINT dpi) {
     RECT area;
     ExchangeBox& files = BoxOf(contents).files;
     const SIZE size = PlaceExchangeBox(window, files, dpi, area);
-    const LONG margin = size.cx - area.right;
     PlaceSectionsList(window, kListRows, dpi, area);
     area.top += Scaled(kGap, dpi);
     PlacePreview(window, files, dpi, area);
-    const SIZE browse = ButtonSize(window, BT_Browse, dpi);
-    const LONG bottom = size.cy - margin;
-    PlaceControl(window, BT_Browse, {margin, bottom - browse.cy, margin + browse.cx, bottom});
     return size;
-}
-
-// Later, when the list is through with the message.
-void PostOk(HWND window) {
-    PostMessageW(window, WM_COMMAND, BT_Ok, 0);
 }
 
 void Notify(HWND window, void* contents, const Notification& notification) {
     ImportBox& box = BoxOf(contents);
     const auto [control, code] = notification;
-    if (control == BT_Browse && code == BN_CLICKED) return OnBrowse(window, box.files);
+    if (control == BT_Browse && code == BN_CLICKED) {
+        return BrowseForFile(window, box.files, ME_SectionImport);
+    }
     if (control == OP_Preview && code == BN_CLICKED) return OnListClick(window, box);
     if (control == LI_Sections && code == LBN_SELCHANGE) return OnListClick(window, box);
     if (control == LI_Sections && code == LBN_DBLCLK) return PostOk(window);

@@ -15,7 +15,9 @@
 #include "report/messages.h"
 #include "shell/commands/file_commands.h"
 #include "shell/commands/section_commands.h"
+#include "shell/model_exchange.h"
 #include "shell/open_database.h"
+#include "shell/report.h"
 #include "tests/companions/file_bytes.h"
 #include "tests/database/sample_database.h"
 #include "tests/legacy/legacy_support.h"
@@ -35,6 +37,14 @@ struct ExportCommands : CommandTest {
     std::wstring legacy = File(L"old.vel");
     std::wstring path = File(L"ship.ve2");
 
+    std::string reported;  // the report as text
+
+    ExportCommands() {
+        FakeView::showReport = [this](Report& report) {
+            reported += Narrow(ReportAsText(report));
+            return false;
+        };
+    }
     // Opens a database of these sections.
     void OpenSections(std::vector<SectionModel> sections) {
         MakeOpen(L"ship.ve2");
@@ -76,7 +86,7 @@ struct ExportCommands : CommandTest {
     }
     static std::wstring NameInSlot(const std::wstring& file, int16_t slot) {
         SectionModel section;
-        ExchangeLosses losses;
+        Losses losses;
         EXPECT_TRUE(ImportSection(file, slot, section, losses));
         return section.name;
     }
@@ -294,6 +304,71 @@ TEST_F(ExportSectionCommand, FullDatabaseTakesNoFurtherSection) {
     ExpectRefused(New(L"New"), FailureText(1002, {legacy}, 5));
 }
 
+// ---- All or nothing ----------------------------------------------------------------------------
+
+TEST_F(ExportSectionCommand, LibraryThatDropsABlockIsFoundOutAndTheFileIsAsItWas) {
+    WriteLegacyDatabase(legacy, {L"One"});
+    const FakeFunction fake(exportsectiongeometry,
+                            [](const char*, int16_t, LegacyGeometry*) { return int16_t{0}; });
+    ExpectRefused(New(L"New"), WarningText(kMsgReadBackDiffers, {L"New", legacy}));
+    EXPECT_TRUE(reported.empty());
+}
+
+TEST_F(ExportSectionCommand, TargetThatChangesMeanwhileIsNotReplaced) {
+    WriteLegacyDatabase(legacy, {L"One"});
+    static std::wstring target;
+    target = legacy;
+    const FakeFunction fake(exportvelkmainsec, [](const char*, int16_t, LegacyMainSection*) {
+        WriteFileBytes(target, "changed by another program");
+        return int16_t{0};
+    });
+    Export(New(L"New"));
+    EXPECT_EQ(ReadFileBytes(legacy), "changed by another program");
+    EXPECT_EQ(Warnings().size(), 1U);
+}
+
+TEST_F(ExportSectionCommand, WhatIsLostIsInTheReportOnce) {
+    WriteLegacyDatabase(legacy, {});
+    SectionModel section = SmallSection(L"Frame 10");
+    section.panels[0].openings.resize(14);
+    ASSERT_TRUE(ReplaceSection(path, section, 1));
+    Export(New(L"Frame 10"));
+    EXPECT_TRUE(Warnings().empty());
+    EXPECT_NE(reported.find("Frame 10\tSection\tChanged\tToo many openings: only the first 12 are "
+                            "in the DOS database. This section has 14."),
+              std::string::npos)
+        << reported;
+    EXPECT_EQ(Narrow(RecordedReports::caption),
+              Narrow(FormatMessage(kMsgSectionExported, {L"Frame 10", legacy})) +
+                  "; 1 section was changed");
+}
+
+TEST_F(ExportSectionCommand, BoxHasTheRoomForTheSection) {
+    WriteLegacyDatabase(legacy, {});
+    Export(New(L"Frame 10"));
+    EXPECT_NE(proposed.room.find(L"A DOS database has room for all of it"), std::wstring::npos);
+}
+
+TEST_F(ExportSectionCommand, NewDatabaseHasTheShipAndNoSections) {
+    ASSERT_TRUE(MakeLegacyDatabase(legacy));
+    EXPECT_TRUE(ListedNames(legacy).empty());
+    BasicShipData bsd;
+    ASSERT_EQ(LoadBsdFromLegacy(legacy, bsd), 0);
+    EXPECT_EQ(bsd.Titles(5), shell.database.bsd.Titles(5));
+    EXPECT_EQ(RecordedReports::caption, FormatMessage(kMsgLegacyMade, {legacy}));
+    Export(New(L"First"));
+    EXPECT_EQ(ListedNames(legacy), Names{L"First"});
+}
+
+TEST_F(ExportSectionCommand, NewDatabaseThatCannotBeMadeIsReported) {
+    WriteFileBytes(legacy, "old");
+    const FakeLegacyLibrary library;
+    FakeLegacyLibrary::createStatus = 4;
+    EXPECT_FALSE(MakeLegacyDatabase(legacy));
+    EXPECT_EQ(Warnings(), Texts{FailureText(1067, {legacy}, 4)});
+    EXPECT_EQ(ReadFileBytes(legacy), "old");
+}
+
 // ---- File > Save as Velk Dos -------------------------------------------------------------------
 
 struct SaveLegacyCommand : ExportCommands {
@@ -314,7 +389,13 @@ TEST_F(SaveLegacyCommand, SectionsAndShipOfTheSampleAreWritten) {
     EXPECT_EQ(ListedNames(legacy).size(), static_cast<size_t>(kSectionCount));
     const std::wstring expected = DataPath("../samples/aurora_bay.vel");
     EXPECT_EQ(ReadFileBytes(legacy), ReadFileBytes(expected));
-    EXPECT_EQ(RecordedReports::caption, FormatMessage(kMsgSavedAsLegacy, {legacy}));
+    EXPECT_EQ(Narrow(RecordedReports::caption),
+              Narrow(FormatMessage(kMsgSavedAsLegacy, {legacy})) +
+                  "; 9 sections were changed; 3 bulkhead arrangements and 2 torsion models were "
+                  "left out");
+    EXPECT_NE(reported.find("\tTorsion\tLeft out\tA DOS database holds sections only."),
+              std::string::npos)
+        << reported;
     EXPECT_EQ(RecordedReports::events.back(), "pointer reset");
     EXPECT_EQ(shell.database.path, path) << "the open database stays open";
     ExpectOnly({L"old.vel", L"ship.ve2"});
@@ -390,9 +471,10 @@ TEST_F(SaveLegacyCommand, SectionThatCannotBeReadIsReportedAndLeftOut) {
     blocks[2].number = " 2 ";  // that of a bulkhead arrangement before it
     WriteFileBytes(path, DatabaseText(blocks));
     Save(legacy);
-    ASSERT_EQ(Warnings().size(), 2u);
-    EXPECT_EQ(Warnings()[1],
-              WarningText(3592, {legacy, L"\r" + FormatMessage(3648, {L"Frame 20"})}));
+    EXPECT_EQ(Warnings().size(), 1u);
+    EXPECT_NE(reported.find("Frame 20\tSection\tLeft out\tIt could not be read."),
+              std::string::npos)
+        << reported;
     EXPECT_EQ(ListedNames(legacy), (Names{L"Frame 10", L"Aft"}));
 }
 

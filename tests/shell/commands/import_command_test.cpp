@@ -12,6 +12,7 @@
 #include "report/messages.h"
 #include "shell/commands/section_commands.h"
 #include "shell/open_database.h"
+#include "shell/report.h"
 #include "tests/companions/file_bytes.h"
 #include "tests/database/sample_database.h"
 #include "tests/legacy/legacy_support.h"
@@ -34,7 +35,22 @@ struct ImportCommand : CommandTest {
     std::wstring path;
     std::string before;
 
-    ImportCommand() { Open({ModelKind::kSection, ModelKind::kTorsion}); }
+    std::string reported;  // rows of the report, as text
+
+    ImportCommand() {
+        Open({ModelKind::kSection, ModelKind::kTorsion});
+        FakeView::showReport = [this](Report& report) {
+            reported += Narrow(ReportAsText(report));
+            return false;
+        };
+    }
+    // Whether the report has a row of these cells.
+    testing::AssertionResult HasRow(const std::string& row) const {
+        if (reported.find("\r\n" + row + "\t") != std::string::npos) {
+            return testing::AssertionSuccess();
+        }
+        return testing::AssertionFailure() << reported;
+    }
 
     void Open(std::initializer_list<ModelKind> kinds) {
         MakeOpen(L"ship.ve2", kinds);
@@ -95,7 +111,9 @@ TEST_F(ImportCommand, SectionsOfALegacyDatabaseAreAppendedAndTheLastBecomesCurre
     EXPECT_EQ(ModelNumbers(path), (Numbers{1, 2, 3, 4}));
     EXPECT_EQ(shell.database.currentModel, 4);
     EXPECT_EQ(RecordedReports::Of("rows"), Texts{"4"});
-    EXPECT_TRUE(RecordedReports::caption.empty());
+    EXPECT_EQ(Narrow(RecordedReports::caption),
+              "2 sections were imported from '" + Narrow(legacy) + "'");
+    EXPECT_TRUE(reported.empty()) << "all went over as it was";
     EXPECT_TRUE(Warnings().empty());
     EXPECT_EQ(RecordedReports::events.back(), "pointer reset");
 }
@@ -168,12 +186,15 @@ TEST_F(ImportCommand, SampleShipIsImportedWholeIntoAnEmptyDatabase) {
     EXPECT_EQ(LastBody(path, "TORSION"), LastBody(sample, "TORSION"));
 }
 
-TEST_F(ImportCommand, OfFiveHundredSectionsTwentyCanBeImported) {
+TEST_F(ImportCommand, AllOfFiveHundredSectionsCanBeImported) {
     WriteLegacyDatabase(legacy, {L"Frame 30"});
     RepeatSection(legacy, 500);
     Import(legacy);
-    EXPECT_EQ(ModelNames().size(), 22u);
+    EXPECT_EQ(ModelNames().size(), 502u);
+    EXPECT_EQ(ModelNames().back(), L"Frame 30");
+    EXPECT_EQ(Narrow(ListForExchange(legacy).at(20).text), "No. 21: Frame 30");
     EXPECT_TRUE(Warnings().empty());
+    EXPECT_TRUE(reported.empty());
 }
 
 TEST_F(ImportCommand, SectionWhoseListedNameAnsiLacksIsImportedUnderItsOwn) {
@@ -199,8 +220,8 @@ TEST_F(ImportCommand, CallsFollowTheListingAndOneImportEach) {
                      "importsectiongeometry old.vel 1", "importvelkcompload old.vel 1",
                      "getvelksections old.vel", "importvelkmainsec old.vel 3",
                      "importsectiongeometry old.vel 3", "importvelkcompload old.vel 3",
-                     "getvelksections old.vel"}))
-        << "after each import the list says whether all was read";
+                     "getvelksections old.vel", "getvelksections old.vel"}))
+        << "after each empty section, and at the end, the list says whether all was read";
 }
 
 TEST_F(ImportCommand, BackupHoldsTheDatabaseAsItWasBeforeTheFirstModel) {
@@ -271,10 +292,15 @@ TEST_F(ImportCommand, ModelsThatShareANumberAreReportedAndTheRestGoesOn) {
     blocks[2].number = " 2 ";
     WriteFileBytes(other, DatabaseText(blocks));
     Import(other);
-    const std::wstring leftOut = L"\r" + FormatMessage(3648, {ListForExchange(other)[1].text}) +
-                                 L"\r" + FormatMessage(3648, {ListForExchange(other)[2].text});
-    EXPECT_EQ(Warnings(), (Texts{NumberNotOwn(2, other), NumberNotOwn(2, other),
-                                 WarningText(3592, {other, leftOut})}));
+    EXPECT_EQ(Warnings(), (Texts{NumberNotOwn(2, other), NumberNotOwn(2, other)}));
+    EXPECT_TRUE(HasRow("Frame 10\tSection\tWent over\t"));
+    EXPECT_TRUE(HasRow("Bulkhead 40 (bulkhead)\tBulkhead\tLeft out\tIt could not be read."));
+    EXPECT_TRUE(HasRow("Frame 20\tSection\tLeft out\tIt could not be read."));
+    EXPECT_EQ(Narrow(RecordedReports::caption),
+              "2 sections and 1 torsion model were imported from '" + Narrow(other) +
+                  "'; 1 section and 1 bulkhead arrangement were left out");
+    EXPECT_NE(reported.find("All done. 2 sections and 1 torsion model were imported"),
+              std::string::npos);
     EXPECT_EQ(ModelNames(), (Names{L"Frame 10", L"Frame 10", L"Frame 10", L"Girder", L"Aft"}));
 }
 
@@ -285,9 +311,8 @@ TEST_F(ImportCommand, DamagedModelInTheMiddleIsReportedAndTheRestGoesOn) {
         blocks[static_cast<size_t>(damaged)].number = "broken";
         WriteFileBytes(other, DatabaseText(blocks));
         Import(other);
-        ASSERT_EQ(Warnings().size(), 2u);
-        EXPECT_EQ(Warnings().at(0), NumberNotOwn(0, other));
-        EXPECT_TRUE(Warnings().at(1).ends_with("' was left out, because it could not be read."));
+        EXPECT_EQ(Warnings(), Texts{NumberNotOwn(0, other)});
+        EXPECT_NE(reported.find("Left out\tIt could not be read."), std::string::npos);
         EXPECT_EQ(ModelNumbers(path), (Numbers{1, 2, 3, 4, 5, 6}));
     }
 }

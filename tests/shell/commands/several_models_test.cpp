@@ -9,6 +9,7 @@
 #include "database/listing.h"
 #include "legacy/exchange.h"
 #include "platform/system.h"
+#include "platform/ztvelk32.h"
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
 #include "shell/commands/view_commands.h"
@@ -190,7 +191,8 @@ TEST_F(SeveralModelsTest, ExportOfAModelThatIsNotASectionIsRefusedBeforeTheBox) 
 TEST_F(SeveralModelsTest, ExportAddsASlotForEachSectionWithItsOwnName) {
     static std::wstring legacy;
     legacy = File(L"old.vel");
-    ASSERT_TRUE(ExportDatabase(Make(L"empty.ve2"), legacy));
+    ExchangeReport report;
+    ASSERT_TRUE(ExportDatabase({Make(L"empty.ve2"), legacy}, report));
     int16_t status = 0;
     ASSERT_EQ(ListLegacySections(legacy, status).size(), 0U);
     Select(4, {0, 2});
@@ -205,11 +207,12 @@ TEST_F(SeveralModelsTest, ExportAddsASlotForEachSectionWithItsOwnName) {
     for (const ModelEntry& section : sections) {
         EXPECT_EQ(Narrow(section.name), Narrow(shell.database.rows[0].name));
     }
-    EXPECT_EQ(RecordedReports::caption, FormatMessage(kMsgSectionsExported, {3, 3, legacy}));
+    EXPECT_EQ(RecordedReports::caption,
+              FormatMessage(kMsgSectionsExported, {3, 3, legacy}) + L"; 3 sections were changed");
     ExpectUntouched();
 }
 
-TEST_F(SeveralModelsTest, ExportThatFailsSaysHowFarItCame) {
+TEST_F(SeveralModelsTest, ExportThatFailsIsReportedOnce) {
     Select(0, {2});
     FakeView::askExport = [](ExportChoice& choice) {
         choice.path = L"C:\\no such folder\\none.vel";
@@ -217,6 +220,28 @@ TEST_F(SeveralModelsTest, ExportThatFailsSaysHowFarItCame) {
     };
     RunCommand(ME_SectionExport);
     EXPECT_EQ(Warnings().size(), 1U) << "once, not for each section";
+    ExpectUntouched();
+}
+
+TEST_F(SeveralModelsTest, ExportThatFailsHalfwayLeavesTheFileAsItWas) {
+    static std::wstring legacy;
+    legacy = File(L"old.vel");
+    ExchangeReport report;
+    ASSERT_TRUE(ExportDatabase({Make(L"empty.ve2"), legacy}, report));
+    const std::string old = test::ReadFileBytes(legacy);
+    Select(4, {0, 2});
+    FakeView::askExport = [](ExportChoice& choice) {
+        choice.path = legacy;
+        return true;
+    };
+    static int slots;
+    slots = 0;
+    const test::FakeFunction fake(extendvelkdb, [](const char*, int16_t* status) {
+        *status = ++slots == 2 ? kLegacyFull : kLegacyDone;
+    });
+    RunCommand(ME_SectionExport);
+    EXPECT_FALSE(Warnings().empty());
+    EXPECT_EQ(test::ReadFileBytes(legacy), old);
     ExpectUntouched();
 }
 

@@ -501,12 +501,13 @@ TEST_F(ExportBoxTest, TabOrderIsAsItIsRead) {
     Ask([](HWND window) {
         EXPECT_EQ(TabOrder(window, DRV_Db),
                   (std::vector<int>{DRV_Db, DIR_Db, FIL_Db, kCreateNew, TX_Name, OP_Preview,
-                                    PIC_Section, BT_Ok, BT_Cancel}));
+                                    PIC_Section, BT_Browse, BT_NewLegacy, BT_Ok, BT_Cancel}));
         SetOption(window, kReplace);
         ClickPicture(window, 0.5, 0.5);
-        EXPECT_EQ(TabOrder(window, DRV_Db),
-                  (std::vector<int>{DRV_Db, DIR_Db, FIL_Db, kReplace, LI_Sections, OP_Preview,
-                                    PIC_Section, TX_Facts, BT_Ok, BT_Cancel}));
+        EXPECT_EQ(
+            TabOrder(window, DRV_Db),
+            (std::vector<int>{DRV_Db, DIR_Db, FIL_Db, kReplace, LI_Sections, OP_Preview,
+                              PIC_Section, TX_Facts, BT_Browse, BT_NewLegacy, BT_Ok, BT_Cancel}));
     });
 }
 
@@ -536,7 +537,12 @@ TEST_F(ExportBoxTest, EveryResolutionScalesItWhole) {
             const RECT picture = test::PlaceIn(window, PIC_Section);
             EXPECT_LT(test::PlaceIn(window, LI_Sections).bottom, picture.top);
             EXPECT_GT(picture.bottom - picture.top, 150 * dpi / 96);
-            EXPECT_LE(test::PlaceIn(window, LB_Service).bottom, test::PlaceIn(window, BT_Ok).top);
+            EXPECT_LE(test::PlaceIn(window, LB_Service).bottom,
+                      test::PlaceIn(window, LB_Notes).top);
+            EXPECT_LE(test::PlaceIn(window, LB_Notes).bottom, test::PlaceIn(window, BT_Ok).top);
+            EXPECT_LT(test::PlaceIn(window, BT_Browse).right,
+                      test::PlaceIn(window, BT_NewLegacy).left);
+            EXPECT_LT(test::PlaceIn(window, BT_NewLegacy).right, test::PlaceIn(window, BT_Ok).left);
             EXPECT_TRUE(ShowsPreview(window));
         }
         ExpectTableBesidePicture(window);

@@ -107,6 +107,8 @@ TEST_F(ImportBoxTest, ModelDatabaseShowsItsModelsNotLegacySections) {
             EXPECT_GT(bulkheads, 0);
             EXPECT_GT(torsions, 0);
             EXPECT_TRUE(ShowsPreview(window));
+            EXPECT_TRUE(test::TextOf(window, LB_Notes).starts_with("Section at x = "))
+                << test::TextOf(window, LB_Notes);
         }
     });
 }
@@ -558,7 +560,7 @@ TEST_F(ImportBoxTest, EveryResolutionScalesItWhole) {
             const RECT picture = test::PlaceIn(window, PIC_Section);
             EXPECT_GT(picture.bottom - picture.top, 180 * dpi / 96);
             EXPECT_LE(picture.bottom, test::PlaceIn(window, LB_Service).top);
-            EXPECT_LE(test::PlaceIn(window, LB_Service).bottom, test::PlaceIn(window, BT_Ok).top);
+            EXPECT_LE(test::PlaceIn(window, LB_Notes).bottom, test::PlaceIn(window, BT_Ok).top);
         }
         ExpectTableBesidePicture(window);
         ExpectFitsASmallScreen(window);
