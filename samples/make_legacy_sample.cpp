@@ -12,7 +12,8 @@ int main(int count, char** arguments) {
         return 2;
     }
     const auto path = [&](int i) { return corvane::system::WideFromAnsi(arguments[i]); };
-    if (corvane::ExportDatabase(path(1), path(2))) return 0;
+    corvane::ExchangeReport report;
+    if (corvane::ExportDatabase({path(1), path(2)}, report)) return 0;
     std::fputs("The legacy database was not made.\n", stderr);
     return 1;
 }
