@@ -1,16 +1,12 @@
 // FM_Export as Windows shows it, with its lists of drives, folders and files.
 #include "ui/dialogs/export_box.h"
 
-#include <functional>
 #include <string>
 #include <vector>
 
-#include "bsd/bsd_file.h"
-#include "database/section_block.h"
 #include "files/paths.h"
 #include "report/messages.h"
-#include "tests/shell/sample_models.h"
-#include "tests/ui/dialogs/exchange_box.h"
+#include "tests/ui/dialogs/export_box_fixture.h"
 
 namespace corvane {
 namespace {
@@ -21,26 +17,7 @@ using Texts = std::vector<std::string>;
 constexpr int kReplace = OP_CreateNew;
 constexpr int kCreateNew = OP_CreateNew + 1;
 
-struct ExportBoxTest : test::ExchangeBoxTest {
-    ExportChoice choice;
-
-    // The sample ship's midship section is exported.
-    ExportBoxTest() {
-        const std::wstring path = test::SamplePath();
-        EXPECT_TRUE(LoadBsdFromDatabase(path, shell.database.bsd));
-        EXPECT_TRUE(ReadSectionBlock(path, 5, false, choice.section));
-        test::RecordedReports::events.clear();
-    }
-
-    // Shows the box to `look`, which may press OK; otherwise the box is cancelled.
-    bool Ask(const std::function<void(HWND)>& look) {
-        const test::WhenOpen open(kExportBoxClass, [&](HWND window) {
-            look(window);
-            if (IsOpen(window)) PostMessageW(window, WM_CLOSE, 0, 0);
-        });
-        return AskExport(choice);
-    }
-};
+struct ExportBoxTest : test::ExportBoxFixture {};
 
 TEST_F(ExportBoxTest, ShowsCaptionsAndDefaults) {
     choice.name = L"Frame 10";

@@ -1,14 +1,10 @@
 // FM_Export: how a DOS database is found or made, and what the box says of it before OK.
 #include <algorithm>
-#include <functional>
 #include <string>
 #include <vector>
 
-#include "bsd/bsd_file.h"
-#include "database/section_block.h"
 #include "platform/ztutil32.h"
-#include "tests/shell/sample_models.h"
-#include "tests/ui/dialogs/exchange_box.h"
+#include "tests/ui/dialogs/export_box_fixture.h"
 #include "ui/dialogs/export_box.h"
 
 namespace corvane {
@@ -19,26 +15,7 @@ using Texts = std::vector<std::string>;
 
 constexpr int kReplace = OP_CreateNew;
 
-struct ExportChoiceTest : test::ExchangeBoxTest {
-    ExportChoice choice;
-
-    // The sample ship's midship section is exported.
-    ExportChoiceTest() {
-        const std::wstring path = test::SamplePath();
-        EXPECT_TRUE(LoadBsdFromDatabase(path, shell.database.bsd));
-        EXPECT_TRUE(ReadSectionBlock(path, 5, false, choice.section));
-        test::RecordedReports::events.clear();
-    }
-
-    // Shows the box to `look`, which may press OK; otherwise the box is cancelled.
-    bool Ask(const std::function<void(HWND)>& look) {
-        const test::WhenOpen open(kExportBoxClass, [&](HWND window) {
-            look(window);
-            if (IsOpen(window)) PostMessageW(window, WM_CLOSE, 0, 0);
-        });
-        return AskExport(choice);
-    }
-};
+struct ExportChoiceTest : test::ExportBoxFixture {};
 
 std::wstring promptAnswer;
 int16_t AnswerPrompt(char*, char*, char* buffer, int32_t, int32_t, char*) {
