@@ -203,8 +203,8 @@ void NoteListedName(const std::vector<ModelEntry>& list, int16_t number, Exchang
     const auto index = static_cast<size_t>(number - 1);
     const std::wstring name = Trim(OemToAnsiText(AnsiToOemText(model.name)));
     if (index >= list.size() || list[index].name == name) return;
-    if (name.substr(0, sizeof(LegacySectionEntry::name)) == list[index].name)
-        return;  // has been noted as cut
+    // That it was cut has been noted.
+    if (name.substr(0, sizeof(LegacySectionEntry::name)) == list[index].name) return;
     NoteLoss(model.what, kMsgListedAs, {list[index].name});
     model.outcome = Outcome::kChanged;
 }

@@ -151,7 +151,7 @@ TEST_F(ReadingBack, DefaultsAndWhatTheFormLacksAreInTheReport) {
 
 // ---- Slots -------------------------------------------------------------------------------------
 
-// A library with this many slots; it leaves a record alone where there is none.
+// A library with this many slots. Asked for another one, it leaves the record as it is.
 struct FakeSlots {
     static inline int slots = 0;
     static inline int reads = 0;
