@@ -15,7 +15,7 @@
 namespace corvane {
 namespace {
 
-enum class Detail { kNames, kPositions };
+enum class Detail { kNames, kPositions, kDigests };
 
 // A position outside of the single-precision range becomes the largest single.
 float FirstValue(std::string_view line, ValueRow& row) {
@@ -65,19 +65,46 @@ std::string ReadIdentifier(TextReader& reader, const Listing& listing, int lines
     return std::string(Trim(line));
 }
 
+// From a marker, which has been read, to the line after the name; false where the block ends
+// before it.
+bool ReadToName(TextReader& reader, const Listing& listing, ModelEntry& entry) {
+    std::string_view line;
+    if (!ReadKeyword(reader, listing, entry, line)) return false;
+    entry.kind = KindOfKeyword(line);
+    if (!FactsOf(entry.kind).hasPosition) entry.x = -1;
+    if (!SkipToName(reader, listing)) return false;
+    if (!ReadBlockLine(reader, listing.modelMarker, line)) return false;
+    entry.name = system::WideFromAnsi(Trim(line));
+    return true;
+}
+
+// What of the lines after the name belongs to a list.
+void ReadAfterName(TextReader& reader, Listing& listing, ModelEntry& entry) {
+    const KindFacts& facts = FactsOf(entry.kind);
+    if (!facts.hasPosition || !ReadPosition(reader, listing, entry.x)) return;
+    entry.identifier = ReadIdentifier(reader, listing, facts.identifierLine - 1);
+}
+
 // Reads from a marker, which has been read, as far as the block has what is wanted of it.
 void ReadEntry(TextReader& reader, Listing& listing, Detail detail, ModelEntry& entry) {
-    if (detail == Detail::kPositions) entry.x = 0;
-    std::string_view line;
-    if (!ReadKeyword(reader, listing, entry, line)) return;
-    entry.kind = KindOfKeyword(line);
-    const bool hasPosition = detail == Detail::kPositions && FactsOf(entry.kind).hasPosition;
-    if (!hasPosition) entry.x = -1;
-    if (!SkipToName(reader, listing)) return;
-    if (!ReadBlockLine(reader, listing.modelMarker, line)) return;
-    entry.name = system::WideFromAnsi(Trim(line));
-    if (!hasPosition || !ReadPosition(reader, listing, entry.x)) return;
-    entry.identifier = ReadIdentifier(reader, listing, FactsOf(entry.kind).identifierLine - 1);
+    entry.x = detail == Detail::kNames ? -1.0F : 0.0F;
+    if (ReadToName(reader, listing, entry) && detail != Detail::kNames) {
+        ReadAfterName(reader, listing, entry);
+    }
+}
+
+// The same, and the digest of the lines after the name; of all lines where it has none.
+DigestValue ReadDigestedEntry(TextReader& reader, Listing& listing, ModelEntry& entry) {
+    Digest digest;
+    int64_t begin = LinePosition(reader);
+    entry.x = 0;
+    if (ReadToName(reader, listing, entry)) {
+        begin = LinePosition(reader);
+        ReadAfterName(reader, listing, entry);
+    }
+    SeekLine(reader, begin);
+    FindLine(reader, listing.modelMarker, digest);
+    return ValueOf(digest);
 }
 
 void FindOwnNumbers(std::vector<ModelEntry>& entries) {
@@ -100,29 +127,32 @@ void ReportListFault(const TextReader& reader, const std::wstring& path, bool is
 }
 
 void ReadEntries(TextReader& reader, Detail detail, const system::FileStamp& stamp,
-                 std::vector<ModelEntry>& entries) {
+                 DigestedList& list) {
     Listing listing;
     std::string_view line;
     while (FindLine(reader, listing.modelMarker)) {
-        ModelEntry& entry = entries.emplace_back();
+        ModelEntry& entry = list.models.emplace_back();
         entry.offset = LinePosition(reader);
         entry.stamp = stamp;
         ReadLine(reader, line);
-        ReadEntry(reader, listing, detail, entry);
+        if (detail == Detail::kDigests) {
+            list.digests.push_back(ReadDigestedEntry(reader, listing, entry));
+        } else {
+            ReadEntry(reader, listing, detail, entry);
+        }
     }
 }
 
 // Reads the whole list. False when another program has changed the file meanwhile.
-bool ReadListOnce(TextReader& reader, const std::wstring& path, Detail detail,
-                  std::vector<ModelEntry>& entries) {
-    entries.clear();
+bool ReadListOnce(TextReader& reader, const std::wstring& path, Detail detail, DigestedList& list) {
+    list = {};
     if (!OpenText(reader, path)) return true;
     system::FileStamp before;
     system::FileStamp after;
     system::GetFileStamp(reader.file, before);
     Progress progress(before.size);
     reader.progress = &progress;
-    ReadEntries(reader, detail, before, entries);
+    ReadEntries(reader, detail, before, list);
     reader.progress = nullptr;
     return system::GetFileStamp(path, after) == system::kErrorNone && before == after;
 }
@@ -135,28 +165,28 @@ bool IsBeingWritten(const std::wstring& path) {
     return error == system::kErrorSharingViolation || error == system::kErrorLockViolation;
 }
 
-bool ListEntries(const std::wstring& path, Detail detail, std::vector<ModelEntry>& entries) {
+bool ListEntries(const std::wstring& path, Detail detail, DigestedList& list) {
     constexpr int kMostAttempts = 3;
-    entries.clear();
+    list = {};
     if (path.empty()) return true;
     bool isWhole = !IsBeingWritten(path);
     for (int attempt = 1;; ++attempt) {
         TextReader reader;
-        const bool isUnchanged = ReadListOnce(reader, path, detail, entries);
+        const bool isUnchanged = ReadListOnce(reader, path, detail, list);
         if (reader.error == system::kErrorCancelled) {
             ReportReadFault(reader, path);
-            entries.clear();
+            list = {};
             return false;
         }
         if (!isUnchanged && attempt < kMostAttempts) continue;
         isWhole = isWhole && isUnchanged;
-        ReportListFault(reader, path, !entries.empty());
+        ReportListFault(reader, path, !list.models.empty());
         if (!isWhole && reader.error == system::kErrorNone) {
             ReportMessage(kMsgBeingWritten, {path, HoldersOf(path)});
         }
         break;
     }
-    FindOwnNumbers(entries);
+    FindOwnNumbers(list.models);
     return true;
 }
 
@@ -180,11 +210,21 @@ std::vector<ModelEntry> ListModelsWithPositions(const std::wstring& path) {
 }
 
 bool ListModels(const std::wstring& path, std::vector<ModelEntry>& models) {
-    return ListEntries(path, Detail::kNames, models);
+    DigestedList list;
+    const bool isListed = ListEntries(path, Detail::kNames, list);
+    models = std::move(list.models);
+    return isListed;
 }
 
 bool ListModelsWithPositions(const std::wstring& path, std::vector<ModelEntry>& models) {
-    return ListEntries(path, Detail::kPositions, models);
+    DigestedList list;
+    const bool isListed = ListEntries(path, Detail::kPositions, list);
+    models = std::move(list.models);
+    return isListed;
+}
+
+bool ListModelsWithDigests(const std::wstring& path, DigestedList& list) {
+    return ListEntries(path, Detail::kDigests, list);
 }
 
 bool ReadModelAt(const std::wstring& path, const BlockPlace& place, ModelEntry& model) {
@@ -229,10 +269,7 @@ bool ReadModelPosition(const std::wstring& path, const BlockPlace& place, float&
     FindLine(reader, listing.modelMarker);
     ReadLine(reader, line);
     float position = 0;
-    if (ReadKeyword(reader, listing, entry, line) && SkipToName(reader, listing) &&
-        ReadBlockLine(reader, listing.modelMarker, line)) {  // the name
-        ReadPosition(reader, listing, position);
-    }
+    if (ReadToName(reader, listing, entry)) ReadPosition(reader, listing, position);
     if (ReportReadFault(reader, path)) return false;
     x = position;
     return true;

@@ -11,6 +11,7 @@
 
 #include "database/model_kind.h"
 #include "database/scanning.h"
+#include "text/digest.h"
 
 namespace corvane {
 
@@ -39,6 +40,14 @@ std::vector<ModelEntry> ListModelsWithPositions(const std::wstring& path);
 // The same. False, and no models, when the user has cancelled, which is noted in the status line.
 bool ListModels(const std::wstring& path, std::vector<ModelEntry>& models);
 bool ListModelsWithPositions(const std::wstring& path, std::vector<ModelEntry>& models);
+
+// A list with positions, and of each model a digest of the lines after its name, up to the next
+// model's marker: what a change of its number or its name leaves as it is.
+struct DigestedList {
+    std::vector<ModelEntry> models;
+    std::vector<DigestValue> digests;  // as many
+};
+bool ListModelsWithDigests(const std::wstring& path, DigestedList& list);
 
 // Reads number, name and kind of the model at a place once more, and nothing but its block. False
 // where the place is not known, or the file is no longer what it was when the place was found.

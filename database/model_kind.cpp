@@ -4,6 +4,7 @@
 #include <array>
 #include <cassert>
 
+#include "database/column_names.h"
 #include "database/describing.h"
 #include "database/editing.h"
 #include "report/messages.h"
@@ -26,7 +27,8 @@ constexpr std::array kKinds = {
               .csrProgram = {.fixedName = L"CsrCheck.exe"},
               .isCopiedWithBackup = true,
               .writeCopy = WriteCopyOfSection,
-              .describe = DescribeSection},
+              .describe = DescribeSection,
+              .names = SectionNames},
     KindFacts{.kind = ModelKind::kBulkhead,
               .keyword = kBulkheadKeyword,
               .name = L"Bulkhead",
@@ -41,7 +43,8 @@ constexpr std::array kKinds = {
               .csrProgram = {.fixedName = L"BhdCheck.exe"},
               .isCopiedWithBackup = true,
               .writeCopy = WriteCopyOfBulkhead,
-              .describe = DescribeBulkhead},
+              .describe = DescribeBulkhead,
+              .names = BulkheadNames},
     KindFacts{.kind = ModelKind::kTorsion,
               .keyword = kTorsionKeyword,
               .name = L"Torsion",
@@ -56,7 +59,8 @@ constexpr std::array kKinds = {
               .csrProgram = {.fixedName = L"TorModel.exe"},
               .isCopiedWithBackup = false,
               .writeCopy = WriteCopyOfTorsion,
-              .describe = DescribeTorsion},
+              .describe = DescribeTorsion,
+              .names = TorsionNames},
 };
 
 }  // namespace

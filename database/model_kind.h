@@ -32,6 +32,8 @@ std::wstring ProgramFileName(const ProgramFile& program);
 // Of database/editing.h, which has the procedures of the table.
 struct ModelSource;
 struct TextWriter;
+// Of database/column_names.h.
+struct BlockNames;
 // Of database/describing.h.
 struct ModelDescription;
 struct TextReader;
@@ -55,6 +57,8 @@ struct KindFacts {
                       int32_t newNumber);
     // What a model holds (database/describing.h).
     void (*describe)(TextReader& reader, ModelDescription& description);
+    // What the columns of its lines are called (database/column_names.h).
+    BlockNames (*names)();
 };
 
 // The table, in the order of the kinds' numbers.

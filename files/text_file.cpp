@@ -244,6 +244,10 @@ bool FindLine(TextReader& reader, std::string_view text) {
     return FindAndPass(reader, text, [](std::string_view) {});
 }
 
+bool FindLine(TextReader& reader, std::string_view text, Digest& digest) {
+    return FindAndPass(reader, text, [&digest](std::string_view passed) { Add(digest, passed); });
+}
+
 bool CreateText(TextWriter& writer, const std::wstring& path) {
     assert(!writer.file.IsOpen());
     writer.error = system::CreateForWriting(path, writer.file);

@@ -13,6 +13,7 @@
 
 #include "files/progress.h"
 #include "platform/system.h"
+#include "text/digest.h"
 
 namespace corvane {
 
@@ -74,6 +75,8 @@ void SeekLine(TextReader& reader, int64_t position);
 // the next ReadLine gives that line. False, and the reader at the end, when there is none. This
 // goes through a file at the speed of memory: no line in between is looked at.
 bool FindLine(TextReader& reader, std::string_view text);
+// The same; `digest` gets the bytes before that line, at the end of the file all that there are.
+bool FindLine(TextReader& reader, std::string_view text, Digest& digest);
 
 // ---- Writing -----------------------------------------------------------------------------------
 

@@ -306,6 +306,12 @@
     X(kMsgDatabaseDetails, 3836)        \
     X(kMsgDetailsCopied, 3837)          \
     X(kMsgDetailsNotCopied, 3838)       \
+    X(kMsgComparing, 3839)              \
+    X(kMsgChangedInCompare, 3840)       \
+    X(kMsgComparisonWith, 3841)         \
+    X(kMsgDifferences, 3842)            \
+    X(kMsgNoDifferences, 3843)          \
+    X(kMsgShipDiffers, 3844)            \
     X(kMsgNoPictureShown, 3850)         \
     X(kMsgOneOf, 3851)                  \
     X(kMsgPlaceLine, 3852)              \
