@@ -8,6 +8,7 @@
 #include "database/check_rows.h"
 #include "files/read_fault.h"
 #include "report/reporters.h"
+#include "text/text.h"
 
 namespace corvane {
 namespace {
@@ -39,15 +40,6 @@ struct ItemLists {
     Items before;
     Items now;
 };
-
-std::wstring WithCapital(std::wstring text) {
-    if (!text.empty() && text.front() >= L'a' && text.front() <= L'z') text.front() += L'A' - L'a';
-    return text;
-}
-std::wstring WithSmallLetter(std::wstring text) {
-    if (!text.empty() && text.front() >= L'A' && text.front() <= L'Z') text.front() += L'a' - L'A';
-    return text;
-}
 
 // "Panel 3 'Bottom'": an item by its place, from 0.
 std::wstring ItemText(const ItemNames& names, const BlockItem& item, size_t index) {

@@ -5,6 +5,7 @@
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "report/reporters.h"
+#include "text/text.h"
 
 namespace corvane {
 namespace {
@@ -107,8 +108,7 @@ std::wstring ChangeText(const ComparedModel& model) {
     if (model.hasOtherNumber) AddText(text, L"other number");
     if (model.isChanged) AddText(text, L"changed");
     if (text.empty()) return L"Same";
-    text.front() = static_cast<wchar_t>(text.front() - L'a' + L'A');
-    return text;
+    return WithCapital(text);
 }
 
 bool DifferencesOf(const Comparison& comparison, const ComparedModel& model,

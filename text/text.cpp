@@ -59,6 +59,16 @@ bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b) {
     return a.size() == b.size() && LowerCase(a) == LowerCase(b);
 }
 
+std::wstring WithCapital(std::wstring text) {
+    if (!text.empty() && text.front() >= L'a' && text.front() <= L'z') text.front() += L'A' - L'a';
+    return text;
+}
+
+std::wstring WithSmallLetter(std::wstring text) {
+    if (!text.empty() && text.front() >= L'A' && text.front() <= L'Z') text.front() += L'a' - L'A';
+    return text;
+}
+
 std::wstring CutAtNul(std::wstring_view text) {
     return std::wstring(text.substr(0, text.find(L'\0')));
 }

@@ -17,6 +17,9 @@ std::wstring LowerCase(std::wstring_view text);
 std::wstring UpperCase(std::wstring_view text);
 std::string UpperCase(std::string_view bytes);
 bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b);
+// The text with its first letter, one of A to Z, in the other case.
+std::wstring WithCapital(std::wstring text);
+std::wstring WithSmallLetter(std::wstring text);
 
 // The text before the first NUL character. Used on every buffer that a system call fills.
 std::wstring CutAtNul(std::wstring_view text);

@@ -36,6 +36,12 @@ constexpr ToolCommand kCommands[] = {
      L"is 1 when something is left that 'check' names, with --dry-run when there is something to\n"
      L"change.",
      kRepairOptions, 1, 1, RunRepair},
+    {L"compare", L"compares two databases, or two versions of one",
+     L"BEFORE NOW [--format text|json]",
+     L"Models that were added, removed, renamed, changed or got another number, and each value\n"
+     L"that differs: where it is, what it was before and what it is now. Who wrote a model,\n"
+     L"comments and the form of numbers do not count. The exit status is 1 when anything differs.",
+     kShowOptions, 2, 2, RunCompare},
     {L"extract", L"writes models into a new database",
      L"DATABASE MODEL... --to FILE [--force] [--no-history]",
      L"The new database has the ship's data and the models, byte for byte, in the order of the\n"

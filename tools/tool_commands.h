@@ -24,6 +24,7 @@ std::wstring HelpText(const ToolCommand* command);
 ExitCode RunList(const Request& request);        // tools/show_models.cpp
 ExitCode RunShow(const Request& request);        // tools/show_models.cpp
 ExitCode RunCheck(const Request& request);       // tools/check.cpp
+ExitCode RunCompare(const Request& request);     // tools/compare.cpp
 ExitCode RunRepair(const Request& request);      // tools/repair.cpp
 ExitCode RunExtract(const Request& request);     // tools/edit_models.cpp
 ExitCode RunAppend(const Request& request);      // tools/edit_models.cpp

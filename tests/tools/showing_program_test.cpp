@@ -237,6 +237,50 @@ TEST_F(ShowingProgram, CheckOfWhatIsNoDatabaseFindsThatAndOneThatIsNotThereFails
               std::string::npos);
 }
 
+// The ship's name, a model's name and a plate of it are others, and the third model has gone.
+TEST_F(ShowingProgram, ComparePrintsModelsAndValuesThatDiffer) {
+    std::string text = test::ReadFileBytes(test::DataPath("golden/checked.ve2"));
+    Write(L"before.ve2", text);
+    EXPECT_EQ(Out(0, {L"compare", L"before.ve2", L"before.ve2"}),
+              "There are no differences. Models: 4.\n");
+    EXPECT_EQ(Out(0, {L"compare", L"before.ve2", L"before.ve2", L"--format", L"json"}),
+              "{\n  \"ship\": [],\n  \"same\": 4,\n  \"models\": []\n}\n");
+    const std::vector<std::string> parts = PartsOf(text);
+    ASSERT_EQ(parts.size(), 5U);
+    const auto replaced = [](std::string in, std::string_view from, std::string_view to) {
+        return in.replace(in.find(from), from.size(), to);
+    };
+    const std::string section =
+        replaced(replaced(parts[1], "Frame 100", "Frame \"101\""), "9.125\t 12 ", "9.125\t 14 ");
+    Write(L"now.ve2", replaced(parts[0], "Aurora Bay", "Aurora Day") + section + parts[2] +
+                          Numbered(parts[4], 3));
+    EXPECT_EQ(Out(1, {L"compare", L"before.ve2", L"now.ve2"}),
+              "Basic Ship Data: changed\n"
+              "    Title 1: Aurora Bay -> Aurora Day\n"
+              "Model 1 'Frame \"101\"' (Section): renamed, changed\n"
+              "    Model, Name: Frame 100 -> Frame \"101\"\n"
+              "    Panel 2 'Inner side of exactly forty characters,,', plate 1, Thickness [mm]: "
+              "12 -> 14\n"
+              "Model 3 'Bare' (Section): other number\n"
+              "    Model, Number: 4 -> 3\n"
+              "Model 3 'Torsion model, holds 7 to 1' (Torsion): removed\n"
+              "\n"
+              "Models added: 0, removed: 1, renamed: 1, with another number: 1, changed: 1, as "
+              "before: 1. The Basic Ship Data differ.\n");
+    EXPECT_EQ(Out(1, {L"compare", L"before.ve2", L"now.ve2", L"--format", L"json"}),
+              test::WithLineFeeds(test::ReadFileBytes(test::DataPath("golden/compared.json"))));
+}
+
+TEST_F(ShowingProgram, CompareOfWhatIsNoDatabaseFails) {
+    Write(L"text.ve2", "no database\r\n");
+    EXPECT_NE(Err(3, {L"compare", L"ship.ve2", L"none.ve2"}).find("none.ve2"), std::string::npos);
+    EXPECT_NE(Err(3, {L"compare", L"text.ve2", L"ship.ve2"}).find("text.ve2"), std::string::npos);
+    EXPECT_NE(Err(2, {L"compare", L"old.vel", L"ship.ve2"}).find("a DOS database is not compared"),
+              std::string::npos);
+    EXPECT_NE(Err(2, {L"compare", L"ship.ve2"}).find("usage: corvane compare BEFORE NOW"),
+              std::string::npos);
+}
+
 TEST_F(ShowingProgram, HelpAndVersionArePrinted) {
     EXPECT_EQ(Out(0, {L"--version"}), "corvane 1.0\n");
     EXPECT_EQ(
@@ -248,6 +292,7 @@ TEST_F(ShowingProgram, HelpAndVersionArePrinted) {
         "  show        shows what a model is\n"
         "  check       checks a database from its first line to its last\n"
         "  repair      repairs what can be repaired without loss\n"
+        "  compare     compares two databases, or two versions of one\n"
         "  extract     writes models into a new database\n"
         "  append      adds models of another database\n"
         "  delete      deletes models\n"
