@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "database/scanning.h"
+#include "files/progress.h"
+#include "report/reporters.h"
 
 namespace corvane {
 namespace {
@@ -104,7 +106,12 @@ bool CompareDatabases(const std::wstring& before, const std::wstring& now,
     MatchByIdentifiers(matches);
     MatchByNames(matches);
     models.clear();
+    Progress progress(static_cast<int64_t>(is.list.models.size()));
     for (size_t i = 0; i < is.list.models.size(); ++i) {
+        if (!Advance(progress, 1)) {
+            ReportNote(kMsgReadingCancelled, {now});
+            return false;
+        }
         ComparedModel& model = models.emplace_back();
         model.now = is.list.models[i];
         const size_t partner = matches.partners[i];

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "bsd/bsd_file.h"
+#include "database/comparing.h"
 #include "database/listing.h"
 #include "files/progress.h"
 #include "files/rewrite.h"
@@ -135,6 +136,37 @@ TEST_F(CancellingTest, ACopyThatReplacesAFile) {
         ASSERT_EQ(test::FilesIn(folder.path).size(), 2U) << time;
         ASSERT_EQ(RecordedReports::Of("warning"), Events{}) << time;
         ASSERT_EQ(RecordedReports::caption, FormatMessage(kMsgCancelled, {target})) << time;
+    }
+}
+
+// Shown for every buffer of both lists, and for every model that is looked at more closely.
+TEST_F(CancellingTest, AComparison) {
+    const std::wstring other = folder.File(L"before.ve2");
+    std::string text = before;
+    for (size_t at = 0; (at = text.find("2.5 \t-3.25", at)) != std::string::npos; ++at) {
+        text.replace(at, 3, "3.5");
+    }
+    ASSERT_NE(text, before);
+    test::WriteFileBytes(other, text);
+    const test::SlowSystem system;
+    for (int time = 1;; ++time) {
+        RecordedReports::events.clear();
+        RecordedReports::timesShown = 0;
+        RecordedReports::cancelAt = time;
+        std::vector<ComparedModel> models;
+        const bool isDone = CompareDatabases(other, path, models);
+        ASSERT_EQ(RecordedReports::Of("warning"), Events{}) << time;
+        if (RecordedReports::timesShown < time) {
+            EXPECT_TRUE(isDone);
+            EXPECT_EQ(std::ranges::count_if(models, &ComparedModel::isChanged), 2);
+            EXPECT_GT(time, 9);
+            return;
+        }
+        ASSERT_FALSE(isDone) << time;
+        const std::wstring& shown = RecordedReports::caption;
+        ASSERT_TRUE(shown == FormatMessage(kMsgReadingCancelled, {path}) ||
+                    shown == FormatMessage(kMsgReadingCancelled, {other}))
+            << time;
     }
 }
 
