@@ -1,6 +1,6 @@
 // Any bytes as a database that is compared: with itself nothing differs; with another one, what was
-// added, renamed or changed one way round was removed, renamed or changed the other way round; and a
-// model that has changed has a value that differs.
+// added, renamed or changed one way round was removed, renamed or changed the other way round; and
+// a model that has changed has a value that differs.
 #include <algorithm>
 #include <string>
 #include <vector>
