@@ -1,8 +1,10 @@
 #include "tests/faults/edits.h"
 
 #include "bsd/bsd_file.h"
+#include "database/check.h"
 #include "database/creating.h"
 #include "database/editing.h"
+#include "database/repair.h"
 #include "database/scanning.h"
 #include "database/stamps.h"
 #include "files/file_system.h"
@@ -11,6 +13,7 @@
 #include "files/text_file.h"
 #include "platform/ztutil32.h"
 #include "report/messages.h"
+#include "report/reporters.h"
 #include "shell/edit_history.h"
 #include "shell/new_file.h"
 #include "shell/state.h"
@@ -200,8 +203,9 @@ std::string Renamed(const std::string& oldText) {
     return WithName(oldText, kNumber, NameOf(kNumber), kCopyName);
 }
 
+constexpr std::string_view kIdentifier = "{00000000-0000-0000-0000-000000000001}";
+
 void CORVANE_STDCALL GiveIdentifier(char* buffer, int32_t size) {
-    constexpr std::string_view kIdentifier = "{00000000-0000-0000-0000-000000000001}";
     buffer[kIdentifier.copy(buffer, static_cast<size_t>(size) - 1)] = '\0';
 }
 
@@ -295,6 +299,47 @@ std::vector<Edit> HistoryEdits() {
     return {edit, undo, redo, restore, saveAs};
 }
 
+// ---- Repair ------------------------------------------------------------------------------------
+
+// Where the text is last; it must be there.
+std::string WithLast(std::string text, std::string_view from, std::string_view to) {
+    return text.replace(text.rfind(from), from.size(), to);
+}
+
+// The last model's number is too large, and the last line has no end. Its identifier is also that
+// of another model.
+const std::string& DamagedDatabase() {
+    static const std::string text = [] {
+        std::string damaged = WithLast(OldDatabase(), " 4 \r\nSECTION", " 9 \r\nSECTION");
+        damaged.resize(damaged.size() - 2);
+        return damaged;
+    }();
+    return text;
+}
+
+std::string Repaired(const std::string&) {
+    return WithLast(OldDatabase(), test::FullSection().identifier, kIdentifier);
+}
+
+// The user agrees to these three changes and to no others.
+bool CheckAndRepair(const std::wstring& path) {
+    CheckResult result;
+    RepairCounts done{};
+    if (!CheckDatabase(path, [](const Finding&) {}, result)) return false;
+    if (result.repairs.size() != 3) {
+        ReportMessage(kMsgChangedSinceCheck, {path});
+        return false;
+    }
+    return RepairDatabase(path, result.stamp, result.repairs, done);
+}
+
+Edit RepairEdit() {
+    Edit edit{"repair_backup", true, true, true, CheckAndRepair, Repaired};
+    edit.oldText = DamagedDatabase;
+    edit.yields = true;
+    return edit;
+}
+
 void CORVANE_STDCALL GiveName(char* buffer, int32_t size) {
     buffer[std::string_view("Anna").copy(buffer, static_cast<size_t>(size) - 1)] = '\0';
 }
@@ -340,6 +385,7 @@ std::vector<Edit> MakeEdits() {
         {"rename_section_backup", true, true, true, Rename<kSection, true>, Renamed<kSection>},
         {"rename_bulkhead_backup", true, false, true, Rename<kBulkhead, true>, Renamed<kBulkhead>},
     };
+    edits.push_back(RepairEdit());
     for (const Edit& edit : DosEdits()) edits.push_back(edit);
     for (const Edit& edit : HistoryEdits()) edits.push_back(edit);
     return edits;
