@@ -64,7 +64,7 @@ std::wstring AllValues(const ItemNames& names, const BlockItem& item) {
         if (!text.empty()) text += L' ';
         text += value.value;
     }
-    return text;
+    return text.find_first_not_of(L' ') == std::wstring::npos ? L"(empty)" : text;
 }
 
 bool CompareValues(const ItemLists& lists, const ItemPair& pair, const OnDifference& onDifference) {

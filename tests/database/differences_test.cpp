@@ -107,7 +107,6 @@ TEST_F(DifferencesTest, FormOfNumbersCommentsAndOrderOfTablesDoNotCount) {
 
 TEST_F(DifferencesTest, AddedAndRemovedRowsHaveAllTheirValues) {
     const std::string golden = Golden("section_full.ve2");
-    const std::string row = " 2 \t 9.125\t 12 \t 1 \t .75 \t 3.2 \t 1 \r\n";
     const std::string now = Replaced(golden, " 2 \t9.125\t 12 \t 1 \t .75 \t 3.2 \t 1 \r\n", "");
     EXPECT_EQ(Between(golden, now),
               Lines{"Panel 2 'Inner side of exactly forty characters,,', plate 1||9.125 12 1 0.75 "
@@ -115,6 +114,16 @@ TEST_F(DifferencesTest, AddedAndRemovedRowsHaveAllTheirValues) {
     EXPECT_EQ(Between(now, golden),
               Lines{"Panel 2 'Inner side of exactly forty characters,,', plate 1|||9.125 12 1 0.75 "
                     "3.2 1"});
+}
+
+// A row that has nothing but its panel's number is a row.
+TEST_F(DifferencesTest, EmptyRowsComeAndGo) {
+    const std::string golden = Golden("section_full.ve2");
+    const std::string row = " 2 \t9.125\t 12 \t 1 \t .75 \t 3.2 \t 1 \r\n";
+    const std::string now = Replaced(golden, row, row + " 2 \r\n");
+    const std::string where = "Panel 2 'Inner side of exactly forty characters,,', plate 2|";
+    EXPECT_EQ(Between(golden, now), Lines{where + "||(empty)"});
+    EXPECT_EQ(Between(now, golden), Lines{where + "|(empty)|"});
 }
 
 // What belongs to the panels after a new one has other numbers, and is still the same.
