@@ -74,20 +74,24 @@ bool Read(Database& database) {
            ListModelsWithDigests(database.path, database.list);
 }
 
-// False, and reported, when one of the two cannot be read.
+// Two models that are one, by their indexes. False, and reported, when one of the two cannot be
+// read.
 bool CompareModel(const Database& before, const Database& now, std::pair<size_t, size_t> indexes,
                   ComparedModel& model) {
     const auto [beforeIndex, nowIndex] = indexes;
-    model.isRenamed = model.before->name != model.now->name;
-    model.hasOtherNumber = model.before->number != model.now->number;
+    const ModelEntry& was = before.list.models[beforeIndex];
+    const ModelEntry& is = now.list.models[nowIndex];
+    model.before = was;
+    model.isRenamed = was.name != is.name;
+    model.hasOtherNumber = was.number != is.number;
     if (before.list.digests[beforeIndex] == now.list.digests[nowIndex]) return true;
-    return FindOtherContents(PlaceIn(before.path, *model.before), PlaceIn(now.path, *model.now),
-                             model.isChanged);
+    return FindOtherContents(PlaceIn(before.path, was), PlaceIn(now.path, is), model.isChanged);
 }
 
 }  // namespace
 
 const ModelEntry& AnyOf(const ComparedModel& model) {
+    // NOLINTNEXTLINE(bugprone-unchecked-optional-access): one of the two is there.
     return model.now ? *model.now : *model.before;
 }
 
@@ -116,7 +120,6 @@ bool CompareDatabases(const std::wstring& before, const std::wstring& now,
         model.now = is.list.models[i];
         const size_t partner = matches.partners[i];
         if (partner == kNone) continue;
-        model.before = was.list.models[partner];
         if (!CompareModel(was, is, {partner, i}, model)) return false;
     }
     for (size_t i = 0; i < was.list.models.size(); ++i) {

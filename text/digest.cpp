@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <span>
 
 namespace corvane {
 namespace {
@@ -17,10 +18,10 @@ uint64_t Mixed(uint64_t lane, uint64_t word) {
     return std::rotl((lane ^ word) * kFactor, kHalf);
 }
 
-// All four lanes go on at once: they do not depend on each other.
-void AddBlock(Digest& digest, const char* bytes) {
+// The first kBlock bytes. All four lanes go on at once: they do not depend on each other.
+void AddBlock(Digest& digest, std::string_view block) {
     std::array<uint64_t, 4> words{};
-    std::memcpy(words.data(), bytes, kBlock);
+    std::memcpy(words.data(), block.data(), kBlock);
     for (size_t i = 0; i < words.size(); ++i) digest.lanes[i] = Mixed(digest.lanes[i], words[i]);
 }
 
@@ -34,17 +35,17 @@ void Add(Digest& digest, std::string_view bytes) {
         std::memcpy(digest.rest.data() + waiting, bytes.data(), count);
         bytes.remove_prefix(count);
         if (waiting + count < kBlock) return;
-        AddBlock(digest, digest.rest.data());
+        AddBlock(digest, {digest.rest.data(), kBlock});
     }
-    for (; bytes.size() >= kBlock; bytes.remove_prefix(kBlock)) AddBlock(digest, bytes.data());
+    for (; bytes.size() >= kBlock; bytes.remove_prefix(kBlock)) AddBlock(digest, bytes);
     bytes.copy(digest.rest.data(), bytes.size());
 }
 
 DigestValue ValueOf(const Digest& digest) {
     Digest whole = digest;
-    const auto waiting = static_cast<ptrdiff_t>(digest.size % kBlock);
-    std::fill(whole.rest.begin() + waiting, whole.rest.end(), '\0');
-    AddBlock(whole, whole.rest.data());
+    const size_t waiting = digest.size % kBlock;
+    std::ranges::fill(std::span(whole.rest).subspan(waiting), '\0');
+    AddBlock(whole, {whole.rest.data(), kBlock});
     DigestValue value{digest.size, ~digest.size};
     for (const uint64_t lane : whole.lanes) {
         value[0] = Mixed(value[0], lane);
