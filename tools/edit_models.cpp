@@ -84,10 +84,7 @@ bool WriteExtract(const std::wstring& target, const Models& chosen) {
 bool RequireSourceModels(const Request& request, const std::wstring& source, Models& chosen) {
     Models models;
     if (IsLegacyDatabase(source)) {
-        int16_t status = 0;
-        models = ListLegacySections(source, status);
-        if (!RequireLegacyRead(source, status)) return false;
-        for (ModelEntry& section : models) section.hasOwnNumber = true;
+        if (!RequireLegacySections(source, models)) return false;
     } else {
         const int before = toolState.complaints;
         if (!RequireDatabaseFile(source) || !ListModels(source, models)) return false;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "legacy/exchange.h"
+#include "report/messages.h"
 #include "text/numbers.h"
 #include "text/text.h"
 #include "tools/console.h"
@@ -89,6 +91,17 @@ bool RequireModels(const std::wstring& path, const Models& models,
     for (size_t i = 0; i < models.size(); ++i) {
         if (isChosen[i]) chosen.push_back(models[i]);
     }
+    return true;
+}
+
+bool RequireLegacySections(const std::wstring& path, std::vector<ModelEntry>& sections) {
+    int16_t status = 0;
+    LegacySections all = ListAllLegacySections(path, status);
+    if (!RequireLegacyRead(path, status)) return false;
+    sections = std::move(all.sections);
+    for (ModelEntry& section : sections) section.hasOwnNumber = true;
+    const auto count = static_cast<int32_t>(sections.size());
+    if (all.hasMore) Complain(FormatMessage(kMsgMoreSections, {path, count}));
     return true;
 }
 

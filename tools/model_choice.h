@@ -14,6 +14,9 @@ namespace corvane {
 // operand leads to no model, or not to one alone.
 bool RequireModels(const std::wstring& path, const std::vector<ModelEntry>& models,
                    std::span<const std::wstring> operands, std::vector<ModelEntry>& chosen);
+// All sections of a DOS database; those beyond the library's list as far as it can be asked for
+// them. Reported when there may be more, and when it cannot be read; false then.
+bool RequireLegacySections(const std::wstring& path, std::vector<ModelEntry>& sections);
 // All of them. False, and reported, when one of them has no number of its own.
 bool RequireAllModels(const std::wstring& path, const std::vector<ModelEntry>& models);
 

@@ -94,15 +94,12 @@ void PrintList(const std::vector<ListedModel>& models, const std::wstring& forma
 
 // The sections of a DOS database, which have no position before they are converted.
 ExitCode ListLegacy(const std::wstring& path, const std::wstring& format) {
-    int16_t status = 0;
+    std::vector<ModelEntry> sections;
     std::vector<ListedModel> listed;
-    for (const ModelEntry& section : ListLegacySections(path, status)) {
+    if (!RequireLegacySections(path, sections)) return kExitFailed;
+    for (const ModelEntry& section : sections) {
         listed.push_back({section.number, true, section.name, KindName(section.kind), {}, {}});
     }
-    if (!RequireLegacyRead(path, status)) return kExitFailed;
-    const int32_t count = CountLegacySections(path, listed.size());
-    const auto shown = static_cast<int32_t>(listed.size());
-    if (count > shown) Complain(FormatMessage(kMsgMoreSections, {path, count, shown}));
     PrintList(listed, format);
     return kExitDone;
 }

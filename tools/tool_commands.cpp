@@ -19,7 +19,7 @@ constexpr ToolCommand kCommands[] = {
     {L"list", L"lists the models of a database", L"DATABASE [--format text|csv|json]",
      L"Number, name, kind, position in m and nearest frame of each model, in the order of the\n"
      L"file. A \"!\" marks a number that does not lead to one model alone. Of a DOS database\n"
-     L"the sections that its library lists.",
+     L"its sections.",
      kListOptions, 1, 1, RunList},
     {L"show", L"shows what a model is", L"DATABASE MODEL [--format text|json]",
      L"Who wrote it and when, how large it is, and what is in it.", kShowOptions, 2, 2, RunShow},

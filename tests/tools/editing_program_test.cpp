@@ -309,12 +309,18 @@ TEST_F(EditingProgram, ConvertReplacesAFileOnlyByForce) {
 }
 
 // The library of DOS databases lists 20 sections; the others are asked for by their numbers.
-TEST_F(EditingProgram, ConvertTakesMoreSectionsThanAreListed) {
+TEST_F(EditingProgram, MoreSectionsThanAreListedAreThere) {
     Out(0, {L"convert", L"old.vel", L"many.ve2"});
     for (int i = 0; i < 2; ++i) Out(0, {L"append", L"many.ve2", L"old.vel", L"--all"});
     Out(0, {L"convert", L"many.ve2", L"many.vel"});
     EXPECT_EQ(Out(0, {L"convert", L"many.vel", L"all.ve2"}), "");
     EXPECT_EQ(Models(L"all.ve2").size(), 27U);
+    const std::string list = Out(0, {L"list", L"many.vel", L"--format", L"csv"});
+    EXPECT_EQ(std::ranges::count(list, '\n'), 28);
+    EXPECT_NE(list.find("27,yes,\"Fore peak, frame 270\",Section,,\n"), std::string::npos);
+    EXPECT_EQ(Out(0, {L"append", L"ship.ve2", L"many.vel", L"25"}), "15  Hold 2, frame 211\n");
+    Out(0, {L"append", L"all.ve2", L"many.vel", L"--all"});
+    EXPECT_EQ(Models(L"all.ve2").size(), 54U);
 }
 
 TEST_F(EditingProgram, ConvertOfADamagedFileMakesNothing) {

@@ -314,7 +314,7 @@ TEST_F(ShowingProgram, HelpAndVersionArePrinted) {
               "the\n"
               "file. A \"!\" marks a number that does not lead to one model alone. Of a DOS "
               "database\n"
-              "the sections that its library lists.\n"
+              "its sections.\n"
               "\n"
               "  --format KIND   text (usual), csv or json\n"
               "\n"
