@@ -373,9 +373,7 @@ bool FindLossesOfCopy(const std::wstring& path, const BlockPlace& place,
     losses.clear();
     TextReader reader;
     std::string keyword;
-    if (!RequireDatabaseText(reader, path)) return false;
-    if (!FindBlock(reader, place, keyword)) {
-        if (!ReportReadFault(reader, path)) ReportMessage(kMsgModelMissing, {place.number, path});
+    if (!RequireDatabaseText(reader, path) || !RequireBlock(reader, path, place, keyword)) {
         return false;
     }
     BlockFindings found;

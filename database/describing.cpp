@@ -35,9 +35,7 @@ bool DescribeModel(const std::wstring& path, const BlockPlace& place,
                    ModelDescription& description) {
     TextReader reader;
     std::string keyword;
-    if (!RequireDatabaseText(reader, path)) return false;
-    if (!FindBlock(reader, place, keyword)) {
-        if (!ReportReadFault(reader, path)) ReportMessage(kMsgModelMissing, {place.number, path});
+    if (!RequireDatabaseText(reader, path) || !RequireBlock(reader, path, place, keyword)) {
         return false;
     }
     ModelDescription read;

@@ -15,14 +15,12 @@ namespace {
 
 // ---- Reading -----------------------------------------------------------------------------------
 
-bool RequireBlock(const ModelPlace& model, BlockItems& block) {
+// False, and reported, when it cannot be read.
+bool ReadItems(const ModelPlace& model, BlockItems& block) {
     TextReader reader;
     std::string keyword;
-    if (!RequireDatabaseText(reader, model.path)) return false;
-    if (!FindBlock(reader, model.place, keyword)) {
-        if (!ReportReadFault(reader, model.path)) {
-            ReportMessage(kMsgModelMissing, {model.place.number, model.path});
-        }
+    if (!RequireDatabaseText(reader, model.path) ||
+        !RequireBlock(reader, model.path, model.place, keyword)) {
         return false;
     }
     block = ReadBlockItems(reader, KindOfKeyword(keyword));
@@ -254,7 +252,7 @@ bool CompareModels(const ModelPlace& before, const ModelPlace& now,
                    const OnDifference& onDifference) {
     BlockItems was;
     BlockItems is;
-    if (!RequireBlock(before, was) || !RequireBlock(now, is)) return false;
+    if (!ReadItems(before, was) || !ReadItems(now, is)) return false;
     if (was.name != is.name && !onDifference({L"Model", L"Name", system::WideFromAnsi(was.name),
                                               system::WideFromAnsi(is.name)})) {
         return true;
@@ -266,7 +264,7 @@ bool CompareModels(const ModelPlace& before, const ModelPlace& now,
 bool FindOtherContents(const ModelPlace& before, const ModelPlace& now, bool& differ) {
     BlockItems was;
     BlockItems is;
-    if (!RequireBlock(before, was) || !RequireBlock(now, is)) return false;
+    if (!ReadItems(before, was) || !ReadItems(now, is)) return false;
     differ = !CompareContents(was, is, [](const Difference&) { return false; });
     return true;
 }

@@ -151,6 +151,13 @@ bool RequireDatabaseText(TextReader& reader, const std::wstring& path) {
     return false;
 }
 
+bool RequireBlock(TextReader& reader, const std::wstring& path, const BlockPlace& place,
+                  std::string& keyword) {
+    if (FindBlock(reader, place, keyword)) return true;
+    if (!ReportReadFault(reader, path)) ReportMessage(kMsgModelMissing, {place.number, path});
+    return false;
+}
+
 bool RequireDatabaseFile(const std::wstring& path) {
     TextReader reader;
     return RequireDatabaseText(reader, path);

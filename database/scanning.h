@@ -66,7 +66,11 @@ int CountModels(const std::wstring& path);
 // Opens a database that is to be read, at its start. What is not one is reported: a file that is
 // not there any more (3580), that cannot be read (3509), or that holds something else (1083).
 bool RequireDatabaseText(TextReader& reader, const std::wstring& path);
-// The same, without a reader.
+// FindBlock in such a database. Reported when no block has the number (1011), and when the file
+// cannot be read.
+bool RequireBlock(TextReader& reader, const std::wstring& path, const BlockPlace& place,
+                  std::string& keyword);
+// RequireDatabaseText without a reader.
 bool RequireDatabaseFile(const std::wstring& path);
 
 // What the numbers of a database's blocks are.

@@ -180,10 +180,7 @@ bool ReadSectionBlock(const std::wstring& path, const BlockPlace& place, bool al
     if (!RequireDatabaseText(reader, path)) return false;
     ReportStatus(kMsgReadingModel, {path});
     std::string keyword;
-    if (!FindBlock(reader, place, keyword)) {
-        if (!ReportReadFault(reader, path)) ReportMessage(kMsgModelMissing, {place.number, path});
-        return false;
-    }
+    if (!RequireBlock(reader, path, place, keyword)) return false;
     const ModelKind kind = KindOfKeyword(keyword);
     if (kind == ModelKind::kTorsion) {
         ShowStatus(L"");

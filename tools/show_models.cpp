@@ -97,6 +97,7 @@ ExitCode ListLegacy(const std::wstring& path, const std::wstring& format) {
     std::vector<ModelEntry> sections;
     std::vector<ListedModel> listed;
     if (!RequireLegacySections(path, sections)) return kExitFailed;
+    listed.reserve(sections.size());
     for (const ModelEntry& section : sections) {
         listed.push_back({section.number, true, section.name, KindName(section.kind), {}, {}});
     }
