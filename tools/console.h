@@ -8,15 +8,20 @@
 #include <vector>
 
 #include "database/listing.h"
+#include "platform/system.h"
+#include "preview/figure.h"
 #include "tools/arguments.h"
 
 namespace corvane {
 
-// The two streams of the process; whoever has them fills the record in. Lines end with a line feed.
+// The two streams of the process, and what its system can do; whoever has them fills the record in.
+// Lines end with a line feed.
 struct ToolOutput {
     // Standard output; false when it cannot be written.
     bool (*print)(std::wstring_view text) = [](std::wstring_view) { return true; };
     void (*complain)(std::wstring_view text) = [](std::wstring_view) {};
+    // Writes a picture of 300 dots per inch; null where the system cannot.
+    system::ErrorNumber (*writePng)(const Figure& figure, const std::wstring& path) = nullptr;
 };
 
 // Of the request that is being carried out.

@@ -32,12 +32,28 @@ namespace {
 constexpr double kWidth_mm = 297;
 constexpr double kHeight_mm = 210;
 
-using FigureWriter = void (*)(const Figure&, TextWriter&);
+using FigureWriter = system::ErrorNumber (*)(const Figure& figure, const std::wstring& path);
 
-// Null: there is no such kind.
+template <void (*write)(const Figure&, TextWriter&)>
+system::ErrorNumber WriteAsText(const Figure& figure, const std::wstring& path) {
+    return WriteTextFile(path, [&figure](TextWriter& writer) { write(figure, writer); });
+}
+
+// Null: there is no such kind, or not on this system.
 FigureWriter WriterOf(const std::wstring& kind) {
-    if (kind == L"svg") return WriteSvg;
-    return kind == L"dxf" ? WriteDxf : nullptr;
+    if (kind == L"svg") return WriteAsText<WriteSvg>;
+    if (kind == L"dxf") return WriteAsText<WriteDxf>;
+    return kind == L"png" ? toolState.output.writePng : nullptr;
+}
+
+// The writer of this kind. False when there is none: the arguments are wrong then, and reported.
+bool RequireWriter(const Request& request, const std::wstring& kind, FigureWriter& write) {
+    write = WriterOf(kind);
+    if (write != nullptr) return true;
+    ComplainOfUsage(
+        request, kind == L"png" ? L"pictures of kind PNG are made on Windows alone"
+                                : L"'" + request.operands[2] + L"' must end in .svg, .dxf or .png");
+    return false;
 }
 
 // ---- Pages -------------------------------------------------------------------------------------
@@ -110,8 +126,7 @@ bool DrawModel(const ModelEntry& model, const std::wstring& path, FigureWriter w
     if (!page.why.empty()) Complain(L"'" + model.name + L"' is not drawn: " + page.why);
     if (!page.isRead || !page.why.empty()) return false;
     return MakeFile(path, L"", [&](const std::wstring& temporary) {
-        const system::ErrorNumber error =
-            WriteTextFile(temporary, [&](TextWriter& writer) { write(page.figure, writer); });
+        const system::ErrorNumber error = write(page.figure, temporary);
         if (error != system::kErrorNone) ReportTextNotWritten(path, error);
         return error == system::kErrorNone;
     });
@@ -160,7 +175,9 @@ bool PlanDrawings(const std::wstring& folder, const std::wstring& kind,
 ExitCode DrawAll(const Request& request) {
     std::wstring folder;
     std::vector<Drawing> drawings;
+    FigureWriter write = nullptr;
     const std::wstring& kind = request.Value(Option::kKind);
+    if (!RequireWriter(request, kind, write)) return kExitUsage;
     if (!OpenForCommand(request.operands[0]) || !RequirePath(request.operands[1], folder)) {
         return kExitFailed;
     }
@@ -171,7 +188,7 @@ ExitCode DrawAll(const Request& request) {
     if (!PlanDrawings(folder, kind, drawings)) return kExitFailed;
     for (const Drawing& drawing : drawings) {
         const int before = toolState.complaints;
-        if (DrawModel(drawing.model, drawing.path, WriterOf(kind))) {
+        if (DrawModel(drawing.model, drawing.path, write)) {
             Print(FileNameOf(drawing.path) + L'\n');
         } else if (toolState.complaints == before) {
             Complain(L"'" + drawing.model.name + L"' is not drawn");
@@ -181,16 +198,8 @@ ExitCode DrawAll(const Request& request) {
 }
 
 ExitCode DrawOne(const Request& request) {
-    const std::wstring kind = FileExtension(request.operands[2]);
-    if (kind == L"png") {
-        return ComplainOfUsage(request,
-                               L"pictures of kind PNG are not available here: end the "
-                               L"file's name in .svg or .dxf");
-    }
-    const FigureWriter write = WriterOf(kind);
-    if (write == nullptr) {
-        return ComplainOfUsage(request, L"'" + request.operands[2] + L"' must end in .svg or .dxf");
-    }
+    FigureWriter write = nullptr;
+    if (!RequireWriter(request, FileExtension(request.operands[2]), write)) return kExitUsage;
     std::wstring path;
     std::vector<ModelEntry> chosen;
     if (!OpenForCommand(request.operands[0]) ||

@@ -16,7 +16,7 @@ BELOW = {name: LAYERS[:i] for i, name in enumerate(LAYERS)} | {
     "legacy": LAYERS,
     "shell": BELOW_SHELL,
     "drafting": LAYERS,
-    "tools": ["shell"] + BELOW_SHELL,
+    "tools": ["ui/pictures", "ui/base", "shell"] + BELOW_SHELL,
     "stand_ins": ["drafting", "ui/dialogs", "ui/pictures", "ui/base", "shell"] + BELOW_SHELL,
 } | {name: ROOMS[:i] + ["shell"] + BELOW_SHELL for i, name in enumerate(ROOMS)}
 # Tests and tools look at everything.

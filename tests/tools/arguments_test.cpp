@@ -84,7 +84,7 @@ TEST(Arguments, WhatIsWrongIsNamed) {
         {{L"show", L"a", L"1", L"--format=csv"}, "'--format csv': it must be text|json"},
         {{L"list", L"a", L"--format=csv", L"--format=csv"}, "'--format' is given twice"},
         {{L"delete", L"a", L"1", L"--force=yes"}, "'--force' has no value"},
-        {{L"draw", L"a", L"f", L"--kind", L"png"}, "'--kind png': it must be svg|dxf"},
+        {{L"draw", L"a", L"f", L"--kind", L"emf"}, "'--kind emf': it must be svg|dxf|png"},
     };
     for (const auto& [arguments, fault] : cases) EXPECT_EQ(FaultOf(arguments), fault);
 }

@@ -6,6 +6,7 @@
 #include "platform/win32/win32.h"
 #include "text/utf8.h"
 #include "tools/tool.h"
+#include "ui/pictures/picture_output.h"
 
 namespace corvane {
 namespace {
@@ -52,7 +53,8 @@ bool Write(DWORD stream, std::wstring_view text) {
 int wmain(int count, wchar_t** arguments) {
     using namespace corvane;
     const ToolOutput output{[](std::wstring_view text) { return Write(STD_OUTPUT_HANDLE, text); },
-                            [](std::wstring_view text) { Write(STD_ERROR_HANDLE, text); }};
+                            [](std::wstring_view text) { Write(STD_ERROR_HANDLE, text); },
+                            WritePng};
     const std::vector<std::wstring> read(arguments + std::min(count, 1), arguments + count);
     return RunTool(read, output);
 }
