@@ -102,11 +102,10 @@ Cells DifferingCells(const ComparisonBox& box, size_t row) {
 }
 
 const std::vector<ReportColumn>& ValueColumns() {
-    static const std::vector<ReportColumn> columns = {
-        {L"Where", L"Panel 12 'Inner bottom', node 3"},
-        {L"Value", L"Flange thickness [mm]"},
-        {L"Before", L"1234.567"},
-        {L"Now", L"1234.567"}};
+    static const std::vector<ReportColumn> columns = {{L"Where", L"Panel 12 'Bottom', node 3"},
+                                                      {L"Value", L"Thickness [mm]"},
+                                                      {L"Before", L"1234.567 m"},
+                                                      {L"Now", L"1234.567 m"}};
     return columns;
 }
 

@@ -13,7 +13,7 @@ namespace corvane {
 namespace {
 
 // What is under the other section is wider than that, and seen on both sides of it.
-constexpr SectionLines kBeforeLines{kBeforeColour, 1};
+constexpr SectionLines kBeforeLines{kBeforeColour, 0.8};
 constexpr SectionLines kNowLines{kNowColour};
 
 // Around the sections [mm].

@@ -174,7 +174,7 @@ TEST_F(ComparisonBoxTest, SectionIsDrawnOverWhatItWasAndBothFit) {
     const Drawn now = In(figure, kNowColour);
     EXPECT_GT(before.items, 50);
     EXPECT_EQ(before.items, now.items);
-    EXPECT_GT(before.widest_mm, now.widest_mm + 0.5);
+    EXPECT_GT(before.widest_mm, now.widest_mm + 0.3);
     // The corner of the deck, which was moved.
     constexpr ShipPoint kCornerBefore{14.8, 19.6};
     constexpr ShipPoint kCornerNow{14.8, 21.6};

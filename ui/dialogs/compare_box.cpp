@@ -37,6 +37,7 @@ constexpr size_t kWideOfValues = 0;
 struct OpenBox {
     ComparisonBox contents;
     int shown = -1;  // the row that is shown
+    UINT dpi = USER_DEFAULT_SCREEN_DPI;
 };
 
 OpenBox& BoxOf(void* contents) {
@@ -49,6 +50,11 @@ HWND ModelsOf(HWND window) {
 
 HWND ValuesOf(HWND window) {
     return GetDlgItem(window, LI_Values);
+}
+
+void WidenColumns(HWND window, UINT dpi) {
+    WidenColumn(ModelsOf(window), DifferingColumns(), kWideOfModels, dpi);
+    WidenColumn(ValuesOf(window), ValueColumns(), kWideOfValues, dpi);
 }
 
 // ---- What is shown -----------------------------------------------------------------------------
@@ -68,6 +74,7 @@ void ShowSelected(HWND window, OpenBox& box) {
         box.shown = row;
         ShowRow(box.contents, row < 0 ? box.contents.rows.size() : static_cast<size_t>(row));
         SetRows(ValuesOf(window), box.contents.values.size(), 0);
+        WidenColumns(window, box.dpi);  // a list may scroll now
         ShowPicture(window, box.contents.picture);
     }
     EnableButton(window, BT_ImportCompared, MayImport(box.contents, SelectedRows(models)));
@@ -163,8 +170,7 @@ void PlaceLists(HWND window, const RECT& area, UINT dpi) {
     lower.top = lower.bottom - height;
     PlaceList(window, {LB_Differing, LI_Differing}, upper, dpi);
     PlaceList(window, {LB_Values, LI_Values}, lower, dpi);
-    WidenColumn(ModelsOf(window), DifferingColumns(), kWideOfModels, dpi);
-    WidenColumn(ValuesOf(window), ValueColumns(), kWideOfValues, dpi);
+    WidenColumns(window, dpi);
 }
 
 // The picture; below it the table of the places that the user clicked on, while there are any.
@@ -185,7 +191,8 @@ void PlacePicture(HWND window, RECT area, UINT dpi) {
     PlaceControl(window, PIC_Section, area);
 }
 
-void Fit(HWND window, void*, SIZE client, UINT dpi) {
+void Fit(HWND window, void* contents, SIZE client, UINT dpi) {
+    BoxOf(contents).dpi = dpi;
     const int margin = Scaled(kMargin, dpi);
     const int gap = Scaled(kGap, dpi);
     RECT area{margin, margin, client.cx - margin, client.cy - std::max(margin, GripHeight(dpi))};
@@ -195,7 +202,7 @@ void Fit(HWND window, void*, SIZE client, UINT dpi) {
     area.top += gap;
     area.bottom -= ButtonSize(window, IDCANCEL, dpi).cy + gap;
     RECT lists = area;
-    lists.right = area.left + (area.right - area.left - gap) * 4 / 7;
+    lists.right = area.left + (area.right - area.left - gap) * 3 / 5;
     PlaceLists(window, lists, dpi);
     PlacePicture(window, {lists.right + gap, area.top, area.right, area.bottom}, dpi);
 }

@@ -1,5 +1,6 @@
 #include "ui/dialogs/versions_box.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -86,13 +87,11 @@ void ShowSelected(HWND window, const VersionChoice& choice) {
 // Into the empty list. The version of this number is selected; without it the newest one.
 void ListVersions(HWND window, const VersionChoice& choice, int32_t number) {
     const HWND list = VersionsOf(window);
-    int selected = 0;
+    const std::vector<TextVersion>& versions = choice.versions;
     int row = 0;
-    for (const TextVersion& version : choice.versions) {
-        if (version.number == number) selected = row;
-        AddRow(list, row++, version);
-    }
-    SelectRow(list, selected);
+    for (const TextVersion& version : versions) AddRow(list, row++, version);
+    const auto found = std::ranges::find(versions, number, &TextVersion::number);
+    SelectRow(list, found == versions.end() ? 0 : static_cast<int>(found - versions.begin()));
     if (choice.versions.empty()) ShowSelected(window, choice);
 }
 
