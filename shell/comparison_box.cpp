@@ -20,13 +20,12 @@ const ComparedModel* ModelOf(const ComparisonBox& box, size_t row) {
     return index == kShipRow ? nullptr : &box.comparison.models.at(index);
 }
 
-// The models of rows that the other database has.
-std::vector<const ComparedModel*> ModelsOfBefore(const ComparisonBox& box,
-                                                 const std::vector<size_t>& rows) {
-    std::vector<const ComparedModel*> models;
+// The models of rows, as the other database has them.
+std::vector<ModelEntry> ModelsOfBefore(const ComparisonBox& box, const std::vector<size_t>& rows) {
+    std::vector<ModelEntry> models;
     for (const size_t row : rows) {
         const ComparedModel* model = ModelOf(box, row);
-        if (model != nullptr && model->before) models.push_back(model);
+        if (model != nullptr && model->before) models.push_back(*model->before);
     }
     return models;
 }

@@ -31,28 +31,24 @@ void Show(const std::wstring& before, const std::wstring& name) {
 }
 
 // Refused before the user is asked: reported then.
-bool RequireImportable(const Comparison& comparison,
-                       const std::vector<const ComparedModel*>& models) {
+bool RequireImportable(const Comparison& comparison, const std::vector<ModelEntry>& models) {
     if (!RequireDatabase() || !RequireWritableDatabase()) return false;
     const std::wstring why = WhyOutdated(comparison);
     if (!why.empty()) {
         ReportMessage(why);
         return false;
     }
-    const auto isOwn = [](const ComparedModel* model) { return model->before->hasOwnNumber; };
-    const auto found = std::ranges::find_if_not(models, isOwn);
+    const auto found = std::ranges::find(models, false, &ModelEntry::hasOwnNumber);
     if (found != models.end()) {
-        ReportNumberNotOwn((*found)->before->number, comparison.before);
+        ReportNumberNotOwn(found->number, comparison.before);
         return false;
     }
     return ConfirmEdit();
 }
 
-ImportChoice ChoiceOf(const Comparison& comparison,
-                      const std::vector<const ComparedModel*>& models) {
+ImportChoice ChoiceOf(const Comparison& comparison, const std::vector<ModelEntry>& models) {
     ImportChoice choice{comparison.before, {}, comparison.beforeName};
-    for (const ComparedModel* model : models) {
-        const ModelEntry& entry = *model->before;
+    for (const ModelEntry& entry : models) {
         choice.items.push_back({entry.name + FactsOf(entry.kind).exchangeSuffix, entry.number,
                                 entry.kind, PlaceOf(entry), entry.x});
     }
@@ -85,7 +81,7 @@ bool CompareWithVersion(const TextVersion& version) {
     return shell.database.stamp != before;
 }
 
-bool ImportFromCompared(Comparison& comparison, const std::vector<const ComparedModel*>& models) {
+bool ImportFromCompared(Comparison& comparison, const std::vector<ModelEntry>& models) {
     if (models.empty() || !RequireImportable(comparison, models)) return false;
     if (!Confirm(comparison, models.size())) return false;
     const ImportChoice choice = ChoiceOf(comparison, models);

@@ -20,6 +20,6 @@ bool CompareWithVersion(const TextVersion& version);
 // as one edit, after a question; then compares again. A read-only database, one on which a program
 // of the suite works, files that have changed since they were compared, and models whose number is
 // not theirs alone (3522) are refused before the question. True when `comparison` is a new one.
-bool ImportFromCompared(Comparison& comparison, const std::vector<const ComparedModel*>& models);
+bool ImportFromCompared(Comparison& comparison, const std::vector<ModelEntry>& models);
 
 }  // namespace corvane
