@@ -41,8 +41,8 @@ double OffArc(const Figure& figure) {
 
 // ---- Stiffeners, compartments, plating, centre line --------------------------------------------
 
-void AddStiffeners(Figure& figure, const Section& section, int32_t colour) {
-    const FigurePen pen{FigureLayer::kStiffener, colour, kThin_mm};
+void AddStiffeners(Figure& figure, const Section& section, const SectionLines& lines) {
+    const FigurePen pen{FigureLayer::kStiffener, lines.colour, kThin_mm + lines.wider_mm};
     const LeastProfile least{kLeastWeb_mm / figure.mmPerMetre, kLeastFlange_mm / figure.mmPerMetre};
     WalkStiffeners(section, least, [&](const StiffenerPlace&, std::span<const ShipPoint> line) {
         ForEachSide(section, line,
@@ -66,15 +66,15 @@ void WalkPlating(const Section& section, double off_m, Use use) {
     }
 }
 
-void AddPlating(Figure& figure, const Section& section, int32_t colour) {
-    const FigurePen pen{FigureLayer::kPlate, colour, kPlating_mm};
+void AddPlating(Figure& figure, const Section& section, const SectionLines& lines) {
+    const FigurePen pen{FigureLayer::kPlate, lines.colour, kPlating_mm + lines.wider_mm};
     WalkPlating(section, OffArc(figure),
                 [&](std::span<const ShipPoint> line) { AddLine(figure, pen, line); });
 }
 
 // A tick across the strake where a plate ends.
-void AddPlateEnds(Figure& figure, const Section& section, int32_t colour) {
-    const FigurePen pen{FigureLayer::kPlate, colour, kThin_mm};
+void AddPlateEnds(Figure& figure, const Section& section, const SectionLines& lines) {
+    const FigurePen pen{FigureLayer::kPlate, lines.colour, kThin_mm + lines.wider_mm};
     const double half = kTick_mm / 2 / figure.mmPerMetre;
     for (const Strake& strake : StrakesOf(section)) {
         for (const float end : PlateEndsOf(strake)) {
@@ -144,10 +144,16 @@ void AddSection(Figure& figure, const Section& section, const SectionColours& co
     ShipBox extent{};
     if (!ExtentOf(section, extent)) return;
     AddCompartments(figure, section, colours.compartment);
-    AddPlating(figure, section, colours.plating);
-    AddPlateEnds(figure, section, colours.plateEnd);
-    AddStiffeners(figure, section, colours.stiffener);
+    AddPlating(figure, section, {colours.plating});
+    AddPlateEnds(figure, section, {colours.plateEnd});
+    AddStiffeners(figure, section, {colours.stiffener});
     AddCentreLine(figure, extent, colours.centreLine);
+}
+
+void AddSectionLines(Figure& figure, const Section& section, const SectionLines& lines) {
+    AddPlating(figure, section, lines);
+    AddPlateEnds(figure, section, lines);
+    AddStiffeners(figure, section, lines);
 }
 
 Figure MakeFittedFigure(const SheetSize& sheet, const ShipBox& area) {

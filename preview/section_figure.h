@@ -31,6 +31,14 @@ bool ExtentOf(const Section& section, ShipBox& extent);
 // section without plating.
 void AddSection(Figure& figure, const Section& section, const SectionColours& colours = {});
 
+// Lines of one colour, wider than usual by a length on the sheet.
+struct SectionLines {
+    int32_t colour;
+    double wider_mm = 0;
+};
+// Adds the plating, the plate ends and the stiffeners alone, to show one section over another.
+void AddSectionLines(Figure& figure, const Section& section, const SectionLines& lines);
+
 // A sheet that shows an area as large as its margins let it; an area without extent is shown at
 // 10 mm for each metre.
 struct SheetSize {

@@ -275,6 +275,17 @@
     X(kMsgFileSaved, 3780)              \
     X(kMsgFileReadOnly, 3781)           \
     X(kMsgFileOutOfSight, 3782)         \
+    X(kMsgBothSections, 3783)           \
+    X(kMsgSectionBefore, 3784)          \
+    X(kMsgSectionNow, 3785)             \
+    X(kMsgArrangementNow, 3786)         \
+    X(kMsgArrangementBefore, 3787)      \
+    X(kMsgShipHasNoPicture, 3788)       \
+    X(kMsgNotAsCompared, 3789)          \
+    X(kMsgVersionBefore, 3790)          \
+    X(kMsgImportQuestion, 3791)         \
+    X(kMsgImportOf, 3792)               \
+    X(kMsgCompared, 3793)               \
     X(kMsgNoNameLine, 3800)             \
     X(kMsgRenameOf, 3801)               \
     X(kMsgNewNameQuestion, 3802)        \

@@ -4,15 +4,25 @@
 #include "database/ship_differences.h"
 #include "files/file_system.h"
 #include "files/paths.h"
+#include "files/progress.h"
 #include "report/reporters.h"
 #include "text/text.h"
 
 namespace corvane {
 namespace {
 
-bool GetStamps(const Comparison& comparison, system::FileStamp& before, system::FileStamp& now) {
-    return system::GetFileStamp(comparison.before, before) == system::kErrorNone &&
-           system::GetFileStamp(comparison.now, now) == system::kErrorNone;
+// A file that is not there has the stamp of none; those who read it report it.
+system::FileStamp StampOf(const std::wstring& path) {
+    system::FileStamp stamp;
+    if (system::GetFileStamp(path, stamp) != system::kErrorNone) stamp = {};
+    return stamp;
+}
+
+// The file that has another stamp now; null: none.
+const std::wstring* ChangedFile(const Comparison& comparison) {
+    if (StampOf(comparison.before) != comparison.beforeStamp) return &comparison.before;
+    if (StampOf(comparison.now) != comparison.nowStamp) return &comparison.now;
+    return nullptr;
 }
 
 void CompareShips(Comparison& comparison) {
@@ -28,19 +38,13 @@ void CompareShips(Comparison& comparison) {
 }
 
 bool Compare(Comparison& comparison) {
-    system::FileStamp before;
-    system::FileStamp now;
-    system::FileStamp beforeThen;
-    system::FileStamp nowThen;
-    // A file that is not there is reported by those who read it.
-    GetStamps(comparison, before, now);
+    comparison.beforeStamp = StampOf(comparison.before);
+    comparison.nowStamp = StampOf(comparison.now);
     if (!CompareDatabases(comparison.before, comparison.now, comparison.models)) return false;
     CompareShips(comparison);
-    GetStamps(comparison, beforeThen, nowThen);
-    if (before == beforeThen && now == nowThen) return true;
-    const bool isOther = before != beforeThen;
-    ReportMessage(kMsgChangedInCompare, {isOther ? comparison.before : comparison.now});
-    return false;
+    const std::wstring* changed = ChangedFile(comparison);
+    if (changed != nullptr) ReportMessage(kMsgChangedInCompare, {*changed});
+    return changed == nullptr;
 }
 
 void AddText(std::wstring& text, const wchar_t* more) {
@@ -71,6 +75,12 @@ bool CompareFiles(Comparison& comparison) {
     ResetMousePointer();
     if (isDone) ShowStatus(L"");
     return isDone;
+}
+
+std::wstring WhyOutdated(const Comparison& comparison) {
+    const std::wstring* changed = ChangedFile(comparison);
+    return changed == nullptr ? std::wstring()
+                              : FormatMessage(kMsgNotAsCompared, {FileNameOf(*changed)});
 }
 
 ComparisonCounts CountsOf(const Comparison& comparison) {
@@ -136,6 +146,10 @@ std::wstring TextOf(const Difference& difference) {
 }
 
 bool ReportOf(const Comparison& comparison, Report& report) {
+    if (ChangedFile(comparison) != nullptr) {
+        ReportMessage(WhyOutdated(comparison));
+        return false;
+    }
     report.title = FormatMessage(kMsgComparisonWith, {comparison.beforeName});
     report.summary = SummaryOf(comparison);
     report.fileName = StripExtension(FileNameOf(comparison.now)) + L" comparison";
@@ -147,7 +161,12 @@ bool ReportOf(const Comparison& comparison, Report& report) {
                       {L"Now", L"1234.56"}};
     report.rows.clear();
     if (!comparison.ship.empty()) AddRows(L"Changed", L"", comparison.ship, report);
+    Progress progress(static_cast<int64_t>(comparison.models.size()));
     for (const ComparedModel& model : comparison.models) {
+        if (!Advance(progress, 1)) {
+            ReportNote(kMsgReadingCancelled, {comparison.before});
+            return false;
+        }
         std::vector<Difference> differences;
         if (!model.HasDifference()) continue;
         if (!DifferencesOf(comparison, model, differences)) return false;

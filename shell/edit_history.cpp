@@ -105,11 +105,6 @@ struct ReadSteps {
     }
 };
 
-std::wstring NameOfChange(const TextVersion& version) {
-    return version.kind == VersionKind::kUndo ? FormatMessage(kMsgUndoOf, {version.what})
-                                              : version.what;
-}
-
 std::wstring SizeText(const TextVersion& version) {
     return std::to_wstring((version.old.size + 1023) / 1024) + L" KB";
 }
@@ -251,6 +246,11 @@ VersionChoice ReadVersions() {
     }
     std::ranges::reverse(choice.versions);
     return choice;
+}
+
+std::wstring NameOfChange(const TextVersion& version) {
+    return version.kind == VersionKind::kUndo ? FormatMessage(kMsgUndoOf, {version.what})
+                                              : version.what;
 }
 
 std::span<const VersionColumn> VersionColumns() {

@@ -74,6 +74,9 @@ struct VersionChoice {
 };
 VersionChoice ReadVersions();
 
+// What replaced a version: "Delete of 'Hold 3'", "Undo: Delete of 'Hold 3'".
+std::wstring NameOfChange(const TextVersion& version);
+
 // A column of their list.
 struct VersionColumn {
     const wchar_t* title;

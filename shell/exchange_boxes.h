@@ -51,6 +51,7 @@ struct ExchangeItem {
 struct ImportChoice {
     std::wstring path;  // absolute
     std::vector<ExchangeItem> items;
+    std::wstring name = {};  // of the file, for the user; empty: its path
 };
 
 // Whether a path names a legacy database: by its extension, "vel".

@@ -59,10 +59,11 @@ void ShowExchange(const ExchangeReport& exchange, const ExchangeEnding& ending) 
     shell.view.showReport(report);
 }
 
-void ShowImported(const ExchangeReport& exchange, uint16_t command, const std::wstring& path) {
+void ShowImported(const ExchangeReport& exchange, uint16_t command, const std::wstring& source) {
     const int32_t message = CountArrived(exchange) == 1 ? kMsgOneWasImported : kMsgSomeWereImported;
-    ShowExchange(exchange, {command, path, FormatMessage(message, {ArrivedText(exchange), path}),
-                            !IsBsdDefined(shell.database.bsd)});
+    ShowExchange(exchange,
+                 {command, source, FormatMessage(message, {ArrivedText(exchange), source}),
+                  !IsBsdDefined(shell.database.bsd)});
 }
 
 }  // namespace corvane

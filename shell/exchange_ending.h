@@ -16,7 +16,8 @@ struct ExchangeEnding {
     bool isQuiet = false;  // the status bar says what to do next, and stays
 };
 void ShowExchange(const ExchangeReport& exchange, const ExchangeEnding& ending);
-// The same of an import into the open database: the line counts the models.
-void ShowImported(const ExchangeReport& exchange, uint16_t command, const std::wstring& path);
+// The same of an import into the open database: the line counts the models. `source` is a path, or
+// what else the user calls it.
+void ShowImported(const ExchangeReport& exchange, uint16_t command, const std::wstring& source);
 
 }  // namespace corvane

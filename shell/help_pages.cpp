@@ -46,6 +46,7 @@ constexpr HelpPage kHelpPages[] = {
     {ME_FileQuit, kEdit},
     {ME_FileVersions, kUndo},
     {ME_FileCheck, L"check-a-database"},
+    {ME_FileCompare, L"compare-databases"},
     {ME_FileExportList, kLists},
     {ME_FileExportPicture, kPictures},
     {ME_FileExportAllPictures, kPictures},

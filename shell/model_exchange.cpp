@@ -222,7 +222,7 @@ void ImportModels(const ImportChoice& choice) {
     if (import.path != shell.database.path) ContinueInWritableFile(import.path);
     SelectLastModelNext();
     RefreshMainWindow();
-    ShowImported(import.report, ME_SectionImport, choice.path);
+    ShowImported(import.report, ME_SectionImport, choice.name.empty() ? choice.path : choice.name);
 }
 
 bool ReadForPreview(const std::vector<ModelEntry>& models, ExportChoice& choice) {

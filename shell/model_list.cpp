@@ -17,24 +17,6 @@ std::wstring IdText(int32_t number) {
     return text.size() == 1 ? L' ' + text : text;
 }
 
-ModelRow RowOf(const ModelEntry& model) {
-    ModelRow row;
-    row.name = model.name;
-    // The sum makes a negative zero a plain one.
-    if (model.x >= 0) row.x = DecimalText(double{model.x} + 0.0, 3, 3);
-    row.id = IdText(model.number);
-    row.type = KindName(model.kind);
-    row.icon = FactsOf(model.kind).icon;
-    row.tag = model.number;
-    row.hasOwnNumber = model.hasOwnNumber;
-    row.offset = model.offset;
-    row.stamp = model.stamp;
-    row.x_m = model.x;
-    row.kind = model.kind;
-    row.identifier = model.identifier;
-    return row;
-}
-
 // Index of the row that `isSame`, the one with the number `tag` before others; -1: none.
 template <class IsSame>
 int FindRow(const std::vector<ModelRow>& rows, int32_t tag, IsSame isSame) {
@@ -54,6 +36,24 @@ std::wstring FrameOf(const ModelRow& row) {
 }
 
 }  // namespace
+
+ModelRow RowOf(const ModelEntry& model) {
+    ModelRow row;
+    row.name = model.name;
+    // The sum makes a negative zero a plain one.
+    if (model.x >= 0) row.x = DecimalText(double{model.x} + 0.0, 3, 3);
+    row.id = IdText(model.number);
+    row.type = KindName(model.kind);
+    row.icon = FactsOf(model.kind).icon;
+    row.tag = model.number;
+    row.hasOwnNumber = model.hasOwnNumber;
+    row.offset = model.offset;
+    row.stamp = model.stamp;
+    row.x_m = model.x;
+    row.kind = model.kind;
+    row.identifier = model.identifier;
+    return row;
+}
 
 BlockPlace PlaceOf(const ModelRow& row) {
     if (!row.hasOwnNumber) return row.tag;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "bsd/basic_ship_data.h"
+#include "database/listing.h"
 #include "database/model_kind.h"
 #include "database/scanning.h"
 
@@ -31,6 +32,8 @@ struct ModelRow {
     ModelKind kind = ModelKind::kSection;
     std::string identifier;  // as the block has it; empty for a torsion model
 };
+// The row of a listed model, without its frame.
+ModelRow RowOf(const ModelEntry& model);
 // Where the row's model is; the number alone where that does not lead to it.
 BlockPlace PlaceOf(const ModelRow& row);
 

@@ -16,6 +16,7 @@
 
 namespace corvane {
 
+struct Comparison;    // shell/comparison.h
 struct ExportChoice;  // shell/exchange_boxes.h
 struct Figure;        // preview/figure.h
 struct ImportChoice;
@@ -66,6 +67,8 @@ struct View {
         [](const std::wstring&, const std::wstring&) {};
     // The box of a report; true when its own button closed it.
     bool (*showReport)(Report& report) = [](Report&) { return false; };
+    // The box of a comparison (shell/comparison_box.h).
+    void (*showComparison)(Comparison& comparison) = [](Comparison&) {};
     // Opens a file in the program that the system has for it; the error of a system that cannot.
     system::ErrorNumber (*openDocument)(const std::wstring& path) = [](const std::wstring&) {
         return system::kErrorNone;

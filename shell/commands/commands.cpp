@@ -15,6 +15,7 @@
 #include "shell/commands/several_models.h"
 #include "shell/commands/view_commands.h"
 #include "shell/database_check.h"
+#include "shell/database_comparison.h"
 #include "shell/picture_printing.h"
 #include "shell/recent_databases.h"
 #include "shell/state.h"
@@ -80,6 +81,8 @@ constexpr std::array kCommands = {
             EnabledWhen::kDatabaseOpen, ME_FileVersions_Click},
     Command{ME_FileCheck, Menu::kFile, "ME_FileCheck", L"&Check database...",
             EnabledWhen::kDatabaseOpen, CheckOpenDatabase},
+    Command{ME_FileCompare, Menu::kFile, "ME_FileCompare", L"Co&mpare with...",
+            EnabledWhen::kDatabaseOpen, CompareWithFile},
     Command{ME_FileExportList, Menu::kFile, "ME_FileExportList", L"Export &list...",
             EnabledWhen::kDatabaseOpen, ME_FileExportList_Click},
     Command{ME_FileExportPicture, Menu::kFile, "ME_FileExportPicture", L"Export &picture...",

@@ -54,6 +54,7 @@ enum CommandId : uint16_t {
     ME_FilePrintAll,
     ME_FileExportAllPictures,
     ME_FileCheck,
+    ME_FileCompare,
     ME_FileSettings = 118,
     ME_FileBSD = 120,
     ME_FileImportBSD,

@@ -405,5 +405,31 @@ TEST(SectionFigureTest, SampleTanksHaveTheirAreasAlongTheBilge) {
     EXPECT_TRUE(HasAreaOf(ItemsOf(second, kColours.compartment), 43.97));
 }
 
+// Nothing but lines of one colour, in the places of the section's own, and wider by as much.
+TEST(SectionLines, AreThePlatingThePlateEndsAndTheStiffenersInOneColour) {
+    const test::SampleSection sample(5);
+    Figure section = Sheet();
+    AddSection(section, sample.view.section);
+    Figure lines = Sheet();
+    constexpr int32_t kColour = 0x00123456;
+    AddSectionLines(lines, sample.view.section, {kColour, 1});
+    std::vector<FigureItem> expected;
+    for (const FigureItem& item : section.items) {
+        if (item.layer == FigureLayer::kPlate || item.layer == FigureLayer::kStiffener) {
+            expected.push_back(item);
+        }
+    }
+    ASSERT_EQ(lines.items.size(), expected.size());
+    ASSERT_GT(expected.size(), 100U);
+    for (size_t i = 0; i < expected.size(); ++i) {
+        EXPECT_EQ(lines.items[i].shape, FigureShape::kLine);
+        EXPECT_EQ(lines.items[i].layer, expected[i].layer);
+        EXPECT_EQ(lines.items[i].colour, kColour);
+        EXPECT_DOUBLE_EQ(lines.items[i].size_mm, expected[i].size_mm + 1);
+        EXPECT_TRUE(
+            std::ranges::equal(PointsOf(lines, lines.items[i]), PointsOf(section, expected[i])));
+    }
+}
+
 }  // namespace
 }  // namespace corvane

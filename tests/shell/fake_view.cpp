@@ -33,6 +33,7 @@ void AskQuestions(View& view) {
     view.askSettings = [](SettingsChoice& choice) { return FakeView::askSettings(choice); };
     view.askPictures = [](PicturesChoice& choice) { return FakeView::askPictures(choice); };
     view.showReport = [](Report& report) { return FakeView::showReport(report); };
+    view.showComparison = [](Comparison& comparison) { FakeView::showComparison(comparison); };
     view.askFolder = [](const std::wstring& title, std::wstring& chosen) {
         kRecord("ask folder " + Narrow(title) + " [" + Narrow(chosen) + "]");
         if (!FakeView::folder.empty()) chosen = FakeView::folder;
@@ -145,6 +146,7 @@ std::function<bool(VersionChoice&)> FakeView::askVersion;
 std::function<bool(SettingsChoice&)> FakeView::askSettings;
 std::function<bool(PicturesChoice&)> FakeView::askPictures;
 std::function<bool(Report&)> FakeView::showReport;
+std::function<void(Comparison&)> FakeView::showComparison;
 std::wstring FakeView::folder;
 StatusParts FakeView::parts;
 bool FakeView::previewOn;
@@ -171,6 +173,7 @@ FakeView::FakeView() : before(std::exchange(shell, ShellState())) {
     askSettings = [](SettingsChoice&) { return false; };
     askPictures = [](PicturesChoice&) { return false; };
     showReport = [](Report&) { return false; };
+    showComparison = [](Comparison&) {};
     folder.clear();
     copied.clear();
     copiedHtml.clear();

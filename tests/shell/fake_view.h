@@ -7,6 +7,7 @@
 
 #include "preview/figure.h"
 #include "shell/all_pictures.h"
+#include "shell/comparison.h"
 #include "shell/exchange_boxes.h"
 #include "shell/model_list.h"
 #include "shell/report.h"
@@ -37,6 +38,7 @@ struct FakeView {
     static std::function<bool(SettingsChoice&)> askSettings;
     static std::function<bool(PicturesChoice&)> askPictures;
     static std::function<bool(Report&)> showReport;
+    static std::function<void(Comparison&)> showComparison;
     static std::wstring folder;  // given to askFolder; at first empty, which cancels
     static bool previewOn;
     static system::ErrorNumber pictureError;  // of the system when it writes a picture

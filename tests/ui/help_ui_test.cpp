@@ -184,6 +184,18 @@ TEST_F(HelpUi, F1InABoxIsAboutItsCommand) {
     }
 }
 
+TEST_F(HelpUi, F1InTheBoxOfAComparisonIsAboutIt) {
+    const std::wstring other = installation.File(L"other.ve2");
+    CopyFileW(installation.File(L"ship.ve2").c_str(), other.c_str(), FALSE);
+    Choose(main, ME_FileCompare);
+    ASSERT_TRUE(AnswerFilePrompt(program, other));
+    const HWND box = program.Window(kCompareBoxClass);
+    ASSERT_NE(box, nullptr);
+    ASSERT_TRUE(TakesKeys(box));
+    EXPECT_EQ(PageOfF1("compare-databases.html"), "compare-databases.html");
+    ASSERT_TRUE(PressButton(box, IDCANCEL));
+}
+
 TEST_F(HelpUi, F1InAWarningIsAboutWarningsAndInAQuestionAboutItsCommand) {
     Choose(main, ME_SectionRemove);
     const Box question = WaitForBox(program);

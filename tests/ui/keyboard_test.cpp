@@ -44,6 +44,7 @@ constexpr KeyCommand kKeyCommands[] = {
     {ME_FileSaveLegacy, 'F', 'V', Shows::kWindow, "Save as Velk Dos"},
     {ME_FileVersions, 'F', 'E', Shows::kVersionsBox, "Earlier versions"},
     {ME_FileCheck, 'F', 'C', Shows::kReportBox, "Check of ship.ve2"},
+    {ME_FileCompare, 'F', 'M', Shows::kWindow, "Compare with"},
     {ME_FileExportList, 'F', 'L', Shows::kWindow, "Export list"},
     {ME_FileExportPicture, 'F', 'P', Shows::kWindow, "Export picture"},
     {ME_FileExportAllPictures, 'F', 'X', Shows::kPicturesBox, "Export all pictures"},

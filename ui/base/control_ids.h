@@ -77,6 +77,7 @@ enum ControlId : int {
     LI_Versions,
     BT_Restore,
     BT_SaveCopy,
+    BT_CompareVersion,
     // Properties of a model.
     LB_Properties = 1440,  // names TX_Properties
     TX_Properties,
@@ -115,6 +116,14 @@ enum ControlId : int {
     BT_CopyReport,
     BT_SaveReport,
     BT_ReportAction,
+    // A comparison, which also has PIC_Section, BT_CopyReport and BT_SaveReport.
+    LB_Comparison = 1560,
+    LB_Differing,  // names LI_Differing
+    LI_Differing,
+    LB_Values,  // names LI_Values
+    LI_Values,
+    LB_Compared,  // below PIC_Section: what is in it
+    BT_ImportCompared,
     SB_Grip,  // of a dialog that the user can size
 };
 
@@ -136,5 +145,6 @@ inline constexpr wchar_t kSettingsBoxClass[] = L"FM_Settings";
 inline constexpr wchar_t kPagePreviewClass[] = L"FM_Page";
 inline constexpr wchar_t kPicturesBoxClass[] = L"FM_Pictures";
 inline constexpr wchar_t kReportBoxClass[] = L"FM_Report";
+inline constexpr wchar_t kCompareBoxClass[] = L"FM_Compare";
 
 }  // namespace corvane

@@ -168,7 +168,8 @@ void OnCommand(HWND window, const Notification& notification) {
 void OnNotify(HWND window, NMHDR& header) {
     const OpenDialog& dialog = StateOf(window);
     if (header.code == LVN_GETDISPINFOW && dialog.kind.fillIn != nullptr) {
-        return dialog.kind.fillIn(dialog.contents, reinterpret_cast<NMLVDISPINFOW&>(header).item);
+        return dialog.kind.fillIn(dialog.contents, static_cast<int>(header.idFrom),
+                                  reinterpret_cast<NMLVDISPINFOW&>(header).item);
     }
     if (dialog.kind.notify == nullptr) return;
     dialog.kind.notify(window, dialog.contents,
@@ -362,6 +363,16 @@ void PlaceButtons(HWND window, std::initializer_list<int> ids, const RECT& area,
         PlaceControl(window, *id, {right - size.cx, area.bottom - size.cy, right, area.bottom});
         right -= size.cx + Scaled(kButtonGap, dpi);
     }
+}
+
+void EnableButton(HWND window, int id, bool isEnabled) {
+    const HWND button = GetDlgItem(window, id);
+    if (button == nullptr) return;
+    if (!isEnabled && GetFocus() == button) {
+        const auto next = reinterpret_cast<WPARAM>(GetDlgItem(window, IDCANCEL));
+        SendMessageW(window, WM_NEXTDLGCTL, next, TRUE);
+    }
+    EnableWindow(button, isEnabled);
 }
 
 int GripHeight(UINT dpi) {

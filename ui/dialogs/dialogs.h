@@ -37,7 +37,7 @@ struct DialogKind {
     // Draws an item of a control that leaves this to its owner.
     void (*draw)(void* contents, const DRAWITEMSTRUCT& item) = nullptr;
     // Fills in what a list view asks its owner for (LVN_GETDISPINFO).
-    void (*fillIn)(void* contents, LVITEMW& item) = nullptr;
+    void (*fillIn)(void* contents, int list, LVITEMW& item) = nullptr;
     // Of a dialog that the user can size: places the controls in a client area of this size.
     // `place` then says which size it has at first, and may measure; it does not become smaller
     // than `least` [pixels at 96 dots per inch].
@@ -73,6 +73,9 @@ int HeightForText(HWND window, int id, int width);
 // right.
 void PlaceButtons(HWND window, std::initializer_list<int> ids, const RECT& area, UINT dpi);
 SIZE ButtonSize(HWND window, int id, UINT dpi);
+// A button that has the focus leaves it to Cancel before it is disabled. Nothing happens without
+// the button.
+void EnableButton(HWND window, int id, bool isEnabled);
 
 // What the grip of a dialog that can be sized needs below the buttons.
 int GripHeight(UINT dpi);

@@ -9,8 +9,8 @@
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
 #include "ui/base/dpi.h"
-#include "ui/base/keys.h"
 #include "ui/dialogs/list_controls.h"
+#include "ui/pictures/picture_commands.h"
 #include "ui/pictures/picture_table.h"
 #include "ui/pictures/section_picture.h"
 
@@ -162,24 +162,12 @@ void ShowPreview(HWND window, const ExchangeBox& box) {
 }
 
 bool OnPictureKey(HWND window, ExchangeBox& box, const MSG& message) {
-    const HWND picture = GetDlgItem(window, PIC_Section);
-    const Command* command = FindCommand(KeyOf(message));
-    switch (command == nullptr ? 0 : command->id) {
-        case ME_ViewZoomIn:
-            ZoomSectionPicture(picture, true);
-            return true;
-        case ME_ViewZoomOut:
-            ZoomSectionPicture(picture, false);
-            return true;
-        case ME_ViewFit:
-            FitSectionPicture(picture);
-            return true;
-        case ME_ViewNextBulkhead:
-            if (PreviewNextBulkhead(box.preview)) ShowPreview(window, box);
-            return true;
-        default:
-            return false;
+    const uint16_t command = CommandOfKey(message);
+    if (command != ME_ViewNextBulkhead) {
+        return RunPictureCommand(GetDlgItem(window, PIC_Section), command);
     }
+    if (PreviewNextBulkhead(box.preview)) ShowPreview(window, box);
+    return true;
 }
 
 void ChooseFile(HWND window, ExchangeBox& box, const std::wstring& path) {

@@ -11,6 +11,7 @@
 #include "ui/base/keys.h"
 #include "ui/dialogs/dialogs.h"
 #include "ui/dialogs/list_controls.h"
+#include "ui/dialogs/row_list.h"
 #include "ui/pictures/icons.h"
 
 namespace corvane {
@@ -22,7 +23,6 @@ constexpr SIZE kLeastSize{480, 320};
 constexpr int kMargin = 11;
 constexpr int kGap = 8;
 constexpr int kLabelGap = 3;
-constexpr int kCellPadding = 14;
 constexpr int kIconGap = 3;
 constexpr int kDetailLines = 5;
 constexpr int kFieldPadding = 8;
@@ -41,37 +41,6 @@ bool HasSeverities(const Report& report) {
 }
 
 // ---- Rows --------------------------------------------------------------------------------------
-
-// The first row after `row` with this property; -1 when no more row has it.
-int NextRow(HWND list, int row, LPARAM property) {
-    return static_cast<int>(
-        SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(row), property));
-}
-
-std::vector<size_t> SelectedRows(HWND list) {
-    std::vector<size_t> rows;
-    for (int row = NextRow(list, -1, LVNI_SELECTED); row >= 0;
-         row = NextRow(list, row, LVNI_SELECTED)) {
-        rows.push_back(static_cast<size_t>(row));
-    }
-    return rows;
-}
-
-// -1: all rows.
-void SetState(HWND list, int row, UINT state) {
-    LVITEMW item{};
-    item.stateMask = LVIS_SELECTED | (row < 0 ? 0U : LVIS_FOCUSED);
-    item.state = state;
-    SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-}
-
-// The row that has the focus, or, where that is not selected, the first one that is; else -1.
-int ShownRow(HWND list) {
-    const int row = NextRow(list, -1, LVNI_FOCUSED);
-    const bool isSelected = row >= 0 && SendMessageW(list, LVM_GETITEMSTATE,
-                                                     static_cast<WPARAM>(row), LVIS_SELECTED) != 0;
-    return isSelected ? row : NextRow(list, -1, LVNI_SELECTED);
-}
 
 // Only where there are more lines than the field shows.
 void ShowScrolling(HWND field) {
@@ -92,39 +61,15 @@ void ShowDetails(HWND window, Report& report) {
     ShowScrolling(field);
 }
 
-void ShowSelected(HWND list, const Report& report) {
-    SendMessageW(list, LVM_ENSUREVISIBLE, report.selected, FALSE);
-}
-
-// An action that the report no longer has cannot be pressed.
-void EnableAction(HWND window, bool isEnabled) {
-    const HWND button = GetDlgItem(window, BT_ReportAction);
-    if (button == nullptr) return;
-    if (!isEnabled && GetFocus() == button) {
-        const auto next = reinterpret_cast<WPARAM>(GetDlgItem(window, IDCANCEL));
-        SendMessageW(window, WM_NEXTDLGCTL, next, TRUE);
-    }
-    EnableWindow(button, isEnabled);
-}
-
 void ShowRows(HWND window, Report& report) {
     const HWND list = ListOf(window);
-    EnableAction(window, !report.action.empty());
+    EnableButton(window, BT_ReportAction, !report.action.empty());
     SetDlgItemTextW(window, LB_Report, WithLineFeeds(report.summary).c_str());
-    SetState(list, -1, 0);
-    SendMessageW(list, LVM_SETITEMCOUNT, report.rows.size(), 0);
-    InvalidateRect(list, nullptr, TRUE);
-    if (!report.rows.empty()) {
-        report.selected = std::min(report.selected, report.rows.size() - 1);
-        const int row = static_cast<int>(report.selected);
-        SetState(list, row, LVIS_SELECTED | LVIS_FOCUSED);
-        SendMessageW(list, LVM_SETSELECTIONMARK, 0, row);
-        ShowSelected(list, report);
-    }
+    SetRows(list, report.rows.size(), report.selected);
     ShowDetails(window, report);
 }
 
-void FillIn(void* contents, LVITEMW& item) {
+void FillIn(void* contents, int, LVITEMW& item) {
     const Report& report = ReportOf(contents);
     const auto index = static_cast<size_t>(item.iItem);
     if (item.iItem < 0 || index >= report.rows.size()) return;
@@ -137,20 +82,6 @@ void FillIn(void* contents, LVITEMW& item) {
 }
 
 // ---- Controls ----------------------------------------------------------------------------------
-
-void AddList(HWND window, const Report& report) {
-    const HWND list = AddControl(window, {LI_Report, WC_LISTVIEWW, report.title,
-                                          WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA |
-                                              LVS_SHOWSELALWAYS | LVS_NOSORTHEADER,
-                                          WS_EX_CLIENTEDGE});
-    const DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
-    SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, extended, extended);
-    LightUpRows(list);
-    int index = 0;
-    for (const ReportColumn& column : report.columns) {
-        AddListColumn(list, index++, column.title.c_str(), column.alignsRight);
-    }
-}
 
 void AddButtons(HWND window, const Report& report) {
     const DWORD button = WS_VISIBLE | WS_TABSTOP;
@@ -166,7 +97,7 @@ void AddButtons(HWND window, const Report& report) {
 void AddControls(HWND window, void* contents) {
     Report& report = ReportOf(contents);
     AddControl(window, {LB_Report, WC_STATICW, L"", WS_VISIBLE | SS_LEFT | SS_NOPREFIX});
-    AddList(window, report);
+    AddRowList(window, LI_Report, report.title, report.columns);
     AddControl(window, {LB_ReportDetails, WC_STATICW, L"&Details:", WS_VISIBLE | SS_LEFT});
     AddControl(window,
                {TX_ReportDetails, WC_EDITW, L"",
@@ -196,39 +127,16 @@ void SetSeverityIcons(HWND list, UINT dpi) {
     if (old != 0) ImageList_Destroy(reinterpret_cast<HIMAGELIST>(old));
 }
 
-// The width of a column for its title and its usual texts, without a picture.
-int WidthOf(HWND list, const ReportColumn& column, UINT dpi) {
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): messages carry handles as numbers.
-    const auto font = reinterpret_cast<HFONT>(SendMessageW(list, WM_GETFONT, 0, 0));
-    const LONG title = TextSize(list, font, column.title).cx;
-    const LONG sample = TextSize(list, font, column.sample).cx;
-    return static_cast<int>(std::max(title, sample)) + Scaled(kCellPadding, dpi);
-}
-
 SIZE Place(HWND window, void* contents, UINT dpi) {
     const Report& report = ReportOf(contents);
     const HWND list = ListOf(window);
     const int picture =
         HasSeverities(report) ? SystemMetric(SM_CXSMICON, dpi) + Scaled(kIconGap, dpi) : 0;
     if (picture != 0) SetSeverityIcons(list, dpi);
-    for (size_t i = 0; i < report.columns.size(); ++i) {
-        const int width = WidthOf(list, report.columns[i], dpi) + (i == 0 ? picture : 0);
-        SendMessageW(list, LVM_SETCOLUMNWIDTH, i, width);
-    }
+    FitColumns(list, report.columns, dpi);
+    const int first = WidthOfColumn(list, report.columns.front(), dpi);
+    SendMessageW(list, LVM_SETCOLUMNWIDTH, 0, first + picture);
     return {Scaled(kClientSize.cx, dpi), Scaled(kClientSize.cy, dpi)};
-}
-
-// The last column has what the others leave, but not less than its usual texts need.
-void FitLastColumn(HWND list, const Report& report, UINT dpi) {
-    RECT client{};
-    GetClientRect(list, &client);
-    const size_t last = report.columns.size() - 1;
-    auto rest = static_cast<int>(client.right);
-    for (size_t i = 0; i < last; ++i) {
-        rest -= static_cast<int>(SendMessageW(list, LVM_GETCOLUMNWIDTH, i, 0));
-    }
-    SendMessageW(list, LVM_SETCOLUMNWIDTH, last,
-                 std::max(rest, WidthOf(list, report.columns[last], dpi)));
 }
 
 void PlaceRow(HWND window, const RECT& area, UINT dpi) {
@@ -261,9 +169,9 @@ void Fit(HWND window, void* contents, SIZE client, UINT dpi) {
     RECT before{};
     GetClientRect(list, &before);
     PlaceControl(window, LI_Report, area);
-    FitLastColumn(list, report, dpi);
+    WidenColumn(list, report.columns, report.columns.size() - 1, dpi);
     // Without a size no row was in view.
-    if (before.bottom == 0) ShowSelected(list, report);
+    if (before.bottom == 0) EnsureRowVisible(list, report.selected);
 }
 
 // ---- What the user does ------------------------------------------------------------------------
@@ -287,10 +195,7 @@ void RunAction(HWND window, Report& report) {
 void Notify(HWND window, void* contents, const Notification& notification) {
     Report& report = ReportOf(contents);
     const auto [control, code] = notification;
-    if (control == LI_Report && (code == static_cast<int>(LVN_ITEMCHANGED) ||
-                                 code == static_cast<int>(LVN_ODSTATECHANGED))) {
-        return ShowDetails(window, report);
-    }
+    if (control == LI_Report && IsSelectionNotification(code)) return ShowDetails(window, report);
     if (code != BN_CLICKED) return;
     if (control == BT_CopyReport) CopyReport(report, {});
     if (control == BT_SaveReport) SaveReport(report);
@@ -299,7 +204,7 @@ void Notify(HWND window, void* contents, const Notification& notification) {
 
 void SelectAll(HWND window) {
     if (GetFocus() == ListOf(window)) {
-        SetState(ListOf(window), -1, LVIS_SELECTED);
+        SelectAllRows(ListOf(window));
     } else {
         SendDlgItemMessageW(window, TX_ReportDetails, EM_SETSEL, 0, -1);
     }

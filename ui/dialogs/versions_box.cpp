@@ -1,10 +1,12 @@
 #include "ui/dialogs/versions_box.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 #include "files/paths.h"
 #include "report/messages.h"
+#include "shell/database_comparison.h"
 #include "shell/exchange_boxes.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
@@ -58,10 +60,11 @@ void AddRow(HWND list, int row, const TextVersion& version) {
     }
 }
 
-void SelectFirstRow(HWND list) {
+void SelectRow(HWND list, int row) {
     LVITEMW item{};
     item.state = item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-    SendMessageW(list, LVM_SETITEMSTATE, 0, reinterpret_cast<LPARAM>(&item));
+    SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    SendMessageW(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
 
 // Models and buttons follow the selected version.
@@ -76,9 +79,20 @@ void ShowSelected(HWND window, const VersionChoice& choice) {
                                              {static_cast<int32_t>(models.size())});
     SetDlgItemTextW(window, LB_Sections, label.c_str());
     FillList(GetDlgItem(window, LI_Sections), models);
-    for (const int button : {int{BT_Restore}, int{BT_SaveCopy}}) {
-        EnableWindow(GetDlgItem(window, button), version != nullptr);
+    for (const int button : {int{BT_Restore}, int{BT_SaveCopy}, int{BT_CompareVersion}}) {
+        EnableButton(window, button, version != nullptr);
     }
+}
+
+// Into the empty list. The version of this number is selected; without it the newest one.
+void ListVersions(HWND window, const VersionChoice& choice, int32_t number) {
+    const HWND list = VersionsOf(window);
+    const std::vector<TextVersion>& versions = choice.versions;
+    int row = 0;
+    for (const TextVersion& version : versions) AddRow(list, row++, version);
+    const auto found = std::ranges::find(versions, number, &TextVersion::number);
+    SelectRow(list, found == versions.end() ? 0 : static_cast<int>(found - versions.begin()));
+    if (choice.versions.empty()) ShowSelected(window, choice);
 }
 
 void AddControls(HWND window, void* contents) {
@@ -101,12 +115,10 @@ void AddControls(HWND window, void* contents) {
     const DWORD button = WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON;
     AddControl(window, {BT_Restore, WC_BUTTONW, L"&Restore", button});
     AddControl(window, {BT_SaveCopy, WC_BUTTONW, L"&Save a copy as...", button});
+    AddControl(window, {BT_CompareVersion, WC_BUTTONW, L"&Compare...", button});
     AddControl(window,
                {IDCANCEL, WC_BUTTONW, L"Close", WS_VISIBLE | WS_TABSTOP | BS_DEFPUSHBUTTON});
-    int row = 0;
-    for (const TextVersion& version : choice.versions) AddRow(list, row++, version);
-    SelectFirstRow(list);
-    if (choice.versions.empty()) ShowSelected(window, choice);
+    ListVersions(window, choice, 0);
 }
 
 // Each column has room for its usual texts. The result is the width of all.
@@ -141,8 +153,17 @@ SIZE Place(HWND window, void*, UINT dpi) {
     PlaceOnTop(window, LI_Sections, kModelRows * rowHeight + 2 * SystemMetric(SM_CYEDGE, dpi),
                area);
     area.bottom = area.top + gap + ButtonSize(window, IDCANCEL, dpi).cy;
-    PlaceButtons(window, {BT_Restore, BT_SaveCopy, IDCANCEL}, area, dpi);
+    PlaceButtons(window, {BT_Restore, BT_SaveCopy, BT_CompareVersion, IDCANCEL}, area, dpi);
     return {area.right + margin, area.bottom + margin};
+}
+
+// An import from there has replaced one more version.
+void Compare(HWND window, VersionChoice& choice, const TextVersion& version) {
+    const int32_t number = version.number;
+    if (!CompareWithVersion(version)) return;
+    SendMessageW(VersionsOf(window), LVM_DELETEALLITEMS, 0, 0);
+    choice = ReadVersions();
+    ListVersions(window, choice, number);
 }
 
 void Notify(HWND window, void* contents, const Notification& notification) {
@@ -154,6 +175,7 @@ void Notify(HWND window, void* contents, const Notification& notification) {
     const TextVersion* version = SelectedVersion(window, choice);
     if (version == nullptr || code != BN_CLICKED) return;
     if (control == BT_SaveCopy) SaveVersionAs(choice.path, *version);
+    if (control == BT_CompareVersion) Compare(window, choice, *version);
     if (control == BT_Restore) {
         choice.chosen = static_cast<size_t>(version - choice.versions.data());
         EndDialog(window, IDOK);

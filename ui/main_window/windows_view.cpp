@@ -6,6 +6,7 @@
 #include "ui/base/own_window.h"
 #include "ui/base/system_services.h"
 #include "ui/dialogs/about.h"
+#include "ui/dialogs/compare_box.h"
 #include "ui/dialogs/export_box.h"
 #include "ui/dialogs/folder_prompt.h"
 #include "ui/dialogs/import_box.h"
@@ -82,6 +83,7 @@ View WindowsView() {
     view.askPictures = AskPictures;
     view.showProperties = ShowProperties;
     view.showReport = ShowReport;
+    view.showComparison = ShowComparison;
     view.openDocument = OpenDocument;
     view.copyText = [](const std::wstring& text, const std::string& html) {
         return CopyText(MainHandle(), text, html);

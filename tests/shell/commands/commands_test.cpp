@@ -49,8 +49,9 @@ TEST(Commands, MenusHaveTheirItemsInOrder) {
     EXPECT_EQ(Items(Menu::kFile),
               (Captions{L"&New database...", L"&Open database...", L"&Save database as...",
                         L"Save as &Velk Dos...", L"&Earlier versions...", L"&Check database...",
-                        L"Export &list...", L"Export &picture...", L"E&xport all pictures...",
-                        L"Pr&int...", L"Print &all sections...", L"Se&ttings...", L"-", L"&Quit"}));
+                        L"Co&mpare with...", L"Export &list...", L"Export &picture...",
+                        L"E&xport all pictures...", L"Pr&int...", L"Print &all sections...",
+                        L"Se&ttings...", L"-", L"&Quit"}));
     EXPECT_EQ(Items(Menu::kEdit), (Captions{L"&Undo", L"&Redo", L"-", L"&Find", L"Select &all",
                                             L"Copy l&ist", L"Copy &picture"}));
     EXPECT_EQ(Items(Menu::kView), (Captions{L"Sort by &name",

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "report/messages.h"
+#include "tests/shell/compared_ships.h"
 #include "tests/shell/fake_view.h"
 #include "tests/ui/dialogs/modal_window.h"
 #include "ui/base/control_ids.h"
@@ -86,6 +87,27 @@ TEST_F(VersionsBoxTest, RestoreReturnsTheSelectedVersion) {
     EXPECT_EQ(choice.chosen, 1U);
 }
 
+TEST_F(VersionsBoxTest, CompareComparesTheSelectedVersionWithTheDatabase) {
+    const test::TemporaryFolder folder;
+    shell.database.path = folder.File(L"ship.ve2");
+    test::WriteFileBytes(shell.database.path, test::ShipNow());
+    std::wstring name;
+    std::wstring before;
+    test::FakeView::showComparison = [&](Comparison& comparison) {
+        name = comparison.beforeName;
+        before = comparison.before;
+    };
+    EXPECT_FALSE(Ask([](HWND window) {
+        Select(window, 1);
+        SendDlgItemMessageW(window, BT_CompareVersion, BM_CLICK, 0, 0);
+        EXPECT_TRUE(IsWindowVisible(window)) << "the box stays";
+        EXPECT_EQ(Cell(window, 1, 1), "Copy");
+        Press(window, IDCANCEL);
+    }));
+    EXPECT_EQ(name, L"the version of 2026-03-29 14:05:30, before Copy");
+    EXPECT_EQ(before, choice.versions[1].file);
+}
+
 TEST_F(VersionsBoxTest, WithoutVersionsThereIsOnlyClose) {
     choice.versions.clear();
     EXPECT_FALSE(Ask([](HWND window) {
@@ -93,6 +115,7 @@ TEST_F(VersionsBoxTest, WithoutVersionsThereIsOnlyClose) {
                   Narrow(FormatMessage(kMsgNoVersions, {L"ship & sons.ve2"})));
         EXPECT_FALSE(IsWindowEnabled(GetDlgItem(window, BT_Restore)));
         EXPECT_FALSE(IsWindowEnabled(GetDlgItem(window, BT_SaveCopy)));
+        EXPECT_FALSE(IsWindowEnabled(GetDlgItem(window, BT_CompareVersion)));
         Press(window, IDCANCEL);
     }));
 }
@@ -109,7 +132,8 @@ TEST_F(VersionsBoxTest, EnterAndEscCloseAndRestoreNothing) {
 TEST_F(VersionsBoxTest, TabGoesFromTheVersionsToClose) {
     Ask([](HWND window) {
         HWND control = GetDlgItem(window, LI_Versions);
-        for (const int id : {int{LI_Sections}, int{BT_Restore}, int{BT_SaveCopy}, int{IDCANCEL}}) {
+        for (const int id : {int{LI_Sections}, int{BT_Restore}, int{BT_SaveCopy},
+                             int{BT_CompareVersion}, int{IDCANCEL}}) {
             control = GetNextDlgTabItem(window, control, FALSE);
             EXPECT_EQ(GetDlgCtrlID(control), id);
         }
