@@ -106,7 +106,7 @@ void CompareShipRecords(const BasicShipData& before, const BasicShipData& now,
     const Fields fields = FieldsOf(before, now);
     for (size_t i = 0; i < fields.names.size(); ++i) {
         if (fields.before[i] == fields.now[i]) continue;
-        const Difference difference{L"Ship record", fields.names[i], fields.before[i],
+        const Difference difference{L"Basic Ship Data", fields.names[i], fields.before[i],
                                     fields.now[i]};
         if (!onDifference(difference)) return;
     }

@@ -102,7 +102,7 @@ struct ComparisonBoxTest : testing::Test {
 TEST_F(ComparisonBoxTest, RowsAreTheShipAndTheModelsThatDiffer) {
     ASSERT_EQ(box.rows.size(), size_t{test::kComparedRows});
     EXPECT_EQ(DifferingCells(box, test::kShipChanged),
-              (Cells{L"Changed", L"", L"Ship record", L"", L""}));
+              (Cells{L"Changed", L"", L"Basic Ship Data", L"", L""}));
     EXPECT_EQ(DifferingCells(box, test::kSectionChanged),
               (Cells{L"Changed", L" 1", L"Engine room, frame 30", L"Section", L"20.700"}));
     EXPECT_EQ(DifferingCells(box, test::kSectionRenamed),

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 
 #include "tests/ui/main_window_fixture.h"
@@ -16,8 +18,12 @@ struct HistoryUi : MainWindowFixture {
     std::wstring path = installation.File(L"ship.ve2");
 
     std::string Text() const { return test::ReadFileBytes(path); }
+    // While an edit puts the new text in place, the file cannot be read.
     bool TextBecomes(const std::string& text) const {
-        return WaitUntil([&] { return std::filesystem::exists(path) && Text() == text; });
+        return WaitUntil([&] {
+            std::ifstream file(std::filesystem::path(path), std::ios::binary);
+            return file && std::string(std::istreambuf_iterator(file), {}) == text;
+        });
     }
     // Deletes the selected model.
     void Delete(int left) const {

@@ -22,7 +22,7 @@ constexpr int kMargin = 11;
 constexpr int kGap = 8;
 constexpr int kLabelGap = 3;
 constexpr int kFilesWidth = 250;
-constexpr SIZE kSectionsSize{390, 430};
+constexpr SIZE kSectionsSize{390, 422};
 constexpr int kTableWidth = 205;
 constexpr int kNoteLines = 3;  // of LB_Notes
 

@@ -127,7 +127,7 @@ TEST_F(CompareBox, ShowsSummaryAndWhatDiffersWithTheFirstRowSelected) {
         EXPECT_EQ(Narrow(WindowText(window)), "Comparison with other.ve2");
         EXPECT_EQ(TextOf(window, LB_Comparison), Narrow(SummaryOf(comparison)));
         ASSERT_EQ(Count(window, LI_Differing), test::kComparedRows);
-        EXPECT_EQ(Cell(window, LI_Differing, test::kShipChanged, 2), "Ship record");
+        EXPECT_EQ(Cell(window, LI_Differing, test::kShipChanged, 2), "Basic Ship Data");
         EXPECT_EQ(Cell(window, LI_Differing, test::kSectionRemoved, 0), "Removed");
         EXPECT_EQ(Cell(window, LI_Differing, test::kSectionRemoved, 4), "68.700");
         EXPECT_EQ(GetFocus(), GetDlgItem(window, LI_Differing));
