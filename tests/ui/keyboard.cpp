@@ -94,6 +94,17 @@ bool HasMouse(HWND control, bool has) {
     });
 }
 
+bool RepeatUntil(const std::function<void()>& press, const std::function<bool()>& condition) {
+    ULONGLONG tried = 0;
+    return WaitUntil([&] {
+        if (condition()) return true;
+        if (tried != 0 && GetTickCount64() < tried + kNextTry) return false;
+        press();
+        tried = GetTickCount64();
+        return false;
+    });
+}
+
 }  // namespace
 
 bool TakesKeys(HWND window) {
@@ -130,14 +141,11 @@ void TypeWithControlShift(WORD key) {
 }
 
 bool PressUntil(WORD key, const std::function<bool()>& condition) {
-    ULONGLONG tried = 0;
-    return WaitUntil([&] {
-        if (condition()) return true;
-        if (tried != 0 && GetTickCount64() < tried + kNextTry) return false;
-        Type({key});
-        tried = GetTickCount64();
-        return false;
-    });
+    return RepeatUntil([key] { Type({key}); }, condition);
+}
+
+bool PressWithAltUntil(WORD key, const std::function<bool()>& condition) {
+    return RepeatUntil([key] { TypeWithAlt(key); }, condition);
 }
 
 bool ChooseByKeys(const Program& program, WORD menu, WORD item) {

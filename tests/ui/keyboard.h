@@ -29,6 +29,8 @@ bool ChooseByKeys(const Program& program, WORD menu, WORD item);
 // Presses a key until the condition holds, again after a while when it had no effect, for the
 // reason above; false when it never holds.
 bool PressUntil(WORD key, const std::function<bool()>& condition);
+// The same with Alt held.
+bool PressWithAltUntil(WORD key, const std::function<bool()>& condition);
 // A text, whatever the layout of the keyboard; a line feed is the Enter key.
 void TypeText(std::wstring_view text);
 
