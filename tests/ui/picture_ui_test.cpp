@@ -93,7 +93,7 @@ TEST_F(PictureUiTest, MenuSaysWhyAModelWithoutAPictureHasNoExport) {
     ASSERT_TRUE(WaitUntil([&] { return SelectedRow(Control(LI_Sections)) == 13; })) << "torsion";
     TypeWithAlt('F');
     ASSERT_TRUE(MenuIsOpen(true));
-    EXPECT_TRUE(PressUntil(VK_DOWN, [&] {
+    EXPECT_TRUE(PressUntil(VK_UP, [&] {
         return TextOf(Control(PAN_Help)) ==
                L"Select a section or a bulkhead arrangement first, and turn the preview on";
     })) << Narrow(TextOf(Control(PAN_Help)));
