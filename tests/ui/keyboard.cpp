@@ -94,17 +94,6 @@ bool HasMouse(HWND control, bool has) {
     });
 }
 
-bool RepeatUntil(const std::function<void()>& press, const std::function<bool()>& condition) {
-    ULONGLONG tried = 0;
-    return WaitUntil([&] {
-        if (condition()) return true;
-        if (tried != 0 && GetTickCount64() < tried + kNextTry) return false;
-        press();
-        tried = GetTickCount64();
-        return false;
-    });
-}
-
 }  // namespace
 
 bool TakesKeys(HWND window) {
@@ -144,8 +133,15 @@ bool PressUntil(WORD key, const std::function<bool()>& condition) {
     return RepeatUntil([key] { Type({key}); }, condition);
 }
 
-bool PressWithAltUntil(WORD key, const std::function<bool()>& condition) {
-    return RepeatUntil([key] { TypeWithAlt(key); }, condition);
+bool RepeatUntil(const std::function<void()>& act, const std::function<bool()>& condition) {
+    ULONGLONG tried = 0;
+    return WaitUntil([&] {
+        if (condition()) return true;
+        if (tried != 0 && GetTickCount64() < tried + kNextTry) return false;
+        act();
+        tried = GetTickCount64();
+        return false;
+    });
 }
 
 bool ChooseByKeys(const Program& program, WORD menu, WORD item) {

@@ -29,8 +29,8 @@ bool ChooseByKeys(const Program& program, WORD menu, WORD item);
 // Presses a key until the condition holds, again after a while when it had no effect, for the
 // reason above; false when it never holds.
 bool PressUntil(WORD key, const std::function<bool()>& condition);
-// The same with Alt held.
-bool PressWithAltUntil(WORD key, const std::function<bool()>& condition);
+// The same of any keys, and of movements of the mouse, of which the display may make one.
+bool RepeatUntil(const std::function<void()>& act, const std::function<bool()>& condition);
 // A text, whatever the layout of the keyboard; a line feed is the Enter key.
 void TypeText(std::wstring_view text);
 

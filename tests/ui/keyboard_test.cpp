@@ -316,9 +316,9 @@ TEST_F(KeyboardTest, LettersOfTheButtonsPressThem) {
                    {'E', Shows::kBox, "SectInput.exe"},
                    {'R', Shows::kBox, "SectRule.exe"}};
     for (const auto& button : buttons) {
-        ASSERT_TRUE(PressWithAltUntil(static_cast<WORD>(button.letter), [&] {
-            return program.FindNow(ClassOf(button.shows)) != nullptr;
-        })) << button.text;
+        ASSERT_TRUE(RepeatUntil([&] { TypeWithAlt(static_cast<WORD>(button.letter)); },
+                                [&] { return program.FindNow(ClassOf(button.shows)) != nullptr; }))
+            << button.text;
         ExpectAndClose(button.shows, button.text);
         EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == main; }));
     }

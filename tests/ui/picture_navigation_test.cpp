@@ -1,6 +1,7 @@
 // The picture of the real program: zoomed and moved by mouse and keys, and in the whole window.
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <set>
 #include <vector>
 
@@ -54,8 +55,19 @@ struct PictureNavigation : MainWindowFixture {
     bool Changes(const std::vector<uint32_t>& before) const {
         return WaitUntil([&] { return Pixels() != before; });
     }
+    // Without a tool tip over the picture.
     bool Becomes(const std::vector<uint32_t>& wanted) const {
+        MoveMouse(Away());
         return WaitUntil([&] { return Pixels() == wanted; });
+    }
+    // Moves the pointer within the picture, near its middle and so far beside it.
+    bool MovesUntil(int beside, const std::function<bool()>& condition) const {
+        return RepeatUntil(
+            [&] {
+                MoveMouse({Middle().x + beside, Middle().y});
+                MoveMouse({Middle().x + beside + 3, Middle().y});
+            },
+            condition);
     }
 };
 
@@ -130,13 +142,10 @@ TEST_F(PictureNavigation, PointerOverThePictureIsDescribedInTheStatusLine) {
     const HWND status = Control(PAN_Help);
     ASSERT_TRUE(WaitUntil([&] { return !TextOf(status).starts_with(L"y "); }));
     const std::wstring before = TextOf(status);
-    MoveMouse(Middle());
-    MoveMouse({Middle().x + 3, Middle().y});
-    EXPECT_TRUE(WaitUntil([&] { return TextOf(status).starts_with(L"y "); }));
+    EXPECT_TRUE(MovesUntil(0, [&] { return TextOf(status).starts_with(L"y "); }));
     const std::wstring first = TextOf(status);
     EXPECT_NE(first.find(L" m, z "), std::wstring::npos);
-    MoveMouse({Middle().x + 30, Middle().y});
-    EXPECT_TRUE(WaitUntil([&] { return TextOf(status) != first; }));
+    EXPECT_TRUE(MovesUntil(30, [&] { return TextOf(status) != first; }));
     MoveMouse(Away());
     EXPECT_TRUE(TextBecomes(status, before)) << "what it said before is back";
 }
@@ -160,9 +169,7 @@ TEST_F(PictureNavigation, BoxThatClosesOverARestingPointerLeavesTheStatusLine) {
 }
 
 TEST_F(PictureNavigation, ToolTipSaysWhatIsUnderTheRestingPointer) {
-    MoveMouse(Middle());
-    MoveMouse({Middle().x + 3, Middle().y});
-    EXPECT_TRUE(WaitUntil([&] {
+    EXPECT_TRUE(MovesUntil(0, [&] {
         const HWND toolTip = program.FindNow(TOOLTIPS_CLASSW);
         return toolTip != nullptr && IsWindowVisible(toolTip);
     }));
@@ -201,8 +208,8 @@ TEST_F(PictureNavigation, KeysMarkAndTheTableCanBeCopied) {
     ASSERT_TRUE(FocusBecomes(main, TX_Facts));
     const std::wstring facts = TextOf(Control(TX_Facts));
     SendMessageW(Control(TX_Facts), EM_SETSEL, 0, -1);
-    TypeWithControl('C');
-    EXPECT_TRUE(WaitUntil([&] { return ClipboardText() == facts; }));
+    EXPECT_TRUE(
+        RepeatUntil([] { TypeWithControl('C'); }, [&] { return ClipboardText() == facts; }));
 }
 
 TEST_F(PictureNavigation, AnotherModelForgetsTheMarks) {
