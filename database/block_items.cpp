@@ -11,6 +11,7 @@
 namespace corvane {
 namespace {
 
+constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kSeparators = " \t,;";
 
 // ---- Columns -----------------------------------------------------------------------------------
@@ -33,15 +34,15 @@ void AddWord(std::string& text, std::string_view word) {
     text.append(number.data(), AppendGeneral(number.data(), LeadingNumber(word)));
 }
 
-// The columns of a line of numbers, a tab between them.
-void AddNumbers(std::string& text, std::string_view line) {
+// The words of a line, a tab between them.
+void AddWords(std::string& text, std::string_view line, std::string_view separators) {
     bool isFirst = true;
-    for (size_t begin = line.find_first_not_of(kSeparators); begin != std::string_view::npos;) {
-        const size_t end = std::min(line.find_first_of(kSeparators, begin), line.size());
+    for (size_t begin = line.find_first_not_of(separators); begin != std::string_view::npos;) {
+        const size_t end = std::min(line.find_first_of(separators, begin), line.size());
         if (!isFirst) text += '\t';
         isFirst = false;
         AddWord(text, line.substr(begin, end - begin));
-        begin = line.find_first_not_of(kSeparators, end);
+        begin = line.find_first_not_of(separators, end);
     }
 }
 
@@ -49,13 +50,16 @@ void AddNameAndNumbers(std::string& text, std::string_view line) {
     const size_t end = std::min({line.find('\t'), kNameWidth, line.size()});
     text += Trim(line.substr(0, end));
     text += '\t';
-    AddNumbers(text, line.substr(end));
+    AddWords(text, line.substr(end), kSeparators);
 }
 
 void AddLine(std::string& text, LineForm form, std::string_view line) {
     switch (form) {
         case LineForm::kNumbers:
-            AddNumbers(text, line);
+            AddWords(text, line, kSeparators);
+            break;
+        case LineForm::kWords:
+            AddWords(text, line, kBlanks);
             break;
         case LineForm::kName:
             text += Trim(line);
@@ -91,8 +95,11 @@ struct ItemReader {
     std::string closingRule = FetchStructuralLines().commentRule;
 };
 
+// Only after numbers a rule is no part of the line: a name may end like one.
 void ReadItemLine(ItemReader& reader, LineForm form, BlockItem& item) {
-    AddLine(item.text, form, WithoutClosingRule(reader.row.line, reader.closingRule));
+    AddLine(item.text, form,
+            form == LineForm::kNumbers ? WithoutClosingRule(reader.row.line, reader.closingRule)
+                                       : reader.row.line);
     LoadLine(reader.row);
 }
 
@@ -102,8 +109,8 @@ BlockItem ReadItem(ItemReader& reader, const ItemNames& names) {
     const size_t lines = isKnown ? names.lines.size() : 1;
     for (size_t i = 0; i < lines && AtRow(reader.row); ++i) {
         if (i != 0) item.text += '\n';
-        const LineForm form = isKnown ? names.lines[i].form : LineForm::kNumbers;
-        if (form == LineForm::kNumbers) EmptyLine(reader.row);
+        const LineForm form = isKnown ? names.lines[i].form : LineForm::kWords;
+        if (form != LineForm::kName) EmptyLine(reader.row);
         if (AtRow(reader.row)) ReadItemLine(reader, form, item);
     }
     if (names.hasOwner) item.owner = TakeOwner(item.text);

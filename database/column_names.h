@@ -16,7 +16,8 @@ struct ColumnName {
 };
 
 enum class LineForm {
-    kNumbers,         // numbers only
+    kNumbers,         // numbers only, with what readers accept between them
+    kWords,           // of a line that is not known: what is between blanks
     kName,            // the whole line is one text
     kNameAndNumbers,  // a name of up to 40 characters or to the first tab, and numbers
 };

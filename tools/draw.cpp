@@ -46,7 +46,8 @@ FigureWriter WriterOf(const std::wstring& kind) {
     return kind == L"png" ? toolState.output.writePng : nullptr;
 }
 
-// The writer of this kind. False when there is none: the arguments are wrong then, and reported.
+// The writer of this kind. False for a kind that cannot be written, which is reported as a wrong
+// argument.
 bool RequireWriter(const Request& request, const std::wstring& kind, FigureWriter& write) {
     write = WriterOf(kind);
     if (write != nullptr) return true;

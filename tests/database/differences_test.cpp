@@ -116,6 +116,19 @@ TEST_F(DifferencesTest, AddedAndRemovedRowsHaveAllTheirValues) {
                     "3.2 1"});
 }
 
+TEST_F(DifferencesTest, NamesAndUnknownRowsThatEndLikeACommentRuleAreNotCut) {
+    const std::string golden = Golden("section_full.ve2");
+    EXPECT_EQ(Between(golden, Replaced(golden, "\r\nVoid\r\n", "\r\nVoid*\r\n")),
+              Lines{"Compartment 2 'Void*'|Name|Void|Void*"});
+    EXPECT_EQ(Between(golden, Replaced(golden, "ID-0001", "ID-0001*")),
+              Lines{"Head|Identifier|ID-0001|ID-0001*"});
+    const std::string table = golden + "------------------ WELDS ------------------\r\n a 2\r\n";
+    EXPECT_EQ(Between(table, Replaced(table, " a 2", " a 2*")),
+              Lines{"WELDS, row 1|Column 2|2|2*"});
+    EXPECT_EQ(Between(table, Replaced(table, " a 2", " a, 2")),
+              Lines{"WELDS, row 1|Column 1|a|a,"});
+}
+
 // A row that has nothing but its panel's number is a row.
 TEST_F(DifferencesTest, EmptyRowsComeAndGo) {
     const std::string golden = Golden("section_full.ve2");
