@@ -66,6 +66,11 @@ struct Crossing {
     double tolerance = 0;  // a curve that runs along the line within it is on the line
 };
 
+// Whether ComputeStrake gave the item a length.
+inline bool IsComputed(const StrakeItem& item) {
+    return item.length > 0;
+}
+
 // The curve of an item: false when its ends coincide or one of its values is not a number. What
 // ComputeStrake refuses beyond that becomes the nearest possible arc.
 bool MakeCurve(const StrakeItem& item, Curve& curve);

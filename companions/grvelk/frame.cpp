@@ -136,7 +136,7 @@ bool MakeMapping(const Frame& frame, const Drawing& drawing, Mapping& mapping) {
            mapping.pixelsPerMetre > 0;
 }
 
-FramePoint Mapped(const Mapping& mapping, PlanePoint point) {
+FramePoint Mapped(const Mapping& mapping, Point point) {
     return {point.y * mapping.xScale + mapping.xOffset, point.z * mapping.yScale + mapping.yOffset};
 }
 

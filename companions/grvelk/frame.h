@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "companions/grvelk/arcs.h"
 #include "companions/grvelk/drawing.h"
 
 namespace corvane::grvelk {
@@ -18,11 +19,6 @@ void KeepFrame(WindowHandle window, DeviceHandle dc, const Frame& frame);
 // The frame and the window that were fixed last for this device. False when there is none.
 bool FindFrame(DeviceHandle dc, Frame& frame, WindowHandle& window);
 
-// A place in the plane of the section [m].
-struct PlanePoint {
-    double y, z;
-};
-
 // A place on the frame, not yet rounded [px].
 struct FramePoint {
     double x, y;
@@ -36,7 +32,7 @@ struct Mapping {
 };
 // False for a frame without extent, or with an edge that is not a number.
 bool MakeMapping(const Frame& frame, const Drawing& drawing, Mapping& mapping);
-FramePoint Mapped(const Mapping& mapping, PlanePoint point);
+FramePoint Mapped(const Mapping& mapping, Point point);
 
 // Lines may reach this far beyond the frame [px], so that no end of a broad one shows.
 inline constexpr int kBeyondFrame = 16;

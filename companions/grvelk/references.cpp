@@ -1,6 +1,6 @@
 #include "companions/grvelk/references.h"
 
-#include "companions/grvelk/strakes.h"
+#include "companions/grvelk/records.h"
 
 namespace corvane::grvelk {
 namespace {

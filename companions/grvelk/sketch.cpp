@@ -20,7 +20,7 @@ Pen PenOf(const Sketch& sketch, int colourSlot, double width) {
     return {ColourOf(sketch, colourSlot), std::max(1, pixels)};
 }
 
-FramePoint MappedSide(const Sketch& sketch, double side, PlanePoint point) {
+FramePoint MappedSide(const Sketch& sketch, double side, Point point) {
     return Mapped(sketch.mapping, {side * point.y, point.z});
 }
 

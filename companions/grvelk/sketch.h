@@ -1,8 +1,9 @@
 // The parts of the picture of a section, in the order in which they are drawn.
 #pragma once
 
+#include "companions/grvelk/chords.h"
 #include "companions/grvelk/frame.h"
-#include "companions/grvelk/strake_line.h"
+#include "companions/grvelk/strakes.h"
 
 namespace corvane::grvelk {
 
@@ -35,6 +36,6 @@ void ForEachSide(const Sketch& sketch, Draw draw) {
     if (sketch.bothSides) draw(-1.0);
 }
 
-FramePoint MappedSide(const Sketch& sketch, double side, PlanePoint point);
+FramePoint MappedSide(const Sketch& sketch, double side, Point point);
 
 }  // namespace corvane::grvelk

@@ -2,12 +2,17 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <span>
 
 namespace corvane::grvelk {
 namespace {
 
-bool IsComputed(const StrakeItem& item, Curve& curve) {
-    return item.length > 0 && std::isfinite(item.s) && MakeCurve(item, curve);
+// An abscissa may miss the ends of a strake by this much [m].
+constexpr double kSlack_m = 0.001;
+
+bool FindCurve(const StrakeItem& item, Curve& curve) {
+    return IsComputed(item) && std::isfinite(item.s) && MakeCurve(item, curve);
 }
 
 StrakePlace PlaceOn(const Strake& strake, int item, const Curve& curve, const Place& place) {
@@ -23,12 +28,25 @@ bool NearestOf(const Strake& strake, StrakePlace& nearest, Find find) {
     for (int item = 1; item <= ItemsOf(strake); ++item) {
         Curve curve;
         Place place;
-        if (!IsComputed(strake.items[item - 1], curve) || !find(curve, place)) continue;
+        if (!FindCurve(strake.items[item - 1], curve) || !find(curve, place)) continue;
         if (any && place.distance >= nearest.distance) continue;
         nearest = PlaceOn(strake, item, curve, place);
         any = true;
     }
     return any;
+}
+
+// The last computed item that begins at the abscissa or before it, else the first one.
+const StrakeItem* ItemAt(const Strake& strake, double s) {
+    const std::span<const StrakeItem> items = ItemsIn(strake);
+    const auto beginsAfter = [](double abscissa, const StrakeItem& item) {
+        return abscissa < item.s;
+    };
+    const auto after = std::upper_bound(items.begin(), items.end(), s, beginsAfter);
+    const auto last = std::find_if(std::make_reverse_iterator(after), items.rend(), IsComputed);
+    if (last != items.rend()) return &*last;
+    const auto first = std::find_if(after, items.end(), IsComputed);
+    return first == items.end() ? nullptr : &*first;
 }
 
 double EndOf(const StrakeItem& item) {
@@ -87,27 +105,6 @@ bool ComputeAbsStrakeItems(Strake& strake) {
 
 }  // namespace
 
-Strake* StrakeOf(Strake* strakes, int16_t count, int16_t strake) {
-    return strakes != nullptr && strake >= 1 && strake <= count ? &strakes[strake - 1] : nullptr;
-}
-
-int16_t NodesOf(const Strake& strake) {
-    return strake.nodes == nullptr ? int16_t{0} : std::max(strake.nodeCount, int16_t{0});
-}
-
-int ItemsOf(const Strake& strake) {
-    if (strake.items == nullptr) return 0;
-    return std::max(0, std::min<int>(strake.itemCount, NodesOf(strake) - 1));
-}
-
-Node* NodeOf(const Strake& strake, int16_t node) {
-    return node >= 1 && node <= NodesOf(strake) ? &strake.nodes[node - 1] : nullptr;
-}
-
-StrakeItem* ItemOf(const Strake& strake, int item) {
-    return item >= 1 && item <= ItemsOf(strake) ? &strake.items[item - 1] : nullptr;
-}
-
 bool NearestOnStrake(const Strake& strake, Point point, StrakePlace& place) {
     return NearestOf(strake, place, [point](const Curve& curve, Place& found) {
         found = NearestOn(curve, point);
@@ -115,21 +112,20 @@ bool NearestOnStrake(const Strake& strake, Point point, StrakePlace& place) {
     });
 }
 
-// At a knuckle the item that begins there counts.
 bool PlaceAt(const Strake& strake, double s, StrakePlace& place) {
-    int chosen = 0;
-    for (int item = 1; item <= ItemsOf(strake); ++item) {
-        const StrakeItem& record = strake.items[item - 1];
-        if (record.length > 0 && (chosen == 0 || record.s <= s)) chosen = item;
-    }
+    const StrakeItem* item = ItemAt(strake, s);
     Curve curve;
-    if (chosen == 0 || !IsComputed(strake.items[chosen - 1], curve)) return false;
-    const StrakeItem& record = strake.items[chosen - 1];
-    const double along = std::clamp(s - record.s, 0.0, curve.length);
-    const double beyond = s - static_cast<float>(EndOf(record));
-    place = PlaceOn(strake, chosen, curve, {PointAt(curve, along), along, 0});
-    place.distance = std::max({0.0, record.s - s, beyond});
+    if (item == nullptr || !FindCurve(*item, curve)) return false;
+    const double along = std::clamp(s - item->s, 0.0, curve.length);
+    const double beyond = s - static_cast<float>(EndOf(*item));
+    const auto number = static_cast<int>(item - strake.items) + 1;
+    place = PlaceOn(strake, number, curve, {PointAt(curve, along), along, 0});
+    place.distance = std::max({0.0, item->s - s, beyond});
     return true;
+}
+
+bool FindOnStrake(const Strake& strake, double s, StrakePlace& place) {
+    return std::isfinite(s) && PlaceAt(strake, s, place) && place.distance <= kSlack_m;
 }
 
 bool CrossStrake(const Strake& strake, const Crossing& crossing, StrakePlace& place) {
@@ -146,7 +142,7 @@ bool CrossStrake(const Strake& strake, const Crossing& crossing, StrakePlace& pl
 bool HasLine(const Strake& strake) {
     Curve curve;
     for (int item = 1; item <= ItemsOf(strake); ++item) {
-        if (IsComputed(strake.items[item - 1], curve)) return true;
+        if (FindCurve(strake.items[item - 1], curve)) return true;
     }
     return false;
 }

@@ -2,23 +2,14 @@
 // them a length; the others are left out.
 #pragma once
 
-#include <cstddef>
-
 #include "companions/grvelk/arcs.h"
+#include "companions/grvelk/records.h"
 
 namespace corvane::grvelk {
 
 // Status of functions about a point and a strake.
 inline constexpr int16_t kOnStrake = 0;
 inline constexpr int16_t kNotOnStrake = 1;
-
-// Null when there is no such strake, node or item; numbers count from 1.
-Strake* StrakeOf(Strake* strakes, int16_t count, int16_t strake);
-Node* NodeOf(const Strake& strake, int16_t node);
-StrakeItem* ItemOf(const Strake& strake, int item);
-// Nodes and items that the record has memory for.
-int16_t NodesOf(const Strake& strake);
-int ItemsOf(const Strake& strake);
 
 struct StrakePlace {
     Point point;
@@ -30,8 +21,11 @@ struct StrakePlace {
 
 // False when the strake has no computed item.
 bool NearestOnStrake(const Strake& strake, Point point, StrakePlace& place);
-// An abscissa beyond an end gives that end.
+// An abscissa beyond an end gives that end, one where nothing is computed the end before it. The
+// items follow one another by abscissa; at a knuckle it is the item that begins there.
 bool PlaceAt(const Strake& strake, double s, StrakePlace& place);
+// False as well where the strake is not, within what single precision leaves of an abscissa.
+bool FindOnStrake(const Strake& strake, double s, StrakePlace& place);
 bool CrossStrake(const Strake& strake, const Crossing& crossing, StrakePlace& place);
 bool HasLine(const Strake& strake);
 double LengthOf(const Strake& strake);

@@ -15,23 +15,23 @@ constexpr double kTick_px = 3;  // half its length
 
 // A tick across the strake at an abscissa.
 void AddTick(const Sketch& sketch, const Strake& strake, double s, LineGroup& ticks) {
-    Spot place{};
-    if (!FindSpot(strake, s, place)) return;
+    StrakePlace place;
+    if (!FindOnStrake(strake, s, place)) return;
     const double half = ScaledToDevice(sketch, kTick_px) / sketch.mapping.pixelsPerMetre;
-    const PlanePoint across{-place.direction.z * half, place.direction.y * half};
+    const Point across = half * LeftOf(place.direction);
     ForEachSide(sketch, [&](double side) {
-        AddLine(ticks, MappedSide(sketch, side, {place.at.y - across.y, place.at.z - across.z}),
-                MappedSide(sketch, side, {place.at.y + across.y, place.at.z + across.z}));
+        AddLine(ticks, MappedSide(sketch, side, place.point - across),
+                MappedSide(sketch, side, place.point + across));
     });
 }
 
 void AddStrake(const Sketch& sketch, const Strake& strake, LineGroup& lines) {
-    std::vector<PlanePoint> points;
+    std::vector<Point> points;
     std::vector<FramePoint> line;
     const auto flush = [&] {
         ForEachSide(sketch, [&](double side) {
             line.clear();
-            for (const PlanePoint& point : points) line.push_back(MappedSide(sketch, side, point));
+            for (const Point& point : points) line.push_back(MappedSide(sketch, side, point));
             AddPolyline(lines, line);
         });
         points.clear();
@@ -84,9 +84,9 @@ void DrawCentreLine(const Sketch& sketch) {
 
 void DrawNumbers(const Sketch& sketch) {
     for (const Strake& strake : StrakesIn(sketch.section)) {
-        Spot place{};
-        if (!FindSpot(strake, double{strake.length} / 2, place)) continue;
-        const FramePoint at = Mapped(sketch.mapping, place.at);
+        StrakePlace place;
+        if (!FindOnStrake(strake, double{strake.length} / 2, place)) continue;
+        const FramePoint at = Mapped(sketch.mapping, place.point);
         if (!(at.x >= 0 && at.x < sketch.mapping.width)) continue;
         if (!(at.y >= 0 && at.y < sketch.mapping.height)) continue;
         std::array<char, 8> text{};

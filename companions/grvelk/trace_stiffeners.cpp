@@ -43,15 +43,13 @@ Profile ProfileOf(const Sketch& sketch, const Stiffener& stiffener) {
     return profile;
 }
 
-void AddProfile(const Sketch& sketch, const Spot& foot, PlanePoint normal, const Profile& profile,
+void AddProfile(const Sketch& sketch, const StrakePlace& foot, Point normal, const Profile& profile,
                 LineGroup& lines) {
-    const PlanePoint top{foot.at.y + normal.y * profile.web, foot.at.z + normal.z * profile.web};
-    const auto onFlange = [&](double along) {
-        return PlanePoint{top.y + foot.direction.y * along, top.z + foot.direction.z * along};
-    };
+    const Point top = foot.point + profile.web * normal;
+    const auto onFlange = [&](double along) { return top + along * foot.direction; };
     ForEachSide(sketch, [&](double side) {
         const FramePoint webTop = MappedSide(sketch, side, top);
-        std::vector<FramePoint> line{MappedSide(sketch, side, foot.at), webTop};
+        std::vector<FramePoint> line{MappedSide(sketch, side, foot.point), webTop};
         const auto end = [&](double along) { return MappedSide(sketch, side, onFlange(along)); };
         if (profile.flangeAgainst > 0 && profile.flangeAlong > 0) {
             AddPolyline(lines, line);
@@ -65,18 +63,16 @@ void AddProfile(const Sketch& sketch, const Spot& foot, PlanePoint normal, const
 
 // Every stiffener of the row, until one is beyond the strake's end. Returns how many.
 int AddRow(const Sketch& sketch, const Strake& strake, const Stiffener& row, LineGroup& lines) {
-    Spot foot{};
+    StrakePlace foot;
     const double normalLength = std::hypot(row.normalY, row.normalZ);
     // The normal of a row that was not computed has no length.
-    if (!(normalLength > 0.5 && normalLength < 2) || !FindSpot(strake, row.s, foot)) return 0;
+    if (!(normalLength > 0.5 && normalLength < 2) || !FindOnStrake(strake, row.s, foot)) return 0;
     const Profile profile = ProfileOf(sketch, row);
-    const double left = foot.direction.y * row.normalZ - foot.direction.z * row.normalY;
-    const double toLeft = left >= 0 ? 1 : -1;
+    const double toLeft = Cross(foot.direction, {row.normalY, row.normalZ}) >= 0 ? 1 : -1;
     const int count = std::min<int>(row.count, row.spacing > 0 ? kMostInRow : 1);
     for (int i = 0; i < count; ++i) {
-        if (i > 0 && !FindSpot(strake, row.s + i * double{row.spacing}, foot)) return i;
-        const PlanePoint normal{-foot.direction.z * toLeft, foot.direction.y * toLeft};
-        AddProfile(sketch, foot, normal, profile, lines);
+        if (i > 0 && !FindOnStrake(strake, row.s + i * double{row.spacing}, foot)) return i;
+        AddProfile(sketch, foot, toLeft * LeftOf(foot.direction), profile, lines);
     }
     return std::max(count, 0);
 }
