@@ -11,6 +11,7 @@
 #include "report/reporters.h"
 #include "shell/command_line.h"
 #include "shell/commands/file_commands.h"
+#include "shell/database_check.h"
 #include "shell/left_overs.h"
 #include "shell/legacy_conversion.h"
 #include "shell/library_checks.h"
@@ -30,14 +31,17 @@ constexpr wchar_t kRegionalQuestion[] =
     L"'No'.)";
 constexpr wchar_t kRegionalFailure[] = L"Automatic adjustment for Regional Settings failed";
 
-// Takes the switches off the command line; the result is the absolute path of the file to open,
-// fixed before anything changes the current directory. Empty: none.
-std::wstring ReadCommandLine(std::wstring commandLine) {
+// Takes the switches off the command line. The path of the file is fixed before anything changes
+// the current directory.
+StartRequest ReadCommandLine(std::wstring commandLine) {
+    StartRequest request;
     shell.jbpMode = SwitchPresent(commandLine, L"/JBP");
+    request.check = SwitchPresent(commandLine, L"/check");
     std::vector<std::wstring> noFurtherArguments;
     const std::wstring file =
         ParseCommandLine(commandLine, shell.debugMode, shell.milMode, noFurtherArguments);
-    return file.empty() ? file : system::AbsolutePath(file);
+    if (!file.empty()) request.file = system::AbsolutePath(file);
+    return request;
 }
 
 void ShowFirstWindows() {
@@ -63,6 +67,11 @@ void LoadStartDatabase(const std::wstring& path) {
     if (FileExists(path) && RequireNoLeftOver(path)) LoadDatabase(path);
 }
 
+// Not another database, which is open because the file of the request is not.
+void CheckAsRequested(const StartRequest& request) {
+    if (request.check && IsSameFile(shell.database.path, request.file)) CheckOpenDatabase();
+}
+
 void ShowMainWindow() {
     UpdateTitle();
     shell.view.setMainCaption(shell.title);
@@ -81,25 +90,28 @@ bool Main(const std::wstring& commandLine) {
 bool GiveWayToRunningInstance(const std::wstring& commandLine) {
     // The new title keeps this process from looking like the running instance.
     const std::wstring title = std::exchange(shell.title, L"...duplicate instance");
-    const std::wstring file = ReadCommandLine(commandLine);
-    const HandOver result = shell.view.handToRunningInstance(file);
+    const StartRequest request = ReadCommandLine(commandLine);
+    const HandOver result = shell.view.handToRunningInstance(request);
     shell.title = title;
-    if (result == HandOver::kFileNotTaken) ReportMessage(kMsgFileNotHandedOver, {file});
+    if (result == HandOver::kFileNotTaken) ReportMessage(kMsgFileNotHandedOver, {request.file});
     return result != HandOver::kNoWindow ||
            !shell.view.askYesNo(ExpandLineBreaks(GetMessage(kMsgNoWindowOfInstance)));
 }
 
-void OpenHandedOver(const std::wstring& file, bool wasAtWork) {
+void OpenHandedOver(const StartRequest& request, bool wasAtWork) {
+    const std::wstring& file = request.file;
     if (wasAtWork && !shell.view.askYesNo(SubstituteArguments(
                          ExpandLineBreaks(GetMessage(kMsgFileHandedOver)), {file}))) {
         return;
     }
     if (!FileExists(file)) return ReportMessage(kMsgFileMissing, {file});
     OpenFile(file);
+    CheckAsRequested(request);
 }
 
 bool StartUp(const std::wstring& commandLine) {
-    const std::wstring startFile = ReadCommandLine(commandLine);
+    const StartRequest request = ReadCommandLine(commandLine);
+    const std::wstring& startFile = request.file;
     if (!CheckLibraryVersions() || !CheckRegionalSettings()) return false;
     ReadSettings(SettingsFile(), shell.settings);
     ReadListSettings(SettingsFile());
@@ -128,6 +140,7 @@ bool StartUp(const std::wstring& commandLine) {
     LoadStartDatabase(path);
     ShowMainWindow();
     ReportLeftOvers(shell.database.path);
+    CheckAsRequested(request);
     return true;
 }
 

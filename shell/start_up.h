@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "shell/view.h"
+
 namespace corvane {
 
 // All that happens before the program runs on its main window's events. `commandLine` is what
@@ -16,9 +18,9 @@ bool Main(const std::wstring& commandLine);
 bool GiveWayToRunningInstance(const std::wstring& commandLine);
 bool StartUp(const std::wstring& commandLine);
 
-// A second start handed over the path of a file: it is opened as File > Open opens it, or, when
-// this instance was at work (`wasAtWork`), the user is asked first.
-void OpenHandedOver(const std::wstring& file, bool wasAtWork);
+// A second start handed over a file: it is opened as File > Open opens it, or, when this instance
+// was at work (`wasAtWork`), the user is asked first.
+void OpenHandedOver(const StartRequest& request, bool wasAtWork);
 
 // Whether numbers are written with "." in the user's regional settings; offers to change them.
 bool CheckRegionalSettings();

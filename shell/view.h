@@ -29,6 +29,12 @@ struct StatusParts;     // shell/status_parts.h
 struct VersionChoice;   // shell/edit_history.h
 struct WindowPlace;     // shell/window_place.h
 
+// What a start asks for on its command line.
+struct StartRequest {
+    std::wstring file;   // absolute path of the file to open; empty: none
+    bool check = false;  // whether its check is to be shown
+};
+
 // What became of a second start.
 enum class HandOver {
     kNoWindow,      // the running instance shows no window
@@ -111,9 +117,8 @@ struct View {
     // A database for the system's lists of recent files.
     void (*addToSystemsRecent)(const std::wstring& path) = [](const std::wstring&) {};
     // Brings the instance of this program file that runs already to the front, and hands it the
-    // absolute path of a file that it is to open; empty: none. It has two seconds to show its main
-    // window.
-    HandOver (*handToRunningInstance)(const std::wstring& file) = [](const std::wstring&) {
+    // file that it is to open, if there is one. It has two seconds to show its main window.
+    HandOver (*handToRunningInstance)(const StartRequest& request) = [](const StartRequest&) {
         return HandOver::kNoWindow;
     };
 

@@ -80,8 +80,9 @@ void ShowWindows(View& view) {
     view.setMainCaption = [](const std::wstring& text) { kRecord("title " + Narrow(text)); };
     view.showSplash = [](const std::wstring& text) { kRecord("splash show " + Narrow(text)); };
     view.addToSystemsRecent = [](const std::wstring& path) { kRecord("recent " + Narrow(path)); };
-    view.handToRunningInstance = [](const std::wstring& file) {
-        kRecord("hand over " + Narrow(file) + " from " + Narrow(shell.title));
+    view.handToRunningInstance = [](const StartRequest& request) {
+        kRecord("hand over " + Narrow(request.file) + (request.check ? " to check" : "") +
+                " from " + Narrow(shell.title));
         return FakeView::handOver;
     };
 }

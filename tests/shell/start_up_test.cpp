@@ -189,16 +189,49 @@ TEST_F(StartUpTest, MainStartsTheFirstInstanceAndEndsAnother) {
 TEST_F(StartUpTest, FileThatWasHandedOverIsOpenedOrAskedAboutAfterWork) {
     EXPECT_TRUE(StartUp(L""));
     RecordedReports::events.clear();
-    OpenHandedOver(database, true);
+    OpenHandedOver({database}, true);
     EXPECT_EQ(RecordedReports::Of("ask"),
               Events{"Corvane was started again with '" + Narrow(database) +
                      "' while it was at work.\r\rDo you want to open this file now?"});
     EXPECT_EQ(shell.database.path, L"") << "No";
-    OpenHandedOver(database, false);
+    OpenHandedOver({database}, false);
     EXPECT_EQ(shell.database.path, database);
-    OpenHandedOver(folder.File(L"gone.ve2"), false);
+    OpenHandedOver({folder.File(L"gone.ve2")}, false);
     EXPECT_EQ(shell.database.path, database);
     EXPECT_EQ(RecordedReports::Of("warning").size(), 1U);
+}
+
+// ---- The check that a start asks for -----------------------------------------------------------
+
+TEST_F(StartUpTest, CheckIsShownAfterTheDatabase) {
+    std::vector<std::wstring> shown;
+    FakeView::showReport = [&shown](Report& report) {
+        EXPECT_FALSE(RecordedReports::Of("main").empty()) << "the main window comes first";
+        shown.push_back(report.title);
+        return false;
+    };
+    EXPECT_TRUE(StartUp(L"/check " + Quoted(database)));
+    EXPECT_EQ(shown, std::vector<std::wstring>{L"Check of my ship.ve2"});
+    OpenHandedOver({database, true}, false);
+    EXPECT_EQ(shown.size(), 2U);
+}
+
+TEST_F(StartUpTest, NoOtherDatabaseIsCheckedForTheOneThatIsNotThere) {
+    Configure(kMsgDatabasePathKey, database);
+    FakeView::showReport = [](Report&) {
+        ADD_FAILURE() << "a check is shown";
+        return false;
+    };
+    EXPECT_TRUE(StartUp(L"/check " + Quoted(folder.File(L"gone.ve2"))));
+    EXPECT_EQ(shell.database.path, database);
+    OpenHandedOver({folder.File(L"gone.ve2"), true}, false);
+    EXPECT_TRUE(StartUp(L"/check"));
+}
+
+TEST_F(StartUpTest, SecondInstanceHandsOverThatItsFileIsToBeChecked) {
+    EXPECT_TRUE(GiveWayToRunningInstance(Quoted(database) + L" /CHECK"));
+    EXPECT_EQ(RecordedReports::events,
+              Events{"hand over " + Narrow(database) + " to check from ...duplicate instance"});
 }
 
 // ---- The command line --------------------------------------------------------------------------

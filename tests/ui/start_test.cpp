@@ -170,6 +170,25 @@ TEST_F(StartTest, SecondStartHandsItsFileToTheFirst) {
     EXPECT_TRUE(RowCountBecomes(GetDlgItem(main, LI_Sections), std::size(kSampleModels)));
 }
 
+TEST_F(StartTest, CheckOfTheFileIsShownByTheFirstAndByASecondStart) {
+    CopyOfSample(installation, L"first.ve2");
+    const std::wstring path = CopyOfSample(installation, L"second.ve2");
+    const Program first(installation, L"/check first.ve2");
+    const HWND box = first.Window(kReportBoxClass);
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(Narrow(TextOf(box)), "Check of first.ve2");
+    ASSERT_TRUE(PressButton(box, IDCANCEL));
+    const HWND main = first.Main();
+    ASSERT_NE(main, nullptr);
+    const Program second(installation, L"second.ve2 /check");
+    EXPECT_TRUE(second.HasEnded());
+    const HWND again = first.Window(kReportBoxClass);
+    ASSERT_NE(again, nullptr);
+    EXPECT_EQ(Narrow(TextOf(again)), "Check of second.ve2");
+    EXPECT_EQ(Narrow(ControlText(main, TX_DataBase)), Narrow(path));
+    EXPECT_TRUE(PressButton(again, IDCANCEL));
+}
+
 TEST_F(StartTest, FileOfASecondStartWaitsForTheEndOfABox) {
     const std::wstring path = CopyOfSample(installation, L"second.ve2");
     const Program first(installation);
@@ -217,6 +236,7 @@ TEST_F(StartTest, OtherMessagesWithDataAreIgnored) {
     const HWND main = program.Main();
     ASSERT_NE(main, nullptr);
     constexpr ULONG_PTR kOpenFile = 0x436F7276;
+    constexpr ULONG_PTR kCheckFile = 0x436F7277;
     const struct {
         ULONG_PTR mark;
         std::wstring text;
@@ -226,7 +246,8 @@ TEST_F(StartTest, OtherMessagesWithDataAreIgnored) {
                   {kOpenFile, L"C:\\a.ve2", 17},
                   {kOpenFile, L"a.ve2", 10},
                   {kOpenFile, std::wstring(L"C:\\a\0.ve2", 10), 20},
-                  {kOpenFile, L"C:\\" + std::wstring(40000, L'a'), 80006}};
+                  {kOpenFile, L"C:\\" + std::wstring(40000, L'a'), 80006},
+                  {kCheckFile, L"a.ve2", 10}};
     for (const auto& example : kCases) {
         COPYDATASTRUCT data{example.mark, example.bytes,
                             const_cast<wchar_t*>(example.text.c_str())};

@@ -98,7 +98,7 @@ public:
 
     // What came while the window was at work.
     void PassOnHandedFile() const {
-        if (state_.handling > 1 || state_.handedOver.empty()) return;
+        if (state_.handling > 1 || state_.handedOver.file.empty()) return;
         PostMessageW(window_, kFileHandedOver, 0, 0);
     }
 
@@ -215,9 +215,9 @@ void OnSplitterMoved(HWND window, int left) {
 // Not now: the second start waits for the answer.
 LRESULT OnCopyData(HWND window, const COPYDATASTRUCT& data) {
     MainWindowState& state = *StateOfMainWindow(window);
-    std::wstring file = HandedOverPath(data);
-    if (file.empty()) return FALSE;
-    state.handedOver = std::move(file);
+    StartRequest request = ReadHandedOver(data);
+    if (request.file.empty()) return FALSE;
+    state.handedOver = std::move(request);
     state.wasAtWork = IsAtWork(window) || state.handling > 1;
     PostMessageW(window, kFileHandedOver, 0, 0);
     return TRUE;
@@ -227,7 +227,7 @@ LRESULT OnCopyData(HWND window, const COPYDATASTRUCT& data) {
 void OnFileHandedOver(HWND window) {
     MainWindowState& state = *StateOfMainWindow(window);
     const bool isReady = IsWindowVisible(window) && !IsAtWork(window) && state.handling == 1;
-    if (!isReady || state.handedOver.empty()) return;
+    if (!isReady || state.handedOver.file.empty()) return;
     OpenHandedOver(std::exchange(state.handedOver, {}), state.wasAtWork);
 }
 

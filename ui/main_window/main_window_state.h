@@ -5,6 +5,7 @@
 
 #include "database/model_kind.h"
 #include "report/reporters.h"
+#include "shell/view.h"
 #include "ui/base/control_ids.h"
 #include "ui/base/controls.h"
 #include "ui/main_window/main_window_layout.h"
@@ -26,7 +27,7 @@ struct MainWindowState {
     bool locked = false;                   // a program of the suite runs
     bool shutDown = false;
     int handling = 0;         // messages that are being handled, one inside the other
-    std::wstring handedOver;  // the file of a second start, until it is opened
+    StartRequest handedOver;  // the file of a second start, until it is opened
     bool wasAtWork = false;   // when the file came
     std::wstring toSystem;    // a database for the system's lists, until they have it
     bool hasGone = false;     // the window has been destroyed

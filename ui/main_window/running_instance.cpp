@@ -1,14 +1,16 @@
 #include "ui/main_window/running_instance.h"
 
 #include <string_view>
+#include <utility>
 
 #include "ui/base/control_ids.h"
 
 namespace corvane {
 namespace {
 
-// Marks the message in which a file is handed over.
+// Marks of the messages in which a file is handed over.
 constexpr ULONG_PTR kOpenFile = 0x436F7276;
+constexpr ULONG_PTR kCheckFile = 0x436F7277;
 constexpr size_t kLongestPath = 32767;
 
 // Milliseconds: how long a start may keep its windows away, how often that is looked at, and how
@@ -72,9 +74,10 @@ Instance FindInstance() {
 }
 
 // Whether the main window takes the file.
-bool IsTaken(HWND main, std::wstring file) {
+bool IsTaken(HWND main, StartRequest request) {
+    std::wstring& file = request.file;
     COPYDATASTRUCT data{};
-    data.dwData = kOpenFile;
+    data.dwData = request.check ? kCheckFile : kOpenFile;
     data.cbData = static_cast<DWORD>(file.size() * sizeof(wchar_t));
     data.lpData = file.data();
     DWORD_PTR answer = 0;
@@ -85,26 +88,25 @@ bool IsTaken(HWND main, std::wstring file) {
 
 }  // namespace
 
-HandOver HandToRunningInstance(const std::wstring& file) {
+HandOver HandToRunningInstance(const StartRequest& request) {
     const Instance instance = FindInstance();
     if (instance.visible == nullptr) return HandOver::kNoWindow;
     if (IsIconic(instance.visible)) ShowWindowAsync(instance.visible, SW_RESTORE);
     SetForegroundWindow(GetLastActivePopup(instance.visible));
-    if (file.empty()) return HandOver::kDone;
+    if (request.file.empty()) return HandOver::kDone;
     // There is no main window yet while a box is shown at the beginning of the start.
-    const bool isTaken = instance.main != nullptr && IsTaken(instance.main, file);
+    const bool isTaken = instance.main != nullptr && IsTaken(instance.main, request);
     return isTaken ? HandOver::kDone : HandOver::kFileNotTaken;
 }
 
-std::wstring HandedOverPath(const COPYDATASTRUCT& data) {
+StartRequest ReadHandedOver(const COPYDATASTRUCT& data) {
     const size_t length = data.cbData / sizeof(wchar_t);
-    if (data.dwData != kOpenFile || data.cbData % sizeof(wchar_t) != 0 || length == 0 ||
-        length > kLongestPath) {
-        return {};
-    }
+    if (data.dwData != kOpenFile && data.dwData != kCheckFile) return {};
+    if (data.cbData % sizeof(wchar_t) != 0 || length == 0 || length > kLongestPath) return {};
     std::wstring path(static_cast<const wchar_t*>(data.lpData), length);
     const bool isAbsolute = path.size() > 2 && (path[1] == L':' || path.starts_with(L"\\\\"));
-    return isAbsolute && path.find(L'\0') == std::wstring::npos ? path : std::wstring();
+    if (!isAbsolute || path.find(L'\0') != std::wstring::npos) return {};
+    return {std::move(path), data.dwData == kCheckFile};
 }
 
 }  // namespace corvane

@@ -2,17 +2,15 @@
 // process runs, and hands it a file to open.
 #pragma once
 
-#include <string>
-
 #include "platform/win32/win32.h"
 #include "shell/view.h"
 
 namespace corvane {
 
 // As View::handToRunningInstance.
-HandOver HandToRunningInstance(const std::wstring& file);
+HandOver HandToRunningInstance(const StartRequest& request);
 
-// The path that a message WM_COPYDATA hands over; empty when it does not come from a second start.
-std::wstring HandedOverPath(const COPYDATASTRUCT& data);
+// What a message WM_COPYDATA hands over; without a file when it does not come from a second start.
+StartRequest ReadHandedOver(const COPYDATASTRUCT& data);
 
 }  // namespace corvane
