@@ -1,8 +1,25 @@
-# Flags of every target: C++20, strict warnings, assertions in every build, hardening.
+# Flags of every target: C++20, strict warnings, assertions in every build, hardening. They go by
+# the compiler: GCC and Clang, on whatever system, or MSVC (msvc_flags.cmake).
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+# Flags for our own sources; third-party code (GoogleTest) compiles without them.
+add_library(corvane_flags INTERFACE)
+target_include_directories(corvane_flags INTERFACE ${CMAKE_SOURCE_DIR})
+if(WIN32)
+    add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601
+                            WINVER=0x0601 _WIN32_IE=0x0900)
+endif()
+# What the program says of its compiler.
+string(REPLACE GNU GCC CORVANE_COMPILER "${CMAKE_CXX_COMPILER_ID} ${CMAKE_CXX_COMPILER_VERSION}")
+
+if(MSVC)
+    include(${CMAKE_CURRENT_LIST_DIR}/msvc_flags.cmake)
+    return()
+endif()
+
 # Assertions stay in the program that ships: an assertion that fails is a bug of ours.
 set(CMAKE_CXX_FLAGS_RELEASE "-O2 -g1")
 set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g1")
@@ -23,9 +40,6 @@ function(corvane_ships target)
         VERBATIM)
 endfunction()
 
-# Flags for our own sources; third-party code (GoogleTest) compiles without them.
-add_library(corvane_flags INTERFACE)
-target_include_directories(corvane_flags INTERFACE ${CMAKE_SOURCE_DIR})
 target_compile_options(corvane_flags INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wcast-qual
     -Wformat=2 -Wnon-virtual-dtor -Wold-style-cast -Wundef -Wunused)
@@ -64,12 +78,10 @@ else()
 endif()
 
 if(WIN32)
-    add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601
-                            WINVER=0x0601 _WIN32_IE=0x0900)
     # -static: the program needs no library of the compiler. The rest is the linker's hardening.
     # The stack protector's own option brings in its library.
     add_link_options(-static -fstack-protector-strong -Wl,--dynamicbase -Wl,--nxcompat)
-    if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
+    if(CMAKE_SIZEOF_VOID_P EQUAL 8)
         add_link_options(-Wl,--high-entropy-va)
     else()
         # The companion libraries export undecorated names of stdcall functions.

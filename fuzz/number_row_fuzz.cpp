@@ -1,5 +1,6 @@
 // Any line as a row of numbers, and any text as a leading number.
 #include <cmath>
+#include <cstdlib>
 #include <string>
 
 #include "fuzz/fuzz.h"
@@ -10,7 +11,7 @@ namespace {
 using namespace corvane;
 
 void Require(bool condition) {
-    if (!condition) __builtin_trap();
+    if (!condition) std::abort();
 }
 
 // Whether the digits of a text are a single 1. The singles below a power of ten can lie farther

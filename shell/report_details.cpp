@@ -12,16 +12,9 @@
 namespace corvane {
 namespace {
 
-// The compiler and for which processors it compiled: "64 bits, GCC 12.2.0".
+// For which processors it was compiled, and by what: "64 bits, GCC 12.2.0".
 std::wstring BuildText() {
-#if defined(__clang__)
-    const std::wstring compiler = L"Clang " + std::to_wstring(__clang_major__);
-#else
-    const std::wstring compiler = L"GCC " + std::to_wstring(__GNUC__) + L'.' +
-                                  std::to_wstring(__GNUC_MINOR__) + L'.' +
-                                  std::to_wstring(__GNUC_PATCHLEVEL__);
-#endif
-    return std::to_wstring(8 * sizeof(void*)) + L" bits, " + compiler;
+    return std::to_wstring(8 * sizeof(void*)) + L" bits, " + CORVANE_COMPILER;
 }
 
 std::wstring ScreenText() {
