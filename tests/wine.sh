@@ -33,6 +33,8 @@ else
 fi
 
 stage=${CORVANE_STAGE:-$wineBase/$(basename "$checkout")-$(cksum <<<"$checkout" | cut -d' ' -f1)}
+# CORVANE_X86: the folder of tests/wine_x86_files; what runs then is 32-bit, in a stage of its own.
+stage+=${CORVANE_X86:+-x86}
 prefix=$stage/prefix
 
 # winedbg off: it hangs on a crash. mscoree and mshtml off: nothing to install, quicker start.
@@ -40,7 +42,8 @@ prefix=$stage/prefix
 # library path is the loader's own (Debian's wrapper prints a hint about 32-bit programs each time).
 wine=/usr/lib/wine/wine64
 wineEnvironment=(env "WINEPREFIX=$prefix" "WINEDLLOVERRIDES=winedbg.exe=d;mscoree,mshtml="
-    "WINELOADER=$wine" "WINEDEBUG=${WINEDEBUG:-fixme-all}" "LC_ALL=${CORVANE_LOCALE:-en_GB.UTF-8}")
+    "WINELOADER=$wine" "WINEDEBUG=${WINEDEBUG:-fixme-all}" "LC_ALL=${CORVANE_LOCALE:-en_GB.UTF-8}"
+    ${CORVANE_X86:+"WINEDLLPATH=$CORVANE_X86"})
 
 # Starts a virtual screen with a window manager, of the size CORVANE_SCREEN; sets display, and
 # screenPids for EndScreen.

@@ -32,26 +32,24 @@ TEST(Labels, LabelIsTheCataloguesText) {
 }
 
 TEST(Labels, OnlyTheLengthThatTheLibraryReturnsIsUsed) {
-    const FakeFunction fake(
-        BsdVelk_LoadBsdString, +[](int32_t, char* buffer, int32_t) {
-            std::memcpy(buffer, "\xC9t\xE9 and more", 13);
-            return int32_t{3};
-        });
+    const FakeFunction fake(BsdVelk_LoadBsdString, [](int32_t, char* buffer, int32_t) {
+        std::memcpy(buffer, "\xC9t\xE9 and more", 13);
+        return int32_t{3};
+    });
     EXPECT_EQ(BsdLabel(1), system::WideFromAnsi("\xC9t\xE9"));
 }
 
 TEST(Labels, LengthBeyondTheBufferIsCut) {
-    const FakeFunction fake(
-        BsdVelk_LoadBsdString, +[](int32_t, char* buffer, int32_t size) {
-            std::memset(buffer, 'x', static_cast<size_t>(size));
-            return int32_t{5000};
-        });
+    const FakeFunction fake(BsdVelk_LoadBsdString, [](int32_t, char* buffer, int32_t size) {
+        std::memset(buffer, 'x', static_cast<size_t>(size));
+        return int32_t{5000};
+    });
     EXPECT_EQ(BsdLabel(1), std::wstring(3000, L'x'));
 }
 
 TEST(Labels, MissingLabelShowsItsNumber) {
-    const FakeFunction fake(
-        BsdVelk_LoadBsdString, +[](int32_t, char*, int32_t) { return int32_t{0}; });
+    const FakeFunction fake(BsdVelk_LoadBsdString,
+                            [](int32_t, char*, int32_t) { return int32_t{0}; });
     EXPECT_EQ(BsdLabel(102), L"Bsd #102");
     EXPECT_EQ(BsdLabel(-3), L"Bsd #-3");
 }

@@ -29,7 +29,7 @@ float fontBreadth;
 int16_t resolution;
 int sentinel;
 
-int16_t RecordQuickCompute(Section* section, DrawingParameters* parameters) {
+int16_t CORVANE_STDCALL RecordQuickCompute(Section* section, DrawingParameters* parameters) {
     calls.emplace_back("QuickCompute");
     std::memcpy(parameterBytes.data(), parameters, sizeof(*parameters));
     std::copy_n(parameters->colours, kColourCount, colours.begin());
@@ -37,8 +37,8 @@ int16_t RecordQuickCompute(Section* section, DrawingParameters* parameters) {
     return 0;
 }
 
-void RecordScaleWindow(WindowHandle window, DeviceHandle dc, float xLeft, float yBottom,
-                       float xRight, float yTop, int16_t argument) {
+void CORVANE_STDCALL RecordScaleWindow(WindowHandle window, DeviceHandle dc, float xLeft,
+                                       float yBottom, float xRight, float yTop, int16_t argument) {
     EXPECT_EQ(window, &calls);
     EXPECT_EQ(dc, &sentinel);
     calls.emplace_back(xRight == 0.1F ? "ScaleWindow provisional" : "ScaleWindow");
@@ -46,7 +46,8 @@ void RecordScaleWindow(WindowHandle window, DeviceHandle dc, float xLeft, float 
     resolution = argument;
 }
 
-void RecordTraceSection(DeviceHandle dc, Section* section, DrawingParameters* parameters) {
+void CORVANE_STDCALL RecordTraceSection(DeviceHandle dc, Section* section,
+                                        DrawingParameters* parameters) {
     EXPECT_EQ(dc, &sentinel);
     calls.emplace_back("TraceSection");
     EXPECT_EQ(std::memcmp(parameterBytes.data(), parameters, sizeof(*parameters)), 0)

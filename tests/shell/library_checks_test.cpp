@@ -148,7 +148,7 @@ TEST_F(LibraryChecksTest, OneCheckOfAnotherLibrary) {
     VersionFunction function{"NoSuchLibrary.dll", "Version"};
     EXPECT_FALSE(CheckLibrary({L"Label", &function, 1.0f, false}));
     EXPECT_EQ(Warnings(), Events{"Label: found Unknown ver., needed 1.0 \r126"});
-    function.pointer = [] { return 1.5f; };
+    const test::FakeFunction fake(function, [] { return 1.5f; });
     EXPECT_TRUE(CheckLibrary({L"Label", &function, 1.0f, false}));
     EXPECT_FALSE(CheckLibrary({L"Label", &function, 1.0f, true}));
 }

@@ -195,15 +195,21 @@ FreshSettingsFile::~FreshSettingsFile() {
 std::map<int32_t, std::string> FakeCatalogue::texts;
 std::vector<int32_t> FakeCatalogue::asked;
 
+namespace {
+
+int32_t CORVANE_STDCALL LoadFakeString(int32_t number, char* buffer, int32_t size) {
+    FakeCatalogue::asked.push_back(number);
+    const auto found = FakeCatalogue::texts.find(number);
+    if (found == FakeCatalogue::texts.end()) return 0;
+    return static_cast<int32_t>(found->second.copy(buffer, static_cast<size_t>(size)));
+}
+
+}  // namespace
+
 FakeCatalogue::FakeCatalogue(std::map<int32_t, std::string> newTexts) {
     texts = std::move(newTexts);
     asked.clear();
-    ZTGrVel32_LoadVelkinString.pointer = [](int32_t number, char* buffer, int32_t size) {
-        asked.push_back(number);
-        const auto found = texts.find(number);
-        if (found == texts.end()) return int32_t{0};
-        return static_cast<int32_t>(found->second.copy(buffer, static_cast<size_t>(size)));
-    };
+    ZTGrVel32_LoadVelkinString.pointer = LoadFakeString;
 }
 
 FakeCatalogue::~FakeCatalogue() {

@@ -5,7 +5,10 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
+
+#include "platform/companion.h"
 
 namespace corvane::test {
 
@@ -102,6 +105,18 @@ private:
     bool wasThere = false;
 };
 
+// A procedure with the calling convention of the companion libraries, for one that captures
+// nothing.
+template <class Pointer>
+struct Called;
+template <class Result, class... Arguments>
+struct Called<Result(CORVANE_STDCALL*)(Arguments...)> {
+    template <class Fake>
+    static Result CORVANE_STDCALL By(Arguments... arguments) {
+        return Fake{}(arguments...);
+    }
+};
+
 // Puts a procedure instead of a companion library's function:
 //     FakeFunction fake(corvane::IsRegionalOK, [] { return int16_t{0}; });
 template <class Function>
@@ -113,6 +128,10 @@ struct FakeFunction {
     FakeFunction(Function& replaced, Pointer fake) : function(replaced), saved(replaced) {
         function.pointer = fake;
     }
+    template <class Fake>
+        requires std::is_empty_v<Fake>
+    FakeFunction(Function& replaced, Fake)
+        : FakeFunction(replaced, &Called<Pointer>::template By<Fake>) {}
     ~FakeFunction() { function = saved; }
     FakeFunction(const FakeFunction&) = delete;
     FakeFunction& operator=(const FakeFunction&) = delete;

@@ -255,7 +255,7 @@ TEST_F(ImportBsd, LegacyDatabaseIsReadByItsLibrary) {
     FakeView::answerYes = true;
     WriteFileBytes(File(L"old.VEL"), "legacy");
     const test::FakeFunction fake(
-        importvelknavi, +[](const char* path, LegacyBsd* bsd, int16_t* status) {
+        importvelknavi, [](const char* path, LegacyBsd* bsd, int16_t* status) {
             EXPECT_NE(std::string_view(path).find("old.VEL"), std::string_view::npos);
             ToLegacyForm(NewBasicShipData(L"LEGACY"), *bsd);
             *status = 0;
