@@ -7,7 +7,8 @@ set(make_guide ${CMAKE_CURRENT_LIST_DIR}/make_guide.py)
 # Debian's own Python: it has Debian's python3-markdown.
 add_custom_command(OUTPUT ${guide_folder}/index.html
     COMMAND /usr/bin/python3 -B ${make_guide} ${CMAKE_SOURCE_DIR}/docs ${guide_folder}
-    DEPENDS ${make_guide} ${CMAKE_CURRENT_LIST_DIR}/guide.css ${guide_sources}
+    DEPENDS ${make_guide} ${CMAKE_CURRENT_LIST_DIR}/guide.css
+            ${CMAKE_CURRENT_LIST_DIR}/guide_search.js ${guide_sources}
     COMMENT "Making the pages of the user guide"
     VERBATIM)
 add_custom_target(guide DEPENDS ${guide_folder}/index.html)
