@@ -1,7 +1,7 @@
 """check_guide.py PAGES DOCS: the pages that were made of DOCS/user-guide.md are valid, each heading
 of a chapter has one, each can be reached from index.html, no link is dead and no picture missing,
-the search knows every page and leads to places that are there, and nothing leads to the net but what
-the documents name."""
+the search knows every page and leads to places that are there, and nothing leads to the net but
+what the documents name."""
 
 import html.parser
 import json

@@ -1,0 +1,95 @@
+// shown_models PROGRAM DATABASE: starts the program with the database, waits until its list has
+// models, prints the names that the list shows, a line each, and then "shown". Ends with the
+// program, and with its exit code; 1 when no list came.
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "platform/win32/win32.h"
+// windows.h must come first.
+#include <commctrl.h>
+
+namespace {
+
+constexpr DWORD kPatience = 30000;
+constexpr int kNameColumn = 1;
+constexpr int kLongestName = 200;
+
+struct Search {
+    DWORD process;
+    HWND list;
+};
+
+BOOL CALLBACK TakeList(HWND window, LPARAM search) {
+    wchar_t name[32] = L"";
+    GetClassNameW(window, name, 32);
+    if (std::wstring(name) != WC_LISTVIEWW || !IsWindowVisible(window)) return TRUE;
+    reinterpret_cast<Search*>(search)->list = window;
+    return FALSE;
+}
+
+BOOL CALLBACK LookIntoWindow(HWND window, LPARAM search) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    if (process == reinterpret_cast<Search*>(search)->process && IsWindowVisible(window)) {
+        EnumChildWindows(window, TakeList, search);
+    }
+    return TRUE;
+}
+
+// The list of the process with at least one row; null when none comes.
+HWND WaitForList(DWORD process) {
+    for (const ULONGLONG end = GetTickCount64() + kPatience; GetTickCount64() < end; Sleep(20)) {
+        Search search{process, nullptr};
+        EnumWindows(LookIntoWindow, reinterpret_cast<LPARAM>(&search));
+        if (search.list && SendMessageW(search.list, LVM_GETITEMCOUNT, 0, 0) > 0) {
+            return search.list;
+        }
+    }
+    return nullptr;
+}
+
+// The list reads and writes the texts in the memory of its own process.
+std::wstring NameInRow(HANDLE process, HWND list, int row, void* memory) {
+    LVITEMW item{};
+    item.iSubItem = kNameColumn;
+    item.cchTextMax = kLongestName;
+    item.pszText = reinterpret_cast<wchar_t*>(static_cast<char*>(memory) + sizeof item);
+    std::vector<wchar_t> text(kLongestName + 1);
+    WriteProcessMemory(process, memory, &item, sizeof item, nullptr);
+    SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row),
+                 reinterpret_cast<LPARAM>(memory));
+    ReadProcessMemory(process, item.pszText, text.data(), kLongestName * sizeof(wchar_t), nullptr);
+    return text.data();
+}
+
+void PrintNames(HANDLE process, HWND list) {
+    void* memory = VirtualAllocEx(process, nullptr, 4096, MEM_COMMIT, PAGE_READWRITE);
+    const auto count = static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
+    for (int row = 0; row < count; ++row) {
+        std::printf("%ls\n", NameInRow(process, list, row, memory).c_str());
+    }
+    std::puts("shown");
+    std::fflush(stdout);
+}
+
+}  // namespace
+
+int wmain(int count, wchar_t** arguments) {
+    if (count != 3) return 2;
+    std::wstring line = L"\"" + std::wstring(arguments[1]) + L"\" \"" + arguments[2] + L"\"";
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION program{};
+    if (!CreateProcessW(arguments[1], line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                        &start, &program)) {
+        return 1;
+    }
+    const HWND list = WaitForList(program.dwProcessId);
+    if (!list) TerminateProcess(program.hProcess, 1);
+    if (list) PrintNames(program.hProcess, list);
+    WaitForSingleObject(program.hProcess, INFINITE);
+    DWORD code = 1;
+    GetExitCodeProcess(program.hProcess, &code);
+    return static_cast<int>(code);
+}
