@@ -96,6 +96,8 @@ Var heldError     ; why, as the system's error number
 Var out
 Var everyoneButton
 Var removeData
+Var setupMark     ; the handle by which another setup sees this one
+Var typesFolder   ; of the program that the types of files are removed of
 
 !include shared.nsh
 !include file_types.nsh
@@ -130,8 +132,9 @@ Function .onInit
 FunctionEnd
 
 Function OneSetupAtATime
-    System::Call 'kernel32::CreateMutexW(p 0, i 0, w "Corvane setup") p .r0 ?e'
+    System::Call 'kernel32::CreateMutexW(p 0, i 0, w "Corvane setup") p .r1 ?e'
     Pop $0
+    StrCpy $setupMark $1
     ${If} $0 = 183
         !insertmacro Refuse ${IN_USE} "Another setup of Corvane is running.$\r$\n$\r$\nWait until \
             it has ended, then start this one again."
@@ -424,6 +427,7 @@ Function RegisterChosenTypes
     ${If} ${SectionIsSelected} ${FileTypes}
         Call RegisterTypes
     ${Else}
+        StrCpy $typesFolder $oldFolder
         Call UnregisterTypes
     ${EndIf}
 FunctionEnd

@@ -26,7 +26,7 @@
 !macro UnregisterType EXTENSION NAME
     ; That of another folder, or of everyone, stays.
     ReadRegStr $0 SHCTX "${CLASSES}\${NAME}\shell\open\command" ""
-    ${If} $0 == '"$INSTDIR\Corvane.exe" "%1"'
+    ${If} $0 == '"$typesFolder\Corvane.exe" "%1"'
         DeleteRegKey SHCTX "${CLASSES}\${NAME}"
         DeleteRegValue SHCTX "${CLASSES}\${EXTENSION}\OpenWithProgids" "${NAME}"
         DeleteRegKey /ifempty SHCTX "${CLASSES}\${EXTENSION}\OpenWithProgids"

@@ -61,6 +61,7 @@ Function TakeUsers
     ${If} $0 = ${BST_CHECKED}
     ${AndIf} $isAdmin = 0
         ; Setup starts again with those rights and without this page.
+        System::Call 'kernel32::CloseHandle(p $setupMark)'
         ClearErrors
         ExecShell "runas" "$EXEPATH" "/ALLUSERS $switches"
         IfErrors 0 started
@@ -92,6 +93,7 @@ FunctionEnd
 
 Function un.AskForData
     !insertmacro MUI_HEADER_TEXT "Uninstall Corvane" "What is removed from this computer"
+    SetShellVarContext current
     nsDialogs::Create 1018
     Pop $0
     ${NSD_CreateLabel} 0 4u 100% 24u 'Corvane is removed from "$INSTDIR". Your databases, and \
@@ -105,6 +107,9 @@ Function un.AskForData
     Pop $0
     GetDlgItem $0 $HWNDPARENT 1
     SendMessage $0 ${WM_SETTEXT} 0 "STR:&Uninstall"
+    ${If} $forEveryone = 1
+        SetShellVarContext all
+    ${EndIf}
     nsDialogs::Show
 FunctionEnd
 

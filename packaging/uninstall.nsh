@@ -46,6 +46,7 @@ FunctionEnd
 
 Section Uninstall
     Call un.CheckNotInUse
+    StrCpy $typesFolder $INSTDIR
     Call un.UnregisterTypes
     !insertmacro un.ForEach "$INSTDIR\installed.txt" "$INSTDIR" RemoveInstalled
     Delete "$INSTDIR\installed.txt"
