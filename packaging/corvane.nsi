@@ -4,7 +4,8 @@
 ;   COMPRESSOR   lzma or zlib
 ;   SOURCE       the checkout
 ;   PARTS        a folder with, for each component, a list of its files (program.txt, a path below
-;                the program's folder a line) and the instructions that unpack them (program.nsh)
+;                the program's folder a line) and the instructions that unpack them (program.nsh);
+;                and side.bmp, the picture of the last page
 ;   OUTPUT       the file to make
 ;
 ; Files are unpacked into a folder beside their places and renamed into them when all are there, so
@@ -288,6 +289,7 @@ Function CheckNotInUse
   again:
     StrCpy $heldFile ""
     ${If} $oldFolder != ""
+        !insertmacro RefuseHeld "$oldFolder\Corvane.exe"
         !insertmacro ForEach "$oldFolder\installed.txt" "$oldFolder" NoteHeld
     ${EndIf}
     ${If} $heldFile == ""

@@ -11,8 +11,9 @@
     WriteRegStr SHCTX "${CLASSES}\${NAME}\shell\open" "" "&Open"
     WriteRegStr SHCTX "${CLASSES}\${NAME}\shell\open\command" "" '"$INSTDIR\Corvane.exe" "%1"'
     WriteRegStr SHCTX "${CLASSES}\${EXTENSION}\OpenWithProgids" "${NAME}" ""
-    ReadRegStr $0 HKCR "${EXTENSION}" ""
-    ${If} $0 == ""
+    ReadRegStr $0 HKCU "${CLASSES}\${EXTENSION}" ""
+    ReadRegStr $1 HKLM "${CLASSES}\${EXTENSION}" ""
+    ${If} "$0$1" == ""
         WriteRegStr SHCTX "${CLASSES}\${EXTENSION}" "" "${NAME}"
     ${EndIf}
 !macroend

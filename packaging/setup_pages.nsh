@@ -11,8 +11,9 @@ Page custom AskForUsers TakeUsers
 !define MUI_PAGE_CUSTOMFUNCTION_PRE SkipFolder
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${PARTS}/side.bmp"
 !define MUI_FINISHPAGE_TITLE "Corvane ${VERSION} is installed"
-!define MUI_FINISHPAGE_TEXT "Corvane is in the Start menu, with its user guide and the sample ship."
+!define MUI_FINISHPAGE_TEXT "Corvane and its user guide are in the Start menu."
 !define MUI_FINISHPAGE_TEXT_LARGE
 !define MUI_FINISHPAGE_RUN
 !define MUI_FINISHPAGE_RUN_TEXT "Start Corvane now"

@@ -130,6 +130,10 @@ FunctionEnd
     StrCpy $R9 "${PATH}"
     Call NoteHeldPath
 !macroend
+!macro un.RefuseHeld PATH
+    StrCpy $R9 "${PATH}"
+    Call un.NoteHeldPath
+!macroend
 
 !macro Shared UN
 Function ${UN}Refuse

@@ -38,6 +38,7 @@ FunctionEnd
 Function un.CheckNotInUse
   again:
     StrCpy $heldFile ""
+    !insertmacro un.RefuseHeld "$INSTDIR\Corvane.exe"
     !insertmacro un.ForEach "$INSTDIR\installed.txt" "$INSTDIR" NoteHeld
     ${If} $heldFile != ""
         !insertmacro un.AskToClose again "uninstall Corvane"

@@ -1,5 +1,5 @@
-// A library that nobody may load: it leaves its name in a file beside itself. It is compiled without
-// the standard library, so that it can have the name of any library of Windows.
+// A library that nobody may load: it leaves its name in a file beside itself. It is compiled
+// without the standard library, so that it can have the name of any library of Windows.
 #include <windows.h>
 
 extern "C" BOOL WINAPI DllMainCRTStartup(HINSTANCE library, DWORD reason, LPVOID) {

@@ -1,5 +1,5 @@
 // shown_models PROGRAM DATABASE: starts the program with the database, waits until its list has
-// models, prints the names that the list shows, a line each, and then "shown". Ends with the
+// models, prints its rows, the columns separated by tabs, and then "shown". Ends with the
 // program, and with its exit code; 1 when no list came.
 #include <cstdio>
 #include <string>
@@ -12,8 +12,7 @@
 namespace {
 
 constexpr DWORD kPatience = 30000;
-constexpr int kNameColumn = 1;
-constexpr int kLongestName = 200;
+constexpr int kLongestText = 200;
 
 struct Search {
     DWORD process;
@@ -50,24 +49,29 @@ HWND WaitForList(DWORD process) {
 }
 
 // The list reads and writes the texts in the memory of its own process.
-std::wstring NameInRow(HANDLE process, HWND list, int row, void* memory) {
+std::wstring TextAt(HANDLE process, HWND list, int row, int column, void* memory) {
     LVITEMW item{};
-    item.iSubItem = kNameColumn;
-    item.cchTextMax = kLongestName;
+    item.iSubItem = column;
+    item.cchTextMax = kLongestText;
     item.pszText = reinterpret_cast<wchar_t*>(static_cast<char*>(memory) + sizeof item);
-    std::vector<wchar_t> text(kLongestName + 1);
+    std::vector<wchar_t> text(kLongestText + 1);
     WriteProcessMemory(process, memory, &item, sizeof item, nullptr);
     SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row),
                  reinterpret_cast<LPARAM>(memory));
-    ReadProcessMemory(process, item.pszText, text.data(), kLongestName * sizeof(wchar_t), nullptr);
+    ReadProcessMemory(process, item.pszText, text.data(), kLongestText * sizeof(wchar_t), nullptr);
     return text.data();
 }
 
-void PrintNames(HANDLE process, HWND list) {
+void PrintRows(HANDLE process, HWND list) {
     void* memory = VirtualAllocEx(process, nullptr, 4096, MEM_COMMIT, PAGE_READWRITE);
     const auto count = static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
+    const auto head = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
+    const auto columns = static_cast<int>(SendMessageW(head, HDM_GETITEMCOUNT, 0, 0));
     for (int row = 0; row < count; ++row) {
-        std::printf("%ls\n", NameInRow(process, list, row, memory).c_str());
+        for (int column = 0; column < columns; ++column) {
+            std::printf("%ls\t", TextAt(process, list, row, column, memory).c_str());
+        }
+        std::puts("");
     }
     std::puts("shown");
     std::fflush(stdout);
@@ -87,7 +91,7 @@ int wmain(int count, wchar_t** arguments) {
     }
     const HWND list = WaitForList(program.dwProcessId);
     if (!list) TerminateProcess(program.hProcess, 1);
-    if (list) PrintNames(program.hProcess, list);
+    if (list) PrintRows(program.hProcess, list);
     WaitForSingleObject(program.hProcess, INFINITE);
     DWORD code = 1;
     GetExitCodeProcess(program.hProcess, &code);
