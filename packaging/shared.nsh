@@ -1,9 +1,11 @@
 ; What the setup and the uninstaller share. The uninstaller's functions have other names ("un."), so
 ; they are made twice.
 
-; Libraries come from the system's folder, never from the one that the setup was downloaded to.
+; Libraries come from the system's folder, never from the one that the setup was downloaded to. The
+; one that themes load later is loaded now: a name that is loaded is not looked for.
 !macro KeepLibrariesOut
     System::Call 'kernel32::SetDefaultDllDirectories(i 0x800)'
+    System::Call 'kernel32::LoadLibraryW(w "$SYSDIR\msimg32.dll")'
 !macroend
 
 ; ---- Reports -----------------------------------------------------------------------------------
