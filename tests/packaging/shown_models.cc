@@ -3,6 +3,7 @@
 // program, and with its exit code; 1 when no list came.
 #include <cstdio>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/win32/win32.h"
@@ -12,6 +13,7 @@
 namespace {
 
 constexpr DWORD kPatience = 30000;
+constexpr DWORD kRest = 300;
 constexpr int kLongestText = 200;
 
 struct Search {
@@ -62,18 +64,32 @@ std::wstring TextAt(HANDLE process, HWND list, int row, int column, void* memory
     return text.data();
 }
 
-void PrintRows(HANDLE process, HWND list) {
-    void* memory = VirtualAllocEx(process, nullptr, 4096, MEM_COMMIT, PAGE_READWRITE);
+// All rows, a line each, the columns separated by tabs.
+std::wstring RowsOf(HANDLE process, HWND list, void* memory) {
+    std::wstring rows;
     const auto count = static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
     const auto head = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
     const auto columns = static_cast<int>(SendMessageW(head, HDM_GETITEMCOUNT, 0, 0));
     for (int row = 0; row < count; ++row) {
         for (int column = 0; column < columns; ++column) {
-            std::printf("%ls\t", TextAt(process, list, row, column, memory).c_str());
+            rows += TextAt(process, list, row, column, memory) + L'\t';
         }
-        std::puts("");
+        rows += L'\n';
     }
-    std::puts("shown");
+    return rows;
+}
+
+// Prints the rows when they have stayed the same for a while: the program has come to rest.
+void PrintRows(HANDLE process, HWND list) {
+    void* memory = VirtualAllocEx(process, nullptr, 4096, MEM_COMMIT, PAGE_READWRITE);
+    std::wstring before;
+    std::wstring rows = RowsOf(process, list, memory);
+    const ULONGLONG end = GetTickCount64() + kPatience;
+    while ((rows.empty() || rows != before) && GetTickCount64() < end) {
+        Sleep(kRest);
+        before = std::exchange(rows, RowsOf(process, list, memory));
+    }
+    std::printf("%lsshown\n", rows.c_str());
     std::fflush(stdout);
 }
 
