@@ -22,11 +22,13 @@ function(corvane_ships target)
         # Linux systems differ in these libraries.
         target_link_options(${target} PRIVATE -static-libstdc++ -static-libgcc -Wl,-z,relro,-z,now)
     endif()
+    # It notes the time of the day otherwise.
+    set(objcopy ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=0 ${CMAKE_OBJCOPY})
     set(symbols ${CMAKE_BINARY_DIR}/symbols/$<TARGET_FILE_NAME:${target}>.debug)
     add_custom_command(TARGET ${target} POST_BUILD
         COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/symbols
-        COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:${target}> ${symbols}
-        COMMAND ${CMAKE_OBJCOPY} --strip-all --add-gnu-debuglink=${symbols} $<TARGET_FILE:${target}>
+        COMMAND ${objcopy} --only-keep-debug $<TARGET_FILE:${target}> ${symbols}
+        COMMAND ${objcopy} --strip-all --add-gnu-debuglink=${symbols} $<TARGET_FILE:${target}>
         VERBATIM)
 endfunction()
 

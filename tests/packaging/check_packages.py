@@ -38,6 +38,10 @@ def machine_of(data):
     return data[int.from_bytes(data[60:64], "little") + 4:][:2]
 
 
+def time_of_link(data):
+    return int.from_bytes(data[int.from_bytes(data[60:64], "little") + 8:][:4], "little")
+
+
 def version_text(data, key):
     """A text of the version in a program: it follows its key, and both are UTF-16."""
     found = re.search((key + "\0").encode("utf-16-le") + rb"(?:\0\0)*((?:[^\0][^\0]|[^\0]\0)+)",
@@ -53,6 +57,7 @@ def product_numbers(data):
 
 def check_program(name, kind, data, version):
     expect(machine_of(data) == MACHINES[kind], f"{name}: not for {kind}")
+    expect(time_of_link(data) == 0, f"{name}: holds the time when it was built")
     expect(product_numbers(data) == version, f"{name}: product {product_numbers(data)}")
     for key, wanted in (("CompanyName", "Corvane contributors"), ("OriginalFilename", name),
                         ("ProductName", "Corvane"), ("ProductVersion", version)):
