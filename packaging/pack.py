@@ -47,7 +47,8 @@ RUNTIME = [
     ("libstdc++-{gcc}-dev", "linux-x64", "GPL-3.0-or-later WITH GCC-exception-3.1",
      "libstdc++ and libgcc of GCC"),
 ]
-INSTALLER = ("nsis", "x64 x86", "Zlib", "the program that unpacks, in the setup programs")
+INSTALLER = ("nsis", "x64 x86", "Zlib AND CPL-1.0",
+             "the program that unpacks, in the setup programs")
 
 
 def fail(text):
@@ -268,15 +269,24 @@ class Bill:
                            "copyrightText": "NOASSERTION"})
         self.relate(owner, "CONTAINS", identity)
 
-    def add_download(self, path, version):
+    def add_download(self, path, version, files):
+        data = path.read_bytes()
+        # SPDX has one sum for all files of a package.
+        code = digest("".join(sorted(digest(file, "sha1") for file in files.values())).encode(),
+                      "sha1")
         entry = package_entry(path.name, version, "NOASSERTION", packageFileName=path.name,
-                              checksums=checksums(path.read_bytes()))
+                              checksums=checksums(data), filesAnalyzed=True,
+                              packageVerificationCode={"packageVerificationCodeValue": code})
         self.packages.append(entry)
         self.relate("SPDXRef-Corvane", "CONTAINS", entry["SPDXID"])
+        for name, file in files.items():
+            self.add_file(name, file, entry["SPDXID"])
         return entry["SPDXID"]
 
-    def add_runtime(self, kind, owner):
+    def add_runtime(self, kind, owner, has_installer):
         for name, licence, what in runtime_of(kind):
+            if name == INSTALLER[0] and not has_installer:
+                continue
             entry = package_entry(name, debian_version(name), licence, comment=what,
                                   supplier="Organization: Debian")
             if entry not in self.packages:
@@ -294,13 +304,13 @@ def bill(version, folder, *stages):
     downloads = sorted(path for path in folder.iterdir()
                        if path.suffix in (".exe", ".zip", ".gz") and "symbols" not in path.name)
     for path in downloads:
-        owner = document.add_download(path, version)
         for kind, _, stage_folder in (item.partition("=") for item in stages):
             if f"-{kind}" not in path.name:
                 continue
-            document.add_runtime(kind, owner)
-            for name, source in all_files(pathlib.Path(stage_folder)).items():
-                document.add_file(name, source.read_bytes(), owner)
+            files = {name: source.read_bytes()
+                     for name, source in all_files(pathlib.Path(stage_folder)).items()}
+            owner = document.add_download(path, version, files)
+            document.add_runtime(kind, owner, path.suffix == ".exe")
     sums = "".join(digest(path.read_bytes(), "sha256") for path in downloads)
     name = f"Corvane-{version}"
     result = {
