@@ -32,11 +32,20 @@ add_compile_options(-ffile-prefix-map=${CMAKE_SOURCE_DIR}/= -fmacro-prefix-map=/
 # corvane_ships(target): the target's debug sections are kept apart, in symbols/<file>.debug, where
 # a debugger finds them; the file that ships has none.
 function(corvane_ships target)
+    if(CORVANE_SANITIZE OR CORVANE_FUZZ)
+        return()
+    endif()
+    if(NOT WIN32)
+        # Linux systems differ in these libraries.
+        target_link_options(${target} PRIVATE -static-libstdc++ -static-libgcc -Wl,-z,relro,-z,now)
+    endif()
+    # It notes the time of the day otherwise.
+    set(objcopy ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=0 ${CMAKE_OBJCOPY})
     set(symbols ${CMAKE_BINARY_DIR}/symbols/$<TARGET_FILE_NAME:${target}>.debug)
     add_custom_command(TARGET ${target} POST_BUILD
         COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/symbols
-        COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:${target}> ${symbols}
-        COMMAND ${CMAKE_OBJCOPY} --strip-all --add-gnu-debuglink=${symbols} $<TARGET_FILE:${target}>
+        COMMAND ${objcopy} --only-keep-debug $<TARGET_FILE:${target}> ${symbols}
+        COMMAND ${objcopy} --strip-all --add-gnu-debuglink=${symbols} $<TARGET_FILE:${target}>
         VERBATIM)
 endfunction()
 
@@ -80,7 +89,9 @@ endif()
 if(WIN32)
     # -static: the program needs no library of the compiler. The rest is the linker's hardening.
     # The stack protector's own option brings in its library.
-    add_link_options(-static -fstack-protector-strong -Wl,--dynamicbase -Wl,--nxcompat)
+    # No time of the link: the same sources give the same bytes.
+    add_link_options(-static -fstack-protector-strong -Wl,--dynamicbase -Wl,--nxcompat
+                     -Wl,--no-insert-timestamp)
     if(CMAKE_SIZEOF_VOID_P EQUAL 8)
         add_link_options(-Wl,--high-entropy-va)
     else()

@@ -13,7 +13,8 @@ else()
 endif()
 add_custom_command(OUTPUT ${guide_folder}/index.html
     COMMAND ${guide_python} -B ${make_guide} ${CMAKE_SOURCE_DIR}/docs ${guide_folder}
-    DEPENDS ${make_guide} ${CMAKE_CURRENT_LIST_DIR}/guide.css ${guide_sources}
+    DEPENDS ${make_guide} ${CMAKE_CURRENT_LIST_DIR}/guide.css
+            ${CMAKE_CURRENT_LIST_DIR}/guide_search.js ${guide_sources}
     COMMENT "Making the pages of the user guide"
     VERBATIM)
 add_custom_target(guide DEPENDS ${guide_folder}/index.html)

@@ -3,12 +3,15 @@
 From DOCS/user-guide.md comes one page for each chapter (its ## headings), named after the
 heading, and index.html with what is before the first chapter. Every other page that the guide
 leads to, directly or through others, is one page. The pictures that they show are copied beside
-them. FOLDER is made again: nothing of an earlier run stays in it.
+them, with the search (guide_search.js) and guide_index.js, which has what it searches. FOLDER is
+made again: nothing of an earlier run stays in it.
 
 A program cannot open a place within a page, only a page; that is why chapters are pages.
 """
 
 import html
+import html.parser
+import json
 import pathlib
 import re
 import shutil
@@ -18,7 +21,10 @@ import markdown
 from markdown.treeprocessors import Treeprocessor
 
 GUIDE = "user-guide.md"
-STYLE = pathlib.Path(__file__).with_name("guide.css")
+# Files of ours that go along.
+HERE = pathlib.Path(__file__).parent
+FILES = ("guide.css", "guide_search.js")
+INDEX = "guide_index.js"
 
 PAGE = """<!DOCTYPE html>
 <html lang="en">
@@ -30,12 +36,22 @@ PAGE = """<!DOCTYPE html>
 </head>
 <body>
 <nav aria-label="Chapters">
+<form id="search" role="search" onsubmit="return false" hidden>
+<label for="query">Search</label>
+<input type="search" id="query" autocomplete="off">
+<p id="count" role="status" hidden></p>
+<ul id="found" hidden></ul>
+</form>
+<div id="chapters">
 {chapters}
+</div>
 </nav>
 <main>
 {text}
 {neighbours}
 </main>
+<script src="guide_index.js"></script>
+<script src="guide_search.js"></script>
 </body>
 </html>
 """
@@ -172,6 +188,42 @@ def body_of(page, where, titles):
     return text, links.pictures
 
 
+class Parts(html.parser.HTMLParser):
+    """The parts of a page, each from a heading to the next: name of the place, heading, text."""
+
+    def __init__(self, text):
+        super().__init__()
+        self.parts, self.in_heading = [["", "", ""]], False
+        self.feed(text)
+        self.close()
+
+    def handle_starttag(self, tag, attributes):
+        if re.fullmatch("h[1-6]", tag):
+            self.in_heading = True
+            self.parts.append([dict(attributes).get("id", ""), "", ""])
+        elif tag != "code":
+            self.parts[-1][2] += " "
+
+    def handle_endtag(self, tag):
+        if re.fullmatch("h[1-6]", tag):
+            self.in_heading = False
+
+    def handle_data(self, data):
+        self.parts[-1][1 if self.in_heading else 2] += data
+
+
+def index_of(page, text):
+    """What the search knows of a page: place, title of the page, heading, text, of each part."""
+    rows = []
+    for number, (name, heading, words) in enumerate(Parts(text).parts):
+        words = " ".join(words.split())
+        if heading or words:
+            # The page's own heading is its top.
+            place = page.file if number <= 1 else f"{page.file}#{name}"
+            rows.append([place, page.title, heading or page.title, words])
+    return rows
+
+
 def list_of(pages, here):
     items = []
     for page in pages:
@@ -194,31 +246,36 @@ def neighbours_of(chapters, here):
 
 
 def make_pages(docs):
-    """The texts of all pages by their files, index.html last, and the pictures in them."""
+    """The texts of all pages by their files, index.html last, the pictures in them, and the rows of
+    the search's index."""
     pages = read_pages(docs)
     chapters = [page for page in pages if page.source == GUIDE]
     others = [page for page in pages if page.source != GUIDE]
     where = places(pages)
     titles = {page.source: page.title for page in reversed(pages)}
-    texts, pictures = {}, set()
+    texts, pictures, index = {}, set(), []
     for page in reversed(pages):
         text, shown = body_of(page, where, titles)
+        index = index_of(page, text) + index
         pictures |= shown
         lists = list_of(chapters, page) + "\n<p>More</p>\n" + list_of(others, page)
         title = page.title if page is chapters[0] else f"{page.title} - {chapters[0].title}"
         texts[page.file] = PAGE.format(title=html.escape(title), chapters=lists, text=text,
                                        neighbours=neighbours_of(chapters, page))
-    return texts, pictures
+    return texts, pictures, index
 
 
 def write_guide(docs, folder):
-    texts, pictures = make_pages(docs)
+    texts, pictures, index = make_pages(docs)
     for picture in sorted(pictures):
         if not (docs / picture).is_file():
             fail(f"there is no {docs / picture}")
     shutil.rmtree(folder, ignore_errors=True)
     folder.mkdir(parents=True)
-    shutil.copyfile(STYLE, folder / "guide.css")
+    for file in FILES:
+        shutil.copyfile(HERE / file, folder / file)
+    rows = ",\n".join(json.dumps(row, ensure_ascii=False) for row in index)
+    (folder / INDEX).write_text(f"const guideIndex = [\n{rows}\n];\n", encoding="utf-8")
     for picture in sorted(pictures):
         (folder / picture).parent.mkdir(parents=True, exist_ok=True)
         shutil.copyfile(docs / picture, folder / picture)

@@ -10,6 +10,7 @@
 
 #include "files/file_system.h"
 #include "files/paths.h"
+#include "files/settings_file.h"
 #include "files/text_file.h"
 #include "text/text.h"
 
@@ -36,6 +37,8 @@ struct HistoryIndex {
 
 // With a trailing "\"; empty when the user has no folder for such data.
 std::wstring HistoryFolder() {
+    const std::wstring portable = PortableFolder();
+    if (!portable.empty()) return portable + L"history\\";
     const std::wstring folder = system::LocalDataDirectory();
     return folder.empty() ? folder : folder + L"Corvane\\history\\";
 }

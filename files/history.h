@@ -1,5 +1,6 @@
 // The history of the databases: the texts that edits have replaced, each a file of its own in the
-// user's history folder, "Corvane\history" in the local application data:
+// user's history folder, "Corvane\history" in the local application data, or "history" beside the
+// program where the settings are there, too:
 //
 //   index.txt      the databases and their versions, one a line, the oldest first (docs/safety.md)
 //   index.new      the index while it is written

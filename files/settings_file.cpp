@@ -26,10 +26,14 @@ bool MakeEmptyFile(const std::wstring& path) {
 
 }  // namespace
 
+std::wstring PortableFolder() {
+    std::wstring folder = WithTrailingBackslash(DirectoryOf(system::ProgramPath()));
+    return IsThere(folder + kSettingsFile) ? folder : std::wstring();
+}
+
 std::wstring SettingsFile() {
-    std::wstring besideProgram =
-        WithTrailingBackslash(DirectoryOf(system::ProgramPath())) + kSettingsFile;
-    if (IsThere(besideProgram)) return besideProgram;
+    const std::wstring portable = PortableFolder();
+    if (!portable.empty()) return portable + kSettingsFile;
     const std::wstring own = OwnFolder() + kSettingsFile;
     return own != kSettingsFile && IsThere(own) ? own : kSettingsFile;
 }

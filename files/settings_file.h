@@ -9,6 +9,10 @@
 
 namespace corvane {
 
+// The folder of the program, with a trailing "\", when the settings file is in it: what the program
+// keeps of its own belongs there, too. Else empty.
+std::wstring PortableFolder();
+
 // The path; for the third file its bare name, with which the profile functions find it.
 std::wstring SettingsFile();
 // Its full path, for the user.

@@ -286,6 +286,7 @@
     X(kMsgImportQuestion, 3791)         \
     X(kMsgImportOf, 3792)               \
     X(kMsgCompared, 3793)               \
+    X(kMsgShipDataAlone, 3794)          \
     X(kMsgNoNameLine, 3800)             \
     X(kMsgRenameOf, 3801)               \
     X(kMsgNewNameQuestion, 3802)        \

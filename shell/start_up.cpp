@@ -10,6 +10,7 @@
 #include "platform/ztutil32.h"
 #include "report/reporters.h"
 #include "shell/command_line.h"
+#include "shell/commands/bsd_commands.h"
 #include "shell/commands/file_commands.h"
 #include "shell/database_check.h"
 #include "shell/left_overs.h"
@@ -134,7 +135,8 @@ bool StartUp(const std::wstring& commandLine) {
             ChangeToDirectory(shell.settings.WorkDirectory);
             return true;
         }
-    } else if (!startFile.empty() && RequireNoLeftOver(startFile)) {
+    } else if (!startFile.empty() && RequireNoShipDataFile(startFile) &&
+               RequireNoLeftOver(startFile)) {
         path = startFile;
     }
     LoadStartDatabase(path);

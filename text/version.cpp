@@ -26,6 +26,9 @@ std::wstring RevisionSuffix(int revision) {
 
 }  // namespace
 
+// The build gives the three numbers.
+const ProgramVersion kProgramVersion{CORVANE_VERSION};
+
 std::wstring VersionText(float version) {
     if (version == 0) return L"Unknown ver.";
     return DecimalText(version, 1, 4);

@@ -14,8 +14,8 @@ struct ProgramVersion {
     int revision = 0;
 };
 
-// 1.0, revision 0.
-inline constexpr ProgramVersion kProgramVersion{1, 0, 0};
+// The version of the project in CMakeLists.txt.
+extern const ProgramVersion kProgramVersion;
 
 // A version number as text, "2.5" or "1.2346"; 0 is "Unknown ver.".
 std::wstring VersionText(float version);

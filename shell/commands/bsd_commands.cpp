@@ -18,6 +18,8 @@
 namespace corvane {
 namespace {
 
+constexpr wchar_t kShipDataExtension[] = L"bsd";
+
 bool ConfirmErasing(const std::wstring& source) {
     const std::wstring advice =
         BoxText(kMsgReplacedDataAdvice, {FileNameOf(shell.database.path), FileNameOf(source)});
@@ -28,7 +30,7 @@ bool ConfirmErasing(const std::wstring& source) {
 std::wstring AskForSource() {
     std::wstring path = AskForFile({.command = ME_FileImportBSD,
                                     .types = GetMessage(kMsgBsdFiles),
-                                    .defaultExtension = L"bsd",
+                                    .defaultExtension = kShipDataExtension,
                                     .proposed = L"",
                                     .directory = shell.settings.BrowseDirectory});
     return path.empty() || RequireOtherFile(path) ? path : std::wstring();
@@ -70,9 +72,15 @@ void ME_FileImportBSD_Click() {
 
 bool ReadShipDataOf(const std::wstring& path, BasicShipData& bsd) {
     const std::wstring extension = FileExtension(path);
-    if (extension == L"bsd") return ImportBsdFile(path, bsd);
+    if (extension == kShipDataExtension) return ImportBsdFile(path, bsd);
     if (extension == L"vel") return RequireLegacyRead(path, LoadBsdFromLegacy(path, bsd));
     return LoadBsdFromDatabase(path, bsd);
+}
+
+bool RequireNoShipDataFile(const std::wstring& path) {
+    const bool isShipData = FileExtension(path) == kShipDataExtension;
+    if (isShipData) ReportMessage(kMsgShipDataAlone, {path});
+    return !isShipData;
 }
 
 }  // namespace corvane

@@ -19,4 +19,8 @@ void ME_FileImportBSD_Click();
 // Reads the data that a file of one of these kinds has. False, and reported, when it cannot.
 bool ReadShipDataOf(const std::wstring& path, BasicShipData& bsd);
 
+// False, and reported (3794), when a file that is to be opened as the database holds Basic Ship
+// Data alone, as its extension "bsd" says.
+bool RequireNoShipDataFile(const std::wstring& path);
+
 }  // namespace corvane

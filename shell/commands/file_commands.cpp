@@ -8,6 +8,7 @@
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "report/reporters.h"
+#include "shell/commands/bsd_commands.h"
 #include "shell/commands/commands.h"
 #include "shell/edit_history.h"
 #include "shell/exchange_ending.h"
@@ -68,7 +69,7 @@ bool OfferCopy(std::wstring& path, BasicShipData& bsd) {
 
 void Open(std::wstring path) {
     if (FileExtension(path) == kLegacyExtension) return OpenLegacyDatabase(path);
-    if (!RequireNoLeftOver(path)) return;
+    if (!RequireNoShipDataFile(path) || !RequireNoLeftOver(path)) return;
     BasicShipData bsd;
     const bool hasBsd = LoadBsdFromDatabase(path, bsd);
     if (!hasBsd && !IsDatabaseFile(path)) return;

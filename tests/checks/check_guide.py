@@ -1,19 +1,22 @@
 """check_guide.py PAGES DOCS: the pages that were made of DOCS/user-guide.md are valid, each heading
 of a chapter has one, each can be reached from index.html, no link is dead and no picture missing,
-and nothing leads to the net but what the documents name."""
+the search knows every page and leads to places that are there, and nothing leads to the net but
+what the documents name."""
 
 import html.parser
+import json
 import pathlib
 import re
 import sys
 
 from sources import Findings, read_bytes
 
-VOID = {"meta", "link", "img", "br", "hr"}
+VOID = {"meta", "link", "img", "br", "hr", "input"}
 KNOWN = VOID | {"html", "head", "title", "body", "nav", "main", "ul", "ol", "li", "a", "p", "h1",
                 "h2", "h3", "h4", "strong", "em", "code", "pre", "table", "thead", "tbody", "tr",
-                "th", "td", "blockquote"}
+                "th", "td", "blockquote", "div", "form", "label", "script"}
 ONCE = ("html", "head", "title", "body", "nav", "main", "h1")
+INDEX = "guide_index.js"
 # What a reader of Markdown would have made something of.
 LEFT_OVER = re.compile(r"\]\(|\*\*|```|^\s*(?:[|#]|- )", re.MULTILINE)
 
@@ -47,7 +50,7 @@ class Page(html.parser.HTMLParser):
             self.ids.append(names["id"])
         if tag == "a":
             self.links.append((self.getpos()[0], names.get("href") or ""))
-        if tag in ("img", "link"):
+        if tag in ("img", "link", "script"):
             self.files.append((self.getpos()[0], names.get("src") or names.get("href") or ""))
         if tag == "img" and not names.get("alt"):
             self.fault("a picture without a text")
@@ -130,6 +133,24 @@ def check_chapters(pages, docs, findings):
             findings.add("user-guide.md", number, f"no page for {line}")
 
 
+def check_index(pages, folder, findings):
+    """The index of the search has all pages, and leads to places that are there."""
+    text = (folder / INDEX).read_text(encoding="utf-8") if (folder / INDEX).is_file() else ""
+    begin, _, rows = text.partition("[")
+    try:
+        rows = json.loads("[" + rows.strip().removesuffix(";"))
+    except json.JSONDecodeError:
+        rows = []
+    if begin != "const guideIndex = " or not rows:
+        findings.add(INDEX, 1, "missing, or not as the search reads it")
+    for number, (place, _, heading, _) in enumerate(rows, 2):
+        file, _, anchor = place.partition("#")
+        if file not in pages or (anchor and anchor not in pages[file].ids) or not heading:
+            findings.add(INDEX, number, f"no such place: {place}")
+    for name in sorted(set(pages) - {row[0] for row in rows}):
+        findings.add(name, 1, "not in the index of the search")
+
+
 def main(folder, docs):
     findings = Findings()
     pages = read_pages(folder, findings)
@@ -137,6 +158,7 @@ def main(folder, docs):
     ways = check_links(pages, folder, docs_text, findings)
     check_reached(pages, ways, findings)
     check_chapters(pages, docs, findings)
+    check_index(pages, folder, findings)
     for path in sorted(folder.glob("*.css")):
         if re.search(r"url\(|@import", path.read_text(encoding="utf-8")):
             findings.add(path.name, 1, "leads elsewhere")

@@ -356,6 +356,16 @@ TEST_F(StartUpTest, FileThatAnEditLeftIsRefusedAndTheConfiguredDatabaseOpens) {
     EXPECT_LT(Place("main show"), Place("warning " + warnings.back()));
 }
 
+TEST_F(StartUpTest, ShipDataAloneAreRefusedAndTheConfiguredDatabaseOpens) {
+    Configure(kMsgDatabasePathKey, database);
+    const std::wstring shipData = folder.File(L"ship.bsd");
+    WriteFileBytes(shipData, test::ReadFileBytes(test::DataPath("golden/standalone.bsd")));
+    EXPECT_TRUE(StartUp(Quoted(shipData)));
+    EXPECT_EQ(RecordedReports::Of("warning"),
+              Events{Narrow(BoxText(kMsgShipDataAlone, {shipData}))});
+    EXPECT_EQ(shell.database.path, database);
+}
+
 TEST_F(StartUpTest, AFolderOnTheCommandLineIsNoFile) {
     EXPECT_TRUE(StartUp(Quoted(folder.path)));
     EXPECT_EQ(RecordedReports::Of("warning").size(), 1u);

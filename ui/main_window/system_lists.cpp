@@ -1,5 +1,6 @@
 #include "ui/main_window/system_lists.h"
 
+#include "files/settings_file.h"
 #include "platform/win32/win32.h"
 // windows.h must come first.
 #include <shlobj.h>
@@ -16,7 +17,7 @@ void NameApplication() {
 }
 
 void AddToSystemsLists(const std::wstring& path) {
-    SHAddToRecentDocs(SHARD_PATHW, path.c_str());
+    if (PortableFolder().empty()) SHAddToRecentDocs(SHARD_PATHW, path.c_str());
 }
 
 }  // namespace corvane

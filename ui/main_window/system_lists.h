@@ -10,7 +10,8 @@ namespace corvane {
 // Called before the first window. A system without such lists has none.
 void NameApplication();
 
-// A refusal by the system is nothing that the user must know.
+// Not of a portable program, which leaves nothing on the computer. A refusal by the system is
+// nothing that the user must know.
 void AddToSystemsLists(const std::wstring& path);
 
 }  // namespace corvane

@@ -257,6 +257,18 @@ TEST_F(FileOpen, FileThatIsNotADatabaseIsRefused) {
     }
 }
 
+TEST_F(FileOpen, FileOfShipDataAloneIsRefusedWithTheCommandThatImportsIt) {
+    MakeOpen(L"old.ve2", {ModelKind::kSection});
+    const std::string bytes = ReadFileBytes(test::DataPath("golden/standalone.bsd"));
+    WriteFileBytes(File(L"Ship.BSD"), bytes);
+    const Before before;
+    FakePrompt prompt{File(L"Ship.BSD")};
+    ME_FileOpen_Click();
+    EXPECT_TRUE(OnlyWarning(Narrow(BoxText(kMsgShipDataAlone, {File(L"Ship.BSD")}))));
+    EXPECT_EQ(shell.database.path, before.databasePath);
+    EXPECT_EQ(ReadFileBytes(File(L"Ship.BSD")), bytes);
+}
+
 TEST_F(FileOpen, MissingFileAndFolderAreReported) {
     MakeOpen(L"old.ve2");
     struct {
