@@ -12,6 +12,10 @@ bool IsThere(const std::wstring& path) {
            !status.isDirectory;
 }
 
+std::wstring FileBesideProgram() {
+    return WithTrailingBackslash(DirectoryOf(system::ProgramPath())) + kSettingsFile;
+}
+
 // Empty when the user has no folder for application data.
 std::wstring OwnFolder() {
     const std::wstring folder = system::UserDataDirectory();
@@ -26,10 +30,12 @@ bool MakeEmptyFile(const std::wstring& path) {
 
 }  // namespace
 
+bool IsPortable() {
+    return IsThere(FileBesideProgram());
+}
+
 std::wstring SettingsFile() {
-    std::wstring besideProgram =
-        WithTrailingBackslash(DirectoryOf(system::ProgramPath())) + kSettingsFile;
-    if (IsThere(besideProgram)) return besideProgram;
+    if (IsPortable()) return FileBesideProgram();
     const std::wstring own = OwnFolder() + kSettingsFile;
     return own != kSettingsFile && IsThere(own) ? own : kSettingsFile;
 }

@@ -9,6 +9,9 @@
 
 namespace corvane {
 
+// Whether the first of them is there: then nothing of the program's own goes elsewhere.
+bool IsPortable();
+
 // The path; for the third file its bare name, with which the profile functions find it.
 std::wstring SettingsFile();
 // Its full path, for the user.

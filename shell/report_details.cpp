@@ -4,6 +4,7 @@
 #include "platform/system.h"
 #include "report/messages.h"
 #include "shell/library_checks.h"
+#include "shell/program_log.h"
 #include "shell/state.h"
 #include "shell/status_parts.h"
 #include "text/text.h"
@@ -11,18 +12,6 @@
 
 namespace corvane {
 namespace {
-
-// The compiler and for which processors it compiled: "64 bits, GCC 12.2.0".
-std::wstring BuildText() {
-#if defined(__clang__)
-    const std::wstring compiler = L"Clang " + std::to_wstring(__clang_major__);
-#else
-    const std::wstring compiler = L"GCC " + std::to_wstring(__GNUC__) + L'.' +
-                                  std::to_wstring(__GNUC_MINOR__) + L'.' +
-                                  std::to_wstring(__GNUC_PATCHLEVEL__);
-#endif
-    return std::to_wstring(8 * sizeof(void*)) + L" bits, " + compiler;
-}
 
 std::wstring ScreenText() {
     Screen screen;
@@ -48,12 +37,23 @@ std::wstring DatabaseText() {
 
 }  // namespace
 
+std::wstring BuildText() {
+#if defined(__clang__)
+    const std::wstring compiler = L"Clang " + std::to_wstring(__clang_major__);
+#else
+    const std::wstring compiler = L"GCC " + std::to_wstring(__GNUC__) + L'.' +
+                                  std::to_wstring(__GNUC_MINOR__) + L'.' +
+                                  std::to_wstring(__GNUC_PATCHLEVEL__);
+#endif
+    return std::to_wstring(8 * sizeof(void*)) + L" bits, " + compiler;
+}
+
 std::wstring DetailsForReport() {
     std::wstring libraries;
     for (const LibraryCheck& check : LibraryChecks()) libraries += LibraryText(check);
     return WithLineFeeds(FormatMessage(
         kMsgDetails, {shell.title, VersionText(kProgramVersion, true), BuildText(),
-                      system::SystemVersion(), ScreenText(), SettingsFilePath(),
+                      system::SystemVersion(), ScreenText(), SettingsFilePath(), LogPath(),
                       shell.settings.DataDirectory, libraries, DatabaseText(), shell.lastWarning}));
 }
 

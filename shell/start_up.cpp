@@ -6,16 +6,19 @@
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "files/settings_file.h"
+#include "platform/crash.h"
 #include "platform/system.h"
 #include "platform/ztutil32.h"
 #include "report/reporters.h"
 #include "shell/command_line.h"
 #include "shell/commands/file_commands.h"
+#include "shell/crash_reports.h"
 #include "shell/left_overs.h"
 #include "shell/legacy_conversion.h"
 #include "shell/library_checks.h"
 #include "shell/list_settings.h"
 #include "shell/picture_facts.h"
+#include "shell/program_log.h"
 #include "shell/recent_databases.h"
 #include "shell/rule_set.h"
 #include "shell/state.h"
@@ -90,6 +93,7 @@ bool GiveWayToRunningInstance(const std::wstring& commandLine) {
 }
 
 void OpenHandedOver(const std::wstring& file, bool wasAtWork) {
+    if (IsDeviceName(file)) return ReportMessage(kMsgDeviceName, {FileNameOf(file)});
     if (wasAtWork && !shell.view.askYesNo(SubstituteArguments(
                          ExpandLineBreaks(GetMessage(kMsgFileHandedOver)), {file}))) {
         return;
@@ -99,6 +103,7 @@ void OpenHandedOver(const std::wstring& file, bool wasAtWork) {
 }
 
 bool StartUp(const std::wstring& commandLine) {
+    StartLog();
     const std::wstring startFile = ReadCommandLine(commandLine);
     if (!CheckLibraryVersions() || !CheckRegionalSettings()) return false;
     ReadSettings(SettingsFile(), shell.settings);
@@ -119,6 +124,7 @@ bool StartUp(const std::wstring& commandLine) {
     } else if (FileExtension(startFile) == L"vel") {
         OpenLegacyFile(startFile);
         if (IsDatabaseOpen()) {
+            ReportCrashes();
             ChangeToDirectory(shell.settings.WorkDirectory);
             return true;
         }
@@ -127,7 +133,9 @@ bool StartUp(const std::wstring& commandLine) {
     }
     LoadStartDatabase(path);
     ShowMainWindow();
+    ReportCrashes();
     ReportLeftOvers(shell.database.path);
+    if (shell.debugMode) system::CrashIfAsked();
     return true;
 }
 
@@ -153,6 +161,7 @@ void ShutDown(bool sessionEnds) {
         ReportMessage(kMsgSettingsNotSaved, {SettingsFilePath()});
     }
     ChangeToDirectory(shell.startDirectory);
+    Log(LogKind::kEnd, sessionEnds ? L"with the session" : L"by the user");
 }
 
 }  // namespace corvane

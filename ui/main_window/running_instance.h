@@ -12,7 +12,8 @@ namespace corvane {
 // As View::handToRunningInstance.
 HandOver HandToRunningInstance(const std::wstring& file);
 
-// The path that a message WM_COPYDATA hands over; empty when it does not come from a second start.
+// The path that a message WM_COPYDATA hands over: a file on a drive or on a share, by its absolute
+// path. Empty for every other message, whoever sends it.
 std::wstring HandedOverPath(const COPYDATASTRUCT& data);
 
 }  // namespace corvane

@@ -1,0 +1,68 @@
+// Crashes for the tests of what a crash leaves behind.
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <exception>
+#include <memory>
+#include <string_view>
+
+#include "platform/crash.h"
+#include "platform/win32/win32.h"
+
+// What the compiler calls for a virtual procedure that has no body.
+extern "C" void __cxa_pure_virtual();
+
+namespace corvane::system {
+namespace {
+
+void WriteNowhere() {
+    static volatile int* volatile address = nullptr;
+    *address = 1;
+}
+
+void DamageHeap() {
+    constexpr size_t kSize = 64;
+    constexpr size_t kTooMuch = 4096;
+    char* volatile block = static_cast<char*>(HeapAlloc(GetProcessHeap(), 0, kSize));
+    std::memset(block, 0xCC, kTooMuch);
+    WriteNowhere();
+}
+
+void FillStack(volatile char* before) {
+    volatile char room[4096];
+    room[0] = before == nullptr ? '\0' : *before;
+    FillStack(room);
+    room[1] = room[0];
+}
+
+void MisuseLibrary() {
+    FILE* volatile none = nullptr;
+    char text[2] = "";
+    char* volatile nowhere = nullptr;
+    std::fclose(none);
+    strcpy_s(nowhere, sizeof text, text);
+}
+
+struct Way {
+    std::wstring_view name;
+    void (*crash)();
+};
+constexpr Way kWays[] = {{L"memory", WriteNowhere},
+                         {L"heap", DamageHeap},
+                         {L"stack", [] { FillStack(nullptr); }},
+                         {L"abort", [] { std::abort(); }},
+                         {L"terminate", [] { std::terminate(); }},
+                         {L"pure", __cxa_pure_virtual},
+                         {L"parameter", MisuseLibrary}};
+
+}  // namespace
+
+void CrashIfAsked() {
+    wchar_t name[32] = L"";
+    GetEnvironmentVariableW(L"CORVANE_CRASH", name, 32);
+    for (const Way& way : kWays) {
+        if (way.name == name) way.crash();
+    }
+}
+
+}  // namespace corvane::system
