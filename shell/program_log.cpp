@@ -38,6 +38,9 @@ void StartLog() {
     shell.log = {LogPath()};
     Log(LogKind::kStart, L"Corvane " + VersionText(kProgramVersion, true) + L", " + BuildText());
     Log(LogKind::kStart, system::SystemVersion());
+}
+
+void LogLibraries() {
     for (const LibraryCheck& check : LibraryChecks()) Log(LogKind::kStart, LibraryEntry(check));
 }
 

@@ -14,8 +14,9 @@ std::wstring LogFolder();
 // Full path of the log; empty: there is none.
 std::wstring LogPath();
 
-// From now on the reporters write a log. The first entries are the versions of program, system and
-// companion libraries.
+// From now on the reporters write a log. The first entries are the versions of program and system.
 void StartLog();
+// The versions of the companion libraries, or that one is not found.
+void LogLibraries();
 
 }  // namespace corvane

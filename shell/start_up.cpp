@@ -105,7 +105,9 @@ void OpenHandedOver(const std::wstring& file, bool wasAtWork) {
 bool StartUp(const std::wstring& commandLine) {
     StartLog();
     const std::wstring startFile = ReadCommandLine(commandLine);
-    if (!CheckLibraryVersions() || !CheckRegionalSettings()) return false;
+    const bool doLibrariesFit = CheckLibraryVersions();
+    LogLibraries();
+    if (!doLibrariesFit || !CheckRegionalSettings()) return false;
     ReadSettings(SettingsFile(), shell.settings);
     ReadListSettings(SettingsFile());
     shell.preview.options = ReadPictureOptions(SettingsFile());

@@ -1,4 +1,6 @@
 // Crashes for the tests of what a crash leaves behind.
+#include <cxxabi.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -8,9 +10,6 @@
 
 #include "platform/crash.h"
 #include "platform/win32/win32.h"
-
-// What the compiler calls for a virtual procedure that has no body.
-extern "C" void __cxa_pure_virtual();
 
 namespace corvane::system {
 namespace {
@@ -28,10 +27,12 @@ void DamageHeap() {
     WriteNowhere();
 }
 
+// Calls itself by an address that the compiler does not know.
 void FillStack(volatile char* before) {
+    static void (*volatile again)(volatile char*) = FillStack;
     volatile char room[4096];
     room[0] = before == nullptr ? '\0' : *before;
-    FillStack(room);
+    again(room);
     room[1] = room[0];
 }
 
@@ -52,7 +53,7 @@ constexpr Way kWays[] = {{L"memory", WriteNowhere},
                          {L"stack", [] { FillStack(nullptr); }},
                          {L"abort", [] { std::abort(); }},
                          {L"terminate", [] { std::terminate(); }},
-                         {L"pure", __cxa_pure_virtual},
+                         {L"pure", [] { abi::__cxa_pure_virtual(); }},
                          {L"parameter", MisuseLibrary}};
 
 }  // namespace

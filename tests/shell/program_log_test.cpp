@@ -4,6 +4,7 @@
 
 #include <sstream>
 
+#include "files/file_system.h"
 #include "platform/ztvelk32.h"
 #include "shell/commands/commands.h"
 #include "shell/commands/section_commands.h"
@@ -48,9 +49,7 @@ struct ProgramLog : test::CommandTest {
 };
 
 TEST_F(ProgramLog, IsInTheUsersLocalApplicationData) {
-    EXPECT_EQ(LogFolder(),
-              folder.path + (folder.path.ends_with(L'\\') ? L"" : L"\\") + L"Corvane\\")
-        << Narrow(LogFolder());
+    EXPECT_EQ(LogFolder(), system::LocalDataDirectory() + L"Corvane\\");
     EXPECT_EQ(LogPath(), LogFolder() + L"corvane.log");
 }
 
@@ -59,6 +58,7 @@ TEST_F(ProgramLog, BeginsWithVersionsOfProgramSystemAndLibraries) {
     getztvelk32version.pointer = nullptr;
     getztvelk32version.fileName = "not_there.dll";
     StartLog();
+    LogLibraries();
     getztvelk32version = before;
     const std::vector<std::string> entries = Entries();
     ASSERT_EQ(entries.size(), 7U);
@@ -80,7 +80,7 @@ TEST_F(ProgramLog, WithoutLocalApplicationDataThereIsNone) {
 
 TEST_F(ProgramLog, BeforeItsStartNothingIsWritten) {
     RunCommand(ME_HelpAbout);
-    EXPECT_EQ(test::FilesIn(folder.path), std::vector<std::wstring>());
+    EXPECT_FALSE(FileExists(LogPath()));
 }
 
 TEST_F(ProgramLog, CommandsAreNamedAsInTheirTable) {
@@ -92,16 +92,15 @@ TEST_F(ProgramLog, CommandsAreNamedAsInTheirTable) {
 
 TEST_F(ProgramLog, FilesThatAreOpenedAndWrittenAreNamedAndNoModelIs) {
     MakeOpen(L"ship.ve2", {ModelKind::kSection});
-    SelectLine(0);
+    RefreshMainWindow();
     StartLog();
     FakeView::answerYes = true;
     FakeView::answerText = L"SECRET";
     RunCommand(ME_SectionCopy);
-    FakeView::selected = 1;
-    SelectLine(1);
     RunCommand(ME_SectionRename);
-    const std::string ship = Narrow(File(L"ship.ve2"));
-    EXPECT_EQ(Work(), (std::vector<std::string>{"command ME_SectionCopy", "write " + ship,
+    EXPECT_EQ(Work(), (std::vector<std::string>{"command ME_SectionCopy",
+                                                "write " + Narrow(File(L"ship.bak")),
+                                                "write " + Narrow(File(L"ship.ve2")),
                                                 "command ME_SectionRename"}));
     const FakePrompt prompt{File(L"other.ve2")};
     Make(L"other.ve2", {ModelKind::kSection});
@@ -124,14 +123,14 @@ TEST_F(ProgramLog, ProgramsThatRunAreThereWithWhatTheyGet) {
     Install(L"SectInput.exe");
     const test::FakeProgram program([] {});
     test::FakeProgram::result = kProgramCrashed;
-    SelectLine(0);
+    RefreshMainWindow();
     StartLog();
     RunCommand(ME_SectionInput);
-    const std::vector<std::string> work = Work();
-    EXPECT_NE(std::ranges::find(work, "run " + Narrow(programs) + "SectInput.exe \"" +
-                                          Narrow(File(L"ship.ve2")) + "\" 1"),
-              work.end());
-    EXPECT_EQ(work.back(), "fault message " + std::to_string(kMsgProgramCrashed));
+    const std::vector<std::string> entries = Work();
+    EXPECT_NE(std::ranges::find(entries, "run " + Narrow(programs) + "SectInput.exe \"" +
+                                             Narrow(File(L"ship.ve2")) + "\" 1"),
+              entries.end());
+    EXPECT_EQ(entries.back(), "fault message " + std::to_string(kMsgProgramCrashed));
 }
 
 TEST_F(ProgramLog, EndIsThere) {

@@ -28,6 +28,7 @@ TEST_F(Restart, FollowsTheOpenDatabaseAndTheRuleSet) {
     EXPECT_EQ(given, std::vector{first});
     RuleSetChosen(RuleSet::kMil);
     MakeOpen(L"b.ve2");
+    RefreshMainWindow();
     RuleSetChosen(RuleSet::kCsr);
     RuleSetChosen(RuleSet::kQuor);
     const std::string second = "\"" + Narrow(File(L"b.ve2")) + "\"";

@@ -29,7 +29,9 @@ struct Image {
     }
     // What is at an address relative to the image's.
     const char* At(DWORD address) const {
-        const IMAGE_SECTION_HEADER* section = IMAGE_FIRST_SECTION(headers);
+        const auto* section = reinterpret_cast<const IMAGE_SECTION_HEADER*>(
+            reinterpret_cast<const char*>(&headers->OptionalHeader) +
+            headers->FileHeader.SizeOfOptionalHeader);
         for (int i = 0; i < headers->FileHeader.NumberOfSections; ++i, ++section) {
             const DWORD inside = address - section->VirtualAddress;
             if (address >= section->VirtualAddress && inside < section->SizeOfRawData) {

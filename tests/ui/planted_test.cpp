@@ -274,9 +274,9 @@ TEST_F(WithoutRights, LowIntegrityOpensAndShows) {
 TEST_F(WithoutRights, NothingThatCanBeWrittenIsNeededToOpenAndShow) {
     // The database and the settings are read-only, and there is no room for log and history.
     test::WriteFileBytes(installation.File(L"Corvane"), "a file in the way");
-    test::WriteFileBytes(installation.File(L"Corvane.ini"), "");
-    for (const wchar_t* name : {L"ship.ve2", L"Corvane.ini", L"Corvane"}) {
-        SetFileAttributesW(installation.File(name).c_str(), FILE_ATTRIBUTE_READONLY);
+    test::WriteFileBytes(Settings::Path(), "");
+    for (const std::wstring& path : {ship, installation.File(L"Corvane"), Settings::Path()}) {
+        SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY);
     }
     const Program program(installation, L"\"" + ship + L"\"");
     ExpectShown(program);
