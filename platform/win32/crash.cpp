@@ -8,6 +8,7 @@
 #include "platform/win32/win32.h"
 // windows.h must come first.
 #include <dbghelp.h>
+#include <winternl.h>
 
 #include <csignal>
 
@@ -30,6 +31,7 @@ struct CrashRecord {
     decltype(::MiniDumpWriteDump)* writeDump;
     ULONG_PTR programBegin, programEnd;  // addresses
     LONG timesBegun;
+    HANDLE spareHeap;
     EXCEPTION_POINTERS* exception;
     DWORD thread;  // that has crashed
 };
@@ -45,8 +47,6 @@ const char* NameOf(DWORD code) {
             return "abort";
         case kTerminated:
             return "terminate";
-        case kInvalidParameter:
-            return "invalid parameter";
         default:
             return "exception";
     }
@@ -76,6 +76,16 @@ void LogCrash(CrashRecord& crash, const SYSTEMTIME& now) {
     AddLine(crash.log, crash.line);
 }
 
+// Where the process's heap is damaged, what the system does for a dump would crash, too: from now
+// on it finds the spare heap. The record of the process has the heap's handle after five others of
+// its size, on all systems.
+void ReplaceDamagedHeap(const CrashRecord& crash) {
+    constexpr size_t kPlaceOfHeap = 6;
+    if (HeapValidate(GetProcessHeap(), 0, nullptr) != 0 || crash.spareHeap == nullptr) return;
+    auto* const process = reinterpret_cast<HANDLE*>(NtCurrentTeb()->ProcessEnvironmentBlock);
+    if (process[kPlaceOfHeap] == GetProcessHeap()) process[kPlaceOfHeap] = crash.spareHeap;
+}
+
 // The new file of the dump, which nobody else can open until it is whole.
 HANDLE MakeDumpFile(CrashRecord& crash, const SYSTEMTIME& now) {
     wsprintfW(crash.name, L"Corvane %04d-%02d-%02d %02d%02d%02d %u.new.dmp", now.wYear, now.wMonth,
@@ -89,6 +99,7 @@ HANDLE MakeDumpFile(CrashRecord& crash, const SYSTEMTIME& now) {
 
 DWORD WINAPI LeaveDump(void*) {
     CrashRecord& crash = TheCrash();
+    ReplaceDamagedHeap(crash);
     SYSTEMTIME now;
     GetLocalTime(&now);
     const HANDLE file = MakeDumpFile(crash, now);
@@ -121,11 +132,14 @@ bool IsThrow(const EXCEPTION_RECORD& record) {
            (record.ExceptionFlags & EXCEPTION_NONCONTINUABLE) == 0;
 }
 
-// A fault while the dump is written, and one of another thread meanwhile, leave nothing more.
+// A fault while the dump is written ends the process; one of another thread waits for that end.
 LONG WINAPI OnCrash(EXCEPTION_POINTERS* exception) {
     if (IsThrow(*exception->ExceptionRecord)) return EXCEPTION_CONTINUE_EXECUTION;
     CrashRecord& crash = TheCrash();
-    if (InterlockedIncrement(&crash.timesBegun) > 1) return EXCEPTION_CONTINUE_SEARCH;
+    if (InterlockedIncrement(&crash.timesBegun) > 1) {
+        if (crash.thread != GetCurrentThreadId()) Sleep(kPatience);
+        TerminateProcess(GetCurrentProcess(), exception->ExceptionRecord->ExceptionCode);
+    }
     crash.exception = exception;
     crash.thread = GetCurrentThreadId();
     const bool isFull = exception->ExceptionRecord->ExceptionCode == EXCEPTION_STACK_OVERFLOW;
@@ -152,10 +166,6 @@ void OnTerminate() {
     EndBy(kTerminated);
 }
 
-void OnInvalidParameter(const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) {
-    EndBy(kInvalidParameter);
-}
-
 void NoteProgram(CrashRecord& crash) {
     const auto* base = reinterpret_cast<const char*>(GetModuleHandleW(nullptr));
     const auto* dosHeader = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
@@ -176,6 +186,7 @@ void CatchCrashes(const std::wstring& folder, const std::wstring& log) {
     lstrcpyW(crash.folder, nativeFolder.c_str());
     lstrcpyW(crash.log, nativeLog.c_str());
     NoteProgram(crash);
+    crash.spareHeap = HeapCreate(0, 0, 0);
     const HMODULE library = LoadLibraryExW(L"dbghelp.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     if (library != nullptr) {
         crash.writeDump =
@@ -186,7 +197,6 @@ void CatchCrashes(const std::wstring& folder, const std::wstring& log) {
     SetUnhandledExceptionFilter(OnCrash);
     std::set_terminate(OnTerminate);
     std::signal(SIGABRT, OnAbort);
-    _set_invalid_parameter_handler(OnInvalidParameter);
     // Otherwise abort() shows a box of its own first.
     _set_error_mode(_OUT_TO_STDERR);
 }

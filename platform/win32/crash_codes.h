@@ -5,8 +5,7 @@
 
 namespace corvane::system {
 
-inline constexpr DWORD kAborted = 0xE0000001;           // abort(): an assertion has failed
-inline constexpr DWORD kTerminated = 0xE0000002;        // an exception that nobody catches
-inline constexpr DWORD kInvalidParameter = 0xE0000003;  // the C library was called wrongly
+inline constexpr DWORD kAborted = 0xE0000001;     // abort(): an assertion has failed
+inline constexpr DWORD kTerminated = 0xE0000002;  // an exception that nobody catches
 
 }  // namespace corvane::system

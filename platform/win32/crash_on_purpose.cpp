@@ -36,14 +36,6 @@ void FillStack(volatile char* before) {
     room[1] = room[0];
 }
 
-void MisuseLibrary() {
-    FILE* volatile none = nullptr;
-    char text[2] = "";
-    char* volatile nowhere = nullptr;
-    std::fclose(none);
-    strcpy_s(nowhere, sizeof text, text);
-}
-
 struct Way {
     std::wstring_view name;
     void (*crash)();
@@ -53,8 +45,7 @@ constexpr Way kWays[] = {{L"memory", WriteNowhere},
                          {L"stack", [] { FillStack(nullptr); }},
                          {L"abort", [] { std::abort(); }},
                          {L"terminate", [] { std::terminate(); }},
-                         {L"pure", [] { abi::__cxa_pure_virtual(); }},
-                         {L"parameter", MisuseLibrary}};
+                         {L"pure", [] { abi::__cxa_pure_virtual(); }}};
 
 }  // namespace
 

@@ -54,13 +54,17 @@ bool IsProgramName(std::string_view name) {
     return false;
 }
 
-// Every run of characters that names may have and that looks like a program's.
+// Every run of characters that names may have and that looks like a program's. Numbers before a
+// text may look like one or two characters of it.
 void AddNames(std::string_view text, std::set<std::wstring>& names) {
     for (size_t begin = 0; begin < text.size();) {
         size_t end = begin;
         while (end < text.size() && IsOfName(text[end])) ++end;
         const std::string_view run = text.substr(begin, end - begin);
-        if (IsProgramName(run)) names.insert(Lower(run));
+        for (size_t skipped = 0; skipped < 3 && skipped < run.size(); ++skipped) {
+            const std::string_view name = run.substr(skipped);
+            if (IsProgramName(name)) names.insert(Lower(name));
+        }
         begin = end + 1;
     }
 }

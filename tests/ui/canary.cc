@@ -25,7 +25,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     return 0;
 }
 #else
-BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, void*) {
+extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, void*) {
     if (reason == DLL_PROCESS_ATTACH) Sing(module);
     return TRUE;
 }

@@ -120,13 +120,17 @@ TEST_F(LogUi, FolderIsOpenedFromTheHelpMenu) {
     const HWND main = program.Main();
     ASSERT_NE(main, nullptr);
     Choose(main, ME_HelpLog);
+    // Its title is the folder's name, as that of the program's window is.
     HWND shown = nullptr;
     EXPECT_TRUE(WaitUntil([&] {
-        for (const wchar_t* name : {L"ExploreWClass", L"CabinetWClass"}) {
-            if (shown == nullptr) shown = FindWindowW(name, nullptr);
+        DWORD process = program.id;
+        while (process == program.id) {
+            shown = FindWindowExW(nullptr, shown, nullptr, L"Corvane");
+            if (shown == nullptr) return false;
+            GetWindowThreadProcessId(shown, &process);
         }
-        return shown != nullptr && TextOf(shown).find(L"Corvane") != std::wstring::npos;
-    })) << Narrow(TextOf(shown));
+        return IsWindowVisible(shown) != FALSE;
+    }));
     EXPECT_EQ(program.FindNow(L"#32770"), nullptr);
     PostMessageW(shown, WM_CLOSE, 0, 0);
     EXPECT_TRUE(HasClosed(shown));
