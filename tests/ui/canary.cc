@@ -1,5 +1,8 @@
 // A library and a program that nobody may load: each writes the path of its file into the file that
-// the environment variable CORVANE_CANARY names.
+// the environment variable CORVANE_CANARY names. The program then loads the libraries that its
+// command line has.
+#include <cstdlib>
+
 #include "platform/win32/win32.h"
 
 namespace {
@@ -22,6 +25,7 @@ void Sing(HMODULE module) {
 #if defined(CANARY_IS_PROGRAM)
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     Sing(nullptr);
+    for (int i = 1; i < __argc; ++i) FreeLibrary(LoadLibraryW(__wargv[i]));
     return 0;
 }
 #else

@@ -39,6 +39,37 @@ std::wstring Lower(std::wstring text) {
     return text;
 }
 
+bool IsProgram(const std::wstring& name) {
+    return name.ends_with(L".exe") || name.ends_with(L".com");
+}
+
+// Wine takes its own library wherever a file of its name is found, unless this says otherwise;
+// other systems do not know it.
+struct FilesBeforeWinesOwn {
+    static constexpr const wchar_t* kPrograms[] = {L"Corvane.exe", L"corvane.com"};
+    static std::wstring Key(const wchar_t* program) {
+        return std::wstring(L"Software\\Wine\\AppDefaults\\") + program;
+    }
+    explicit FilesBeforeWinesOwn(const std::set<std::wstring>& names) {
+        constexpr wchar_t kOrder[] = L"native,builtin";
+        for (const wchar_t* program : kPrograms) {
+            for (const std::wstring& name : names) {
+                const std::wstring stem =
+                    name.ends_with(L".dll") ? name.substr(0, name.size() - 4) : name;
+                RegSetKeyValueW(HKEY_CURRENT_USER, (Key(program) + L"\\DllOverrides").c_str(),
+                                (L"*" + stem).c_str(), REG_SZ, kOrder, sizeof kOrder);
+            }
+        }
+    }
+    ~FilesBeforeWinesOwn() {
+        for (const wchar_t* program : kPrograms) {
+            RegDeleteTreeW(HKEY_CURRENT_USER, Key(program).c_str());
+        }
+    }
+    FilesBeforeWinesOwn(const FilesBeforeWinesOwn&) = delete;
+    FilesBeforeWinesOwn& operator=(const FilesBeforeWinesOwn&) = delete;
+};
+
 // Full paths of what a process has loaded, in lower case.
 std::vector<std::wstring> ModulesOf(const Program& program) {
     std::vector<HMODULE> modules(1024);
@@ -63,6 +94,7 @@ struct Planted : testing::Test {
     std::wstring songs = notes.File(L"songs.txt");
     std::wstring ship = databases.File(L"ship.ve2");
     std::wstring searchPath;
+    FilesBeforeWinesOwn order{Names()};
 
     // Every name that the programs have in their texts, and those of the suite's programs.
     static std::set<std::wstring> Names() {
@@ -80,9 +112,9 @@ struct Planted : testing::Test {
     void SetUp() override {
         for (const test::TemporaryFolder* folder : {&current, &databases, &searched}) {
             for (const std::wstring& name : Names()) {
-                const bool isProgram = name.ends_with(L".exe") || name.ends_with(L".com");
-                fs::copy_file(OwnFile(isProgram ? L"canary\\canary.exe" : L"canary\\canary.dll"),
-                              folder->File(name));
+                fs::copy_file(
+                    OwnFile(IsProgram(name) ? L"canary\\canary.exe" : L"canary\\canary.dll"),
+                    folder->File(name));
             }
         }
         CopyFileW(test::DataPath("../samples/aurora_bay.ve2").c_str(), ship.c_str(), FALSE);
@@ -113,20 +145,30 @@ struct Planted : testing::Test {
     }
 };
 
+// The planted program loads what it is asked to, by full paths.
 TEST_F(Planted, CanariesSing) {
-    const HMODULE library = LoadLibraryW(current.File(L"dbghelp.dll").c_str());
-    EXPECT_NE(library, nullptr);
-    FreeLibrary(library);
+    const std::wstring program = notes.File(L"Corvane.exe");
+    fs::copy_file(OwnFile(L"canary\\canary.exe"), program);
+    std::wstring line = L"\"" + program + L"\"";
+    std::vector<std::wstring> singers{program};
+    for (const std::wstring& name : Names()) {
+        if (IsProgram(name)) continue;
+        line += L" \"" + current.File(name) + L"\"";
+        singers.push_back(current.File(name));
+    }
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION information{};
-    ASSERT_TRUE(CreateProcessW(current.File(L"cmd.exe").c_str(), nullptr, nullptr, nullptr, FALSE,
-                               0, nullptr, nullptr, &startup, &information));
-    WaitForSingleObject(information.hProcess, kPatience);
-    CloseHandle(information.hThread);
-    CloseHandle(information.hProcess);
-    EXPECT_EQ(Songs(), Narrow(current.File(L"dbghelp.dll")) + "\n" +
-                           Narrow(current.File(L"cmd.exe")) + "\n");
+    ASSERT_TRUE(CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                               nullptr, &startup, &information));
+    const Program canary(information);
+    ASSERT_TRUE(canary.HasEnded());
+    for (const std::wstring& singer : singers) {
+        // Every process has these before it could load others by their names.
+        const std::wstring name = fs::path(singer).filename().wstring();
+        if (name == L"kernel32.dll" || name == L"ntdll.dll" || name == L"msvcrt.dll") continue;
+        EXPECT_NE(Songs().find(Narrow(singer) + "\n"), std::string::npos) << Narrow(name);
+    }
 }
 
 // So that no name can be forgotten, they are those of the programs' files.
