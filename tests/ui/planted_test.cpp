@@ -218,6 +218,16 @@ TEST_F(Planted, NoneRunsInTheProgram) {
     EXPECT_FALSE(program.HasEnded(0));
 }
 
+TEST_F(Planted, CompanionLibraryThatIsMissingIsNotReplaced) {
+    ASSERT_TRUE(DeleteFileW(installation.File(L"ZTVelk32.dll").c_str()));
+    const Program program(installation, L"\"" + ship + L"\"", L"Corvane.exe", current.path);
+    const Box box = WaitForBox(program);
+    EXPECT_NE(Narrow(box.text).find("ZTVelk32"), std::string::npos) << Narrow(box.text);
+    ASSERT_TRUE(Press(box, IDOK));
+    EXPECT_TRUE(program.HasEnded());
+    EXPECT_EQ(Songs(), "");
+}
+
 TEST_F(Planted, AllThatIsLoadedIsTheSystemsOrACompanionLibrary) {
     const Program program(installation, L"\"" + ship + L"\"", L"Corvane.exe", current.path);
     const HWND main = program.Main();
