@@ -8,6 +8,7 @@
 #include "platform/crash.h"
 #include "platform/system.h"
 #include "report/reporters.h"
+#include "shell/open_database.h"
 #include "shell/program_log.h"
 
 namespace corvane {
@@ -65,7 +66,10 @@ void ReportCrashes() {
         if (name.ends_with(kNew) && Rename(folder, name)) newest = folder + name;
     }
     RemoveOldest(folder, dumps);
-    if (!newest.empty()) Report(newest);
+    if (newest.empty()) return;
+    Report(newest);
+    // In this run nothing has failed.
+    ShowNextStep();
 }
 
 }  // namespace corvane

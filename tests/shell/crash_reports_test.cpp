@@ -37,6 +37,7 @@ TEST_F(CrashReports, NewDumpIsReportedOnceAndKept) {
     EXPECT_NE(Warnings()[0].find("'" + Narrow(path) + "'"), std::string::npos) << Warnings()[0];
     EXPECT_EQ(Warnings()[0].rfind("Corvane ended unexpectedly when it was last in use (", 0), 0U);
     EXPECT_EQ(FilesIn(dumps), Names{L"Corvane 2026-11-23 164012 1234.dmp"});
+    EXPECT_EQ(test::RecordedReports::Of("colour").back(), "text") << "this run has no fault";
     ReportCrashes();
     EXPECT_EQ(Warnings().size(), 1U);
 }
