@@ -123,7 +123,7 @@ bool IsMissing(const TextReader& reader) {
 void ReportListFault(const TextReader& reader, const std::wstring& path, bool isHalf) {
     if (reader.error == system::kErrorNone || IsMissing(reader)) return;
     const MessageNumber message = isHalf ? kMsgListIsHalf : kMsgFileNotRead;
-    ReportMessage(message, {path, system::ErrorText(reader.error)});
+    ReportMessage(message, {path, SystemError{reader.error}});
 }
 
 void ReadEntries(TextReader& reader, Detail detail, const system::FileStamp& stamp,

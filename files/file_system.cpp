@@ -95,10 +95,15 @@ void SwapWithBackup(const std::wstring& copy, const std::wstring& target, Replac
     result.Done() ? RemoveOrTell(backup, result) : UndoSwap(backup, target, result);
 }
 
+void LogWritten(const ReplaceResult& result) {
+    if (result.Done()) Log(LogKind::kWrite, result.target);
+}
+
 // Nobody was asked about a target that was not there.
 void PutInNewPlace(const std::wstring& copy, ReplaceResult& result) {
     result.error = CallPatiently(IsHeldByAnother,
                                  [&] { return system::RenameToNewName(copy, result.target); });
+    LogWritten(result);
 }
 
 // Each attempt looks first whether the target still has the text that is to go; `old` null: any.
@@ -109,6 +114,7 @@ void PutInPlaceOfOld(const std::wstring& copy, const system::FileStamp* old,
                                              : system::RenameOver(copy, result.target);
     });
     if (IsHeldByAnother(result.error)) SwapWithBackup(copy, result.target, result);
+    LogWritten(result);
 }
 
 // Why a target cannot be replaced at all.

@@ -10,7 +10,7 @@ bool ReportReadFault(const TextReader& reader, const std::wstring& path) {
         ReportNote(kMsgReadingCancelled, {path});
         return true;
     }
-    ReportMessage(kMsgFileNotRead, {path, system::ErrorText(reader.error)});
+    ReportMessage(kMsgFileNotRead, {path, SystemError{reader.error}});
     return true;
 }
 

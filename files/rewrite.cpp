@@ -11,7 +11,6 @@ namespace corvane {
 namespace {
 
 using system::ErrorNumber;
-using system::ErrorText;
 using system::kErrorNone;
 
 void ReportLeftOver(const std::wstring& path) {
@@ -157,7 +156,7 @@ RewriteEnd FinishRewrite(Rewrite& rewrite) {
     // Some systems let nobody rename over a file that is open.
     system::CloseFile(rewrite.reader.file);
     if (rewrite.folderError != kErrorNone) {
-        ReportMessage(kMsgFolderNotWritable, {rewrite.target, ErrorText(rewrite.folderError)});
+        ReportMessage(kMsgFolderNotWritable, {rewrite.target, SystemError{rewrite.folderError}});
         return RewriteEnd::kFailed;
     }
     if (readError == system::kErrorFileChanged) {
@@ -197,7 +196,7 @@ ReplaceResult ReplaceByCopy(const std::wstring& source, const std::wstring& targ
 void ReportTextNotWritten(const std::wstring& target, ErrorNumber error) {
     if (error == system::kErrorCancelled) return ReportNote(kMsgCancelled, {target});
     if (!system::IsLocked(error)) {
-        ReportMessage(kMsgTextNotWritten, {target, ErrorText(error)});
+        ReportMessage(kMsgTextNotWritten, {target, SystemError{error}});
         return;
     }
     ReportMessage(kMsgHeldByProgram, {target, HoldersOf(target)});
@@ -215,8 +214,10 @@ void ReportReplacement(const ReplaceResult& result, int32_t failure, MessageArgu
     ReportLeftOver(result.leftOver);
 }
 
-std::wstring ReasonOf(ErrorNumber error) {
-    return error == system::kErrorFileExists ? GetMessage(kMsgMadeMeanwhile) : ErrorText(error);
+MessageArgument ReasonOf(ErrorNumber error) {
+    MessageArgument reason = SystemError{error};
+    if (error == system::kErrorFileExists) reason.text = GetMessage(kMsgMadeMeanwhile);
+    return reason;
 }
 
 std::wstring RemedyOf(ErrorNumber error) {

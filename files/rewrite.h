@@ -95,7 +95,7 @@ bool RepeatUntilUnchanged(const std::wstring& path, Edit edit) {
 // Nothing is shown when all is well.
 void ReportReplacement(const ReplaceResult& result, int32_t failure, MessageArguments arguments);
 // Why a replacement failed, and what the user can do about it.
-std::wstring ReasonOf(system::ErrorNumber error);
+MessageArgument ReasonOf(system::ErrorNumber error);
 std::wstring RemedyOf(system::ErrorNumber error);
 
 // Shows the user (3504) why there is no new text for a file, which is as it was; when another

@@ -44,6 +44,7 @@ RunResult RunToItsEnd(const std::wstring& commandLine, int16_t windowStyle, bool
 RunResult RunAndWait(const std::wstring& commandLine, int16_t windowStyle, bool& childRunning,
                      const std::wstring& workDir) {
     childRunning = false;
+    Log(LogKind::kRun, commandLine);
     SetBusyPointer();
     std::wstring remembered;
     if (!workDir.empty()) {

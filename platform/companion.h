@@ -21,6 +21,10 @@ namespace corvane {
 // `error` gets the system's error number, 0 on success.
 void* FindLibraryFunction(const char* library, const char* function, uint32_t& error);
 
+// From now on a library that some part of the system asks for by its name alone comes from the
+// system folder, never from the program's folder, the current one or PATH. Nothing on the host.
+void RestrictLibrarySearch();
+
 // A function of a companion library, called like the function itself. It is resolved at the first
 // call. While library or function is missing every call tries again and gives the neutral result
 // (zero), and `error` holds the system's error number.

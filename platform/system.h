@@ -58,6 +58,10 @@ ErrorNumber CreateForWriting(const std::wstring& path, File& file);
 // As above, but fails with kErrorFileExists when a file has the name.
 ErrorNumber CreateNewForWriting(const std::wstring& path, File& file);
 
+// For writing at the end, whatever others write there meanwhile: what one call of WriteBytes is
+// given stays together. A missing file is made. Others may read, write, rename and delete the file.
+ErrorNumber OpenForAppending(const std::wstring& path, File& file);
+
 // Reads up to `most` bytes at the file's position; count 0 is the end of the file.
 ErrorNumber ReadBytes(File file, void* bytes, size_t most, size_t& count);
 // Writes all bytes; a short write is an error.
@@ -207,6 +211,8 @@ std::wstring RawCommandLine();
 bool ClaimSingleInstance();
 // The system's name and version: "Windows 10.0.19045".
 std::wstring SystemVersion();
+// The number by which the system knows this process.
+uint32_t ProcessNumber();
 // Whether a process runs that was started from this program file. Processes that this user may not
 // look at do not count.
 bool IsProgramRunning(const std::wstring& path);

@@ -309,6 +309,10 @@
     X(kMsgLookForProgram, 3819)         \
     X(kMsgFolderOfProgram, 3820)        \
     X(kMsgProgramNotThere, 3821)        \
+    X(kMsgCrashed, 3822)                \
+    X(kMsgCrashedWithoutDump, 3823)     \
+    X(kMsgNoLogFolder, 3824)            \
+    X(kMsgLogFolderNotOpened, 3825)     \
     X(kMsgHelpPageMissing, 3830)        \
     X(kMsgHelpPageNotOpened, 3831)      \
     X(kMsgDetails, 3832)                \

@@ -28,6 +28,8 @@ MessageArgument::MessageArgument(int32_t number) : text(GeneralText(number)) {}
 MessageArgument::MessageArgument(uint32_t number) : text(std::to_wstring(number)) {}
 MessageArgument::MessageArgument(float number) : text(GeneralText(number)) {}
 MessageArgument::MessageArgument(double number) : text(GeneralText(number)) {}
+MessageArgument::MessageArgument(SystemError reason)
+    : text(system::ErrorText(reason.number)), error(reason.number) {}
 
 std::wstring GetMessagePart(int32_t number, size_t index) {
     const std::wstring text = GetMessage(number);

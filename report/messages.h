@@ -10,13 +10,20 @@
 #include <string>
 #include <string_view>
 
+#include "platform/system.h"
 #include "report/message_numbers.h"
 
 namespace corvane {
 
+// Why the system refused something, as an argument of a message: its text is the system's.
+struct SystemError {
+    system::ErrorNumber number;
+};
+
 // An argument of a message, as text: numbers in their general form.
 struct MessageArgument {
     std::wstring text;
+    system::ErrorNumber error = system::kErrorNone;  // of a SystemError, for the log
 
     MessageArgument(std::wstring argument) : text(std::move(argument)) {}
     MessageArgument(std::wstring_view argument) : text(argument) {}
@@ -25,6 +32,7 @@ struct MessageArgument {
     MessageArgument(uint32_t number);
     MessageArgument(float number);
     MessageArgument(double number);
+    MessageArgument(SystemError reason);
 };
 using MessageArguments = std::initializer_list<MessageArgument>;
 

@@ -1,5 +1,7 @@
 #include "report/reporters.h"
 
+#include <algorithm>
+
 #include "platform/system.h"
 #include "text/numbers.h"
 #include "text/text.h"
@@ -12,6 +14,31 @@ std::wstring TextOrMessage(std::wstring_view text) {
     return GetMessage(LeadingInteger(text));
 }
 
+bool IsFault(const MessageArgument& argument) {
+    return argument.error != system::kErrorNone;
+}
+
+// The number of a message and the system's errors among its arguments; the other arguments may be
+// what a database holds.
+void LogMessage(int32_t number, MessageArguments arguments) {
+    std::wstring entry = L"message " + std::to_wstring(number);
+    for (const MessageArgument& argument : arguments) {
+        if (IsFault(argument)) entry += L", system error " + std::to_wstring(argument.error);
+    }
+    Log(LogKind::kFault, entry);
+}
+
+// A text has no number; it may hold what a database holds.
+void LogText(std::wstring_view text, MessageArguments arguments) {
+    if (ReadsAsNumber(text)) return LogMessage(LeadingInteger(text), arguments);
+    Log(LogKind::kFault, L"a message without a number");
+}
+
+void ShowWarningBox(std::wstring_view text) {
+    reportView.resetPointer();
+    reportView.showWarningBox(ExpandLineBreaks(text));
+}
+
 void ReportText(const std::wstring& message, MessageArguments arguments) {
     reportView.resetPointer();
     const std::wstring text = SubstituteArguments(message, arguments);
@@ -19,7 +46,7 @@ void ReportText(const std::wstring& message, MessageArguments arguments) {
     FlagStatusFailed(text);
     reportView.unloadSplash();
     reportView.showProgress(kNoProgress);
-    ShowWarning(SubstituteArguments(ExpandLineBreaks(message), arguments));
+    ShowWarningBox(SubstituteArguments(ExpandLineBreaks(message), arguments));
 }
 
 }  // namespace
@@ -27,14 +54,17 @@ void ReportText(const std::wstring& message, MessageArguments arguments) {
 ReportView reportView;
 
 void ReportMessage(int32_t number, MessageArguments arguments) {
+    LogMessage(number, arguments);
     ReportText(GetMessage(number), arguments);
 }
 
 void ReportMessage(std::wstring_view text, MessageArguments arguments) {
+    LogText(text, arguments);
     ReportText(TextOrMessage(text), arguments);
 }
 
 void ReportMessage(int32_t number, MessageArguments arguments, const std::wstring& advice) {
+    LogMessage(number, arguments);
     ReportText(L"¤", {WithAdvice(BoxText(number, arguments), advice)});
 }
 
@@ -53,14 +83,17 @@ void ReportStatus(int32_t number, MessageArguments arguments) {
 }
 
 void ReportNote(int32_t number, MessageArguments arguments) {
+    if (std::ranges::any_of(arguments, IsFault)) LogMessage(number, arguments);
     ShowNote(FormatMessage(number, arguments));
 }
 
 void ReportSilent(int32_t number, MessageArguments arguments) {
+    LogMessage(number, arguments);
     FlagStatusFailed(FormatMessage(number, arguments));
 }
 
 void ReportSilent(std::wstring_view text, MessageArguments arguments) {
+    LogText(text, arguments);
     FlagStatusFailed(SubstituteArguments(TextOrMessage(text), arguments));
 }
 
@@ -82,8 +115,8 @@ void FlagStatusFailed(std::wstring_view text) {
 }
 
 void ShowWarning(std::wstring_view text) {
-    reportView.resetPointer();
-    reportView.showWarningBox(ExpandLineBreaks(text));
+    LogText(text, {});
+    ShowWarningBox(text);
 }
 
 void StatusLinesOff() {
@@ -95,9 +128,14 @@ void StatusLinesOn() {
 }
 
 void ReportDebugError(std::wstring_view context, uint32_t errorNumber) {
+    Log(LogKind::kFault, std::wstring(context) + L", system error " + std::to_wstring(errorNumber));
     if (!reportView.isDebugMode()) return;
     reportView.showPlainBox(std::wstring(context) + L' ' + std::to_wstring(errorNumber) + L' ' +
                             system::ErrorText(errorNumber));
+}
+
+void Log(LogKind kind, std::wstring_view text) {
+    reportView.writeLog(kind, text);
 }
 
 void SetBusyPointer() {

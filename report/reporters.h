@@ -18,6 +18,9 @@ inline constexpr int kNoProgress = -1;
 
 enum class StatusColour { kButtonText, kRed };
 
+// What an entry of the log is about.
+enum class LogKind { kStart, kCommand, kOpen, kWrite, kRun, kFault, kEnd };
+
 // What the screen does for the reporters. Whoever has a screen fills the record in at start; a
 // procedure that nobody filled in does nothing.
 struct ReportView {
@@ -45,6 +48,9 @@ struct ReportView {
 
     // Whether the switch "/d" was given.
     bool (*isDebugMode)() = [] { return false; };
+
+    // Writes an entry into the log (files/log_file.h).
+    void (*writeLog)(LogKind kind, std::wstring_view text) = [](LogKind, std::wstring_view) {};
 };
 
 // The record that the reporters use.
@@ -105,6 +111,10 @@ private:
 // What the utilities report of a run-time error: a plain box "context number description", only in
 // debug mode.
 void ReportDebugError(std::wstring_view context, uint32_t errorNumber);
+
+// Writes an entry into the log: names of commands, paths of files, numbers of messages. Never the
+// name of a model, and nothing else of what a database holds. The reporters write what they report.
+void Log(LogKind kind, std::wstring_view text);
 
 // The screen's pointer: the hourglass, and back to the default.
 void SetBusyPointer();

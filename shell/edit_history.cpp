@@ -160,7 +160,7 @@ bool PutVersionBack(const TextVersion& version, const FileStamp& current) {
 // False, and reported, when the history cannot be read.
 bool RequireRead(const ReadSteps& read) {
     if (read.error == kErrorNone) return true;
-    ReportMessage(kMsgHistoryNotRead, {shell.database.path, system::ErrorText(read.error)});
+    ReportMessage(kMsgHistoryNotRead, {shell.database.path, SystemError{read.error}});
     return false;
 }
 
@@ -316,7 +316,7 @@ void NoteAfterRun(const KeptForRun& kept) {
 }
 
 void ReportKept(system::ErrorNumber error) {
-    if (error != kErrorNone) ReportNote(kMsgNoHistory, {system::ErrorText(error)});
+    if (error != kErrorNone) ReportNote(kMsgNoHistory, {SystemError{error}});
 }
 
 }  // namespace corvane

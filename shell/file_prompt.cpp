@@ -94,6 +94,7 @@ std::wstring AskForFile(const FileQuestion& question) {
     std::wstring path = AskFrom(question);
     if (path.empty() || !IsUsable(path, question.toSave)) return {};
     shell.settings.BrowseDirectory = DirectoryOf(path);
+    if (!question.toSave) Log(LogKind::kOpen, path);
     return path;
 }
 

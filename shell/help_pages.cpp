@@ -70,6 +70,7 @@ constexpr HelpPage kHelpPages[] = {
     {ME_HelpSample, kWindow},
     {ME_HelpContents, kHelp},
     {ME_HelpDetails, kHelp},
+    {ME_HelpLog, L"log-and-crashes"},
     {ME_EditUndo, kUndo},
     {ME_EditRedo, kUndo},
     {ME_EditFind, kLists},
@@ -125,7 +126,7 @@ void ShowHelp(uint16_t about) {
     if (!FileExists(path)) return ReportMessage(kMsgHelpPageMissing, {path});
     const system::ErrorNumber error = shell.view.openDocument(path);
     if (error == system::kErrorNone) return;
-    ReportMessage(kMsgHelpPageNotOpened, {path, system::ErrorText(error)});
+    ReportMessage(kMsgHelpPageNotOpened, {path, SystemError{error}});
 }
 
 HelpAbout::HelpAbout(uint16_t about) : before_(shell.helpAbout) {

@@ -23,7 +23,7 @@ FileEnd Make(const std::wstring& target, const std::wstring& edit,
     std::wstring temporary;
     const system::ErrorNumber error = NewTemporaryFile(temporary);
     if (error != system::kErrorNone) {
-        ReportMessage(kMsgFileNotMade, {target, system::ErrorText(error)});
+        ReportMessage(kMsgFileNotMade, {target, SystemError{error}});
         if (!temporary.empty()) ReportMessage(kMsgFileNotRemoved, {temporary});
         return FileEnd::kFailed;
     }

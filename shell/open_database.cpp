@@ -13,6 +13,7 @@
 #include "shell/edit_history.h"
 #include "shell/left_overs.h"
 #include "shell/recent_databases.h"
+#include "shell/restart.h"
 #include "shell/state.h"
 #include "shell/status_parts.h"
 
@@ -101,8 +102,8 @@ void NoteStamp(const system::FileStamp& stamp) {
 // The rows stay as they were read last.
 void NoteGone(system::ErrorNumber error) {
     OpenDatabase& database = shell.database;
-    database.whyGone = FormatMessage(kMsgDatabaseOutOfSight,
-                                     {FileNameOf(database.path), system::ErrorText(error)});
+    database.whyGone =
+        FormatMessage(kMsgDatabaseOutOfSight, {FileNameOf(database.path), SystemError{error}});
 }
 
 // Lists the models again. When the user cancels, the list stays as it was; without one, no database
@@ -147,6 +148,7 @@ void ShowWholeWindow(Focus focus = Focus::kToList) {
         ShowNoDatabase();
     }
     ShowCaptionAndParts();
+    NoteRestart();
     ReadUndoNames();
     shell.view.updateEnabling();
     ShowNextStep();
@@ -228,6 +230,7 @@ void ShowDatabase(const std::wstring& path, const BasicShipData& bsd) {
 }
 
 void LoadDatabase(const std::wstring& path) {
+    Log(LogKind::kOpen, path);
     BasicShipData bsd;
     LoadBsdFromDatabase(path, bsd);
     AdoptDatabase(path, bsd);

@@ -76,7 +76,7 @@ PrintEnd PrintDocument(const PrintJob& job, const Printer& printer) {
         ReportNote(kMsgPrintingCancelled, {job.name});
         return PrintEnd::kCancelled;
     }
-    ReportMessage(kMsgNotPrinted, {job.name, system::ErrorText(course.error)});
+    ReportMessage(kMsgNotPrinted, {job.name, SystemError{course.error}});
     return PrintEnd::kFailed;
 }
 

@@ -4,6 +4,7 @@
 #include "platform/system.h"
 #include "report/messages.h"
 #include "shell/library_checks.h"
+#include "shell/program_log.h"
 #include "shell/state.h"
 #include "shell/status_parts.h"
 #include "text/text.h"
@@ -11,11 +12,6 @@
 
 namespace corvane {
 namespace {
-
-// For which processors it was compiled, and by what: "64 bits, GCC 12.2.0".
-std::wstring BuildText() {
-    return std::to_wstring(8 * sizeof(void*)) + L" bits, " + CORVANE_COMPILER;
-}
 
 std::wstring ScreenText() {
     Screen screen;
@@ -41,12 +37,16 @@ std::wstring DatabaseText() {
 
 }  // namespace
 
+std::wstring BuildText() {
+    return std::to_wstring(8 * sizeof(void*)) + L" bits, " + CORVANE_COMPILER;
+}
+
 std::wstring DetailsForReport() {
     std::wstring libraries;
     for (const LibraryCheck& check : LibraryChecks()) libraries += LibraryText(check);
     return WithLineFeeds(FormatMessage(
         kMsgDetails, {shell.title, VersionText(kProgramVersion, true), BuildText(),
-                      system::SystemVersion(), ScreenText(), SettingsFilePath(),
+                      system::SystemVersion(), ScreenText(), SettingsFilePath(), LogPath(),
                       shell.settings.DataDirectory, libraries, DatabaseText(), shell.lastWarning}));
 }
 

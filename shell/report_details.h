@@ -11,6 +11,9 @@ struct Screen {
     int dpi = 0;
 };
 
+// The compiler and for which processors it compiled: "64 bits, GCC 12.2.0".
+std::wstring BuildText();
+
 // The program and its build, the system and the screen, where settings and programs are, which
 // companion libraries are loaded, what is open, and the last warning; lines ended by CR LF. Asks no
 // disk but for a library that is not loaded yet.

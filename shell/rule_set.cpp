@@ -3,6 +3,7 @@
 #include <iterator>
 #include <utility>
 
+#include "shell/restart.h"
 #include "shell/state.h"
 #include "shell/status_parts.h"
 
@@ -24,6 +25,7 @@ void RuleSetChosen(RuleSet ruleSet) {
     shell.view.redrawRuleButton();
     UpdateTitle();
     ShowCaptionAndParts();
+    NoteRestart();
 }
 
 std::wstring WithoutRuleSetSuffixes(std::wstring title) {

@@ -6,18 +6,21 @@
 #include "files/file_system.h"
 #include "files/paths.h"
 #include "files/settings_file.h"
+#include "platform/crash.h"
 #include "platform/system.h"
 #include "platform/ztutil32.h"
 #include "report/reporters.h"
 #include "shell/command_line.h"
 #include "shell/commands/bsd_commands.h"
 #include "shell/commands/file_commands.h"
+#include "shell/crash_reports.h"
 #include "shell/database_check.h"
 #include "shell/left_overs.h"
 #include "shell/legacy_conversion.h"
 #include "shell/library_checks.h"
 #include "shell/list_settings.h"
 #include "shell/picture_facts.h"
+#include "shell/program_log.h"
 #include "shell/recent_databases.h"
 #include "shell/rule_set.h"
 #include "shell/state.h"
@@ -101,6 +104,7 @@ bool GiveWayToRunningInstance(const std::wstring& commandLine) {
 
 void OpenHandedOver(const StartRequest& request, bool wasAtWork) {
     const std::wstring& file = request.file;
+    if (IsDeviceName(file)) return ReportMessage(kMsgDeviceName, {FileNameOf(file)});
     if (wasAtWork && !shell.view.askYesNo(SubstituteArguments(
                          ExpandLineBreaks(GetMessage(kMsgFileHandedOver)), {file}))) {
         return;
@@ -111,9 +115,12 @@ void OpenHandedOver(const StartRequest& request, bool wasAtWork) {
 }
 
 bool StartUp(const std::wstring& commandLine) {
+    StartLog();
     const StartRequest request = ReadCommandLine(commandLine);
     const std::wstring& startFile = request.file;
-    if (!CheckLibraryVersions() || !CheckRegionalSettings()) return false;
+    const bool doLibrariesFit = CheckLibraryVersions();
+    LogLibraries();
+    if (!doLibrariesFit || !CheckRegionalSettings()) return false;
     ReadSettings(SettingsFile(), shell.settings);
     ReadListSettings(SettingsFile());
     shell.preview.options = ReadPictureOptions(SettingsFile());
@@ -132,6 +139,7 @@ bool StartUp(const std::wstring& commandLine) {
     } else if (FileExtension(startFile) == L"vel") {
         OpenLegacyFile(startFile);
         if (IsDatabaseOpen()) {
+            ReportCrashes();
             ChangeToDirectory(shell.settings.WorkDirectory);
             return true;
         }
@@ -141,7 +149,9 @@ bool StartUp(const std::wstring& commandLine) {
     }
     LoadStartDatabase(path);
     ShowMainWindow();
+    ReportCrashes();
     ReportLeftOvers(shell.database.path);
+    if (shell.debugMode) system::CrashIfAsked();
     CheckAsRequested(request);
     return true;
 }
@@ -168,6 +178,7 @@ void ShutDown(bool sessionEnds) {
         ReportMessage(kMsgSettingsNotSaved, {SettingsFilePath()});
     }
     ChangeToDirectory(shell.startDirectory);
+    Log(LogKind::kEnd, sessionEnds ? L"with the session" : L"by the user");
 }
 
 }  // namespace corvane

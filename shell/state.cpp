@@ -20,6 +20,9 @@ void UseView(const View& view) {
     shell.view.report.isDebugMode = [] { return shell.debugMode; };
     reportView = shell.view.report;
     reportView.showWarningBox = ShowWarningBox;
+    reportView.writeLog = [](LogKind kind, std::wstring_view text) {
+        WriteEntry(shell.log, kind, text);
+    };
 }
 
 void LockShell(bool locked) {

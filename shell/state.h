@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "files/log_file.h"
 #include "shell/edit_history.h"
 #include "shell/help_pages.h"
 #include "shell/open_database.h"
@@ -34,6 +35,9 @@ struct ShellState {
     std::wstring title = L"Corvane";
     // The current directory when Main began, restored at shutdown.
     std::wstring startDirectory;
+
+    LogFile log;                    // see shell/program_log.h
+    std::wstring restartArguments;  // see shell/restart.h
 
     std::vector<std::wstring> reportedLeftOvers;  // paths; see shell/left_overs.h
 

@@ -181,7 +181,7 @@ void ReportRun(const ProgramRun& run) {
     const std::wstring name = FileNameOf(run.program);
     const std::wstring& path = shell.database.path;
     if (!run.result.HasRun()) {
-        ReportMessage(kMsgProgramNotStarted, {run.program, system::ErrorText(run.result.error)});
+        ReportMessage(kMsgProgramNotStarted, {run.program, SystemError{run.result.error}});
         return;
     }
     if (run.result.crashed) ReportMessage(kMsgProgramCrashed, {name});

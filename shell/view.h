@@ -114,6 +114,9 @@ struct View {
     void (*showSplash)(const std::wstring& title) = [](const std::wstring&) {};
     // The screen that the main window is on; without a window nothing is changed.
     void (*noteScreen)(Screen& screen) = [](Screen&) {};
+    // What follows the program's name when the system starts it again after a crash, or after an
+    // update of the system.
+    void (*setRestart)(const std::wstring& arguments) = [](const std::wstring&) {};
     // A database for the system's lists of recent files.
     void (*addToSystemsRecent)(const std::wstring& path) = [](const std::wstring&) {};
     // Brings the instance of this program file that runs already to the front, and hands it the

@@ -122,6 +122,10 @@ ErrorNumber CreateNewForWriting(const std::wstring& path, File& file) {
     return Open(path, O_WRONLY | O_CREAT | O_EXCL, file);
 }
 
+ErrorNumber OpenForAppending(const std::wstring& path, File& file) {
+    return Open(path, O_WRONLY | O_CREAT | O_APPEND, file);
+}
+
 ErrorNumber ReadBytes(File file, void* bytes, size_t most, size_t& count) {
     ssize_t result = -1;
     do {

@@ -19,6 +19,8 @@ std::string CompanionFile(const std::string& library) {
 
 }  // namespace
 
+void RestrictLibrarySearch() {}
+
 void* FindLibraryFunction(const char* library, const char* function, uint32_t& error) {
     constexpr uint32_t kBadImage = 193;
     const std::string file = CompanionFile(library);

@@ -2,6 +2,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/utsname.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
@@ -41,6 +42,10 @@ std::wstring SystemVersion() {
     utsname system;
     if (uname(&system) != 0) return L"POSIX";
     return WideFromUtf8(std::string(system.sysname) + ' ' + system.release);
+}
+
+uint32_t ProcessNumber() {
+    return static_cast<uint32_t>(getpid());
 }
 
 // The host has no list of them for users.

@@ -147,6 +147,14 @@ ErrorNumber CreateNewForWriting(const std::wstring& path, File& file) {
     return Open(path, mode, file);
 }
 
+// Without the right to write elsewhere the system itself finds the end of the file.
+ErrorNumber OpenForAppending(const std::wstring& path, File& file) {
+    const OpenMode mode{FILE_APPEND_DATA | SYNCHRONIZE,
+                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_ALWAYS,
+                        FILE_ATTRIBUTE_NORMAL};
+    return Open(path, mode, file);
+}
+
 ErrorNumber ReadBytes(File file, void* bytes, size_t most, size_t& count) {
     DWORD read = 0;
     const auto wanted = static_cast<DWORD>(std::min(most, kLargestTransfer));

@@ -20,6 +20,14 @@ HMODULE LoadCompanion(const std::wstring& name, uint32_t& error) {
 
 }  // namespace
 
+// Windows 7 has the function since an update of 2011.
+void RestrictLibrarySearch() {
+    const HMODULE kernel = GetModuleHandleW(L"kernel32.dll");
+    const auto set =
+        AsFunction<BOOL WINAPI(DWORD)>(GetProcAddress(kernel, "SetDefaultDllDirectories"));
+    if (set != nullptr) set(LOAD_LIBRARY_SEARCH_SYSTEM32 | LOAD_LIBRARY_SEARCH_USER_DIRS);
+}
+
 void* FindLibraryFunction(const char* library, const char* function, uint32_t& error) {
     const std::string_view name = library;
     const HMODULE module = LoadCompanion(std::wstring(name.begin(), name.end()), error);

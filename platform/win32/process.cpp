@@ -75,6 +75,10 @@ std::wstring SystemVersion() {
            std::to_wstring(version.dwMinorVersion) + L'.' + std::to_wstring(version.dwBuildNumber);
 }
 
+uint32_t ProcessNumber() {
+    return GetCurrentProcessId();
+}
+
 bool IsProgramRunning(const std::wstring& path) {
     FileStamp wanted;
     if (GetFileStamp(path, wanted) != kErrorNone) return false;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 #include "files/file_system.h"
 #include "report/reporters.h"
@@ -201,6 +202,8 @@ constexpr std::array kCommands = {
             ME_HelpContents_Click, Plain(kF1Key)},
     Command{ME_HelpDetails, Menu::kHelp, "ME_HelpDetails", L"Copy &details", EnabledWhen::kAlways,
             ME_HelpDetails_Click},
+    Command{ME_HelpLog, Menu::kHelp, "ME_HelpLog", L"Open &log folder", EnabledWhen::kAlways,
+            ME_HelpLog_Click},
 
     Command{ME_NextPane, Menu::kNone, "ME_NextPane", L"Next pane", EnabledWhen::kAlways,
             [] { shell.view.focusPane(true); }, Plain(kF6Key)},
@@ -232,6 +235,7 @@ void RunRecent(uint16_t id) {
     if (shell.locked) return;
     const HelpAbout running(ME_FileRecent);
     ShowNextStep();
+    Log(LogKind::kCommand, L"ME_FileRecent");
     OpenRecent(id - ME_FileRecent);
 }
 
@@ -324,6 +328,8 @@ void RunCommand(uint16_t id) {
     // What it needs may have gone with another program's change, which the status line says.
     if (!IsEnabled(*command)) return;
     ShowNextStep();
+    const std::string_view name = command->name;
+    Log(LogKind::kCommand, std::wstring(name.begin(), name.end()));
     command->run();
 }
 

@@ -73,6 +73,7 @@ enum CommandId : uint16_t {
     ME_HelpSample,
     ME_HelpContents,
     ME_HelpDetails,
+    ME_HelpLog,
     ME_EditUndo = 200,
     ME_EditRedo,
     ME_EditFind,

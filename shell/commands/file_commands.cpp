@@ -105,6 +105,7 @@ void ME_FileOpen_Click() {
 }
 
 void OpenFile(const std::wstring& path) {
+    Log(LogKind::kOpen, path);
     Open(path);
 }
 

@@ -1,5 +1,6 @@
 #include "shell/commands/help_commands.h"
 
+#include "files/file_system.h"
 #include "files/paths.h"
 #include "platform/system.h"
 #include "report/reporters.h"
@@ -8,6 +9,7 @@
 #include "shell/file_prompt.h"
 #include "shell/help_pages.h"
 #include "shell/new_file.h"
+#include "shell/program_log.h"
 #include "shell/report_details.h"
 #include "shell/state.h"
 #include "text/version.h"
@@ -25,6 +27,15 @@ void ME_HelpContents_Click() {
 void ME_HelpDetails_Click() {
     if (!shell.view.copyText(DetailsForReport(), {})) return ReportMessage(kMsgDetailsNotCopied);
     ReportNote(kMsgDetailsCopied);
+}
+
+void ME_HelpLog_Click() {
+    const std::wstring folder = LogFolder();
+    if (!IsDirectory(folder)) return ReportMessage(kMsgNoLogFolder);
+    const system::ErrorNumber error = shell.view.openDocument(folder);
+    if (error != system::kErrorNone) {
+        ReportMessage(kMsgLogFolderNotOpened, {folder, SystemError{error}});
+    }
 }
 
 void ME_HelpSample_Click() {

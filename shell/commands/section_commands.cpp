@@ -151,6 +151,7 @@ void ME_SectionImport_Click() {
     if (!RequireDatabase() || !ConfirmEdit()) return;
     ImportChoice choice;
     if (!shell.view.askImport(choice)) return;
+    Log(LogKind::kOpen, choice.path);
     shell.settings.BrowseDirectory = DirectoryOf(choice.path);
     if (!RequireOtherFile(choice.path)) return;
     SetBusyPointer();

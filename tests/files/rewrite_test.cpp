@@ -163,8 +163,8 @@ TEST(RemedyOf, FitsTheReason) {
     EXPECT_EQ(RemedyOf(system::kErrorLockViolation), L"program");
     EXPECT_EQ(RemedyOf(system::kErrorAccessDenied), L"rights");
     EXPECT_EQ(RemedyOf(system::kErrorIoDevice), L"repeat");
-    EXPECT_EQ(ReasonOf(system::kErrorFileExists), L"made");
-    EXPECT_EQ(ReasonOf(system::kErrorDiskFull), system::ErrorText(system::kErrorDiskFull));
+    EXPECT_EQ(ReasonOf(system::kErrorFileExists).text, L"made");
+    EXPECT_EQ(ReasonOf(system::kErrorDiskFull).text, system::ErrorText(system::kErrorDiskFull));
 }
 
 TEST(ReportReplacement, SaysAllThatTheUserMustKnow) {

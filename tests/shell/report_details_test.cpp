@@ -7,6 +7,7 @@
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
 #include "shell/library_checks.h"
+#include "shell/program_log.h"
 #include "shell/state.h"
 #include "shell/status_parts.h"
 #include "tests/shell/fake_view.h"
@@ -41,6 +42,11 @@ TEST(ReportDetails, NameTheSettingsFileAndTheFolderOfThePrograms) {
     EXPECT_EQ(Line("Settings file: "), "Settings file: " + Narrow(SettingsFilePath()));
     EXPECT_EQ(Line("Programs of the suite: "),
               "Programs of the suite: " + Narrow(L"C:\\the suite m²\\"));
+}
+
+TEST(ReportDetails, NameTheLog) {
+    const test::FakeView screen;
+    EXPECT_EQ(Line("Log: "), "Log: " + Narrow(LogPath()));
 }
 
 TEST(ReportDetails, NameEachLibraryWithItsVersionOrThatItIsMissing) {

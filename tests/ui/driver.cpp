@@ -174,29 +174,35 @@ std::wstring Settings::Read(const wchar_t* key) {
 }
 
 Program::Program(const Installation& installation, const std::wstring& arguments,
-                 const wchar_t* name) {
+                 const wchar_t* name, const std::wstring& folder) {
     // Where an earlier test left the pointer, the picture would describe what is under it.
     SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);
-    job = CreateJobObjectW(nullptr, nullptr);
-    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
-    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
-    SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
-
     const std::wstring file = installation.File(name);
     std::wstring commandLine = L"\"" + file + L"\"";
     if (!arguments.empty()) commandLine += L" " + arguments;
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION information{};
-    const BOOL started =
-        CreateProcessW(file.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                       installation.folder.c_str(), &startup, &information);
+    const BOOL started = CreateProcessW(
+        file.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+        (folder.empty() ? installation.folder : folder).c_str(), &startup, &information);
     EXPECT_TRUE(started) << "error " << GetLastError();
-    if (!started) return;
-    AssignProcessToJobObject(job, information.hProcess);
-    CloseHandle(information.hThread);
-    process = information.hProcess;
-    id = information.dwProcessId;
+    if (started) Adopt(information);
+}
+
+Program::Program(const PROCESS_INFORMATION& started) {
+    Adopt(started);
+}
+
+void Program::Adopt(const PROCESS_INFORMATION& started) {
+    job = CreateJobObjectW(nullptr, nullptr);
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+    SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+    AssignProcessToJobObject(job, started.hProcess);
+    CloseHandle(started.hThread);
+    process = started.hProcess;
+    id = started.dwProcessId;
 }
 
 Program::~Program() {

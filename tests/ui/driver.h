@@ -55,13 +55,18 @@ struct Program {
     HANDLE job = nullptr;
     DWORD id = 0;
 
-    // Starts a program of the installation. `arguments` is what follows the program's name.
+    // Starts a program of the installation. `arguments` is what follows the program's name;
+    // `folder`, the current one at its start, is the installation's where it is not given.
     explicit Program(const Installation& installation, const std::wstring& arguments = L"",
-                     const wchar_t* name = L"Corvane.exe");
+                     const wchar_t* name = L"Corvane.exe", const std::wstring& folder = L"");
+    // One that the test has started; its handles are the record's from now on.
+    explicit Program(const PROCESS_INFORMATION& started);
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
+    // It ends with this process.
+    void Adopt(const PROCESS_INFORMATION& started);
     // Waits until the process has ended; false when it does not.
     bool HasEnded(DWORD milliseconds = kPatience) const;
     DWORD ExitCode() const;

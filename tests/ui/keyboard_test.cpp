@@ -102,6 +102,8 @@ constexpr KeyCommand kKeyCommands[] = {
     // Nor is the guide, and the details only go to the clipboard; see help_ui_test.cpp.
     {ME_HelpContents, 'H', 'C', Shows::kBox, "help\\index.html' of the user guide is not there"},
     {ME_HelpDetails, 'H', 'D', Shows::kNothing, ""},
+    // Another program shows the folder; see log_ui_test.cpp.
+    {ME_HelpLog, 'H', 'L', Shows::kNothing, ""},
 };
 
 struct KeyboardTest : MainWindowFixture {

@@ -245,6 +245,9 @@ TEST_F(StartTest, OtherMessagesWithDataAreIgnored) {
                   {kOpenFile, L"", 0},
                   {kOpenFile, L"C:\\a.ve2", 17},
                   {kOpenFile, L"a.ve2", 10},
+                  {kOpenFile, L"\\\\.\\pipe\\a", 20},
+                  {kOpenFile, L"\\\\?\\C:\\a.ve2", 26},
+                  {kOpenFile, L"\\\\machine\\a", 22},
                   {kOpenFile, std::wstring(L"C:\\a\0.ve2", 10), 20},
                   {kOpenFile, L"C:\\" + std::wstring(40000, L'a'), 80006},
                   {kCheckFile, L"a.ve2", 10}};

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/companion.h"
 #include "platform/win32/win32.h"
 #include "text/utf8.h"
 #include "tools/tool.h"
@@ -52,6 +53,7 @@ bool Write(DWORD stream, std::wstring_view text) {
 
 int wmain(int count, wchar_t** arguments) {
     using namespace corvane;
+    RestrictLibrarySearch();
     const ToolOutput output{[](std::wstring_view text) { return Write(STD_OUTPUT_HANDLE, text); },
                             [](std::wstring_view text) { Write(STD_ERROR_HANDLE, text); },
                             WritePng};

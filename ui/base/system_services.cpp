@@ -47,6 +47,13 @@ system::ErrorNumber OpenDocument(const std::wstring& path) {
     return error == ERROR_SUCCESS ? system::kErrorFileNotFound : error;
 }
 
+void SetRestart(const std::wstring& arguments) {
+    const HMODULE kernel = GetModuleHandleW(L"kernel32.dll");
+    const auto set = AsFunction<HRESULT WINAPI(PCWSTR, DWORD)>(
+        GetProcAddress(kernel, "RegisterApplicationRestart"));
+    if (set != nullptr && FAILED(set(arguments.c_str(), 0))) set(L"", 0);
+}
+
 OwnClipboard::OwnClipboard(HWND owner) : isOpen_(OpenClipboardOf(owner)) {
     if (isOpen_) EmptyClipboard();
 }

@@ -39,6 +39,10 @@ struct Owned {
 // Opens a file in the program that the system has for it; the error of a system that cannot.
 system::ErrorNumber OpenDocument(const std::wstring& path);
 
+// After a crash the system offers to start the program again, with these arguments; without any
+// where they are longer than it takes.
+void SetRestart(const std::wstring& arguments);
+
 // The clipboard, emptied, while this lives; a window owns then what is put there.
 class OwnClipboard {
 public:

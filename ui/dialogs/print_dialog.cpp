@@ -233,7 +233,7 @@ PrintEnd PrintThroughSystem(const PrintJob& job, PrinterChoice& choice) {
     const system::ErrorNumber error = AskPrinter(job, choice.dialog);
     if (error == system::kErrorCancelled) return PrintEnd::kCancelled;
     if (error != system::kErrorNone) {
-        ReportMessage(kMsgNotPrinted, {job.name, system::ErrorText(error)});
+        ReportMessage(kMsgNotPrinted, {job.name, SystemError{error}});
         return PrintEnd::kFailed;
     }
     const ShellLock lock;

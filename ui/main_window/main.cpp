@@ -1,5 +1,7 @@
 // The program's entry: start-up, then the messages of the windows until the main one is closed.
+#include "platform/companion.h"
 #include "platform/system.h"
+#include "shell/crash_reports.h"
 #include "shell/start_up.h"
 #include "shell/state.h"
 #include "ui/base/controls.h"
@@ -29,6 +31,8 @@ int HandleMessages() {
 }
 
 int Run() {
+    RestrictLibrarySearch();
+    CatchCrashes();
     INITCOMMONCONTROLSEX controls{sizeof(controls),
                                   ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES | ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&controls);

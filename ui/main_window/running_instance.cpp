@@ -86,6 +86,25 @@ bool IsTaken(HWND main, StartRequest request) {
            answer != FALSE;
 }
 
+// "C:\ship.ve2", as AbsolutePath gives it.
+bool IsOnDrive(const std::wstring& path) {
+    const wchar_t drive = path.empty() ? L' ' : path[0];
+    const bool isLetter = (drive >= L'A' && drive <= L'Z') || (drive >= L'a' && drive <= L'z');
+    return isLetter && path.size() > 3 && path.compare(1, 2, L":\\") == 0;
+}
+
+// "\\machine\share\ship.ve2"; "\\.\" and "\\?\" lead to devices.
+bool IsOnShare(const std::wstring& path) {
+    if (!path.starts_with(L"\\\\") || path.starts_with(L"\\\\.\\") ||
+        path.starts_with(L"\\\\?\\")) {
+        return false;
+    }
+    const size_t machine = path.find(L'\\', 2);
+    const size_t share = machine == std::wstring::npos ? machine : path.find(L'\\', machine + 1);
+    return machine > 2 && share != std::wstring::npos && share > machine + 1 &&
+           share + 1 < path.size();
+}
+
 }  // namespace
 
 HandOver HandToRunningInstance(const StartRequest& request) {
@@ -102,10 +121,11 @@ HandOver HandToRunningInstance(const StartRequest& request) {
 StartRequest ReadHandedOver(const COPYDATASTRUCT& data) {
     const size_t length = data.cbData / sizeof(wchar_t);
     if (data.dwData != kOpenFile && data.dwData != kCheckFile) return {};
-    if (data.cbData % sizeof(wchar_t) != 0 || length == 0 || length > kLongestPath) return {};
+    if (data.lpData == nullptr || data.cbData % sizeof(wchar_t) != 0) return {};
+    if (length == 0 || length > kLongestPath) return {};
     std::wstring path(static_cast<const wchar_t*>(data.lpData), length);
-    const bool isAbsolute = path.size() > 2 && (path[1] == L':' || path.starts_with(L"\\\\"));
-    if (!isAbsolute || path.find(L'\0') != std::wstring::npos) return {};
+    if (path.find(L'\0') != std::wstring::npos) return {};
+    if (!IsOnDrive(path) && !IsOnShare(path)) return {};
     return {std::move(path), data.dwData == kCheckFile};
 }
 

@@ -10,7 +10,8 @@ namespace corvane {
 // As View::handToRunningInstance.
 HandOver HandToRunningInstance(const StartRequest& request);
 
-// What a message WM_COPYDATA hands over; without a file when it does not come from a second start.
+// What a message WM_COPYDATA hands over: a file on a drive or on a share, by its absolute path.
+// Without a file for every other message, whoever sends it.
 StartRequest ReadHandedOver(const COPYDATASTRUCT& data);
 
 }  // namespace corvane

@@ -94,6 +94,7 @@ View WindowsView() {
     view.showAbout = [](const std::wstring& heading) { ShowAbout(heading); };
     view.showSplash = [](const std::wstring& title) { ShowSplash(title); };
     view.handToRunningInstance = HandToRunningInstance;
+    view.setRestart = SetRestart;
     FillInMainWindow(view);
     return view;
 }

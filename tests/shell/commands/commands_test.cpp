@@ -86,7 +86,7 @@ TEST(Commands, MenusHaveTheirItemsInOrder) {
         (Captions{L"&Edit...", L"&Rule...", L"-", L"&Copy...", L"&Delete...", L"-", L"&Import...",
                   L"E&xport to Velk Dos...", L"-", L"Re&name...", L"&Properties..."}));
     EXPECT_EQ(Items(Menu::kHelp), (Captions{L"&About...", L"Open the &sample ship...", L"-",
-                                            L"&Contents", L"Copy &details"}));
+                                            L"&Contents", L"Copy &details", L"Open &log folder"}));
 }
 
 TEST(Commands, TopMenusAreInOrder) {

@@ -5,6 +5,7 @@
 #include "report/reporters.h"
 #include "shell/commands/commands.h"
 #include "shell/help_pages.h"
+#include "shell/program_log.h"
 #include "shell/report_details.h"
 #include "shell/state.h"
 #include "tests/shell/fake_view.h"
@@ -44,6 +45,39 @@ TEST(HelpCommands, ClipboardThatIsInUseIsReported) {
     ME_HelpDetails_Click();
     EXPECT_EQ(shell.lastWarning, BoxText(kMsgDetailsNotCopied));
     EXPECT_EQ(test::RecordedReports::caption, L"");
+}
+
+struct LogFolderCommand : testing::Test {
+    const test::FakeView screen;
+    const test::TemporaryFolder folder;
+    const std::wstring usual = system::LocalDataDirectory();
+
+    LogFolderCommand() { test::SetLocalDataDirectory(folder.path); }
+    ~LogFolderCommand() override { test::SetLocalDataDirectory(usual); }
+};
+
+TEST_F(LogFolderCommand, OpensTheFolderOfTheLog) {
+    StartLog();
+    RunCommand(ME_HelpLog);
+    EXPECT_EQ(test::RecordedReports::Of("open"), Events{test::Narrow(LogFolder())});
+}
+
+TEST_F(LogFolderCommand, FolderThatIsNotThereIsReported) {
+    RunCommand(ME_HelpLog);
+    EXPECT_EQ(shell.lastWarning, BoxText(kMsgNoLogFolder));
+    test::SetLocalDataDirectory(L"");
+    shell.lastWarning.clear();
+    RunCommand(ME_HelpLog);
+    EXPECT_EQ(shell.lastWarning, BoxText(kMsgNoLogFolder));
+    EXPECT_TRUE(test::RecordedReports::Of("open").empty());
+}
+
+TEST_F(LogFolderCommand, FolderThatCannotBeOpenedIsNamedWithTheSystemsReason) {
+    StartLog();
+    shell.view.openDocument = [](const std::wstring&) { return system::kErrorAccessDenied; };
+    RunCommand(ME_HelpLog);
+    EXPECT_EQ(shell.lastWarning, BoxText(kMsgLogFolderNotOpened,
+                                         {LogFolder(), SystemError{system::kErrorAccessDenied}}));
 }
 
 }  // namespace
