@@ -182,7 +182,7 @@ def lists(stage_folder, folder):
 
 def write_zip(file, files):
     moment = time.gmtime(EPOCH)[:6]
-    with zipfile.ZipFile(file, "w", zipfile.ZIP_DEFLATED, compresslevel=9) as archive:
+    with zipfile.ZipFile(file, "w", zipfile.ZIP_DEFLATED) as archive:
         for path, data in sorted(files.items()):
             entry = zipfile.ZipInfo(path, moment)
             entry.compress_type = zipfile.ZIP_DEFLATED
