@@ -98,10 +98,9 @@ TEST_F(ProgramLog, FilesThatAreOpenedAndWrittenAreNamedAndNoModelIs) {
     FakeView::answerText = L"SECRET";
     RunCommand(ME_SectionCopy);
     RunCommand(ME_SectionRename);
-    EXPECT_EQ(Work(), (std::vector<std::string>{"command ME_SectionCopy",
-                                                "write " + Narrow(File(L"ship.bak")),
-                                                "write " + Narrow(File(L"ship.ve2")),
-                                                "command ME_SectionRename"}));
+    EXPECT_EQ(Work(), (std::vector<std::string>{
+                          "command ME_SectionCopy", "write " + Narrow(File(L"ship.bak")),
+                          "write " + Narrow(File(L"ship.ve2")), "command ME_SectionRename"}));
     const FakePrompt prompt{File(L"other.ve2")};
     Make(L"other.ve2", {ModelKind::kSection});
     RunCommand(ME_FileOpen);
