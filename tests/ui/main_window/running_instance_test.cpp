@@ -12,15 +12,16 @@ namespace corvane {
 namespace {
 
 constexpr ULONG_PTR kOpenFile = 0x436F7276;
+constexpr ULONG_PTR kCheckFile = 0x436F7277;
 constexpr size_t kLongest = 32767;
 
 std::wstring Handed(std::wstring text, ULONG_PTR mark = kOpenFile, size_t spare = 0) {
     const COPYDATASTRUCT data{mark, static_cast<DWORD>(text.size() * sizeof(wchar_t) + spare),
                               text.data()};
-    return HandedOverPath(data);
+    return ReadHandedOver(data).file;
 }
 
-TEST(HandedOverPath, IsAFileOnADriveOrAShare) {
+TEST(HandedOver, IsAFileOnADriveOrAShare) {
     for (const std::wstring path : {L"C:\\ship.ve2", L"z:\\a b\\\u0141\u00F3d\u017A \u4E2D.vew",
                                     L"\\\\machine\\share\\ship.ve2", L"C:\\a"}) {
         EXPECT_EQ(Handed(path), path);
@@ -29,7 +30,7 @@ TEST(HandedOverPath, IsAFileOnADriveOrAShare) {
     EXPECT_EQ(Handed(longest), longest);
 }
 
-TEST(HandedOverPath, RelativePathIsRefused) {
+TEST(HandedOver, RelativePathIsRefused) {
     for (const wchar_t* path :
          {L"ship.ve2", L"\\ship.ve2", L"C:ship.ve2", L"..\\ship.ve2", L"C:", L"C:\\",
           L"C:/ship.ve2", L"1:\\ship.ve2", L":\\ship.ve2", L"http://ship.ve2", L" C:\\ship.ve2"}) {
@@ -37,7 +38,7 @@ TEST(HandedOverPath, RelativePathIsRefused) {
     }
 }
 
-TEST(HandedOverPath, DevicesAndWhatLeadsToThemAreRefused) {
+TEST(HandedOver, DevicesAndWhatLeadsToThemAreRefused) {
     for (const wchar_t* path : {L"\\\\.\\PhysicalDrive0", L"\\\\.\\pipe\\name",
                                 L"\\\\?\\C:\\ship.ve2", L"\\\\?\\UNC\\machine\\share\\ship.ve2",
                                 L"\\\\?\\GLOBALROOT\\Device\\Null", L"\\??\\C:\\ship.ve2"}) {
@@ -45,7 +46,7 @@ TEST(HandedOverPath, DevicesAndWhatLeadsToThemAreRefused) {
     }
 }
 
-TEST(HandedOverPath, ShareNeedsMachineShareAndFile) {
+TEST(HandedOver, ShareNeedsMachineShareAndFile) {
     for (const wchar_t* path :
          {L"\\\\", L"\\\\machine", L"\\\\machine\\", L"\\\\machine\\share", L"\\\\machine\\share\\",
           L"\\\\\\share\\ship.ve2", L"\\\\machine\\\\ship.ve2", L"//machine/share/ship.ve2"}) {
@@ -53,7 +54,7 @@ TEST(HandedOverPath, ShareNeedsMachineShareAndFile) {
     }
 }
 
-TEST(HandedOverPath, TextThatIsNoWholePathIsRefused) {
+TEST(HandedOver, TextThatIsNoWholePathIsRefused) {
     EXPECT_EQ(Handed(L""), L"");
     EXPECT_EQ(Handed(std::wstring(L"C:\\a\0.ve2", 10)), L"");
     EXPECT_EQ(Handed(std::wstring(L"C:\\a.ve2\0", 9)), L"") << "a NUL at the end";
@@ -64,15 +65,23 @@ TEST(HandedOverPath, TextThatIsNoWholePathIsRefused) {
     EXPECT_EQ(Handed(garbage), L"");
 }
 
-TEST(HandedOverPath, OtherMarksAreRefused) {
-    for (const ULONG_PTR mark : {ULONG_PTR{0}, ULONG_PTR{1}, kOpenFile + 1, ~kOpenFile}) {
+TEST(HandedOver, MarkSaysWhetherTheFileIsToBeChecked) {
+    std::wstring path = L"C:\\ship.ve2";
+    for (const ULONG_PTR mark : {kOpenFile, kCheckFile}) {
+        EXPECT_EQ(Handed(path, mark), path);
+        EXPECT_EQ(ReadHandedOver({mark, 22, path.data()}).check, mark == kCheckFile);
+    }
+}
+
+TEST(HandedOver, OtherMarksAreRefused) {
+    for (const ULONG_PTR mark : {ULONG_PTR{0}, ULONG_PTR{1}, kOpenFile + 2, ~kOpenFile}) {
         EXPECT_EQ(Handed(L"C:\\ship.ve2", mark), L"");
     }
 }
 
 // The system itself refuses data that have a size and no address; a debugger's message may not.
-TEST(HandedOverPath, DataWithoutAnAddressAreRefused) {
-    EXPECT_EQ(HandedOverPath({kOpenFile, 22, nullptr}), L"");
+TEST(HandedOver, DataWithoutAnAddressAreRefused) {
+    EXPECT_EQ(ReadHandedOver({kOpenFile, 22, nullptr}).file, L"");
 }
 
 }  // namespace
