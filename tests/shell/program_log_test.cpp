@@ -113,7 +113,7 @@ TEST_F(ProgramLog, FilesThatAreOpenedAndWrittenAreNamedAndNoModelIs) {
 TEST_F(ProgramLog, FaultsAreThereWithTheirNumbers) {
     StartLog();
     const std::wstring missing = File(L"missing.ve2");
-    OpenHandedOver(missing, false);
+    OpenHandedOver({missing}, false);
     EXPECT_EQ(Work(), std::vector<std::string>{"fault message " + std::to_string(kMsgFileMissing)});
 }
 
