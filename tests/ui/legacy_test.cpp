@@ -120,7 +120,13 @@ struct LegacyDamageTest : LegacyTest, testing::WithParamInterface<LegacyDamage> 
 
     void SetUp() override {
         WriteFileBytes(path, bytes);
-        files = test::FilesIn(installation.folder);
+        files = Files();
+    }
+    // Without the folder of the log.
+    std::vector<std::wstring> Files() const {
+        std::vector<std::wstring> found = test::FilesIn(installation.folder);
+        std::erase(found, L"Corvane");
+        return found;
     }
     void ExpectReported(const Box& box) const {
         ASSERT_NE(box.window, nullptr);
@@ -130,7 +136,7 @@ struct LegacyDamageTest : LegacyTest, testing::WithParamInterface<LegacyDamage> 
     }
     void ExpectNothingChanged() const {
         EXPECT_EQ(ReadFileBytes(path), bytes);
-        EXPECT_EQ(test::FilesIn(installation.folder), files);
+        EXPECT_EQ(Files(), files);
     }
 };
 
