@@ -100,7 +100,7 @@ Function un.AskForData
     ${NSD_CreateLabel} 0 4u 100% 24u 'Corvane is removed from "$INSTDIR". Your databases, and \
         other files that you have put there, stay.'
     Pop $0
-    ${NSD_CreateCheckBox} 0 40u 100% 12u "&Also remove my settings and the history of my databases"
+    ${NSD_CreateCheckBox} 0 40u 100% 12u "&Also remove my settings, the history of my databases, and the log"
     Pop $removeData
     ${NSD_CreateLabel} 12u 54u 95% 40u 'Without the history, Undo and File > Earlier versions have \
         nothing to go back to. The settings are in "$APPDATA\Corvane", the history is in \

@@ -92,5 +92,9 @@ Function un.RemoveData
     Delete "$APPDATA\Corvane\Corvane.ini"
     RMDir "$APPDATA\Corvane"
     RMDir /r "$LOCALAPPDATA\Corvane\history"
+    ; Log and dumps of crashes.
+    Delete "$LOCALAPPDATA\Corvane\corvane.log"
+    Delete "$LOCALAPPDATA\Corvane\corvane.old.log"
+    Delete "$LOCALAPPDATA\Corvane\Corvane *.dmp"
     RMDir "$LOCALAPPDATA\Corvane"
 FunctionEnd
