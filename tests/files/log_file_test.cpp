@@ -3,9 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <set>
 #include <sstream>
-#include <thread>
 
 #include "files/paths.h"
 #include "platform/system.h"
@@ -134,34 +132,6 @@ TEST_F(LogFileTest, FullLogWhoseOlderOneCannotBeReplacedGrowsNoFurther) {
     EXPECT_EQ(ReadFileBytes(OlderLog(log.path)), "kept");
     ASSERT_EQ(system::SetReadOnly(OlderLog(log.path), false), system::kErrorNone);
 }
-
-#ifndef _WIN32
-// Linux and Windows append in one step. Wine first looks where the end is, so that of two lines
-// written at once one may be lost there.
-TEST_F(LogFileTest, LinesOfTwoWritersAtOnceStayWhole) {
-    constexpr int kLines = 300;
-    const auto write = [this](wchar_t letter) {
-        LogFile own{log.path};
-        for (int i = 0; i < kLines; ++i) {
-            WriteEntry(own, LogKind::kOpen, std::wstring(200, letter) + std::to_wstring(i));
-        }
-    };
-    std::thread other(write, L'a');
-    write(L'b');
-    other.join();
-    std::set<std::string> texts;
-    for (const std::string& line : LinesOf(log.path))
-        texts.insert(line.substr(line.find(" open ")));
-    EXPECT_EQ(LinesOf(log.path).size(), 2U * kLines);
-    ASSERT_EQ(texts.size(), 2U * kLines);
-    for (int i = 0; i < kLines; ++i) {
-        for (const char letter : {'a', 'b'}) {
-            EXPECT_EQ(texts.count(" open " + std::string(200, letter) + std::to_string(i) + "\r"),
-                      1U);
-        }
-    }
-}
-#endif
 
 }  // namespace
 }  // namespace corvane
