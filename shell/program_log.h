@@ -11,7 +11,7 @@ namespace corvane {
 // application data, or the program's folder where its settings are there. Empty: the user has no
 // such folder.
 std::wstring LogFolder();
-// Full path of the log; empty: there is none.
+// Full path of the log; empty when no folder for it is known.
 std::wstring LogPath();
 
 // From now on the reporters write a log. The first entries are the versions of program and system.

@@ -1,5 +1,6 @@
-// Two writers of one log. Windows appends in one step, too, but Wine first looks where the end is,
-// so that of two lines written at once one may be lost there.
+// Two writers of one log. Natively alone: under Wine two writes at the end of a file may both
+// succeed and leave one line (in 2 of 20 runs of 600 lines one or two were lost). On Windows this
+// has not been tried.
 #include <gtest/gtest.h>
 
 #include <set>
