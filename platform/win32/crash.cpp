@@ -8,7 +8,6 @@
 #include "platform/win32/win32.h"
 // windows.h must come first.
 #include <dbghelp.h>
-#include <winternl.h>
 
 #include <csignal>
 
@@ -21,7 +20,7 @@ constexpr size_t kLongestName = 64;
 constexpr ULONG kStackReserve = 64 * 1024;
 constexpr DWORD kPatience = 60000;  // ms, for a dump
 
-// All that a crash needs. Fixed room, since the heap may be what is damaged.
+// All that a crash needs, in fixed room: the heap may be what is damaged.
 struct CrashRecord {
     wchar_t folder[kLongestPath];
     wchar_t log[kLongestPath];
@@ -31,7 +30,6 @@ struct CrashRecord {
     decltype(::MiniDumpWriteDump)* writeDump;
     ULONG_PTR programBegin, programEnd;  // addresses
     LONG timesBegun;
-    HANDLE spareHeap;
     EXCEPTION_POINTERS* exception;
     DWORD thread;  // that has crashed
 };
@@ -76,16 +74,6 @@ void LogCrash(CrashRecord& crash, const SYSTEMTIME& now) {
     AddLine(crash.log, crash.line);
 }
 
-// Where the process's heap is damaged, what the system does for a dump would crash, too: from now
-// on it finds the spare heap. The record of the process has the heap's handle after five others of
-// its size, on all systems.
-void ReplaceDamagedHeap(const CrashRecord& crash) {
-    constexpr size_t kPlaceOfHeap = 6;
-    if (HeapValidate(GetProcessHeap(), 0, nullptr) != 0 || crash.spareHeap == nullptr) return;
-    auto* const process = reinterpret_cast<HANDLE*>(NtCurrentTeb()->ProcessEnvironmentBlock);
-    if (process[kPlaceOfHeap] == GetProcessHeap()) process[kPlaceOfHeap] = crash.spareHeap;
-}
-
 // The new file of the dump, which nobody else can open until it is whole.
 HANDLE MakeDumpFile(CrashRecord& crash, const SYSTEMTIME& now) {
     wsprintfW(crash.name, L"Corvane %04d-%02d-%02d %02d%02d%02d %u.new.dmp", now.wYear, now.wMonth,
@@ -99,7 +87,6 @@ HANDLE MakeDumpFile(CrashRecord& crash, const SYSTEMTIME& now) {
 
 DWORD WINAPI LeaveDump(void*) {
     CrashRecord& crash = TheCrash();
-    ReplaceDamagedHeap(crash);
     SYSTEMTIME now;
     GetLocalTime(&now);
     const HANDLE file = MakeDumpFile(crash, now);
@@ -186,7 +173,6 @@ void CatchCrashes(const std::wstring& folder, const std::wstring& log) {
     lstrcpyW(crash.folder, nativeFolder.c_str());
     lstrcpyW(crash.log, nativeLog.c_str());
     NoteProgram(crash);
-    crash.spareHeap = HeapCreate(0, 0, 0);
     const HMODULE library = LoadLibraryExW(L"dbghelp.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     if (library != nullptr) {
         crash.writeDump =

@@ -3,7 +3,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <exception>
 #include <memory>
 #include <string_view>
@@ -17,14 +16,6 @@ namespace {
 void WriteNowhere() {
     static volatile int* volatile address = nullptr;
     *address = 1;  // NOLINT(clang-analyzer-core.NullDereference): that is what it is for
-}
-
-void DamageHeap() {
-    constexpr size_t kSize = 64;
-    constexpr size_t kTooMuch = 4096;
-    char* volatile block = static_cast<char*>(HeapAlloc(GetProcessHeap(), 0, kSize));
-    std::memset(block, 0xCC, kTooMuch);
-    WriteNowhere();
 }
 
 // Calls itself by an address that the compiler does not know.
@@ -41,7 +32,6 @@ struct Way {
     void (*crash)();
 };
 constexpr Way kWays[] = {{L"memory", WriteNowhere},
-                         {L"heap", DamageHeap},
                          {L"stack", [] { FillStack(nullptr); }},
                          {L"abort", [] { std::abort(); }},
                          {L"terminate", [] { std::terminate(); }},
