@@ -40,8 +40,34 @@ void AddSegment(Figure& figure, int32_t colour, double width_mm, SheetPoint from
 
 // ---- Scale bar and rulers ----------------------------------------------------------------------
 
-std::wstring MetresText(double length_m) {
-    return DecimalText(length_m, 0, 6);
+// How far the ticks of the rulers are apart; 0 without a scale. As far as a number is wide.
+double StepOf(const Figure& figure) {
+    constexpr double kLeastStep_mm = 14;
+    return RoundLength(2.5 * kLeastStep_mm / figure.mmPerMetre);
+}
+
+// That tell lengths of such a step apart.
+int DecimalsFor(double step_m) {
+    constexpr double kHair = 1e-9;
+    return step_m > 0 && step_m < 1 ? static_cast<int>(std::ceil(-std::log10(step_m) - kHair)) : 0;
+}
+
+std::wstring MetresText(double length_m, double step_m) {
+    constexpr int kUsual = 6;
+    return DecimalText(length_m, 0, std::max(kUsual, DecimalsFor(step_m)));
+}
+
+// Of the ruler at the left edge: its numbers are beside one another with its ticks.
+double UprightRuler_mm(const Figure& figure) {
+    constexpr double kTick_mm = 2.5;
+    const int decimals = DecimalsFor(StepOf(figure));
+    double text_mm = 0;
+    for (const double y : {figure.window.top, figure.window.bottom}) {
+        const double z = InShip(figure, {0, y}).z;
+        text_mm =
+            std::max(text_mm, TextWidth(DecimalText(z, decimals, decimals), kSmallLetters_mm));
+    }
+    return std::max(2 * kRuler_mm, kTick_mm + text_mm);
 }
 
 // At the lower left, above the ruler.
@@ -50,9 +76,9 @@ void AddScaleBarBeside(Figure& figure, bool hasAxes) {
     const double length_m = RoundLength((window.right - window.left) / 4 / figure.mmPerMetre);
     const double length = length_m * figure.mmPerMetre;
     if (!(length > 0)) return;
-    const double left = window.left + kEdge_mm + (hasAxes ? 2 * kRuler_mm : 0);
+    const double left = window.left + kEdge_mm + (hasAxes ? UprightRuler_mm(figure) : 0);
     const double y = window.bottom - kEdge_mm - (hasAxes ? kRuler_mm : 0);
-    const std::wstring text = MetresText(length_m) + L" m";
+    const std::wstring text = MetresText(length_m, length_m) + L" m";
     AddBox(figure, {left - 1, y - kLine_mm - 1, left + std::max(length, 8.0) + 1, y + 1}, kPaper);
     AddSegment(figure, kBlack, kThick_mm, {left, y}, {left + length, y});
     for (const double x : {left, left + length}) {
@@ -63,33 +89,31 @@ void AddScaleBarBeside(Figure& figure, bool hasAxes) {
 
 // One of the two rulers: where a length of the ship is along it, and how its ticks are drawn.
 struct Ruler {
-    double first_m, last_m;
+    double first_m, last_m, step_m;
     bool isUpright;
+    double upright_mm;  // breadth of the one that is
 };
 
 void AddTick(Figure& figure, const Ruler& ruler, double value_m) {
     const SheetArea& window = figure.window;
-    const std::wstring text = MetresText(value_m);
+    const std::wstring text = MetresText(value_m, ruler.step_m);
     if (ruler.isUpright) {
         const double y = OnSheet(figure, {0, value_m}).y;
-        const double edge = window.left + 2 * kRuler_mm;
+        const double edge = window.left + ruler.upright_mm;
         if (y > window.bottom - kRuler_mm) return;
         AddSegment(figure, kBlack, kThin_mm, {edge - 1.2, y}, {edge, y});
         AddText(figure, {kBlack, kSmallLetters_mm, TextSide::kLeft}, {edge - 1.8, y}, text);
     } else {
         const double x = OnSheet(figure, {value_m, 0}).x;
         const double edge = window.bottom - kRuler_mm;
-        if (x < window.left + 2 * kRuler_mm) return;
+        if (x < window.left + ruler.upright_mm) return;
         AddSegment(figure, kBlack, kThin_mm, {x, edge}, {x, edge + 1.2});
         AddText(figure, {kBlack, kSmallLetters_mm, TextSide::kMiddle}, {x, edge + 3}, text);
     }
 }
 
 void AddTicks(Figure& figure, const Ruler& ruler) {
-    // As far apart as a number is wide.
-    constexpr double kLeastStep_mm = 14;
-    const double most = 2.5 * kLeastStep_mm / figure.mmPerMetre;
-    const double step = RoundLength(most);
+    const double step = ruler.step_m;
     if (!(step > 0)) return;
     for (double n = std::ceil(ruler.first_m / step); n * step <= ruler.last_m; ++n) {
         AddTick(figure, ruler, n * step + 0.0);
@@ -111,14 +135,16 @@ void AddZeroLines(Figure& figure) {
 void AddRulers(Figure& figure) {
     const SheetArea& window = figure.window;
     AddBox(figure, {window.left, window.bottom - kRuler_mm, window.right, window.bottom}, kPaper);
-    AddBox(figure, {window.left, window.top, window.left + 2 * kRuler_mm, window.bottom}, kPaper);
-    const SheetPoint corner{window.left + 2 * kRuler_mm, window.bottom - kRuler_mm};
+    const double upright_mm = UprightRuler_mm(figure);
+    AddBox(figure, {window.left, window.top, window.left + upright_mm, window.bottom}, kPaper);
+    const SheetPoint corner{window.left + upright_mm, window.bottom - kRuler_mm};
     AddSegment(figure, kBlack, kThin_mm, corner, {window.right, corner.y});
     AddSegment(figure, kBlack, kThin_mm, corner, {corner.x, window.top});
     const ShipPoint least = InShip(figure, {window.left, window.bottom});
     const ShipPoint most = InShip(figure, {window.right, window.top});
-    AddTicks(figure, {least.y, most.y, false});
-    AddTicks(figure, {least.z, most.z, true});
+    const double step_m = StepOf(figure);
+    AddTicks(figure, {least.y, most.y, step_m, false, upright_mm});
+    AddTicks(figure, {least.z, most.z, step_m, true, upright_mm});
 }
 
 // ---- Names and numbers -------------------------------------------------------------------------
@@ -200,6 +226,7 @@ void AddNodeNumbers(Figure& figure, TakenPlaces& taken, const Strake& strake) {
     for (int i = 0; i < strake.nodeCount; ++i) {
         const Node& node = strake.nodes[i];
         if (node.computed == 0) continue;
+        if (!IsInWindow(figure, OnSheet(figure, {node.y, node.z}))) continue;
         AddLabel(figure, taken, {kNodeColour, kSmallLetters_mm}, {node.y, node.z}, kSpots,
                  std::to_wstring(i + 1));
     }
@@ -282,16 +309,15 @@ ThicknessKey KeyOf(const std::vector<PlateThickness>& plates) {
 
 void AddPlates(Figure& figure, const Section& section, const AnnotationTexts& texts,
                const ThicknessKey& key) {
-    constexpr double kOffArc_mm = 0.05;
     const std::span<const Strake> strakes = StrakesOf(section);
+    const ArcLines arcs = ArcLinesIn(figure);
     for (const PlateThickness& plate : texts.plates) {
         if (plate.strake < 1 || static_cast<size_t>(plate.strake) > strakes.size()) continue;
         if (!std::isfinite(plate.thickness_mm)) continue;
         const FigurePen pen{FigureLayer::kPlate, key.ColourOfClass(key.ClassOf(plate.thickness_mm)),
                             2 * kThick_mm};
-        for (std::vector<ShipPoint>& line :
-             LinesBetween(strakes[static_cast<size_t>(plate.strake) - 1], plate.from_m, plate.to_m,
-                          kOffArc_mm / figure.mmPerMetre)) {
+        for (std::vector<ShipPoint>& line : LinesBetween(
+                 strakes[static_cast<size_t>(plate.strake) - 1], plate.from_m, plate.to_m, arcs)) {
             AddLine(figure, pen, line);
             if (section.symmetryMode != 1) continue;
             for (ShipPoint& point : line) point.y = -point.y;

@@ -137,7 +137,7 @@ bool IsOfShip(double coordinate_m) {
 Outline LineOf(const Strake& strake) {
     constexpr double kOffArc_m = 0.0005;
     Outline corners;
-    for (const Outline& line : LinesOf(strake, kOffArc_m)) {
+    for (const Outline& line : LinesOf(strake, {kOffArc_m})) {
         for (const ShipPoint& point : line) AddCorner(corners, point.y, point.z);
     }
     return corners;

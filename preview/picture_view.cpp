@@ -17,7 +17,24 @@ bool IsDrawn(const Picture& picture) {
 }
 
 double UnitsPerMetre(const Picture& picture) {
-    return picture.width / double{picture.scaleWidth};
+    return picture.width / picture.scaleWidth;
+}
+
+void SetScale(Picture& picture, ShipPoint centre, double unitsPerMetre) {
+    picture.scaleWidth = picture.width / unitsPerMetre;
+    picture.scaleHeight = -picture.height / unitsPerMetre;
+    picture.scaleLeft = centre.y - picture.scaleWidth / 2;
+    picture.scaleTop = centre.z - picture.scaleHeight / 2;
+}
+
+// All the same but for rounding: much less than a pixel, at every corner.
+bool IsAtFit(const PictureView& view) {
+    constexpr double kHair = 1e-9;  // of the scale
+    constexpr double kHair_units = 1e-3;
+    const double off =
+        std::max(std::abs(view.centreY - view.fittedY), std::abs(view.centreZ - view.fittedZ));
+    return std::abs(view.unitsPerMetre / view.fittedUnitsPerMetre - 1) < kHair &&
+           off * view.unitsPerMetre < kHair_units;
 }
 
 }  // namespace
@@ -46,6 +63,7 @@ void ZoomView(Picture& picture, double factor, double x, double y) {
     // The place's distance from the middle shrinks as the scale grows.
     view.centreY = YAt(picture, x) + (0.5 - x) * picture.width / after;
     view.centreZ = ZAt(picture, y) - (0.5 - y) * picture.height / after;
+    if (IsAtFit(view)) FitView(view);
 }
 
 void MoveView(Picture& picture, double right, double down) {
@@ -61,23 +79,14 @@ void ApplyView(Picture& picture) {
     PictureView& view = picture.view;
     if (!(picture.scaleWidth > 0)) return;
     view.fittedUnitsPerMetre = UnitsPerMetre(picture);
-    if (view.isFitted) return;
-    const double breadth = picture.width / view.unitsPerMetre;
-    const double height = picture.height / view.unitsPerMetre;
-    picture.scaleLeft = static_cast<float>(view.centreY - breadth / 2);
-    picture.scaleTop = static_cast<float>(view.centreZ + height / 2);
-    picture.scaleWidth = static_cast<float>(breadth);
-    picture.scaleHeight = static_cast<float>(-height);
+    view.fittedY = YAt(picture, 0.5);
+    view.fittedZ = ZAt(picture, 0.5);
+    if (!view.isFitted) SetScale(picture, {view.centreY, view.centreZ}, view.unitsPerMetre);
 }
 
 void FitPicture(Picture& picture, ShipPoint centre, double mmPerMetre) {
     if (!(mmPerMetre > 0)) return;
-    const double breadth = WidthOf_mm(picture) / mmPerMetre;
-    const double height = HeightOf_mm(picture) / mmPerMetre;
-    picture.scaleLeft = static_cast<float>(centre.y - breadth / 2);
-    picture.scaleTop = static_cast<float>(centre.z + height / 2);
-    picture.scaleWidth = static_cast<float>(breadth);
-    picture.scaleHeight = static_cast<float>(-height);
+    SetScale(picture, centre, mmPerMetre * kTwipsPerMm);
     ApplyView(picture);
 }
 
@@ -85,6 +94,10 @@ Figure SheetOver(const Picture& picture) {
     const double width_mm = WidthOf_mm(picture);
     return MakeFigure(width_mm, HeightOf_mm(picture), width_mm / picture.scaleWidth,
                       {YAt(picture, 0.5), ZAt(picture, 0.5)});
+}
+
+double ZoomOf(const Picture& picture) {
+    return UnitsPerMetre(picture) / picture.view.fittedUnitsPerMetre;
 }
 
 double YAt(const Picture& picture, double x) {

@@ -16,9 +16,8 @@ constexpr double kThin_mm = 0.25;
 constexpr double kTick_mm = 1.6;
 constexpr double kLeastWeb_mm = 1;
 constexpr double kLeastFlange_mm = 0.5;  // on one side of the web
-// An arc's lines leave it by at most this much, in the ship and on the sheet.
+// An arc's lines leave it by at most this much in the ship.
 constexpr double kOffArc_m = 0.0005;
-constexpr double kOffArc_mm = 0.05;
 
 using Line = std::vector<ShipPoint>;
 
@@ -35,8 +34,10 @@ void ForEachSide(const Section& section, std::span<const ShipPoint> line, Use us
     if (section.symmetryMode == 1) use(MirrorImage(line));
 }
 
-double OffArc(const Figure& figure) {
-    return std::min(kOffArc_m, kOffArc_mm / figure.mmPerMetre);
+ArcLines ArcsOf(const Figure& figure) {
+    ArcLines arcs = ArcLinesIn(figure);
+    arcs.off_m = std::min(kOffArc_m, arcs.off_m);
+    return arcs;
 }
 
 // ---- Stiffeners, compartments, plating, centre line --------------------------------------------
@@ -52,7 +53,7 @@ void AddStiffeners(Figure& figure, const Section& section, const SectionLines& l
 
 void AddCompartments(Figure& figure, const Section& section, int32_t colour) {
     for (const CompartmentOutline& outline : CompartmentsOf(section)) {
-        ForEachSide(section, CornersOf(section, outline, OffArc(figure)),
+        ForEachSide(section, CornersOf(section, outline, ArcsOf(figure)),
                     [&](std::span<const ShipPoint> corners) {
                         AddArea(figure, FigureLayer::kCompartment, colour, corners);
                     });
@@ -60,15 +61,15 @@ void AddCompartments(Figure& figure, const Section& section, int32_t colour) {
 }
 
 template <class Use>
-void WalkPlating(const Section& section, double off_m, Use use) {
+void WalkPlating(const Section& section, const ArcLines& arcs, Use use) {
     for (const Strake& strake : StrakesOf(section)) {
-        for (const Line& line : LinesOf(strake, off_m)) ForEachSide(section, line, use);
+        for (const Line& line : LinesOf(strake, arcs)) ForEachSide(section, line, use);
     }
 }
 
 void AddPlating(Figure& figure, const Section& section, const SectionLines& lines) {
     const FigurePen pen{FigureLayer::kPlate, lines.colour, kPlating_mm + lines.wider_mm};
-    WalkPlating(section, OffArc(figure),
+    WalkPlating(section, ArcsOf(figure),
                 [&](std::span<const ShipPoint> line) { AddLine(figure, pen, line); });
 }
 
@@ -132,7 +133,7 @@ bool ExtentOf(const Section& section, ShipBox& extent) {
     constexpr double kFar = std::numeric_limits<double>::infinity();
     extent = {kFar, kFar, -kFar, -kFar};
     const auto include = [&extent](std::span<const ShipPoint> line) { Include(extent, line); };
-    WalkPlating(section, kOffArc_m, include);
+    WalkPlating(section, {kOffArc_m}, include);
     if (extent.left > extent.right) return false;
     WalkStiffeners(section, {}, [&](const StiffenerPlace&, std::span<const ShipPoint> line) {
         ForEachSide(section, line, include);

@@ -69,40 +69,67 @@ StrakeSpot SpotOnLine(const StrakeItem& item, double part) {
     return {Moved({item.y1, item.z1}, along, part), {along.y / length, along.z / length}};
 }
 
-// A place on an item, at 0 to 1 of its length.
-StrakeSpot SpotOn(const StrakeItem& item, double part) {
-    if (!IsArc(item)) return SpotOnLine(item, part);
-    const bool isFlat = std::abs(item.sweep) <= std::numbers::pi;
-    return isFlat ? SpotOnFlatArc(item, part) : SpotOnLongArc(item, part);
-}
-
+// How many lines follow an item so closely; 1 or more, without a limit.
 // A line over an angle a of a circle leaves it by R (1 - cos(a / 2)) = 2 R sin(a / 4)^2.
-int LineCountOf(const StrakeItem& item, double off_m) {
+double LineCountOf(const StrakeItem& item, double off_m) {
     if (!IsArc(item) || !(item.arcRadius > off_m)) return 1;
     const double angle = 4 * std::asin(std::sqrt(off_m / (2 * double{item.arcRadius})));
-    const double count = std::ceil(std::abs(item.sweep) / angle);
-    return count < kMostLinesOfArc ? std::max(1, static_cast<int>(count)) : kMostLinesOfArc;
+    return std::max(1.0, std::ceil(std::abs(item.sweep) / angle));
+}
+
+// How far a place is outside of the circle and of its mirror image; below 0 inside.
+double OutsideOf(const ArcLines& arcs, ShipPoint point) {
+    const double y = std::abs(point.y) - std::abs(arcs.middle.y);
+    return std::hypot(y, point.z - arcs.middle.z) - arcs.reach_m;
+}
+
+// The points between two parts of an arc's length, 0 to 1, in the order from the one to the other.
+// A line is not quite as long as its place is outside of the circle: so neither it nor the arc
+// reaches in.
+void AppendWithin(const StrakeItem& item, double from, double to, const ArcLines& arcs,
+                  std::vector<ShipPoint>& points) {
+    constexpr double kNotQuite = 0.99;
+    const double fine = 1 / LineCountOf(item, arcs.off_m);
+    double done = 0;
+    for (int i = 1; i < kMostLinesOfArc; ++i) {
+        const double at = from + std::copysign(done, to - from);
+        if (i > 1) points.push_back(SpotOn(item, at).at);
+        const double free_m = kNotQuite * OutsideOf(arcs, SpotOn(item, at).at);
+        done += std::max(fine, free_m / item.length);
+        if (!(done < std::abs(to - from))) return;
+    }
+}
+
+// The points between two parts of an item's length.
+void AppendBetween(const StrakeItem& item, double from, double to, const ArcLines& arcs,
+                   std::vector<ShipPoint>& points) {
+    const double needed = LineCountOf(item, arcs.off_m);
+    if (needed > kMostLinesOfArc && std::isfinite(arcs.reach_m)) {
+        return AppendWithin(item, from, to, arcs, points);
+    }
+    const int count = static_cast<int>(std::min<double>(needed, kMostLinesOfArc));
+    for (int i = 1; i < count; ++i) {
+        points.push_back(SpotOn(item, from + (to - from) * i / count).at);
+    }
 }
 
 // The points of an item, or those of its way back, without the first one. Its ends are as they are,
 // so that what meets there meets in one point.
-void AppendItem(const StrakeItem& item, bool back, double off_m, std::vector<ShipPoint>& points) {
+void AppendItem(const StrakeItem& item, bool back, const ArcLines& arcs,
+                std::vector<ShipPoint>& points) {
     if (!IsComputed(item)) return;
-    const int count = LineCountOf(item, off_m);
-    for (int i = 1; i < count; ++i) {
-        points.push_back(SpotOn(item, double(back ? count - i : i) / count).at);
-    }
+    AppendBetween(item, back ? 1 : 0, back ? 0 : 1, arcs, points);
     points.push_back(back ? ShipPoint{item.y1, item.z1} : ShipPoint{item.y2, item.z2});
 }
 
 // Continues from a node to another one of the same strake, along it.
-void AppendAlong(const Strake& strake, int from, int to, double off_m,
+void AppendAlong(const Strake& strake, int from, int to, const ArcLines& arcs,
                  std::vector<ShipPoint>& corners) {
     const bool back = to < from;
     const int step = back ? -1 : 1;
     for (int node = from; node != to; node += step) {
         const StrakeItem* item = ItemAt(StrakeItemsOf(strake), back ? node - 1 : node);
-        if (item != nullptr) AppendItem(*item, back, off_m, corners);
+        if (item != nullptr) AppendItem(*item, back, arcs, corners);
     }
 }
 
@@ -149,19 +176,29 @@ std::span<const CompartmentOutline> CompartmentsOf(const Section& section) {
     return Counted(section.compartments, section.compartmentCount);
 }
 
-std::vector<std::vector<ShipPoint>> LinesOf(const Strake& strake, double off_m) {
+ArcLines ArcLinesIn(const Figure& figure) {
+    constexpr double kOffArc_mm = 0.05;
+    const SheetArea& window = figure.window;
+    const double across = window.right - window.left;
+    const double down = window.bottom - window.top;
+    const SheetPoint middle{window.left + across / 2, window.top + down / 2};
+    return {kOffArc_mm / figure.mmPerMetre, InShip(figure, middle),
+            std::hypot(across, down) / 2 / figure.mmPerMetre};
+}
+
+std::vector<std::vector<ShipPoint>> LinesOf(const Strake& strake, const ArcLines& arcs) {
     std::vector<std::vector<ShipPoint>> lines;
     bool isOpen = false;
     for (const StrakeItem& item : StrakeItemsOf(strake)) {
         if (!isOpen && IsComputed(item)) lines.push_back({{item.y1, item.z1}});
         isOpen = IsComputed(item);
-        if (isOpen) AppendItem(item, false, off_m, lines.back());
+        if (isOpen) AppendItem(item, false, arcs, lines.back());
     }
     return lines;
 }
 
 std::vector<std::vector<ShipPoint>> LinesBetween(const Strake& strake, double from, double to,
-                                                 double off_m) {
+                                                 const ArcLines& arcs) {
     std::vector<std::vector<ShipPoint>> lines;
     bool isOpen = false;
     for (const StrakeItem& item : StrakeItemsOf(strake)) {
@@ -173,17 +210,15 @@ std::vector<std::vector<ShipPoint>> LinesBetween(const Strake& strake, double fr
             continue;
         }
         if (!isOpen) lines.push_back({SpotOn(item, first).at});
-        const int count = LineCountOf(item, off_m);
-        for (int i = 1; i <= count; ++i) {
-            lines.back().push_back(SpotOn(item, first + (last - first) * i / count).at);
-        }
+        AppendBetween(item, first, last, arcs, lines.back());
+        lines.back().push_back(SpotOn(item, last).at);
         isOpen = last == 1;
     }
     return lines;
 }
 
 std::vector<ShipPoint> CornersOf(const Section& section, const CompartmentOutline& outline,
-                                 double off_m) {
+                                 const ArcLines& arcs) {
     std::vector<ShipPoint> corners;
     NodeReference before{};
     for (const NodeReference& node : Counted(outline.nodes, outline.nodeCount)) {
@@ -191,13 +226,19 @@ std::vector<ShipPoint> CornersOf(const Section& section, const CompartmentOutlin
         if (strake == nullptr) continue;
         if (corners.size() > kMostCorners) break;
         if (node.strake == before.strake) {
-            AppendAlong(*strake, before.node, node.node, off_m, corners);
+            AppendAlong(*strake, before.node, node.node, arcs, corners);
         } else {
             AppendNode(*strake, node.node, corners);
         }
         before = node;
     }
     return corners;
+}
+
+StrakeSpot SpotOn(const StrakeItem& item, double part) {
+    if (!IsArc(item)) return SpotOnLine(item, part);
+    const bool isFlat = std::abs(item.sweep) <= std::numbers::pi;
+    return isFlat ? SpotOnFlatArc(item, part) : SpotOnLongArc(item, part);
 }
 
 bool FindSpot(const Strake& strake, double s, StrakeSpot& spot) {

@@ -6,6 +6,7 @@
 // is limited: an arc has at most 1,000 lines, the outline of a compartment about 20,000 corners.
 #pragma once
 
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -29,18 +30,29 @@ std::span<const Stiffener> StiffenersOf(const Strake& strake);
 std::span<const float> PlateEndsOf(const Strake& strake);
 std::span<const CompartmentOutline> CompartmentsOf(const Section& section);
 
-// The parts of a strake's line that follow one another without a gap. Arcs are cut into lines that
-// are nowhere farther from them than `off_m`.
-std::vector<std::vector<ShipPoint>> LinesOf(const Strake& strake, double off_m);
+// How arcs are cut into lines: these are nowhere farther from them than `off_m`. Where that needs
+// too many of them, they are exact within a circle around a place and around its mirror image, and
+// neither they nor the areas inside of them are in the circle where the arc is not.
+struct ArcLines {
+    double off_m;
+    ShipPoint middle{};
+    double reach_m = std::numeric_limits<double>::infinity();
+};
+
+// Exact on the sheet in the figure's window.
+ArcLines ArcLinesIn(const Figure& figure);
+
+// The parts of a strake's line that follow one another without a gap.
+std::vector<std::vector<ShipPoint>> LinesOf(const Strake& strake, const ArcLines& arcs);
 
 // The part of a strake's line between two abscissas, as LinesOf has it.
 std::vector<std::vector<ShipPoint>> LinesBetween(const Strake& strake, double from, double to,
-                                                 double off_m);
+                                                 const ArcLines& arcs);
 
 // The corners of a compartment, along the plating where two of its nodes that follow one another
 // are on one strake.
 std::vector<ShipPoint> CornersOf(const Section& section, const CompartmentOutline& outline,
-                                 double off_m);
+                                 const ArcLines& arcs);
 
 // A place on a strake, and the unit vector of the strake's direction there.
 struct StrakeSpot {
@@ -49,5 +61,7 @@ struct StrakeSpot {
 // False when the abscissa is on no computed line of the strake. At a knuckle it is the line that
 // begins there.
 bool FindSpot(const Strake& strake, double s, StrakeSpot& spot);
+// The place on a computed item, at 0 to 1 of its length.
+StrakeSpot SpotOn(const StrakeItem& item, double part);
 
 }  // namespace corvane

@@ -36,8 +36,9 @@ ShipPoint Between(ShipPoint a, ShipPoint b, double part) {
     return {a.y + (b.y - a.y) * part, a.z + (b.z - a.z) * part};
 }
 
-// The same for an arc, along its sweep: what is beyond its ends is nearest to one of them.
-double NearestPart(const StrakeItem& arc, ShipPoint point) {
+// The same for an arc by its centre, along its sweep: what is beyond its ends is nearest to one of
+// them.
+double NearestByCentre(const StrakeItem& arc, ShipPoint point) {
     const double angle = std::atan2(point.z - arc.centreZ, point.y - arc.centreY);
     const double sign = arc.sweep < 0 ? -1 : 1;
     double turn = std::fmod(sign * (angle - arc.startAngle), 2 * std::numbers::pi);
@@ -49,10 +50,17 @@ double NearestPart(const StrakeItem& arc, ShipPoint point) {
     return Distance(point, start) <= Distance(point, end) ? 0 : 1;
 }
 
-ShipPoint OnArc(const StrakeItem& arc, double part) {
-    const double angle = arc.startAngle + part * arc.sweep;
-    return {arc.centreY + arc.arcRadius * std::cos(angle),
-            arc.centreZ + arc.arcRadius * std::sin(angle)};
+// Centre and angles are in single precision: from the place that they give on the arc as it is
+// drawn, it turns on by the angle to the point.
+double NearestPart(const StrakeItem& arc, ShipPoint point) {
+    const double part = NearestByCentre(arc, point);
+    const StrakeSpot spot = SpotOn(arc, part);
+    const ShipPoint to{point.y - spot.at.y, point.z - spot.at.z};
+    const double ahead = to.y * spot.direction.y + to.z * spot.direction.z;
+    const double left = to.z * spot.direction.y - to.y * spot.direction.z;
+    const double inwards = arc.sweep < 0 ? -left : left;
+    const double turn = std::atan2(ahead, arc.arcRadius - inwards);
+    return std::clamp(part + turn / std::abs(arc.sweep), 0.0, 1.0);
 }
 
 // Keeps a place on plating or a stiffener when it is nearer than what was found before.
@@ -68,7 +76,7 @@ void OfferItem(const StrakeItem& item, int strake, ShipPoint point, SectionHit& 
     const bool isArc = item.arcRadius > 0;
     const double part = isArc ? NearestPart(item, point) : NearestPart(start, end, point);
     SectionHit found{.kind = HitKind::kPlating, .strake = strake};
-    found.at = isArc ? OnArc(item, part) : Between(start, end, part);
+    found.at = isArc ? SpotOn(item, part).at : Between(start, end, part);
     found.distance_m = Distance(point, found.at);
     found.s = item.s + part * item.length;
     Offer(hit, found);
@@ -120,15 +128,15 @@ double AreaOf(std::span<const ShipPoint> corners) {
     return std::abs(twice) / 2;
 }
 
-// The smallest compartment around a point.
-SectionHit FindCompartment(const Section& section, ShipPoint point) {
+// The smallest compartment around a point that has no plating within reach.
+SectionHit FindCompartment(const Section& section, ShipPoint point, double reach_m) {
     SectionHit hit;
+    const ArcLines exactThere{std::min(kOffArc_m, reach_m), point, reach_m};
     int number = 0;
     for (const CompartmentOutline& outline : CompartmentsOf(section)) {
         ++number;
-        const std::vector<ShipPoint> corners = CornersOf(section, outline, kOffArc_m);
-        if (!IsInside(corners, point)) continue;
-        const double area_m2 = AreaOf(corners);
+        if (!IsInside(CornersOf(section, outline, exactThere), point)) continue;
+        const double area_m2 = AreaOf(CornersOf(section, outline, {kOffArc_m}));
         if (hit.kind == HitKind::kCompartment && !(area_m2 < hit.area_m2)) continue;
         hit.kind = HitKind::kCompartment;
         hit.compartment = number;
@@ -144,7 +152,7 @@ SectionHit FindHitOnSide(const Section& section, ShipPoint point, double reach_m
     hit.distance_m = std::nextafter(reach_m, reach_m + 1);
     OfferPlating(section, point, hit);
     OfferStiffeners(section, point, hit);
-    return hit.kind == HitKind::kNothing ? FindCompartment(section, point) : hit;
+    return hit.kind == HitKind::kNothing ? FindCompartment(section, point, reach_m) : hit;
 }
 
 bool IsBetter(const SectionHit& one, const SectionHit& other) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "preview/section_figure.h"
 #include "text/numbers.h"
 
 namespace corvane {
@@ -110,9 +111,12 @@ Edges WithPlating(Edges edges, const Section& section) {
     return edges;
 }
 
+// In single precision, as the library has them.
 Edges EdgesOf(const Picture& picture) {
-    return {picture.scaleLeft, picture.scaleTop + picture.scaleHeight,
-            picture.scaleLeft + picture.scaleWidth, picture.scaleTop};
+    return {static_cast<float>(picture.scaleLeft),
+            static_cast<float>(picture.scaleTop + picture.scaleHeight),
+            static_cast<float>(picture.scaleLeft + picture.scaleWidth),
+            static_cast<float>(picture.scaleTop)};
 }
 
 // Where plating is outside of the fitted frame, the fit is repeated for a ship that is as broad and
@@ -135,6 +139,23 @@ void FitLargerSection(Picture& picture, const Section& section, float margin) {
 
 void SendProvisionalFrame(const Picture& picture) {
     ScaleWindow(picture.window, picture.dc, 0, 0, 0.1F, 0.1F, kResolution);
+}
+
+// ---- Large zooms -------------------------------------------------------------------------------
+
+// Lines may reach this far beyond the picture [mm], so that no end of a broad one shows.
+constexpr double kBeyond_mm = 4;
+
+void DrawAsFigure(const Section& section, const int32_t (&colours)[kColourCount],
+                  Picture& picture) {
+    Figure figure = SheetOver(picture);
+    SheetArea& window = figure.window;
+    window = {window.left - kBeyond_mm, window.top - kBeyond_mm, window.right + kBeyond_mm,
+              window.bottom + kBeyond_mm};
+    AddSection(figure, section,
+               {colours[kColourCompartment], colours[kColourPlating], colours[kColourStrakeLimit],
+                colours[kColourStiffener], colours[kColourCentreLine]});
+    picture.drawFigure(picture, figure);
 }
 
 }  // namespace
@@ -165,9 +186,9 @@ void FitPreviewScale(Picture& picture, float breadth, float height, int16_t symm
 void SyncGraphicsFrame(Picture& picture) {
     SendProvisionalFrame(picture);
     picture.clear(picture);
-    ScaleWindow(picture.window, picture.dc, picture.scaleLeft,
-                picture.scaleTop + picture.scaleHeight, picture.scaleLeft + picture.scaleWidth,
-                picture.scaleTop, kResolution);
+    const Edges edges = EdgesOf(picture);
+    ScaleWindow(picture.window, picture.dc, edges.xLeft, edges.yBottom, edges.xRight, edges.yTop,
+                kResolution);
 }
 
 void DrawSectionPreview(Section& section, const BasicShipData& bsd, Picture& picture) {
@@ -187,7 +208,11 @@ void DrawSectionPreview(Section& section, const BasicShipData& bsd, Picture& pic
     FitLargerSection(picture, section, made.parameters.margin);
     ApplyView(picture);
     SyncGraphicsFrame(picture);
-    TraceSection(picture.dc, &section, &made.parameters);
+    if (ZoomOf(picture) > kMostFrameZoom) {
+        DrawAsFigure(section, made.colours, picture);
+    } else {
+        TraceSection(picture.dc, &section, &made.parameters);
+    }
     section.previewMode = previewMode;
 }
 

@@ -17,7 +17,7 @@ struct Picture {
     float width = 0, height = 0;  // of the frame, in units of the scale mode
     // User coordinates: what the upper left corner shows, and the extents from there. The height
     // is below 0 where y grows upwards.
-    float scaleLeft = 0, scaleTop = 0, scaleWidth = 0, scaleHeight = 0;
+    double scaleLeft = 0, scaleTop = 0, scaleWidth = 0, scaleHeight = 0;
     int16_t scaleMode = 1;  // 1: twips, which the width and the height are in
     PictureView view;
     void* context = nullptr;
@@ -31,8 +31,9 @@ struct Picture {
 
 // Draws the section with the ship's breadth and depth, which are stored into it. A section that is
 // larger than the ship gets a larger frame: no plating is cut off. A picture whose view is not
-// fitted shows what the user zoomed to instead. Does nothing, and leaves the picture as it is,
-// without a defined BSD or without geometry.
+// fitted shows what the user zoomed to instead; beyond kMostFrameZoom the section is a figure
+// (preview/section_figure.h) in the library's colours. Does nothing, and leaves the picture as it
+// is, without a defined BSD or without geometry.
 void DrawSectionPreview(Section& section, const BasicShipData& bsd, Picture& picture);
 
 // Sets the picture's user scale so that a section of this breadth and height [m] fits with its

@@ -61,7 +61,7 @@ Picture EmptyPicture(grvelk::Drawing& drawing) {
 // Nodes of a size that a ship may have, so that singles hold the frame exactly enough.
 void RequireInFrame(const Section& section, const Picture& picture) {
     constexpr float kLargest_m = 10000;
-    const float slack = 0.001F * picture.scaleWidth;
+    const double slack = 0.001 * picture.scaleWidth;
     for (int i = 0; i < section.strakeCount; ++i) {
         const Strake& strake = section.strakes[i];
         for (int k = 0; k < strake.nodeCount; ++k) {
@@ -74,8 +74,8 @@ void RequireInFrame(const Section& section, const Picture& picture) {
         for (int k = 0; k < strake.nodeCount; ++k) {
             const Node& node = strake.nodes[k];
             if (node.computed == 0) continue;
-            const float right = picture.scaleLeft + picture.scaleWidth;
-            const float bottom = picture.scaleTop + picture.scaleHeight;
+            const double right = picture.scaleLeft + picture.scaleWidth;
+            const double bottom = picture.scaleTop + picture.scaleHeight;
             Require(node.y >= picture.scaleLeft - slack && node.y <= right + slack);
             Require(node.z >= bottom - slack && node.z <= picture.scaleTop + slack);
         }

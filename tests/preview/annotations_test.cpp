@@ -258,14 +258,14 @@ TEST_F(AnnotationsTest, LinesBetweenTwoAbscissasFollowTheStrake) {
     bent.Add({GivenNode(0, 0), GivenNode(4, 0), GivenNode(4, 3)});
     bent.Compute();
     bent.Link();
-    const auto lines = LinesBetween(bent.At(1), 1, 6, 0.01);
+    const auto lines = LinesBetween(bent.At(1), 1, 6, {0.01});
     ASSERT_EQ(lines.size(), 1U);
     ASSERT_EQ(lines[0].size(), 3U);
     EXPECT_DOUBLE_EQ(lines[0][0].y, 1);
     EXPECT_DOUBLE_EQ(lines[0][1].y, 4);
     EXPECT_DOUBLE_EQ(lines[0][2].z, 2);
-    EXPECT_TRUE(LinesBetween(bent.At(1), 7, 9, 0.01).empty());
-    EXPECT_TRUE(LinesBetween(bent.At(1), 3, 3, 0.01).empty());
+    EXPECT_TRUE(LinesBetween(bent.At(1), 7, 9, {0.01}).empty());
+    EXPECT_TRUE(LinesBetween(bent.At(1), 3, 3, {0.01}).empty());
 }
 
 }  // namespace

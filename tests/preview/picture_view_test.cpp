@@ -84,10 +84,45 @@ TEST_F(PictureViewTest, ZoomToTheLimitAndBackIsTheFirstScale) {
     EXPECT_NEAR(picture.view.unitsPerMetre, 20 * kMostZoom, 1);
     Zoom(1e6, 0.3, 0.3);
     EXPECT_NEAR(picture.view.unitsPerMetre, 20 * kMostZoom, 1);
-    Zoom(1e-6, 0.5, 0.5);
+    Zoom(1e-7, 0.5, 0.5);
     EXPECT_NEAR(picture.view.unitsPerMetre, 20 * kLeastZoom, 1e-9);
     Zoom(1 / kLeastZoom, 0.5, 0.5);
     ExpectFrame(-10, 10, 20);
+}
+
+TEST_F(PictureViewTest, MillionTimesAndBackIsTheFirstPicture) {
+    constexpr int kSteps = 76;
+    const Picture first = picture;
+    const auto expectSamePlace = [&](double yWanted, double zWanted) {
+        // Of a unit, which is less than a pixel.
+        EXPECT_NEAR((YAt(picture, 0.31) - yWanted) * picture.view.unitsPerMetre, 0, 1e-3);
+        EXPECT_NEAR((ZAt(picture, 0.77) - zWanted) * picture.view.unitsPerMetre, 0, 1e-3);
+    };
+    const double y = YAt(picture, 0.31);
+    const double z = ZAt(picture, 0.77);
+    for (int i = 0; i < kSteps; ++i) {
+        Zoom(1.2, 0.31, 0.77);
+        expectSamePlace(y, z);
+    }
+    EXPECT_GT(ZoomOf(picture), 1e6);
+    Move(0.25, -0.5);
+    EXPECT_NEAR((YAt(picture, 0.56) - y) * picture.view.unitsPerMetre, 0, 1e-3);
+    EXPECT_NEAR((ZAt(picture, 0.27) - z) * picture.view.unitsPerMetre, 0, 1e-3);
+    Move(-0.25, 0.5);
+    for (int i = 0; i < kSteps; ++i) Zoom(1 / 1.2, 0.31, 0.77);
+    EXPECT_TRUE(picture.view.isFitted);
+    EXPECT_EQ(picture.scaleLeft, first.scaleLeft);
+    EXPECT_EQ(picture.scaleTop, first.scaleTop);
+    EXPECT_EQ(picture.scaleWidth, first.scaleWidth);
+    EXPECT_EQ(picture.scaleHeight, first.scaleHeight);
+}
+
+TEST_F(PictureViewTest, FitsScaleAtAnotherPlaceIsNotTheFit) {
+    Zoom(2, 0.5, 0.5);
+    Move(0.01, 0);
+    Zoom(0.5, 0.5, 0.5);
+    EXPECT_FALSE(picture.view.isFitted);
+    ExpectFrame(-10.1F, 10, 20);
 }
 
 TEST_F(PictureViewTest, FittingForgetsTheUsersView) {

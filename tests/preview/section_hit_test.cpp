@@ -136,7 +136,7 @@ using Outlines = std::vector<std::vector<ShipPoint>>;
 Outlines OutlinesOf(const Section& section) {
     Outlines outlines;
     for (int i = 0; i < section.compartmentCount; ++i) {
-        outlines.push_back(CornersOf(section, section.compartments[i], 1e-3));
+        outlines.push_back(CornersOf(section, section.compartments[i], {1e-3}));
     }
     return outlines;
 }

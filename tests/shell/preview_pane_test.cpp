@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <utility>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "bsd/bsd_file.h"
 #include "database/editing.h"
 #include "database/listing.h"
+#include "preview/section_geometry.h"
 #include "tests/shell/fake_view.h"
 #include "tests/shell/sample_models.h"
 #include "tests/shell/shown_database.h"
@@ -163,6 +165,8 @@ struct KeptPicture {
         picture.clear = [](Picture& cleared) {
             ++static_cast<KeptPicture*>(cleared.context)->clearedCount;
         };
+        picture.setFont = [](Picture&, float) {};
+        picture.systemColour = [](int) { return int32_t{0}; };
         picture.drawFigure = [](Picture& on, const Figure& figure) {
             static_cast<KeptPicture*>(on.context)->drawn = figure;
         };
@@ -187,13 +191,103 @@ TEST(PreviewPane, BulkheadArrangementIsDrawn) {
     EXPECT_EQ(kept.clearedCount, 1);
     EXPECT_GT(kept.drawn.items.size(), 20U);
     EXPECT_TRUE(kept.Says(shell.preview.bulkheads.bulkheads[0].name));
-    const float fitted = kept.picture.scaleWidth;
+    const double fitted = kept.picture.scaleWidth;
     ZoomView(kept.picture, 2, 0.5, 0.5);
     DrawPreview(kept.picture);
-    EXPECT_FLOAT_EQ(kept.picture.scaleWidth, fitted / 2);
+    EXPECT_DOUBLE_EQ(kept.picture.scaleWidth, fitted / 2);
     ShowInPreview(sample.rows[0]);
     EXPECT_FALSE(shell.preview.areBulkheadsShown);
     EXPECT_TRUE(shell.preview.isShown);
+}
+
+// The least distance [mm] of the plating that is drawn from a place on the sheet.
+double PlatingFrom(const Figure& figure, SheetPoint place) {
+    double least = 1e9;
+    for (const FigureItem& item : figure.items) {
+        if (item.layer != FigureLayer::kPlate || item.count < 2) continue;
+        const std::span<const SheetPoint> points = PointsOf(figure, item);
+        for (size_t i = 1; i < points.size(); ++i) {
+            const double x = points[i].x - points[i - 1].x;
+            const double y = points[i].y - points[i - 1].y;
+            const double aheadX = place.x - points[i - 1].x;
+            const double aheadY = place.y - points[i - 1].y;
+            const double square = x * x + y * y;
+            const double t =
+                square > 0 ? std::clamp((aheadX * x + aheadY * y) / square, 0.0, 1.0) : 0;
+            least = std::min(least, std::hypot(aheadX - t * x, aheadY - t * y));
+        }
+    }
+    return least;
+}
+
+bool IsAllAroundTheSheet(const Figure& figure) {
+    return std::ranges::all_of(figure.points, [&](const SheetPoint& point) {
+        return std::abs(point.x - figure.width_mm / 2) < figure.width_mm &&
+               std::abs(point.y - figure.height_mm / 2) < figure.height_mm;
+    });
+}
+
+// Zooms a million times to a place of the shown section and back, as the wheel does: the place
+// stays where the pointer is, plating is there, and it is hit there and not beside it.
+void ExpectPlatingAtAMillionTimes(ShipPoint place) {
+    constexpr int kSteps = 76;
+    constexpr double kPixel_mm = 25.4 / 96;
+    KeptPicture kept;
+    DrawPreview(kept.picture);
+    const Picture first = kept.picture;
+    const auto partX = [&] { return (place.y - kept.picture.scaleLeft) / kept.picture.scaleWidth; };
+    const auto partY = [&] { return (place.z - kept.picture.scaleTop) / kept.picture.scaleHeight; };
+    const double x = partX();
+    const double y = partY();
+    for (int i = 0; i < kSteps; ++i) {
+        ZoomView(kept.picture, 1.2, x, y);
+        DrawPreview(kept.picture);
+        ASSERT_NEAR((partX() - x) * WidthOf_mm(kept.picture), 0, kPixel_mm / 100) << i;
+        ASSERT_NEAR((partY() - y) * HeightOf_mm(kept.picture), 0, kPixel_mm / 100) << i;
+    }
+    EXPECT_GT(ZoomOf(kept.picture), 1e6);
+    EXPECT_LT(PlatingFrom(kept.drawn, OnSheet(kept.drawn, place)), kPixel_mm);
+    EXPECT_TRUE(IsAllAroundTheSheet(kept.drawn));
+    LibraryView view;
+    ComputeSection(shell.preview.section, view);
+    const double reach_m = 5 * kPixel_mm / kept.drawn.mmPerMetre;
+    const SectionHit hit = FindHit(view.section, place, reach_m);
+    EXPECT_EQ(hit.kind, HitKind::kPlating);
+    EXPECT_LT(hit.distance_m, reach_m / 5);
+    // Right of it, above it, or both, is beyond reach.
+    const SectionHit beside =
+        FindHit(view.section, {place.y + 10 * reach_m, place.z + 7 * reach_m}, reach_m);
+    EXPECT_NE(beside.kind, HitKind::kPlating);
+    for (int i = 0; i < kSteps; ++i) {
+        ZoomView(kept.picture, 1 / 1.2, x, y);
+        DrawPreview(kept.picture);
+    }
+    EXPECT_TRUE(kept.picture.view.isFitted);
+    EXPECT_EQ(kept.picture.scaleLeft, first.scaleLeft);
+    EXPECT_EQ(kept.picture.scaleWidth, first.scaleWidth);
+}
+
+TEST(PreviewPane, SectionIsRightAMillionTimesLargerAndBack) {
+    const ShownSample sample;
+    ShowInPreview(sample.rows[0]);
+    ASSERT_TRUE(shell.preview.isShown);
+    LibraryView view;
+    ComputeSection(shell.preview.section, view);
+    int lines = 0;
+    int arcs = 0;
+    for (const Strake& strake : StrakesOf(view.section)) {
+        for (const StrakeItem& item : StrakeItemsOf(strake)) {
+            if (!(item.length > 0)) continue;
+            int& count = item.arcRadius > 0 ? arcs : lines;
+            if (++count > 3) continue;
+            SCOPED_TRACE(item.arcRadius > 0 ? "arc" : "line");
+            for (const double part : {0.0, 0.37, 0.9}) {
+                ExpectPlatingAtAMillionTimes(SpotOn(item, part).at);
+            }
+        }
+    }
+    EXPECT_GT(lines, 0);
+    EXPECT_GT(arcs, 0);
 }
 
 TEST(PreviewPane, NextBulkheadGoesThroughThemAndBackToAll) {

@@ -109,6 +109,18 @@ TEST_F(PictureNavigation, KeysZoomMoveAndFit) {
     EXPECT_TRUE(Becomes(fitted));
 }
 
+TEST_F(PictureNavigation, MillionTimesAndBackIsTheFirstPicture) {
+    constexpr int kSteps = 76;
+    const std::vector<uint32_t> fitted = Pixels();
+    for (int i = 0; i < kSteps; ++i) Choose(main, ME_ViewZoomIn);
+    // The axes show where the picture is, which nothing else does at most places of a section.
+    Choose(main, ME_ViewAxes);
+    EXPECT_TRUE(Changes(fitted));
+    Choose(main, ME_ViewAxes);
+    for (int i = 0; i < kSteps; ++i) Choose(main, ME_ViewZoomOut);
+    EXPECT_TRUE(Becomes(fitted));
+}
+
 TEST_F(PictureNavigation, LargerPreviewHasTheWholeWindowAndEscGivesTheListBack) {
     const RECT before = PictureArea();
     Type({VK_F11});

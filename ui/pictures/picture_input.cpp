@@ -58,7 +58,7 @@ constexpr int kReach = 5;
 PicturePlace PlaceAt(HWND window, POINT at) {
     const PictureState& state = *PictureStateOf(window);
     const Picture& picture = state.scale;
-    const double metresPerPixel = double{picture.scaleWidth} / state.size.cx;
+    const double metresPerPixel = picture.scaleWidth / state.size.cx;
     return {
         {YAt(picture, (at.x + 0.5) / state.size.cx), ZAt(picture, (at.y + 0.5) / state.size.cy)},
         Scaled(kReach, DpiOf(window)) * metresPerPixel};

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "shell/open_database.h"
@@ -68,6 +69,10 @@ struct SectionPicture : testing::Test {
         return text;
     }
     int CountPixels(bool (*isCounted)(COLORREF)) const {
+        return static_cast<int>(std::ranges::count_if(Pixels(), isCounted));
+    }
+    // What a repaint shows, row by row.
+    std::vector<COLORREF> Pixels() const {
         RECT client{};
         GetClientRect(picture, &client);
         const HDC screen = GetDC(picture);
@@ -75,17 +80,15 @@ struct SectionPicture : testing::Test {
         const HBITMAP bitmap = CreateCompatibleBitmap(screen, client.right, client.bottom);
         const HGDIOBJ before = SelectObject(dc, bitmap);
         SendMessageW(picture, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
-        int count = 0;
+        std::vector<COLORREF> pixels;
         for (int y = 0; y < client.bottom; ++y) {
-            for (int x = 0; x < client.right; ++x) {
-                count += isCounted(GetPixel(dc, x, y)) ? 1 : 0;
-            }
+            for (int x = 0; x < client.right; ++x) pixels.push_back(GetPixel(dc, x, y));
         }
         SelectObject(dc, before);
         DeleteObject(bitmap);
         DeleteDC(dc);
         ReleaseDC(picture, screen);
-        return count;
+        return pixels;
     }
 };
 
@@ -229,6 +232,33 @@ TEST_F(MovedPicture, WheelZoomsAtThePointer) {
     EXPECT_NEAR(smaller.right - smaller.left, (before.right - before.left) / (1.2 * 1.2 * 1.2), 2);
     Turn(3, {before.left, before.top});
     EXPECT_EQ(Deck(), before);
+}
+
+TEST_F(MovedPicture, WheelGoesAMillionTimesAndBackToTheSamePixels) {
+    constexpr int kSteps = 76;
+    const std::vector<COLORREF> fitted = Pixels();
+    std::vector<POINT> ends{{Deck().right, Deck().top}};
+    for (int i = 0; i < kSteps; ++i) {
+        Turn(1, ends.back());
+        const DeckPlace deck = Deck();
+        ASSERT_NEAR(deck.right, ends.back().x, 1) << "the deck's end stays under the pointer";
+        ASSERT_NEAR(deck.top, ends.back().y, 1);
+        ends.push_back({deck.right, deck.top});
+    }
+    const DeckPlace large = Deck();
+    EXPECT_EQ(large.left, 0) << "the deck reaches over the edge, and nothing is wrapped around";
+    Drag({100, 100}, {140, 130});
+    EXPECT_EQ(Deck().top, large.top + 30);
+    Drag({140, 130}, {100, 100});
+    EXPECT_EQ(Deck(), large);
+    Point({10, large.top});
+    Point({11, large.top});
+    ASSERT_FALSE(pointedAt.empty());
+    EXPECT_NE(pointedAt.back().find(L"Panel 1"), std::wstring::npos) << "the deck is there";
+    Point({11, large.top + 20});
+    EXPECT_EQ(pointedAt.back().find(L"Panel"), std::wstring::npos);
+    for (int i = kSteps; i > 0; --i) Turn(-1, ends[static_cast<size_t>(i) - 1]);
+    EXPECT_EQ(Pixels(), fitted);
 }
 
 TEST_F(MovedPicture, DraggingMovesThePicture) {
