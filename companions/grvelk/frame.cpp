@@ -83,6 +83,26 @@ Pixel PixelWithin(const Rectangle& area, FramePoint point) {
         {std::clamp(point.x, area.left, area.right), std::clamp(point.y, area.top, area.bottom)});
 }
 
+// Whether two lines in one row or column of pixels go on in the same direction: together they have
+// the pixels of one line.
+bool IsOneLine(Pixel from, Pixel middle, Pixel to) {
+    const bool isRow = from.y == middle.y && middle.y == to.y;
+    const bool isColumn = from.x == middle.x && middle.x == to.x;
+    return (isRow && (from.x < middle.x) == (middle.x < to.x)) ||
+           (isColumn && (from.y < middle.y) == (middle.y < to.y));
+}
+
+// Adds a point to the last line of a group, which has `count` points.
+void AddPoint(LineGroup& group, Pixel point, uint32_t& count) {
+    const auto end = group.points.end();
+    if (count > 1 && IsOneLine(end[-2], end[-1], point)) {
+        group.points.back() = point;
+    } else {
+        group.points.push_back(point);
+        ++count;
+    }
+}
+
 // One step of cutting an area off: keeps what has a distance of 0 or more from one edge.
 template <class Distance>
 void ClipAtEdge(std::vector<FramePoint>& corners, Distance distance) {
@@ -155,8 +175,7 @@ void AddPolyline(LineGroup& group, const std::vector<FramePoint>& line) {
             group.points.push_back(first);
             count = 1;
         }
-        group.points.push_back(last);
-        ++count;
+        AddPoint(group, last, count);
     }
     if (count > 0) group.counts.push_back(count);
 }

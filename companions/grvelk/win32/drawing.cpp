@@ -3,6 +3,7 @@
 #include "companions/grvelk/drawing.h"
 
 #include <climits>
+#include <cmath>
 #include <cstring>
 
 #include "platform/win32/win32.h"
@@ -21,37 +22,36 @@ HDC Device(void* context) {
     return static_cast<HDC>(context);
 }
 
-// In short pieces: the system may first make one area of all that a call draws with a broad pen,
-// which takes the longer the more lines there are already. The pen's ends are as round as its
-// corners, so that the pieces meet as corners do.
-void DrawBroadLine(HDC dc, const POINT* points, uint32_t count) {
-    constexpr uint32_t kMostPoints = 64;
-    while (count > kMostPoints) {
-        Polyline(dc, points, kMostPoints);
-        points += kMostPoints - 1;
-        count -= kMostPoints - 1;
-    }
-    Polyline(dc, points, static_cast<int>(count));
+void DrawThinLines(HDC dc, const PixelLines& lines) {
+    PolyPolyline(dc, Points(lines.points), reinterpret_cast<const DWORD*>(lines.counts),
+                 static_cast<DWORD>(lines.lineCount));
 }
 
-void DrawBroadLines(HDC dc, const PixelLines& lines) {
-    const POINT* points = Points(lines.points);
-    for (size_t i = 0; i < lines.lineCount; ++i) {
-        DrawBroadLine(dc, points, lines.counts[i]);
-        points += lines.counts[i];
+// Thin lines for each pixel of a round pen: of what a broad pen draws the system makes areas first,
+// which takes many times longer.
+void DrawBroadLines(HDC dc, const PixelLines& lines, int32_t width) {
+    const double middle = (width - 1) / 2.0;
+    POINT origin{};
+    GetViewportOrgEx(dc, &origin);
+    for (int32_t y = 0; y < width; ++y) {
+        for (int32_t x = 0; x < width; ++x) {
+            if (std::hypot(x - middle, y - middle) > width / 2.0) continue;
+            SetViewportOrgEx(dc, origin.x + x - width / 2, origin.y + y - width / 2, nullptr);
+            DrawThinLines(dc, lines);
+        }
     }
+    SetViewportOrgEx(dc, origin.x, origin.y, nullptr);
 }
 
 void DrawLines(void* context, const PixelLines& lines, Pen pen) {
     const HDC dc = Device(context);
-    const HPEN made = CreatePen(PS_SOLID, pen.width, static_cast<COLORREF>(pen.colour));
+    const HPEN made = CreatePen(PS_SOLID, 1, static_cast<COLORREF>(pen.colour));
     if (made == nullptr) return;
     const HGDIOBJ before = SelectObject(dc, made);
     if (pen.width > 1) {
-        DrawBroadLines(dc, lines);
+        DrawBroadLines(dc, lines, pen.width);
     } else {
-        PolyPolyline(dc, Points(lines.points), reinterpret_cast<const DWORD*>(lines.counts),
-                     static_cast<DWORD>(lines.lineCount));
+        DrawThinLines(dc, lines);
     }
     SelectObject(dc, before);
     DeleteObject(made);

@@ -216,15 +216,11 @@ void Append(LinesOfPen& lines, const POINTS* points, DWORD count) {
     for (DWORD i = 0; i < count; ++i) lines.points.push_back({points[i].x, points[i].y});
 }
 
-// The lines of a broad pen have a record each and come first, those of a thin one have one record.
+// The lines of each pixel of a pen have one record; the pen of 2 px comes first.
+constexpr size_t kPixelsOfBroadPen = 4;
+
 int CALLBACK CollectLines(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM context) {
     auto& pens = *reinterpret_cast<std::vector<LinesOfPen>*>(context);
-    if (record->iType == EMR_POLYLINE16) {
-        const auto& line = *reinterpret_cast<const EMRPOLYLINE16*>(record);
-        if (pens.empty()) pens.emplace_back();
-        pens.back().counts.push_back(line.cpts);
-        Append(pens.back(), line.apts, line.cpts);
-    }
     if (record->iType == EMR_POLYPOLYLINE16) {
         const auto& lines = *reinterpret_cast<const EMRPOLYPOLYLINE16*>(record);
         LinesOfPen& pen = pens.emplace_back();
@@ -249,7 +245,22 @@ std::vector<LinesOfPen> RecordedLines(Section& section, DrawingParameters& param
     return lines;
 }
 
-TEST_F(GdiSectionDrawing, LongLineOfABroadPenIsDrawnWithoutAGap) {
+// Pixels of plating that have no plating on the other canvas within 1 px.
+int PixelsBeside(const Canvas& canvas, const Canvas& other) {
+    int beside = 0;
+    for (int y = 1; y < canvas.height - 1; ++y) {
+        for (int x = 1; x < canvas.width - 1; ++x) {
+            if (canvas.At(x, y) != kPlating) continue;
+            bool isNear = false;
+            for (int i = 0; i < 9; ++i)
+                isNear |= other.At(x + i % 3 - 1, y + i / 3 - 1) == kPlating;
+            beside += isNear ? 0 : 1;
+        }
+    }
+    return beside;
+}
+
+TEST_F(GdiSectionDrawing, LineOfABroadPenIsThatOfTheSystemButForAPixel) {
     constexpr int kNodes = 300;
     test::TestSection wave;
     std::vector<Node> nodes;
@@ -262,13 +273,9 @@ TEST_F(GdiSectionDrawing, LongLineOfABroadPenIsDrawnWithoutAGap) {
     wave.section.symmetryMode = 2;
     wave.section.geometryPresent = 1;
     const std::vector<LinesOfPen> recorded = RecordedLines(wave.section, sample.parameters);
-    ASSERT_FALSE(recorded.empty());
-    ASSERT_GT(recorded.front().counts.size(), 1U) << "pieces";
-    // Each piece but the first one begins where the one before it ends.
-    std::vector<POINT> line = recorded.front().points;
-    const auto isSame = [](POINT a, POINT b) { return a.x == b.x && a.y == b.y; };
-    line.erase(std::ranges::unique(line, isSame).begin(), line.end());
-    EXPECT_EQ(line.size(), recorded.front().points.size() - recorded.front().counts.size() + 1);
+    ASSERT_GE(recorded.size(), kPixelsOfBroadPen);
+    ASSERT_EQ(recorded.front().counts.size(), 1U);
+    const std::vector<POINT>& line = recorded.front().points;
     const Canvas inOneCall(300, 160);
     const HPEN pen = CreatePen(PS_SOLID, 2, kPlating);
     const HGDIOBJ before = SelectObject(inOneCall.dc, pen);
@@ -278,11 +285,9 @@ TEST_F(GdiSectionDrawing, LongLineOfABroadPenIsDrawnWithoutAGap) {
     ScaleWindow(nullptr, canvas.dc, -15, -2, 15, 14, 200);
     TraceSection(canvas.dc, &wave.section, &sample.parameters);
     EXPECT_GT(canvas.Count(kPlating), 300);
-    for (int y = 0; y < canvas.height; ++y) {
-        for (int x = 0; x < canvas.width; ++x) {
-            EXPECT_EQ(canvas.At(x, y) == kPlating, inOneCall.At(x, y) == kPlating) << x << ' ' << y;
-        }
-    }
+    EXPECT_NEAR(canvas.Count(kPlating), inOneCall.Count(kPlating), canvas.Count(kPlating) * 0.15);
+    EXPECT_EQ(PixelsBeside(canvas, inOneCall), 0);
+    EXPECT_EQ(PixelsBeside(inOneCall, canvas), 0);
 }
 
 // 30 strakes with 4 nodes or more each, and 200 stiffeners.
@@ -316,18 +321,17 @@ TEST_F(GdiSectionDrawing, CostsLittleMoreThanItsLines) {
     FillBigSection(sample);
     sample.parameters.drawCompartments = 0;
     const std::vector<LinesOfPen> lines = RecordedLines(sample.section, sample.parameters);
-    ASSERT_EQ(lines.size(), 4U) << "plating, limits, stiffeners, centre line";
-    // The plating's pen is 2 px broad, the others 1 px.
-    const HPEN pens[] = {CreatePen(PS_SOLID, 2, kPlating), CreatePen(PS_SOLID, 1, kLimits)};
+    ASSERT_EQ(lines.size(), kPixelsOfBroadPen + 3) << "plating, limits, stiffeners, centre line";
+    const HPEN pen = CreatePen(PS_SOLID, 1, kPlating);
+    SelectObject(canvas.dc, pen);
     const double bare = QuickestOf(40, [&] {
         for (const LinesOfPen& of : lines) {
-            SelectObject(canvas.dc, pens[&of == lines.data() ? 0 : 1]);
             PolyPolyline(canvas.dc, of.points.data(), of.counts.data(),
                          static_cast<DWORD>(of.counts.size()));
         }
     });
     SelectObject(canvas.dc, GetStockObject(BLACK_PEN));
-    for (const HPEN pen : pens) DeleteObject(pen);
+    DeleteObject(pen);
     const double traced = QuickestOf(40, [&] { Draw(); });
     std::printf("bare lines %.3f ms, TraceSection %.3f ms, ratio %.2f\n", bare * 1000,
                 traced * 1000, traced / bare);
