@@ -313,6 +313,7 @@
     X(kMsgCrashedWithoutDump, 3823)     \
     X(kMsgNoLogFolder, 3824)            \
     X(kMsgLogFolderNotOpened, 3825)     \
+    X(kMsgNotPrintedToFile, 3826)       \
     X(kMsgHelpPageMissing, 3830)        \
     X(kMsgHelpPageNotOpened, 3831)      \
     X(kMsgDetails, 3832)                \

@@ -76,7 +76,8 @@ PrintEnd PrintDocument(const PrintJob& job, const Printer& printer) {
         ReportNote(kMsgPrintingCancelled, {job.name});
         return PrintEnd::kCancelled;
     }
-    ReportMessage(kMsgNotPrinted, {job.name, SystemError{course.error}});
+    ReportMessage(printer.isToFile ? kMsgNotPrintedToFile : kMsgNotPrinted,
+                  {job.name, SystemError{course.error}});
     return PrintEnd::kFailed;
 }
 

@@ -41,6 +41,7 @@ struct PrintJob {
 struct Printer {
     Paper paper{};
     int firstPage = 1, lastPage = 1;  // that the user wants, within the document
+    bool isToFile = false;            // the user wants a file, whose name the system asks for
     std::function<system::ErrorNumber(const std::wstring& name)> beginDocument;
     std::function<system::ErrorNumber()> beginPage;
     std::function<void(const Figure& page)> drawPage;

@@ -73,6 +73,17 @@ TEST_F(PrintingTest, OnlyThePagesThatTheUserWantsArePrinted) {
     EXPECT_EQ(RecordedReports::caption, FormatMessage(kMsgPrinted, {L"Midship", 1}));
 }
 
+TEST_F(PrintingTest, FileThatCannotBeWrittenHasAdviceOfItsOwn) {
+    printer.isToFile = true;
+    failsAt = "end";
+    EXPECT_EQ(Print(), PrintEnd::kFailed);
+    EXPECT_EQ(calls.back(), "abort");
+    const std::vector<std::string> warnings = RecordedReports::Of("warning");
+    ASSERT_EQ(warnings.size(), 1U);
+    EXPECT_NE(warnings[0].find("'Midship' could not be printed to the file: "), std::string::npos);
+    EXPECT_NE(warnings[0].find("choose a folder"), std::string::npos);
+}
+
 TEST_F(PrintingTest, PrinterThatFailsInTheMiddleIsReportedAndTheDocumentTakenBack) {
     for (const std::string call : {"page", "end page", "end"}) {
         calls.clear();

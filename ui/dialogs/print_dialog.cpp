@@ -5,6 +5,7 @@
 #include <winspool.h>
 
 #include <algorithm>
+#include <string_view>
 
 #include "report/reporters.h"
 #include "shell/page_preview.h"
@@ -139,6 +140,14 @@ system::ErrorNumber BeginDocument(HDC dc, const std::wstring& name) {
     return ErrorOf(StartDocW(dc, &document));
 }
 
+// A printer at this port has no device: the system asks for the name of a file.
+bool IsAtFilePort(const PRINTDLGW& dialog) {
+    const Locked<DEVNAMES> names(dialog.hDevNames);
+    if (names.record == nullptr) return false;
+    const auto* text = reinterpret_cast<const wchar_t*>(names.record);
+    return std::wstring_view(text + names.record->wOutputOffset) == L"FILE:";
+}
+
 Printer PrinterOf(const PRINTDLGW& dialog, int pageCount) {
     const HDC dc = dialog.hDC;
     const PrintDevice device = DeviceOf(dc);
@@ -149,6 +158,7 @@ Printer PrinterOf(const PRINTDLGW& dialog, int pageCount) {
         printer.firstPage = std::clamp<int>(dialog.nFromPage, 1, pageCount);
         printer.lastPage = std::clamp<int>(dialog.nToPage, printer.firstPage, pageCount);
     }
+    printer.isToFile = IsAtFilePort(dialog);
     printer.beginDocument = [dc](const std::wstring& name) { return BeginDocument(dc, name); };
     printer.beginPage = [dc] { return ErrorOf(StartPage(dc)); };
     printer.drawPage = [device](const Figure& page) { DrawPage(device, page); };
