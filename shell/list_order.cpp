@@ -76,48 +76,34 @@ bool IsDigit(wchar_t letter) {
     return letter >= L'0' && letter <= L'9';
 }
 
-// Bytes that a letter has at most. Of a number the letters in front of it and its first digit have
-// no more than that together.
-constexpr size_t kMostOfALetter = 4;
-constexpr size_t kMostDigits = 0x7FFF;
+// Bytes that a letter has at most; a number's first digit, with what is put in front of it, has no
+// more either.
+constexpr size_t kMostOfALetter = 3;
+constexpr ptrdiff_t kMostDigits = 0x7FFF;
 
-// Writes a letter as bytes of which none is 0, which compare as the letters do: one byte for nearly
-// all of them, otherwise the more leading bits are set, the more bytes there are.
+// Writes a letter as bytes that compare as the letters do, and of which none is 0: nearly all of
+// them as one byte, the others as three with the highest bit set. They have at most 21 bits.
 char* PutLetter(char* to, uint32_t letter) {
     const uint32_t value = letter + 1;
-    const auto put = [&](uint32_t byte) { *to++ = static_cast<char>(byte); };
     if (value < 0x80) {
-        put(value);
-        return to;
-    }
-    if (value < 0x800) {
-        put(0xC0 | value >> 6);
+        *to++ = static_cast<char>(value);
     } else {
-        if (value < 0x10000) {
-            put(0xE0 | value >> 12);
-        } else {
-            put(0xF0 | value >> 18);
-            put(0x80 | (value >> 12 & 0x3F));
+        for (const int bits : {14, 7, 0}) {
+            *to++ = static_cast<char>(0x80 | (value >> bits & 0x7F));
         }
-        put(0x80 | (value >> 6 & 0x3F));
     }
-    put(0x80 | (value & 0x3F));
     return to;
 }
 
-// Writes the digits at the start of `name`, without leading zeros and with their count in front, so
-// that texts compare as the numbers do, and takes them off it.
-char* PutNumber(char* to, std::wstring_view& name) {
-    const auto isDigit = [&](size_t at) { return at < name.size() && IsDigit(name[at]); };
-    size_t begin = 0;
-    while (name[begin] == L'0' && isDigit(begin + 1)) ++begin;
-    size_t end = begin;
-    while (isDigit(end)) ++end;
+// Writes the digits at the start of a name, without leading zeros and with their count in front, so
+// that texts compare as the numbers do. Returns where the name goes on.
+const wchar_t* PutNumber(char*& to, const wchar_t* name, const wchar_t* end) {
+    const wchar_t* const after = std::find_if_not(name, end, IsDigit);
+    while (name + 1 != after && *name == L'0') ++name;
     to = PutLetter(to, L'0');
-    to = PutLetter(to, static_cast<uint32_t>(std::min<size_t>(end - begin, kMostDigits)));
-    for (; begin < end; ++begin) to = PutLetter(to, static_cast<uint32_t>(name[begin]));
-    name.remove_prefix(end);
-    return to;
+    to = PutLetter(to, static_cast<uint32_t>(std::min<ptrdiff_t>(after - name, kMostDigits)));
+    while (name != after) to = PutLetter(to, static_cast<uint32_t>(*name++));
+    return after;
 }
 
 void AppendName(NameTexts& names, std::wstring_view name) {
@@ -125,12 +111,13 @@ void AppendName(NameTexts& names, std::wstring_view name) {
     names.begins.push_back(used);
     names.bytes.resize(used + kMostOfALetter * name.size());
     char* to = names.bytes.data() + used;
-    while (!name.empty()) {
-        if (IsDigit(name.front())) {
-            to = PutNumber(to, name);
+    const wchar_t* at = name.data();
+    const wchar_t* const end = at + name.size();
+    while (at != end) {
+        if (IsDigit(*at)) {
+            at = PutNumber(to, at, end);
         } else {
-            to = PutLetter(to, static_cast<uint32_t>(name.front()));
-            name.remove_prefix(1);
+            to = PutLetter(to, static_cast<uint32_t>(*at++));
         }
     }
     names.bytes.resize(static_cast<size_t>(to - names.bytes.data()));
@@ -176,7 +163,11 @@ void SortByBytes(const NameTexts& names, const AlikeKeys& some, bool isDescendin
 }
 
 void SortByName(const std::vector<ModelRow>& rows, bool isDescending, std::vector<int>& indexes) {
+    // Of most names; what remains unused costs nothing.
+    constexpr size_t kUsualBytes = 64;
     NameTexts names;
+    names.bytes.reserve(kUsualBytes * indexes.size());
+    names.begins.reserve(indexes.size());
     const auto append = [&](int, std::wstring_view name) { AppendName(names, name); };
     ForEachNameInLowerCase(rows, indexes, append);
     std::vector<NameKey> keys(indexes.size());

@@ -105,15 +105,16 @@ void ForEachNameInLowerCase(const std::vector<ModelRow>& rows, const std::vector
     const auto nameOf = [&](int index) -> const std::wstring& {
         return rows[static_cast<size_t>(index)].name;
     };
+    std::wstring names;
     for (auto begin = indexes.begin(), end = begin; begin != indexes.end(); begin = end) {
-        std::wstring names;
+        names.clear();
         while (end != indexes.end() && names.size() < kLettersAtOnce) names += nameOf(*end++);
-        names = system::InLowerCase(names);
-        size_t at = 0;
+        const std::wstring lower = system::InLowerCase(names);
+        std::wstring_view rest = lower;
         for (; begin != end; ++begin) {
             const size_t length = nameOf(*begin).size();
-            use(*begin, std::wstring_view(names).substr(at, length));
-            at += length;
+            use(*begin, rest.substr(0, length));
+            rest.remove_prefix(length);
         }
     }
 }
