@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 #include "bsd/bsd_file.h"
 #include "bsd/bsd_records.h"
@@ -24,6 +25,10 @@ struct FileCheck {
     StructuralLines structure = FetchStructuralLines();
     std::vector<Repair> numberLines = {};  // by block; of kind kNumber where it can be repaired
     std::vector<int64_t> numbers = {};     // by block; 0 where there is no number
+    int64_t numberDue = 1;                 // of the next block
+    // Blocks just before it that have the number of an earlier one. They may have a place in the
+    // numbers that are due, or not: the next block is right either way.
+    int64_t doubles = 0;
     std::unordered_map<int64_t, int64_t> linesOfNumbers = {};
     std::unordered_map<std::string, int64_t> linesOfIdentifiers = {};
     bool hidesBlock = false;           // a marker is damaged somewhere
@@ -177,25 +182,22 @@ void CheckFileHead(FileCheck& check) {
 
 // ---- Models ------------------------------------------------------------------------------------
 
-// The number that is due after that of the block before.
-int64_t NumberDue(const FileCheck& check) {
-    const size_t block = check.numbers.size();
-    if (block == 0) return 1;
-    return check.numbers.back() != 0 ? check.numbers.back() + 1 : static_cast<int64_t>(block) + 1;
-}
-
 void CheckNumber(FileCheck& check, BlockFindings& found, const CheckedBlock& block) {
-    const int64_t due = NumberDue(check);
+    const int64_t due = check.numberDue;
     check.numbers.push_back(block.number);
     check.numberLines.push_back(block.numberLine);
     if (!block.hasNumberPlace) check.numberLines.back().begin = -1;
+    const int64_t doubles = std::exchange(check.doubles, 0);
+    check.numberDue = (block.number != 0 ? block.number : int64_t{check.result.models}) + 1;
     if (block.number == 0) return;
     const std::wstring number = std::to_wstring(block.number);
     const auto [first, isNew] = check.linesOfNumbers.emplace(block.number, block.firstLine);
     if (!isNew) {
+        check.doubles = doubles + 1;
+        check.numberDue = due + 1;
         Add(found, CheckRule::kNumberDouble, block.numberLine.line,
             {number, std::to_wstring(first->second)});
-    } else if (block.number != due) {
+    } else if (block.number < due - doubles || block.number > due) {
         Add(found, CheckRule::kNumberOrder, block.numberLine.line, {number, std::to_wstring(due)});
     }
 }

@@ -17,8 +17,7 @@ namespace {
 constexpr size_t kLongestShown = 40;
 
 // ---- Words -------------------------------------------------------------------------------------
-// As the utility library reads a row of numbers: companions/ztutil32/number_row.cpp. Nearly all the
-// time of a check is spent here, so that a word is looked at once.
+// As the utility library reads a row of numbers: companions/ztutil32/number_row.cpp.
 
 // By character: whether it parts words.
 constexpr std::array<bool, 256> kSeparators = [] {
@@ -51,7 +50,7 @@ const char* SkipDigits(const char* at, const char* end) {
 
 // What is no integer, from its first character that is no digit. `at` becomes the place up to which
 // it is a number.
-[[gnu::noinline]] Form FormOfRest(const char*& at, const char* end, bool hasDigits) {
+Form FormOfRest(const char*& at, const char* end, bool hasDigits) {
     if (*at == '.') {
         const char* const fraction = ++at;
         at = SkipDigits(at, end);
@@ -67,7 +66,7 @@ const char* SkipDigits(const char* at, const char* end) {
 }
 
 // Takes the next word off a line.
-[[gnu::always_inline]] inline Word TakeWord(std::string_view& line) {
+Word TakeWord(std::string_view& line) {
     const char* at = line.data();
     const char* const end = at + line.size();
     while (at != end && IsSeparator(*at)) ++at;
@@ -93,6 +92,12 @@ const char* SkipDigits(const char* at, const char* end) {
 }
 
 // ---- Numbers -----------------------------------------------------------------------------------
+// Nearly all numbers of a check are read by check_rows.h alone; here are the others.
+
+// Characters may be looked at until there.
+const char* EndOfReadable(const RowCheck& row) {
+    return row.lines.reader.buffer.get() + kTextBufferSize;
+}
 
 void AddForLine(RowCheck& row, CheckRule rule, std::vector<std::wstring> values) {
     values.insert(values.begin(), row.table);
@@ -119,8 +124,8 @@ bool SearchNumber(RowCheck& row, Word& word) {
     return false;
 }
 
-// The next word of the line that is a number.
-[[gnu::always_inline]] inline bool NextNumber(RowCheck& row, Word& word) {
+// The next word of the line that is a number, of whatever form.
+bool NextNumber(RowCheck& row, Word& word) {
     word = {};
     if (AtRow(row)) word = TakeWord(row.line);
     if (word.form == Form::kNoNumber) return SearchNumber(row, word);
@@ -146,23 +151,35 @@ int64_t RoundedNumber(RowCheck& row, const Word& word, int64_t largest) {
 }
 
 template <class Integer>
-inline void ReadInteger(RowCheck& row, Integer& value) {
+void ReadWord(RowCheck& row, const Word& word, Integer& value) {
     constexpr int64_t kLargest = std::numeric_limits<Integer>::max();
-    Word word;
-    if (!NextNumber(row, word)) return;
     const bool isUsual = word.form == Form::kInteger && word.text.size() <= kSurelyFits &&
                          word.value <= kLargest && word.value >= -kLargest - 1;
     value = static_cast<Integer>(isUsual ? word.value : RoundedNumber(row, word, kLargest));
 }
 
-// Only what has an exponent, or very many digits, can be too large for a single.
-inline void ReadReal(RowCheck& row) {
-    constexpr size_t kMostDigits = 38;
+// Most of them are short, and without a point.
+template <class Integer>
+void ReadUsualText(RowCheck& row, std::string_view text, Integer& value) {
+    int32_t number = 0;
+    const bool isNegative = text.front() == '-';
+    const std::string_view digits = text.substr(isNegative ? 1 : 0);
+    const auto take = [&](char c) {
+        number = number * 10 + static_cast<int32_t>(DigitOf(c));
+        return DigitOf(c) <= 9;
+    };
+    if (digits.size() <= std::numeric_limits<Integer>::digits10 &&
+        std::ranges::all_of(digits, take)) {
+        value = static_cast<Integer>(isNegative ? -number : number);
+    } else {
+        ReadWord(row, TakeWord(text), value);
+    }
+}
+
+template <class Integer>
+void ReadNextInteger(RowCheck& row, Integer& value) {
     Word word;
-    if (!NextNumber(row, word)) return;
-    if (word.form != Form::kPower && word.text.size() <= kMostDigits) return;
-    if (std::fabs(LeadingNumber(word.text)) <= std::numeric_limits<float>::max()) return;
-    AddForLine(row, CheckRule::kNumberTooLarge, {ShownText(word.text)});
+    if (NextNumber(row, word)) ReadWord(row, word, value);
 }
 
 // ---- Lines -------------------------------------------------------------------------------------
@@ -172,16 +189,22 @@ bool IsHeader(std::string_view line) {
     return first != std::string_view::npos && line[first] == '-' && IsHeaderLine(line);
 }
 
+// A character beyond ASCII may be one.
+bool IsLetter(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || static_cast<unsigned char>(c) >= 128;
+}
+
 // Whether a line was the marker before it was damaged: it has the marker's first or last
 // characters, or differs from it in blanks and in the case of letters alone.
 bool IsDamagedMarker(std::string_view line, const std::string& marker) {
     constexpr size_t kPart = 8;
-    if (line.empty() || marker.size() < 2 * kPart) return false;
     line = Trim(line);
+    if (line.size() < kPart || marker.size() < 2 * kPart) return false;
     const std::string_view whole = marker;
-    return line.starts_with(whole.substr(0, kPart)) ||
-           line.ends_with(whole.substr(whole.size() - kPart)) ||
-           (line.size() == marker.size() && UpperCase(line) == UpperCase(whole));
+    const auto isLike = [](char a, char b) { return a == b || (IsLetter(a) && IsLetter(b)); };
+    return (line.front() == whole.front() && line.starts_with(whole.substr(0, kPart))) ||
+           (line.back() == whole.back() && line.ends_with(whole.substr(whole.size() - kPart))) ||
+           (std::ranges::equal(line, whole, isLike) && UpperCase(line) == UpperCase(whole));
 }
 
 // Looks for lines that only the head of a block has.
@@ -285,6 +308,7 @@ RowCheck::RowCheck(CountedLines& file, const StructuralLines& texts, BlockFindin
 
 void LoadLine(RowCheck& row) {
     row.read = row.missing = 0;
+    row.numbers = {};
     row.isCut = false;
     do {
         if (!NextBlockLine(row)) {
@@ -299,8 +323,10 @@ void LoadLine(RowCheck& row) {
 
 int NumbersLeft(const RowCheck& row) {
     if (!AtRow(row)) return 0;
-    int count = 0;
+    int count = std::popcount(row.numbers.begins);
+    if (row.numbers.areAll) return count;
     std::string_view line = row.line;
+    for (UsualNumbers numbers = row.numbers; numbers.begins != 0;) TakeNumber(numbers, line);
     for (Word word; !(word = TakeWord(line)).text.empty();) {
         if (word.form != Form::kNoNumber) ++count;
     }
@@ -321,32 +347,37 @@ std::wstring ShownText(std::string_view line) {
     return system::WideFromAnsi(text) + (isCut ? L"..." : L"");
 }
 
-void Value(RowCheck& row, float&) {
-    ReadReal(row);
+bool FindNumbers(RowCheck& row) {
+    if (!AtRow(row) || row.numbers.areAll) return false;
+    FindUsualNumbers(row.line, EndOfReadable(row), row.numbers);
+    return row.numbers.begins != 0;
 }
 
-void Value(RowCheck& row, int16_t& value) {
-    ReadInteger(row, value);
+void ReadUnusual(RowCheck& row) {
+    Word word;
+    if (!NextNumber(row, word)) return;
+    if (word.form == Form::kPower || word.text.size() > kMostDigits) JudgeReal(row, word.text);
 }
 
-void Value(RowCheck& row, int32_t& value) {
-    ReadInteger(row, value);
+void ReadUnusual(RowCheck& row, int16_t& value) {
+    ReadNextInteger(row, value);
 }
 
-void Value(RowCheck& row, General) {
-    ReadReal(row);
+void ReadUnusual(RowCheck& row, int32_t& value) {
+    ReadNextInteger(row, value);
 }
 
-void Value(RowCheck& row, Magnitude) {
-    ReadReal(row);
+void JudgeReal(RowCheck& row, std::string_view text) {
+    if (std::fabs(LeadingNumber(text)) <= std::numeric_limits<float>::max()) return;
+    AddForLine(row, CheckRule::kNumberTooLarge, {ShownText(text)});
 }
 
-void Value(RowCheck& row, Flag field) {
-    ReadInteger(row, field.value);
+void ReadText(RowCheck& row, std::string_view text, int16_t& value) {
+    ReadUsualText(row, text, value);
 }
 
-void Value(RowCheck& row, PlusMinusFlag field) {
-    ReadInteger(row, field.value);
+void ReadText(RowCheck& row, std::string_view text, int32_t& value) {
+    ReadUsualText(row, text, value);
 }
 
 void Value(RowCheck& row, PaddedName) {
@@ -354,6 +385,7 @@ void Value(RowCheck& row, PaddedName) {
     const size_t width = std::min({row.line.find('\t'), kNameWidth, row.line.size()});
     NoteTextLine(row);
     row.line.remove_prefix(width);
+    row.numbers = {};
 }
 
 void EndLine(RowCheck& row) {
@@ -365,6 +397,8 @@ void EndLine(RowCheck& row) {
         row.read = row.missing = 0;
         return;
     }
+    const bool isAtEnd = row.numbers.begins == 0 && !FindNumbers(row) && row.numbers.areAll;
+    if (isAtEnd && row.missing == 0) return LoadLine(row);
     const int wanted = row.read + row.missing;
     const bool passesLineEnds = std::exchange(row.passesLineEnds, false);
     Word word;
@@ -379,7 +413,9 @@ void EndLine(RowCheck& row) {
 }
 
 void ClosingRule(RowCheck& row) {
-    if (Trim(row.line) == Trim(std::string_view(row.structure.commentRule))) row.line = {};
+    if (Trim(row.line) != Trim(std::string_view(row.structure.commentRule))) return;
+    row.line = {};
+    row.numbers = {};
 }
 
 void EmptyLine(RowCheck& row) {
@@ -402,7 +438,7 @@ void HeadTextLine(RowCheck& row, std::string& text) {
 
 void OutlineLine(RowCheck& row, Compartment& compartment) {
     bool isClosed = false;
-    while (!isClosed && compartment.outline.size() <= kMostOutlineNodes && NumbersLeft(row) >= 2) {
+    while (!isClosed && compartment.outline.size() <= kMostOutlineNodes && HasNumbers(row, 2)) {
         NodeReference node{};
         Value(row, node);
         isClosed = node.node == 0;
@@ -417,7 +453,7 @@ void FillingLevelLine(RowCheck& row, Compartment&) {
     int32_t levels = 0;
     Value(row, count);
     const int64_t line = LineOf(row);
-    for (; NumbersLeft(row) >= 3; ++levels) {
+    for (; HasNumbers(row, 3); ++levels) {
         float value = 0;
         Values(row, value, value, value);
     }

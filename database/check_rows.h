@@ -11,6 +11,7 @@
 #include "database/check.h"
 #include "database/rows.h"
 #include "database/section_lines.h"
+#include "text/usual_numbers.h"
 
 namespace corvane {
 
@@ -56,6 +57,7 @@ struct RowCheck {
     bool passesLineEnds = false;
     Place place = Place::kEnd;
     std::string_view line;  // what is unread of it
+    UsualNumbers numbers;   // the next ones of it, as far as they have been found
     int read = 0;           // numbers of the line that were asked for and are there
     int missing = 0;        // that are not there
     bool isCut = false;     // the item that the table ends in has been reported
@@ -80,19 +82,74 @@ inline int64_t LineOf(const RowCheck& row) {
 }
 void LoadLine(RowCheck& row);
 int NumbersLeft(const RowCheck& row);
+// Whether the line has so many more numbers.
+inline bool HasNumbers(const RowCheck& row, int count) {
+    return std::popcount(row.numbers.begins) >= count || NumbersLeft(row) >= count;
+}
 // A table's label as texts have it: without the dashes around it.
 std::wstring TableName(std::string_view label);
 // A line's text as findings show it: trimmed, and cut where it is long.
 std::wstring ShownText(std::string_view line);
 
-void Value(RowCheck& row, float& value);
-void Value(RowCheck& row, int16_t& value);
-void Value(RowCheck& row, int32_t& value);
-void Value(RowCheck& row, General field);
-void Value(RowCheck& row, Magnitude field);
-void Value(RowCheck& row, Flag field);
+// Finds the next numbers of the usual form; false where the line goes on in another way.
+bool FindNumbers(RowCheck& row);
+
+// The text of the next number, if it has the usual form; otherwise nothing is read.
+inline bool ReadUsualNumber(RowCheck& row, std::string_view& text) {
+    if (row.numbers.begins == 0 && !FindNumbers(row)) return false;
+    text = TakeNumber(row.numbers, row.line);
+    ++row.read;
+    return true;
+}
+
+// Numbers of any other form, or none.
+void ReadUnusual(RowCheck& row);
+void ReadUnusual(RowCheck& row, int16_t& value);
+void ReadUnusual(RowCheck& row, int32_t& value);
+// What a text of the usual form says.
+void JudgeReal(RowCheck& row, std::string_view text);
+void ReadText(RowCheck& row, std::string_view text, int16_t& value);
+void ReadText(RowCheck& row, std::string_view text, int32_t& value);
+
+// Only what has an exponent, or very many digits, can be too large for a single.
+inline constexpr size_t kMostDigits = 38;
+
+inline void ReadReal(RowCheck& row) {
+    std::string_view text;
+    if (!ReadUsualNumber(row, text)) return ReadUnusual(row);
+    if (text.size() > kMostDigits) JudgeReal(row, text);
+}
+
+template <class Integer>
+void ReadInteger(RowCheck& row, Integer& value) {
+    std::string_view text;
+    if (!ReadUsualNumber(row, text)) return ReadUnusual(row, value);
+    if (text.size() > 1) return ReadText(row, text, value);
+    value = static_cast<Integer>(text.front() - '0');
+}
+
+inline void Value(RowCheck& row, float&) {
+    ReadReal(row);
+}
+inline void Value(RowCheck& row, int16_t& value) {
+    ReadInteger(row, value);
+}
+inline void Value(RowCheck& row, int32_t& value) {
+    ReadInteger(row, value);
+}
+inline void Value(RowCheck& row, General) {
+    ReadReal(row);
+}
+inline void Value(RowCheck& row, Magnitude) {
+    ReadReal(row);
+}
+inline void Value(RowCheck& row, Flag field) {
+    ReadInteger(row, field.value);
+}
+inline void Value(RowCheck& row, PlusMinusFlag field) {
+    ReadInteger(row, field.value);
+}
 void Value(RowCheck& row, PaddedName field);
-void Value(RowCheck& row, PlusMinusFlag field);
 
 void EndLine(RowCheck& row);
 inline void ClosingTab(RowCheck&) {}
@@ -104,7 +161,7 @@ void TextLine(RowCheck& row, std::string& text);
 void HeadTextLine(RowCheck& row, std::string& text);
 inline void GoOnInNextLine(RowCheck&) {}
 inline bool HasFields(const RowCheck& row, bool, int numbers) {
-    return NumbersLeft(row) >= numbers;
+    return HasNumbers(row, numbers);
 }
 
 // Of compartments and holds (database/section_lines.h, database/bulkhead_lines.h).

@@ -350,21 +350,24 @@ void JudgeRuns(BodyCheck& body) {
 // rule's matter.
 std::wstring MissingText(BodyCheck& body, const Reference& reference) {
     const auto isIn = [](int64_t number, int64_t count) { return number >= 1 && number <= count; };
+    const auto ofOwner = [&](const std::wstring& what) {
+        return what + L" of " + OwnerText(body, reference.owner);
+    };
     const Owner* const owner = OwnerOf(body, reference.owner);
-    const std::wstring ofOwner = L" of " + OwnerText(body, reference.owner);
-    const std::wstring number = std::to_wstring(reference.number);
+    const int32_t number = reference.number;
     if (reference.to == Reference::To::kOwner) {
         return owner == nullptr ? OwnerText(body, reference.owner) : std::wstring();
     }
     if (reference.to == Reference::To::kNode) {
-        if (owner != nullptr && isIn(reference.number, owner->rows[kNodes])) return {};
-        return L"node " + number + ofOwner;
+        if (owner != nullptr && isIn(number, owner->rows[kNodes])) return {};
+        return ofOwner(L"node " + std::to_wstring(number));
     }
     if (owner == nullptr) return {};
-    if (!isIn(reference.number, owner->rows[kStiffeners])) return L"stiffener " + number + ofOwner;
+    const auto stiffener = [&] { return ofOwner(L"stiffener " + std::to_wstring(number)); };
+    if (!isIn(number, owner->rows[kStiffeners])) return stiffener();
     if (reference.to == Reference::To::kStiffener) return {};
-    if (isIn(reference.span, owner->spans[static_cast<size_t>(reference.number) - 1])) return {};
-    return L"span " + std::to_wstring(reference.span) + L" of stiffener " + number + ofOwner;
+    if (isIn(reference.span, owner->spans[static_cast<size_t>(number) - 1])) return {};
+    return L"span " + std::to_wstring(reference.span) + L" of " + stiffener();
 }
 
 void JudgeReferences(BodyCheck& body) {

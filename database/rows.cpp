@@ -173,7 +173,7 @@ RowReader::RowReader(TextReader& file)
     : reader(file), modelMarker(GetMessageBytes(kMsgModelMarker)) {}
 
 bool IsBlank(std::string_view line) {
-    return line.find_first_not_of(" \t") == std::string_view::npos;
+    return std::ranges::all_of(line, [](char c) { return c == ' ' || c == '\t'; });
 }
 
 void LoadLine(RowReader& row) {

@@ -222,10 +222,6 @@ bool ReadSignificantLine(TextReader& reader, std::string_view& line) {
     return false;
 }
 
-int64_t LinePosition(const TextReader& reader) {
-    return reader.bufferOffset + static_cast<int64_t>(reader.next);
-}
-
 void SeekLine(TextReader& reader, int64_t position) {
     const int64_t firstPosition = reader.bufferOffset + static_cast<int64_t>(reader.first);
     const int64_t endPosition = reader.bufferOffset + static_cast<int64_t>(reader.end);

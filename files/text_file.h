@@ -67,7 +67,9 @@ bool ReadLine(TextReader& reader, std::string_view& line);
 bool ReadSignificantLine(TextReader& reader, std::string_view& line);
 
 // Where the next line begins, in bytes from the start of the file.
-int64_t LinePosition(const TextReader& reader);
+inline int64_t LinePosition(const TextReader& reader) {
+    return reader.bufferOffset + static_cast<int64_t>(reader.next);
+}
 // Goes to a place that LinePosition gave.
 void SeekLine(TextReader& reader, int64_t position);
 

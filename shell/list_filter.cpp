@@ -137,21 +137,17 @@ ListFilter ReadFilter(std::wstring_view text) {
 
 void FilterRows(const std::vector<ModelRow>& rows, const ListFilter& filter,
                 std::vector<int>& indexes) {
-    const auto rowOf = [&](int index) -> const ModelRow& {
-        return rows[static_cast<size_t>(index)];
-    };
-    std::erase_if(indexes, [&](int index) { return !Passes(filter, rowOf(index)); });
+    std::erase_if(indexes,
+                  [&](int index) { return !Passes(filter, rows[static_cast<size_t>(index)]); });
     if (filter.words.empty()) return;
-    const std::wstring names = NamesInLowerCase(rows, indexes);
-    size_t begin = 0;
-    std::erase_if(indexes, [&](int index) {
-        const size_t length = rowOf(index).name.size();
-        const auto name = std::wstring_view(names).substr(begin, length);
-        begin += length;
-        return !std::ranges::all_of(filter.words, [&](const std::wstring& word) {
+    std::vector<int> kept;
+    ForEachNameInLowerCase(rows, indexes, [&](int index, std::wstring_view name) {
+        const auto isInName = [&](const std::wstring& word) {
             return name.find(word) != std::wstring_view::npos;
-        });
+        };
+        if (std::ranges::all_of(filter.words, isInName)) kept.push_back(index);
     });
+    indexes = std::move(kept);
 }
 
 }  // namespace corvane

@@ -1,6 +1,7 @@
 #include "shell/list_order.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -58,124 +59,128 @@ void SortByNumber(const std::vector<ModelRow>& rows, ListColumn column, bool isD
 
 // ---- By the name -------------------------------------------------------------------------------
 
-// A name as it is compared, letter by letter.
+constexpr size_t kBytesAtOnce = 8;
+
+// The names as they are compared, byte by byte; after each of them are zeros.
+struct NameTexts {
+    std::string bytes;
+    std::vector<size_t> begins;  // of each name's
+};
+
 struct NameKey {
-    std::wstring_view text;
-    int index = 0;
+    uint64_t bytes = 0;  // those that it is sorted by at the moment, the first one the highest
+    size_t name = 0;     // its index in NameTexts
 };
 
 bool IsDigit(wchar_t letter) {
     return letter >= L'0' && letter <= L'9';
 }
 
-// Appends the digits at the start of `text`, without leading zeros and with their count in front,
-// so that texts compare as the numbers do. Returns how many letters of `text` that were.
-size_t AppendNumber(std::wstring& key, std::wstring_view text) {
-    const auto isDigit = [&](size_t at) { return at < text.size() && IsDigit(text[at]); };
-    size_t begin = 0;
-    while (text[begin] == L'0' && isDigit(begin + 1)) ++begin;
-    size_t end = begin;
-    while (isDigit(end)) ++end;
-    key += L'0';
-    key += static_cast<wchar_t>(std::min<size_t>(end - begin, 0x7FFF));
-    key += text.substr(begin, end - begin);
-    return end;
-}
+// Bytes that a letter has at most; a number's first digit, with what is put in front of it, has no
+// more either.
+constexpr size_t kMostOfALetter = 3;
+constexpr ptrdiff_t kMostDigits = 0x7FFF;
 
-void AppendNameKey(std::wstring& key, std::wstring_view name) {
-    while (!name.empty()) {
-        const auto digit = std::ranges::find_if(name, IsDigit);
-        const auto number = static_cast<size_t>(digit - name.begin());
-        key += name.substr(0, number);
-        name.remove_prefix(number);
-        if (!name.empty()) name.remove_prefix(AppendNumber(key, name));
-    }
-}
-
-// `texts` holds what the keys are views of.
-std::vector<NameKey> NameKeys(const std::vector<ModelRow>& rows, const std::vector<int>& indexes,
-                              std::wstring& texts) {
-    const std::wstring names = NamesInLowerCase(rows, indexes);
-    // A number takes two letters more than its digits.
-    texts.reserve(3 * names.size());
-    std::vector<NameKey> keys;
-    keys.reserve(indexes.size());
-    size_t name = 0;
-    for (const int index : indexes) {
-        const size_t length = rows[static_cast<size_t>(index)].name.size();
-        const size_t begin = texts.size();
-        AppendNameKey(texts, std::wstring_view(names).substr(name, length));
-        keys.push_back({std::wstring_view(texts).substr(begin), index});
-        name += length;
-    }
-    return keys;
-}
-
-constexpr int64_t kEnd = 0;
-
-// What a letter counts; the smallest of all after the end of the text.
-int64_t LetterAt(const NameKey& key, size_t at, bool isDescending) {
-    const int64_t letter = at < key.text.size() ? int64_t{key.text[at]} + 1 : kEnd;
-    return isDescending ? -letter : letter;
-}
-
-// Of the first, the middle and the last key.
-int64_t MedianLetter(std::span<const NameKey> keys, size_t at, bool isDescending) {
-    const auto letter = [&](const NameKey& key) { return LetterAt(key, at, isDescending); };
-    const int64_t a = letter(keys.front());
-    const int64_t b = letter(keys[keys.size() / 2]);
-    const int64_t c = letter(keys.back());
-    return std::max(std::min(a, b), std::min(std::max(a, b), c));
-}
-
-// Where the texts, which are the same up to `at` and there, begin to differ.
-size_t EndOfCommon(std::span<const NameKey> keys, size_t at) {
-    std::wstring_view common = keys.front().text.substr(at);
-    for (const NameKey& key : keys) {
-        const std::wstring_view text = key.text.substr(at);
-        const auto [end, other] = std::ranges::mismatch(common, text);
-        common = common.substr(0, static_cast<size_t>(end - common.begin()));
-    }
-    return at + common.size();
-}
-
-// Sorts keys whose texts are the same up to the letter at `at`: by that one, then those that have
-// the same there by the next one. Names have long beginnings in common; each letter of them is
-// looked at only once or twice.
-void SortByLetters(std::span<NameKey> keys, size_t at, bool isDescending) {
-    constexpr size_t kFew = 12;
-    while (keys.size() > kFew) {
-        const int64_t median = MedianLetter(keys, at, isDescending);
-        size_t before = 0;
-        size_t after = keys.size();
-        for (size_t i = 0; i < after;) {
-            const int64_t letter = LetterAt(keys[i], at, isDescending);
-            if (letter < median) {
-                std::swap(keys[before++], keys[i++]);
-            } else if (letter > median) {
-                std::swap(keys[i], keys[--after]);
-            } else {
-                ++i;
-            }
+// Writes a letter as bytes that compare as the letters do, and of which none is 0: nearly all of
+// them as one byte, the others as three with the highest bit set. They have at most 21 bits.
+char* PutLetter(char* to, uint32_t letter) {
+    const uint32_t value = letter + 1;
+    if (value < 0x80) {
+        *to++ = static_cast<char>(value);
+    } else {
+        for (const int bits : {14, 7, 0}) {
+            *to++ = static_cast<char>(0x80 | (value >> bits & 0x7F));
         }
-        SortByLetters(keys.first(before), at, isDescending);
-        SortByLetters(keys.subspan(after), at, isDescending);
-        const bool areAll = after - before == keys.size();
-        keys = keys.subspan(before, after - before);
-        if (median == kEnd) break;
-        at = areAll ? EndOfCommon(keys, at) : at + 1;
     }
-    std::ranges::sort(keys, [&](const NameKey& a, const NameKey& b) {
-        const int comparison = a.text.substr(at).compare(b.text.substr(at));
-        return comparison == 0 ? a.index < b.index : (comparison < 0) != isDescending;
-    });
+    return to;
+}
+
+// Writes the digits at the start of a name, without leading zeros and with their count in front, so
+// that texts compare as the numbers do. Returns where the name goes on.
+const wchar_t* PutNumber(char*& to, const wchar_t* name, const wchar_t* end) {
+    const wchar_t* const after = std::find_if_not(name, end, IsDigit);
+    while (name + 1 != after && *name == L'0') ++name;
+    to = PutLetter(to, L'0');
+    to = PutLetter(to, static_cast<uint32_t>(std::min<ptrdiff_t>(after - name, kMostDigits)));
+    while (name != after) to = PutLetter(to, static_cast<uint32_t>(*name++));
+    return after;
+}
+
+void AppendName(NameTexts& names, std::wstring_view name) {
+    const size_t used = names.bytes.size();
+    names.begins.push_back(used);
+    names.bytes.resize(used + kMostOfALetter * name.size());
+    char* to = names.bytes.data() + used;
+    const wchar_t* at = name.data();
+    const wchar_t* const end = at + name.size();
+    while (at != end) {
+        if (IsDigit(*at)) {
+            at = PutNumber(to, at, end);
+        } else {
+            to = PutLetter(to, static_cast<uint32_t>(*at++));
+        }
+    }
+    names.bytes.resize(static_cast<size_t>(to - names.bytes.data()));
+    names.bytes.append(kBytesAtOnce, '\0');
+}
+
+// The next bytes of a name from `at` on, which is its end or before it.
+uint64_t BytesAt(const NameTexts& names, size_t name, size_t at) {
+    const char* const text = names.bytes.data() + names.begins[name] + at;
+    const auto byte = [&](int i) {
+        return uint64_t{static_cast<unsigned char>(text[i])} << (56 - 8 * i);
+    };
+    return byte(0) | byte(1) | byte(2) | byte(3) | byte(4) | byte(5) | byte(6) | byte(7);
+}
+
+// Keys whose texts are the same before `at`.
+struct AlikeKeys {
+    std::span<NameKey> keys;
+    size_t at = 0;
+};
+
+// Sorts keys by their next bytes. Those that are the same there, too, become entries of `alike`,
+// unless their texts have ended.
+void SortByBytes(const NameTexts& names, const AlikeKeys& some, bool isDescending,
+                 std::vector<AlikeKeys>& alike) {
+    const uint64_t turned = isDescending ? ~uint64_t{0} : 0;
+    bool areSame = true;
+    for (NameKey& key : some.keys) {
+        key.bytes = BytesAt(names, key.name, some.at) ^ turned;
+        areSame = areSame && key.bytes == some.keys.front().bytes;
+    }
+    if (!areSame) {
+        std::ranges::sort(some.keys, [](const NameKey& a, const NameKey& b) {
+            return a.bytes != b.bytes ? a.bytes < b.bytes : a.name < b.name;
+        });
+    }
+    for (auto begin = some.keys.begin(), end = begin; begin != some.keys.end(); begin = end) {
+        const auto isSame = [&](const NameKey& key) { return key.bytes == begin->bytes; };
+        end = std::find_if_not(begin, some.keys.end(), isSame);
+        const bool haveEnded = ((begin->bytes ^ turned) & 0xFF) == 0;
+        if (end - begin > 1 && !haveEnded) alike.push_back({{begin, end}, some.at + kBytesAtOnce});
+    }
 }
 
 void SortByName(const std::vector<ModelRow>& rows, bool isDescending, std::vector<int>& indexes) {
-    std::wstring texts;
-    std::vector<NameKey> keys = NameKeys(rows, indexes, texts);
-    SortByLetters(keys, 0, isDescending);
-    std::ranges::transform(keys, indexes.begin(), &NameKey::index);
+    // Of most names; what remains unused costs nothing.
+    constexpr size_t kUsualBytes = 64;
+    NameTexts names;
+    names.bytes.reserve(kUsualBytes * indexes.size());
+    names.begins.reserve(indexes.size());
+    const auto append = [&](int, std::wstring_view name) { AppendName(names, name); };
+    ForEachNameInLowerCase(rows, indexes, append);
+    std::vector<NameKey> keys(indexes.size());
+    for (size_t i = 0; i < keys.size(); ++i) keys[i].name = i;
+    std::vector<AlikeKeys> alike = {{keys}};
+    while (!alike.empty()) {
+        const AlikeKeys some = alike.back();
+        alike.pop_back();
+        SortByBytes(names, some, isDescending, alike);
+    }
+    const std::vector<int> before = indexes;
+    std::ranges::transform(keys, indexes.begin(),
+                           [&](const NameKey& key) { return before[key.name]; });
 }
 
 }  // namespace

@@ -98,10 +98,25 @@ bool FillModelList(const std::wstring& path, std::vector<ModelRow>& rows) {
     return true;
 }
 
-std::wstring NamesInLowerCase(const std::vector<ModelRow>& rows, const std::vector<int>& indexes) {
+void ForEachNameInLowerCase(const std::vector<ModelRow>& rows, const std::vector<int>& indexes,
+                            const std::function<void(int index, std::wstring_view name)>& use) {
+    // So few that they stay in the processor's caches.
+    constexpr size_t kLettersAtOnce = 16 * 1024;
+    const auto nameOf = [&](int index) -> const std::wstring& {
+        return rows[static_cast<size_t>(index)].name;
+    };
     std::wstring names;
-    for (const int index : indexes) names += rows[static_cast<size_t>(index)].name;
-    return system::InLowerCase(names);
+    for (auto begin = indexes.begin(), end = begin; begin != indexes.end(); begin = end) {
+        names.clear();
+        while (end != indexes.end() && names.size() < kLettersAtOnce) names += nameOf(*end++);
+        const std::wstring lower = system::InLowerCase(names);
+        std::wstring_view rest = lower;
+        for (; begin != end; ++begin) {
+            const size_t length = nameOf(*begin).size();
+            use(*begin, rest.substr(0, length));
+            rest.remove_prefix(length);
+        }
+    }
 }
 
 void FillInFrames(const BasicShipData& bsd, std::vector<ModelRow>& rows) {

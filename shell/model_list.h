@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "bsd/basic_ship_data.h"
@@ -64,8 +66,10 @@ std::vector<ModelRow> FillModelList(const std::wstring& path);
 // status line.
 bool FillModelList(const std::wstring& path, std::vector<ModelRow>& rows);
 
-// The names of some rows, in lower case and one after the other: the system is asked only once.
-std::wstring NamesInLowerCase(const std::vector<ModelRow>& rows, const std::vector<int>& indexes);
+// Calls `use` with each of the indexes, in their order, and the name of that row in lower case,
+// which lasts as long as the call. The system is asked for many names at once.
+void ForEachNameInLowerCase(const std::vector<ModelRow>& rows, const std::vector<int>& indexes,
+                            const std::function<void(int index, std::wstring_view name)>& use);
 
 // Gives each row the frame of the ship that is nearest to its position.
 void FillInFrames(const BasicShipData& bsd, std::vector<ModelRow>& rows);

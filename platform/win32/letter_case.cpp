@@ -5,6 +5,23 @@
 namespace corvane::system {
 namespace {
 
+// The case of the letters from `first` to `last` is changed; the text has no others than those of
+// ASCII, for which the system need not be asked.
+std::wstring MappedAscii(std::wstring_view text, wchar_t first, wchar_t last) {
+    constexpr wchar_t kCase = L'a' - L'A';
+    std::wstring result(text);
+    for (wchar_t& letter : result) {
+        if (letter >= first && letter <= last) letter ^= kCase;
+    }
+    return result;
+}
+
+bool IsAscii(std::wstring_view text) {
+    wchar_t all = 0;
+    for (const wchar_t letter : text) all |= letter;
+    return all < 0x80;
+}
+
 std::wstring Mapped(std::wstring_view text, DWORD how) {
     std::wstring result(text.size(), L'\0');
     const int mapped =
@@ -16,10 +33,12 @@ std::wstring Mapped(std::wstring_view text, DWORD how) {
 }  // namespace
 
 std::wstring InLowerCase(std::wstring_view text) {
+    if (IsAscii(text)) return MappedAscii(text, L'A', L'Z');
     return Mapped(text, LCMAP_LOWERCASE);
 }
 
 std::wstring InUpperCase(std::wstring_view text) {
+    if (IsAscii(text)) return MappedAscii(text, L'a', L'z');
     return Mapped(text, LCMAP_UPPERCASE);
 }
 

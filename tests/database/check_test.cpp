@@ -103,6 +103,49 @@ TEST_F(CheckTest, RowsOfAnyWrittenArrangementHaveTheRightForm) {
     }
 }
 
+// ---- Numbers -----------------------------------------------------------------------------------
+
+// What is wrong with the numbers of models that have these, in the order of the file: by model a
+// letter, "d" for a number that another one has, "o" for one out of order, "." for a right one.
+struct NumbersTest : CheckTest {
+    std::string JudgedNumbers(const std::vector<int>& numbers) {
+        const std::string marker = lines.modelMarker + "\r\n";
+        const size_t last = sound.rfind(marker);
+        const size_t number = sound.find(" 4 \r\n", last);
+        std::string text = sound.substr(0, sound.find(marker));
+        for (const int each : numbers) {
+            text += sound.substr(last, number - last) + ' ' + std::to_string(each) +
+                    sound.substr(number + 2);
+        }
+        Write(text);
+        std::string judged(numbers.size(), '.');
+        for (const Finding& finding : Checked(path).findings) {
+            if (!finding.isInModel) continue;
+            char& letter = judged[static_cast<size_t>(finding.block) - 1];
+            if (finding.rule == CheckRule::kNumberDouble) letter = 'd';
+            if (finding.rule == CheckRule::kNumberOrder) letter = 'o';
+        }
+        return judged;
+    }
+};
+
+TEST_F(NumbersTest, NextAfterANumberThatIsThereTwiceIsRight) {
+    EXPECT_EQ(JudgedNumbers({1, 2, 2, 4, 5}), "..d..");
+    EXPECT_EQ(JudgedNumbers({1, 2, 2, 3, 4}), "..d..");
+    EXPECT_EQ(JudgedNumbers({1, 2, 3, 1, 5}), "...d.");
+    EXPECT_EQ(JudgedNumbers({1, 2, 3, 1, 4}), "...d.");
+    EXPECT_EQ(JudgedNumbers({1, 2, 2, 2, 5, 6}), "..dd..");
+    EXPECT_EQ(JudgedNumbers({1, 2, 2, 2, 3, 4}), "..dd..");
+    EXPECT_EQ(JudgedNumbers({1, 1, 1}), ".dd");
+}
+
+TEST_F(NumbersTest, GapAndReversedOrderAreFoundAfterOneThatIsThereTwice) {
+    EXPECT_EQ(JudgedNumbers({1, 2, 2, 5, 6}), "..do.");
+    EXPECT_EQ(JudgedNumbers({1, 4, 4, 2, 3}), ".odo.");
+    EXPECT_EQ(JudgedNumbers({1, 2, 2, 4, 3}), "..d.o");
+    EXPECT_EQ(JudgedNumbers({2, 3, 5, 4}), "o.oo");
+}
+
 // ---- Files -------------------------------------------------------------------------------------
 
 TEST_F(CheckTest, EmptyFile) {

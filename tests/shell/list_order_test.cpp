@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <numeric>
+#include <random>
 #include <string>
 #include <vector>
 
+#include "platform/letter_case.h"
 #include "tests/support/support.h"
 
 namespace corvane {
@@ -97,6 +99,85 @@ TEST(ListOrder, ManyNamesAreSortedLikeFew) {
         std::ranges::sort(all);
         for (size_t i = 0; i < all.size(); ++i) ASSERT_EQ(all[i], static_cast<int>(i));
     }
+}
+
+// Takes the number at the start of a text off it; without leading zeros.
+std::wstring_view TakeNumber(std::wstring_view& text) {
+    std::wstring_view digits = text.substr(0, text.find_first_not_of(L"0123456789"));
+    text.remove_prefix(digits.size());
+    return digits.substr(std::min(digits.find_first_not_of(L'0'), digits.size() - 1));
+}
+
+// Whether a name in lower case comes before another one, letter by letter and number by number; to
+// a letter a number is a digit.
+bool IsBefore(std::wstring_view a, std::wstring_view b) {
+    const auto isNumber = [](std::wstring_view text) { return text[0] >= L'0' && text[0] <= L'9'; };
+    while (!a.empty() && !b.empty()) {
+        if (isNumber(a) && isNumber(b)) {
+            const std::wstring_view left = TakeNumber(a);
+            const std::wstring_view right = TakeNumber(b);
+            if (left.size() != right.size()) return left.size() < right.size();
+            if (left != right) return left < right;
+        } else if (a[0] != b[0]) {
+            return a[0] < b[0];
+        } else {
+            a.remove_prefix(1);
+            b.remove_prefix(1);
+        }
+    }
+    return a.empty() && !b.empty();
+}
+
+void ExpectPlainOrder(const std::vector<ModelRow>& rows) {
+    std::vector<std::wstring> names;
+    for (const ModelRow& row : rows) names.push_back(system::InLowerCase(row.name));
+    for (const bool isDescending : {false, true}) {
+        Indexes expected(rows.size());
+        std::iota(expected.begin(), expected.end(), 0);
+        std::ranges::stable_sort(expected, [&](int a, int b) {
+            const std::wstring& left = names[static_cast<size_t>(a)];
+            const std::wstring& right = names[static_cast<size_t>(b)];
+            return isDescending ? IsBefore(right, left) : IsBefore(left, right);
+        });
+        EXPECT_EQ(Sorted(rows, {ListColumn::kName, isDescending}), expected);
+    }
+}
+
+TEST(ListOrder, IsThatOfNamesComparedLetterByLetter) {
+    std::wstring letters =
+        L"aAbBzZ  "
+        L"0129-_,.(\t\u0001\u007E\u007F\u0080\u00C9\u00E9\u00DF\u00FF\u0141\u0142\u03A9\u03C9"
+        L"\u0416\u0436\u07FE\u07FF\u0800\uE000\uFFFE\uFFFF";
+    // Halves of a pair, which a file name or a text that was cut can have.
+    letters += {wchar_t{0xD800}, wchar_t{0xDFFF}};
+    const std::wstring beginnings[] = {
+        L"", L"H", L"Hold 7, ", L"hold 07, ", L"Quersektion \u00C9", L"Transverse section, frame "};
+    std::mt19937 random(1);
+    for (const size_t longest : {2U, 4U, 30U}) {
+        std::vector<ModelRow> rows;
+        for (int i = 0; i < 3000; ++i) {
+            std::wstring name = beginnings[random() % std::size(beginnings)];
+            for (size_t length = random() % longest; length > 0; --length) {
+                name += letters[random() % letters.size()];
+            }
+            rows.push_back(Named(name.c_str()));
+        }
+        ExpectPlainOrder(rows);
+    }
+}
+
+TEST(ListOrder, LongNumbersAndNamesWithinOthersAreInOrder) {
+    std::vector<ModelRow> rows;
+    for (const size_t length : {1U, 2U, 7U, 8U, 9U, 126U, 127U, 128U, 2046U, 2047U, 2048U, 5000U}) {
+        for (const wchar_t letter : {L'9', L'1', L'x', L'\u0436'}) {
+            rows.insert(rows.begin(), Named(std::wstring(length, letter).c_str()));
+            rows.insert(rows.begin(), Named((std::wstring(length, letter) + L'1').c_str()));
+        }
+    }
+    rows.insert(rows.end(), {Named(L""), Named(L"")});
+    ExpectPlainOrder(rows);
+    ExpectPlainOrder({});
+    ExpectPlainOrder({Named(L"alone")});
 }
 
 TEST(ListOrder, NumbersOfZerosAreNumbers) {

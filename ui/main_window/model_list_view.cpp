@@ -91,10 +91,13 @@ void ShowOrder(HWND list, const ListOrder& order) {
         item.mask = HDI_FORMAT;
         SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(column),
                      reinterpret_cast<LPARAM>(&item));
+        const int before = item.fmt;
         item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
         if (order.column == static_cast<ListColumn>(column)) {
             item.fmt |= order.isDescending ? HDF_SORTDOWN : HDF_SORTUP;
         }
+        // It would be painted again.
+        if (item.fmt == before) continue;
         SendMessageW(header, HDM_SETITEMW, static_cast<WPARAM>(column),
                      reinterpret_cast<LPARAM>(&item));
     }
