@@ -1,7 +1,7 @@
 """check_packages.py ROOT FOLDER KIND: the downloads in FOLDER/new, which make_packages has made of
-the checkout ROOT, hold what they must: the programs with their versions, guide, sample, documents; the
-sums and the bill of materials are those of the files; those in FOLDER/old and FOLDER/again, made by
-two runs, are the same bytes."""
+the checkout ROOT, hold what they must: the programs with their versions, guide, sample, documents;
+the sums and the bill of materials are those of the files; those in FOLDER/old and FOLDER/again,
+made by two runs, are the same bytes."""
 
 import hashlib
 import json
