@@ -1,7 +1,7 @@
-"""check_packages.py ROOT FOLDER: the downloads in FOLDER/new, which make_packages has made of the
-checkout ROOT, hold what they must: the programs with their versions, guide, sample, documents; the
-sums and the bill of materials are those of the files; those in FOLDER/old and FOLDER/again, made by
-two runs, are the same bytes."""
+"""check_packages.py ROOT FOLDER KIND: the downloads in FOLDER/new, which make_packages has made of
+the checkout ROOT, hold what they must: the programs with their versions, guide, sample, documents;
+the sums and the bill of materials are those of the files; those in FOLDER/old and FOLDER/again,
+made by two runs, are the same bytes."""
 
 import hashlib
 import json
@@ -110,7 +110,7 @@ def check_sums(folder):
         expect(lines[name] == found, f"SHA256SUMS: {name}")
 
 
-def check_bill(folder, version, files_of):
+def check_bill(folder, version, files):
     bill = json.loads((folder / f"Corvane-{version}.spdx.json").read_text())
     for key in ("spdxVersion", "dataLicense", "SPDXID", "name", "documentNamespace",
                 "creationInfo", "packages", "relationships"):
@@ -124,11 +124,10 @@ def check_bill(folder, version, files_of):
     for relation in bill["relationships"]:
         expect({relation["spdxElementId"], relation["relatedSpdxElement"]} <= known,
                f"bill of materials: {relation}")
-    for files in files_of.values():
-        for name, data in files.items():
-            expect(name == "Corvane.ini" or
-                   hashlib.sha256(data).hexdigest() in sums.get("./" + name, ()),
-                   f"bill of materials: not {name}")
+    for name, data in files.items():
+        expect(name == "Corvane.ini" or
+               hashlib.sha256(data).hexdigest() in sums.get("./" + name, ()),
+               f"bill of materials: not {name}")
     linked = [relation for relation in bill["relationships"]
               if relation["relationshipType"] == "STATIC_LINK"]
     expect(len(linked) >= 4, "bill of materials: no libraries")
@@ -143,20 +142,18 @@ def check_again(folder):
         expect(old.get(name) == again.get(name), f"{name}: another run gives other bytes")
 
 
-def main(root, folder):
+def main(root, folder, kind):
     folder, new = pathlib.Path(folder), pathlib.Path(folder) / "new"
     version = re.search(r"^project\(Corvane VERSION ([\d.]+)",
                         (root / "CMakeLists.txt").read_text(), re.MULTILINE)[1]
-    files_of = {}
-    for kind in MACHINES:
-        name = f"Corvane-{version}-{kind}"
-        files_of[kind] = check_portable(new / f"{name}-portable.zip", kind, version)
-        check_setup(new / f"{name}-setup.exe", kind, files_of[kind])
+    name = f"Corvane-{version}-{kind}"
+    files = check_portable(new / f"{name}-portable.zip", kind, version)
+    check_setup(new / f"{name}-setup.exe", kind, files)
     with zipfile.ZipFile(new / f"Corvane-{version}-symbols.zip") as archive:
-        expect(set(archive.namelist()) == {f"{kind}/{name}.debug" for kind in MACHINES
-                                           for name in PROGRAMS}, "symbols: others")
+        expect(set(archive.namelist()) == {f"{kind}/{name}.debug" for name in PROGRAMS},
+               "symbols: others")
     check_sums(new)
-    check_bill(new, version, files_of)
+    check_bill(new, version, files)
     check_again(folder)
     for fault in faults:
         print(fault)
@@ -164,4 +161,4 @@ def main(root, folder):
     sys.exit(bool(faults))
 
 
-main(pathlib.Path(sys.argv[1]), sys.argv[2])
+main(pathlib.Path(sys.argv[1]), sys.argv[2], sys.argv[3])

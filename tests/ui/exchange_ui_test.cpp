@@ -255,8 +255,7 @@ TEST_F(ExchangeTest, ExportBoxDrawsWhatIsExportedAndWhatIsReplaced) {
     EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(In(box, LI_Sections)) != FALSE; }));
     Click(In(box, LI_Sections), 4);
     EXPECT_TRUE(TextBecomes(In(box, LB_Service), L"To be replaced: Midship section, hold 4"));
-    EXPECT_TRUE(
-        WaitUntil([&] { return Pixels(picture) != exported && ShowsASection(picture); }));
+    EXPECT_TRUE(WaitUntil([&] { return Pixels(picture) != exported && ShowsASection(picture); }));
     TypeWithAlt('P');
     EXPECT_TRUE(TextBecomes(In(box, LB_Service), L""));
     EXPECT_TRUE(WaitUntil([&] { return !ShowsASection(picture); }));

@@ -8,7 +8,6 @@
 #include "ui/base/own_window.h"
 #include "ui/main_window/accelerators.h"
 #include "ui/main_window/menus.h"
-#include "ui/main_window/system_lists.h"
 #include "ui/main_window/windows_view.h"
 
 namespace corvane {
@@ -36,7 +35,6 @@ int Run() {
     INITCOMMONCONTROLSEX controls{sizeof(controls),
                                   ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES | ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&controls);
-    NameApplication();
     UseView(WindowsView());
     try {
         if (!Main(system::RawCommandLine())) return 0;

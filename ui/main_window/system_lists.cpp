@@ -7,15 +7,6 @@
 
 namespace corvane {
 
-void NameApplication() {
-    using Name = HRESULT WINAPI(PCWSTR);
-    const HMODULE library = GetModuleHandleW(L"shell32.dll");
-    if (library == nullptr) return;
-    const auto name =
-        AsFunction<Name>(GetProcAddress(library, "SetCurrentProcessExplicitAppUserModelID"));
-    if (name != nullptr) name(L"Corvane");
-}
-
 void AddToSystemsLists(const std::wstring& path) {
     if (PortableFolder().empty()) SHAddToRecentDocs(SHARD_PATHW, path.c_str());
 }
