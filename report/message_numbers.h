@@ -314,6 +314,8 @@
     X(kMsgNoLogFolder, 3824)            \
     X(kMsgLogFolderNotOpened, 3825)     \
     X(kMsgNotPrintedToFile, 3826)       \
+    X(kMsgPrinterFiles, 3827)           \
+    X(kMsgPrintedToFile, 3828)          \
     X(kMsgHelpPageMissing, 3830)        \
     X(kMsgHelpPageNotOpened, 3831)      \
     X(kMsgDetails, 3832)                \

@@ -5,7 +5,12 @@
 
 #include "files/progress.h"
 #include "report/reporters.h"
+#include "shell/commands/commands.h"
+#include "shell/file_prompt.h"
+#include "shell/open_database.h"
 #include "shell/settings.h"
+#include "shell/state.h"
+#include "text/text.h"
 
 namespace corvane {
 namespace {
@@ -45,6 +50,23 @@ bool PrintAllPages(const PrintJob& job, const Printer& printer, Course& course) 
     return true;
 }
 
+void ReportPrinted(const PrintJob& job, const Printer& printer) {
+    const int pages = printer.lastPage - printer.firstPage + 1;
+    if (printer.file.empty()) {
+        ReportNote(kMsgPrinted, {job.name, pages});
+    } else {
+        ReportNote(kMsgPrintedToFile, {job.name, pages, printer.file});
+    }
+}
+
+void ReportFailure(const PrintJob& job, const Printer& printer, system::ErrorNumber error) {
+    if (printer.file.empty()) {
+        ReportMessage(kMsgNotPrinted, {job.name, SystemError{error}});
+    } else {
+        ReportMessage(kMsgNotPrintedToFile, {job.name, printer.file, SystemError{error}});
+    }
+}
+
 }  // namespace
 
 PageChoice ReadPageChoice(const std::wstring& file) {
@@ -61,6 +83,16 @@ bool WritePageChoice(const std::wstring& file, const PageChoice& choice) {
                system::kErrorNone;
 }
 
+std::wstring AskForPrintFile(const PrintJob& job) {
+    const std::wstring path = AskForFile({.command = ME_FilePrint,
+                                          .types = GetMessage(kMsgPrinterFiles),
+                                          .defaultExtension = L"prn",
+                                          .proposed = CleanFileName(job.name) + L".prn",
+                                          .directory = shell.settings.BrowseDirectory,
+                                          .toSave = true});
+    return path.empty() || !RequireOtherFile(path) ? std::wstring() : path;
+}
+
 PrintEnd PrintDocument(const PrintJob& job, const Printer& printer) {
     ReportStatus(kMsgPrinting, {job.name});
     Course course;
@@ -68,7 +100,7 @@ PrintEnd PrintDocument(const PrintJob& job, const Printer& printer) {
     const bool isPrinted =
         isBegun && PrintAllPages(job, printer, course) && Follow(course, printer.endDocument());
     if (isPrinted) {
-        ReportNote(kMsgPrinted, {job.name, printer.lastPage - printer.firstPage + 1});
+        ReportPrinted(job, printer);
         return PrintEnd::kPrinted;
     }
     if (isBegun) printer.abortDocument();
@@ -76,8 +108,7 @@ PrintEnd PrintDocument(const PrintJob& job, const Printer& printer) {
         ReportNote(kMsgPrintingCancelled, {job.name});
         return PrintEnd::kCancelled;
     }
-    ReportMessage(printer.isToFile ? kMsgNotPrintedToFile : kMsgNotPrinted,
-                  {job.name, SystemError{course.error}});
+    ReportFailure(job, printer, course.error);
     return PrintEnd::kFailed;
 }
 

@@ -41,7 +41,7 @@ struct PrintJob {
 struct Printer {
     Paper paper{};
     int firstPage = 1, lastPage = 1;  // that the user wants, within the document
-    bool isToFile = false;            // the user wants a file, whose name the system asks for
+    std::wstring file;                // its path, when the user wants a file; else empty
     std::function<system::ErrorNumber(const std::wstring& name)> beginDocument;
     std::function<system::ErrorNumber()> beginPage;
     std::function<void(const Figure& page)> drawPage;
@@ -51,6 +51,10 @@ struct Printer {
 };
 
 enum class PrintEnd { kCancelled, kPrinted, kFailed };
+
+// Asks where to print a document to, when the user wants a file. Empty when the user cancels, and
+// when the file cannot be used, which is reported.
+std::wstring AskForPrintFile(const PrintJob& job);
 
 // Prints the pages, shows how far it is, and reports how it ended: a failure in a box, the rest in
 // the status line. A document that is not finished is taken back, as far as the printer has not yet

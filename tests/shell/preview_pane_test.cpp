@@ -254,10 +254,12 @@ void ExpectPlatingAtAMillionTimes(ShipPoint place) {
     const SectionHit hit = FindHit(view.section, place, reach_m);
     EXPECT_EQ(hit.kind, HitKind::kPlating);
     EXPECT_LT(hit.distance_m, reach_m / 5);
-    // Right of it, above it, or both, is beyond reach.
-    const SectionHit beside =
-        FindHit(view.section, {place.y + 10 * reach_m, place.z + 7 * reach_m}, reach_m);
-    EXPECT_NE(beside.kind, HitKind::kPlating);
+    // One of two directions at a right angle leads away from the plating.
+    const auto isBeside = [&](double right, double up) {
+        const ShipPoint at{place.y + right * reach_m, place.z + up * reach_m};
+        return FindHit(view.section, at, reach_m).kind != HitKind::kPlating;
+    };
+    EXPECT_TRUE(isBeside(10, 7) || isBeside(-7, 10));
     for (int i = 0; i < kSteps; ++i) {
         ZoomView(kept.picture, 1 / 1.2, x, y);
         DrawPreview(kept.picture);

@@ -7,9 +7,11 @@
 #include <vector>
 
 #include "report/messages.h"
+#include "tests/shell/command_support.h"
 #include "tests/support/recorded_reports.h"
 #include "tests/support/support.h"
 #include "tests/support/wrapped_system.h"
+#include "text/text.h"
 
 namespace corvane {
 namespace {
@@ -73,14 +75,38 @@ TEST_F(PrintingTest, OnlyThePagesThatTheUserWantsArePrinted) {
     EXPECT_EQ(RecordedReports::caption, FormatMessage(kMsgPrinted, {L"Midship", 1}));
 }
 
+TEST_F(PrintingTest, WhatIsPrintedToAFileSaysWhere) {
+    printer.file = L"D:\\printed.prn";
+    EXPECT_EQ(Print(), PrintEnd::kPrinted);
+    EXPECT_EQ(RecordedReports::caption,
+              FormatMessage(kMsgPrintedToFile, {L"Midship", 3, printer.file}));
+}
+
+struct PrintFileTest : test::CommandTest {};
+
+TEST_F(PrintFileTest, NameIsAskedForAndIsNeverThatOfTheOpenDatabase) {
+    MakeOpen(L"ship.ve2", {ModelKind::kSection});
+    PrintJob job;
+    job.name = L"Frame 7/8";
+    const test::FakePrompt prompt({File(L"frame.prn"), L"", File(L"ship.ve2")});
+    EXPECT_EQ(AskForPrintFile(job), File(L"frame.prn"));
+    EXPECT_EQ(prompt.questions[0].caption, L"Print");
+    EXPECT_EQ(prompt.questions[0].proposed, CleanFileName(job.name) + L".prn");
+    EXPECT_EQ(AskForPrintFile(job), L"");
+    EXPECT_TRUE(Warnings().empty());
+    EXPECT_EQ(AskForPrintFile(job), L"");
+    EXPECT_TRUE(OnlyWarning("is the open database itself"));
+}
+
 TEST_F(PrintingTest, FileThatCannotBeWrittenHasAdviceOfItsOwn) {
-    printer.isToFile = true;
+    printer.file = L"D:\\printed.prn";
     failsAt = "end";
     EXPECT_EQ(Print(), PrintEnd::kFailed);
     EXPECT_EQ(calls.back(), "abort");
     const std::vector<std::string> warnings = RecordedReports::Of("warning");
     ASSERT_EQ(warnings.size(), 1U);
-    EXPECT_NE(warnings[0].find("'Midship' could not be printed to the file: "), std::string::npos);
+    EXPECT_NE(warnings[0].find("'Midship' could not be printed to the file 'D:\\printed.prn': "),
+              std::string::npos);
     EXPECT_NE(warnings[0].find("choose a folder"), std::string::npos);
 }
 

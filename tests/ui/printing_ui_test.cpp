@@ -98,9 +98,10 @@ int CountOf(const std::string& text, const std::string& part) {
 // The driver writes a text letter by letter, each by its name.
 std::string LetterOf(const std::string& name) {
     static const std::map<std::string, std::string> kNames{
-        {"space", " "}, {"comma", ","}, {"period", "."}, {"colon", ":"}, {"zero", "0"},
-        {"one", "1"},   {"two", "2"},   {"three", "3"},  {"four", "4"},  {"five", "5"},
-        {"six", "6"},   {"seven", "7"}, {"eight", "8"},  {"nine", "9"}};
+        {"space", " "},  {"uni00A0", " "}, {"slash", "/"}, {"comma", ","},
+        {"period", "."}, {"colon", ":"},   {"zero", "0"},  {"one", "1"},
+        {"two", "2"},    {"three", "3"},   {"four", "4"},  {"five", "5"},
+        {"six", "6"},    {"seven", "7"},   {"eight", "8"}, {"nine", "9"}};
     const auto found = kNames.find(name);
     return found == kNames.end() ? name : found->second;
 }
@@ -130,9 +131,9 @@ void ExpectDocument(const std::wstring& path, int pages, const std::vector<std::
 }
 
 struct PrintingUi : MainWindowFixture {
-    // Of the system's dialogs: its list of printers, and its field for a file's name.
+    // Of the system's dialog: its list of printers, and "Print to file".
     static constexpr int kPrinters = 0x473;
-    static constexpr int kFileName = 201;
+    static constexpr int kToFile = 0x410;
 
     // The page preview of a command of the File menu, with the keyboard in it.
     HWND OpenPreview(int command) const {
@@ -141,37 +142,57 @@ struct PrintingUi : MainWindowFixture {
         EXPECT_TRUE(preview != nullptr && TakesKeys(preview));
         return preview;
     }
-    // A dialog of the system with this control, and the keyboard in it.
-    HWND SystemDialog(int control) const {
+    // Enter in the preview and in the system's dialog.
+    void PrintOnPrinter(bool toFile = false) const {
+        Type({VK_RETURN});
         HWND dialog = nullptr;
         EXPECT_TRUE(WaitUntil([&] {
             dialog = program.FindNow(L"#32770");
-            return dialog != nullptr && GetDlgItem(dialog, control) != nullptr;
+            return dialog != nullptr && GetDlgItem(dialog, kPrinters) != nullptr;
         }));
         EXPECT_TRUE(TakesKeys(dialog));
-        return dialog;
-    }
-    // Enter in the preview and in the system's dialog.
-    void PrintOnPrinter() const {
-        Type({VK_RETURN});
-        const HWND dialog = SystemDialog(kPrinters);
+        if (toFile) Send(GetDlgItem(dialog, kToFile), BM_CLICK, 0, 0);
         Type({VK_RETURN});
         EXPECT_TRUE(HasClosed(dialog));
     }
+    // Names the file that the program asks for, as a user does.
+    std::wstring NameFile(const std::wstring& name) const {
+        const FileDialog dialog = WaitForFileDialog(program);
+        EXPECT_EQ(dialog.caption, L"Print");
+        EXPECT_EQ(dialog.proposed, L"Engineroomframe30.prn");
+        const std::wstring path = installation.File(name);
+        EXPECT_TRUE(AnswerFilePrompt(program, path));
+        return path;
+    }
+    void ExpectPrintedTo(const std::wstring& path) const {
+        EXPECT_TRUE(TextBecomes(Control(PAN_Help),
+                                L"'Engine room, frame 30' was printed, pages: 1,"
+                                L" to the file '" +
+                                    path + L"'"));
+        ExpectDocument(path, 1, {"Engine room", "ship.ve2", "Corvane"});
+    }
 };
 
-TEST_F(PrintingUi, PictureIsPrintedToAFileByKeys) {
+TEST_F(PrintingUi, PictureIsPrintedToAFileThatTheUserNames) {
+    const std::wstring device = installation.File(L"printer.ps");
+    const TestPrinter printer(installation, device);
+    if (!printer.isThere) GTEST_SKIP() << "no such printer driver here";
+    const HWND preview = OpenPreview(ME_FilePrint);
+    PrintOnPrinter(true);
+    const std::wstring path = NameFile(L"printed.prn");
+    ASSERT_TRUE(HasClosed(preview));
+    ExpectPrintedTo(path);
+    EXPECT_EQ(GetFileAttributesW(device.c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(PrintingUi, PrinterAtThePortOfFilesAsksForTheName) {
     const TestPrinter printer(installation, L"FILE:");
     if (!printer.isThere) GTEST_SKIP() << "no such printer driver here";
     const HWND preview = OpenPreview(ME_FilePrint);
     PrintOnPrinter();
-    const HWND name = SystemDialog(kFileName);
-    const std::wstring path = installation.File(L"printed.ps");
-    Send(GetDlgItem(name, kFileName), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
-    Type({VK_RETURN});
+    const std::wstring path = NameFile(L"printed.prn");
     ASSERT_TRUE(HasClosed(preview));
-    EXPECT_TRUE(TextBecomes(Control(PAN_Help), L"'Engine room, frame 30' was printed, pages: 1"));
-    ExpectDocument(path, 1, {"Engine room", "ship.ve2", "Corvane"});
+    ExpectPrintedTo(path);
 }
 
 TEST_F(PrintingUi, AllSectionsAreOneDocumentOnThePrinter) {
@@ -201,19 +222,16 @@ TEST_F(PrintingUi, PrinterThatCannotWriteIsReportedAndThePreviewStays) {
 }
 
 TEST_F(PrintingUi, NoNameForTheFileCancelsAndThePreviewStays) {
-    const TestPrinter printer(installation, L"FILE:");
+    const std::wstring device = installation.File(L"printer.ps");
+    const TestPrinter printer(installation, device);
     if (!printer.isThere) GTEST_SKIP() << "no such printer driver here";
     const HWND preview = OpenPreview(ME_FilePrint);
-    PrintOnPrinter();
-    const HWND name = SystemDialog(kFileName);
-    Type({VK_ESCAPE});
-    ASSERT_TRUE(HasClosed(name));
+    PrintOnPrinter(true);
+    EXPECT_TRUE(AnswerFilePrompt(program, L""));
     EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(preview) != FALSE; }));
     EXPECT_TRUE(IsWindow(preview));
     ASSERT_TRUE(PressButton(preview, IDCANCEL));
-    EXPECT_TRUE(WaitUntil([&] {
-        return TextOf(Control(PAN_Help)).find(L"cancelled") != std::wstring::npos;
-    })) << Narrow(TextOf(Control(PAN_Help)));
+    EXPECT_EQ(GetFileAttributesW(device.c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
 }  // namespace

@@ -80,8 +80,7 @@ void DropDevice(PRINTDLGW& dialog) {
 
 system::ErrorNumber AskPrinter(const PrintJob& job, PRINTDLGW& dialog) {
     DropDevice(dialog);
-    dialog.Flags = PD_RETURNDC | PD_USEDEVMODECOPIESANDCOLLATE | PD_NOSELECTION | PD_NOWARNING |
-                   PD_HIDEPRINTTOFILE;
+    dialog.Flags = PD_RETURNDC | PD_USEDEVMODECOPIESANDCOLLATE | PD_NOSELECTION | PD_NOWARNING;
     if (job.pageCount < 2) dialog.Flags |= PD_NOPAGENUMS;
     dialog.nMinPage = dialog.nFromPage = 1;
     dialog.nMaxPage = dialog.nToPage = static_cast<WORD>(std::clamp(job.pageCount, 1, 0xFFFF));
@@ -132,23 +131,25 @@ BOOL CALLBACK KeepAlive(HDC, int) {
     return TRUE;
 }
 
-system::ErrorNumber BeginDocument(HDC dc, const std::wstring& name) {
+system::ErrorNumber BeginDocument(HDC dc, const std::wstring& name, const std::wstring& file) {
     DOCINFOW document{};
     document.cbSize = sizeof(document);
     document.lpszDocName = name.c_str();
+    if (!file.empty()) document.lpszOutput = file.c_str();
     SetAbortProc(dc, KeepAlive);
     return ErrorOf(StartDocW(dc, &document));
 }
 
-// A printer at this port has no device: the system asks for the name of a file.
-bool IsAtFilePort(const PRINTDLGW& dialog) {
+// Whether the user ticked "Print to file", or chose a printer at the port that stands for files.
+bool WantsFile(const PRINTDLGW& dialog) {
+    if ((dialog.Flags & PD_PRINTTOFILE) != 0) return true;
     const Locked<DEVNAMES> names(dialog.hDevNames);
     if (names.record == nullptr) return false;
     const auto* text = reinterpret_cast<const wchar_t*>(names.record);
     return std::wstring_view(text + names.record->wOutputOffset) == L"FILE:";
 }
 
-Printer PrinterOf(const PRINTDLGW& dialog, int pageCount) {
+Printer PrinterOf(const PRINTDLGW& dialog, int pageCount, const std::wstring& file) {
     const HDC dc = dialog.hDC;
     const PrintDevice device = DeviceOf(dc);
     Printer printer;
@@ -158,8 +159,10 @@ Printer PrinterOf(const PRINTDLGW& dialog, int pageCount) {
         printer.firstPage = std::clamp<int>(dialog.nFromPage, 1, pageCount);
         printer.lastPage = std::clamp<int>(dialog.nToPage, printer.firstPage, pageCount);
     }
-    printer.isToFile = IsAtFilePort(dialog);
-    printer.beginDocument = [dc](const std::wstring& name) { return BeginDocument(dc, name); };
+    printer.file = file;
+    printer.beginDocument = [dc, file](const std::wstring& name) {
+        return BeginDocument(dc, name, file);
+    };
     printer.beginPage = [dc] { return ErrorOf(StartPage(dc)); };
     printer.drawPage = [device](const Figure& page) { DrawPage(device, page); };
     printer.endPage = [dc] { return ErrorOf(EndPage(dc)); };
@@ -246,8 +249,12 @@ PrintEnd PrintThroughSystem(const PrintJob& job, PrinterChoice& choice) {
         ReportMessage(kMsgNotPrinted, {job.name, SystemError{error}});
         return PrintEnd::kFailed;
     }
+    std::wstring file;
+    if (WantsFile(choice.dialog) && (file = AskForPrintFile(job)).empty()) {
+        return PrintEnd::kCancelled;
+    }
     const ShellLock lock;
-    return PrintDocument(job, PrinterOf(choice.dialog, job.pageCount));
+    return PrintDocument(job, PrinterOf(choice.dialog, job.pageCount, file));
 }
 
 }  // namespace corvane

@@ -25,8 +25,8 @@ void TakeDefaultPrinter(PrinterChoice& choice);
 // Turns the printer's paper, and returns it; without a printer it is UsualPaper.
 Paper TurnPaper(PrinterChoice& choice, bool isPortrait);
 
-// Asks for the printer and the pages, and prints them, while the main window accepts no commands.
-// What hinders the dialog is reported.
+// Asks for the printer and the pages, and for the file when it is to be one, and prints them, while
+// the main window accepts no commands. What hinders the dialog is reported.
 PrintEnd PrintThroughSystem(const PrintJob& job, PrinterChoice& choice);
 
 // ---- The same, of a device ---------------------------------------------------------------------

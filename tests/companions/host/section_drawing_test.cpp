@@ -158,7 +158,7 @@ TEST(SectionDrawingTest, ProfilesHaveTheirFlanges) {
     };
     EXPECT_TRUE(has({{900, 100}, {900, 120}, {910, 120}})) << "angle below the deck";
     EXPECT_TRUE(has({{1050, 600}, {1050, 620}})) << "web of the tee";
-    EXPECT_TRUE(has({{1045, 620}, {1050, 620}, {1055, 620}})) << "flange of the tee";
+    EXPECT_TRUE(has({{1045, 620}, {1055, 620}})) << "flange of the tee";
     EXPECT_TRUE(has({{1350, 500}, {1330, 500}, {1330, 490}})) << "bulb inside of the side";
 }
 
@@ -177,7 +177,7 @@ TEST(SectionDrawingTest, TurnedFlangesPointToTheStartOfTheStrake) {
     EXPECT_TRUE(has({{900, 100}, {900, 120}, {890, 120}})) << "angle below the deck";
     EXPECT_TRUE(has({{600, 100}, {600, 120}, {610, 120}})) << "the same on the other side";
     EXPECT_TRUE(has({{1350, 500}, {1330, 500}, {1330, 510}})) << "bulb inside of the side";
-    EXPECT_TRUE(has({{1045, 620}, {1050, 620}, {1055, 620}})) << "a tee has two sides";
+    EXPECT_TRUE(has({{1045, 620}, {1055, 620}})) << "a tee has two sides";
     EXPECT_TRUE(has({{850, 700}, {850, 680}})) << "a flat bar has no flange";
 }
 
