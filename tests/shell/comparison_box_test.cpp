@@ -14,33 +14,17 @@
 #include "shell/state.h"
 #include "tests/shell/compared_ships.h"
 #include "tests/shell/fake_view.h"
+#include "tests/shell/kept_picture.h"
 
 namespace corvane {
 namespace {
 
 using test::FakeView;
+using test::KeptPicture;
 using test::Narrow;
 using test::RecordedReports;
 using test::WriteFileBytes;
 using Cells = std::vector<std::wstring>;
-
-// A picture of 200 mm by 150 mm, and what is drawn in it.
-struct KeptPicture {
-    Picture picture;
-    Figure drawn{};
-
-    KeptPicture() {
-        picture.width = 200 * 1440 / 25.4F;
-        picture.height = 150 * 1440 / 25.4F;
-        picture.context = this;
-        picture.clear = [](Picture&) {};
-        picture.setFont = [](Picture&, float) {};
-        picture.systemColour = [](int) { return int32_t{0}; };
-        picture.drawFigure = [](Picture& on, const Figure& figure) {
-            static_cast<KeptPicture*>(on.context)->drawn = figure;
-        };
-    }
-};
 
 // What is drawn in a colour.
 struct Drawn {

@@ -14,37 +14,16 @@
 #include "shell/state.h"
 #include "tests/companions/section_builder.h"
 #include "tests/shell/fake_view.h"
+#include "tests/shell/kept_picture.h"
 #include "tests/shell/sample_models.h"
 #include "tests/support/support.h"
 
 namespace corvane {
 namespace {
 
+using test::KeptPicture;
 using test::Narrow;
 using test::RecordedReports;
-
-// A picture of 200 mm by 150 mm, and what is drawn in it.
-struct KeptPicture {
-    Picture picture;
-    Figure drawn{};
-
-    KeptPicture() {
-        picture.width = 200 * 1440 / 25.4F;
-        picture.height = 150 * 1440 / 25.4F;
-        picture.context = this;
-        picture.clear = [](Picture&) {};
-        picture.setFont = [](Picture&, float) {};
-        picture.systemColour = [](int) { return int32_t{0}; };
-        picture.drawFigure = [](Picture& on, const Figure& figure) {
-            static_cast<KeptPicture*>(on.context)->drawn = figure;
-        };
-    }
-    bool Says(const std::wstring& part) const {
-        return std::ranges::any_of(drawn.texts, [&part](const std::wstring& text) {
-            return text.find(part) != std::wstring::npos;
-        });
-    }
-};
 
 constexpr size_t kBulkheads = test::kSectionCount;
 constexpr size_t kTorsion = kBulkheads + 3;

@@ -12,6 +12,7 @@
 #include "database/listing.h"
 #include "preview/section_geometry.h"
 #include "tests/shell/fake_view.h"
+#include "tests/shell/kept_picture.h"
 #include "tests/shell/sample_models.h"
 #include "tests/shell/shown_database.h"
 
@@ -22,6 +23,7 @@ using test::Block;
 using test::Database;
 using test::DefineBsd;
 using test::FakeView;
+using test::KeptPicture;
 using test::RecordedReports;
 using test::ShownDatabase;
 
@@ -151,32 +153,6 @@ TEST(PreviewPane, BulkheadsWithoutARowAndTorsionModelsClearThePreviewWithoutABox
         EXPECT_EQ(FakeView::position, FormatMessage(kMsgPosition, {x}));
     }
 }
-
-// A picture of 200 mm by 150 mm that keeps what is drawn in it.
-struct KeptPicture {
-    Picture picture;
-    Figure drawn{};
-    int clearedCount = 0;
-
-    KeptPicture() {
-        picture.width = 200 * 1440 / 25.4F;
-        picture.height = 150 * 1440 / 25.4F;
-        picture.context = this;
-        picture.clear = [](Picture& cleared) {
-            ++static_cast<KeptPicture*>(cleared.context)->clearedCount;
-        };
-        picture.setFont = [](Picture&, float) {};
-        picture.systemColour = [](int) { return int32_t{0}; };
-        picture.drawFigure = [](Picture& on, const Figure& figure) {
-            static_cast<KeptPicture*>(on.context)->drawn = figure;
-        };
-    }
-    bool Says(const std::wstring& part) const {
-        return std::ranges::any_of(drawn.texts, [&part](const std::wstring& text) {
-            return text.find(part) != std::wstring::npos;
-        });
-    }
-};
 
 TEST(PreviewPane, BulkheadArrangementIsDrawn) {
     const ShownSample sample;
