@@ -249,10 +249,9 @@ PrintEnd PrintThroughSystem(const PrintJob& job, PrinterChoice& choice) {
         ReportMessage(kMsgNotPrinted, {job.name, SystemError{error}});
         return PrintEnd::kFailed;
     }
-    std::wstring file;
-    if (WantsFile(choice.dialog) && (file = AskForPrintFile(job)).empty()) {
-        return PrintEnd::kCancelled;
-    }
+    const bool isToFile = WantsFile(choice.dialog);
+    const std::wstring file = isToFile ? AskForPrintFile(job) : std::wstring();
+    if (isToFile && file.empty()) return PrintEnd::kCancelled;
     const ShellLock lock;
     return PrintDocument(job, PrinterOf(choice.dialog, job.pageCount, file));
 }
