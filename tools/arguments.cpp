@@ -16,7 +16,7 @@ constexpr OptionFacts kOptions[] = {
     {Option::kTo, L"--to", L"", L"FILE", L"", L"the file that is written"},
     {Option::kAll, L"--all", L"", L"", L"", L"all that there are, instead of names or numbers"},
     {Option::kKind, L"--kind", L"", L"KIND", L"svg dxf png ",
-     L"svg, dxf or, on Windows, png: the kind of the files"},
+     L"svg, dxf or png: the kind of the files"},
     {Option::kForce, L"--force", L"-y", L"", L"",
      L"answers yes where the program would ask: replaces, deletes"},
     {Option::kNoHistory, L"--no-history", L"", L"", L"",

@@ -14,14 +14,16 @@
 
 namespace corvane {
 
+using FigureWriter = system::ErrorNumber (*)(const Figure& figure, const std::wstring& path);
+
 // The two streams of the process, and what its system can do; whoever has them fills the record in.
 // Lines end with a line feed.
 struct ToolOutput {
     // Standard output; false when it cannot be written.
     bool (*print)(std::wstring_view text) = [](std::wstring_view) { return true; };
     void (*complain)(std::wstring_view text) = [](std::wstring_view) {};
-    // Writes a picture of 300 dots per inch; null where the system cannot.
-    system::ErrorNumber (*writePng)(const Figure& figure, const std::wstring& path) = nullptr;
+    // Finds what writes a PNG file of 300 dots per inch; null where the system has nothing for it.
+    FigureWriter (*findPngWriter)() = []() -> FigureWriter { return nullptr; };
 };
 
 // Of the request that is being carried out.

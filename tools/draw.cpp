@@ -32,8 +32,6 @@ namespace {
 constexpr double kWidth_mm = 297;
 constexpr double kHeight_mm = 210;
 
-using FigureWriter = system::ErrorNumber (*)(const Figure& figure, const std::wstring& path);
-
 template <void (*write)(const Figure&, TextWriter&)>
 system::ErrorNumber WriteAsText(const Figure& figure, const std::wstring& path) {
     return WriteTextFile(path, [&figure](TextWriter& writer) { write(figure, writer); });
@@ -43,18 +41,19 @@ system::ErrorNumber WriteAsText(const Figure& figure, const std::wstring& path) 
 FigureWriter WriterOf(const std::wstring& kind) {
     if (kind == L"svg") return WriteAsText<WriteSvg>;
     if (kind == L"dxf") return WriteAsText<WriteDxf>;
-    return kind == L"png" ? toolState.output.writePng : nullptr;
+    return kind == L"png" ? toolState.output.findPngWriter() : nullptr;
 }
 
-// The writer of this kind. False for a kind that cannot be written, which is reported as a wrong
-// argument.
-bool RequireWriter(const Request& request, const std::wstring& kind, FigureWriter& write) {
+// The writer of this kind, and kExitDone; a kind that cannot be written is reported.
+ExitCode RequireWriter(const Request& request, const std::wstring& kind, FigureWriter& write) {
     write = WriterOf(kind);
-    if (write != nullptr) return true;
-    ComplainOfUsage(
-        request, kind == L"png" ? L"pictures of kind PNG are made on Windows alone"
-                                : L"'" + request.operands[2] + L"' must end in .svg, .dxf or .png");
-    return false;
+    if (write != nullptr) return kExitDone;
+    if (kind != L"png") {
+        return ComplainOfUsage(request,
+                               L"'" + request.operands[2] + L"' must end in .svg, .dxf or .png");
+    }
+    Complain(L"the library that makes PNG files is not there: install cairo (libcairo.so.2)");
+    return kExitFailed;
 }
 
 // ---- Pages -------------------------------------------------------------------------------------
@@ -178,7 +177,8 @@ ExitCode DrawAll(const Request& request) {
     std::vector<Drawing> drawings;
     FigureWriter write = nullptr;
     const std::wstring& kind = request.Value(Option::kKind);
-    if (!RequireWriter(request, kind, write)) return kExitUsage;
+    const ExitCode found = RequireWriter(request, kind, write);
+    if (found != kExitDone) return found;
     if (!OpenForCommand(request.operands[0]) || !RequirePath(request.operands[1], folder)) {
         return kExitFailed;
     }
@@ -200,7 +200,8 @@ ExitCode DrawAll(const Request& request) {
 
 ExitCode DrawOne(const Request& request) {
     FigureWriter write = nullptr;
-    if (!RequireWriter(request, FileExtension(request.operands[2]), write)) return kExitUsage;
+    const ExitCode found = RequireWriter(request, FileExtension(request.operands[2]), write);
+    if (found != kExitDone) return found;
     std::wstring path;
     std::vector<ModelEntry> chosen;
     if (!OpenForCommand(request.operands[0]) ||

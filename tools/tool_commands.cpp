@@ -73,7 +73,7 @@ constexpr ToolCommand kCommands[] = {
      kEditOptions, 2, 2, RunConvert},
     {L"draw", L"draws sections and bulkheads to scale",
      L"DATABASE MODEL FILE [--force], or DATABASE --all FOLDER --kind svg|dxf|png [--force]",
-     L"A sheet of A4 with a title block. FILE ends in .svg, .dxf or, on Windows, .png: 300 dots\n"
+     L"A sheet of A4 with a title block. FILE ends in .svg, .dxf or .png, which has 300 dots\n"
      L"per inch. With --all each section and bulkhead arrangement is in FOLDER, as\n"
      L"\"NUMBER NAME.svg\". Prints the names of the files.",
      kDrawOptions, 2, 3, RunDraw},

@@ -1,7 +1,7 @@
-"""check_pictures.py WRITE_PICTURES: the SVG files and DXF drawings that the program WRITE_PICTURES
+"""check_pictures.py WRITE_PICTURES: the SVG, DXF and PNG files that the program WRITE_PICTURES
 makes of figures can be read by other programs, and hold what its lists of the figures say: every
-item, on its layer, in its place, in its colour. Then spoils one thing after the other and makes
-sure that it is found."""
+item, on its layer, in its place, in its colour; a PNG file as far as nothing else covers it. Then
+spoils one thing after the other and makes sure that it is found."""
 
 import functools
 import pathlib
@@ -20,6 +20,7 @@ ANCHORS = ("start", "middle", "end")
 # Half a capital, and all of it, of a letter's body.
 HALF_CAPITAL, CAPITAL = 0.36, 0.72
 ZOOM = 3
+SVG_DOTS, PNG_DOTS = ZOOM * 96 / 25.4, 300 / 25.4
 # The colour of an entity that has that of its layer.
 BY_LAYER = 256
 
@@ -123,17 +124,33 @@ def run(command, data=None):
     return result.stdout
 
 
-def compare_raster(path, figure):
-    """The rasteriser shows every line and area in its colour, but for what is drawn over it."""
-    png = run(["rsvg-convert", f"--zoom={ZOOM}", path])
+def shows_text(item, colour_at, dots):
+    """Whether a dot near the text's place has its colour."""
+    x, y = item.points[0]
+    left, right = ((0, 4), (-2, 2), (-4, 0))[item.side]
+    rows = range(int((y - item.size) * dots), int((y + item.size) * dots))
+    columns = range(int((x + left * item.size) * dots), int((x + right * item.size) * dots))
+    return any(colour_at(column, row) == item.rgb for row in rows for column in columns)
+
+
+def compare_raster(png, dots, figure):
+    """It shows every item in its colour, but for what is drawn over it. Small letters are too thin
+    for that."""
     require(png[12:16] == b"IHDR", "no PNG")
     width, height = struct.unpack(">II", png[16:24])
-    pixels = run(["convert", "png:-", "-depth", "8", "rgba:-"], png)
-    require(len(pixels) == 4 * width * height, "size of the raster")
-    dots = ZOOM * 96 / 25.4
+    pixels = run(["convert", "png:-", "-depth", "8", "rgb:-"], png)
+    require(len(pixels) == 3 * width * height, "size of the raster")
     near(width, figure.width * dots, 1, "width of the raster")
     near(height, figure.height * dots, 1, "height of the raster")
-    drawn = [item for layer in SVG_ORDER for item in figure.of(layer) if item.shape != "text"]
+
+    def colour_at(column, row):
+        first = 3 * (row * width + column)
+        return tuple(pixels[first:first + 3])
+
+    for item in figure.items:
+        if item.shape == "text" and item.size >= 3:
+            require(shows_text(item, colour_at, dots), f"'{item.text}' is not seen")
+    drawn = [item for item in figure.items if item.shape != "text"]
     seen = total = 0
     for item in drawn:
         if item.shape == "line":
@@ -146,10 +163,13 @@ def compare_raster(path, figure):
         if not (0 <= column < width and 0 <= row < height):
             continue
         total += 1
-        first = 4 * (row * width + column)
-        seen += tuple(pixels[first:first + 4]) == item.rgb + (255,)
+        seen += colour_at(column, row) == item.rgb
     require(not drawn or total > 0, "nothing to look at")
     require(seen >= 0.9 * total, f"{seen} of {total} items are seen in their colour")
+
+
+def compare_png(png, figure):
+    compare_raster(png, PNG_DOTS, figure)
 
 
 # ---- DXF -----------------------------------------------------------------------------------------
@@ -280,6 +300,12 @@ def find_spoiled(folder):
         figure = Figure(base.with_suffix(".txt").read_text(encoding="ascii"))
         compare(text, figure)
         missed += must_differ(compare, spoiled(text, pattern, replacement), figure, title)
+    for base, other in ((texts, section), (section, folder / "section2")):
+        png = other.with_suffix(".png").read_bytes()
+        figure = Figure(base.with_suffix(".txt").read_text(encoding="ascii"))
+        sheet = Figure(other.with_suffix(".txt").read_text(encoding="ascii"))
+        figure.width, figure.height = sheet.width, sheet.height
+        missed += must_differ(compare_png, png, figure, f"another picture than {base.name}")
     return missed
 
 
@@ -296,7 +322,9 @@ def main(program):
             try:
                 compare_svg(path.with_suffix(".svg").read_text(encoding="utf-8"), figure)
                 compare_dxf(path.with_suffix(".dxf").read_text(encoding="ascii"), figure)
-                compare_raster(path.with_suffix(".svg"), figure)
+                drawn = run(["rsvg-convert", f"--zoom={ZOOM}", path.with_suffix(".svg")])
+                compare_raster(drawn, SVG_DOTS, figure)
+                compare_png(path.with_suffix(".png").read_bytes(), figure)
             except Different as difference:
                 print(f"{path.stem}: {difference}")
                 faults += 1

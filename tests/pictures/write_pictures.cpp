@@ -1,6 +1,6 @@
-// write_pictures FOLDER: writes figures into the folder, each as an SVG file, as a DXF drawing, and
-// as the list of its items, which check_pictures.py compares them with: first the sheet, then a
-// line for each item.
+// write_pictures FOLDER: writes figures into the folder, each as an SVG file, as a DXF drawing, as
+// a PNG file, and as the list of its items, which check_pictures.py compares them with: first the
+// sheet, then a line for each item.
 #include <array>
 #include <cstdio>
 #include <string>
@@ -14,6 +14,7 @@
 #include "preview/svg_writer.h"
 #include "tests/preview/section_sheet.h"
 #include "tests/support/support.h"
+#include "tools/host/png_output.h"
 
 namespace corvane {
 namespace {
@@ -68,6 +69,7 @@ bool WriteFile(const std::wstring& path, void (*write)(const Figure&, TextWriter
 bool WriteAll(const std::wstring& path, const Figure& figure) {
     return WriteFile(path + L".svg", WriteSvg, figure) &&
            WriteFile(path + L".dxf", WriteDxf, figure) &&
+           FindPngWriter()(figure, path + L".png") == system::kErrorNone &&
            WriteFile(path + L".txt", WriteList, figure);
 }
 

@@ -7,6 +7,7 @@
 
 #include "platform/host/native.h"
 #include "text/utf8.h"
+#include "tools/host/png_output.h"
 #include "tools/tool.h"
 
 namespace corvane {
@@ -48,7 +49,7 @@ int main(int count, char** arguments) {
     SetFolder("CORVANE_WINDOWS_DIRECTORY", "XDG_CONFIG_HOME", "/.config");
     SetFolder("LOCALAPPDATA", "XDG_DATA_HOME", "/.local/share");
     const ToolOutput output{[](std::wstring_view text) { return Write(stdout, text); },
-                            [](std::wstring_view text) { Write(stderr, text); }};
+                            [](std::wstring_view text) { Write(stderr, text); }, FindPngWriter};
     std::vector<std::wstring> read;
     if (!ReadArguments(count, arguments, read)) {
         std::fputs("corvane: an argument is not valid UTF-8\n", stderr);

@@ -56,7 +56,7 @@ int wmain(int count, wchar_t** arguments) {
     RestrictLibrarySearch();
     const ToolOutput output{[](std::wstring_view text) { return Write(STD_OUTPUT_HANDLE, text); },
                             [](std::wstring_view text) { Write(STD_ERROR_HANDLE, text); },
-                            WritePng};
+                            []() -> FigureWriter { return WritePng; }};
     const std::vector<std::wstring> read(arguments + std::min(count, 1), arguments + count);
     return RunTool(read, output);
 }
