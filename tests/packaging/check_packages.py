@@ -97,7 +97,6 @@ def check_setup(path, kind, files):
               for name in re.findall(r"^Path = (.+)$", listing, re.MULTILINE)}
     missing = sorted(set(files) - inside - {"Corvane.ini"})
     expect(not missing, f"{path.name}: lacks {missing[:3]}")
-    expect("uninstall.exe" in inside, f"{path.name}: no uninstaller")
 
 
 def check_sums(folder):
