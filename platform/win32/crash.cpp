@@ -32,6 +32,7 @@ struct CrashRecord {
     LONG timesBegun;
     EXCEPTION_POINTERS* exception;
     DWORD thread;  // that has crashed
+    bool isLeft;   // its dump and its line
 };
 
 CrashRecord& TheCrash() {
@@ -123,6 +124,7 @@ bool IsThrow(const EXCEPTION_RECORD& record) {
 LONG WINAPI OnCrash(EXCEPTION_POINTERS* exception) {
     if (IsThrow(*exception->ExceptionRecord)) return EXCEPTION_CONTINUE_EXECUTION;
     CrashRecord& crash = TheCrash();
+    if (crash.isLeft && crash.thread == GetCurrentThreadId()) return EXCEPTION_CONTINUE_SEARCH;
     if (InterlockedIncrement(&crash.timesBegun) > 1) {
         if (crash.thread != GetCurrentThreadId()) Sleep(kPatience);
         TerminateProcess(GetCurrentProcess(), exception->ExceptionRecord->ExceptionCode);
@@ -135,7 +137,15 @@ LONG WINAPI OnCrash(EXCEPTION_POINTERS* exception) {
     } else {
         LeaveDump(nullptr);
     }
+    crash.isLeft = true;
     return EXCEPTION_CONTINUE_SEARCH;
+}
+
+// What is left of a full stack may be too little for the system's search for somebody who handles
+// the exception, so that this comes before it.
+LONG WINAPI OnFullStack(EXCEPTION_POINTERS* exception) {
+    const bool isFull = exception->ExceptionRecord->ExceptionCode == EXCEPTION_STACK_OVERFLOW;
+    return isFull ? OnCrash(exception) : EXCEPTION_CONTINUE_SEARCH;
 }
 
 // Ends the process as a fault of the processor does, so that the system notices, too.
@@ -180,6 +190,7 @@ void CatchCrashes(const std::wstring& folder, const std::wstring& log) {
     }
     ULONG reserve = kStackReserve;
     SetThreadStackGuarantee(&reserve);
+    AddVectoredExceptionHandler(TRUE, OnFullStack);
     SetUnhandledExceptionFilter(OnCrash);
     std::set_terminate(OnTerminate);
     std::signal(SIGABRT, OnAbort);

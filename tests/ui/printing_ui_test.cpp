@@ -1,6 +1,7 @@
 // Printing in the real program, on a printer of the test's own that writes PostScript.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <map>
 #include <sstream>
 #include <string>
@@ -47,6 +48,14 @@ constexpr char kDescription[] =
     "*DefaultFont: Helvetica\n"
     "*Font Helvetica: Standard \"(001.000)\" Standard ROM\n";
 
+// Whether the system's pages wait in a queue, from which the driver's own processor makes the
+// PostScript: Wine since version 9.
+bool HasQueue() {
+    const auto version = AsFunction<const char*()>(
+        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version"));
+    return version != nullptr && std::atoi(version()) >= 9;
+}
+
 // A printer at a port, which may be the path of a file: the default one for as long as this lives.
 struct TestPrinter {
     static inline wchar_t driverName[] = L"Corvane test driver";
@@ -58,6 +67,7 @@ struct TestPrinter {
         test::WriteFileBytes(description, kDescription);
         wchar_t library[] = L"wineps.drv";
         wchar_t rawText[] = L"RAW";
+        wchar_t ownProcessor[] = L"wineps";
         wchar_t processor[] = L"WinPrint";
         DRIVER_INFO_3W driver{};
         driver.cVersion = 3;
@@ -71,7 +81,7 @@ struct TestPrinter {
         printer.pPrinterName = printerName;
         printer.pPortName = port.data();
         printer.pDriverName = driverName;
-        printer.pPrintProcessor = processor;
+        printer.pPrintProcessor = HasQueue() ? ownProcessor : processor;
         printer.pDatatype = rawText;
         const HANDLE added = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&printer));
         isThere = added != nullptr && SetDefaultPrinterW(printerName) != FALSE;
