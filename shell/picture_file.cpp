@@ -15,11 +15,6 @@ namespace {
 
 constexpr SheetSize kSheet{297, 210, 10};
 
-template <void (*write)(const Figure&, TextWriter&)>
-system::ErrorNumber WriteAsText(const Figure& figure, const std::wstring& path) {
-    return WriteTextFile(path, [&figure](TextWriter& writer) { write(figure, writer); });
-}
-
 struct PictureWriter {
     std::wstring_view extension;
     system::ErrorNumber (*write)(const Figure& figure, const std::wstring& path);
@@ -27,10 +22,10 @@ struct PictureWriter {
 constexpr PictureWriter kWriters[] = {
     {L"emf", [](const Figure& figure,
                 const std::wstring& path) { return shell.view.writeMetafile(figure, path); }},
-    {L"svg", WriteAsText<WriteSvg>},
+    {L"svg", WriteSvgFile},
     {L"png", [](const Figure& figure,
                 const std::wstring& path) { return shell.view.writePng(figure, path); }},
-    {L"dxf", WriteAsText<WriteDxf>},
+    {L"dxf", WriteDxfFile},
 };
 
 // The drawing as large as the sheet lets it, beside the table.
@@ -72,6 +67,14 @@ std::vector<PictureKind> PictureKinds() {
         begin = end + 1;
     }
     return kinds;
+}
+
+system::ErrorNumber WriteSvgFile(const Figure& figure, const std::wstring& path) {
+    return WriteTextFile(path, [&figure](TextWriter& writer) { WriteSvg(figure, writer); });
+}
+
+system::ErrorNumber WriteDxfFile(const Figure& figure, const std::wstring& path) {
+    return WriteTextFile(path, [&figure](TextWriter& writer) { WriteDxf(figure, writer); });
 }
 
 FileEnd WritePicture(const Figure& figure, const std::wstring& path) {

@@ -23,6 +23,10 @@ struct PictureKind {
 };
 std::vector<PictureKind> PictureKinds();
 
+// A figure as a file of these kinds, like WriteTextFile.
+system::ErrorNumber WriteSvgFile(const Figure& figure, const std::wstring& path);
+system::ErrorNumber WriteDxfFile(const Figure& figure, const std::wstring& path);
+
 // Writes a figure to a file whose extension says the kind: emf, svg, png or dxf; another extension
 // is a failure. What ends otherwise than well is reported; a file of that name is as it was then.
 FileEnd WritePicture(const Figure& figure, const std::wstring& path);

@@ -9,14 +9,13 @@
 #include "files/rewrite.h"
 #include "platform/system.h"
 #include "preview/bulkhead_figure.h"
-#include "preview/dxf_writer.h"
 #include "preview/page_layout.h"
-#include "preview/svg_writer.h"
 #include "report/reporters.h"
 #include "shell/bulkhead_outline.h"
 #include "shell/model_drawing.h"
 #include "shell/model_list.h"
 #include "shell/new_file.h"
+#include "shell/picture_file.h"
 #include "shell/picture_printing.h"
 #include "shell/printing.h"
 #include "shell/state.h"
@@ -32,15 +31,10 @@ namespace {
 constexpr double kWidth_mm = 297;
 constexpr double kHeight_mm = 210;
 
-template <void (*write)(const Figure&, TextWriter&)>
-system::ErrorNumber WriteAsText(const Figure& figure, const std::wstring& path) {
-    return WriteTextFile(path, [&figure](TextWriter& writer) { write(figure, writer); });
-}
-
 // Null: there is no such kind, or not on this system.
 FigureWriter WriterOf(const std::wstring& kind) {
-    if (kind == L"svg") return WriteAsText<WriteSvg>;
-    if (kind == L"dxf") return WriteAsText<WriteDxf>;
+    if (kind == L"svg") return WriteSvgFile;
+    if (kind == L"dxf") return WriteDxfFile;
     return kind == L"png" ? toolState.output.findPngWriter() : nullptr;
 }
 

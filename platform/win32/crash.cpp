@@ -120,6 +120,10 @@ bool IsThrow(const EXCEPTION_RECORD& record) {
            (record.ExceptionFlags & EXCEPTION_NONCONTINUABLE) == 0;
 }
 
+bool IsOfFullStack(const EXCEPTION_RECORD& record) {
+    return record.ExceptionCode == EXCEPTION_STACK_OVERFLOW;
+}
+
 // A fault while the dump is written ends the process; one of another thread waits for that end.
 LONG WINAPI OnCrash(EXCEPTION_POINTERS* exception) {
     if (IsThrow(*exception->ExceptionRecord)) return EXCEPTION_CONTINUE_EXECUTION;
@@ -131,8 +135,7 @@ LONG WINAPI OnCrash(EXCEPTION_POINTERS* exception) {
     }
     crash.exception = exception;
     crash.thread = GetCurrentThreadId();
-    const bool isFull = exception->ExceptionRecord->ExceptionCode == EXCEPTION_STACK_OVERFLOW;
-    if (isFull) {
+    if (IsOfFullStack(*exception->ExceptionRecord)) {
         LeaveDumpOfFullStack();
     } else {
         LeaveDump(nullptr);
@@ -144,7 +147,7 @@ LONG WINAPI OnCrash(EXCEPTION_POINTERS* exception) {
 // What is left of a full stack may be too little for the system's search for somebody who handles
 // the exception, so that this comes before it.
 LONG WINAPI OnFullStack(EXCEPTION_POINTERS* exception) {
-    const bool isFull = exception->ExceptionRecord->ExceptionCode == EXCEPTION_STACK_OVERFLOW;
+    const bool isFull = IsOfFullStack(*exception->ExceptionRecord);
     return isFull ? OnCrash(exception) : EXCEPTION_CONTINUE_SEARCH;
 }
 
